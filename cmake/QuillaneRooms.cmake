@@ -1,0 +1,59 @@
+# A room is one folder, one static library and one alias. It links only what it names here, so
+# that the linker keeps the layers.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+option(QUILLANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(quillane_options INTERFACE)
+target_compile_options(quillane_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+target_include_directories(quillane_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+if(QUILLANE_SANITIZE)
+    target_compile_options(quillane_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(quillane_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# quillane_room(Scale LINKS Quillane::Data ...)
+function(quillane_room name)
+    cmake_parse_arguments(ROOM "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+    string(TOLOWER "quillane_${name}" target)
+    if(NOT sources)
+        add_library(${target} INTERFACE)
+        add_library(Quillane::${name} ALIAS ${target})
+        return()
+    endif()
+    add_library(${target} STATIC ${sources})
+    add_library(Quillane::${name} ALIAS ${target})
+    target_link_libraries(${target} PUBLIC ${ROOM_LINKS}
+        PRIVATE quillane_options ${ROOM_PRIVATE_LINKS})
+    target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+endfunction()
+
+# quillane_tests(Scale LINKS Quillane::Scale ...) builds every *Test.cpp of the folder into one
+# program and registers each case. With SCREEN the program brings up an application off screen.
+function(quillane_tests name)
+    cmake_parse_arguments(TESTS "SCREEN" "" "LINKS;LABELS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+    if(NOT sources)
+        return()
+    endif()
+    set(target "${name}Test")
+    add_executable(${target} ${sources})
+    target_link_libraries(${target} PRIVATE quillane_options ${TESTS_LINKS} GTest::gtest)
+    target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+    if(TESTS_SCREEN)
+        target_link_libraries(${target} PRIVATE quillane_screen_test_main)
+        set(environment ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    else()
+        target_link_libraries(${target} PRIVATE GTest::gtest_main)
+    endif()
+    include(GoogleTest)
+    gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+        PROPERTIES TIMEOUT 120 ${environment} LABELS "${TESTS_LABELS}")
+endfunction()

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/ado/ResultSet.h"
+#include "platform/ado/Value.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillane {
+
+/// What a database engine does for `Connection`: open, run, transactions, and the key columns of a
+/// table. Every refusal is a Failure with the source "Database" and the engine's own words.
+class Engine {
+public:
+    virtual ~Engine() = default;
+
+    /// Runs one statement. A result is read to its end into `result` and the engine's own cursor is
+    /// closed before this returns; a statement that yields no columns leaves `result` without any.
+    /// Returns the number of rows that the statement changed, -1 where the engine does not say.
+    virtual long Run(std::string_view statement, std::span<const Value> parameters,
+                     ResultSet& result) = 0;
+
+    virtual void Begin() = 0;
+    virtual void Commit() = 0;
+    /// Ends the transaction; one that the engine has ended already, or a server that has gone,
+    /// counts as rolled back.
+    virtual void Rollback() = 0;
+    /// False once the engine has ended the open transaction by itself.
+    virtual bool InTransaction() = 0;
+
+    /// The columns of the table's primary key, in key order; empty for a table without one.
+    virtual std::vector<std::string> KeyColumns(std::string_view table) = 0;
+
+    /// The name of the database that the session works on.
+    virtual std::string DefaultDatabase() = 0;
+};
+
+} // namespace Quillane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/forms/Control.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Quillane {
+
+/// A plain drop-down list of fixed texts; nothing can be typed into it but the search for an entry.
+class ComboBox : public VisualControl {
+public:
+    ComboBox(Screen& screen, std::string name, std::vector<std::string> items = {});
+    ~ComboBox() override;
+
+    int ListIndex() const; ///< -1: none
+    void SetListIndex(int index);
+    int ListCount() const;
+    std::string Text() const; ///< the entry as listed, blanks included
+    /// Selects the first entry of this text; a text that is not listed fails (5).
+    void SetText(std::string_view text);
+    std::function<void()> Click; ///< when another entry becomes selected
+    QWidget& Widget() override;
+
+private:
+    class Box;
+    std::unique_ptr<Box> box_;
+};
+
+} // namespace Quillane

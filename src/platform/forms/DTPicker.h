@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/forms/Control.h"
+#include "platform/runtime/Date.h"
+
+#include <memory>
+
+namespace Quillane {
+
+/// A date box with a calendar, shown dd/MM/yyyy. `Change` runs for the operator only: assigning the
+/// value from code is no change.
+class DTPicker : public VisualControl {
+public:
+    DTPicker(Screen& screen, std::string name);
+    ~DTPicker() override;
+
+    Date Value() const;
+    void SetValue(Date date);
+    std::function<void()> Change;
+    QWidget& Widget() override;
+
+private:
+    class Edit;
+    std::unique_ptr<Edit> edit_;
+};
+
+} // namespace Quillane

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+
+namespace Quillane {
+
+/// Thrown by `Screen::DoEvents` when the screen was unloaded meanwhile: ends the procedure that let
+/// the events run. No trap catches it, since it is no Failure.
+struct ScreenGone {};
+
+/// Runs an event procedure from Qt's side. A failure that no procedure trapped shows the runtime's
+/// error box - critical, OK, titled with the program's title - and ends the process. No exception
+/// travels through Qt code.
+void RunEvent(const std::function<void()>& procedure);
+
+/// Ends the process at once, without ceremony, through the function that tests may replace.
+void EndProcess(int exitCode);
+void SetEndProcess(std::function<void(int)> end);
+
+} // namespace Quillane

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "platform/forms/Control.h"
+#include "platform/runtime/RowArray.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace Quillane {
+
+/// A pick list: a box with a drop-down of names (column 0 of a RowArray) that carries a hidden
+/// column of ids (column 1).
+///
+/// The current row is an index that the list keeps, since names may repeat. It is set by choosing
+/// or completing, not by highlighting; a text from code makes the first row of that name current,
+/// or none. Blanking or clearing makes none current. `RowChange` runs only when a row becomes
+/// current. `NotInList` runs when typed text that no row has is left behind (once per text typed
+/// since the last write from code), and the text stays; with no such handler the text is blanked.
+///
+/// Keys. Typing completes and drops the list down; Up, Down, Page Up and Page Down move in it, F4
+/// and Alt+Down open and close it, Enter and Tab take what is highlighted, Esc closes it. Every key
+/// is seen by the screen first, and once.
+class TDBCombo : public VisualControl {
+public:
+    /// The set-up that `FormatPickLists` gives; how the list looks and behaves follows it.
+    struct Properties {
+        bool ColumnHeaders = true;
+        int RowDividerStyle = 1;
+        int ScrollBars = 4;
+        bool AutoCompletion = false;
+        bool AutoDropDown = false;
+        bool LimitToList = false;
+        bool AllowColMove = true;
+        bool AllowRowSizing = true;
+        bool EmptyRows = true;
+        bool AllowColSelect = true;
+        bool ExtendRightColumn = false;
+        int Appearance = 1;
+        int BorderStyle = 0;
+    };
+    /// A column of the list itself and, at the second level, of its one split.
+    struct Column {
+        bool Visible = true;
+        bool AllowSizing = true;
+    };
+    struct Split {
+        Column Columns[2];
+    };
+
+    TDBCombo(Screen& screen, std::string name);
+    ~TDBCombo() override;
+
+    Properties Layout;
+    Column Columns[2];
+    Split Splits[1];
+
+    std::string Text() const;
+    void SetText(std::string_view text);
+
+    /// Lets go of the list's fields: no rows are shown until the next `ReBind`.
+    void ClearFields();
+    void SetArray(std::shared_ptr<RowArray> rows);
+    const std::shared_ptr<RowArray>& Array() const;
+    /// Shows the array as it now stands.
+    void ReBind();
+
+    /// Text of a column of the current row. No current row is a failure (94).
+    std::string ColumnText(int column) const;
+    /// The first row whose cell is exactly `text`, from the first row on.
+    std::optional<int> FindRow(int column, std::string_view text) const;
+
+    /// The current-row marker; none when no row is current.
+    std::optional<int> Bookmark() const;
+    /// Makes a row current and shows its name; none blanks nothing.
+    void SetBookmark(std::optional<int> row);
+
+    std::function<void()> RowChange;
+    std::function<void()> NotInList;
+
+    bool IsDroppedDown() const;
+
+    QWidget& Widget() override;
+    QWidget& FocusWidget() override;
+    void CommitEdit() override;
+    bool HandleKey(int key, int shift) override;
+
+private:
+    class Box;
+    std::unique_ptr<Box> box_;
+};
+
+} // namespace Quillane

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <string>
+
+namespace Quillane {
+
+/// What a station knows of itself, from `Station.ini` in the program folder.
+///
+///     [Station]
+///     StationRole=Client
+///     AskCompanyName=-1
+///     [CompanyNames]
+///     1=Veltrane Flour Mills
+///     [Ports]
+///     1=/dev/ttyUSB0
+struct StationFile {
+    std::string StationRole;
+    std::array<std::string, 10> CompanyNames; ///< 1 to 9; entry 0 is not used
+    int AskCompanyName = 0;
+    std::map<int, std::string> Ports; ///< device by port number
+
+    /// A missing file gives the defaults. A damaged one is a failure that names the file and the
+    /// line; nothing is guessed.
+    static StationFile Read(const std::string& path);
+
+    /// The device behind a port number: what [Ports] names, else /dev/ttyS(n-1), or COMn.
+    std::string PortDevice(int number) const;
+};
+
+/// The station's file, read once at start; the start-up fills it.
+StationFile& TheStation();
+
+} // namespace Quillane

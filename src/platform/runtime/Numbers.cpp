@@ -1,0 +1,222 @@
+#include "platform/runtime/Numbers.h"
+
+#include "platform/runtime/Failure.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <system_error>
+
+namespace Quillane {
+
+namespace {
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool IsSkipped(char c) {
+    return c == ' ' || c == '\t' || c == '\n';
+}
+
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Takes the characters of one number off the front of a text that holds no blanks.
+class NumberScanner {
+public:
+    explicit NumberScanner(std::string_view text) : text_(text) {}
+
+    std::string_view Scan() {
+        TakeSign();
+        const std::size_t digits = TakeDigits() + TakeFraction();
+        if (digits == 0)
+            return {};
+        TakeExponent();
+        return text_.substr(0, at_);
+    }
+
+private:
+    void TakeSign() {
+        if (at_ < text_.size() && (text_[at_] == '+' || text_[at_] == '-'))
+            ++at_;
+    }
+
+    std::size_t TakeDigits() {
+        const std::size_t start = at_;
+        while (at_ < text_.size() && IsDigit(text_[at_]))
+            ++at_;
+        return at_ - start;
+    }
+
+    std::size_t TakeFraction() {
+        if (at_ == text_.size() || text_[at_] != '.')
+            return 0;
+        ++at_;
+        return TakeDigits();
+    }
+
+    // The letter D is the older spelling of a double's exponent.
+    void TakeExponent() {
+        if (at_ == text_.size() || (Lower(text_[at_]) != 'e' && Lower(text_[at_]) != 'd'))
+            return;
+        const std::size_t before = at_++;
+        TakeSign();
+        if (TakeDigits() == 0)
+            at_ = before;
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+/// Reads what NumberScanner took: nothing but the characters of one number.
+double ReadNumber(std::string number) {
+    if (!number.empty() && number.front() == '+')
+        number.erase(0, 1);
+    std::replace_if(
+        number.begin(), number.end(), [](char c) { return Lower(c) == 'd'; }, 'e');
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (error != std::errc::result_out_of_range)
+        return value;
+    // from_chars leaves the value alone for too large and for too small alike.
+    const auto exponent = number.find_first_of("eE");
+    if (exponent != std::string::npos && number.compare(exponent + 1, 1, "-") == 0)
+        return 0;
+    return std::copysign(std::numeric_limits<double>::max(), number.front() == '-' ? -1.0 : 1.0);
+}
+
+template <typename Whole>
+Whole ToWhole(double value) {
+    const double whole = RoundWeight(value);
+    if (!(whole >= std::numeric_limits<Whole>::min() && whole <= std::numeric_limits<Whole>::max()))
+        Fail(FailureNumber::Overflow);
+    return static_cast<Whole>(whole);
+}
+
+} // namespace
+
+double Val(std::string_view text) {
+    std::string solid;
+    std::remove_copy_if(text.begin(), text.end(), std::back_inserter(solid), IsSkipped);
+    const std::string number(NumberScanner(solid).Scan());
+    return number.empty() ? 0.0 : ReadNumber(number);
+}
+
+double RoundWeight(double value) {
+    // The default rounding mode of the floating-point unit is ties to even.
+    return std::nearbyint(value);
+}
+
+std::string WeightText(double value) {
+    std::array<char, 400> buffer{};
+    // Adding zero turns minus zero into zero.
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                            value + 0.0, std::chars_format::fixed, 0);
+    return {buffer.data(), end};
+}
+
+std::string NumberText(double value) {
+    if (value == 0)
+        return "0";
+    std::array<char, 40> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%.14E", value);
+    const std::string_view shown = buffer.data();
+    const std::size_t mark = shown.find('E');
+    const int exponent = std::stoi(std::string(shown.substr(mark + 1)));
+
+    std::string digits;
+    for (const char c : shown.substr(0, mark))
+        if (IsDigit(c))
+            digits += c;
+    digits.erase(digits.find_last_not_of('0') + 1);
+
+    std::string text = value < 0 ? "-" : "";
+    const auto count = static_cast<int>(digits.size());
+    if (exponent >= 15 || (exponent < 0 && count - exponent > 16)) {
+        text += digits.substr(0, 1);
+        if (count > 1)
+            text += "." + digits.substr(1);
+        std::snprintf(buffer.data(), buffer.size(), "E%+03d", exponent);
+        return text + buffer.data();
+    }
+    if (exponent < 0)
+        return text + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    if (count <= exponent + 1)
+        return text + digits + std::string(static_cast<std::size_t>(exponent + 1 - count), '0');
+    const auto whole = static_cast<std::size_t>(exponent + 1);
+    return text + digits.substr(0, whole) + "." + digits.substr(whole);
+}
+
+double ToDouble(std::string_view text) {
+    const std::string_view trimmed = Trim(text);
+    const std::string_view number = NumberScanner(trimmed).Scan();
+    if (number.empty() || number.size() != trimmed.size())
+        Fail(FailureNumber::TypeMismatch);
+    return ReadNumber(std::string(number));
+}
+
+std::int16_t ToInteger(std::string_view text) {
+    return ToInteger(ToDouble(text));
+}
+std::int32_t ToLong(std::string_view text) {
+    return ToLong(ToDouble(text));
+}
+std::int16_t ToInteger(double value) {
+    return ToWhole<std::int16_t>(value);
+}
+std::int32_t ToLong(double value) {
+    return ToWhole<std::int32_t>(value);
+}
+
+double Divide(double dividend, double divisor) {
+    if (divisor == 0)
+        Fail(dividend == 0 ? FailureNumber::Overflow : FailureNumber::DivisionByZero);
+    return dividend / divisor;
+}
+
+Currency& Currency::operator+=(Currency other) {
+    if (__builtin_add_overflow(tenThousandths, other.tenThousandths, &tenThousandths))
+        Fail(FailureNumber::Overflow);
+    return *this;
+}
+
+Currency ToCurrency(double value) {
+    const double scaled = RoundWeight(value * 10000.0);
+    // The first double that a signed 64-bit number cannot hold.
+    constexpr double limit = 9223372036854775808.0;
+    if (!(scaled >= -limit && scaled < limit))
+        Fail(FailureNumber::Overflow);
+    return {static_cast<std::int64_t>(scaled)};
+}
+
+std::int16_t ToInteger(Currency value) {
+    return ToInteger(value.ToDouble());
+}
+
+std::string_view Trim(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    for (char& c : upper)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return upper;
+}
+
+bool EqualIgnoringCase(std::string_view left, std::string_view right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return Lower(a) == Lower(b); });
+}
+
+} // namespace Quillane

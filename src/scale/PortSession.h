@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/ado/Recordset.h"
+#include "platform/comm/MSComm.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/TextBox.h"
+#include "platform/forms/Timer.h"
+
+namespace Quillane {
+
+/// Keeps the indicator's reading on a screen: opens the line with the stored settings, looks at it
+/// on a timer and puts each decoded reading into the reading box. It only listens.
+class PortSession {
+public:
+    PortSession(Screen& screen, MSComm& line, Timer& timer, TextBox& reading,
+                Recordset& portSettingsRows);
+
+    /// Polls every 300 ms from then on. Failures are reported; what stands behind one is not done.
+    void OpenScalePort();
+    /// Polls every 200 ms, and opens without asking: not the same procedure, on purpose.
+    void ReopenScalePort();
+    /// One look at the line. Failures are reported and leave the reading as it was.
+    void ReadLiveWeight();
+
+private:
+    Screen& screen_;
+    MSComm& line_;
+    Timer& timer_;
+    TextBox& reading_;
+    Recordset& portSettingsRows_;
+};
+
+} // namespace Quillane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/forms/Screen.h"
+#include "platform/report/CRViewer9.h"
+#include "platform/report/Report.h"
+
+#include <memory>
+
+namespace Quillane {
+
+/// The modal preview of a filled slip, from which the operator prints it. The caller sets `Report`,
+/// fills it and shows the screen.
+class RptReportViewer : public Screen {
+public:
+    RptReportViewer();
+
+    std::unique_ptr<Quillane::Report> Report;
+    CRViewer9 CRViewer91{*this, "CRViewer91"};
+
+    /// Strips the report's colours: what goes to the paper has no coloured fills.
+    void RemoveObjectColors();
+    /// Gives the report's objects a coloured border, for designs with a section "TSection5".
+    void SetBorderColor();
+
+protected:
+    void Form_Load() override;
+    void Form_Resize() override;
+};
+
+} // namespace Quillane
