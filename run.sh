@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the station and starts it in a try-out folder of its own, with
+# an indicator on port 1. Without a display it does one whole weighment by itself.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+usage() {
+    cat <<'END'
+./run.sh [options]
+
+  With a display: starts the station in ./try-out, and beside it an indicator with trucks that
+  drive on and off. What you enter there is kept for the next start; your own settings are not
+  touched.
+
+  Without one: starts a display of its own, does one whole weighment with real keys in
+  ./try-out/walk, and leaves pictures of every screen, the slip as PDF and the stored rows in
+  ./try-out/walk/out. The exit code is 0 only when all of it went well.
+
+  --walk       do the walk on a display of its own, also where there is a display
+  --fresh      start from an empty try-out folder
+  --no-setup   do not look for missing packages
+  --no-build   use the program as it was built last
+  --help       this text
+END
+}
+
+setup=yes
+build=yes
+fresh=no
+walk=no
+[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || walk=yes
+for option in "$@"; do
+    case $option in
+    --walk) walk=yes ;;
+    --fresh) fresh=yes ;;
+    --no-setup) setup=no ;;
+    --no-build) build=no ;;
+    --help | -h) usage && exit 0 ;;
+    *) echo "run.sh: unknown option $option (see --help)" >&2 && exit 2 ;;
+    esac
+done
+
+if [ $setup = yes ]; then
+    if [ $walk = yes ]; then tools/setup/packages.sh build walk; else tools/setup/packages.sh build; fi
+fi
+if [ $build = yes ]; then
+    . tools/setup/build.sh
+    configure release -DQUILLANE_TESTS=OFF
+    cmake --build build/release --target quillane
+fi
+
+. tools/try-out/folder.sh
+if [ $walk = yes ]; then
+    rm -rf try-out/walk
+    prepare_folder "$PWD/try-out/walk" build/release/quillane
+    exec tools/try-out/walk "$PWD/try-out/walk"
+fi
+
+[ $fresh = no ] || rm -rf try-out
+prepare_folder "$PWD/try-out" build/release/quillane
+start_indicator "$PWD/try-out"
+trap stop_indicator EXIT
+echo "The station runs in $PWD/try-out; its indicator is on port 1."
+XDG_CONFIG_HOME=$PWD/try-out/settings try-out/quillane

@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that the project stands on, where they are missing.
+#
+#   tools/setup/packages.sh build          to build and run the station
+#   tools/setup/packages.sh build walk     and to try it out without a display
+#   tools/setup/packages.sh build test     and to run every test
+#   tools/setup/packages.sh checks bench   format and lint checks, benchmarks
+#
+# Says nothing and needs no rights when everything is there.
+set -euo pipefail
+
+# One list for each purpose. What each library is for stands in README.md.
+build=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev libgl-dev
+    libsqlite3-dev libsodium-dev fontconfig fonts-liberation python3)
+walk=(xvfb xauth xdotool x11-utils openbox imagemagick poppler-utils)
+test=(libgtest-dev "${walk[@]}" sqlite3 procps)
+checks=(git clang-format clang-tidy)
+bench=(libbenchmark-dev libxcb1-dev xvfb)
+
+is_installed() {
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+missing_packages() {
+    local group package
+    for group in "$@"; do
+        local -n packages=$group
+        for package in "${packages[@]}"; do
+            is_installed "$package" || printf '%s\n' "$package"
+        done
+    done | sort -u
+}
+
+# Prints the command prefix that gives the rights to install; fails where there is none.
+installer_prefix() {
+    if [ "$(id -u)" = 0 ]; then
+        echo "env DEBIAN_FRONTEND=noninteractive"
+    elif command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
+        echo "sudo env DEBIAN_FRONTEND=noninteractive"
+    else
+        return 1
+    fi
+}
+
+tell_by_hand() {
+    echo "Missing packages: $*" >&2
+    echo "$reason" >&2
+    echo "Install them with:  sudo apt-get install --no-install-recommends $*" >&2
+    exit 1
+}
+
+for group in "$@"; do
+    case $group in
+    build | walk | test | checks | bench) ;;
+    *)
+        echo "$0: no such list: $group (build, walk, test, checks, bench)" >&2
+        exit 2
+        ;;
+    esac
+done
+
+if ! command -v dpkg-query >/dev/null; then
+    echo "This is not a Debian system: packages are not looked at. The lists stand in $0." >&2
+    exit 0
+fi
+
+mapfile -t missing < <(missing_packages "$@")
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+reason="They cannot be installed from here: neither root nor sudo."
+prefix=$(installer_prefix) || tell_by_hand "${missing[@]}"
+
+echo "Installing: ${missing[*]}"
+reason="Installing them failed; see above."
+$prefix apt-get -q update </dev/null &&
+    $prefix apt-get -q install --yes --no-install-recommends "${missing[@]}" </dev/null ||
+    tell_by_hand "${missing[@]}"
