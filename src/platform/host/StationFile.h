@@ -15,6 +15,9 @@ namespace Quillane {
 ///     1=Veltrane Flour Mills
 ///     [Ports]
 ///     1=/dev/ttyUSB0
+///
+/// Blanks around a name or a value do not count, lines that begin with ; or # are notes, and the
+/// names of sections and keys may be in any case. A value runs to the end of its line.
 struct StationFile {
     std::string StationRole;
     std::array<std::string, 10> CompanyNames; ///< 1 to 9; entry 0 is not used
@@ -22,7 +25,9 @@ struct StationFile {
     std::map<int, std::string> Ports; ///< device by port number
 
     /// A missing file gives the defaults. A damaged one is a failure that names the file and the
-    /// line; nothing is guessed.
+    /// line; nothing is guessed. A section or key that nothing reads, or that stands twice, counts
+    /// as damage too: a misspelt name would otherwise be passed over without a word, and the
+    /// station would run with another role or port than its owner wrote down.
     static StationFile Read(const std::string& path);
 
     /// The device behind a port number: what [Ports] names, else /dev/ttyS(n-1), or COMn.

@@ -1,0 +1,152 @@
+#include "platform/host/StationFile.h"
+
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string_view>
+#include <system_error>
+
+namespace Quillane {
+
+namespace {
+
+constexpr int firstPort = 1;
+constexpr int lastPort = 32767;
+
+std::string_view Bare(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// Puts one line after the other into a station's file, and knows where it stands.
+class LineReader {
+public:
+    LineReader(const std::string& path, StationFile& station) : path_(path), station_(station) {}
+
+    void Read(std::string_view line) {
+        ++number_;
+        const std::string_view bare = Bare(line);
+        if (bare.empty() || bare.front() == ';' || bare.front() == '#')
+            return;
+        if (bare.front() == '[')
+            EnterSection(bare);
+        else
+            ReadEntry(bare);
+    }
+
+private:
+    [[noreturn]] void Refuse(std::string_view reason) const {
+        throw Failure(FailureNumber::InvalidCall,
+                      "The station file " + path_ + " is damaged, line " + std::to_string(number_) +
+                          ": " + std::string(reason));
+    }
+
+    void EnterSection(std::string_view line) {
+        if (line.back() != ']')
+            Refuse("the section's closing bracket is missing.");
+        section_ = UpperCase(Bare(line.substr(1, line.size() - 2)));
+        if (section_ != "STATION" && section_ != "COMPANYNAMES" && section_ != "PORTS")
+            Refuse("there is no section " + std::string(line) + ".");
+    }
+
+    void ReadEntry(std::string_view line) {
+        const auto equals = line.find('=');
+        if (equals == std::string_view::npos)
+            Refuse("neither a section nor key=value.");
+        if (section_.empty())
+            Refuse("a key before the first section.");
+        const std::string key = UpperCase(Bare(line.substr(0, equals)));
+        if (!seen_.insert(section_ + "=" + key).second)
+            Refuse("the key " + key + " stands twice.");
+        Store(key, std::string(Bare(line.substr(equals + 1))));
+    }
+
+    void Store(const std::string& key, std::string value) {
+        if (section_ == "COMPANYNAMES")
+            station_.CompanyNames[static_cast<std::size_t>(Whole(key, 1, 9))] = std::move(value);
+        else if (section_ == "PORTS")
+            StorePort(Whole(key, firstPort, lastPort), std::move(value));
+        else if (key == "STATIONROLE")
+            station_.StationRole = std::move(value);
+        else if (key == "ASKCOMPANYNAME")
+            station_.AskCompanyName = Whole(value, -32768, 32767);
+        else
+            Refuse("there is no key " + key + " in [Station].");
+    }
+
+    void StorePort(int port, std::string device) {
+        if (device.empty())
+            Refuse("the port has no device.");
+        station_.Ports[port] = std::move(device);
+    }
+
+    int Whole(const std::string& text, int least, int most) const {
+        int value = 0;
+        std::size_t used = 0;
+        try {
+            value = std::stoi(text, &used);
+        } catch (const std::exception&) {
+            used = 0;
+        }
+        if (text.empty() || used != text.size() || value < least || value > most)
+            Refuse("\"" + text + "\" is no whole number from " + std::to_string(least) + " to " +
+                   std::to_string(most) + ".");
+        return value;
+    }
+
+    const std::string& path_;
+    StationFile& station_;
+    std::string section_;
+    std::set<std::string> seen_;
+    int number_ = 0;
+};
+
+void SkipByteOrderMark(std::string& line) {
+    if (line.starts_with("\xEF\xBB\xBF"))
+        line.erase(0, 3);
+}
+
+} // namespace
+
+StationFile StationFile::Read(const std::string& path) {
+    StationFile station;
+    std::error_code ignored;
+    if (std::filesystem::status(path, ignored).type() == std::filesystem::file_type::not_found)
+        return station;
+    std::ifstream file(path, std::ios::binary);
+    LineReader reader(path, station);
+    std::string line;
+    for (bool first = true; std::getline(file, line); first = false) {
+        if (first)
+            SkipByteOrderMark(line);
+        reader.Read(line);
+    }
+    // A folder of that name opens, and fails at the first read.
+    if (!file.is_open() || file.bad())
+        throw Failure(FailureNumber::PathAccess, "The station file " + path + " cannot be read.");
+    return station;
+}
+
+std::string StationFile::PortDevice(int number) const {
+    const auto named = Ports.find(number);
+    if (named != Ports.end())
+        return named->second;
+#ifdef _WIN32
+    return "COM" + std::to_string(number);
+#else
+    return "/dev/ttyS" + std::to_string(number - 1);
+#endif
+}
+
+StationFile& TheStation() {
+    static StationFile station;
+    return station;
+}
+
+} // namespace Quillane
