@@ -23,6 +23,9 @@ public:
     void ReadLiveWeight();
 
 private:
+    /// Closes the line and gives it the stored port number and settings, where there are any.
+    void ApplySettings();
+
     Screen& screen_;
     MSComm& line_;
     Timer& timer_;

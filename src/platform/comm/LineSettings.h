@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QSerialPort>
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace Quillane {
+
+/// What a settings text says: "9600,n,8,1".
+struct LineSettings {
+    std::int32_t rate = 0;
+    QSerialPort::Parity parity = QSerialPort::NoParity;
+    QSerialPort::DataBits dataBits = QSerialPort::Data8;
+    QSerialPort::StopBits stopBits = QSerialPort::OneStop;
+};
+
+/// Reads rate, parity letter (n, e, o, m, s; either case), data bits (5 to 8) and stop bits
+/// (1, 1.5, 2), with commas between; blanks around each do not matter. None for a text of another
+/// form.
+std::optional<LineSettings> ParseLineSettings(std::string_view text);
+
+} // namespace Quillane

@@ -1,0 +1,111 @@
+#include "scale/Decoding.h"
+
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+
+#include <cstddef>
+
+namespace Quillane {
+
+namespace {
+
+bool IsDigit(char c) {
+    return static_cast<unsigned char>(c - '0') <= 9;
+}
+
+std::size_t NextDigit(std::string_view text, std::size_t at) {
+    while (at < text.size() && !IsDigit(text[at]))
+        ++at;
+    return at;
+}
+
+std::size_t NextSeparator(std::string_view text, std::size_t at) {
+    while (at < text.size() && IsDigit(text[at]))
+        ++at;
+    return at;
+}
+
+/// The digit run picked for reading. `blankBehind`: others follow it, and the text form of the
+/// token then ends in one blank.
+struct WeightToken {
+    std::string_view digits;
+    bool blankBehind = false;
+};
+
+/// Takes a text apart as far as needed: separating digits from the rest, dropping the first run
+/// and cutting out the next comes to the same as knowing where the first three runs begin. That
+/// is looked for in one pass, which ends at the third.
+struct DigitRuns {
+    explicit DigitRuns(std::string_view text) {
+        const std::size_t first = NextDigit(text, 0);
+        const std::size_t firstEnd = NextSeparator(text, first);
+        const std::size_t second = NextDigit(text, firstEnd);
+        const std::size_t secondEnd = NextSeparator(text, second);
+        one = text.substr(first, firstEnd - first);
+        two = text.substr(second, secondEnd - second);
+        more = NextDigit(text, secondEnd) < text.size();
+    }
+
+    std::string_view one;
+    std::string_view two;
+    bool more = false;
+};
+
+WeightToken ExtractLiveToken(std::string_view rawText) {
+    const DigitRuns runs(rawText);
+    return {runs.two.empty() ? runs.one : runs.two, runs.more};
+}
+
+WeightToken ExtractTestToken(std::string_view rawText) {
+    const DigitRuns runs(rawText);
+    return runs.more ? WeightToken{runs.two, true} : WeightToken{};
+}
+
+std::string_view Cut(std::string_view digits, std::string_view direction, double length) {
+    const double rounded = RoundWeight(length);
+    if (rounded < 0)
+        Fail(FailureNumber::InvalidCall);
+    if (rounded >= static_cast<double>(digits.size()))
+        return digits;
+    const auto kept = static_cast<std::size_t>(rounded);
+    return direction == "Right" ? digits.substr(digits.size() - kept) : digits.substr(0, kept);
+}
+
+std::string PlainNumber(std::string_view digits) {
+    const std::size_t leadingZeros = digits.find_first_not_of('0');
+    if (leadingZeros == std::string_view::npos)
+        return "0";
+    digits.remove_prefix(leadingZeros);
+    // Up to fifteen digits the general number form is the digits themselves.
+    return digits.size() <= 15 ? std::string(digits) : NumberText(Val(digits));
+}
+
+std::string Reversed(std::string_view text) {
+    return {text.rbegin(), text.rend()};
+}
+
+} // namespace
+
+std::optional<std::string> DecodeLiveWeight(std::string_view rawText, const LiveReading& reading) {
+    if (rawText.empty())
+        return std::nullopt;
+    WeightToken token = ExtractLiveToken(rawText);
+    if (reading.direction) {
+        token = {Cut(token.digits, *reading.direction, reading.length)};
+        // A reading of one digit is never shown.
+        if (token.digits.size() < 2)
+            return std::nullopt;
+    }
+    if (!reading.reversed)
+        return PlainNumber(token.digits);
+    return (token.blankBehind ? " " : "") + Reversed(token.digits);
+}
+
+TestWeight DecodeTestWeight(std::string_view rawText, std::string_view direction,
+                            std::string_view lengthText, bool reversed) {
+    const WeightToken token = ExtractTestToken(rawText);
+    const std::string number = PlainNumber(Cut(token.digits, direction, Val(lengthText)));
+    return {std::string(token.digits), reversed ? Reversed(number) : number};
+}
+
+} // namespace Quillane
