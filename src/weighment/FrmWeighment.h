@@ -1,0 +1,196 @@
+#pragma once
+
+#include "platform/ado/Recordset.h"
+#include "platform/comm/MSComm.h"
+#include "platform/forms/Buttons.h"
+#include "platform/forms/DTPicker.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/TDBCombo.h"
+#include "platform/forms/TDBGrid.h"
+#include "platform/forms/TextBox.h"
+#include "platform/forms/Timer.h"
+#include "platform/runtime/RowArray.h"
+#include "scale/PortSession.h"
+#include "slip/RptReportViewer.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+class QLayout;
+
+namespace Quillane {
+
+/// The working screen: one arrival at a time, entered by keyboard with the scale reading always in
+/// view, saved, printed, found again, changed or removed.
+///
+/// The weighment is held in the controls and members of this screen, and in nothing else, until it
+/// is saved. Whether a save is possible (`BtnSave` enabled) is the true state of the screen.
+class FrmWeighment : public Screen {
+public:
+    FrmWeighment();
+    ~FrmWeighment() override;
+
+    // The controls, in the screen's control order: `ClearControls` walks them so.
+    TextBox TxtDeduction{*this, "TxtDeduction"};
+    TDBGrid Grid{*this, "Grid"};
+    TextBox TxtBuiltyNo{*this, "TxtBuiltyNo"};
+    JeweledButton CmdGrossWeight{*this, "CmdGrossWeight", "Gross Weight"};
+    TextBox TxtNetWeight{*this, "TxtNetWeight"};
+    TextBox TxtMoundKgs{*this, "TxtMoundKgs"};
+    TextBox TxtScaleDeductKg{*this, "TxtScaleDeductKg"};
+    TextBox TxtVehicleNo{*this, "TxtVehicleNo"};
+    TextBox TxtDriverName{*this, "TxtDriverName"};
+    TextBox TxtKandaDeduction{*this, "TxtKandaDeduction"};
+    CheckBox ChkManualWeight{*this, "ChkManualWeight", "Manual Weight"};
+    Frame FrminVisible{*this, "FrminVisible", ""};
+    TextBox TxtShortage{*this, "TxtShortage"};
+    Quillane::Timer Timer{*this, "Timer", 200};
+    TextBox TxtWeight{*this, "TxtWeight"};
+    CheckBox ChkFinalized{*this, "ChkFinalized", "Finalized"};
+    TextBox TxtHeapName{*this, "TxtHeapName"};
+    TextBox TxtHeapNo{*this, "TxtHeapNo"};
+    TextBox TxtBagsWeight{*this, "TxtBagsWeight"};
+    TextBox TxtGrossWeight{*this, "TxtGrossWeight"};
+    TextBox TxtTareWeight{*this, "TxtTareWeight"};
+    TextBox TxtInitialGrossWeight{*this, "TxtInitialGrossWeight"};
+    TextBox TxtArrivalId{*this, "TxtArrivalId"};
+    JeweledButton BtnPrint{*this, "BtnPrint", "Print"};
+    JeweledButton BtnSave{*this, "BtnSave", "Save"};
+    JeweledButton BtnClear{*this, "BtnClear", "Clear"};
+    JeweledButton BtnOpen{*this, "BtnOpen", "Open"};
+    JeweledButton BtnRemove{*this, "BtnRemove", "Remove"};
+    JeweledButton BtnClose{*this, "BtnClose", "Close"};
+    DTPicker DtpArrivalDate{*this, "DtpArrivalDate"};
+    JeweledButton CmdTareWeight{*this, "CmdTareWeight", "Tare Weight"};
+    TDBCombo CboCommodity{*this, "CboCommodity"};
+    TDBCombo CboSeller{*this, "CboSeller"};
+    TDBCombo CboSellerType{*this, "CboSellerType"};
+    TDBCombo CboBagClass{*this, "CboBagClass"};
+    TDBCombo CboBagType{*this, "CboBagType"};
+    MSComm CM{*this, "CM"};
+
+    std::int32_t ArrivalNo = 0; ///< follows `TxtArrivalId` at every change of the box
+    std::string ScreenMode;     ///< "NewMode" or "ChangeMode"; only the date's change reads it
+    bool IsOpened = false;      ///< the screen holds a stored arrival
+    RowArray BagRows;           ///< class name, type name, quantity
+    Recordset PortSettingsRows; ///< the station's line settings, as of the last new weighment
+    std::string LoadStatement;  ///< the statement last built for the slip
+
+    // Modes (FrmWeighmentModes.cpp)
+    /// 1 new, 2 changed, 3 stored; 5 is defined, but nothing asks for it. Others do nothing.
+    void SetButtonState(int mode);
+    /// Blanks the screen in its control order. Failures are reported.
+    void ClearControls();
+    /// An empty screen with the next free id and today's date, the line reopened. Failures are
+    /// reported, and what stands behind one is not done.
+    void NewWeighment();
+
+    // Weights (FrmWeighmentWeights.cpp)
+    void ComputeGrossWeight();
+    void ComputeNetWeight();
+    void RefreshGrossEntry();
+    void OpenScalePort();
+    void ReopenScalePort();
+    void ReadLiveWeight();
+
+    // Saving (FrmWeighmentValidate.cpp, FrmWeighmentSave.cpp)
+    /// True when the screen may be saved; otherwise the operator has been told why.
+    bool ValidateWeighment();
+    /// Validates again, and writes the weighment in one transaction.
+    void SaveWeighment();
+
+    // Event procedures
+    void BtnSave_Click();
+    void BtnPrint_Click();
+    void BtnClear_Click();
+    void BtnOpen_Click();
+    void BtnRemove_Click();
+    void BtnClose_Click();
+    void CmdGrossWeight_Click();
+    void CmdTareWeight_Click();
+    void ChkManualWeight_Click();
+    void ChkFinalized_Click();
+    void DtpArrivalDate_Change();
+    void TxtArrivalId_Change();
+    void TxtArrivalId_Validate();
+    void TxtInitialGrossWeight_Change();
+    void TxtTareWeight_Change();
+    void TxtGrossWeight_Change();
+    void TxtNetWeight_Change();
+    void CboSellerType_RowChange();
+
+protected:
+    void Form_Load() override;
+    void Form_Unload(bool& cancel) override;
+    void Form_GotFocus() override;
+    void Form_KeyDown(int& key, int shift) override;
+    void Form_KeyPress(int& character) override;
+
+private:
+    // Layout (FrmWeighmentLayout.cpp)
+    void DesignControls();
+    void SetTabOrder();
+    void DesignBoxes();
+    void DesignGrid();
+    void HideControls();
+    void DescribeControls();
+    void LayOut();
+    QLayout* ReadingRow();
+    QLayout* ArrivalFields();
+    QLayout* WeightFields();
+    QLayout* ButtonRow();
+
+    // Wiring (FrmWeighment.cpp)
+    void WireBoxes();
+    void WireButtonsAndLists();
+
+    // Keys (FrmWeighmentKeys.cpp)
+    void HandleKeyDown(int& key, int shift);
+    void HandleEnter(int& key);
+    void HandleShortcut(int& key, int shift);
+    void CommitActiveEdit();
+    bool HasFocus(std::string_view name) const;
+    void EnterChangeMode();
+
+    void ApplyWeighRule();
+    void EmptyBagRows();
+    void BlankLoneZero(TextBox& box);
+
+    bool HasArrivalId();
+    bool HasParty();
+    bool HasCommodity();
+    bool HasVehicle();
+    bool HasGrossWeight();
+    bool HasBagLines();
+    bool IdIsFree();
+    bool MayModify();
+    bool IsPosted();
+    void TakeNewId();
+
+    void WriteHeader();
+    bool IsFreeOfDependents();
+    void ReplaceBody();
+    void WriteBagLine(bool first);
+    void FinishSave();
+
+    void FillReport();
+
+    PortSession session_{*this, CM, Timer, TxtWeight, PortSettingsRows};
+    Recordset headerRows_;
+    Recordset oldBodyRows_;
+    Recordset bodyRows_;
+    Recordset sellerRows_;
+    Recordset bagTypeRows_;
+    Recordset bagClassRows_;
+    std::shared_ptr<RowArray> sellers_ = std::make_shared<RowArray>();
+    std::shared_ptr<RowArray> bagTypes_ = std::make_shared<RowArray>();
+    std::shared_ptr<RowArray> bagClasses_ = std::make_shared<RowArray>();
+    std::shared_ptr<Recordset> slipRows_ = std::make_shared<Recordset>();
+    std::unique_ptr<RptReportViewer> viewer_;
+};
+
+/// Tells the operator that a part of the program is not there yet.
+void SayNotThereYet(std::string_view what);
+
+} // namespace Quillane

@@ -1,0 +1,109 @@
+#include "weighment/FrmWeighment.h"
+
+#include "data/modCommon.h"
+#include "platform/forms/Boxes.h"
+#include "platform/forms/KeyCodes.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Quillane {
+
+namespace {
+
+constexpr int CtrlShift = ShiftState::Ctrl + ShiftState::Shift;
+
+/// The name begins so, in any case.
+bool BeginsWith(std::string_view name, std::string_view start) {
+    return EqualIgnoringCase(name.substr(0, start.size()), start);
+}
+
+/// Keys that never turn a shown record into a changed one.
+bool LeavesModeAlone(int key) {
+    if (key >= Key::F1 && key <= Key::F12)
+        return true;
+    constexpr std::array quiet{Key::Alt,  Key::Shift, Key::Control, Key::End,
+                               Key::Left, Key::Up,    Key::Right,   Key::Down};
+    return std::find(quiet.begin(), quiet.end(), key) != quiet.end();
+}
+
+bool IsShortcut(int key, int shift) {
+    if (shift == CtrlShift)
+        return key == Key::Delete;
+    return shift == ShiftState::Ctrl && (key == 'L' || key == 'S' || key == 'Q' || key == 'O');
+}
+
+} // namespace
+
+bool FrmWeighment::HasFocus(std::string_view name) const {
+    return ActiveControlName() == name;
+}
+
+void FrmWeighment::CommitActiveEdit() {
+    if (ActiveControl() != nullptr)
+        ActiveControl()->CommitEdit();
+}
+
+void FrmWeighment::Form_KeyDown(int& key, int shift) {
+    try {
+        HandleKeyDown(key, shift);
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+void FrmWeighment::HandleKeyDown(int& key, int shift) {
+    if (key == Key::Return)
+        HandleEnter(key);
+    else if (IsShortcut(key, shift))
+        HandleShortcut(key, shift);
+    else if (key == Key::F1 && HasFocus(CboSeller.Name()))
+        SayNotThereYet("The party search");
+    else if (!LeavesModeAlone(key) && !BtnSave.Enabled())
+        EnterChangeMode();
+}
+
+// On a control named Btn... the Enter is left to the button.
+void FrmWeighment::HandleEnter(int& key) {
+    if (BeginsWith(ActiveControlName(), "Btn"))
+        return;
+    key = 0;
+    SendTab();
+}
+
+void FrmWeighment::HandleShortcut(int& key, int shift) {
+    // What is seen is what is saved: a cell still being edited is committed first.
+    CommitActiveEdit();
+    if (shift == CtrlShift) {
+        if (BtnRemove.Enabled())
+            BtnRemove_Click();
+    } else if (key == 'L') {
+        key = 0;
+        BtnClear_Click();
+    } else if (key == 'S' && BtnSave.Enabled()) {
+        if (MsgBox({"Are you sure to save this Weighment?", "Alert", BoxIcon::Question,
+                    BoxButtons::YesNo}) == BoxAnswer::Yes)
+            BtnSave_Click();
+    } else if (key == 'Q' && BtnClose.Enabled()) {
+        BtnClose_Click();
+    } else if (key == 'O' && BtnOpen.Enabled()) {
+        BtnOpen_Click();
+    }
+}
+
+void FrmWeighment::Form_KeyPress(int& character) {
+    if (character == Key::Return)
+        return;
+    const std::string name = ActiveControlName();
+    constexpr std::array<std::string_view, 6> numbers{"TxtInitialGrossWeight", "TxtTareWeight",
+                                                      "TxtGrossWeight",        "TxtShortage",
+                                                      "TxtDeduction",          "TxtHeapNo"};
+    if (std::find(numbers.begin(), numbers.end(), name) != numbers.end())
+        AllowNumericKey(character, *ActiveControl(), false);
+    if (!BtnSave.Enabled() && !BeginsWith(name, "Btn"))
+        EnterChangeMode();
+}
+
+} // namespace Quillane
