@@ -1,0 +1,132 @@
+// Time from starting a process to the first paint of its first window, of the station and of an
+// empty dialog program in turn. It watches the middle of a bare X server's screen, where both put
+// their dialog, until a pixel there is no longer the black of the root window; neither program
+// knows that it is being watched.
+//
+//     StartBench ROUNDS STATION REFERENCE
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <spawn.h>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+#include <xcb/xcb.h>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+/// The middle of the display named by the environment.
+class MiddleOfScreen {
+public:
+    MiddleOfScreen() : connection_(xcb_connect(nullptr, nullptr), xcb_disconnect) {
+        if (xcb_connection_has_error(connection_.get()) != 0) {
+            throw std::runtime_error("no X server: start one and set DISPLAY");
+        }
+        screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
+    }
+
+    bool IsPainted() const {
+        constexpr std::uint16_t side = 32;
+        const auto left = static_cast<std::int16_t>((screen_->width_in_pixels - side) / 2);
+        const auto top = static_cast<std::int16_t>((screen_->height_in_pixels - side) / 2);
+        const auto cookie = xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP,
+                                          screen_->root, left, top, side, side, 0xFFFFFFU);
+        const std::unique_ptr<xcb_get_image_reply_t, FreeReply> reply(
+            xcb_get_image_reply(connection_.get(), cookie, nullptr));
+        if (!reply) {
+            throw std::runtime_error("the X server went away");
+        }
+        const auto* begin = xcb_get_image_data(reply.get());
+        const auto* end = begin + xcb_get_image_data_length(reply.get());
+        return std::any_of(begin, end, [](std::uint8_t byte) { return byte != 0; });
+    }
+
+private:
+    std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection_;
+    xcb_screen_t* screen_ = nullptr;
+};
+
+void WaitUntilPainted(const MiddleOfScreen& middle, bool painted) {
+    const auto deadline = Clock::now() + std::chrono::seconds(20);
+    while (middle.IsPainted() != painted) {
+        if (Clock::now() > deadline) {
+            throw std::runtime_error(painted ? "no window came up" : "the window did not go");
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
+}
+
+double StartOnce(const MiddleOfScreen& middle, const std::string& program) {
+    WaitUntilPainted(middle, false);
+    std::array<char*, 2> arguments{const_cast<char*>(program.c_str()), nullptr};
+    pid_t process = 0;
+    const auto start = Clock::now();
+    if (posix_spawn(&process, program.c_str(), nullptr, nullptr, arguments.data(), environ) != 0) {
+        throw std::runtime_error("cannot start " + program);
+    }
+    try {
+        WaitUntilPainted(middle, true);
+    } catch (...) {
+        kill(process, SIGKILL);
+        throw;
+    }
+    const Milliseconds taken = Clock::now() - start;
+    kill(process, SIGTERM);
+    waitpid(process, nullptr, 0);
+    return taken.count();
+}
+
+double Median(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+void Run(int rounds, const std::string& station, const std::string& reference) {
+    const MiddleOfScreen middle;
+    std::vector<double> stationTimes;
+    std::vector<double> referenceTimes;
+    StartOnce(middle, reference); // fills the disk cache
+    StartOnce(middle, station);
+    for (int round = 0; round < rounds; ++round) {
+        referenceTimes.push_back(StartOnce(middle, reference));
+        stationTimes.push_back(StartOnce(middle, station));
+    }
+    std::printf("process start to first paint, median of %d in turn\n", rounds);
+    std::printf("  empty dialog     %7.2f ms (least %.2f)\n", Median(referenceTimes),
+                *std::min_element(referenceTimes.begin(), referenceTimes.end()));
+    std::printf("  sign-in dialog   %7.2f ms (least %.2f)\n", Median(stationTimes),
+                *std::min_element(stationTimes.begin(), stationTimes.end()));
+    std::printf("  ratio            %7.2f    (limit 1.5)\n",
+                Median(stationTimes) / Median(referenceTimes));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: %s ROUNDS STATION REFERENCE\n", argv[0]);
+        return 2;
+    }
+    try {
+        Run(std::max(1, std::atoi(argv[1])), argv[2], argv[3]);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
