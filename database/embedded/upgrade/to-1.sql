@@ -1,0 +1,17 @@
+-- The station's own tables, in a database that already has the mill's tables but was set up before
+-- the station kept users and a schema number. The caller writes the number.
+
+CREATE TABLE IF NOT EXISTS StationUsers (
+    UserName     TEXT NOT NULL COLLATE NOCASE PRIMARY KEY,
+    PasswordHash TEXT NOT NULL,
+    UserLevel    INTEGER NOT NULL
+);
+
+CREATE TABLE IF NOT EXISTS Project_Registry (
+    registrykey TEXT NOT NULL COLLATE NOCASE PRIMARY KEY,
+    value       TEXT COLLATE NOCASE
+);
+
+INSERT INTO Project_Registry (registrykey, value)
+    SELECT 'CompanyName', '' WHERE NOT EXISTS
+        (SELECT 1 FROM Project_Registry WHERE registrykey = 'CompanyName');

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Quillane {
+
+/// What one hash costs. `Interactive` is for people who sign in; `Minimum` is as cheap as the
+/// algorithm allows, for trials that make users by the dozen.
+enum class HashCost { Interactive, Minimum };
+
+/// The Argon2id hash of a password, with its salt and cost, as text to be stored. Fails where the
+/// memory that the cost asks for is not to be had.
+std::string HashPassword(std::string_view password, HashCost cost = HashCost::Interactive);
+
+/// Whether the password is the one behind the stored hash. A text that is no hash matches nothing.
+bool PasswordMatches(const std::string& storedHash, std::string_view password);
+
+/// Takes as long as a wrong password takes, so that an unknown name cannot be told from one.
+void SpendPasswordTime(std::string_view password);
+
+} // namespace Quillane
