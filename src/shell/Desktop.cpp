@@ -1,0 +1,87 @@
+#include "shell/Desktop.h"
+
+#include "data/Con.h"
+#include "data/Services.h"
+#include "platform/forms/Boxes.h"
+#include "platform/forms/EventBoundary.h"
+#include "platform/host/UserSettings.h"
+#include "shell/Startup.h"
+#include "weighment/FrmWeighment.h"
+
+namespace Quillane {
+
+std::unique_ptr<Desktop> TheDesktop;
+
+namespace {
+
+void StorePaper(std::string_view paper) {
+    SaveSetting("Riobrepiona", "PrinterSetting", "PrinterPage", paper);
+}
+
+} // namespace
+
+Desktop::Desktop() : Screen("Desktop", "Veltrane: Quillane") {
+    WireEvents();
+    SetTabOrder();
+    LayOut();
+}
+
+void Desktop::WireEvents() {
+    BtnWeighment.Click = [this] { BtnWeighment_Click(); };
+    BtnExit.Click = [this] { EndStation(); };
+    CmdScaleSetting.Click = [this] { CmdScaleSetting_Click(); };
+    OptWhitePage.Click = [] { StorePaper("WhitePaper"); };
+    OptPrintedPaper.Click = [] { StorePaper("PrintedPaper"); };
+    Image1.Click = [this] { Image1_Click(); };
+}
+
+void Desktop::SetTabOrder() {
+    int index = 0;
+    for (VisualControl* control :
+         {static_cast<VisualControl*>(&BtnWeighment), static_cast<VisualControl*>(&CmdScaleSetting),
+          static_cast<VisualControl*>(&OptWhitePage), static_cast<VisualControl*>(&OptPrintedPaper),
+          static_cast<VisualControl*>(&TxtWeight), static_cast<VisualControl*>(&BtnExit)})
+        control->SetTabIndex(index++);
+}
+
+void Desktop::Form_Load() {
+    ShowWhoIsSignedIn();
+    if (GetSetting("Riobrepiona", "PrinterSetting", "PrinterPage", "WhitePaper") == "WhitePaper")
+        OptWhitePage.SetValue(true);
+    else
+        OptPrintedPaper.SetValue(true);
+}
+
+void Desktop::Form_Unload(bool& /*cancel*/) {
+    EndStation();
+}
+
+void Desktop::BtnWeighment_Click() {
+    FrmWeighment screen;
+    screen.ShowModal(this);
+}
+
+void Desktop::CmdScaleSetting_Click() {
+    MsgBox({.text = "The scale setting screen is not there yet.",
+            .title = ProgramTitle(),
+            .icon = BoxIcon::Information,
+            .buttons = BoxButtons::Ok});
+}
+
+// The connection is given after the dialog here, the other way round than at the start.
+void Desktop::Image1_Click() {
+    UserLogin->ResetLogin(0);
+    UserLogin->Login();
+    UserLogin->SetConnection(*Con);
+    if (UserLogin->UserLevel() == 0)
+        EndStation();
+    else
+        ShowWhoIsSignedIn();
+}
+
+void Desktop::EndStation() {
+    ReleaseServices();
+    EndProcess(0);
+}
+
+} // namespace Quillane

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/forms/Buttons.h"
+#include "platform/forms/Label.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/TextBox.h"
+
+#include <QPixmap>
+
+#include <memory>
+
+class QVBoxLayout;
+
+namespace Quillane {
+
+/// The start screen, which stays for the whole life of the program: it leads to the working
+/// screens, keeps the user's paper choice, lets another user sign in, and ends the program. Closing
+/// it by any means ends the process. None of its procedures sets a trap.
+class Desktop : public Screen {
+public:
+    Desktop();
+
+    CommandButton BtnWeighment{*this, "BtnWeighment", "Weighment"};
+    CommandButton BtnExit{*this, "BtnExit", "Exit"};
+    CommandButton CmdScaleSetting{*this, "CmdScaleSetting", "Scale Setting "};
+    TextBox TxtWeight{*this, "TxtWeight"}; ///< no procedure reads or writes it
+    Frame Frame1{*this, "Frame1", "Printer Setting"};
+    OptionButton OptWhitePage{*this, "OptWhitePage", "Print on white paper"};
+    OptionButton OptPrintedPaper{*this, "OptPrintedPaper", "Print on printed paper"};
+    Image Image1{*this, "Image1"};
+
+protected:
+    /// Selects the stored paper choice; its click stores it again, so a first start stores the
+    /// default.
+    void Form_Load() override;
+    void Form_Unload(bool& cancel) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void WireEvents();
+    void LayOut();
+    void LayOutPanel();
+    void LayOutHead(QVBoxLayout& column);
+    void LayOutPaperChoice();
+    void SetTabOrder();
+    void ShowWhoIsSignedIn();
+
+    void BtnWeighment_Click();
+    void CmdScaleSetting_Click();
+    void Image1_Click();
+    void EndStation();
+
+    QWidget* panel_ = nullptr;
+    Label company_{""};
+    Label user_{""};
+    QPixmap background_; ///< the picture at the window's size
+};
+
+/// The start screen of the process, from the sign-in to the end.
+extern std::unique_ptr<Desktop> TheDesktop;
+
+} // namespace Quillane

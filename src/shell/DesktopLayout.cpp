@@ -1,0 +1,128 @@
+#include "data/Services.h"
+#include "platform/forms/Text.h"
+#include "shell/Desktop.h"
+#include "shell/Scenery.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace Quillane {
+
+namespace {
+
+constexpr int iconSize = 48;
+
+void SetFontSize(QWidget& widget, int points, bool bold) {
+    QFont font = widget.font();
+    font.setPointSize(points);
+    font.setBold(bold);
+    widget.setFont(font);
+}
+
+void MakeTall(QWidget& button, int height, int points, bool bold) {
+    button.setMinimumHeight(height);
+    SetFontSize(button, points, bold);
+}
+
+void SetTextColour(QWidget& widget, const QColor& colour) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::WindowText, colour);
+    widget.setPalette(palette);
+}
+
+void MakeLeading(QWidget& button) {
+    QPalette palette = button.palette();
+    palette.setColor(QPalette::Button, QColor(0x2F, 0x6B, 0x5E));
+    palette.setColor(QPalette::ButtonText, Qt::white);
+    button.setPalette(palette);
+}
+
+} // namespace
+
+void Desktop::LayOut() {
+    setWindowFlags(Qt::Window);
+    resize(1080, 675);
+    panel_ = new QWidget(this);
+    panel_->setFixedWidth(380);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(44, 40, 44, 40);
+    row->addWidget(panel_, 0, Qt::AlignVCenter);
+    row->addStretch();
+    LayOutPanel();
+}
+
+void Desktop::LayOutPanel() {
+    auto* column = new QVBoxLayout(panel_);
+    column->setContentsMargins(28, 24, 28, 28);
+    column->setSpacing(14);
+    LayOutHead(*column);
+    TxtWeight.SetFont("Arial", 21.75, true);
+    TxtWeight.SetForeColor(0x0000FF);
+    TxtWeight.SetBackColor(0x000000);
+    TxtWeight.SetAlignment(TextBox::Alignment::Centre);
+    TxtWeight.SetAccessibleName("Weight");
+    column->addWidget(&TxtWeight.Widget());
+    MakeTall(BtnWeighment.Widget(), 68, 17, true);
+    MakeLeading(BtnWeighment.Widget());
+    BtnWeighment.SetToolTip("Weigh a load");
+    column->addWidget(&BtnWeighment.Widget());
+    MakeTall(CmdScaleSetting.Widget(), 44, 12, false);
+    CmdScaleSetting.SetToolTip("Set up the line to the weighing indicator");
+    column->addWidget(&CmdScaleSetting.Widget());
+    LayOutPaperChoice();
+    column->addWidget(&Frame1.Widget());
+    column->addSpacing(6);
+    MakeTall(BtnExit.Widget(), 44, 12, false);
+    BtnExit.SetToolTip("End the program");
+    column->addWidget(&BtnExit.Widget());
+}
+
+void Desktop::LayOutHead(QVBoxLayout& column) {
+    Image1.SetPicture(":/shell/sign-in.png", iconSize, iconSize);
+    Image1.SetToolTip("Sign in as another user");
+    Image1.SetAccessibleName("Sign in as another user");
+    SetFontSize(company_, 15, true);
+    SetTextColour(company_, QColor(0x24, 0x4C, 0x44));
+    company_.setWordWrap(true);
+    SetTextColour(user_, QColor(0x55, 0x5F, 0x63));
+    auto* names = new QVBoxLayout;
+    names->setSpacing(2);
+    names->addWidget(&company_);
+    names->addWidget(&user_);
+    auto* head = new QHBoxLayout;
+    head->addLayout(names, 1);
+    head->addWidget(&Image1.Widget(), 0, Qt::AlignTop);
+    column.addLayout(head);
+}
+
+void Desktop::LayOutPaperChoice() {
+    auto* options = new QVBoxLayout(&Frame1.Widget());
+    options->setContentsMargins(14, 10, 14, 12);
+    options->setSpacing(8);
+    options->addWidget(&OptWhitePage.Widget());
+    options->addWidget(&OptPrintedPaper.Widget());
+}
+
+void Desktop::ShowWhoIsSignedIn() {
+    company_.setText(ToQt(CompanyProfile->CompanyTitle()));
+    user_.setText(ToQt("Signed in: " + UserLogin->UserName()));
+}
+
+void Desktop::paintEvent(QPaintEvent* /*event*/) {
+    const QSize size = this->size() * devicePixelRatio();
+    if (background_.size() != size) {
+        background_ = QPixmap(size);
+        QPainter picture(&background_);
+        PaintScenery(picture, QRectF(QPointF(0, 0), QSizeF(size)));
+        background_.setDevicePixelRatio(devicePixelRatio());
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, background_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(255, 255, 255, 225));
+    painter.drawRoundedRect(panel_->geometry(), 14, 14);
+}
+
+} // namespace Quillane

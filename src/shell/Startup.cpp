@@ -1,0 +1,141 @@
+#include "shell/Startup.h"
+
+#include "data/Con.h"
+#include "data/EmbeddedFunctions.h"
+#include "data/Services.h"
+#include "data/modCommon.h"
+#include "platform/forms/Boxes.h"
+#include "platform/forms/EventBoundary.h"
+#include "platform/forms/Text.h"
+#include "platform/host/ProgramFolder.h"
+#include "platform/host/StationFile.h"
+#include "platform/host/SystemInfo.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+#include "shell/Desktop.h"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+namespace Quillane {
+
+namespace {
+
+constexpr int connectionTimeoutSeconds = 120;
+
+// What is there but cannot be looked at counts as existing: the set-up must not start over a
+// database that is only out of reach for the moment.
+bool FileExists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::status(path, ignored).type() != std::filesystem::file_type::not_found;
+}
+
+bool MakeDatabase() {
+    DatabaseSetup->CreateDatabase();
+    if (DatabaseSetup->Succeeded())
+        return true;
+    MsgBox({.text = "Error occured in databse creation. \r\n"
+                    "Please contact to your software vendor for further assistance",
+            .title = "Alert",
+            .icon = BoxIcon::Critical,
+            .buttons = BoxButtons::Ok});
+    return false;
+}
+
+void OpenCon(const std::string& configText) {
+    if (Con->State() == adStateOpen)
+        Con->Close();
+    Con->ConnectionTimeout = connectionTimeoutSeconds;
+    Con->Open(ConnectionString(SystemInfo::OsName(), TheStation().StationRole, configText), "", "",
+              -1);
+    Con->CursorLocation = adUseClient;
+}
+
+void UpgradeWhereVersionsDiffer() {
+    DatabaseSetup->SetConnection(*Con);
+    const double databaseVersion = DatabaseSetup->DatabaseVersion();
+    const double programVersion = DatabaseSetup->ProgramVersion();
+    if (databaseVersion != programVersion)
+        DatabaseSetup->UpgradeDatabase();
+}
+
+void WriteCompanyName() {
+    const std::int16_t companyNo = CompanyNumber(Con->DefaultDatabase());
+    Con->Execute("Update Project_Registry set value ='" + GetCompanyName(companyNo) +
+                     "' Where registrykey ='CompanyName'",
+                 -1);
+}
+
+} // namespace
+
+void Main() {
+    Con = std::make_unique<Connection>();
+    Con->SetEmbeddedSupport(
+        {.folder = ProgramFolder(), .registerFunctions = RegisterEmbeddedFunctions});
+    const std::string configFile = ProgramFolder() + "/Config.ini";
+    if (!FileExists(configFile) && !MakeDatabase()) {
+        EndProcess(1);
+        return;
+    }
+    OpenCon(ReadFirstField(configFile));
+    UpgradeWhereVersionsDiffer();
+    UserLogin->SetConnection(*Con);
+    CompanyProfile->SetConnection(*Con);
+    WriteCompanyName();
+    CompanyProfile->Load();
+    UserLogin->Login();
+    if (UserLogin->UserLevel() == 0) {
+        ReleaseServices();
+        EndProcess(0);
+        return;
+    }
+    TheDesktop = std::make_unique<Desktop>();
+    TheDesktop->Show();
+}
+
+std::string ReadFirstField(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string line;
+    std::getline(file, line);
+    // A folder of that name opens, and fails at the first read.
+    if (!file.is_open() || file.bad())
+        throw Failure(FailureNumber::PathAccess, "The file " + path + " cannot be read.");
+    if (line.starts_with("\xEF\xBB\xBF"))
+        line.erase(0, 3);
+    if (line.empty() && file.eof())
+        throw Failure(FailureNumber::InputPastEnd,
+                      "Input past end of file: " + path + " is empty.");
+    line.erase(std::min(line.find('\r'), line.size()));
+    line.erase(0, line.find_first_not_of(' '));
+    if (line.starts_with('"'))
+        return line.substr(1, line.find('"', 1) - 1);
+    return line.substr(0, line.find(','));
+}
+
+std::string ConnectionString(std::string_view osName, std::string_view stationRole,
+                             std::string_view configText) {
+    std::string text = "Driver=SQL Server;" + std::string(configText);
+    if (UpperCase(osName) == UpperCase("Microsoft Windows XP") || stationRole == "Client")
+        text += ";Uid=anonymous";
+    return text;
+}
+
+std::int16_t CompanyNumber(std::string_view databaseName) {
+    const std::string eighth = FromQt(ToQt(databaseName).mid(7, 1));
+    try {
+        return ToInteger(eighth);
+    } catch (const Failure& failure) {
+        throw Failure(failure.Number(), failure.Description() +
+                                            ": the eighth character of the database name \"" +
+                                            std::string(databaseName) + "\" is no company number.");
+    }
+}
+
+void ReleaseServices() {
+    CompanyProfile.Release();
+    DatabaseSetup.Release();
+    UserLogin.Release();
+}
+
+} // namespace Quillane
