@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <limits>
 #include <system_error>
 
@@ -74,21 +75,49 @@ private:
     std::size_t at_ = 0;
 };
 
-/// Reads what NumberScanner took: nothing but the characters of one number.
-double ReadNumber(std::string number) {
-    if (!number.empty() && number.front() == '+')
-        number.erase(0, 1);
-    std::replace_if(
-        number.begin(), number.end(), [](char c) { return Lower(c) == 'd'; }, 'e');
+/// Where the first significant digit stands: 1 just before the point, 0 just behind it.
+/// Only called for numbers beyond the range of a double, which have such a digit.
+long Magnitude(std::string_view mantissa, std::string_view exponent) {
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    const auto place = static_cast<long>(point) - static_cast<long>(first);
+    if (!exponent.empty() && exponent.front() == '+')
+        exponent.remove_prefix(1);
+    long shift = 0;
+    const auto [end, error] =
+        std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift);
+    constexpr long beyondAnyText = std::numeric_limits<long>::max() / 4;
+    if (error == std::errc::result_out_of_range)
+        return exponent.front() == '-' ? -beyondAnyText : beyondAnyText;
+    return place + std::clamp(shift, -beyondAnyText, beyondAnyText);
+}
+
+struct Reading {
     double value = 0;
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (error != std::errc::result_out_of_range)
-        return value;
-    // from_chars leaves the value alone for too large and for too small alike.
-    const auto exponent = number.find_first_of("eE");
-    if (exponent != std::string::npos && number.compare(exponent + 1, 1, "-") == 0)
-        return 0;
-    return std::copysign(std::numeric_limits<double>::max(), number.front() == '-' ? -1.0 : 1.0);
+    bool tooLarge = false; ///< and the value is then the largest there is
+};
+
+/// Reads what NumberScanner took: nothing but the characters of one number.
+Reading ReadNumber(std::string_view number) {
+    if (number.empty())
+        return {};
+    if (number.front() == '+')
+        number.remove_prefix(1);
+    const std::size_t mark = std::min(number.find_first_of("eEdD"), number.size());
+    if (mark < number.size() && Lower(number[mark]) == 'd') {
+        std::string spelledWithE(number);
+        spelledWithE[mark] = 'e';
+        return ReadNumber(spelledWithE);
+    }
+    double value = 0;
+    const char* const end = number.data() + number.size();
+    if (std::from_chars(number.data(), end, value).ec != std::errc::result_out_of_range)
+        return {value};
+    // Too large and too small are told alike.
+    if (Magnitude(number.substr(0, mark), number.substr(std::min(mark + 1, number.size()))) <= 0)
+        return {};
+    constexpr double largest = std::numeric_limits<double>::max();
+    return {number.front() == '-' ? -largest : largest, true};
 }
 
 template <typename Whole>
@@ -102,10 +131,11 @@ Whole ToWhole(double value) {
 } // namespace
 
 double Val(std::string_view text) {
+    if (std::none_of(text.begin(), text.end(), IsSkipped))
+        return ReadNumber(NumberScanner(text).Scan()).value;
     std::string solid;
     std::remove_copy_if(text.begin(), text.end(), std::back_inserter(solid), IsSkipped);
-    const std::string number(NumberScanner(solid).Scan());
-    return number.empty() ? 0.0 : ReadNumber(number);
+    return ReadNumber(NumberScanner(solid).Scan()).value;
 }
 
 double RoundWeight(double value) {
@@ -143,7 +173,7 @@ std::string NumberText(double value) {
         if (count > 1)
             text += "." + digits.substr(1);
         std::snprintf(buffer.data(), buffer.size(), "E%+03d", exponent);
-        return text + buffer.data();
+        return text += buffer.data();
     }
     if (exponent < 0)
         return text + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
@@ -158,7 +188,10 @@ double ToDouble(std::string_view text) {
     const std::string_view number = NumberScanner(trimmed).Scan();
     if (number.empty() || number.size() != trimmed.size())
         Fail(FailureNumber::TypeMismatch);
-    return ReadNumber(std::string(number));
+    const Reading reading = ReadNumber(number);
+    if (reading.tooLarge)
+        Fail(FailureNumber::Overflow);
+    return reading.value;
 }
 
 std::int16_t ToInteger(std::string_view text) {
