@@ -2,89 +2,147 @@
 
 #include "platform/runtime/Failure.h"
 
+#include <QByteArray>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QSettings>
+#include <QSaveFile>
 #include <QStandardPaths>
 #include <QString>
-#include <QUrl>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+// QSettings is not used: it passes over a damaged file at the second look and writes over it.
 
 namespace Quillane {
 
 namespace {
 
+using SectionAndKey = std::pair<std::string, std::string>;
+using Settings = std::map<SectionAndKey, std::string>;
+
 QString FromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Slashes and backslashes would otherwise be taken for sections or folders.
-QString Encoded(std::string_view name) {
+// Percent signs and control characters never stand bare in the file, and in names nothing that has
+// a meaning there or in a path.
+std::string EncodedName(std::string_view name) {
     if (name.empty())
         Fail(FailureNumber::InvalidCall);
-    QString encoded = QString::fromLatin1(QUrl::toPercentEncoding(FromUtf8(name)));
-    if (encoded.startsWith('.'))
+    const QByteArray bytes(name.data(), static_cast<qsizetype>(name.size()));
+    std::string encoded = bytes.toPercentEncoding().toStdString();
+    if (encoded.front() == '.')
         encoded.replace(0, 1, "%2E");
     return encoded;
 }
 
-[[noreturn]] void Refuse(const QString& file, std::string_view reason) {
-    throw Failure(FailureNumber::PathAccess,
-                  "The settings file " + file.toStdString() + " " + std::string(reason));
+std::string EncodedValue(std::string_view value) {
+    const QByteArray bytes(value.data(), static_cast<qsizetype>(value.size()));
+    return bytes.toPercentEncoding(" !\"#$&'()*+,/:;<=>?@[\\]^`{|}").toStdString();
 }
 
-/// The store of one application, opened for one reading or writing.
-class Store {
-public:
-    explicit Store(std::string_view application)
-        : file_(FromUtf8(SettingsFile(application))), settings_(file_, QSettings::IniFormat) {
-        const QFileInfo info(file_);
-        if (info.exists() && !(info.isFile() && info.isReadable()))
-            Refuse(file_, "cannot be read.");
-        Check("cannot be read.");
-    }
+std::string Decoded(std::string_view text) {
+    return QByteArray::fromPercentEncoding(
+               QByteArray(text.data(), static_cast<qsizetype>(text.size())))
+        .toStdString();
+}
 
-    QString Read(const QString& key, const QString& defaultValue) const {
-        const QVariant value = settings_.value(key, defaultValue);
-        // A line written by hand with a bare comma is read as a list.
-        return value.typeId() == QMetaType::QStringList ? value.toStringList().join(", ")
-                                                        : value.toString();
-    }
+[[noreturn]] void Refuse(const std::string& file, std::string_view reason) {
+    throw Failure(FailureNumber::PathAccess,
+                  "The settings file " + file + " " + std::string(reason));
+}
 
-    void Write(const QString& key, const QString& value) {
-        settings_.setValue(key, value);
-        settings_.sync();
-        Check("cannot be written.");
-    }
+bool HoldsControlCharacter(std::string_view line) {
+    return std::any_of(line.begin(), line.end(),
+                       [](unsigned char c) { return c < ' ' || c == 0x7F; });
+}
 
-private:
-    void Check(std::string_view reason) const {
-        if (settings_.status() == QSettings::FormatError)
-            Refuse(file_, "is damaged. Rename it, and the choices kept in it are made anew.");
-        if (settings_.status() != QSettings::NoError)
-            Refuse(file_, reason);
+/// Takes one line of the file; false if it is neither a section nor a key of its own with a value.
+bool TakeLine(std::string_view line, std::string& section, Settings& settings) {
+    if (line.empty())
+        return true;
+    if (HoldsControlCharacter(line))
+        return false;
+    if (line.front() == '[') {
+        section = Decoded(line.substr(1, line.size() - 2));
+        return line.back() == ']' && !section.empty();
     }
+    const auto equals = line.find('=');
+    if (section.empty() || equals == std::string_view::npos || equals == 0)
+        return false;
+    const SectionAndKey name{section, Decoded(line.substr(0, equals))};
+    return settings.emplace(name, Decoded(line.substr(equals + 1))).second;
+}
 
-    QString file_;
-    QSettings settings_;
-};
+Settings ReadAll(const std::string& path) {
+    Settings settings;
+    QFile file(FromUtf8(path));
+    if (!QFileInfo::exists(file.fileName()))
+        return settings;
+    if (!file.open(QIODevice::ReadOnly))
+        Refuse(path, "cannot be read.");
+    std::string section;
+    for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine()) {
+        if (line.endsWith('\n'))
+            line.chop(1);
+        if (!TakeLine({line.constData(), static_cast<std::size_t>(line.size())}, section, settings))
+            Refuse(path, "is damaged. Rename it, and the choices kept in it are made anew.");
+    }
+    if (file.error() != QFileDevice::NoError)
+        Refuse(path, "cannot be read.");
+    return settings;
+}
+
+std::string Written(const Settings& settings) {
+    std::string text;
+    std::string section;
+    for (const auto& [name, value] : settings) {
+        if (name.first != section)
+            text += "[" + EncodedName(name.first) + "]\n";
+        section = name.first;
+        text += EncodedName(name.second) + "=" + EncodedValue(value) + "\n";
+    }
+    return text;
+}
+
+// A new file beside the old one, brought to the disk and then put in its place.
+void WriteAll(const std::string& path, const Settings& settings) {
+    const QString name = FromUtf8(path);
+    QDir().mkpath(QFileInfo(name).path());
+    QSaveFile file(name);
+    const std::string text = Written(settings);
+    const auto size = static_cast<qint64>(text.size());
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.data(), size) != size || !file.commit())
+        Refuse(path, "cannot be written.");
+}
 
 } // namespace
 
 std::string SettingsFile(std::string_view application) {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return QDir(folder).filePath(Encoded(application) + "/settings.ini").toStdString();
+    return folder.toStdString() + "/" + EncodedName(application) + "/settings.ini";
 }
 
 std::string GetSetting(std::string_view application, std::string_view section, std::string_view key,
                        std::string_view defaultValue) {
-    return Store(application)
-        .Read(Encoded(section) + "/" + Encoded(key), FromUtf8(defaultValue))
-        .toStdString();
+    if (section.empty() || key.empty())
+        Fail(FailureNumber::InvalidCall);
+    const Settings settings = ReadAll(SettingsFile(application));
+    const auto found = settings.find({std::string(section), std::string(key)});
+    return std::string(found == settings.end() ? defaultValue : found->second);
 }
 
 void SaveSetting(std::string_view application, std::string_view section, std::string_view key,
                  std::string_view value) {
-    Store(application).Write(Encoded(section) + "/" + Encoded(key), FromUtf8(value));
+    if (section.empty() || key.empty())
+        Fail(FailureNumber::InvalidCall);
+    const std::string path = SettingsFile(application);
+    Settings settings = ReadAll(path);
+    settings[{std::string(section), std::string(key)}] = value;
+    WriteAll(path, settings);
 }
 
 } // namespace Quillane

@@ -1,0 +1,104 @@
+#include "platform/host/StationFile.h"
+
+#include "HostFolder.h"
+
+namespace Quillane {
+namespace {
+
+TEST(StationFile, ThatIsMissingGivesTheDefaults) {
+    const FreshFolder folder;
+    const StationFile station = StationFile::Read(folder.File("Station.ini"));
+    EXPECT_EQ(station.StationRole, "");
+    EXPECT_EQ(station.AskCompanyName, 0);
+    EXPECT_EQ(station.CompanyNames, (std::array<std::string, 10>{}));
+    EXPECT_TRUE(station.Ports.empty());
+}
+
+TEST(StationFile, GivesRoleNamesQuestionAndPorts) {
+    const FreshFolder folder;
+    const StationFile station = StationFile::Read(folder.Write("Station.ini", "; the gate\n"
+                                                                              "[Station]\n"
+                                                                              "StationRole=Client\n"
+                                                                              "AskCompanyName=-1\n"
+                                                                              "\n"
+                                                                              "[CompanyNames]\n"
+                                                                              "1=Veltrane Mills\n"
+                                                                              "9=ویلٹرین = ملز\n"
+                                                                              "[Ports]\n"
+                                                                              "# the indicator\n"
+                                                                              "1=/dev/ttyUSB0\n"
+                                                                              "12=/dev/ttyS7\n"));
+    EXPECT_EQ(station.StationRole, "Client");
+    EXPECT_EQ(station.AskCompanyName, -1);
+    EXPECT_EQ(station.CompanyNames[1], "Veltrane Mills");
+    EXPECT_EQ(station.CompanyNames[9], "ویلٹرین = ملز");
+    EXPECT_EQ(station.CompanyNames[2], "");
+    EXPECT_EQ(station.Ports, (std::map<int, std::string>{{1, "/dev/ttyUSB0"}, {12, "/dev/ttyS7"}}));
+}
+
+TEST(StationFile, TakesBlanksLineEndsMarksAndTheCaseOfNamesAsTheyCome) {
+    const FreshFolder folder;
+    const StationFile station = StationFile::Read(folder.Write(
+        "Station.ini",
+        "\xEF\xBB\xBF  [ station ]\r\n\tSTATIONROLE =  Client \r\naskcompanyname= -1"));
+    EXPECT_EQ(station.StationRole, "Client");
+    EXPECT_EQ(station.AskCompanyName, -1);
+}
+
+struct Damage {
+    std::string text;
+    int line;
+};
+
+class DamagedStationFile : public testing::TestWithParam<Damage> {};
+
+TEST_P(DamagedStationFile, NamesTheFileAndTheLine) {
+    const FreshFolder folder;
+    const std::string path = folder.Write("Station.ini", GetParam().text);
+    const Failure failure = FailureOf([&] { StationFile::Read(path); });
+    EXPECT_NE(failure.Description().find(path), std::string::npos) << failure.Description();
+    EXPECT_NE(failure.Description().find("line " + std::to_string(GetParam().line) + ":"),
+              std::string::npos)
+        << failure.Description();
+    EXPECT_EQ(failure.Source(), "Quillane");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    OfEveryKind, DamagedStationFile,
+    testing::Values(Damage{"[Station]\nStationRole\n", 2}, Damage{"[Station\n", 1},
+                    Damage{"StationRole=Client\n", 1}, Damage{"\n[Scale]\n", 2},
+                    Damage{"[Station]\nStationRol=Client\n", 2},
+                    Damage{"[Station]\nAskCompanyName=yes\n", 2},
+                    Damage{"[Station]\nAskCompanyName=\n", 2},
+                    Damage{"[Station]\nAskCompanyName=99999999999\n", 2},
+                    Damage{"[Station]\nStationRole=Client\nStationRole=\n", 3},
+                    Damage{"[CompanyNames]\n0=None\n", 2}, Damage{"[CompanyNames]\n10=Ten\n", 2},
+                    Damage{"[CompanyNames]\none=One\n", 2}, Damage{"[Ports]\n1=\n", 2},
+                    Damage{"[Ports]\n-1=/dev/ttyS0\n", 2}, Damage{"[Ports]\n1.5=/dev/ttyS0\n", 2},
+                    Damage{std::string("\0\0\0\0", 4), 1}));
+
+TEST(StationFile, ThatCannotBeReadFails) {
+    const FreshFolder folder;
+    std::filesystem::create_directory(folder.File("Station.ini"));
+    const Failure failure = FailureOf([&] { StationFile::Read(folder.File("Station.ini")); });
+    EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
+    EXPECT_NE(failure.Description().find(folder.File("Station.ini")), std::string::npos);
+}
+
+TEST(StationFile, NamesTheDeviceOfAPort) {
+    StationFile station;
+    station.Ports[2] = "/dev/ttyUSB0";
+    EXPECT_EQ(station.PortDevice(2), "/dev/ttyUSB0");
+    EXPECT_EQ(station.PortDevice(1), "/dev/ttyS0");
+    EXPECT_EQ(station.PortDevice(3), "/dev/ttyS2");
+}
+
+TEST(TheStation, IsOneForTheProcess) {
+    TheStation().StationRole = "Client";
+    EXPECT_EQ(TheStation().StationRole, "Client");
+    TheStation() = StationFile();
+    EXPECT_EQ(TheStation().StationRole, "");
+}
+
+} // namespace
+} // namespace Quillane

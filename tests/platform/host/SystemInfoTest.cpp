@@ -1,0 +1,26 @@
+#include "platform/host/SystemInfo.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+namespace Quillane {
+namespace {
+
+std::string ReleaseName() {
+    std::ifstream file("/etc/os-release");
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with("PRETTY_NAME=\""))
+            return line.substr(13, line.size() - 14);
+    return "";
+}
+
+TEST(OsName, IsTheSystemsOwnProductName) {
+    if (ReleaseName().empty())
+        GTEST_SKIP() << "this system does not name itself in /etc/os-release";
+    EXPECT_EQ(SystemInfo::OsName(), ReleaseName());
+}
+
+} // namespace
+} // namespace Quillane
