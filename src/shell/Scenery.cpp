@@ -68,17 +68,17 @@ void PaintMillHouse(QPainter& painter) {
     painter.fillPath(roof, QColor(0xA6, 0x5B, 0x45));
     painter.fillRect(QRectF(1340, 196, 70, 40), QColor(0x8C, 0x4B, 0x3A));
     for (int row = 0; row < 4; ++row)
-        for (int column = 0; column < 4; ++column)
+        for (int column = 0; column < (row < 3 ? 4 : 1); ++column)
             painter.fillRect(QRectF(1278 + column * 54, 338 + row * 72, 30, 42),
                              QColor(0x6F, 0x8A, 0x98));
-    painter.fillRect(QRectF(1350, 590, 52, 70), QColor(0x7A, 0x4E, 0x3A));
+    painter.fillRect(QRectF(1352, 570, 64, 90), QColor(0x7A, 0x4E, 0x3A));
 }
 
 void PaintMill(QPainter& painter) {
     for (const qreal left : {930.0, 1034.0, 1138.0})
         PaintSilo(painter, left);
     // The gallery that carries the wheat from the silos into the house.
-    painter.fillRect(QRectF(960, 330, 300, 20), QColor(0xB9, 0x8E, 0x66));
+    painter.fillRect(QRectF(968, 306, 300, 17), QColor(0xB9, 0x8E, 0x66));
     PaintMillHouse(painter);
 }
 
@@ -89,7 +89,7 @@ void PaintWheat(QPainter& painter) {
     for (int row = -16; row <= 16; ++row) {
         QPainterPath furrow(QPointF(700 + row * 34, horizon));
         furrow.quadTo(700 + row * 70, 760, 700 + row * 170, sheetHeight);
-        painter.setPen(QPen(QColor(150, 108, 36, 55), 5));
+        painter.setPen(QPen(QColor(150, 108, 36, 55), 5, Qt::SolidLine, Qt::FlatCap));
         painter.drawPath(furrow);
     }
     painter.setPen(Qt::NoPen);
