@@ -9,7 +9,7 @@
 namespace Quillane {
 
 /// The modal preview of a filled slip, from which the operator prints it. The caller sets `Report`,
-/// fills it and shows the screen.
+/// fills it and shows the screen. Escape and Ctrl+Q close it.
 class RptReportViewer : public Screen {
 public:
     RptReportViewer();
@@ -24,7 +24,9 @@ public:
 
 protected:
     void Form_Load() override;
+    void Form_Unload(bool& cancel) override;
     void Form_Resize() override;
+    void Form_KeyDown(int& key, int shift) override;
 };
 
 } // namespace Quillane

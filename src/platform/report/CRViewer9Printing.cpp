@@ -1,0 +1,133 @@
+#include "platform/forms/Boxes.h"
+#include "platform/forms/Text.h"
+#include "platform/report/CRViewer9.h"
+#include "platform/report/ReportPainter.h"
+#include "platform/report/ViewerDesktop.h"
+#include "platform/runtime/Failure.h"
+
+#include <QFileInfo>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace Quillane {
+
+namespace {
+
+void ReportFailure(const std::string& what, const std::string& why) {
+    MsgBox({.text = why.empty() ? what : what + "\n\n" + why,
+            .title = ProgramTitle(),
+            .icon = BoxIcon::Critical});
+}
+
+bool OfferPdf() {
+    const BoxAnswer answer = MsgBox({.text = "No printer is installed on this computer.\n\n"
+                                             "Do you want to save the pages as PDF?",
+                                     .title = ProgramTitle(),
+                                     .icon = BoxIcon::Question,
+                                     .buttons = BoxButtons::YesNo});
+    return answer == BoxAnswer::Yes;
+}
+
+/// Paints on a printer or a PDF. The text is what went wrong, empty where nothing did.
+template <typename Device>
+std::string PaintOn(Device& device, const ReportPainter& pages, int first, int last) {
+    QPainter painter;
+    if (!painter.begin(&device))
+        return "The device cannot be opened.";
+    if (!pages.PaintPages(painter, device, first, last) || !painter.end())
+        return "The device takes no more pages.";
+    return {};
+}
+
+std::string PrintPages(QPrinter& printer, const Report& report) {
+    ApplyPaper(printer, report);
+    const ReportPainter pages(report);
+    int first = 1;
+    int last = pages.PageCount();
+    if (printer.printRange() == QPrinter::PageRange) {
+        first = std::clamp(printer.fromPage(), 1, last);
+        last = std::clamp(printer.toPage(), first, last);
+    }
+    const std::string reason = PaintOn(printer, pages, first, last);
+    if (reason.empty() && printer.printerState() == QPrinter::Error)
+        return "The printer has refused the pages.";
+    return reason;
+}
+
+/// An existing file is replaced only once the new one is whole on the disk.
+std::string WritePdf(const QString& path, const Report& report) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return FromQt(file.errorString());
+    std::string reason;
+    {
+        QPdfWriter writer(&file);
+        writer.setTitle(ToQt(report.Title));
+        writer.setCreator(ToQt(ProgramTitle()));
+        ApplyPaper(writer, report);
+        const ReportPainter pages(report);
+        reason = PaintOn(writer, pages, 1, pages.PageCount());
+    }
+    if (!reason.empty())
+        return reason;
+    return file.commit() ? std::string() : FromQt(file.errorString());
+}
+
+std::string ReasonOf(const std::function<std::string()>& work) {
+    try {
+        return work();
+    } catch (const Failure& failure) {
+        return failure.Description();
+    }
+}
+
+} // namespace
+
+void CRViewer9::PrintReport() {
+    if (!report_)
+        return;
+    if (!PrinterInstalled()) {
+        if (OfferPdf())
+            SaveReport();
+        return;
+    }
+    if (PrintButtonClicked)
+        PrintButtonClicked();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(ToQt(report_->FileName()));
+    ApplyPaper(printer, *report_);
+    if (!ChoosePrinter(printer))
+        return;
+    const std::string reason = ReasonOf([&] { return PrintPages(printer, *report_); });
+    if (!reason.empty())
+        ReportFailure(
+            "The pages could not be printed on \"" + FromQt(printer.printerName()) + "\".", reason);
+}
+
+void CRViewer9::SaveReport() {
+    if (!report_)
+        return;
+    if (folder_.empty())
+        folder_ = DocumentsFolder();
+    const auto path = ChoosePdfFile(folder_ + report_->FileName() + ".pdf");
+    if (path && SavePdf(*path))
+        folder_ = FromQt(QFileInfo(ToQt(*path)).absolutePath()) + "/";
+}
+
+bool CRViewer9::SavePdf(const std::string& path) {
+    if (!report_)
+        return false;
+    if (PrintButtonClicked)
+        PrintButtonClicked();
+    const std::string reason = ReasonOf([&] { return WritePdf(ToQt(path), *report_); });
+    if (reason.empty())
+        return true;
+    ReportFailure("The file could not be saved:\n" + path, reason);
+    return false;
+}
+
+} // namespace Quillane

@@ -1,0 +1,51 @@
+#include "platform/report/FieldText.h"
+
+#include "platform/runtime/Failure.h"
+
+namespace Quillane {
+
+namespace {
+
+/// Text that is no date is shown as it stands rather than refused: the data is somebody else's.
+std::string DateText(const Value& value) {
+    try {
+        return ShownDate(value.AsDate());
+    } catch (const Failure&) {
+        return value.TextOrEmpty();
+    }
+}
+
+std::string ColumnText(const Value& value, ReportFormat format) {
+    if (value.IsNull())
+        return {};
+    if (format == ReportFormat::DateOnly || std::holds_alternative<Date>(value.Raw()))
+        return DateText(value);
+    return value.Text();
+}
+
+std::string FieldText(const ReportField& field, const Report& report, const Recordset* rows) {
+    using Source = ReportField::Source;
+    switch (field.source) {
+    case Source::Parameter:
+        return report.ParameterFields(field.parameter).Shown();
+    case Source::ReportTitle:
+        return report.Title;
+    case Source::Column:
+        return rows ? ColumnText(rows->Fields(field.name), field.format) : std::string();
+    case Source::Formula:
+        return rows && field.formula ? field.formula(*rows) : std::string();
+    case Source::PageNofM:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+std::string ObjectText(const ReportObject& object, const Report& report, const Recordset* rows) {
+    if (object.kind == ReportObjectKind::Field)
+        return FieldText(object.field, report, rows);
+    return object.kind == ReportObjectKind::Text ? object.text : std::string();
+}
+
+} // namespace Quillane

@@ -1,0 +1,157 @@
+#include "platform/report/ReportLayout.h"
+
+#include "platform/forms/Text.h"
+
+#include <optional>
+
+namespace Quillane {
+
+namespace {
+
+class PageBuilder {
+public:
+    explicit PageBuilder(const Report& report);
+    std::vector<ReportPage> Build();
+
+private:
+    PlacedSection LayOut(ReportSectionKind kind) const;
+    const Recordset* CurrentRow() const { return rows_ && !rows_->Eof() ? &*rows_ : nullptr; }
+    bool IsLastRow() const { return rows_->Position() + 1 == rows_->RecordCount(); }
+    double RoomOnFreshPage() const;
+    void BeginPage();
+    void EndPage();
+    void PlaceAt(const PlacedSection& section, double top);
+    void Place(const PlacedSection& section);
+    void Flow(const PlacedSection& section, double roomWanted);
+    void FlowDetails();
+    void NumberPages();
+
+    const Report& report_;
+    QSizeF sheet_;
+    std::optional<Recordset> rows_; ///< a view of our own: the caller's current row stays
+    std::vector<ReportPage> pages_;
+    PlacedSection pageFooter_;
+    double top_ = 0;
+    double bottom_ = 0;
+    bool fresh_ = true; ///< nothing has flowed onto this page yet
+};
+
+PageBuilder::PageBuilder(const Report& report) : report_(report), sheet_(SheetOf(report)) {
+    const auto& data = report.Database.Data();
+    if (!data || data->State() != adStateOpen)
+        return;
+    rows_.emplace(data->Clone());
+    if (rows_->RecordCount() > 0)
+        rows_->MoveFirst();
+}
+
+PlacedSection PageBuilder::LayOut(ReportSectionKind kind) const {
+    PlacedSection all;
+    for (const ReportSection& section : report_.Sections) {
+        if (section.Kind != kind)
+            continue;
+        PlacedSection one = LayOutSection(section, report_, CurrentRow());
+        for (PlacedObject& object : one.objects) {
+            object.place.translate(0, all.height);
+            all.objects.push_back(std::move(object));
+        }
+        all.height += one.height;
+    }
+    return all;
+}
+
+void PageBuilder::PlaceAt(const PlacedSection& section, double top) {
+    for (PlacedObject object : section.objects) {
+        object.place.translate(report_.Paper.LeftMargin, top);
+        pages_.back().objects.push_back(std::move(object));
+    }
+}
+
+void PageBuilder::Place(const PlacedSection& section) {
+    PlaceAt(section, top_);
+    top_ += section.height;
+}
+
+void PageBuilder::BeginPage() {
+    const bool isFirst = pages_.empty();
+    pages_.emplace_back();
+    top_ = report_.Paper.TopMargin;
+    pageFooter_ = LayOut(ReportSectionKind::PageFooter);
+    bottom_ = sheet_.height() - report_.Paper.BottomMargin - pageFooter_.height;
+    fresh_ = true;
+    if (isFirst) {
+        const PlacedSection header = LayOut(ReportSectionKind::ReportHeader);
+        fresh_ = header.objects.empty();
+        Place(header);
+    }
+    Place(LayOut(ReportSectionKind::PageHeader));
+}
+
+void PageBuilder::EndPage() {
+    PlaceAt(pageFooter_, bottom_);
+}
+
+double PageBuilder::RoomOnFreshPage() const {
+    return bottom_ - report_.Paper.TopMargin - LayOut(ReportSectionKind::PageHeader).height;
+}
+
+void PageBuilder::Flow(const PlacedSection& section, double roomWanted) {
+    if (!fresh_ && top_ + roomWanted > bottom_) {
+        EndPage();
+        BeginPage();
+    }
+    Place(section);
+    fresh_ = false;
+}
+
+void PageBuilder::FlowDetails() {
+    for (; rows_ && !rows_->Eof(); rows_->MoveNext()) {
+        const PlacedSection row = LayOut(ReportSectionKind::Detail);
+        double room = row.height;
+        if (IsLastRow()) {
+            const double withFooter = room + LayOut(ReportSectionKind::ReportFooter).height;
+            if (withFooter <= RoomOnFreshPage())
+                room = withFooter;
+        }
+        Flow(row, room);
+    }
+    if (rows_ && rows_->RecordCount() > 0)
+        rows_->MoveLast();
+}
+
+/// The count is known only now.
+void PageBuilder::NumberPages() {
+    const QString count = QString::number(pages_.size());
+    for (std::size_t page = 0; page < pages_.size(); ++page) {
+        const QString text = QStringLiteral("Page %1 of %2").arg(page + 1).arg(count);
+        for (PlacedObject& placed : pages_[page].objects) {
+            if (placed.object->kind == ReportObjectKind::Field &&
+                placed.object->field.source == ReportField::Source::PageNofM)
+                placed.text = std::make_shared<const TextLines>(*placed.object, text);
+        }
+    }
+}
+
+std::vector<ReportPage> PageBuilder::Build() {
+    BeginPage();
+    FlowDetails();
+    const PlacedSection footer = LayOut(ReportSectionKind::ReportFooter);
+    if (!footer.objects.empty())
+        Flow(footer, footer.height);
+    EndPage();
+    NumberPages();
+    return std::move(pages_);
+}
+
+} // namespace
+
+QSizeF SheetOf(const Report& report) {
+    const QSizeF upright(report.Paper.Width, report.Paper.Height);
+    return report.PaperOrientation == 2 ? upright.transposed() : upright;
+}
+
+std::vector<ReportPage> LayOutReport(const Report& report) {
+    return PageBuilder(report).Build();
+}
+
+} // namespace Quillane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/report/Report.h"
+
+#include <QTextLayout>
+
+#include <memory>
+
+namespace Quillane {
+
+/// A text broken into lines for an object, measured in twips on no particular device, so that
+/// every device breaks it alike.
+class TextLines {
+public:
+    TextLines(const ReportObject& object, const QString& text);
+
+    /// The height that the object needs to hold all lines; its own height where they fit.
+    double NeededHeight() const { return neededHeight_; }
+    void Draw(QPainter& painter, QPointF corner) const { layout_->draw(&painter, corner); }
+
+private:
+    double BreakIntoLines(double width, double inset, double top);
+    void ShrinkTo(double width);
+
+    std::unique_ptr<QTextLayout> layout_;
+    double neededHeight_ = 0;
+};
+
+} // namespace Quillane

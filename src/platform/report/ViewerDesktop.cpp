@@ -1,0 +1,40 @@
+#include "platform/report/ViewerDesktop.h"
+
+#include "platform/forms/Text.h"
+
+#include <QFileDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QStandardPaths>
+
+namespace Quillane {
+
+/// A printer object turns itself silently to PDF where none is installed, so that it cannot be
+/// asked.
+bool AnyPrinterInstalled() {
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+bool AskForPrinter(QPrinter& printer, QWidget& parent) {
+    QPrintDialog dialog(&printer, &parent);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+std::optional<std::string> AskForPdf(const std::string& proposedPath, QWidget& parent) {
+    QFileDialog dialog(&parent, QObject::tr("Save as PDF"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(QObject::tr("PDF documents (*.pdf)"));
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(ToQt(proposedPath));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return FromQt(dialog.selectedFiles().first());
+}
+
+std::string DocumentsFolder() {
+    return FromQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) + "/";
+}
+
+} // namespace Quillane

@@ -1,0 +1,171 @@
+#include "platform/report/ViewerPane.h"
+
+#include "platform/forms/EventBoundary.h"
+#include "platform/report/ViewerIcons.h"
+
+#include <QAction>
+#include <QGraphicsView>
+#include <QLabel>
+#include <QPrintPreviewWidget>
+#include <QScrollBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace Quillane {
+
+namespace {
+
+constexpr std::array zoomSteps{25, 50, 75, 100, 125, 150, 200, 300, 400};
+
+} // namespace
+
+ViewerPane::ViewerPane(QWidget* parent)
+    : QWidget(parent), printer_(QPrinter::HighResolution),
+      preview_(new QPrintPreviewWidget(&printer_, this)), toolbar_(new QToolBar(this)) {
+    printer_.setOutputFormat(QPrinter::PdfFormat);
+    toolbar_->setIconSize({20, 20});
+    toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    AddPaging();
+    AddZooming();
+    AddPrinting();
+    AddScrolling(Qt::Key_PageDown, 1);
+    AddScrolling(Qt::Key_PageUp, -1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(toolbar_);
+    column->addWidget(preview_, 1);
+    Pages().setAccessibleName(tr("Pages of the report"));
+    connect(preview_, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* printer) { PaintRequested(*printer); });
+    connect(preview_, &QPrintPreviewWidget::previewChanged, this, [this] { Refresh(); });
+    Refresh();
+}
+
+QWidget& ViewerPane::Pages() const {
+    return *preview_->findChild<QGraphicsView*>();
+}
+
+QAction& ViewerPane::AddAction(const QString& text, const QString& hint, const QKeySequence& key,
+                               const QIcon& icon, const std::function<void()>& triggered) {
+    QAction* action = toolbar_->addAction(icon, text);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WindowShortcut);
+    const QString shown = key.toString(QKeySequence::NativeText);
+    action->setToolTip(shown.isEmpty() ? hint : QStringLiteral("%1 (%2)").arg(hint, shown));
+    connect(action, &QAction::triggered, this, [triggered] { RunEvent(triggered); });
+    QWidget* button = toolbar_->widgetForAction(action);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setAccessibleName(hint);
+    return *action;
+}
+
+void ViewerPane::AddPaging() {
+    const auto show = [this](auto pageOf) { return [this, pageOf] { ShowPage(pageOf()); }; };
+    first_ = &AddAction({}, tr("First page"), tr("Ctrl+Home"), IconOf(ViewerIcon::FirstPage),
+                        show([] { return 1; }));
+    previous_ =
+        &AddAction({}, tr("Previous page"), tr("Ctrl+PgUp"), IconOf(ViewerIcon::PreviousPage),
+                   show([this] { return preview_->currentPage() - 1; }));
+    place_ = new QLabel(this);
+    place_->setContentsMargins(8, 0, 8, 0);
+    toolbar_->addWidget(place_);
+    next_ = &AddAction({}, tr("Next page"), tr("Ctrl+PgDown"), IconOf(ViewerIcon::NextPage),
+                       show([this] { return preview_->currentPage() + 1; }));
+    last_ = &AddAction({}, tr("Last page"), tr("Ctrl+End"), IconOf(ViewerIcon::LastPage),
+                       show([this] { return preview_->pageCount(); }));
+    toolbar_->addSeparator();
+}
+
+void ViewerPane::AddZooming() {
+    AddAction({}, tr("Zoom out"), tr("Ctrl+-"), IconOf(ViewerIcon::ZoomOut),
+              [this] { ZoomByStep(-1); });
+    QAction& in = AddAction({}, tr("Zoom in"), tr("Ctrl++"), IconOf(ViewerIcon::ZoomIn),
+                            [this] { ZoomByStep(1); });
+    in.setShortcuts({tr("Ctrl++"), tr("Ctrl+=")});
+    AddAction(tr("Page width"), tr("Fit to page width"), tr("Ctrl+1"),
+              IconOf(ViewerIcon::PageWidth), [this] { FitWidth(); });
+    AddAction(tr("Whole page"), tr("Show the whole page"), tr("Ctrl+2"),
+              IconOf(ViewerIcon::WholePage), [this] { FitPage(); });
+    toolbar_->addSeparator();
+}
+
+void ViewerPane::AddPrinting() {
+    AddAction(tr("Print"), tr("Print"), tr("Ctrl+P"), IconOf(ViewerIcon::Print),
+              [this] { PrintRequested(); });
+    AddAction(tr("Save as PDF"), tr("Save as PDF"), tr("Ctrl+S"), IconOf(ViewerIcon::SavePdf),
+              [this] { SaveRequested(); });
+    AddSpace();
+    AddAction(tr("Close"), tr("Close the preview (Esc)"), {}, IconOf(ViewerIcon::Close),
+              [this] { CloseRequested(); });
+}
+
+void ViewerPane::AddSpace() {
+    auto* space = new QWidget(this);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    toolbar_->addWidget(space);
+}
+
+void ViewerPane::AddScrolling(const QKeySequence& key, int direction) {
+    auto* action = new QAction(this);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, [this, direction] { ScrollByScreen(direction); });
+    addAction(action);
+}
+
+void ViewerPane::ScrollByScreen(int direction) {
+    QScrollBar& bar = *static_cast<QGraphicsView&>(Pages()).verticalScrollBar();
+    const int before = bar.value();
+    bar.setValue(before + direction * bar.pageStep());
+    if (bar.value() != before)
+        return;
+    const int page = preview_->currentPage() + direction;
+    if (page < 1 || page > preview_->pageCount())
+        return;
+    ShowPage(page);
+    bar.setValue(direction > 0 ? bar.minimum() : bar.maximum());
+}
+
+void ViewerPane::ShowPage(int number) {
+    preview_->setCurrentPage(std::clamp(number, 1, std::max(1, preview_->pageCount())));
+    Refresh();
+}
+
+void ViewerPane::ZoomTo(int percent) {
+    preview_->setZoomFactor(percent / 100.0);
+}
+
+void ViewerPane::FitWidth() {
+    preview_->fitToWidth();
+}
+
+void ViewerPane::FitPage() {
+    preview_->fitInView();
+}
+
+void ViewerPane::ZoomByStep(int direction) {
+    const int now = static_cast<int>(std::lround(preview_->zoomFactor() * 100));
+    if (direction > 0) {
+        const auto* larger = std::upper_bound(zoomSteps.begin(), zoomSteps.end(), now);
+        ZoomTo(larger == zoomSteps.end() ? zoomSteps.back() : *larger);
+    } else {
+        const auto* notSmaller = std::lower_bound(zoomSteps.begin(), zoomSteps.end(), now);
+        ZoomTo(notSmaller == zoomSteps.begin() ? zoomSteps.front() : *(notSmaller - 1));
+    }
+}
+
+void ViewerPane::Refresh() {
+    const int page = preview_->currentPage();
+    const int count = preview_->pageCount();
+    place_->setText(tr("Page %1 of %2").arg(page).arg(count));
+    first_->setEnabled(page > 1);
+    previous_->setEnabled(page > 1);
+    next_->setEnabled(page < count);
+    last_->setEnabled(page < count);
+}
+
+} // namespace Quillane

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QPrinter>
+#include <QWidget>
+
+#include <functional>
+
+class QAction;
+class QGraphicsView;
+class QKeySequence;
+class QLabel;
+class QPrintPreviewWidget;
+class QToolBar;
+
+namespace Quillane {
+
+/// What is seen of the viewer: a toolbar over the pages. It knows no report; it asks for the pages.
+class ViewerPane : public QWidget {
+public:
+    explicit ViewerPane(QWidget* parent);
+
+    std::function<void(QPrinter&)> PaintRequested;
+    std::function<void()> PrintRequested;
+    std::function<void()> SaveRequested;
+    std::function<void()> CloseRequested;
+
+    QPrinter& PreviewPrinter() { return printer_; }
+    QPrintPreviewWidget& Preview() { return *preview_; }
+    QWidget& Pages() const;
+
+    void ShowPage(int number);
+    void ZoomTo(int percent);
+    void FitWidth();
+    void FitPage();
+
+private:
+    QAction& AddAction(const QString& text, const QString& hint, const QKeySequence& key,
+                       const QIcon& icon, const std::function<void()>& triggered);
+    void AddPaging();
+    void AddZooming();
+    void AddPrinting();
+    void AddSpace();
+    void AddScrolling(const QKeySequence& key, int direction);
+    void ScrollByScreen(int direction);
+    void ZoomByStep(int direction);
+    void Refresh();
+
+    QPrinter printer_;
+    QPrintPreviewWidget* preview_;
+    QToolBar* toolbar_;
+    QLabel* place_ = nullptr; ///< "Page 1 of 2"
+    QAction* first_ = nullptr;
+    QAction* previous_ = nullptr;
+    QAction* next_ = nullptr;
+    QAction* last_ = nullptr;
+};
+
+} // namespace Quillane
