@@ -6,6 +6,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+
+class QString;
 
 namespace Quillane {
 
@@ -14,13 +17,18 @@ namespace Quillane {
 ///
 /// The current row is an index that the list keeps, since names may repeat. It is set by choosing
 /// or completing, not by highlighting; a text from code makes the first row of that name current,
-/// or none. Blanking or clearing makes none current. `RowChange` runs only when a row becomes
-/// current. `NotInList` runs when typed text that no row has is left behind (once per text typed
-/// since the last write from code), and the text stays; with no such handler the text is blanked.
+/// or none. Blanking or clearing makes none current. `RowChange` runs only when the marker moves to
+/// a row, not when that row was current already.
 ///
-/// Keys. Typing completes and drops the list down; Up, Down, Page Up and Page Down move in it, F4
-/// and Alt+Down open and close it, Enter and Tab take what is highlighted, Esc closes it. Every key
-/// is seen by the screen first, and once.
+/// `NotInList` runs each time that typed text which no row has is about to be left behind: a move
+/// of the focus, or Enter. The text stays, and a `SetFocus` on the list from within keeps the focus
+/// here. With no such handler the text is blanked. A text from code is never refused, nor is an
+/// empty one.
+///
+/// Keys. Typing completes and drops the list down. Up, Down, Page Up and Page Down move in the open
+/// list, and choose at once in a closed one; F4 and Alt+Down open and close it; Enter, Tab and any
+/// other move away take what is highlighted in an open list; Esc closes it and takes nothing, as a
+/// press of the mouse beside it does. Every key is seen by the screen first, and once.
 class TDBCombo : public VisualControl {
 public:
     /// The set-up that `FormatPickLists` gives; how the list looks and behaves follows it.
@@ -87,7 +95,24 @@ public:
 
 private:
     class Box;
+
+    bool HoldsRow(int row) const;
+    void SetCurrent(std::optional<int> row);
+    void Take(int row);
+    void TakeHighlighted();
+    void RefuseUnlisted();
+    void TextTyped(bool added);
+    std::optional<int> RowTyped(const QString& typed, bool added);
+    void DropDown(std::optional<int> highlighted);
+    void ToggleDropDown();
+    bool MoveChoice(int key);
+
     std::unique_ptr<Box> box_;
+    std::shared_ptr<RowArray> rows_;
+    bool bound_ = false; ///< the rows are shown
+    std::optional<int> current_;
+    bool typed_ = false; ///< the text is the operator's, not written from code or chosen
+    bool refusing_ = false;
 };
 
 } // namespace Quillane

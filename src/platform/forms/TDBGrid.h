@@ -18,10 +18,12 @@ class TDBCombo;
 /// line, deletes it. A pending cell is committed by leaving the grid, by `MoveFirst`, `Update` and
 /// `CommitEdit`, and never because Qt's focus went: what is seen is what is stored. An edit begun
 /// by typing is committed by an arrow key, which moves on; one begun with F2 keeps the arrows. Esc
-/// gives an edit up.
+/// gives an edit up. Right from the last column goes on to the next line's first, Left from the
+/// first column back to the line above.
 ///
-/// In a cell with a drop-down, text that the list does not hold is refused: the first name that
-/// begins with it is taken, else the cell keeps what it had.
+/// The first cell committed on the empty last line adds the row; an empty cell adds none. In a cell
+/// with a drop-down, text that the list does not hold is refused: the first name that begins with
+/// it is taken, else the cell keeps what it had. A cell for whole numbers takes digits alone.
 class TDBGrid : public VisualControl {
 public:
     TDBGrid(Screen& screen, std::string name);
@@ -44,11 +46,14 @@ public:
     void Update();
 
     /// The current row's text in a column; empty where there is no current row.
+    /// While a cell is being edited: what stood in it before.
     std::string ColumnText(int column) const;
+    bool IsEditing() const;
     int Row() const; ///< current row, RowCount() on the empty last line
 
     std::function<void()> AfterColUpdate; ///< a cell's new text stands in the array
-    /// The operator is changing the array's rows: an edit, an added or a deleted line.
+    /// The operator has changed the array's rows: a committed cell, an added or a deleted line.
+    /// Runs before `AfterColUpdate`.
     std::function<void()> Change;
 
     QWidget& Widget() override;
@@ -58,6 +63,8 @@ public:
 
 private:
     class View;
+    bool HandleKeyOfEdit(int key);
+    bool HandleKeyOfCell(int key);
     std::unique_ptr<View> view_;
 };
 

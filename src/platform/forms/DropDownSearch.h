@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/runtime/RowArray.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace Quillane {
+
+/// What typed text finds among the names (column 0) of a pick list, without regard to case.
+struct NameMatch {
+    std::optional<int> named;     ///< the first row of exactly this name
+    std::optional<int> beginning; ///< the first row whose name begins with it
+};
+
+/// An empty text finds nothing.
+NameMatch MatchName(const RowArray& rows, const QString& typed);
+
+/// The name in a row, as shown.
+QString NameAt(const RowArray& rows, int row);
+
+} // namespace Quillane
