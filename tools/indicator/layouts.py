@@ -1,0 +1,100 @@
+"""How weighing indicators write a weight. None of these layouts waits for an answer.
+
+Each function takes the weight in kilograms and whether the load still moves, and gives the bytes of
+one frame. Weights are whole kilograms; only the layout with a decimal place shows a fraction.
+"""
+
+STX, ETX, CR, LF = b"\x02", b"\x03", b"\r", b"\n"
+
+
+def _sign(weight, positive=b"+"):
+    return b"-" if weight < 0 else positive
+
+
+def _digits(weight, places):
+    """The amount without its sign, filled with zeros; the lowest places of one that is too long."""
+    return b"%0*d" % (places, abs(round(weight)) % 10**places)
+
+
+def _right(weight, places):
+    """The amount without its sign, filled with blanks."""
+    return b"%*d" % (places, abs(round(weight)) % 10**places)
+
+
+def checked(weight, moving):
+    """STX, sign, 6 digits, number of decimals (0), a check of two hex digits, ETX. The check is the
+    exclusive or of sign, digits and number of decimals."""
+    body = _sign(weight) + _digits(weight, 6) + b"0"
+    check = 0
+    for byte in body:
+        check ^= byte
+    return STX + body + b"%02X" % check + ETX
+
+
+def equals_reversed(weight, moving):
+    """'=', 7 digits with the lowest first, then '0', or '-' below zero. No end byte."""
+    return b"=" + _digits(weight, 7)[::-1] + _sign(weight, positive=b"0")
+
+
+def equals(weight, moving):
+    """'=', 8 digits; below zero a '-' takes the first place. No end byte."""
+    return b"=" + (b"-" + _digits(weight, 7) if weight < 0 else _digits(weight, 8))
+
+
+def status_bytes(weight, moving):
+    """STX, three status bytes, 6 digits of weight, 6 of tare (none here), CR, and a byte that makes
+    the sum of all end in seven zero bits. The second status byte tells sign and motion."""
+    state = 0x30 + (0x02 if weight < 0 else 0) + (0x08 if moving else 0)
+    body = STX + bytes([0x2A, state, 0x20]) + _digits(weight, 6) + b"000000" + CR
+    return body + bytes([-sum(body) % 128])
+
+
+def stx_unit(weight, moving):
+    """STX, sign or blank, 7 places filled with blanks, K for kilograms, G for gross, M while moving,
+    CR, LF."""
+    return (STX + _sign(weight, positive=b" ") + _right(weight, 7) + b"KG"
+            + (b"M" if moving else b" ") + CR + LF)
+
+
+def _header(moving):
+    return (b"US" if moving else b"ST") + b",GS,"
+
+
+def header(weight, moving):
+    """'ST' (steady) or 'US' (unsteady), ',GS,', sign, 7 digits, 'kg', CR, LF."""
+    return _header(moving) + _sign(weight) + _digits(weight, 7) + b"kg" + CR + LF
+
+
+def header_blank(weight, moving):
+    """As header, with a blank in the first of the 7 places, which is kept for a decimal point."""
+    return _header(moving) + _sign(weight) + b" " + _digits(weight, 6) + b"kg" + CR + LF
+
+
+def cr_first(weight, moving):
+    """CR, sign, 6 digits, m while moving, blank, 'kg', blank, g for gross, two blanks, ETX."""
+    return (CR + _sign(weight) + _digits(weight, 6) + (b"m" if moving else b" ") + b" kg g  "
+            + ETX)
+
+
+def lf_first(weight, moving):
+    """LF, Z at zero, the range's number, G for gross, M while moving, blank, the number with its
+    sign in 10 places filled with blanks, 'kg', blank, CR."""
+    return (LF + (b"Z" if round(weight) == 0 else b" ") + b"1G" + (b"M" if moving else b" ") + b" "
+            + b"%10d" % round(weight) + b"kg " + CR)
+
+
+def plain(weight, moving):
+    """Sign, 6 digits, blank, 'kg', CR, LF."""
+    return _sign(weight) + _digits(weight, 6) + b" kg" + CR + LF
+
+
+def one_decimal(weight, moving):
+    """'ST' or 'US', ',GS,', sign, 6 digits, a point, one decimal, 'kg', CR, LF."""
+    tenths = round(abs(weight) * 10)
+    return (_header(moving) + _sign(weight) + b"%06d.%d" % (tenths // 10 % 10**6, tenths % 10)
+            + b"kg" + CR + LF)
+
+
+LAYOUTS = {layout.__name__.replace("_", "-"): layout
+           for layout in (plain, header, header_blank, checked, equals_reversed, equals,
+                          status_bytes, stx_unit, cr_first, lf_first, one_decimal)}
