@@ -11,7 +11,7 @@ set -euo pipefail
 
 # One list for each purpose. What each library is for stands in README.md.
 build=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev libgl-dev
-    libsqlite3-dev libsodium-dev fontconfig fonts-liberation python3)
+    libsqlite3-dev libsodium-dev fontconfig fonts-liberation fonts-dejavu-core python3)
 walk=(xvfb xauth xdotool x11-utils openbox imagemagick poppler-utils)
 test=(libgtest-dev "${walk[@]}" sqlite3 procps)
 checks=(git clang-format clang-tidy)

@@ -18,3 +18,20 @@ AskCompanyName=0
 1=$folder/scale
 END
 }
+
+# start_indicator FOLDER: trucks drive on and off at the folder's serial line.
+start_indicator() {
+    local folder=$1
+    tools/indicator/indicator --link "$folder/scale" --scenario trucks --control \
+        "$folder/indicator-commands" >"$folder/indicator.log" 2>&1 </dev/null &
+    indicator=$!
+    until grep -q '^ready' "$folder/indicator.log"; do
+        kill -0 $indicator 2>/dev/null || { cat "$folder/indicator.log" >&2 && return 1; }
+        sleep 0.05
+    done
+}
+
+stop_indicator() {
+    kill "$indicator" 2>/dev/null || true
+    wait "$indicator" 2>/dev/null || true
+}

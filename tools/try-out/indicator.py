@@ -1,0 +1,29 @@
+"""The indicator tool as a child process."""
+
+import subprocess
+from pathlib import Path
+
+PROGRAM = Path(__file__).resolve().parents[1] / "indicator" / "indicator"
+
+
+class Indicator:
+    def __init__(self, link, weight):
+        self.process = subprocess.Popen(
+            [PROGRAM, "--link", str(link), "--weight", str(weight)], text=True,
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self._expect("ready")
+
+    def hold(self, weight):
+        """That weight stands on the scale, at once."""
+        self.process.stdin.write(f"weight {weight}\n")
+        self.process.stdin.flush()
+        self._expect("ok")
+
+    def _expect(self, beginning):
+        answer = self.process.stdout.readline()
+        if not answer.startswith(beginning):
+            raise RuntimeError(f"the indicator said {answer!r}")
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait()
