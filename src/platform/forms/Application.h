@@ -2,6 +2,9 @@
 
 #include <QApplication>
 
+class QInputMethodEvent;
+class QKeyEvent;
+
 namespace Quillane {
 
 /// The application object. It is the one place that sees every key before its control, and every
@@ -9,11 +12,16 @@ namespace Quillane {
 /// them, climbing through popups and cell editors but never out of a box or another screen.
 ///
 /// Sets the look that the screens' colours were chosen for: Fusion, a light palette on every
-/// system, Arial by name. `text` scale follows the system.
+/// system, Arial by name. The scale follows the system.
 class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
     bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    bool NotifyKey(QWidget& receiver, QKeyEvent& event);
+    bool NotifyPress(QWidget& receiver, QEvent& event);
+    bool NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event);
 };
 
 } // namespace Quillane

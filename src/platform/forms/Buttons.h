@@ -58,8 +58,12 @@ public:
     void SetValue(bool selected);
     std::function<void()> Click;
     QWidget& Widget() override;
+    /// Arrows select the next or the previous option of the group.
+    bool HandleKey(int key, int shift) override;
 
 private:
+    OptionButton* Neighbour(int step) const;
+
     class Button;
     std::unique_ptr<Button> button_;
 };

@@ -20,8 +20,9 @@ public:
     std::string Text() const; ///< the entry as listed, blanks included
     /// Selects the first entry of this text; a text that is not listed fails (5).
     void SetText(std::string_view text);
-    std::function<void()> Click; ///< when another entry becomes selected
+    std::function<void()> Click; ///< another entry became selected, by the operator or from code
     QWidget& Widget() override;
+    void CommitEdit() override;
 
 private:
     class Box;

@@ -80,9 +80,12 @@ public:
     /// What gets Qt's focus.
     virtual QWidget& FocusWidget() { return Widget(); }
 
-    /// Stores what is still being edited (a cell's pending text). Leaving a control commits first.
+    /// Stores what is still being edited (a cell's pending text) and closes what is dropped down.
+    /// Leaving a control commits first, and so does a key with Ctrl or Alt that is no editing key,
+    /// before the screen sees it: what is seen is what a shortcut works on.
     virtual void CommitEdit() {}
-    /// Runs before the screen's own handling is over and the widget gets the key; true uses it up.
+    /// Runs after `Form_KeyDown` and before `Form_KeyPress`, on the active control; true uses the
+    /// key up.
     virtual bool HandleKey(int /*key*/, int /*shift*/) { return false; }
 
 protected:

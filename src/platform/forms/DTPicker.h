@@ -18,6 +18,7 @@ public:
     void SetValue(Date date);
     std::function<void()> Change;
     QWidget& Widget() override;
+    void CommitEdit() override;
 
 private:
     class Edit;

@@ -5,13 +5,14 @@
 
 #include <QDialog>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-class QEvent;
 class QEventLoop;
+class QInputMethodEvent;
 class QKeyEvent;
 
 namespace Quillane {
@@ -50,6 +51,10 @@ public:
     /// False if `Form_Unload` cancelled.
     bool Unload();
 
+    /// With a maximise button, and shown maximised. By default a screen has neither a maximise nor
+    /// a minimise button and opens centred on the display.
+    void SetOpensMaximized();
+
     /// None before the first showing, while the screen itself has the focus, and after unloading.
     VisualControl* ActiveControl() const { return active_; }
     /// The active control's name, or the empty text.
@@ -62,6 +67,17 @@ public:
 
     /// Lets pending events run. Throws ScreenGone if they unloaded this screen.
     void DoEvents();
+
+    /// The next control in tab order that can take the focus, wrapping around: by TabIndex, ties by
+    /// the order of declaration. From none, the first (the last, if backwards). None if no control
+    /// can.
+    VisualControl* NextInTabOrder(const VisualControl* from, bool forward = true) const;
+
+    /// The screen that sees the keys of a widget: its window, or the screen that a popup (drop-down
+    /// list, calendar, completer) belongs to. None for the widgets of a box or a menu.
+    static Screen* Of(QWidget* widget);
+    /// The control that a widget is or is part of, popups included.
+    VisualControl* ControlOf(const QWidget* widget) const;
 
     /// Every event of the focus, in order, as "Validate Name", "LostFocus Name", "GotFocus Name",
     /// "Form_GotFocus": for tests that hold the order.
@@ -77,20 +93,58 @@ protected:
     virtual void Form_Resize() {}
 
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void reject() override;
 
 private:
     friend class Application;
     friend class Control;
     friend class VisualControl;
+    friend class Interruption;
+
+    /// Why the focus moves. `Unable`: the active control was disabled or hidden.
+    enum class Move { Operator, Code, Unable };
+
+    void Appear(Screen* owner);
+    void Leave();
+    void Centre();
+    bool Lives(std::uint64_t life) const { return loaded_ && life == life_; }
+
+    void TakeFirstFocus();
+    void MoveFocus(VisualControl* target, Move cause);
+    bool RunLeaving(VisualControl& leaving, VisualControl*& target, Move cause);
+    VisualControl* Reachable(VisualControl* target, VisualControl* leaving) const;
+    void Arrive(VisualControl* target);
+    void MoveOnIfUnable();
+    void GiveQtFocus();
+    void QtFocusMoved();
+    void Reconcile();
+    void PressedOn(const QWidget& widget);
+    void Observe(std::string_view event, const VisualControl* control) const;
+
+    bool PreviewKey(const QKeyEvent& event);
+    bool PreviewCharacter(char32_t character);
+    bool PreviewText(const QKeyEvent& event);
+    bool PressMnemonic(const QKeyEvent& event);
+    VisualControl* MnemonicControl(const QKeyEvent& event) const;
+    QString PreviewCommitted(const QString& text);
+    void DeliverTab();
 
     std::string name_;
     std::vector<Control*> controls_;
     VisualControl* active_ = nullptr;
+    VisualControl* wish_ = nullptr; ///< what SetFocus asked for while a control was being left
+    bool leaving_ = false;
     bool loaded_ = false;
+    bool shown_ = false;
+    bool unloading_ = false;
+    bool reconciling_ = false;
+    bool opensMaximized_ = false;
+    std::uint64_t life_ = 0; ///< counts loads and unloads: tells one showing from the next
+    QEventLoop* loop_ = nullptr;
 };
 
 } // namespace Quillane

@@ -4,8 +4,6 @@
 
 #include <memory>
 
-class QLineEdit;
-
 namespace Quillane {
 
 /// A box for one line of text.
@@ -36,6 +34,9 @@ public:
     std::function<void()> Change;
 
     QWidget& Widget() override;
+
+protected:
+    void ApplyColours() override;
 
 private:
     class Edit;

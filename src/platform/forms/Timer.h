@@ -25,9 +25,13 @@ public:
 
     std::function<void()> Tick;
 
+    /// Starts every running timer's interval anew, as the last box closes.
+    static void RestartAll();
+
 private:
     friend class Screen;
-    struct Clock;
+    class Clock;
+    void ScreenIsLoaded(bool loaded);
     std::unique_ptr<Clock> clock_;
 };
 

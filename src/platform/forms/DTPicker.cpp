@@ -1,0 +1,75 @@
+#include "platform/forms/DTPicker.h"
+
+#include "platform/forms/EventBoundary.h"
+#include "platform/forms/Screen.h"
+
+#include <QCalendarWidget>
+#include <QDateEdit>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+namespace Quillane {
+
+class DTPicker::Edit : public QDateEdit {
+public:
+    using QDateEdit::QDateEdit;
+
+    void CloseCalendar() {
+        // The calendar has shown its day in the box with every step, so closing it keeps the day.
+        if (QWidget* popup = calendarWidget()->window(); popup != window() && popup->isVisible()) {
+            popup->close();
+        }
+    }
+
+protected:
+    // A wheel turned over the box in passing changes no date.
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) {
+            QDateEdit::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
+DTPicker::DTPicker(Screen& screen, std::string name)
+    : VisualControl(screen, std::move(name), "DTPicker"), edit_(std::make_unique<Edit>(&screen)) {
+    edit_->setCalendarPopup(true);
+    edit_->setDisplayFormat("dd/MM/yyyy");
+    edit_->setFocusPolicy(Qt::StrongFocus);
+    SetValue(Today());
+    QObject::connect(edit_.get(), &QDateEdit::dateChanged, edit_.get(), [this] {
+        RunEvent([this] {
+            if (Change) {
+                Change();
+            }
+        });
+    });
+}
+
+DTPicker::~DTPicker() = default;
+
+Date DTPicker::Value() const {
+    const QDate date = edit_->date();
+    return Date(std::chrono::year(date.year()),
+                std::chrono::month(static_cast<unsigned>(date.month())),
+                std::chrono::day(static_cast<unsigned>(date.day())));
+}
+
+void DTPicker::SetValue(Date date) {
+    const QSignalBlocker blocker(*edit_);
+    edit_->setDate(QDate(static_cast<int>(date.year()),
+                         static_cast<int>(static_cast<unsigned>(date.month())),
+                         static_cast<int>(static_cast<unsigned>(date.day()))));
+}
+
+QWidget& DTPicker::Widget() {
+    return *edit_;
+}
+
+void DTPicker::CommitEdit() {
+    edit_->CloseCalendar();
+    edit_->interpretText();
+}
+
+} // namespace Quillane
