@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/report/Report.h"
+
+/// Short ways to the objects of the slip's design.
+namespace Quillane::SlipObjects {
+
+/// Colours, 0xBBGGRR.
+inline constexpr int DarkGreen = 0x2B4F1F;
+inline constexpr int BandGreen = 0xD6EBDC;
+inline constexpr int HeadGreen = 0xBFDDC8;
+inline constexpr int PaleGreen = 0xF0F8F2;
+inline constexpr int LineGreen = 0x8FB59B;
+inline constexpr int CaptionGrey = 0x505050;
+
+struct Place {
+    int left, top, width, height;
+};
+
+ReportObject At(ReportObjectKind kind, Place place);
+ReportObject Text(Place place, std::string text);
+ReportObject Column(Place place, std::string name);
+ReportObject Parameter(Place place, int position);
+ReportObject Formula(Place place, std::string name,
+                     std::function<std::string(const Recordset&)> formula);
+ReportObject Box(Place place, int fill);
+ReportObject Line(Place place);
+
+ReportObject Sized(ReportObject object, int points);
+ReportObject Bold(ReportObject object);
+ReportObject Aligned(ReportObject object, ReportAlignment alignment);
+ReportObject Growing(ReportObject object);
+ReportObject Coloured(ReportObject object, int textColour);
+/// With a border, and a fill unless it is -1.
+ReportObject Cell(ReportObject object, int fill = -1);
+
+} // namespace Quillane::SlipObjects
