@@ -2,23 +2,24 @@
 
 #include "platform/ado/Recordset.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 struct sqlite3;
 
 namespace Quillane {
 
-class Engine;
+class Session;
 
 /// What the embedded engine needs from above: where its files lie, and which SQL functions it is
 /// to know.
 struct EmbeddedSupport {
     std::string folder;                              ///< of the database files
     std::function<void(sqlite3*)> registerFunctions; ///< runs on each new session
+    std::chrono::milliseconds busyWait{30'000};      ///< for whoever holds the file's lock
 };
 
 /// The one session with the database. The members are those of the data access objects that the
@@ -34,9 +35,14 @@ public:
     void SetEmbeddedSupport(EmbeddedSupport support);
 
     /// Opens by the connection string "Driver=...;Server=...;Database=...". The server name
-    /// `(embedded)` selects the embedded engine, every other one the ODBC driver manager.
+    /// `(embedded)` selects the embedded engine, whose file `<folder>/<Database>.db` must be there:
+    /// a file that is missing, locked, write-protected or no database fails with a text that names
+    /// it. No other server can be reached in this version, and naming one fails. Opening an open
+    /// connection fails (3705).
     void Open(std::string_view connectionString, std::string_view userId = {},
               std::string_view password = {}, int options = -1);
+    /// What an open transaction has done is undone. Closing a closed connection fails (3704), as
+    /// does every member below.
     void Close();
     int State() const; ///< 0 closed, 1 open
 
@@ -46,10 +52,14 @@ public:
     /// The name of the database in use, without the folder or ending of an embedded file.
     std::string DefaultDatabase() const;
 
-    /// Runs a statement; a query gives an open recordset, anything else a closed one.
+    /// Runs one statement; a query gives an open recordset, anything else a closed one. Text behind
+    /// the first statement is a failure, and then nothing has run.
     Recordset Execute(std::string_view statement, int options = -1);
 
+    /// Transactions don't nest: a second one fails. The embedded engine takes the write lock with
+    /// the first statement behind it, and waits for it.
     void BeginTrans();
+    /// Where it fails, the transaction stays open for `RollbackTrans`.
     void CommitTrans();
     /// Fails only where no `BeginTrans` has run. Once the engine has ended a transaction by itself,
     /// every further statement fails until this is called: nothing of a broken save is ever
@@ -62,8 +72,10 @@ public:
 
 private:
     friend class Recordset;
-    struct Session;
-    std::unique_ptr<Session> session_;
+    Session& OpenSession() const;
+
+    EmbeddedSupport support_;
+    std::shared_ptr<Session> session_;
 };
 
 } // namespace Quillane

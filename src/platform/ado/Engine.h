@@ -3,12 +3,16 @@
 #include "platform/ado/ResultSet.h"
 #include "platform/ado/Value.h"
 
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Quillane {
+
+class ConnectionString;
+struct EmbeddedSupport;
 
 /// What a database engine does for `Connection`: open, run, transactions, and the key columns of a
 /// table. Every refusal is a Failure with the source "Database" and the engine's own words.
@@ -30,11 +34,32 @@ public:
     /// False once the engine has ended the open transaction by itself.
     virtual bool InTransaction() = 0;
 
-    /// The columns of the table's primary key, in key order; empty for a table without one.
+    /// The columns of the table's primary key, in key order; empty for a table without one. The
+    /// table is named as a statement names it.
     virtual std::vector<std::string> KeyColumns(std::string_view table) = 0;
+
+    /// The name of a column as a statement may hold it: quoted where it has to be.
+    virtual std::string ColumnInStatement(std::string_view column) = 0;
+
+    /// The condition that finds one row, and only one, of a table without a key by the values of
+    /// its columns, exactly. Nulls are written into it, the others are parameters in their order.
+    virtual std::string KeylessCondition(std::string_view table,
+                                         std::span<const std::string> columns,
+                                         std::span<const Value> values) = 0;
 
     /// The name of the database that the session works on.
     virtual std::string DefaultDatabase() = 0;
 };
+
+/// Who signs in, and how long the engine may take over it.
+struct SignIn {
+    std::string_view userId;
+    std::string_view password;
+    int timeoutSeconds = 15;
+};
+
+/// The one place that chooses an engine: the server name `(embedded)` means the embedded database.
+std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection, const SignIn& signIn,
+                                   const EmbeddedSupport& support);
 
 } // namespace Quillane

@@ -10,6 +10,9 @@
 namespace Quillane {
 
 class Connection;
+class ResultSet;
+class RowWalk;
+class Session;
 
 inline constexpr int adOpenDynamic = 2;
 inline constexpr int adOpenStatic = 3;
@@ -30,8 +33,12 @@ inline constexpr int adUseClient = 3;
 /// one row or it fails. The row is found by the table's key; in a table without one it is matched
 /// on all columns and the statement is limited to one row.
 ///
-/// A recordset can be moved, not copied. It must not outlive its connection's statements, but what
-/// it holds can be read after the connection has closed.
+/// The source of a recordset that is written through must be plain: "Select * From X", with
+/// whatever `Where` or `Order By` behind it. Moving away from a row with assigned fields sends them
+/// first, as `Update` does.
+///
+/// A recordset can be moved, not copied. What it holds can be read after the connection has closed;
+/// only writing needs the connection.
 class Recordset {
 public:
     Recordset();
@@ -39,21 +46,24 @@ public:
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    /// Opening an open recordset fails (3705).
+    /// Opening an open recordset fails (3705). A statement that gives no rows at all leaves the
+    /// recordset closed.
     void Open(std::string_view source, Connection& connection, int cursorType = adOpenStatic,
               int lockType = adLockReadOnly, int options = adCmdUnspecified);
-    /// Closing a closed recordset fails (3704), as does every other member but `State`.
+    /// Closing a closed recordset fails (3704), as does every other member but `State`. What was
+    /// assigned and not yet sent is dropped.
     void Close();
     int State() const;
 
     /// Of the rows that the filter shows.
     int RecordCount() const;
     bool Eof() const; ///< `EOF`; that name is a macro of the C library
-    void MoveFirst();
-    void MoveNext();
-    void MoveLast();
+    void MoveFirst(); ///< on no rows: stays at the end
+    void MoveNext();  ///< at the end it fails (3021)
+    void MoveLast();  ///< on no rows: stays at the end
 
-    /// 0-based place of the current row among the shown rows; RecordCount() at the end.
+    /// 0-based place of the current row among the shown rows; RecordCount() at the end and on a new
+    /// row that is not sent yet. Setting it beyond these bounds fails (3001).
     int Position() const;
     void SetPosition(int position);
     /// Runs after the current row has moved, by whatever means: a grid bound to the recordset
@@ -70,7 +80,11 @@ public:
     Value ValueAt(int position, int field) const;
 
     /// Shows the rows that fit "name = 'value'", comparisons by = <> < > <= >= and Like, joined by
-    /// AND / OR with parentheses, and moves to the first. The empty text shows all rows.
+    /// AND / OR with parentheses, and moves to the first. The empty text shows all rows. A value is
+    /// 'text' with apostrophes doubled, a number or Null; a comparison with a Null field never
+    /// fits, but for "= Null" and "<> Null". Numbers compare as numbers, dates as dates, all else
+    /// as text; in Like, % and * stand for any characters. A text that is no filter fails (3001),
+    /// and the filter stays as it was.
     void SetFilter(std::string_view filter);
 
     /// Moves to the first row from the first one on that fits one comparison, or to the end. On no
@@ -80,16 +94,27 @@ public:
     /// A second view on the same rows with a filter and a current row of its own.
     Recordset Clone() const;
 
+    /// Begins a new row, which becomes the current one; `RecordCount` counts it once it is sent. A
+    /// recordset opened read-only (`adLockReadOnly`) fails (3251), here and on every write.
     void AddNew();
     /// Assigns to a field of the current or the new row.
     void Collect(std::string_view name, Value value);
+    /// Sends what was assigned. Where it fails, nothing was stored and the assigned values stay
+    /// pending. A new row then stands last; fields that were not assigned read as Null.
     void Update();
-    /// Deletes the current row; the walk goes on behind it by `MoveNext`.
+    /// Deletes the current row; the walk goes on behind it by `MoveNext`. Until then there is no
+    /// current row. What was assigned to the row and not sent is dropped.
     void Delete();
 
 private:
-    struct Copy;
+    friend class Connection;
     struct View;
+
+    Recordset(ResultSet rows, std::string_view source, const std::shared_ptr<Session>& session,
+              int lockType);
+    View& Opened() const;
+    void Move(const std::function<void(RowWalk&)>& move);
+
     std::unique_ptr<View> view_;
 };
 

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <new>
+
+namespace Quillane {
+
+/// A run of bytes that grows at its end. It grows by `realloc`, which moves large blocks by
+/// remapping their pages, and leaves new bytes unwritten; a vector does neither.
+class Bytes {
+public:
+    /// Room for `count` more bytes behind the last; the caller fills them.
+    char* Extend(std::size_t count) {
+        if (size_ + count > capacity_)
+            Grow(size_ + count);
+        char* added = data_.get() + size_;
+        size_ += count;
+        return added;
+    }
+
+    char* At(std::size_t offset) { return data_.get() + offset; }
+    const char* At(std::size_t offset) const { return data_.get() + offset; }
+    std::size_t Size() const { return size_; }
+    std::size_t Capacity() const { return capacity_; }
+
+    /// Gives back what no byte is stored in.
+    void Trim() {
+        if (capacity_ > size_ && size_ > 0)
+            Resize(size_);
+    }
+
+private:
+    struct Release {
+        void operator()(char* block) const { std::free(block); }
+    };
+
+    void Grow(std::size_t needed) {
+        constexpr std::size_t smallest = 256;
+        Resize(std::max({needed, capacity_ * 2, smallest}));
+    }
+
+    void Resize(std::size_t capacity) {
+        auto* block = static_cast<char*>(std::realloc(data_.get(), capacity));
+        if (!block)
+            throw std::bad_alloc();
+        static_cast<void>(data_.release());
+        data_.reset(block);
+        capacity_ = capacity;
+    }
+
+    std::unique_ptr<char, Release> data_;
+    std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
+};
+
+} // namespace Quillane

@@ -1,0 +1,65 @@
+#include "platform/ado/Connection.h"
+
+#include "platform/ado/AdoFailure.h"
+#include "platform/ado/ConnectionString.h"
+#include "platform/ado/Session.h"
+#include "platform/runtime/Failure.h"
+
+#include <utility>
+
+namespace Quillane {
+
+Connection::Connection() = default;
+Connection::~Connection() = default;
+
+void Connection::SetEmbeddedSupport(EmbeddedSupport support) {
+    support_ = std::move(support);
+}
+
+void Connection::Open(std::string_view connectionString, std::string_view userId,
+                      std::string_view password, int) {
+    if (session_)
+        FailAccess(FailureNumber::ObjectOpen);
+    const SignIn signIn{userId, password, ConnectionTimeout};
+    auto engine = OpenEngine(ConnectionString(connectionString), signIn, support_);
+    session_ = std::make_shared<Session>(std::move(engine), StatementObserver);
+}
+
+void Connection::Close() {
+    OpenSession();
+    session_.reset();
+}
+
+int Connection::State() const {
+    return session_ ? adStateOpen : adStateClosed;
+}
+
+Session& Connection::OpenSession() const {
+    if (!session_)
+        FailAccess(FailureNumber::ObjectClosed);
+    return *session_;
+}
+
+std::string Connection::DefaultDatabase() const {
+    return OpenSession().EngineInUse().DefaultDatabase();
+}
+
+Recordset Connection::Execute(std::string_view statement, int) {
+    ResultSet rows;
+    OpenSession().Run(statement, {}, rows);
+    if (rows.FieldCount() == 0)
+        return {};
+    return {std::move(rows), statement, session_, adLockReadOnly};
+}
+
+void Connection::BeginTrans() {
+    OpenSession().Begin();
+}
+void Connection::CommitTrans() {
+    OpenSession().Commit();
+}
+void Connection::RollbackTrans() {
+    OpenSession().Rollback();
+}
+
+} // namespace Quillane

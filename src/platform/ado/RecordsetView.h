@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/ado/Recordset.h"
+#include "platform/ado/ResultSet.h"
+#include "platform/ado/RowWalk.h"
+#include "platform/ado/RowWriter.h"
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace Quillane {
+
+/// The rows of one `Open`, shared by a recordset and its clones. Each has a walk of its own here,
+/// so that a row that one of them adds or deletes is there or gone for all.
+class SharedRows {
+public:
+    SharedRows(ResultSet rows, RowWriter rowWriter);
+
+    void Add(RowWalk& walk) { walks_.push_back(&walk); }
+    void Remove(RowWalk& walk) { std::erase(walks_, &walk); }
+
+    const ResultSet& Cells() const { return cells_; }
+    const std::vector<bool>& Deleted() const { return deleted_; }
+
+    /// Each of these sends its statement first; where that fails, nothing has changed.
+    int Insert(const Assignments& assigned);
+    void Update(int row, const Assignments& assigned);
+    void Delete(int row);
+
+private:
+    ResultSet cells_;
+    RowWriter writer_;
+    std::vector<bool> deleted_; ///< empty as long as no row is
+    std::vector<RowWalk*> walks_;
+};
+
+/// What an open recordset holds: its walk over the shared rows, and what was assigned to the
+/// current row and not sent yet.
+struct Recordset::View {
+    View(std::shared_ptr<SharedRows> sharedRows, int lock);
+    ~View() { rows->Remove(walk); }
+    View(const View&) = delete;
+    View& operator=(const View&) = delete;
+
+    const ResultSet& Cells() const { return rows->Cells(); }
+    bool HasCurrentRow() const { return isAdding || walk.HasRow(); }
+    int FieldNumber(std::string_view name) const;
+    void CheckField(int field) const;
+    Value CurrentValue(int field) const;
+    const Value* Assigned(int field) const;
+    void Assign(int field, Value value);
+    void RefuseReadOnly() const;
+    void Send();
+
+    std::shared_ptr<SharedRows> rows;
+    int lockType;
+    RowWalk walk;
+    bool isAdding = false; ///< the current row is a new one that is not sent yet
+    Assignments assigned;
+};
+
+} // namespace Quillane

@@ -1,0 +1,50 @@
+#include "platform/ado/Session.h"
+
+#include "platform/ado/AdoFailure.h"
+
+namespace Quillane {
+
+long Session::Run(std::string_view statement, std::span<const Value> parameters,
+                  ResultSet& result) {
+    RefuseBrokenTransaction();
+    Observe(statement);
+    return engine_->Run(statement, parameters, result);
+}
+
+void Session::Begin() {
+    if (inTransaction_)
+        FailDatabase("A transaction is already open on this connection.");
+    Observe("BeginTrans");
+    engine_->Begin();
+    inTransaction_ = true;
+}
+
+void Session::Commit() {
+    if (!inTransaction_)
+        FailDatabase("No transaction is open, so none can be committed.");
+    RefuseBrokenTransaction();
+    Observe("CommitTrans");
+    engine_->Commit();
+    inTransaction_ = false;
+}
+
+void Session::Rollback() {
+    if (!inTransaction_)
+        FailDatabase("No transaction is open, so none can be rolled back.");
+    Observe("RollbackTrans");
+    inTransaction_ = false;
+    engine_->Rollback();
+}
+
+void Session::Observe(std::string_view text) const {
+    if (observer_)
+        observer_(text);
+}
+
+void Session::RefuseBrokenTransaction() {
+    if (inTransaction_ && !engine_->InTransaction())
+        FailDatabase("The database has ended the open transaction by itself; it has to be rolled "
+                     "back before anything else.");
+}
+
+} // namespace Quillane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/ado/Engine.h"
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace Quillane {
+
+/// What an open connection and its recordsets share: the engine, the observer of the statements and
+/// the mark of an open transaction. The mark is the caller's view: it goes by `BeginTrans` and its
+/// two ends alone, whatever the engine does meanwhile.
+class Session {
+public:
+    using Observer = std::function<void(std::string_view)>;
+
+    /// The observer is looked up at each statement, and must outlive the session.
+    Session(std::unique_ptr<Engine> engine, const Observer& observer)
+        : engine_(std::move(engine)), observer_(observer) {}
+
+    /// Fails without running anything while a transaction that the engine has ended waits for its
+    /// rollback.
+    long Run(std::string_view statement, std::span<const Value> parameters, ResultSet& result);
+    void Begin();
+    void Commit();
+    void Rollback();
+
+    Engine& EngineInUse() { return *engine_; }
+
+private:
+    void Observe(std::string_view text) const;
+    void RefuseBrokenTransaction();
+
+    std::unique_ptr<Engine> engine_;
+    const Observer& observer_;
+    bool inTransaction_ = false;
+};
+
+} // namespace Quillane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// The pieces of a statement text, as far as its surface needs them.
+namespace Quillane {
+
+enum class SqlTokenKind {
+    End,
+    Word,       ///< a name or keyword without quotes
+    QuotedName, ///< [x] or "x"
+    String,     ///< 'x', with doubled apostrophes inside
+    Number,
+    Symbol, ///< one character of anything else
+};
+
+struct SqlToken {
+    SqlTokenKind kind = SqlTokenKind::End;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+/// Takes tokens off a statement. Strings, quoted names and comments are atomic; blanks and comments
+/// are passed over. A quote that is never closed reaches to the end.
+class SqlTokens {
+public:
+    explicit SqlTokens(std::string_view text) : text_(text) {}
+
+    SqlToken Next();
+    std::string_view TextOf(const SqlToken& token) const {
+        return text_.substr(token.begin, token.end - token.begin);
+    }
+    bool IsWord(const SqlToken& token, std::string_view lowerCaseWord) const;
+    bool IsSymbol(const SqlToken& token, char symbol) const {
+        return token.kind == SqlTokenKind::Symbol && text_[token.begin] == symbol;
+    }
+    char CharacterAt(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
+
+private:
+    void SkipBlanksAndComments();
+    std::size_t EndOfQuoted(std::size_t begin, char quote) const;
+    std::size_t EndOfRun(std::size_t begin) const;
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+/// The name that a word or quoted name stands for, without its quotes.
+std::string NameOf(std::string_view token);
+
+/// Whether the text holds nothing but blanks, comments and semicolons.
+bool IsBlankStatement(std::string_view text);
+
+} // namespace Quillane

@@ -1,0 +1,176 @@
+#include "platform/ado/SqliteEngine.h"
+
+#include "platform/ado/AdoFailure.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/SqlTokens.h"
+#include "platform/ado/SqliteFile.h"
+#include "platform/ado/SqliteRows.h"
+#include "platform/ado/SqliteText.h"
+#include "platform/ado/TSqlSurface.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace Quillane {
+
+void SqliteEngine::CloseDatabase::operator()(sqlite3* database) const {
+    sqlite3_close_v2(database);
+}
+
+void SqliteEngine::FinishStatement::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
+SqliteEngine::SqliteEngine(std::string database, const EmbeddedSupport& support)
+    : database_(std::move(database)) {
+    const std::string path = ExistingDatabaseFile(support.folder, database_);
+    OpenFile(path, support);
+    Configure(path);
+    RegisterTextComparison(handle_.get());
+    if (support.registerFunctions)
+        support.registerFunctions(handle_.get());
+}
+
+void SqliteEngine::OpenFile(const std::string& path, const EmbeddedSupport& support) {
+    sqlite3* opened = nullptr;
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int outcome = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    handle_.reset(opened);
+    if (outcome != SQLITE_OK)
+        FailDatabase("The database file " + path + " cannot be opened: " + sqlite3_errstr(outcome) +
+                     ".");
+    sqlite3_busy_timeout(opened, static_cast<int>(support.busyWait.count()));
+}
+
+// The first read shows whether the file is a database and whether another program holds it.
+void SqliteEngine::Configure(const std::string& path) {
+    sqlite3* database = handle_.get();
+    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    const int outcome =
+        sqlite3_exec(database,
+                     "PRAGMA foreign_keys=ON; PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; "
+                     "SELECT count(*) FROM sqlite_schema",
+                     nullptr, nullptr, nullptr);
+    if ((outcome & 0xFF) == SQLITE_NOTADB)
+        FailDatabase("The file " + path + " is not a database.");
+    if ((outcome & 0xFF) == SQLITE_BUSY)
+        FailDatabase("The database file " + path + " is locked by another program.");
+    if (sqlite3_db_readonly(database, "main") == 1)
+        FailDatabase("The database file " + path + " is read-only.");
+    if (outcome != SQLITE_OK)
+        FailDatabase("The database file " + path + " cannot be used: " + sqlite3_errmsg(database) +
+                     ".");
+}
+
+void SqliteEngine::FailInWordsOfEngine() {
+    FailDatabase(sqlite3_errmsg(handle_.get()));
+}
+
+SqliteEngine::Statement SqliteEngine::Prepare(const std::string& text) {
+    sqlite3_stmt* prepared = nullptr;
+    const char* tail = nullptr;
+    // The length counts the closing zero, so that SQLite reads the text where it stands.
+    const int length = static_cast<int>(text.size()) + 1;
+    if (sqlite3_prepare_v2(handle_.get(), text.c_str(), length, &prepared, &tail) != SQLITE_OK)
+        FailInWordsOfEngine();
+    Statement statement(prepared);
+    if (!statement)
+        FailDatabase("The statement is empty.");
+    if (!IsBlankStatement(
+            std::string_view(text).substr(static_cast<std::size_t>(tail - text.c_str()))))
+        FailDatabase("Only one statement can be run at a time.");
+    return statement;
+}
+
+long SqliteEngine::Run(std::string_view statement, std::span<const Value> parameters,
+                       ResultSet& result) {
+    TakeWriteLock();
+    const Statement prepared = Prepare(FromTSql(statement));
+    BindSqliteParameters(prepared.get(), parameters);
+    const bool yieldsRows = sqlite3_column_count(prepared.get()) > 0;
+    if (!ReadSqliteRows(prepared.get(), result))
+        FailInWordsOfEngine();
+    return yieldsRows ? -1 : static_cast<long>(sqlite3_changes(handle_.get()));
+}
+
+void SqliteEngine::RunPlain(const char* text) {
+    if (sqlite3_exec(handle_.get(), text, nullptr, nullptr, nullptr) != SQLITE_OK)
+        FailInWordsOfEngine();
+}
+
+void SqliteEngine::Begin() {
+    beginsWithNextStatement_ = true;
+}
+
+// At once with the first statement, not with the first write: a reader that turns writer later
+// would be refused without any waiting.
+void SqliteEngine::TakeWriteLock() {
+    if (!beginsWithNextStatement_)
+        return;
+    RunPlain("BEGIN IMMEDIATE");
+    beginsWithNextStatement_ = false;
+}
+
+void SqliteEngine::Commit() {
+    if (!std::exchange(beginsWithNextStatement_, false))
+        RunPlain("COMMIT");
+}
+
+void SqliteEngine::Rollback() {
+    beginsWithNextStatement_ = false;
+    if (!sqlite3_get_autocommit(handle_.get()))
+        RunPlain("ROLLBACK");
+}
+
+bool SqliteEngine::InTransaction() {
+    return beginsWithNextStatement_ || !sqlite3_get_autocommit(handle_.get());
+}
+
+std::vector<std::string> SqliteEngine::KeyColumns(std::string_view table) {
+    const std::string name = NameOf(FromTSql(table));
+    const Statement prepared =
+        Prepare("SELECT name FROM pragma_table_info(?) WHERE pk > 0 ORDER BY pk");
+    const Value parameter = name;
+    BindSqliteParameters(prepared.get(), {&parameter, 1});
+    ResultSet keys;
+    if (!ReadSqliteRows(prepared.get(), keys))
+        FailInWordsOfEngine();
+    std::vector<std::string> columns;
+    for (int row = 0; row < keys.RowCount(); ++row)
+        columns.push_back(keys.At(row, 0).Text());
+    return columns;
+}
+
+std::string SqliteEngine::ColumnInStatement(std::string_view column) {
+    const bool isPlain = !column.empty() && !(column.front() >= '0' && column.front() <= '9') &&
+                         std::all_of(column.begin(), column.end(),
+                                     [](char c) {
+                                         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                                                (c >= '0' && c <= '9') || c == '_' ||
+                                                (c & 0x80) != 0;
+                                     }) &&
+                         !sqlite3_keyword_check(column.data(), static_cast<int>(column.size()));
+    if (isPlain)
+        return std::string(column);
+    std::string quoted = "\"";
+    for (const char c : column)
+        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return quoted + "\"";
+}
+
+std::string SqliteEngine::KeylessCondition(std::string_view table,
+                                           std::span<const std::string> columns,
+                                           std::span<const Value> values) {
+    std::string condition;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        condition += condition.empty() ? "" : " AND ";
+        condition += ColumnInStatement(columns[i]);
+        condition += values[i].IsNull() ? " IS NULL" : " = ? COLLATE BINARY";
+    }
+    const std::string source(table);
+    return "rowid = (SELECT rowid FROM " + source + " WHERE " + condition + " LIMIT 1)";
+}
+
+} // namespace Quillane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/ado/ResultSet.h"
+#include "platform/ado/Value.h"
+
+#include <span>
+
+struct sqlite3_stmt;
+
+namespace Quillane {
+
+/// Binds the values to the statement's parameters, in their order. A date is bound as the text
+/// YYYY-MM-DDT00:00:00. A wrong number of values fails.
+void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parameters);
+
+/// Steps the statement to its end and keeps all rows. Integers become whole numbers and reals
+/// floating numbers; a text in a column that is declared as some kind of DATE becomes a date where
+/// it is a whole day in the form YYYY-MM-DDT00:00:00, and stays a text otherwise. False where a
+/// step fails; the engine then holds the reason.
+bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result);
+
+} // namespace Quillane
