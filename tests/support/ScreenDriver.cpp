@@ -1,0 +1,120 @@
+#include "support/ScreenDriver.h"
+
+#include "platform/forms/Text.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QInputMethodEvent>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace Quillane::Testing {
+
+bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds deadline) {
+    const QDeadlineTimer end(deadline);
+    while (!condition()) {
+        if (end.hasExpired()) {
+            return false;
+        }
+        // Waits for what comes next, at most this long.
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QTest::qSleep(1);
+    }
+    return true;
+}
+
+ScreenDriver::ScreenDriver(Screen& screen) : screen_(screen) {}
+
+ScreenDriver& ScreenDriver::Press(QKeyCombination key) {
+    if (!screen_.isVisible()) {
+        ADD_FAILURE() << "A key for the screen " << screen_.Name() << ", which is not shown";
+        return *this;
+    }
+    const Qt::Key code = key.key() == Qt::Key_Tab && key.keyboardModifiers() & Qt::ShiftModifier
+                             ? Qt::Key_Backtab
+                             : key.key();
+    QTest::keyPress(screen_.windowHandle(), code, key.keyboardModifiers());
+    if (screen_.windowHandle()) {
+        QTest::keyRelease(screen_.windowHandle(), code, key.keyboardModifiers());
+    }
+    return *this;
+}
+
+ScreenDriver& ScreenDriver::Type(std::string_view text) {
+    for (const char character : text) {
+        QTest::keyClick(screen_.windowHandle(), character);
+    }
+    return *this;
+}
+
+ScreenDriver& ScreenDriver::Commit(std::string_view text) {
+    QInputMethodEvent event;
+    event.setCommitString(ToQt(text));
+    VisualControl* active = screen_.ActiveControl();
+    QCoreApplication::sendEvent(active ? &active->FocusWidget() : &screen_, &event);
+    return *this;
+}
+
+ScreenDriver& ScreenDriver::Click(VisualControl& control) {
+    return Click(control.Widget(), control.Widget().rect().center());
+}
+
+ScreenDriver& ScreenDriver::Click(QWidget& widget, QPoint point) {
+    QWindow* window = widget.window()->windowHandle();
+    QTest::mouseClick(window, Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
+    return *this;
+}
+
+ScreenDriver& ScreenDriver::DoubleClick(QWidget& widget, QPoint point) {
+    QWindow* window = widget.window()->windowHandle();
+    QTest::mouseDClick(window, Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
+    return *this;
+}
+
+VisualControl& ScreenDriver::Named(std::string_view name) {
+    for (Control* control : screen_.Controls()) {
+        if (auto* visual = dynamic_cast<VisualControl*>(control);
+            visual && visual->Name() == name) {
+            return *visual;
+        }
+    }
+    throw std::out_of_range("No control named " + std::string(name));
+}
+
+VisitModal::VisitModal(std::function<void(Screen&)> act)
+    : act_(std::move(act)), below_(QApplication::activeModalWidget()) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+    timer_.start(1);
+}
+
+VisitModal::~VisitModal() {
+    EXPECT_TRUE(tookPlace_) << "No modal screen came up";
+}
+
+void VisitModal::Look() {
+    QWidget* modal = QApplication::activeModalWidget();
+    auto* screen = modal != below_ ? dynamic_cast<Screen*>(modal) : nullptr;
+    if (!screen || !screen->isVisible()) {
+        return;
+    }
+    timer_.stop();
+    tookPlace_ = true;
+    act_(*screen);
+    if (screen->IsLoaded() && screen->isVisible()) {
+        ADD_FAILURE() << "The screen " << screen->Name() << " was left open";
+        screen->Unload();
+    }
+}
+
+void RunModal(Screen& screen, std::function<void(Screen&)> act, Screen* owner) {
+    VisitModal visit(std::move(act));
+    screen.ShowModal(owner);
+}
+
+} // namespace Quillane::Testing
