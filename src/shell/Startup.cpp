@@ -14,6 +14,7 @@
 #include "platform/runtime/Numbers.h"
 #include "shell/Desktop.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -98,6 +99,8 @@ std::string ReadFirstField(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::string line;
     std::getline(file, line);
+    if (!FileExists(path))
+        throw Failure(FailureNumber::FileNotFound, "File not found: " + path);
     // A folder of that name opens, and fails at the first read.
     if (!file.is_open() || file.bad())
         throw Failure(FailureNumber::PathAccess, "The file " + path + " cannot be read.");

@@ -14,7 +14,8 @@ void Main();
 
 /// The first delimited field of a text file: leading blanks are skipped; it ends at the first comma
 /// or at the end of the line, and one that opens with a double quote runs to the closing quote and
-/// loses the quotes. A file without any text fails (62), one that cannot be read fails (75).
+/// loses the quotes. An empty file fails (62), one that is missing (53) or cannot be
+/// read (75) too.
 std::string ReadFirstField(const std::string& path);
 
 /// The connection string. A station with the role "Client", and one on the operating system of this
