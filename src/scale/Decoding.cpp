@@ -98,7 +98,9 @@ std::optional<std::string> DecodeLiveWeight(std::string_view rawText, const Live
     }
     if (!reading.reversed)
         return PlainNumber(token.digits);
-    return (token.blankBehind ? " " : "") + Reversed(token.digits);
+    std::string weight(token.blankBehind ? 1 : 0, ' ');
+    weight.append(token.digits.rbegin(), token.digits.rend());
+    return weight;
 }
 
 TestWeight DecodeTestWeight(std::string_view rawText, std::string_view direction,

@@ -128,6 +128,31 @@ Whole ToWhole(double value) {
     return static_cast<Whole>(whole);
 }
 
+void FailUnlessFinite(double value) {
+    if (!std::isfinite(value))
+        Fail(FailureNumber::Overflow);
+}
+
+/// Writes significant digits, the first of which stands for ten to the `exponent`.
+void AppendPlaced(std::string& text, const std::string& digits, int exponent) {
+    const auto count = static_cast<int>(digits.size());
+    if (exponent >= 15 || (exponent < 0 && count - exponent > 16)) {
+        text.append(digits, 0, 1);
+        if (count > 1)
+            text.append(".").append(digits, 1);
+        std::array<char, 8> buffer{};
+        std::snprintf(buffer.data(), buffer.size(), "E%+03d", exponent);
+        text.append(buffer.data());
+    } else if (exponent < 0) {
+        text.append("0.").append(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
+    } else if (count <= exponent + 1) {
+        text.append(digits).append(static_cast<std::size_t>(exponent + 1 - count), '0');
+    } else {
+        const auto whole = static_cast<std::size_t>(exponent + 1);
+        text.append(digits, 0, whole).append(".").append(digits, whole);
+    }
+}
+
 } // namespace
 
 double Val(std::string_view text) {
@@ -144,6 +169,7 @@ double RoundWeight(double value) {
 }
 
 std::string WeightText(double value) {
+    FailUnlessFinite(value);
     std::array<char, 400> buffer{};
     // Adding zero turns minus zero into zero.
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
@@ -152,6 +178,7 @@ std::string WeightText(double value) {
 }
 
 std::string NumberText(double value) {
+    FailUnlessFinite(value);
     if (value == 0)
         return "0";
     std::array<char, 40> buffer{};
@@ -167,20 +194,8 @@ std::string NumberText(double value) {
     digits.erase(digits.find_last_not_of('0') + 1);
 
     std::string text = value < 0 ? "-" : "";
-    const auto count = static_cast<int>(digits.size());
-    if (exponent >= 15 || (exponent < 0 && count - exponent > 16)) {
-        text += digits.substr(0, 1);
-        if (count > 1)
-            text += "." + digits.substr(1);
-        std::snprintf(buffer.data(), buffer.size(), "E%+03d", exponent);
-        return text += buffer.data();
-    }
-    if (exponent < 0)
-        return text + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
-    if (count <= exponent + 1)
-        return text + digits + std::string(static_cast<std::size_t>(exponent + 1 - count), '0');
-    const auto whole = static_cast<std::size_t>(exponent + 1);
-    return text + digits.substr(0, whole) + "." + digits.substr(whole);
+    AppendPlaced(text, digits, exponent);
+    return text;
 }
 
 double ToDouble(std::string_view text) {

@@ -18,11 +18,12 @@ double Val(std::string_view text);
 double RoundWeight(double value);
 
 /// A whole weight as plain digits with a leading minus if negative: 8117, -40, 0.
-/// `value` must be whole; minus zero is shown as 0.
+/// `value` must be whole; minus zero is shown as 0. What has grown beyond a double fails (6).
 std::string WeightText(double value);
 
 /// The general form with at most 15 significant digits and no trailing zeros: 205.5, 12540. From
-/// 1E+15 on, and for very small numbers, the exponent form: 1.23456789012346E+15.
+/// 1E+15 on, and for very small numbers, the exponent form: 1.23456789012346E+15. What has grown
+/// beyond a double fails (6).
 std::string NumberText(double value);
 
 /// Strict readings: the whole text must be one number (blanks around it are allowed), or the

@@ -152,6 +152,12 @@ TEST(NumberText, ShowsAtMostFifteenDigitsAndNoTrailingZeros) {
         EXPECT_EQ(NumberText(value), text);
 }
 
+TEST(NumberText, FailsOnWhatHasGrownBeyondADouble) {
+    EXPECT_EQ(FailureOf([] { NumberText(largest * 10); }), 6);
+    EXPECT_EQ(FailureOf([] { WeightText(-largest * 10); }), 6);
+    EXPECT_EQ(NumberText(largest), "1.79769313486232E+308");
+}
+
 TEST(ToDouble, TakesOneWholeNumberAndNothingElse) {
     EXPECT_EQ(ToDouble("8100"), 8100);
     EXPECT_EQ(ToDouble("  -8100.25 "), -8100.25);
