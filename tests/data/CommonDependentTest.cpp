@@ -8,6 +8,9 @@
 namespace Quillane {
 namespace {
 
+using Testing::BoxAnswers;
+using Testing::Critical;
+
 using Statements = std::vector<std::string>;
 
 /// A schema of its own beside the station's: Loads with two tables that refer to it.
@@ -73,10 +76,7 @@ TEST_F(DependentTable, IsProbedByItsOwnColumnWhereTheNamesDiffer) {
 }
 
 TEST_F(DependentTable, IsProbedByTheGivenColumnWhereTheKeyDiffersInCaseOnly) {
-    boxes.Expect({.text = "no such column: LOADID",
-                  .title = "Database",
-                  .icon = BoxIcon::Critical,
-                  .buttons = BoxButtons::Ok});
+    boxes.Expect(Critical("no such column: LOADID", "Database"));
     EXPECT_EQ(Find("Loads", "LOADID=12"), "");
     EXPECT_EQ(database.statements,
               (Statements{KeysOf("Loads"), "Select TOP 1 * From Bills Where LOADID=12",
@@ -85,10 +85,7 @@ TEST_F(DependentTable, IsProbedByTheGivenColumnWhereTheKeyDiffersInCaseOnly) {
 
 TEST_F(DependentTable, FailsOpen) {
     database.Run("Insert Into Checks (CheckedLoad) Values (12)");
-    boxes.Expect({.text = "no such column: Weight",
-                  .title = "Database",
-                  .icon = BoxIcon::Critical,
-                  .buttons = BoxButtons::Ok});
+    boxes.Expect(Critical("no such column: Weight", "Database"));
     // The probe of Bills fails, so nobody looks at Checks.
     EXPECT_EQ(Find("Loads", "Weight=12"), "");
     EXPECT_EQ(database.statements.size(), 2U);
@@ -97,11 +94,8 @@ TEST_F(DependentTable, FailsOpen) {
 TEST_F(DependentTable, LeavesTheQuotesToTheCaller) {
     Find("Loads", "LoadID='12'", "Checks");
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Bills Where LoadID='12'");
-    boxes.Expect({.text = "unrecognized token: \"'12\"",
-                  .title = "Database",
-                  .icon = BoxIcon::Critical,
-                  .buttons = BoxButtons::Ok});
-    EXPECT_EQ(Find("Loads", "LoadID='12", "Checks"), "");
+    boxes.Expect(Critical("no such column: twelve", "Database"));
+    EXPECT_EQ(Find("Loads", "LoadID=twelve", "Checks"), "");
 }
 
 // ---- exclusions ----
@@ -109,6 +103,8 @@ TEST_F(DependentTable, LeavesTheQuotesToTheCaller) {
 struct Exclusion {
     std::string names;
     std::vector<std::string> probed;
+
+    friend void PrintTo(const Exclusion& exclusion, std::ostream* out) { *out << exclusion.names; }
 };
 
 class Exclusions : public DependentTable, public testing::WithParamInterface<Exclusion> {};
@@ -143,10 +139,7 @@ TEST_F(DependentTable, WithAKeyOfTwoColumnsIsProbedOncePerColumnByTheLastThatFit
     database.Run("Create Table Trips (Truck Integer, Day Integer, Primary Key (Truck, Day))");
     database.Run("Create Table Tolls (TollTruck Integer, TollDay Integer, "
                  "Foreign Key (TollTruck, TollDay) References Trips (Truck, Day))");
-    boxes.Expect({.text = "no such column: Truck",
-                  .title = "Database",
-                  .icon = BoxIcon::Critical,
-                  .buttons = BoxButtons::Ok});
+    boxes.Expect(Critical("unrecognized token: \"1ANDTollDay\"", "Database"));
     EXPECT_EQ(Find("Trips", "Truck=1 AND Day=2"), "");
     EXPECT_EQ(criteria, "Truck=1ANDDay=2");
     database.statements.clear();

@@ -15,6 +15,9 @@
 namespace Quillane {
 namespace {
 
+using Testing::BoxAnswers;
+using Testing::Critical;
+
 // ---- ShowError ----
 
 template <typename Thrown>
@@ -26,26 +29,22 @@ void Trap(const Thrown& thrown) {
     }
 }
 
-Box ErrorBox(const std::string& text, const std::string& title) {
-    return {.text = text, .title = title, .icon = BoxIcon::Critical, .buttons = BoxButtons::Ok};
-}
-
 TEST(ShowError, ShowsTheDescriptionUnderTheSource) {
     BoxAnswers boxes;
-    boxes.Expect(ErrorBox("Incorrect syntax near 's'.", "Database"));
+    boxes.Expect(Critical("Incorrect syntax near 's'.", "Database"));
     Trap(Failure(FailureNumber::Database, "Incorrect syntax near 's'.", FailureSource::Database));
 }
 
 TEST(ShowError, ShowsAnEmptyTitleForAnEmptySource) {
     BoxAnswers boxes;
-    boxes.Expect(ErrorBox("Something went wrong.", ""));
+    boxes.Expect(Critical("Something went wrong.", ""));
     Trap(Failure(1, "Something went wrong.", ""));
 }
 
 TEST(ShowError, KnowsWhatTheLanguageItselfThrows) {
     BoxAnswers boxes;
-    boxes.Expect(ErrorBox("Out of memory", "Quillane"));
-    boxes.Expect(ErrorBox("a broken rule", "Quillane"));
+    boxes.Expect(Critical("Out of memory", "Quillane"));
+    boxes.Expect(Critical("a broken rule", "Quillane"));
     Trap(std::bad_alloc());
     Trap(std::runtime_error("a broken rule"));
 }
@@ -62,6 +61,8 @@ struct KeyCase {
     std::string text;
     bool allowPoint;
     int left;
+
+    friend void PrintTo(const KeyCase& each, std::ostream* out) { *out << each.key << each.text; }
 };
 
 class AllowNumericKeyTest : public testing::TestWithParam<KeyCase> {};

@@ -48,6 +48,8 @@ TEST(StationFile, TakesBlanksLineEndsMarksAndTheCaseOfNamesAsTheyCome) {
 struct Damage {
     std::string text;
     int line;
+
+    friend void PrintTo(const Damage& damage, std::ostream* out) { *out << damage.line; }
 };
 
 class DamagedStationFile : public testing::TestWithParam<Damage> {};
