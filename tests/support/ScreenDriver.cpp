@@ -1,11 +1,14 @@
 #include "support/ScreenDriver.h"
 
+#include "platform/forms/Boxes.h"
 #include "platform/forms/Text.h"
+#include "support/BoxAnswers.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QInputMethodEvent>
+#include <QPointer>
 #include <QTest>
 #include <QWindow>
 
@@ -29,6 +32,12 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds d
     return true;
 }
 
+void PressIn(QWidget& window, QKeyCombination key) {
+    const bool back = key.key() == Qt::Key_Tab && key.keyboardModifiers() & Qt::ShiftModifier;
+    QTest::keyClick(window.windowHandle(), back ? Qt::Key_Backtab : key.key(),
+                    key.keyboardModifiers());
+}
+
 ScreenDriver::ScreenDriver(Screen& screen) : screen_(screen) {}
 
 ScreenDriver& ScreenDriver::Press(QKeyCombination key) {
@@ -36,13 +45,7 @@ ScreenDriver& ScreenDriver::Press(QKeyCombination key) {
         ADD_FAILURE() << "A key for the screen " << screen_.Name() << ", which is not shown";
         return *this;
     }
-    const Qt::Key code = key.key() == Qt::Key_Tab && key.keyboardModifiers() & Qt::ShiftModifier
-                             ? Qt::Key_Backtab
-                             : key.key();
-    QTest::keyPress(screen_.windowHandle(), code, key.keyboardModifiers());
-    if (screen_.windowHandle()) {
-        QTest::keyRelease(screen_.windowHandle(), code, key.keyboardModifiers());
-    }
+    PressIn(screen_, key);
     return *this;
 }
 
@@ -109,6 +112,32 @@ void VisitModal::Look() {
     if (screen->IsLoaded() && screen->isVisible()) {
         ADD_FAILURE() << "The screen " << screen->Name() << " was left open";
         screen->Unload();
+    }
+}
+
+VisitBox::VisitBox(std::function<void(QDialog&)> act) : act_(std::move(act)) {
+    SetBoxPresenter({});
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+    timer_.start(1);
+}
+
+VisitBox::~VisitBox() {
+    ForbidUnexpectedBoxes();
+    EXPECT_TRUE(tookPlace_) << "No box came up";
+}
+
+void VisitBox::Look() {
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!BoxIsUp() || !box || dynamic_cast<Screen*>(box) || !box->isVisible()) {
+        return;
+    }
+    timer_.stop();
+    tookPlace_ = true;
+    const QPointer<QDialog> guard = box;
+    act_(*box);
+    if (guard && guard->isVisible()) {
+        ADD_FAILURE() << "The box \"" << FromQt(guard->windowTitle()) << "\" was left open";
+        guard->reject();
     }
 }
 

@@ -68,6 +68,26 @@ private:
     bool tookPlace_ = false;
 };
 
+/// Lets real boxes come up while it stands, and acts inside the next one, once it is shown. A box
+/// that the act leaves open is closed, and fails the test; so does a visit that never took place.
+class VisitBox {
+public:
+    explicit VisitBox(std::function<void(QDialog&)> act);
+    ~VisitBox();
+    VisitBox(const VisitBox&) = delete;
+    VisitBox& operator=(const VisitBox&) = delete;
+
+private:
+    void Look();
+
+    std::function<void(QDialog&)> act_;
+    QTimer timer_;
+    bool tookPlace_ = false;
+};
+
+/// Presses and releases a key in any window, as the window system does.
+void PressIn(QWidget& window, QKeyCombination key);
+
 /// Shows a screen modally, acts inside it and returns when it has been unloaded.
 void RunModal(Screen& screen, std::function<void(Screen&)> act, Screen* owner = nullptr);
 
