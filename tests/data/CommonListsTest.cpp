@@ -196,7 +196,7 @@ const std::string commodities =
     "select commodityid as id, dbo.fungetcommodity(commodityid) as name "
     "from commodities Where 1 = 1";
 const NamesAndIds everyCommodity{
-    {"Wheat", "1"}, {"Flour", "2"}, {"Jute bags", "3"}, {"Scrap", "4"}};
+    {"Flour", "2"}, {"Jute bags", "3"}, {"Scrap", "4"}, {"Wheat", "1"}};
 
 INSTANTIATE_TEST_SUITE_P(
     OfEveryCombination, Commodities,
