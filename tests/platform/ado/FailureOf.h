@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/runtime/Failure.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace Quillane {
+
+/// The failure that an action ends in; one that ends well fails the test.
+template <typename Action>
+Failure FailureOf(Action action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        return failure;
+    }
+    ADD_FAILURE() << "no failure came";
+    return {0, "no failure came"};
+}
+
+template <typename Action>
+int FailureNumberOf(Action action) {
+    return FailureOf(std::move(action)).Number();
+}
+
+/// The text of a failure that comes from the database.
+template <typename Action>
+std::string DatabaseFailureOf(Action action) {
+    const Failure failure = FailureOf(std::move(action));
+    EXPECT_EQ(failure.Source(), FailureSource::Database);
+    return failure.Description();
+}
+
+} // namespace Quillane
