@@ -88,7 +88,8 @@ ReportObject Coloured(ReportObject object, int textColour) {
 
 ReportObject Cell(ReportObject object, int fill) {
     object.HasBorder = true;
-    object.BorderColor = LineGreen;
+    object.Inset = 70;
+    object.BorderColor = BorderGreen;
     object.BackColor = fill;
     return object;
 }

@@ -10,7 +10,9 @@ inline constexpr int DarkGreen = 0x2B4F1F;
 inline constexpr int BandGreen = 0xD6EBDC;
 inline constexpr int HeadGreen = 0xBFDDC8;
 inline constexpr int PaleGreen = 0xF0F8F2;
-inline constexpr int LineGreen = 0x8FB59B;
+inline constexpr int BorderGreen = 0x8FB59B; ///< goes black on paper
+/// Of boxes and lines, which keep it on paper.
+inline constexpr int LineGreen = 0x4A6B3F;
 inline constexpr int CaptionGrey = 0x505050;
 
 struct Place {
@@ -31,7 +33,7 @@ ReportObject Bold(ReportObject object);
 ReportObject Aligned(ReportObject object, ReportAlignment alignment);
 ReportObject Growing(ReportObject object);
 ReportObject Coloured(ReportObject object, int textColour);
-/// With a border, and a fill unless it is -1.
+/// Of a table: with a border, and a fill unless it is -1.
 ReportObject Cell(ReportObject object, int fill = -1);
 
 } // namespace Quillane::SlipObjects

@@ -62,7 +62,8 @@ struct ReportObject {
     ReportAlignment Alignment = ReportAlignment::Left;
     int TextColor = 0;
     bool CanGrow = false;
-    bool HasBorder = false; ///< field and text objects: a frame of BorderColor, the text inset
+    bool HasBorder = false; ///< field and text objects: a frame of BorderColor
+    int Inset = 0;          ///< field and text objects: twips between the sides and the text
     int LineColor = 0;      ///< box and line objects; -1: none
     int LineWidth = 10;     ///< twips
 };

@@ -2,22 +2,41 @@
 
 #include "platform/forms/Text.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 
 #include <algorithm>
+#include <map>
 
 namespace Quillane {
 
 namespace {
 
 constexpr int twipsPerPoint = 20;
-constexpr double insetOfBorder = 70;
+/// Letters of Arabic script are drawn smaller than Latin ones at the same size.
+constexpr double sizeOfRightToLeft = 1.25;
 /// Below this share of its size a text is no longer legible on paper: it is cut with an ellipsis.
 constexpr double smallestShare = 0.55;
 
-QFont FontOf(const ReportFont& font) {
-    QFont made(ToQt(font.name));
-    made.setPixelSize(font.points * twipsPerPoint);
+/// Common fallback fonts lack single letters of Urdu, and a word drawn in two fonts falls apart:
+/// the fonts that have all of them come right behind the wanted one. That one is asked for by the
+/// name of the font that stands in for it, since a name that is not there would be passed over.
+QStringList FamiliesBehind(const QString& name) {
+    return {QFontInfo(QFont(name)).family(), QStringLiteral("Noto Naskh Arabic"),
+            QStringLiteral("Scheherazade New"), QStringLiteral("Scheherazade"),
+            QStringLiteral("Amiri")};
+}
+
+const QStringList& Families(const std::string& name) {
+    static std::map<std::string, QStringList> known;
+    const auto found = known.find(name);
+    return found != known.end() ? found->second
+                                : known.emplace(name, FamiliesBehind(ToQt(name))).first->second;
+}
+
+QFont FontOf(const ReportFont& font, double size) {
+    QFont made(Families(font.name));
+    made.setPixelSize(static_cast<int>(font.points * twipsPerPoint * size));
     made.setBold(font.bold);
     made.setItalic(font.italic);
     made.setHintingPreference(QFont::PreferNoHinting);
@@ -55,32 +74,34 @@ QString Prepared(QString text, bool severalLines) {
 } // namespace
 
 TextLines::TextLines(const ReportObject& object, const QString& text)
-    : layout_(std::make_unique<QTextLayout>(Prepared(text, object.CanGrow), FontOf(object.Font))) {
-    const double inset = object.HasBorder ? insetOfBorder : 0;
-    const double width = std::max(1.0, object.Width - 2 * inset);
-    const QFontMetricsF metrics(layout_->font());
-    const double top = std::max(0.0, (object.Height - metrics.height()) / 2);
+    : layout_(std::make_unique<QTextLayout>(Prepared(text, object.CanGrow))) {
+    const double width = std::max(1.0, object.Width - 2.0 * object.Inset);
+    const QFontMetricsF usual(FontOf(object.Font, 1));
+    const double margin = std::max(0.0, (object.Height - usual.height()) / 2);
+    const double baseline = margin + usual.ascent();
+    layout_->setFont(FontOf(object.Font, text.isRightToLeft() ? sizeOfRightToLeft : 1));
     layout_->setTextOption(OptionOf(object));
-    double height = BreakIntoLines(width, inset, top);
-    if (!object.CanGrow && layout_->lineCount() > 0 &&
-        layout_->lineAt(0).naturalTextWidth() > width) {
+    double bottom = BreakIntoLines(width, object.Inset, baseline);
+    if (!object.CanGrow && layout_->lineAt(0).naturalTextWidth() > width) {
         ShrinkTo(width);
-        height = BreakIntoLines(width, inset, top);
+        bottom = BreakIntoLines(width, object.Inset, baseline);
     }
     neededHeight_ =
-        object.CanGrow ? std::max<double>(object.Height, height + 2 * top) : object.Height;
+        object.CanGrow ? std::max<double>(object.Height, bottom + margin) : object.Height;
 }
 
-double TextLines::BreakIntoLines(double width, double inset, double top) {
-    double height = 0;
+/// Whatever the script, the first line stands on the line of the caption beside it.
+double TextLines::BreakIntoLines(double width, double left, double baseline) {
+    double bottom = 0;
     layout_->beginLayout();
     for (QTextLine line = layout_->createLine(); line.isValid(); line = layout_->createLine()) {
         line.setLineWidth(width);
-        line.setPosition({inset, top + height});
-        height += line.height();
+        const double top = line.lineNumber() == 0 ? baseline - line.ascent() : bottom;
+        line.setPosition({left, top});
+        bottom = top + line.height();
     }
     layout_->endLayout();
-    return height;
+    return bottom;
 }
 
 void TextLines::ShrinkTo(double width) {

@@ -8,8 +8,8 @@
 
 namespace Quillane {
 
-/// A text broken into lines for an object, measured in twips on no particular device, so that
-/// every device breaks it alike.
+/// A text, not empty, broken into lines for an object, measured in twips on no particular device,
+/// so that every device breaks it alike.
 class TextLines {
 public:
     TextLines(const ReportObject& object, const QString& text);
@@ -19,7 +19,7 @@ public:
     void Draw(QPainter& painter, QPointF corner) const { layout_->draw(&painter, corner); }
 
 private:
-    double BreakIntoLines(double width, double inset, double top);
+    double BreakIntoLines(double width, double left, double baseline);
     void ShrinkTo(double width);
 
     std::unique_ptr<QTextLayout> layout_;

@@ -8,7 +8,8 @@ namespace Quillane {
 
 namespace {
 
-constexpr int side = 20;
+constexpr int width = 24; ///< with room beside the drawing
+constexpr int height = 20;
 
 /// A filled triangle pointing left (-1) or right (1), its tip at `tip`.
 void DrawTriangle(QPainter& painter, double tip, int direction) {
@@ -31,10 +32,9 @@ void DrawSheet(QPainter& painter, const QRectF& sheet, bool arrowsAcross) {
     const QPointF reach = arrowsAcross ? QPointF(4, 0) : QPointF(0, 5);
     painter.drawLine(middle - reach, middle + reach);
     const QPointF head = arrowsAcross ? QPointF(-2, 2) : QPointF(2, -2);
-    const QPointF mirrored = arrowsAcross ? QPointF(-2, -2) : QPointF(-2, -2);
-    for (const QPointF& side1 : {head, mirrored}) {
-        painter.drawLine(middle + reach, middle + reach + side1);
-        painter.drawLine(middle - reach, middle - reach - side1);
+    for (const QPointF& barb : {head, QPointF(-2, -2)}) {
+        painter.drawLine(middle + reach, middle + reach + barb);
+        painter.drawLine(middle - reach, middle - reach - barb);
     }
 }
 
@@ -86,11 +86,12 @@ void Draw(QPainter& painter, ViewerIcon icon) {
 }
 
 QPixmap PixmapOf(ViewerIcon icon, int scale, const QColor& colour) {
-    QPixmap pixmap(side * scale, side * scale);
+    QPixmap pixmap(width * scale, height * scale);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
+    painter.translate((width - height) / 2, 0);
     painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     Draw(painter, icon);
     painter.end();

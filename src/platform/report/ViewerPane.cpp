@@ -9,6 +9,7 @@
 #include <QPrintPreviewWidget>
 #include <QScrollBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -27,7 +28,7 @@ ViewerPane::ViewerPane(QWidget* parent)
     : QWidget(parent), printer_(QPrinter::HighResolution),
       preview_(new QPrintPreviewWidget(&printer_, this)), toolbar_(new QToolBar(this)) {
     printer_.setOutputFormat(QPrinter::PdfFormat);
-    toolbar_->setIconSize({20, 20});
+    toolbar_->setIconSize({24, 20});
     toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     AddPaging();
     AddZooming();
@@ -58,8 +59,10 @@ QAction& ViewerPane::AddAction(const QString& text, const QString& hint, const Q
     const QString shown = key.toString(QKeySequence::NativeText);
     action->setToolTip(shown.isEmpty() ? hint : QStringLiteral("%1 (%2)").arg(hint, shown));
     connect(action, &QAction::triggered, this, [triggered] { RunEvent(triggered); });
-    QWidget* button = toolbar_->widgetForAction(action);
+    auto* button = static_cast<QToolButton*>(toolbar_->widgetForAction(action));
     button->setFocusPolicy(Qt::NoFocus);
+    if (text.isEmpty())
+        button->setToolButtonStyle(Qt::ToolButtonIconOnly);
     button->setAccessibleName(hint);
     return *action;
 }

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/report/Report.h"
+#include "slip/SlipDesign.h"
+#include "slip/SlipObjects.h"
+
+#include <array>
+
+/// The sections of the slip, one file for each theme.
+namespace Quillane::SlipParts {
+
+inline constexpr int PageWidth = 10466; ///< of A4 between the margins
+
+/// The columns of the table: left edges, and the right edge of the last.
+inline constexpr std::array<int, 9> ColumnEdges{0,    480,  2860, 5240,     6066,
+                                                7166, 8316, 9366, PageWidth};
+enum TableColumn { Number, Class, Type, Bags, PerBag, Gross, Deduction, Net };
+
+inline SlipObjects::Place CellPlace(TableColumn column, int top, int height) {
+    return {ColumnEdges[column], top, ColumnEdges[column + 1] - ColumnEdges[column], height};
+}
+
+/// Who the company is, and what has arrived.
+ReportSection Heading();
+/// The captions of the table, and one row of it.
+ReportSection TableHead();
+ReportSection TableRow();
+/// The totals of the table, the weights and the signatures.
+ReportSection Weights();
+ReportSection Foot();
+
+} // namespace Quillane::SlipParts

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "data/EmbeddedFunctions.h"
+#include "data/EmbeddedSchema.h"
+#include "platform/ado/Connection.h"
+#include "platform/report/Report.h"
+#include "slip/SlipStatement.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+namespace Quillane {
+
+/// An embedded database of its own in a fresh folder, with arrivals to print: number 1042 is a
+/// usual load of two bag lines, weighed at 12540 and 4320 kg with a deduction of 17 kg.
+class SlipDatabase {
+public:
+    SlipDatabase() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "slip-XXXXXX").string();
+        folder_ = ::mkdtemp(pattern.data());
+        CreateEmbeddedDatabase(folder_ + "/Account1.db", {.companyName = "Quillane Flour Mills",
+                                                          .companyAddress = "",
+                                                          .companyPhone = "",
+                                                          .companyEmail = "",
+                                                          .userName = "ali",
+                                                          .password = "wheat",
+                                                          .hashCost = HashCost::Minimum});
+        connection.SetEmbeddedSupport(
+            {.folder = folder_, .registerFunctions = RegisterEmbeddedFunctions});
+        connection.Open("Driver=SQL Server;Server=(embedded);Database=Account1");
+        connection.CursorLocation = adUseClient;
+        AddTables();
+        AddArrival(1042, "6001");
+        AddLine(1042, {.bags = 60, .tare = 4320, .otherDeduction = 10.2, .vehicle = "LEB-4217"});
+        AddLine(1042, {.bagsClass = 2, .bagsType = 2, .bags = 40, .otherDeduction = 6.8});
+    }
+    ~SlipDatabase() {
+        connection.Close();
+        std::filesystem::remove_all(folder_);
+    }
+    SlipDatabase(const SlipDatabase&) = delete;
+    SlipDatabase& operator=(const SlipDatabase&) = delete;
+
+    struct Line {
+        int bagsClass = 1;
+        int bagsType = 1;
+        double bags = 10;
+        double bagWeight = 81.17;
+        double tare = 0;
+        double scaleDeduction = 0;
+        double otherDeduction = 0;
+        std::string vehicle;
+        std::string driver = "Ghulam Rasool";
+        std::string bilty = "B-7781";
+    };
+
+    void AddParty(std::string_view id, std::string_view name, std::string_view address,
+                  std::string_view cityId) {
+        Run("Insert Into ChartOfAccounts (AccountNo, AccountName) Values ('", id, "', '", name,
+            "')");
+        Run("Insert Into Parties (PartyId, CityId, Address) Values ('", id, "', ", cityId, ", '",
+            address, "')");
+    }
+    void AddArrival(int number, std::string_view partyId) {
+        Run("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values (", number,
+            ", '2026-11-20T00:00:00', 1, '", partyId, "')");
+    }
+    void AddLine(int arrival, const Line& line) {
+        Run("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags, "
+            "VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, "
+            "NetWeight, DriverName, BiltyNo, VehicleNoText) Values (",
+            arrival, ", 1, ", line.bagsClass, ", ", line.bagsType, ", ", line.bags, ", '",
+            line.vehicle, "', ", line.tare, ", ", line.scaleDeduction, ", ", line.bagWeight,
+            ", 0, ", line.otherDeduction, ", 0, '", line.driver, "', '", line.bilty, "', '')");
+    }
+    void AddLines(int arrival, int count) {
+        for (int line = 0; line < count; ++line)
+            AddLine(arrival, {.bagsClass = 1 + line % 2, .bagsType = 1 + line % 3});
+    }
+
+    /// Runs a statement, given in pieces.
+    template <typename... Pieces>
+    void Run(const Pieces&... pieces) {
+        std::ostringstream statement;
+        statement.precision(17);
+        (statement << ... << pieces);
+        connection.Execute(statement.str());
+    }
+
+    std::shared_ptr<Recordset> RowsOf(int arrival) {
+        auto rows = std::make_shared<Recordset>();
+        rows->Open(SlipStatement(arrival), connection, adOpenStatic, adLockReadOnly, -1);
+        return rows;
+    }
+
+    const std::string& Folder() const { return folder_; }
+
+    Connection connection;
+
+private:
+    void AddTables() {
+        Run("Insert Into Cities (CityId, CityName) Values (1, 'Faisalabad'), (2, 'لاہور')");
+        Run("Insert Into Commodities (CommodityId, CommodityName) Values (1, 'Wheat')");
+        Run("Insert Into BagsClasses (BagsClassId, BagsClass) Values (1, 'A class'), (2, 'Torn')");
+        Run("Insert Into BagsTypes (BagsTypeId, BagsType) Values (1, 'Jute 100 kg'), "
+            "(2, 'Polypropylene 50 kg'), (3, 'Cotton')");
+        AddParty("6001", "Chaudhry Grain Traders", "14 Ghalla Mandi Road", "1");
+    }
+
+    std::string folder_;
+};
+
+/// Fills a slip as the print button does.
+inline void FillSlip(Report& slip, std::shared_ptr<Recordset> rows, double initialGross = 12540,
+                     double net = 8100, std::string mounds = "202-20") {
+    slip.ParameterFields(1).AddCurrentValue("QUILLANE FLOUR MILLS");
+    slip.ParameterFields(2).AddCurrentValue("Plot 7, Industrial Estate, Sargodha Road, Faisalabad");
+    slip.ParameterFields(3).AddCurrentValue("PhoneNo: 041-555 0182");
+    slip.ParameterFields(4).AddCurrentValue("Email: gate@quillane.example");
+    slip.ParameterFields(5).AddCurrentValue(std::move(mounds));
+    slip.ParameterFields(6).AddCurrentValue(initialGross);
+    slip.ParameterFields(7).AddCurrentValue(net);
+    slip.Title = "Quillane Slip";
+    slip.Database.SetDataSource(std::move(rows), 3, 1);
+    slip.SelectPrinter("Dummy Driver", "Ding Dong", "LPT1");
+    slip.PaperOrientation = 1;
+}
+
+} // namespace Quillane
