@@ -41,6 +41,7 @@ void TDBGrid::View::BeginEdit(Begun begun, const QString& text) {
     scrollTo(currentIndex());
     editor_.setValidator(nullptr);
     editor_.setText(text);
+    digits_->BeginWith(text);
     editor_.setValidator(number ? digits_.get() : nullptr);
     editor_.setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     editor_.setAccessibleName(ToQt(CurrentColumn().caption));

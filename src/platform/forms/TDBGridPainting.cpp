@@ -53,8 +53,11 @@ void TDBGrid::View::Painter::PaintCurrent(QPainter& painter, const QRect& cell) 
 QValidator::State TDBGrid::View::Digits::validate(QString& text, int&) const {
     const bool digits =
         std::all_of(text.begin(), text.end(), [](QChar c) { return c >= '0' && c <= '9'; });
-    const bool shortened = text.size() < line_.text().size();
-    return shortened || (digits && text.size() <= LongestNumber) ? Acceptable : Invalid;
+    const bool shortened = text.size() < length_;
+    if (!shortened && !(digits && text.size() <= LongestNumber))
+        return Invalid;
+    length_ = text.size();
+    return Acceptable;
 }
 
 } // namespace Quillane

@@ -27,11 +27,11 @@ private:
 /// Lets digits alone be typed. A stored figure of another form can still be taken away from.
 class TDBGrid::View::Digits : public QValidator {
 public:
-    explicit Digits(const QLineEdit& line) : line_(line) {}
+    void BeginWith(const QString& text) { length_ = text.size(); }
     State validate(QString& text, int& caret) const override;
 
 private:
-    const QLineEdit& line_;
+    mutable qsizetype length_ = 0; ///< of the text last let through
 };
 
 } // namespace Quillane
