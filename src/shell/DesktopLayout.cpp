@@ -3,8 +3,10 @@
 #include "shell/Desktop.h"
 #include "shell/Scenery.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace Quillane {
@@ -12,6 +14,24 @@ namespace Quillane {
 namespace {
 
 constexpr int iconSize = 48;
+constexpr QSize usualSize(1080, 675);
+constexpr int titleBar = 40;
+
+/// How large things are: a small display, or one whose text is enlarged, has less room for them.
+struct Measures {
+    int margin, padding, spacing, leadingButton, button, leadingPoints, points;
+};
+constexpr Measures roomy{40, 26, 14, 68, 44, 17, 12};
+constexpr Measures tight{8, 12, 6, 44, 30, 14, 11};
+
+QSize RoomOnDisplay() {
+    const QScreen* display = QGuiApplication::primaryScreen();
+    return display ? display->availableSize() - QSize(0, titleBar) : usualSize;
+}
+
+const Measures& MeasuresInUse() {
+    return RoomOnDisplay().height() < 600 ? tight : roomy;
+}
 
 void SetFontSize(QWidget& widget, int points, bool bold) {
     QFont font = widget.font();
@@ -42,11 +62,12 @@ void MakeLeading(QWidget& button) {
 
 void Desktop::LayOut() {
     setWindowFlags(Qt::Window);
-    resize(1080, 675);
+    resize(usualSize.boundedTo(RoomOnDisplay()));
     panel_ = new QWidget(this);
     panel_->setFixedWidth(380);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(44, 40, 44, 40);
+    const int margin = MeasuresInUse().margin;
+    row->setContentsMargins(margin, margin, margin, margin);
     row->addWidget(panel_, 0, Qt::AlignVCenter);
     row->addStretch();
     LayOutPanel();
@@ -54,8 +75,9 @@ void Desktop::LayOut() {
 
 void Desktop::LayOutPanel() {
     auto* column = new QVBoxLayout(panel_);
-    column->setContentsMargins(28, 24, 28, 28);
-    column->setSpacing(14);
+    const Measures& use = MeasuresInUse();
+    column->setContentsMargins(use.padding, use.padding, use.padding, use.padding);
+    column->setSpacing(use.spacing);
     LayOutHead(*column);
     TxtWeight.SetFont("Arial", 21.75, true);
     TxtWeight.SetForeColor(0x0000FF);
@@ -63,17 +85,16 @@ void Desktop::LayOutPanel() {
     TxtWeight.SetAlignment(TextBox::Alignment::Centre);
     TxtWeight.SetAccessibleName("Weight");
     column->addWidget(&TxtWeight.Widget());
-    MakeTall(BtnWeighment.Widget(), 68, 17, true);
+    MakeTall(BtnWeighment.Widget(), use.leadingButton, use.leadingPoints, true);
     MakeLeading(BtnWeighment.Widget());
     BtnWeighment.SetToolTip("Weigh a load");
     column->addWidget(&BtnWeighment.Widget());
-    MakeTall(CmdScaleSetting.Widget(), 44, 12, false);
+    MakeTall(CmdScaleSetting.Widget(), use.button, use.points, false);
     CmdScaleSetting.SetToolTip("Set up the line to the weighing indicator");
     column->addWidget(&CmdScaleSetting.Widget());
     LayOutPaperChoice();
     column->addWidget(&Frame1.Widget());
-    column->addSpacing(6);
-    MakeTall(BtnExit.Widget(), 44, 12, false);
+    MakeTall(BtnExit.Widget(), use.button, use.points, false);
     BtnExit.SetToolTip("End the program");
     column->addWidget(&BtnExit.Widget());
 }
@@ -98,8 +119,9 @@ void Desktop::LayOutHead(QVBoxLayout& column) {
 
 void Desktop::LayOutPaperChoice() {
     auto* options = new QVBoxLayout(&Frame1.Widget());
-    options->setContentsMargins(14, 10, 14, 12);
-    options->setSpacing(8);
+    const int spacing = MeasuresInUse().spacing / 2;
+    options->setContentsMargins(14, spacing, 14, spacing);
+    options->setSpacing(spacing);
     options->addWidget(&OptWhitePage.Widget());
     options->addWidget(&OptPrintedPaper.Widget());
 }
@@ -121,7 +143,7 @@ void Desktop::paintEvent(QPaintEvent* /*event*/) {
     painter.drawPixmap(0, 0, background_);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, 225));
+    painter.setBrush(QColor(255, 255, 255, 235));
     painter.drawRoundedRect(panel_->geometry(), 14, 14);
 }
 

@@ -68,10 +68,11 @@ void PaintMillHouse(QPainter& painter) {
     painter.fillPath(roof, QColor(0xA6, 0x5B, 0x45));
     painter.fillRect(QRectF(1340, 196, 70, 40), QColor(0x8C, 0x4B, 0x3A));
     for (int row = 0; row < 4; ++row)
-        for (int column = 0; column < (row < 3 ? 4 : 1); ++column)
+        // The door stands between the outer windows of the ground floor.
+        for (int column = 0; column < 4; column += row < 3 ? 1 : 3)
             painter.fillRect(QRectF(1278 + column * 54, 338 + row * 72, 30, 42),
                              QColor(0x6F, 0x8A, 0x98));
-    painter.fillRect(QRectF(1352, 570, 64, 90), QColor(0x7A, 0x4E, 0x3A));
+    painter.fillRect(QRectF(1343, 570, 64, 90), QColor(0x7A, 0x4E, 0x3A));
 }
 
 void PaintMill(QPainter& painter) {
