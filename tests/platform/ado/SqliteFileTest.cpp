@@ -1,0 +1,110 @@
+#include "platform/ado/EmbeddedFolder.h"
+#include "platform/ado/FailureOf.h"
+
+#include <fstream>
+
+namespace Quillane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class SqliteFile : public testing::Test {
+protected:
+    /// The failure of opening, which must name the file and leave the connection closed.
+    std::string OpeningFailure(std::string_view database = "Account1") {
+        Connection connection;
+        connection.SetEmbeddedSupport(
+            {folder.Folder().string(), {}, std::chrono::milliseconds(20)});
+        const std::string words = DatabaseFailureOf([&] {
+            connection.Open("Driver=SQL Server;Server=(embedded);Database=" +
+                            std::string(database));
+        });
+        EXPECT_NE(words.find((folder.Folder() / database).string() + ".db"), std::string::npos)
+            << words;
+        EXPECT_EQ(connection.State(), 0);
+        return words;
+    }
+
+    static bool Says(const std::string& words, std::string_view part) {
+        return words.find(part) != std::string::npos;
+    }
+
+    void Overwrite(std::string_view content) {
+        std::ofstream(folder.File(), std::ios::trunc) << content;
+    }
+
+    EmbeddedFolder folder;
+};
+
+TEST_F(SqliteFile, MustBeThereAndIsNotMadeByOpening) {
+    EXPECT_TRUE(Says(OpeningFailure("Account2"), "does not exist"));
+    EXPECT_FALSE(fs::exists(folder.Folder() / "Account2.db"));
+}
+
+TEST_F(SqliteFile, IsNoFolder) {
+    fs::create_directory(folder.Folder() / "Account3.db");
+    EXPECT_TRUE(Says(OpeningFailure("Account3"), "is not a file"));
+}
+
+TEST_F(SqliteFile, IsNotEmpty) {
+    Overwrite("");
+    EXPECT_TRUE(Says(OpeningFailure(), "is empty"));
+    EXPECT_EQ(fs::file_size(folder.File()), 0U);
+}
+
+TEST_F(SqliteFile, IsADatabase) {
+    const std::string content(5000, 'x');
+    Overwrite(content);
+    EXPECT_TRUE(Says(OpeningFailure(), "is not a database"));
+    EXPECT_EQ(fs::file_size(folder.File()), content.size());
+}
+
+TEST_F(SqliteFile, CanBeWritten) {
+    fs::permissions(folder.File(), fs::perms::owner_read | fs::perms::group_read);
+    EXPECT_TRUE(Says(OpeningFailure(), "is read-only"));
+}
+
+TEST_F(SqliteFile, IsWaitedForNoLongerThanTheBusyWait) {
+    Connection holder;
+    folder.Open(holder);
+    holder.Execute("PRAGMA locking_mode=EXCLUSIVE");
+    holder.BeginTrans();
+    holder.Execute("Insert Into Project_Registry Values ('a', 'b')");
+    EXPECT_TRUE(Says(OpeningFailure(), "is locked by another program"));
+    holder.CommitTrans();
+}
+
+TEST_F(SqliteFile, MayLieInAFolderWithLettersBeyondAscii) {
+    const fs::path inner = folder.Folder() / "کانٹا Müller";
+    fs::create_directory(inner);
+    fs::copy_file(folder.File(), inner / "Account1.db");
+    Connection connection;
+    connection.SetEmbeddedSupport({inner.string(), {}});
+    connection.Open(EmbeddedFolder::connectionString);
+    EXPECT_EQ(connection.State(), 1);
+}
+
+struct StringCase {
+    std::string_view text;
+    std::string_view words;
+};
+
+TEST(ConnectionOpen, RefusesAStringThatLeadsNowhere) {
+    const StringCase cases[] = {
+        {"", "names no server"},
+        {"Driver=SQL Server;Database=Account1", "names no server"},
+        {"Driver=SQL Server;Server=(embedded)", "names no database"},
+        {"Driver=SQL Server;Server=mill-server;Database=Account1", "mill-server cannot be used"},
+    };
+    for (const StringCase& item : cases) {
+        Connection connection;
+        const std::string words = DatabaseFailureOf([&] { connection.Open(item.text); });
+        EXPECT_NE(words.find(item.words), std::string::npos) << words;
+        EXPECT_EQ(connection.State(), 0);
+    }
+}
+
+} // namespace
+
+} // namespace Quillane
