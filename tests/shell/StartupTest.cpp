@@ -1,0 +1,333 @@
+#include "shell/Startup.h"
+
+#include "SignIn.h"
+#include "data/Con.h"
+#include "data/EmbeddedSchema.h"
+#include "data/Services.h"
+#include "platform/forms/EventBoundary.h"
+#include "platform/host/ProgramFolder.h"
+#include "platform/host/StationFile.h"
+#include "platform/runtime/Failure.h"
+#include "shell/Desktop.h"
+#include "support/BoxAnswers.h"
+#include "support/ProcessEnd.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace Quillane {
+namespace {
+
+using Testing::Alert;
+using Testing::BoxAnswers;
+using Testing::Critical;
+using Testing::ProcessEnd;
+using Testing::VisitModal;
+
+/// A program folder of its own, with the embedded database Account1 and a Config.ini that names it.
+class StartUp : public testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (std::filesystem::temp_directory_path() / "start-XXXXXX").string();
+        folder_ = ::mkdtemp(pattern.data());
+        ::setenv("XDG_CONFIG_HOME", (folder_ + "/settings").c_str(), 1);
+        SetProgramFolder(folder_);
+        TheStation().CompanyNames[1] = "Veltrane Mills";
+    }
+
+    void TearDown() override {
+        TheDesktop.reset();
+        ReleaseServices();
+        Con.reset();
+        TheStation() = StationFile();
+        SetProgramFolder("");
+        ::unsetenv("XDG_CONFIG_HOME");
+        std::filesystem::remove_all(folder_);
+    }
+
+    std::string File(const std::string& name) const { return folder_ + "/" + name; }
+    void Write(const std::string& name, const std::string& text) const {
+        std::ofstream(File(name), std::ios::binary) << text;
+    }
+
+    void MakeDatabase(const std::string& name = "Account1") {
+        CreateEmbeddedDatabase(File(name + ".db"), {.companyName = "Earlier",
+                                                    .companyAddress = "",
+                                                    .companyPhone = "",
+                                                    .companyEmail = "",
+                                                    .userName = "ali",
+                                                    .password = "wheat",
+                                                    .hashCost = HashCost::Minimum});
+        Write("Config.ini", "Server=(embedded);Database=" + name);
+    }
+
+    /// Runs a statement on the database's file, beside the program.
+    void Change(const std::string& statement) const {
+        sqlite3* session = nullptr;
+        ASSERT_EQ(sqlite3_open(File("Account1.db").c_str(), &session), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(session, statement.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(session);
+        sqlite3_close(session);
+    }
+
+    /// Starts, and expects the runtime's box with this text and the end of the process.
+    void ExpectToEndWith(const std::string& text) {
+        boxes.Expect(Critical(text, "Quillane"));
+        RunEvent(Main);
+        EXPECT_EQ(end.Codes(), std::vector<int>{1});
+        EXPECT_EQ(TheDesktop, nullptr);
+    }
+
+    static std::string StoredName() {
+        return Con->Execute("Select value From Project_Registry Where registrykey ='CompanyName'")
+            .Fields(0)
+            .Text();
+    }
+
+    BoxAnswers boxes;
+    ProcessEnd end;
+
+private:
+    std::string folder_;
+};
+
+// ---- the way in ----
+
+TEST_F(StartUp, OpensTheDatabaseSignsInAndShowsTheStartScreen) {
+    MakeDatabase();
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_EQ(Con->State(), 1);
+    EXPECT_EQ(Con->ConnectionTimeout, 120);
+    EXPECT_EQ(Con->CursorLocation, 3);
+    EXPECT_EQ(UserLogin->UserLevel(), 1);
+    ASSERT_NE(TheDesktop, nullptr);
+    EXPECT_TRUE(TheDesktop->isVisible());
+    EXPECT_FALSE(TheDesktop->isModal());
+    EXPECT_TRUE(end.Codes().empty());
+}
+
+TEST_F(StartUp, WritesTheCompanysNameInCapitalsAndLoadsItAfterwards) {
+    MakeDatabase();
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_EQ(StoredName(), "VELTRANE MILLS");
+    EXPECT_EQ(CompanyProfile->CompanyTitle(), "VELTRANE MILLS");
+}
+
+TEST_F(StartUp, RunsItsStatementsInOrder) {
+    MakeDatabase();
+    TheStation().AskCompanyName = -1;
+    std::vector<std::string> statements;
+    // The connection is made by the start itself: from the question on its statements are seen.
+    SetBoxPresenter({.message = {}, .input = [&](const InputPrompt& prompt) -> std::string {
+                         EXPECT_EQ(prompt.title, "Company Name");
+                         EXPECT_EQ(prompt.defaultText, "");
+                         EXPECT_EQ(Con->State(), 1);
+                         EXPECT_EQ(UserLogin->UserLevel(), 0);
+                         Con->StatementObserver = [&](std::string_view text) {
+                             statements.emplace_back(text);
+                         };
+                         return "mill of the north";
+                     }});
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    Testing::ForbidUnexpectedBoxes();
+    ASSERT_GE(statements.size(), 3U);
+    EXPECT_EQ(statements[0], "Update Project_Registry set value ='MILL OF THE NORTH' Where "
+                             "registrykey ='CompanyName'");
+    const auto place = [&](const char* table) {
+        return std::ranges::find_if(statements,
+                                    [&](const std::string& text) {
+                                        return text.find(std::string("From ") + table) !=
+                                               std::string::npos;
+                                    }) -
+               statements.begin();
+    };
+    EXPECT_EQ(place("Project_Registry"), 1);
+    EXPECT_GT(place("StationUsers"), 1);
+    EXPECT_LT(place("StationUsers"), std::ssize(statements));
+    EXPECT_EQ(TheStation().CompanyNames[1], "MILL OF THE NORTH");
+}
+
+TEST_F(StartUp, EndsWithoutAMessageWhereNobodySignsIn) {
+    MakeDatabase();
+    const VisitModal visit(GiveUp());
+    Main();
+    EXPECT_EQ(end.Codes(), std::vector<int>{0});
+    EXPECT_EQ(TheDesktop, nullptr);
+    EXPECT_FALSE(CompanyProfile.Exists());
+    EXPECT_FALSE(DatabaseSetup.Exists());
+    EXPECT_FALSE(UserLogin.Exists());
+}
+
+TEST_F(StartUp, TakesTheCompanyFromTheDatabasesEighthCharacter) {
+    MakeDatabase("Account5");
+    TheStation().CompanyNames[5] = "Brellix";
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_EQ(StoredName(), "BRELLIX");
+}
+
+TEST_F(StartUp, KeepsTheFirstCompanyAsStoredWhereTheEntryIsEmpty) {
+    MakeDatabase("Account5");
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_EQ(StoredName(), "Veltrane Mills");
+}
+
+TEST_F(StartUp, WorksForAClientStationToo) {
+    MakeDatabase();
+    TheStation().StationRole = "Client";
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_NE(TheDesktop, nullptr);
+}
+
+TEST_F(StartUp, GoesOnWithoutTheRowOfTheCompanysName) {
+    MakeDatabase();
+    Change("Delete From Project_Registry Where registrykey = 'CompanyName'");
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_EQ(CompanyProfile->CompanyTitle(), "");
+    EXPECT_EQ(Con->Execute("Select * From Project_Registry Where registrykey = 'CompanyName'")
+                  .RecordCount(),
+              0);
+    EXPECT_NE(TheDesktop, nullptr);
+}
+
+// ---- what ends it ----
+
+TEST_F(StartUp, EndsOnAnApostropheInTheCompanysName) {
+    MakeDatabase();
+    TheStation().CompanyNames[1] = "O'Neill";
+    ExpectToEndWith("near \"NEILL\": syntax error");
+}
+
+TEST_F(StartUp, EndsOnAConfigFileThatCannotBeRead) {
+    std::filesystem::create_directory(File("Config.ini"));
+    ExpectToEndWith("The file " + File("Config.ini") + " cannot be read.");
+}
+
+TEST_F(StartUp, EndsOnAnEmptyConfigFile) {
+    Write("Config.ini", "");
+    ExpectToEndWith("Input past end of file: " + File("Config.ini") + " is empty.");
+}
+
+TEST_F(StartUp, EndsOnAConfigFileCutAtItsComma) {
+    MakeDatabase();
+    Write("Config.ini", "Server=(embedded),1433;Database=Account1");
+    ExpectToEndWith("The connection string names no database.");
+}
+
+TEST_F(StartUp, EndsOnADatabaseThatIsNotThere) {
+    Write("Config.ini", "Server=(embedded);Database=Account7");
+    ExpectToEndWith("The database file " + File("Account7.db") + " does not exist.");
+}
+
+TEST_F(StartUp, EndsOnAFileThatIsNoDatabase) {
+    Write("Config.ini", "Server=(embedded);Database=Account1");
+    Write("Account1.db", std::string(4096, 'x'));
+    ExpectToEndWith("The file " + File("Account1.db") + " is not a database.");
+}
+
+TEST_F(StartUp, EndsOnADatabaseNameWithoutACompanyNumber) {
+    MakeDatabase("Mill");
+    ExpectToEndWith("Type mismatch: the eighth character of the database name \"Mill\" is no "
+                    "company number.");
+}
+
+// ---- small steps ----
+
+struct FieldCase {
+    std::string text;
+    std::string field;
+
+    friend void PrintTo(const FieldCase& each, std::ostream* out) { *out << each.text; }
+};
+
+class FirstField : public StartUp, public testing::WithParamInterface<FieldCase> {};
+
+TEST_P(FirstField, EndsAtTheCommaTheLineOrTheClosingQuote) {
+    Write("Config.ini", GetParam().text);
+    EXPECT_EQ(ReadFirstField(File("Config.ini")), GetParam().field);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    OfEveryForm, FirstField,
+    testing::Values(FieldCase{"Server=a;Database=b", "Server=a;Database=b"},
+                    FieldCase{"Server=a;Database=b\nsecond line", "Server=a;Database=b"},
+                    FieldCase{"Server=a;Database=b\r\nsecond line", "Server=a;Database=b"},
+                    FieldCase{"Server=a;Database=b\rsecond line", "Server=a;Database=b"},
+                    FieldCase{"   Server=a", "Server=a"},
+                    FieldCase{"Server=a,1433;Database=b", "Server=a"},
+                    FieldCase{"\"Server=a,1433;Database=b\"", "Server=a,1433;Database=b"},
+                    FieldCase{"  \"Server=a,1433\";Database=b", "Server=a,1433"},
+                    FieldCase{"\"Server=a,1433", "Server=a,1433"}, FieldCase{"\"\"", ""},
+                    FieldCase{"Server=\"a,b\"", "Server=\"a"}, FieldCase{"\nServer=a", ""},
+                    FieldCase{",Server=a", ""}, FieldCase{"\xEF\xBB\xBFServer=a", "Server=a"},
+                    FieldCase{"Server=چکی", "Server=چکی"}));
+
+int NumberOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+TEST_F(StartUp, FailsToReadAFieldOfAMissingAndOfAnEmptyFile) {
+    EXPECT_EQ(NumberOf([&] { ReadFirstField(File("Config.ini")); }), FailureNumber::FileNotFound);
+    Write("Config.ini", "");
+    EXPECT_EQ(NumberOf([&] { ReadFirstField(File("Config.ini")); }), FailureNumber::InputPastEnd);
+}
+
+struct StringCase {
+    std::string osName;
+    std::string stationRole;
+    std::string text;
+
+    friend void PrintTo(const StringCase& each, std::ostream* out) { *out << each.osName; }
+};
+
+class ConnectionStringTest : public testing::TestWithParam<StringCase> {};
+
+TEST_P(ConnectionStringTest, NamesTheAnonymousUserForThatSystemAndForClients) {
+    EXPECT_EQ(ConnectionString(GetParam().osName, GetParam().stationRole, "Server=a;Database=b"),
+              GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    OfEveryStation, ConnectionStringTest,
+    testing::Values(StringCase{"Debian GNU/Linux 12 (bookworm)", "",
+                               "Driver=SQL Server;Server=a;Database=b"},
+                    StringCase{"Debian GNU/Linux 12 (bookworm)", "Client",
+                               "Driver=SQL Server;Server=a;Database=b;Uid=anonymous"},
+                    StringCase{"Debian GNU/Linux 12 (bookworm)", "client",
+                               "Driver=SQL Server;Server=a;Database=b"},
+                    StringCase{"Debian GNU/Linux 12 (bookworm)", "Server",
+                               "Driver=SQL Server;Server=a;Database=b"},
+                    StringCase{"Microsoft Windows XP", "Server",
+                               "Driver=SQL Server;Server=a;Database=b;Uid=anonymous"},
+                    StringCase{"microsoft WINDOWS xp", "",
+                               "Driver=SQL Server;Server=a;Database=b;Uid=anonymous"},
+                    StringCase{"Microsoft Windows XP Professional", "",
+                               "Driver=SQL Server;Server=a;Database=b"},
+                    StringCase{"", "", "Driver=SQL Server;Server=a;Database=b"}));
+
+TEST(CompanyNumber, IsTheEighthCharacter) {
+    EXPECT_EQ(CompanyNumber("Account1"), 1);
+    EXPECT_EQ(CompanyNumber("Account05"), 0);
+    EXPECT_EQ(CompanyNumber("Account9Mill"), 9);
+    EXPECT_EQ(CompanyNumber("Málagaä7"), 7);
+    for (const char* name : {"", "Account", "AccountX", "Account ", "Account-", "1234567"})
+        EXPECT_EQ(NumberOf([&] { CompanyNumber(name); }), FailureNumber::TypeMismatch) << name;
+}
+
+} // namespace
+} // namespace Quillane
