@@ -79,7 +79,7 @@ std::string Shown(const TestWeight& weight) {
     return "\"" + weight.notModified + "\" \"" + weight.modified + "\"";
 }
 
-constexpr int rounds = 30'000;
+constexpr int rounds = 20'000;
 
 TEST(Decoding, AgreesWithTheStepsOnAnyTextLive) {
     Chance chance;
