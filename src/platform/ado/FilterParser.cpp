@@ -13,7 +13,7 @@ namespace {
 
 [[noreturn]] void FailUnreadable(std::string_view criterion) {
     FailAccess(FailureNumber::InvalidArgument,
-               "\"" + std::string(criterion) + "\" cannot be read as a filter.");
+               "This cannot be read as a filter: " + std::string(criterion));
 }
 
 std::string Unquoted(std::string_view literal) {

@@ -18,7 +18,7 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 std::string DecimalText(std::string digits) {
     const std::size_t first = digits.starts_with('-') || digits.starts_with('+') ? 1 : 0;
     if (digits.compare(first, 1, ".") == 0)
-        digits.insert(first, "0");
+        digits.insert(first, 1, '0');
     if (digits.find('.') != std::string::npos) {
         digits.erase(digits.find_last_not_of('0') + 1);
         if (digits.ends_with('.'))
