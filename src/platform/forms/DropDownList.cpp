@@ -68,7 +68,7 @@ public:
         if (style == 0)
             return;
         painter->setPen(style == 1 ? option.palette.color(QPalette::Text)
-                                   : option.palette.color(QPalette::Mid));
+                                   : option.palette.color(QPalette::Window).darker(115));
         painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     }
 };
@@ -109,6 +109,9 @@ void DropDownList::Open(const RowArray& rows, const TDBCombo& list, const QRect&
     if (rows.RowCount() == 0)
         return;
     setFont(anchor_.font());
+    QPalette edge = anchor_.palette();
+    edge.setColor(QPalette::WindowText, edge.color(QPalette::Window).darker(160));
+    setPalette(edge);
     model_->Show(&rows);
     ApplyLook(list);
     PlaceBelow(field, list.Layout.EmptyRows);
@@ -189,7 +192,7 @@ void DropDownList::ApplyLook(const TDBCombo& list) {
     QHeaderView& rows = *table_->verticalHeader();
     rows.setVisible(set.AllowRowSizing);
     rows.setSectionResizeMode(set.AllowRowSizing ? QHeaderView::Interactive : QHeaderView::Fixed);
-    rows.setDefaultSectionSize(fontMetrics().height() + 8);
+    rows.setDefaultSectionSize(fontMetrics().height() + 10);
 }
 
 void DropDownList::PlaceBelow(const QRect& field, bool emptyRows) {

@@ -1,5 +1,6 @@
 #include "platform/forms/TDBCombo.h"
 
+#include "platform/forms/ControlColours.h"
 #include "platform/forms/DropDownSearch.h"
 #include "platform/forms/KeyCodes.h"
 #include "platform/forms/Screen.h"
@@ -13,7 +14,9 @@ namespace Quillane {
 
 TDBCombo::TDBCombo(Screen& screen, std::string name)
     : VisualControl(screen, std::move(name), "TDBCombo"),
-      box_(std::make_unique<Box>(*this, screen)) {}
+      box_(std::make_unique<Box>(*this, screen)) {
+    ApplyColours();
+}
 
 TDBCombo::~TDBCombo() = default;
 
@@ -199,6 +202,16 @@ bool TDBCombo::HandleKey(int key, int shift) {
     else if (key == Key::Tab)
         TakeHighlighted();
     return false;
+}
+
+// A closed list looks closed, and its text stays legible.
+void TDBCombo::ApplyColours() {
+    VisualControl::ApplyColours();
+    QPalette palette = box_->palette();
+    palette.setColor(QPalette::Disabled, QPalette::Base,
+                     ToQt(BackColor() == White ? ClosedGrey : BackColor()));
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x40, 0x40, 0x40));
+    box_->setPalette(palette);
 }
 
 QWidget& TDBCombo::Widget() {

@@ -93,6 +93,9 @@ public:
     void CommitEdit() override;
     bool HandleKey(int key, int shift) override;
 
+protected:
+    void ApplyColours() override;
+
 private:
     class Box;
 

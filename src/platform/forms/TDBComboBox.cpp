@@ -14,6 +14,7 @@ namespace Quillane {
 namespace {
 constexpr int ArrowWidth = 22;
 constexpr int BorderWidth = 1;
+constexpr double Rounding = 2;
 } // namespace
 
 TDBCombo::Box::Box(TDBCombo& list, QWidget& parent)
@@ -56,7 +57,7 @@ void TDBCombo::Box::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), edit_.palette().color(QPalette::Base));
     QStyleOption arrow;
     arrow.initFrom(this);
-    arrow.rect = ArrowRect().adjusted(6, 6, -6, -6);
+    arrow.rect = ArrowRect().adjusted(5, 5, -5, -5);
     style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, this);
     PaintBorder(painter);
 }
@@ -66,13 +67,14 @@ void TDBCombo::Box::PaintBorder(QPainter& painter) const {
         return;
     const bool entered = edit_.hasFocus();
     const QColor edge = entered ? palette().color(QPalette::Highlight)
-                                : palette().color(QPalette::Window).darker(140);
+                                : palette().color(QPalette::Window).darker(150);
     if (owner_.Layout.Appearance != 0 && !entered) {
         qDrawShadePanel(&painter, rect(), palette(), true, BorderWidth);
         return;
     }
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(edge);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Rounding, Rounding);
 }
 
 void TDBCombo::Box::mousePressEvent(QMouseEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "platform/forms/KeyCodes.h"
 #include "platform/forms/Screen.h"
+#include "platform/forms/TDBCombo.h"
 #include "platform/forms/TDBGridView.h"
 #include "platform/forms/Text.h"
 
@@ -27,6 +28,7 @@ void TDBGrid::AddColumn(std::string_view caption, int width, CellKind kind) {
 
 void TDBGrid::SetDropDown(int column, TDBCombo& list) {
     view_->Model().Column(column).list = &list;
+    list.SetVisible(false);
 }
 
 int TDBGrid::ColumnCount() const {

@@ -31,7 +31,7 @@ public:
 
     enum class CellKind { Text, WholeNumber };
     void AddColumn(std::string_view caption, int width, CellKind kind = CellKind::Text);
-    /// Names for the cells of a column come from this list.
+    /// Names for the cells of a column come from this list, which is itself no longer seen.
     void SetDropDown(int column, TDBCombo& list);
     int ColumnCount() const;
 

@@ -61,6 +61,10 @@ int TDBGridModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : ColumnCount();
 }
 
+Qt::ItemFlags TDBGridModel::flags(const QModelIndex& index) const {
+    return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
+}
+
 QVariant TDBGridModel::data(const QModelIndex& index, int role) const {
     const auto& column = columns_.at(static_cast<std::size_t>(index.column()));
     if (role == Qt::DisplayRole && index.column() < rows_->ColumnCount())

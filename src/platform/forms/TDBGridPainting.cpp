@@ -10,7 +10,7 @@ namespace Quillane {
 
 namespace {
 constexpr int LongestNumber = 9;
-constexpr int CellMargin = 6;
+constexpr int CellMargin = 4;
 } // namespace
 
 void TDBGrid::View::Painter::paint(QPainter* painter, const QStyleOptionViewItem& option,

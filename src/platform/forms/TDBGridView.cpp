@@ -39,6 +39,7 @@ TDBGrid::View::View(TDBGrid& grid, QWidget& parent)
     connect(verticalHeader(), &QHeaderView::sectionPressed, this,
             [this](int row) { RunEvent([this, row] { SelectLine(row); }); });
     editor_.hide();
+    editor_.setTextMargins(2, 0, 2, 0);
     editor_.SelectsOnEntry = false;
     editor_.Edited = [this](bool added) { TextTyped(added); };
     list_.Chosen = [this](int row) {
@@ -191,6 +192,7 @@ void TDBGrid::View::FitRows() {
     const int height = fontMetrics().height() + 12;
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);
+    horizontalHeader()->setMinimumHeight(height);
     verticalHeader()->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral("000")) + 12);
 }
 

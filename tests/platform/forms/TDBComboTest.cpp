@@ -1,5 +1,6 @@
 #include "platform/forms/TDBCombo.h"
 
+#include "platform/forms/Boxes.h"
 #include "platform/forms/ListScreen.h"
 #include "platform/runtime/Failure.h"
 
@@ -341,10 +342,27 @@ TEST_F(TDBComboTest, AnotherWindowBecomingActiveRefusesNothingAndKeepsTheText) {
     QWidget other;
     other.show();
     other.activateWindow();
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(Testing::WaitFor([&] { return other.isActiveWindow(); }));
     EXPECT_EQ(refusals, 0);
     EXPECT_EQ(list.Text(), "zz");
     EXPECT_FALSE(list.IsDroppedDown());
+}
+
+TEST_F(TDBComboTest, ABoxClosesTheListAndRefusesNothing) {
+    RefuseAndStay();
+    Type("zz");
+    {
+        const Testing::VisitBox visit([this](QDialog& box) {
+            EXPECT_FALSE(list.IsDroppedDown());
+            Testing::PressIn(box, Qt::Key_Return);
+        });
+        MsgBox({.text = "Meanwhile", .title = "Alert"});
+    }
+    ASSERT_TRUE(Testing::WaitFor([this] { return screen.isActiveWindow(); }));
+    EXPECT_EQ(refusals, 0);
+    EXPECT_EQ(list.Text(), "zz");
+    Type("z");
+    EXPECT_EQ(list.Text(), "zzz");
 }
 
 // Keys.

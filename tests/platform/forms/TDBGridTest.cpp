@@ -1,5 +1,6 @@
 #include "platform/forms/TDBGrid.h"
 
+#include "platform/forms/Boxes.h"
 #include "platform/forms/ListScreen.h"
 #include "platform/runtime/Failure.h"
 
@@ -43,7 +44,6 @@ public:
 
 private:
     static void FillList(TDBCombo& list, std::initializer_list<const char*> names) {
-        list.SetVisible(false);
         list.SetArray(NamesWithIds(names));
         list.ReBind();
     }
@@ -123,6 +123,22 @@ TEST_F(TDBGridTest, TwoLinesAreEnteredWithoutTheMouse) {
     EXPECT_EQ(Cell(1, TypeColumn), "100 Kg");
     EXPECT_EQ(Cell(1, QuantityColumn), "10");
     EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
+}
+
+TEST_F(TDBGridTest, WhatAnInputMethodCommitsOpensTheCellToo) {
+    EXPECT_TRUE(View().testAttribute(Qt::WA_InputMethodEnabled));
+    Testing::ScreenDriver driver(screen);
+    driver.Commit("ju");
+    ASSERT_NE(Editor(), nullptr);
+    EXPECT_EQ(Editor()->text(), "Jute");
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Cell(0, ClassColumn), "Jute");
+    GoTo(0, QuantityColumn);
+    driver.Commit("x");
+    EXPECT_EQ(Editor(), nullptr);
+    driver.Commit("7");
+    driver.Commit("5");
+    EXPECT_EQ(Editor()->text(), "75");
 }
 
 TEST_F(TDBGridTest, TypingReplacesWhatStoodInTheCell) {
@@ -456,6 +472,24 @@ TEST_F(TDBGridTest, LosingQtsFocusNeitherStoresNorDropsThePendingText) {
     EXPECT_EQ(Cell(0, QuantityColumn), "56");
 }
 
+TEST_F(TDBGridTest, ABoxNeitherStoresNorDropsThePendingText) {
+    FillTwo();
+    Type("pl");
+    {
+        const Testing::VisitBox visit([this](QDialog& box) {
+            EXPECT_EQ(DroppedRows(grid), nullptr);
+            Testing::PressIn(box, Qt::Key_Return);
+        });
+        MsgBox({.text = "Meanwhile", .title = "Alert"});
+    }
+    ASSERT_TRUE(Testing::WaitFor([this] { return screen.isActiveWindow(); }));
+    EXPECT_EQ(Cell(0, ClassColumn), "Jute");
+    ASSERT_NE(Editor(), nullptr);
+    Type("as");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Cell(0, ClassColumn), "Plastic");
+}
+
 TEST_F(TDBGridTest, QtsFocusGivenBackToTheGridGoesToTheEditor) {
     FillTwo();
     GoTo(0, QuantityColumn);
@@ -619,6 +653,11 @@ TEST_F(TDBGridTest, AGridBoundToNothingHasNoRows) {
 }
 
 // The look.
+
+TEST_F(TDBGridTest, AListThatServesAGridIsNotSeenItself) {
+    EXPECT_FALSE(screen.CboBagClass.Visible());
+    EXPECT_FALSE(screen.CboBagType.Widget().isVisible());
+}
 
 TEST_F(TDBGridTest, TheColumnsFillTheWidthAndCountsStandOnTheRight) {
     FillTwo();
