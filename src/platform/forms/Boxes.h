@@ -13,8 +13,8 @@ enum class BoxAnswer { Ok, Yes, No };
 
 /// A message box. While one is up no timer ticks (see Timer).
 struct Box {
-    std::string text;
-    std::string title; ///< as it stands, also when empty
+    std::string text{};
+    std::string title{}; ///< as it stands, also when empty
     BoxIcon icon = BoxIcon::None;
     BoxButtons buttons = BoxButtons::Ok;
     BoxAnswer defaultButton = BoxAnswer::Yes; ///< of a Yes/No box
@@ -22,9 +22,9 @@ struct Box {
 
 /// A box that asks for one line of text.
 struct InputPrompt {
-    std::string prompt;
-    std::string title;
-    std::string defaultText;
+    std::string prompt{};
+    std::string title{};
+    std::string defaultText{};
 };
 
 /// The program's title, for boxes that name no other: the application's name.

@@ -5,7 +5,10 @@
 
 #include <QCalendarWidget>
 #include <QDateEdit>
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 namespace Quillane {
@@ -19,6 +22,21 @@ public:
         if (QWidget* popup = calendarWidget()->window(); popup != window() && popup->isVisible()) {
             popup->close();
         }
+    }
+
+    // Qt has no call that opens the calendar, only a press on the arrow.
+    void OpenCalendar() {
+        QStyleOptionComboBox option;
+        option.initFrom(this);
+        option.editable = true;
+        option.subControls = QStyle::SC_All;
+        const QPointF arrow =
+            style()
+                ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this)
+                .center();
+        QMouseEvent press(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        mousePressEvent(&press);
     }
 
 protected:
@@ -65,6 +83,15 @@ void DTPicker::SetValue(Date date) {
 
 QWidget& DTPicker::Widget() {
     return *edit_;
+}
+
+bool DTPicker::HandleKey(int key, int shift) {
+    const bool opens = (key == Key::F4 && shift == ShiftState::None) ||
+                       (key == Key::Down && shift == ShiftState::Alt);
+    if (opens) {
+        edit_->OpenCalendar();
+    }
+    return opens;
 }
 
 void DTPicker::CommitEdit() {

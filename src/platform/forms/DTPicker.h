@@ -7,8 +7,8 @@
 
 namespace Quillane {
 
-/// A date box with a calendar, shown dd/MM/yyyy. `Change` runs for the operator only: assigning the
-/// value from code is no change.
+/// A date box, shown dd/MM/yyyy, with a calendar that F4 or Alt+Down opens. `Change` runs for the
+/// operator only: assigning the value from code is no change.
 class DTPicker : public VisualControl {
 public:
     DTPicker(Screen& screen, std::string name);
@@ -19,6 +19,7 @@ public:
     std::function<void()> Change;
     QWidget& Widget() override;
     void CommitEdit() override;
+    bool HandleKey(int key, int shift) override;
 
 private:
     class Edit;

@@ -44,7 +44,8 @@ void TrialScreen::Form_Unload(bool& cancel) {
 }
 
 void TrialScreen::Form_KeyDown(int& key, int shift) {
-    if (LogKeys) {
+    const bool modifier = key == Key::Shift || key == Key::Control || key == Key::Alt;
+    if (LogKeys && (LogModifiers || !modifier)) {
         Log.push_back("KeyDown " + std::to_string(key) + " " + std::to_string(shift));
     }
     if (OnKeyDown) {

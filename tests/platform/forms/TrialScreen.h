@@ -26,6 +26,7 @@ public:
     /// Focus events, keys ("KeyDown 13 0", "KeyPress 97") and the form's own events, in order.
     std::vector<std::string> Log;
     bool LogKeys = false;
+    bool LogModifiers = false; ///< also the presses of Shift, Ctrl and Alt themselves
 
     std::function<void()> OnLoad;
     std::function<void(bool&)> OnUnload;
