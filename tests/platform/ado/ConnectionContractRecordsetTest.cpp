@@ -233,6 +233,23 @@ TEST_P(ConnectionContract, TellsOnceOfEachMoveOfTheCurrentRow) {
     EXPECT_EQ(positions, std::vector<int>({1, 2, 0, 0}));
 }
 
+TEST_P(ConnectionContract, TellsOfANewRowAndOfTheStepBehindADeletedOne) {
+    AddThreeArrivals();
+    Run("Delete From ArrivalsBody");
+    Recordset rows = Writing("Select * From Arrivals Order By ArrivalID");
+    std::vector<int> positions;
+    rows.Moved = [&] { positions.push_back(rows.Position()); };
+    rows.Delete();
+    rows.MoveNext();
+    rows.AddNew();
+    rows.Collect("ArrivalID", 4);
+    rows.Update();
+    rows.Collect("DriverName", "Zia");
+    rows.Update();
+    EXPECT_EQ(positions, std::vector<int>({0, 2, 2}));
+    EXPECT_EQ(rows.Fields("ArrivalID").Long(), 4);
+}
+
 TEST_P(ConnectionContract, ReadsManyRowsAndLongTexts) {
     const std::string longText(100'000, 'x');
     connection.BeginTrans();
