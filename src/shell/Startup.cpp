@@ -61,7 +61,19 @@ void UpgradeWhereVersionsDiffer() {
         DatabaseSetup->UpgradeDatabase();
 }
 
+// A station that was never told a company's name must not blank the one that the database has.
+void TakeStoredNameWhereNoneIsGiven() {
+    std::string& first = TheStation().CompanyNames[1];
+    if (!first.empty())
+        return;
+    const Recordset stored =
+        Con->Execute("Select value From Project_Registry Where registrykey ='CompanyName'");
+    if (!stored.Eof())
+        first = stored.Fields("value").TextOrEmpty();
+}
+
 void WriteCompanyName() {
+    TakeStoredNameWhereNoneIsGiven();
     const std::int16_t companyNo = CompanyNumber(Con->DefaultDatabase());
     Con->Execute("Update Project_Registry set value ='" + GetCompanyName(companyNo) +
                      "' Where registrykey ='CompanyName'",

@@ -180,6 +180,15 @@ TEST_F(StartUp, KeepsTheFirstCompanyAsStoredWhereTheEntryIsEmpty) {
     EXPECT_EQ(StoredName(), "Veltrane Mills");
 }
 
+TEST_F(StartUp, KeepsTheDatabasesNameWhereTheStationGivesNone) {
+    MakeDatabase();
+    TheStation() = StationFile();
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_EQ(StoredName(), "EARLIER");
+    EXPECT_EQ(TheStation().CompanyNames[1], "Earlier");
+}
+
 TEST_F(StartUp, WorksForAClientStationToo) {
     MakeDatabase();
     TheStation().StationRole = "Client";

@@ -20,7 +20,9 @@ namespace Quillane {
 /// names of sections and keys may be in any case. A value runs to the end of its line.
 struct StationFile {
     std::string StationRole;
-    std::array<std::string, 10> CompanyNames; ///< 1 to 9; entry 0 is not used
+    /// 1 to 9; entry 0 is not used. An empty entry 1 takes the name that the database has, once
+    /// that is open.
+    std::array<std::string, 10> CompanyNames;
     int AskCompanyName = 0;
     std::map<int, std::string> Ports; ///< device by port number
 
