@@ -118,7 +118,6 @@ void DropDownList::Open(const RowArray& rows, const TDBCombo& list, const QRect&
     if (!IsOpen())
         qApp->installEventFilter(this);
     show();
-    raise();
 }
 
 void DropDownList::Close() {
