@@ -53,7 +53,7 @@ public:
         double tare = 0;
         double scaleDeduction = 0;
         double otherDeduction = 0;
-        std::string vehicle;
+        std::string vehicle{};
         std::string driver = "Ghulam Rasool";
         std::string bilty = "B-7781";
     };

@@ -13,7 +13,7 @@ namespace Quillane {
 
 /// The report viewer: pages on the screen, a toolbar with paging, zoom, printing and saving as PDF.
 ///
-/// Keys: Page Up and Page Down by a screenful, then by a page; Ctrl with them by a page; Ctrl+Home
+/// Keys: Page Up and Page Down by a screenful; Ctrl with them by a page; Ctrl+Home
 /// and Ctrl+End to the first and last page; Ctrl+Plus and Ctrl+Minus zoom; Ctrl+1 page width,
 /// Ctrl+2 whole page; Ctrl+P prints, Ctrl+S saves as PDF.
 class CRViewer9 : public VisualControl {

@@ -13,6 +13,8 @@ namespace Quillane {
 namespace {
 
 constexpr int twipsPerPoint = 20;
+/// The heights of lines are rounded up, one by one.
+constexpr double rounding = 5;
 /// Letters of Arabic script are drawn smaller than Latin ones at the same size.
 constexpr double sizeOfRightToLeft = 1.25;
 /// Below this share of its size a text is no longer legible on paper: it is cut with an ellipsis.
@@ -86,8 +88,9 @@ TextLines::TextLines(const ReportObject& object, const QString& text)
         ShrinkTo(width);
         bottom = BreakIntoLines(width, object.Inset, baseline);
     }
-    neededHeight_ =
-        object.CanGrow ? std::max<double>(object.Height, bottom + margin) : object.Height;
+    const double needed = bottom + margin;
+    const bool grows = object.CanGrow && needed > object.Height + rounding;
+    neededHeight_ = grows ? needed : object.Height;
 }
 
 /// Whatever the script, the first line stands on the line of the caption beside it.

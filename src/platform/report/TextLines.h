@@ -16,6 +16,10 @@ public:
 
     /// The height that the object needs to hold all lines; its own height where they fit.
     double NeededHeight() const { return neededHeight_; }
+    QString Text() const { return layout_->text(); }
+    int LineCount() const { return layout_->lineCount(); }
+    /// Of the font, in twips: smaller than asked for where the text did not fit.
+    int Size() const { return layout_->font().pixelSize(); }
     void Draw(QPainter& painter, QPointF corner) const { layout_->draw(&painter, corner); }
 
 private:

@@ -120,17 +120,12 @@ void ViewerPane::AddScrolling(const QKeySequence& key, int direction) {
     addAction(action);
 }
 
+/// The pages stand below each other, and the current one follows the scrolling.
 void ViewerPane::ScrollByScreen(int direction) {
+    if (preview_->zoomMode() == QPrintPreviewWidget::FitInView)
+        return ShowPage(preview_->currentPage() + direction);
     QScrollBar& bar = *static_cast<QGraphicsView&>(Pages()).verticalScrollBar();
-    const int before = bar.value();
-    bar.setValue(before + direction * bar.pageStep());
-    if (bar.value() != before)
-        return;
-    const int page = preview_->currentPage() + direction;
-    if (page < 1 || page > preview_->pageCount())
-        return;
-    ShowPage(page);
-    bar.setValue(direction > 0 ? bar.minimum() : bar.maximum());
+    bar.setValue(bar.value() + direction * bar.pageStep());
 }
 
 void ViewerPane::ShowPage(int number) {

@@ -1,0 +1,50 @@
+#include "platform/report/ReportLayout.h"
+
+#include "platform/report/ReportSamples.h"
+
+#include <gtest/gtest.h>
+
+namespace Quillane {
+namespace {
+
+/// A caption and a value in one row, a row below, a box around both.
+ReportSection Rows(std::string value) {
+    ReportObject caption = TextObject("Party");
+    ReportObject shown = TextObject(std::move(value));
+    shown.Left = 3000;
+    shown.CanGrow = true;
+    ReportObject below = TextObject("Address");
+    below.Top = 300;
+    return {"Rows", 700, {BoxObject(6000, 650, 0), caption, shown, below}, {}};
+}
+
+TEST(SectionLayout, PutsObjectsWhereTheyStand) {
+    const PlacedSection placed = LayOutSection(Rows("short"), Report(0), nullptr);
+    EXPECT_EQ(placed.height, 700);
+    ASSERT_EQ(placed.objects.size(), 4U);
+    EXPECT_EQ(placed.objects[0].place, QRectF(0, 0, 6000, 650));
+    EXPECT_EQ(placed.objects[2].place, QRectF(3000, 0, 3000, 300));
+    EXPECT_EQ(placed.objects[3].place, QRectF(0, 300, 3000, 300));
+}
+
+TEST(SectionLayout, MovesDownWhatStandsBelowAGrownText) {
+    const PlacedSection placed =
+        LayOutSection(Rows("Messrs. Abdul Rehman Muhammad Siddique and Sons, Commission Agents"),
+                      Report(0), nullptr);
+    const double extra = placed.height - 700;
+    ASSERT_GT(extra, 0);
+    EXPECT_EQ(placed.objects[0].place.height(), 650 + extra);
+    EXPECT_EQ(placed.objects[1].place.height(), 300 + extra);
+    EXPECT_EQ(placed.objects[2].place.height(), 300 + extra);
+    EXPECT_EQ(placed.objects[3].place, QRectF(0, 300 + extra, 3000, 300));
+}
+
+TEST(SectionLayout, CountsTwoTextsOfOneRowOnce) {
+    ReportSection section = Rows("Messrs. Abdul Rehman Muhammad Siddique and Sons");
+    const double alone = LayOutSection(section, Report(0), nullptr).height;
+    section.Objects.push_back(section.Objects[2]);
+    EXPECT_EQ(LayOutSection(section, Report(0), nullptr).height, alone);
+}
+
+} // namespace
+} // namespace Quillane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/forms/Screen.h"
+#include "platform/report/CRViewer9.h"
+
+#include <QResizeEvent>
+
+namespace Quillane {
+
+/// A screen that is all viewer.
+class ViewerScreen : public Screen {
+public:
+    ViewerScreen() : Screen("ViewerScreen", "Viewer") { resize(900, 700); }
+
+    CRViewer9 Viewer{*this, "Viewer"};
+
+protected:
+    void Form_Resize() override {
+        Viewer.SetWidth(width());
+        Viewer.SetHeight(height());
+    }
+};
+
+} // namespace Quillane
