@@ -5,6 +5,8 @@
 
 #include <QCalendarWidget>
 #include <QDateEdit>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QStyle>
@@ -40,6 +42,17 @@ public:
     }
 
 protected:
+    // A digit typed where a part stands complete writes that part anew; Qt would drop the digit.
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool digit = event->text().size() == 1 && event->text().front().isDigit();
+        const qsizetype whole = currentSection() == YearSection ? 4 : 2;
+        if (digit && !lineEdit()->hasSelectedText() &&
+            sectionText(currentSection()).size() >= whole) {
+            setSelectedSection(currentSection());
+        }
+        QDateEdit::keyPressEvent(event);
+    }
+
     // A wheel turned over the box in passing changes no date.
     void wheelEvent(QWheelEvent* event) override {
         if (hasFocus()) {

@@ -72,13 +72,16 @@ void Screen::Load() {
 }
 
 void Screen::Show() {
+    if (shown_) {
+        raise();
+        activateWindow();
+        return;
+    }
     Load();
-    if (loaded_ && !shown_) {
+    if (loaded_) {
         setWindowModality(Qt::NonModal);
         Appear(nullptr);
     }
-    raise();
-    activateWindow();
 }
 
 void Screen::ShowModal(Screen* owner) {
