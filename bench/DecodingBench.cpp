@@ -1,5 +1,5 @@
-// Decoding one read of the line, against a bare table-lookup loop over the same bytes and against
-// the 246 whole-text passes in which the reading is described.
+// Decoding one read of the line, against a bare table-lookup loop over the same bytes. Beside them,
+// for the record, the plainest way: 246 passes over the whole text.
 
 #include "../tests/scale/DecodingReference.h"
 #include "scale/Decoding.h"

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-/// The decoding step by step, as it was first thought of: whole-text passes, one character code at
-/// a time. Slow and plain, to hold the real one against.
+/// The decoding in the plainest way: whole-text passes, one character code at a time. Slow, but
+/// easy to see through: the real one is held against it.
 namespace Quillane::DecodingReference {
 
 inline std::string ReplaceAll(const std::string& text, std::string_view what,

@@ -81,7 +81,7 @@ const std::vector<Example>& Examples() {
     return examples;
 }
 
-TEST(Decoding, ReadsTheWorkedExamplesLive) {
+TEST(Decoding, ReadsTheExamplesLive) {
     for (const Example& example : Examples())
         EXPECT_EQ(
             Live(example.rawText, Cutting(example.direction, example.length, example.reversed)),
@@ -89,7 +89,7 @@ TEST(Decoding, ReadsTheWorkedExamplesLive) {
             << testing::PrintToString(example.rawText) << example.direction << example.length;
 }
 
-TEST(Decoding, ReadsTheWorkedExamplesOnTheBench) {
+TEST(Decoding, ReadsTheExamplesOnTheBench) {
     for (const Example& example : Examples()) {
         const TestWeight weight = DecodeTestWeight(
             example.rawText, example.direction, std::to_string(example.length), example.reversed);
@@ -99,7 +99,7 @@ TEST(Decoding, ReadsTheWorkedExamplesOnTheBench) {
     }
 }
 
-TEST(DecodingReference, GoesThroughTheWorkedExamplesStepByStep) {
+TEST(DecodingReference, GoesThroughTheExamplesStepByStep) {
     for (const Example& example : Examples()) {
         const std::string separated = DecodingReference::BeforeDropping(example.rawText);
         EXPECT_EQ(separated, example.separated);
