@@ -28,9 +28,10 @@ QPalette LightPalette() {
     palette.setColor(QPalette::Highlight, QColor(0x1F, 0x5F, 0xA8));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (QPalette::ColorRole role :
-         {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText}) {
+         {QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText}) {
         palette.setColor(QPalette::Disabled, role, QColor(0x78, 0x78, 0x78));
     }
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x50, 0x50, 0x50));
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
     return palette;
 }

@@ -3,6 +3,7 @@
 #include "platform/forms/Screen.h"
 #include "platform/forms/Text.h"
 
+#include <QPainter>
 #include <QPushButton>
 
 namespace Quillane {
@@ -10,6 +11,18 @@ namespace Quillane {
 class CommandButton::Button : public QPushButton {
 public:
     using QPushButton::QPushButton;
+
+protected:
+    // The style's own mark of the focus is a hair line, too little at arm's length.
+    void paintEvent(QPaintEvent* event) override {
+        QPushButton::paintEvent(event);
+        if (hasFocus()) {
+            QPainter painter(this);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+            painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 2, 2);
+        }
+    }
 };
 
 CommandButton::CommandButton(Screen& screen, std::string name, std::string_view caption,

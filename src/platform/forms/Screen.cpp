@@ -42,8 +42,6 @@ Screen::Screen(std::string name, std::string_view caption)
     : QDialog(nullptr, PlainFrame), name_(std::move(name)) {
     setObjectName(ToQt(name_));
     setWindowTitle(ToQt(caption));
-    // The focus is shown as for one who works by keyboard, from the first moment on.
-    setAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 Screen::~Screen() {
@@ -109,8 +107,8 @@ void Screen::Appear(Screen* owner) {
     ShownScreens().push_back(this);
     winId();
     windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
-    VisualControl* first = NextInTabOrder(nullptr);
-    (first ? &first->FocusWidget() : this)->setFocus(Qt::OtherFocusReason);
+    // Held by the form until it is shown, or Qt gives it to a control of its own choice.
+    setFocus(Qt::OtherFocusReason);
     if (opensMaximized_) {
         showMaximized();
     } else {

@@ -150,6 +150,8 @@ void Screen::MoveOnIfUnable() {
 
 // A widget inside the active control, such as a cell editor, keeps the focus that it has.
 void Screen::GiveQtFocus() {
+    // Shown as for one who works by keyboard; Qt forgets it as windows come and go.
+    setAttribute(Qt::WA_KeyboardFocusChange);
     QWidget* wanted = active_ ? &active_->FocusWidget() : this;
     const QWidget* has = focusWidget();
     const bool inside = has && active_ && active_->Widget().isAncestorOf(has);

@@ -29,6 +29,15 @@ TEST(EventBoundary, TreatsAnyOtherExceptionAlike) {
     EXPECT_EQ(std::vector<int>{1}, end.Codes());
 }
 
+TEST(EventBoundaryDeathTest, EndsTheProcessAtOnceUnlessThatIsReplaced) {
+    EXPECT_EXIT(
+        {
+            SetEndProcess({});
+            EndProcess(3);
+        },
+        testing::ExitedWithCode(3), "");
+}
+
 TEST(EventBoundary, SaysNothingWhereTheScreenHasGone) {
     RunEvent([] { throw ScreenGone(); });
 }

@@ -168,6 +168,17 @@ TEST(Screen, OpensMaximisedWhereItIsMeantTo) {
     EXPECT_TRUE(screen.isMaximized());
 }
 
+TEST(Screen, ShowsTheFocusAsForOneWhoWorksByKeyboard) {
+    TrialScreen screen;
+    screen.First.SetText("text");
+    screen.Show();
+    ASSERT_TRUE(WaitFor([&] { return screen.isActiveWindow(); }));
+    EXPECT_TRUE(screen.testAttribute(Qt::WA_KeyboardFocusChange));
+    EXPECT_EQ("", screen.First.SelectedText());
+    ScreenDriver(screen).Click(screen.BtnGo);
+    EXPECT_TRUE(screen.testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
 TEST(Screen, MayGoWhileItIsShown) {
     {
         TrialScreen screen;
