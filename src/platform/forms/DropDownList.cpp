@@ -220,7 +220,6 @@ bool DropDownList::Dismisses(const QObject* watched, const QEvent& event) const 
     case QEvent::WindowBlocked:
         return widget == anchor_.window();
     case QEvent::Hide:
-    case QEvent::EnabledChange:
         return widget == &anchor_ || widget == anchor_.window();
     default:
         return false;

@@ -17,8 +17,9 @@ class TDBCombo;
 ///
 /// Its window never takes the focus: the line that is typed in keeps the keyboard all the time, so
 /// that the screen sees each key once. It closes by itself when the mouse is pressed outside, and
-/// when the window it belongs to moves, hides, is blocked or is no longer the active one; what was
-/// highlighted is then not taken. It reads the array only while it is open and copies nothing.
+/// when the window it belongs to moves, hides, is blocked by a box or is no longer the active one;
+/// what was highlighted is then not taken. It reads the array only while it is open and copies
+/// nothing.
 class DropDownList : public QFrame {
 public:
     /// `anchor`: a press in this widget is no press outside.

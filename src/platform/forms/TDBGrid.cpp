@@ -106,10 +106,8 @@ bool TDBGrid::HandleKeyOfEdit(int key) {
     }
     if (view_->List().IsOpen() && view_->List().MoveBy(key))
         return true;
-    if (!IsArrow(key))
+    if (!IsArrow(key) || view_->ArrowsAreTheCarets())
         return false;
-    if (view_->ArrowsAreTheCarets())
-        return key == Key::Up || key == Key::Down;
     view_->Commit();
     view_->MoveBy(key);
     return true;

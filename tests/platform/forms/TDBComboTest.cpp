@@ -129,10 +129,10 @@ TEST_F(TDBComboTest, NeitherBackspaceNorDeleteCompletesAgain) {
 }
 
 TEST_F(TDBComboTest, TypingInTheMiddleOfATextDoesNotComplete) {
-    Type("chd");
+    Type("chu");
     Press(Qt::Key_Left);
     Type("a");
-    EXPECT_EQ(list.Text(), "Chad");
+    EXPECT_EQ(list.Text(), "Chau");
 }
 
 TEST_F(TDBComboTest, LettersBeyondAsciiAreFoundWithoutRegardToCase) {
@@ -182,6 +182,14 @@ TEST_F(TDBComboTest, WithoutLimitToListAnyTextStands) {
     EXPECT_EQ(list.Text(), "Bas and others");
     EXPECT_EQ(refusals, 0);
     EXPECT_EQ(screen.ActiveControlName(), "CboCommodity");
+}
+
+TEST_F(TDBComboTest, WithoutLimitToListTheBeginningOfANameStandsToo) {
+    list.Layout.LimitToList = false;
+    list.Layout.AutoCompletion = false;
+    Type("bas");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(list.Text(), "bas");
 }
 
 TEST_F(TDBComboTest, ATextFromCodeMakesTheFirstRowOfThatNameCurrent) {
@@ -308,6 +316,17 @@ TEST_F(TDBComboTest, ARefusalThatLeavesTheFocusAloneLetsItGoAndTheTextStays) {
     EXPECT_EQ(refusals, 1);
     EXPECT_EQ(list.Text(), "zz");
     EXPECT_EQ(screen.ActiveControlName(), "CboCommodity");
+}
+
+TEST_F(TDBComboTest, ARefusalThatSendsTheFocusElsewhereRunsOnce) {
+    list.NotInList = [this] {
+        ++refusals;
+        screen.TxtAfter.SetFocus();
+    };
+    Type("zz");
+    Press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(refusals, 1);
+    EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
 }
 
 TEST_F(TDBComboTest, WithNobodyToRefuseItTheTextIsBlanked) {

@@ -495,6 +495,7 @@ TEST_F(TDBGridTest, QtsFocusGivenBackToTheGridGoesToTheEditor) {
     GoTo(0, QuantityColumn);
     Type("5");
     View().setFocus();
+    EXPECT_EQ(screen.focusWidget(), Editor());
     Type("6");
     EXPECT_EQ(Editor()->text(), "56");
 }
