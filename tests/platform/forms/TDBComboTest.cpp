@@ -115,6 +115,11 @@ TEST_F(TDBComboTest, TheNameTypedInFullWinsOverALongerOneBeforeIt) {
     EXPECT_EQ(list.Bookmark(), 0);
 }
 
+TEST_F(TDBComboTest, ANameThatSeveralRowsHaveMeansTheFirstWhenTyped) {
+    Type("bashir");
+    EXPECT_EQ(list.Bookmark(), 1);
+}
+
 TEST_F(TDBComboTest, NeitherBackspaceNorDeleteCompletesAgain) {
     Type("cha");
     Press(Qt::Key_Backspace);
