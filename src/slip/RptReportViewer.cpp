@@ -29,7 +29,7 @@ struct Hourglass {
 } // namespace
 
 RptReportViewer::RptReportViewer() : Screen("RptReportViewer", "Previewing Report") {
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    SetOpensMaximized();
     resize(1000, 800);
     CRViewer91.PrintButtonClicked = [this] { RemoveObjectColors(); };
     CRViewer91.CloseButtonClicked = [this] { Unload(); };
@@ -38,7 +38,6 @@ RptReportViewer::RptReportViewer() : Screen("RptReportViewer", "Previewing Repor
 void RptReportViewer::Form_Load() {
     if (!Report)
         Fail(FailureNumber::InvalidCall);
-    setWindowState(windowState() | Qt::WindowMaximized);
     {
         const Hourglass hourglass;
         CRViewer91.SetReportSource(*Report);

@@ -197,7 +197,7 @@ TEST_F(RptReportViewerTest, LeavesTheSlipsPlacesWhereTheBordersAreColoured) {
     }
 }
 
-/// Whether every dot of the page that is not text or line is white.
+/// Whether there is a fill behind the title or the weights, where no text stands.
 bool HasFills(const Report& report) {
     QImage image(595, 842, QImage::Format_RGB32);
     image.setDotsPerMeterX(2835);
@@ -206,7 +206,6 @@ bool HasFills(const Report& report) {
     QPainter painter(&image);
     ReportPainter(report).PaintPage(painter, 1);
     painter.end();
-    // Inside of the title's band, of the table's head and of the box of weights.
     for (const QPoint point : {QPoint(60, 122), QPoint(360, 340)}) {
         if (image.pixelColor(point) != QColor(Qt::white))
             return true;

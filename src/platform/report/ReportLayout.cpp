@@ -17,7 +17,6 @@ private:
     PlacedSection LayOut(ReportSectionKind kind) const;
     const Recordset* CurrentRow() const { return rows_ && !rows_->Eof() ? &*rows_ : nullptr; }
     bool IsLastRow() const { return rows_->Position() + 1 == rows_->RecordCount(); }
-    double RoomOnFreshPage() const;
     void BeginPage();
     void EndPage();
     void PlaceAt(const PlacedSection& section, double top);
@@ -31,6 +30,8 @@ private:
     std::optional<Recordset> rows_; ///< a view of our own: the caller's current row stays
     std::vector<ReportPage> pages_;
     PlacedSection pageFooter_;
+    PlacedSection reportFooter_;
+    double roomOnFreshPage_ = 0; ///< by the height of this page's header
     double top_ = 0;
     double bottom_ = 0;
     bool fresh_ = true; ///< nothing has flowed onto this page yet
@@ -84,15 +85,13 @@ void PageBuilder::BeginPage() {
         fresh_ = header.objects.empty();
         Place(header);
     }
-    Place(LayOut(ReportSectionKind::PageHeader));
+    const PlacedSection header = LayOut(ReportSectionKind::PageHeader);
+    roomOnFreshPage_ = bottom_ - report_.Paper.TopMargin - header.height;
+    Place(header);
 }
 
 void PageBuilder::EndPage() {
     PlaceAt(pageFooter_, bottom_);
-}
-
-double PageBuilder::RoomOnFreshPage() const {
-    return bottom_ - report_.Paper.TopMargin - LayOut(ReportSectionKind::PageHeader).height;
 }
 
 void PageBuilder::Flow(const PlacedSection& section, double roomWanted) {
@@ -104,19 +103,22 @@ void PageBuilder::Flow(const PlacedSection& section, double roomWanted) {
     fresh_ = false;
 }
 
+/// Ends on the last row, whose values the report footer shows, also if that starts a page.
 void PageBuilder::FlowDetails() {
-    for (; rows_ && !rows_->Eof(); rows_->MoveNext()) {
+    bool more = CurrentRow() != nullptr;
+    while (more) {
         const PlacedSection row = LayOut(ReportSectionKind::Detail);
+        more = !IsLastRow();
         double room = row.height;
-        if (IsLastRow()) {
-            const double withFooter = room + LayOut(ReportSectionKind::ReportFooter).height;
-            if (withFooter <= RoomOnFreshPage())
-                room = withFooter;
+        if (!more) {
+            reportFooter_ = LayOut(ReportSectionKind::ReportFooter);
+            if (room + reportFooter_.height <= roomOnFreshPage_)
+                room += reportFooter_.height;
         }
         Flow(row, room);
+        if (more)
+            rows_->MoveNext();
     }
-    if (rows_ && rows_->RecordCount() > 0)
-        rows_->MoveLast();
 }
 
 /// The count is known only now.
@@ -134,10 +136,11 @@ void PageBuilder::NumberPages() {
 
 std::vector<ReportPage> PageBuilder::Build() {
     BeginPage();
+    if (!CurrentRow())
+        reportFooter_ = LayOut(ReportSectionKind::ReportFooter);
     FlowDetails();
-    const PlacedSection footer = LayOut(ReportSectionKind::ReportFooter);
-    if (!footer.objects.empty())
-        Flow(footer, footer.height);
+    if (!reportFooter_.objects.empty())
+        Flow(reportFooter_, reportFooter_.height);
     EndPage();
     NumberPages();
     return std::move(pages_);

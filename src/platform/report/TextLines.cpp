@@ -2,6 +2,7 @@
 
 #include "platform/forms/Text.h"
 
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 
@@ -24,9 +25,13 @@ constexpr double smallestShare = 0.55;
 /// the fonts that have all of them come right behind the wanted one. That one is asked for by the
 /// name of the font that stands in for it, since a name that is not there would be passed over.
 QStringList FamiliesBehind(const QString& name) {
-    return {QFontInfo(QFont(name)).family(), QStringLiteral("Noto Naskh Arabic"),
-            QStringLiteral("Scheherazade New"), QStringLiteral("Scheherazade"),
-            QStringLiteral("Amiri")};
+    QStringList families{QFontInfo(QFont(name)).family()};
+    for (const char* complete :
+         {"Noto Naskh Arabic", "Scheherazade New", "Scheherazade", "Amiri"}) {
+        if (QFontDatabase::hasFamily(QLatin1String(complete)))
+            families.append(QLatin1String(complete));
+    }
+    return families;
 }
 
 const QStringList& Families(const std::string& name) {

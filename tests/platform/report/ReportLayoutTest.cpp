@@ -124,6 +124,17 @@ TEST(ReportLayout, ShowsThePagesFirstRowInItsHeaderAndTheLastRowInTheReportFoote
               QStringList({"row 11", "row 11", "row 12", "row 12", "Page 2 of 2"}));
 }
 
+TEST(ReportLayout, ShowsTheLastRowOnAPageOfTheReportFooterAlone) {
+    RowSource source;
+    ListReport report(source.Numbers(3));
+    report.Section(ReportSectionKind::PageHeader).Objects =
+        report.Section(ReportSectionKind::Detail).Objects;
+    report.Section(ReportSectionKind::ReportFooter).Height = 20000;
+    const auto pages = LayOutReport(report);
+    ASSERT_EQ(pages.size(), 2U);
+    EXPECT_EQ(TextsOf(pages[1]), QStringList({"row 3", "report footer", "Page 2 of 2"}));
+}
+
 TEST(ReportLayout, LetsAFailureOfAFormulaThrough) {
     RowSource source;
     ListReport report(source.Numbers(1));

@@ -1,0 +1,98 @@
+// A slip from its rows to the first painted page, beside painting the same page from ready data:
+// once on a bare page, where the ready one is laid out already and only its painting remains, and
+// once in the preview's window. Everything in front of the painting (the statement, the design, the
+// filling; on the bare page also the layout) may at most double it.
+
+#include "../tests/slip/SlipDatabase.h"
+#include "platform/forms/Application.h"
+#include "platform/report/ReportPainter.h"
+#include "slip/CrpCottonWeighment.h"
+#include "slip/RptReportViewer.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QImage>
+#include <QPainter>
+
+namespace {
+
+using namespace Quillane;
+
+SlipDatabase& Database() {
+    static SlipDatabase database;
+    return database;
+}
+
+std::unique_ptr<Report> FilledSlip() {
+    auto slip = std::make_unique<CrpCottonWeighment>();
+    FillSlip(*slip, Database().RowsOf(1042));
+    return slip;
+}
+
+/// A page as a screen of usual resolution shows it.
+QImage ScreenPage() {
+    QImage image(794, 1123, QImage::Format_RGB32);
+    image.setDotsPerMeterX(3780);
+    image.setDotsPerMeterY(3780);
+    return image;
+}
+
+void PaintFirstPage(const ReportPainter& pages, QImage& image) {
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    pages.PaintPage(painter, 1);
+}
+
+void PaintReadyPage(benchmark::State& state) {
+    const auto slip = FilledSlip();
+    const ReportPainter pages(*slip);
+    QImage image = ScreenPage();
+    for (auto _ : state)
+        PaintFirstPage(pages, image);
+}
+BENCHMARK(PaintReadyPage)->Unit(benchmark::kMicrosecond);
+
+void PaintPageFromRows(benchmark::State& state) {
+    QImage image = ScreenPage();
+    for (auto _ : state) {
+        const auto slip = FilledSlip();
+        PaintFirstPage(ReportPainter(*slip), image);
+    }
+}
+BENCHMARK(PaintPageFromRows)->Unit(benchmark::kMicrosecond);
+
+/// The preview's window opens, paints its page and closes.
+void PaintPreview(RptReportViewer& viewer) {
+    viewer.Show();
+    QImage image(viewer.size(), QImage::Format_RGB32);
+    viewer.render(&image);
+    viewer.Unload();
+}
+
+void PaintPreviewOfReadySlip(benchmark::State& state) {
+    RptReportViewer viewer;
+    viewer.Report = FilledSlip();
+    for (auto _ : state)
+        PaintPreview(viewer);
+}
+BENCHMARK(PaintPreviewOfReadySlip)->Unit(benchmark::kMicrosecond);
+
+/// What the print button does, up to the first painted page in the preview's window.
+void PaintPreviewFromClick(benchmark::State& state) {
+    RptReportViewer viewer;
+    for (auto _ : state) {
+        viewer.Report = FilledSlip();
+        PaintPreview(viewer);
+    }
+}
+BENCHMARK(PaintPreviewFromClick)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const Application application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
