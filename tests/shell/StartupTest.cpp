@@ -209,7 +209,37 @@ TEST_F(StartUp, GoesOnWithoutTheRowOfTheCompanysName) {
     EXPECT_NE(TheDesktop, nullptr);
 }
 
+TEST_F(StartUp, TurnsToTheUpgradeAlsoWhereTheDatabaseIsNewerThanTheProgram) {
+    MakeDatabase();
+    Change("Update StationSchema Set SchemaVersion = 99");
+    std::vector<Box> shown;
+    SetBoxPresenter({.message =
+                         [&](const Box& box) {
+                             // The upgrade comes before the company's name is written.
+                             EXPECT_EQ(StoredName(), "Earlier");
+                             shown.push_back(box);
+                             return BoxAnswer::Ok;
+                         },
+                     .input = {}});
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    Testing::ForbidUnexpectedBoxes();
+    EXPECT_EQ(shown.size(), 1U);
+    EXPECT_NE(TheDesktop, nullptr);
+}
+
 // ---- what ends it ----
+
+TEST_F(StartUp, EndsWithItsMessageWhereTheSetUpIsGivenUp) {
+    boxes.Expect(Alert("Error occured in databse creation. \r\nPlease contact to your software "
+                       "vendor for further assistance",
+                       BoxIcon::Critical));
+    const VisitModal visit(GiveUp());
+    Main();
+    EXPECT_EQ(end.Codes(), std::vector<int>{1});
+    EXPECT_FALSE(std::filesystem::exists(File("Config.ini")));
+    EXPECT_EQ(Con->State(), 0);
+}
 
 TEST_F(StartUp, EndsOnAnApostropheInTheCompanysName) {
     MakeDatabase();
