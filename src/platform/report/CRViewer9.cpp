@@ -27,6 +27,7 @@ public:
         Preview().updatePreview();
         if (failure_)
             std::rethrow_exception(std::exchange(failure_, nullptr));
+        ShowPage(1);
     }
 
     const Report* report = nullptr;

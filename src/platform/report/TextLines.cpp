@@ -71,9 +71,12 @@ QTextOption OptionOf(const ReportObject& object) {
     return option;
 }
 
-/// A layout breaks at line separators only; on one line they would be boxes.
+/// A layout breaks at line separators only; on one line they would be boxes. The preview replays a
+/// text word by word from left to right: a comma of Arabic script keeps its side by a mark.
 QString Prepared(QString text, bool severalLines) {
     text.remove(u'\r');
+    if (text.isRightToLeft())
+        text.replace(u'\u060C', QStringLiteral("\u060C\u200F"));
     text.replace(u'\n', severalLines ? QChar(QChar::LineSeparator) : QChar(u' '));
     return text;
 }

@@ -40,6 +40,7 @@ ViewerPane::ViewerPane(QWidget* parent)
     column->setSpacing(0);
     column->addWidget(toolbar_);
     column->addWidget(preview_, 1);
+    KeepTop();
     Pages().setAccessibleName(tr("Pages of the report"));
     connect(preview_, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* printer) { PaintRequested(*printer); });
@@ -124,12 +125,30 @@ void ViewerPane::AddScrolling(const QKeySequence& key, int direction) {
 void ViewerPane::ScrollByScreen(int direction) {
     if (preview_->zoomMode() == QPrintPreviewWidget::FitInView)
         return ShowPage(preview_->currentPage() + direction);
-    QScrollBar& bar = *static_cast<QGraphicsView&>(Pages()).verticalScrollBar();
-    bar.setValue(bar.value() + direction * bar.pageStep());
+    Scroll().setValue(Scroll().value() + direction * Scroll().pageStep());
+    atTop_ = Scroll().value() == Scroll().minimum();
+}
+
+QScrollBar& ViewerPane::Scroll() const {
+    return *static_cast<QGraphicsView&>(Pages()).verticalScrollBar();
+}
+
+/// Fitting the pages to another size keeps their middle in place, and so would open the preview
+/// somewhere below the first page's top.
+void ViewerPane::KeepTop() {
+    connect(&Scroll(), &QScrollBar::actionTriggered, this, [this] { atTop_ = false; });
+    const auto toTop = [this] {
+        if (atTop_)
+            Scroll().setValue(Scroll().minimum());
+    };
+    connect(&Scroll(), &QScrollBar::rangeChanged, this, toTop, Qt::QueuedConnection);
 }
 
 void ViewerPane::ShowPage(int number) {
     preview_->setCurrentPage(std::clamp(number, 1, std::max(1, preview_->pageCount())));
+    atTop_ = preview_->currentPage() == 1;
+    if (atTop_)
+        Scroll().setValue(Scroll().minimum());
     Refresh();
 }
 

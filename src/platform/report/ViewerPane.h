@@ -10,6 +10,7 @@ class QGraphicsView;
 class QKeySequence;
 class QLabel;
 class QPrintPreviewWidget;
+class QScrollBar;
 class QToolBar;
 
 namespace Quillane {
@@ -42,12 +43,15 @@ private:
     void AddSpace();
     void AddScrolling(const QKeySequence& key, int direction);
     void ScrollByScreen(int direction);
+    QScrollBar& Scroll() const;
+    void KeepTop();
     void ZoomByStep(int direction);
     void Refresh();
 
     QPrinter printer_;
     QPrintPreviewWidget* preview_;
     QToolBar* toolbar_;
+    bool atTop_ = true;       ///< nobody has scrolled away from the first page's top
     QLabel* place_ = nullptr; ///< "Page 1 of 2"
     QAction* first_ = nullptr;
     QAction* previous_ = nullptr;

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
+#include <QCoreApplication>
 #include <QGraphicsView>
 #include <QPrintPreviewWidget>
 #include <QScrollBar>
@@ -132,6 +132,25 @@ TEST_F(CRViewer9Test, ScrollsByScreenfulsThroughThePages) {
     for (int press = 0; press < 6; ++press)
         driver.Press(Qt::Key_PageUp);
     EXPECT_EQ(screen_.Viewer.CurrentPage(), 1);
+}
+
+TEST_F(CRViewer9Test, StaysAtTheTopUntilTheOperatorScrolls) {
+    const auto isAtTop = [this] { return Scroll().value() == Scroll().minimum(); };
+    View(25);
+    screen_.Viewer.Zoom(1);
+    for (const QSize size : {QSize(700, 500), QSize(1200, 900)}) {
+        screen_.resize(size);
+        EXPECT_TRUE(Testing::WaitFor(isAtTop));
+    }
+    ScreenDriver driver(screen_);
+    screen_.Viewer.SetFocus();
+    driver.Press(Qt::Key_PageDown);
+    EXPECT_FALSE(isAtTop());
+    screen_.resize(900, 600);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(isAtTop());
+    screen_.Viewer.ViewReport();
+    EXPECT_TRUE(isAtTop());
 }
 
 TEST_F(CRViewer9Test, TurnsWholePages) {
