@@ -18,7 +18,8 @@ public:
     const std::string& CompanyTitle() const { return title_; }
 
     /// Whole mounds, a hyphen and the remaining kilograms: 8100 and 40 give "202-20"; a negative
-    /// weight has one leading minus: "-1-0".
+    /// weight has one leading minus: "-1-0". The weight is first rounded to whole kilograms, ties
+    /// to even. No kilograms to the mound is a division by zero.
     std::string MoundKgsText(double weight, double kgsPerMound) const;
 
 private:

@@ -1,11 +1,17 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace Quillane {
 
 class Connection;
+
+/// How long the next attempt to sign in has to wait after so many wrong ones in a row: not at all
+/// after the first two, then twice as long each time, up to half a minute. Nobody is locked out.
+std::chrono::seconds SignInPause(int wrongInARow);
 
 /// The signed-in user.
 class UserLoginObject {
@@ -18,13 +24,21 @@ public:
     void ResetLogin(int value);
     /// 0: nobody. 1: full rights. Any other: a signed-in user with restricted rights.
     std::int16_t UserLevel() const { return level_; }
-    const std::string& UserName() const { return name_; }
+    const std::string& UserName() const { return name_; } ///< as it is stored
+
+    enum class Attempt { SignedIn, Wrong, NoRights };
+    /// What the dialog runs: signs in the user of this name (case and blanks around it do not
+    /// matter) and password. A name that nobody has takes as long as a wrong password.
+    Attempt SignIn(std::string_view name, std::string_view password);
+    /// What is left of the pause that wrong attempts have earned; 0 when the next may come.
+    std::chrono::milliseconds PauseLeft() const;
 
 private:
-    friend class SignInDialog;
     Connection* connection_ = nullptr;
     std::int16_t level_ = 0;
     std::string name_;
+    int wrongInARow_ = 0;
+    std::chrono::steady_clock::time_point pauseEnd_{};
 };
 
 } // namespace Quillane

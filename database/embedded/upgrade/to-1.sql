@@ -1,6 +1,10 @@
 -- The station's own tables, in a database that already has the mill's tables but was set up before
 -- the station kept users and a schema number. The caller writes the number.
 
+CREATE TABLE IF NOT EXISTS StationSchema (
+    SchemaVersion REAL NOT NULL
+);
+
 CREATE TABLE IF NOT EXISTS StationUsers (
     UserName     TEXT NOT NULL COLLATE NOCASE PRIMARY KEY,
     PasswordHash TEXT NOT NULL,

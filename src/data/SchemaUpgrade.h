@@ -1,0 +1,37 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace Quillane {
+
+class Connection;
+
+/// One step of the schema: the number that it leads to, and its script.
+struct SchemaStep {
+    double version;
+    std::string_view script;
+};
+
+/// All steps of an embedded database, in order.
+std::span<const SchemaStep> SchemaSteps();
+
+/// What a program of this build works with: the number of the last step.
+double SchemaVersionOfProgram();
+
+/// Stands for a schema number that cannot be read.
+inline constexpr double UnreadableSchemaVersion = -1;
+
+/// The database's schema number; 0 where the table or its row is missing.
+double ReadSchemaVersion(Connection& connection);
+
+/// Runs, in order, the steps behind `from`, each in a transaction of its own together with writing
+/// its number. The first failure is rolled back and ends it: the steps before it stay.
+void RunSchemaSteps(Connection& connection, double from, std::span<const SchemaStep> steps);
+
+/// Copies an embedded database, beside its file and on the disk, before a change of its schema.
+/// Returns the copy's path: "<name>-before-<version>.db", with a further number where there is one.
+std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, double toVersion);
+
+} // namespace Quillane
