@@ -2,7 +2,8 @@
 --
 -- Names are spelled as the accounting database spells them. The key of Arrivals is spelled
 -- ArrivalID, so that the dependent-record test can turn it into a foreign column of another name.
--- Dates are text, YYYY-MM-DDT00:00:00. Flags are 0 or 1. Weights are kilograms.
+-- Text compares without regard to case, by the one collation of this kind that every tool for such
+-- files knows. Dates are text, YYYY-MM-DDT00:00:00. Flags are 0 or 1. Weights are kilograms.
 
 CREATE TABLE Cities (
     CityId   INTEGER NOT NULL PRIMARY KEY,

@@ -17,7 +17,7 @@ namespace Quillane {
 
 namespace {
 
-constexpr const char* Title = "New database";
+constexpr const char* Title = "Set up the station";
 
 std::string Trimmed(const TextBox& box) {
     return FromQt(ToQt(box.Text()).trimmed());
@@ -137,7 +137,8 @@ void CreateDatabaseDialog::Form_KeyDown(int& key, int shift) {
     if (key == Key::Escape) {
         key = 0;
         Unload();
-    } else if (key == Key::Return && shift == ShiftState::Ctrl) {
+    } else if (key == Key::Return &&
+               (shift == ShiftState::Ctrl || ActiveControl() == &ChkSampleRows)) {
         key = 0;
         BtnCreate_Click();
     } else if (key == Key::Return && ActiveControlName().substr(0, 3) != "Btn") {

@@ -15,8 +15,9 @@ namespace Quillane {
 bool OfferExistingDatabase(const std::string& folder);
 
 /// The set-up of a station that has no `Config.ini`: the company's particulars, the first user, and
-/// sample rows if wanted. Enter moves on and ends in `BtnCreate`, Ctrl+Enter presses it from
-/// anywhere, Esc gives up. A refused entry is told, gets the focus and loses nothing.
+/// sample rows if wanted. Enter moves on and presses `BtnCreate` behind the last entry, Ctrl+Enter
+/// presses it from anywhere, Esc gives up. A refused entry is told, gets the focus and loses
+/// nothing.
 class CreateDatabaseDialog : public Screen {
 public:
     explicit CreateDatabaseDialog(std::string folder);
