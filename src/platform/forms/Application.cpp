@@ -91,7 +91,7 @@ bool Application::NotifyKey(QWidget& receiver, QKeyEvent& event) {
         bool used = true;
         RunEvent([&] { used = screen->PreviewKey(event); });
         event.accept();
-        if (!used && target && screen && screen->life_ == life) {
+        if (!used && target) {
             result = QApplication::notify(target, &event);
         }
         tabs = dispatch.Tabs();

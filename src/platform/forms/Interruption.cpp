@@ -18,19 +18,10 @@ Screen* ScreenInFront() {
     return ShownScreens().empty() ? nullptr : ShownScreens().back();
 }
 
-void ClosePopups() {
-    while (QWidget* popup = QApplication::activePopupWidget()) {
-        if (!popup->close()) {
-            return;
-        }
-    }
-}
-
 } // namespace
 
 Interruption::Interruption() : below_(ScreenInFront()) {
     ++interruptions;
-    ClosePopups();
 }
 
 Interruption::~Interruption() {

@@ -6,8 +6,8 @@ namespace Quillane {
 
 class Screen;
 
-/// A box or a modal screen coming up over the screen that is active. What is dropped down closes as
-/// it begins; as it ends, the screen below has the window and the focus back, with no focus event.
+/// A box or a modal screen coming up over the screen that is active. As it ends, the screen below
+/// has the window and the focus back, with no focus event.
 class Interruption {
 public:
     Interruption();

@@ -1,5 +1,6 @@
 #include "platform/forms/DTPicker.h"
 
+#include "platform/forms/Boxes.h"
 #include "platform/forms/TrialScreen.h"
 #include "support/ScreenDriver.h"
 
@@ -78,6 +79,18 @@ TEST_F(DTPickerTest, OpensItsCalendarByKeyAndKeepsTheDayThatIsLeft) {
         EXPECT_EQ("First", screen.ActiveControlName());
         picker.SetFocus();
     }
+}
+
+TEST_F(DTPickerTest, ClosesItsCalendarBeforeABoxComesUp) {
+    picker.SetFocus();
+    auto& edit = dynamic_cast<QDateEdit&>(picker.Widget());
+    driver.Press(Qt::Key_F4);
+    ASSERT_TRUE(WaitFor([&] { return edit.calendarWidget()->isVisible(); }));
+    const VisitBox visit([&](QDialog& box) {
+        EXPECT_FALSE(edit.calendarWidget()->isVisible());
+        PressIn(box, Qt::Key_Return);
+    });
+    MsgBox({.text = "Text", .title = "Title"});
 }
 
 TEST_F(DTPickerTest, StartsAtToday) {

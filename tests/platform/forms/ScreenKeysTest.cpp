@@ -3,9 +3,12 @@
 #include "platform/forms/TrialScreen.h"
 #include "support/ScreenDriver.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QDateEdit>
+#include <QKeyEvent>
+#include <QLineEdit>
 
 #include <gtest/gtest.h>
 
@@ -241,6 +244,56 @@ TEST_F(ScreenKeysOfAControl, AreNotItsOwnOnceTheScreenMovedTheFocus) {
         screen.Taken());
 }
 
+TEST_F(ScreenKeysOfAControl, AreNotItsOwnOnceTheScreenHasBeenShownAnew) {
+    screen.OnKeyDown = [this](int&, int) {
+        screen.Unload();
+        screen.Show();
+    };
+    driver.Press(Qt::Key_Insert);
+    EXPECT_EQ((Events{"KeyDown 45 0", "Form_Unload", "Form_Load", "GotFocus Box"}), screen.Taken());
+}
+
+// A cell editor is opened by handing it the very key event that opens it.
+class HandingOn : public VisualControl {
+public:
+    explicit HandingOn(Screen& owner) : VisualControl(owner, "Cells", "TDBGrid") {
+        view_.setFocusPolicy(Qt::StrongFocus);
+    }
+    QWidget& Widget() override { return view_; }
+    QLineEdit& Editor() { return view_.editor; }
+    std::string Editing() const { return view_.editor.text().toStdString(); }
+
+private:
+    class View : public QWidget {
+    public:
+        QLineEdit editor{this};
+
+    protected:
+        void keyPressEvent(QKeyEvent* event) override {
+            QCoreApplication::sendEvent(&editor, event);
+        }
+    };
+    View view_;
+};
+
+TEST(ScreenKeysHandedOn, AreSeenByTheScreenOnce) {
+    TrialScreen screen;
+    HandingOn cells(screen);
+    cells.Widget().setParent(&screen);
+    screen.Show();
+    cells.SetFocus();
+    screen.LogKeys = true;
+    screen.Taken();
+    ScreenDriver(screen).Type("a");
+    EXPECT_EQ((Events{"KeyDown 65 0", "KeyPress 97"}), screen.Taken());
+    EXPECT_EQ("a", cells.Editing());
+    // And the editor keeps the focus that its control gave it.
+    cells.Editor().setFocus();
+    cells.SetFocus();
+    EXPECT_EQ(&cells.Editor(), screen.focusWidget());
+    cells.Widget().setParent(nullptr);
+}
+
 TEST_F(ScreenKeysOfAControl, CommitItsPendingEditBeforeAShortcutActs) {
     driver.Press(Qt::CTRL | Qt::Key_S);
     EXPECT_EQ((Events{"CommitEdit", "KeyDown 83 2", "HandleKey 83 2"}), screen.Taken());
@@ -310,6 +363,18 @@ TEST_F(ScreenKeys, SendATabToTheScreenThatAskedForIt) {
               screen.Taken());
 }
 
+TEST_F(ScreenKeys, SendATabAtOnceToAModalScreenThatHandlesNoKey) {
+    TrialScreen above("Above");
+    screen.OnKeyDown = [&](int&, int) {
+        RunModal(above, [&](Screen& shown) {
+            shown.SendTab();
+            EXPECT_EQ("Second", shown.ActiveControlName());
+            shown.Unload();
+        });
+    };
+    driver.Press(Qt::Key_F1);
+}
+
 TEST_F(ScreenKeys, SendNoTabToAScreenThatHasGone) {
     screen.OnKeyDown = [this](int& key, int) {
         key = 0;
@@ -355,6 +420,7 @@ TEST_F(ScreenKeys, AfterABoxInValidateLeaveNoButtonHeldDown) {
     driver.Click(screen.BtnGo);
     EXPECT_EQ("BtnGo", screen.ActiveControlName());
     EXPECT_EQ(0, clicks);
+    EXPECT_FALSE(dynamic_cast<QAbstractButton&>(screen.BtnGo.Widget()).isDown());
     driver.Click(screen.BtnGo);
     EXPECT_EQ(1, clicks);
 }

@@ -175,6 +175,9 @@ TEST(Screen, ShowsTheFocusAsForOneWhoWorksByKeyboard) {
     ASSERT_TRUE(WaitFor([&] { return screen.isActiveWindow(); }));
     EXPECT_TRUE(screen.testAttribute(Qt::WA_KeyboardFocusChange));
     EXPECT_EQ("", screen.First.SelectedText());
+    screen.Unload();
+    screen.Show();
+    EXPECT_EQ("", screen.First.SelectedText());
     ScreenDriver(screen).Click(screen.BtnGo);
     EXPECT_TRUE(screen.testAttribute(Qt::WA_KeyboardFocusChange));
 }
