@@ -11,9 +11,6 @@ prepare_folder() {
 StationRole=Server
 AskCompanyName=0
 
-[CompanyNames]
-1=Veltrane Flour Mills
-
 [Ports]
 1=$folder/scale
 END
