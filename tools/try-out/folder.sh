@@ -4,7 +4,8 @@
 # program is copied. A station file that is there stays.
 prepare_folder() {
     local folder=$1 program=$2
-    mkdir -p "$folder/settings"
+    mkdir -p "$folder"
+    install -d -m 700 "$folder/settings"
     install -m 755 "$program" "$folder/quillane"
     [ -e "$folder/Station.ini" ] || cat >"$folder/Station.ini" <<END
 [Station]
