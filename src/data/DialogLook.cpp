@@ -80,6 +80,7 @@ void AddHeading(QGridLayout& grid, std::string_view text) {
     auto* label = new Label(text);
     SetFontSize(*label, 12, true);
     SetTextColour(*label, headingColour);
+    label->setContentsMargins(0, grid.rowCount() > 1 ? 10 : 0, 0, 0);
     grid.addWidget(label, grid.rowCount(), 0, 1, 2);
 }
 

@@ -111,7 +111,7 @@ void SignInDialog::ShowPause() {
 void SignInDialog::TmrPause_Tick() {
     const auto left = std::chrono::ceil<std::chrono::seconds>(login_.PauseLeft()).count();
     if (left > 0) {
-        message_.setText(ToQt(reason_ + (reason_.empty() ? "" : " ") + "The next attempt in " +
+        message_.setText(ToQt(reason_ + (reason_.empty() ? "" : "\n") + "The next attempt in " +
                               std::to_string(left) + " s."));
         return;
     }

@@ -89,7 +89,7 @@ TEST_F(SignIn, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return);
         TryWrong(driver, 3);
-        EXPECT_EQ(dialog.Message(), "The name or the password is wrong. The next attempt in 2 s.");
+        EXPECT_EQ(dialog.Message(), "The name or the password is wrong.\nThe next attempt in 2 s.");
         EXPECT_FALSE(dialog.BtnSignIn.Enabled());
         driver.Type("grain").Press(Qt::Key_Return);
         EXPECT_EQ(login.UserLevel(), 0) << "Enter waits too";
