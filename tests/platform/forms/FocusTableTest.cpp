@@ -95,7 +95,7 @@ const Row Moves[] = {
      },
      {},
      "First"},
-    {"ReverseTabOrderOfDeclarationBreaksTies",
+    {"TabFollowsTheDeclarationAmongEquals",
      [](auto& screen, auto& driver) {
          screen.Third.SetTabIndex(1);
          driver.Press(Qt::Key_Tab);

@@ -43,12 +43,6 @@ protected:
     void Form_KeyPress(int& character) override;
 };
 
-/// A shown trial screen, first in the log what its showing gave.
-class ShownTrial : public TrialScreen {
-public:
-    ShownTrial() { Show(); }
-};
-
 using Events = std::vector<std::string>;
 
 } // namespace Quillane::Testing
