@@ -1,0 +1,118 @@
+#pragma once
+
+#include "data/SampleDatabase.h"
+#include "platform/comm/PseudoTerminal.h"
+#include "platform/forms/Boxes.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+#include "weighment/FrmWeighment.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <initializer_list>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Quillane::Testing {
+
+/// What a screen does, in one list, in order:
+///
+///     Select * from PortSettings       a statement, or BeginTrans and its like
+///     Box "Alert" [exclamation, OK] Please select a valid Party and try again
+///     Validate TxtArrivalId            an event of the focus
+///     TxtTareWeight = '4320'           a text box is given a text, also the same as before
+///     Line opens, timer 300 ms
+///
+/// While it stands it answers the boxes: OK, or No unless `Answer` names the text of the box.
+class Trace {
+public:
+    /// The screen may be shown or still to be shown; it must outlive the trace.
+    Trace(FrmWeighment& screen, const PseudoTerminal& line);
+    ~Trace();
+    Trace(const Trace&) = delete;
+    Trace& operator=(const Trace&) = delete;
+
+    void Answer(const std::string& text, BoxAnswer answer) { answers_[text] = answer; }
+    /// Runs while the box of this text is up.
+    void During(const std::string& text, std::function<void()> act) { during_[text] = act; }
+
+    /// What was done since the last call, or since the trace began.
+    std::vector<std::string> Take();
+    void Note(std::string_view line) { lines_.emplace_back(line); }
+
+private:
+    void WatchBoxes();
+    void WatchTexts();
+    void WatchLine();
+
+    FrmWeighment& screen_;
+    std::string device_;
+    std::vector<std::pair<TextBox*, std::function<void()>>> changes_; ///< as they were
+    std::vector<std::string> lines_;
+    std::map<std::string, BoxAnswer> answers_;
+    std::map<std::string, std::function<void()>> during_;
+};
+
+using Lines = std::vector<std::string>;
+
+/// Several lists, one behind the other.
+Lines Joined(std::initializer_list<Lines> lists);
+/// The lines of a trace that are statements of the database.
+Lines StatementsOf(const Lines& trace);
+/// The lines of a trace that are no text writes.
+Lines WithoutTexts(const Lines& trace);
+
+/// A bag line as the operator sees it.
+struct BagLine {
+    std::string bagClass;
+    std::string bagType;
+    std::string quantity;
+};
+
+/// A station with the sample rows (arrivals 1031 to 1042; a purchase on 1035, a laboratory report
+/// on 1037, both header weights in 1036), an indicator on port 1, a user of level 1 signed in and
+/// the date of 20 November 2026. No screen is up yet.
+class WeighmentTest : public testing::Test {
+protected:
+    WeighmentTest();
+    ~WeighmentTest() override;
+
+    /// The user of the sample rows, whose level is 2.
+    void SignInAsGate();
+    void ShowScreen();
+
+    /// Gives the bag grid these lines, as if the operator had entered them.
+    void SetBagLines(const std::vector<BagLine>& lines);
+    /// A weighment of two bag lines that may be saved: Wheat from Chaudhry Grain Traders, 12540 and
+    /// 4320 kg, a deduction of 17 kg, 60 and 40 bags; `BtnSave` enabled and in focus.
+    void FillIn();
+    /// The same on an arrival that is stored already, as if it had been opened.
+    void FillInOpened(int arrivalId);
+
+    /// Runs statements on the file in a session beside the station's own.
+    void RunInFile(const std::string& statements);
+    /// The rows of a query, read by the engine itself: each cell as number, 'text' or Null, numbers
+    /// with as many digits as it takes to tell them from all others.
+    std::vector<std::vector<std::string>> Stored(const std::string& query);
+    /// The one cell of a query, so written.
+    std::string StoredCell(const std::string& query);
+    /// Every row of a table, so written: to show that nothing of it has changed.
+    std::vector<std::vector<std::string>> StoredTable(const std::string& table);
+
+    FreshFolder folder;
+    PseudoTerminal line;
+    std::unique_ptr<FrmWeighment> screen;
+};
+
+/// The same with the screen shown.
+class WeighmentScreenTest : public WeighmentTest {
+protected:
+    void SetUp() override { ShowScreen(); }
+};
+
+} // namespace Quillane::Testing
