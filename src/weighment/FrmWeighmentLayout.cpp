@@ -95,6 +95,8 @@ void FrmWeighment::DesignBoxes() {
         MakeWeightBox(*box, 6);
         MakeReadOnly(*box);
     }
+    for (TextBox* box : {&TxtInitialGrossWeight, &TxtTareWeight, &TxtGrossWeight, &TxtDeduction})
+        box->SetFont("Arial", 16, false);
     TxtScaleDeductKg.SetEnabled(false);
     MakeResult(TxtNetWeight);
     MakeResult(TxtMoundKgs);
@@ -122,6 +124,7 @@ void FrmWeighment::DesignGrid() {
 
 // Never shown: their values count all the same.
 void FrmWeighment::HideControls() {
+    TxtShortage.Widget().setParent(&FrminVisible.Widget());
     for (VisualControl* control : std::initializer_list<VisualControl*>{
              &TxtScaleDeductKg, &TxtKandaDeduction, &TxtShortage, &TxtHeapName, &TxtHeapNo,
              &TxtBagsWeight, &CboBagClass, &CboBagType})
@@ -245,6 +248,8 @@ QLayout* FrmWeighment::WeightFields() {
     auto* captures = new QHBoxLayout;
     captures->addWidget(&CmdGrossWeight.Widget());
     captures->addWidget(&CmdTareWeight.Widget());
+    CmdGrossWeight.Widget().setMinimumHeight(44);
+    CmdTareWeight.Widget().setMinimumHeight(44);
 
     auto* rule = new QFrame;
     rule->setFrameShape(QFrame::HLine);
@@ -268,6 +273,8 @@ QLayout* FrmWeighment::WeightFields() {
     column->setSpacing(12);
     column->addLayout(captures);
     column->addLayout(figures);
+    // What the frame holds is never shown, so it takes no room.
+    FrminVisible.Widget().setMaximumHeight(0);
     column->addWidget(&FrminVisible.Widget());
     column->addStretch(1);
     return column;
