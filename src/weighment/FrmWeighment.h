@@ -149,7 +149,6 @@ private:
     void HandleKeyDown(int& key, int shift);
     void HandleEnter(int& key);
     void HandleShortcut(int& key, int shift);
-    void CommitActiveEdit();
     bool HasFocus(std::string_view name) const;
     void EnterChangeMode();
 

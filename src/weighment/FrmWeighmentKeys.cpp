@@ -41,11 +41,6 @@ bool FrmWeighment::HasFocus(std::string_view name) const {
     return ActiveControlName() == name;
 }
 
-void FrmWeighment::CommitActiveEdit() {
-    if (ActiveControl() != nullptr)
-        ActiveControl()->CommitEdit();
-}
-
 void FrmWeighment::Form_KeyDown(int& key, int shift) {
     try {
         HandleKeyDown(key, shift);
@@ -74,8 +69,6 @@ void FrmWeighment::HandleEnter(int& key) {
 }
 
 void FrmWeighment::HandleShortcut(int& key, int shift) {
-    // What is seen is what is saved: a cell still being edited is committed first.
-    CommitActiveEdit();
     if (shift == CtrlShift) {
         if (BtnRemove.Enabled())
             BtnRemove_Click();
