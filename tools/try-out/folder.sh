@@ -20,6 +20,7 @@ END
 # start_indicator FOLDER: trucks drive on and off at the folder's serial line.
 start_indicator() {
     local folder=$1
+    : >"$folder/indicator.log"
     tools/indicator/indicator --link "$folder/scale" --scenario trucks --control \
         "$folder/indicator-commands" >"$folder/indicator.log" 2>&1 </dev/null &
     indicator=$!
