@@ -118,8 +118,6 @@ void Trace::WatchBoxes() {
     SetBoxPresenter({.message =
                          [this](const Box& box) {
                              Note(Described(box));
-                             if (const auto act = during_.find(box.text); act != during_.end())
-                                 act->second();
                              if (const auto given = answers_.find(box.text);
                                  given != answers_.end())
                                  return given->second;
@@ -151,6 +149,17 @@ void Trace::WatchLine() {
     UseLine(device_, [this] {
         Note("Line opens, timer " + std::to_string(screen_.Timer.Interval()) + " ms");
     });
+}
+
+void Trace::When(const std::string& text, std::function<void()> act, int time) {
+    moments_.push_back({text, std::move(act), time});
+}
+
+void Trace::Note(std::string_view text) {
+    lines_.emplace_back(text);
+    for (Moment& moment : moments_)
+        if (moment.text == text && --moment.timesToCome == 0)
+            moment.act();
 }
 
 Lines Trace::Take() {

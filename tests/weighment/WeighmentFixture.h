@@ -38,14 +38,20 @@ public:
     Trace& operator=(const Trace&) = delete;
 
     void Answer(const std::string& text, BoxAnswer answer) { answers_[text] = answer; }
-    /// Runs while the box of this text is up.
-    void During(const std::string& text, std::function<void()> act) { during_[text] = act; }
+    /// Runs while this line, written as in the list, takes place for the `time`th time: while a box
+    /// is up, before a statement is sent.
+    void When(const std::string& text, std::function<void()> act, int time = 1);
 
     /// What was done since the last call, or since the trace began.
     std::vector<std::string> Take();
-    void Note(std::string_view line) { lines_.emplace_back(line); }
 
 private:
+    struct Moment {
+        std::string text;
+        std::function<void()> act;
+        int timesToCome = 1;
+    };
+    void Note(std::string_view text);
     void WatchBoxes();
     void WatchTexts();
     void WatchLine();
@@ -55,7 +61,7 @@ private:
     std::vector<std::pair<TextBox*, std::function<void()>>> changes_; ///< as they were
     std::vector<std::string> lines_;
     std::map<std::string, BoxAnswer> answers_;
-    std::map<std::string, std::function<void()>> during_;
+    std::vector<Moment> moments_;
 };
 
 using Lines = std::vector<std::string>;
