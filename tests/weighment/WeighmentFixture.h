@@ -44,6 +44,7 @@ public:
 
     /// What was done since the last call, or since the trace began.
     std::vector<std::string> Take();
+    void Note(std::string_view text);
 
 private:
     struct Moment {
@@ -51,7 +52,6 @@ private:
         std::function<void()> act;
         int timesToCome = 1;
     };
-    void Note(std::string_view text);
     void WatchBoxes();
     void WatchTexts();
     void WatchLine();
