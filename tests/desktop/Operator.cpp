@@ -1,0 +1,204 @@
+#include "Operator.h"
+
+#include "platform/forms/Text.h"
+#include "platform/runtime/Numbers.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QMessageBox>
+#include <QProcess>
+#include <QThread>
+#include <QTimer>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace Quillane::Testing {
+
+namespace {
+
+void RunTool(const QString& program, const QStringList& arguments) {
+    if (QProcess::execute(program, arguments) != 0)
+        throw Missed("failed: " + FromQt(program + " " + arguments.join(' ')));
+}
+
+FrmWeighment* ShownWeighment() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* screen = dynamic_cast<FrmWeighment*>(window);
+        if (screen && screen->isVisible())
+            return screen;
+    }
+    return nullptr;
+}
+
+bool KeyboardIsReady() {
+    const QWidget* active = QApplication::activeWindow();
+    const QWidget* modal = QApplication::activeModalWidget();
+    return active && (!modal || active == modal);
+}
+
+} // namespace
+
+void Operator::RunInProgram(const std::function<void()>& look) {
+    std::exception_ptr failure;
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [&] {
+            try {
+                look();
+            } catch (...) {
+                failure = std::current_exception();
+            }
+        },
+        Qt::BlockingQueuedConnection);
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+// ---- hands ----
+
+void Operator::Press(const QStringList& keys) {
+    UntilKeyboardIsReady();
+    RunTool("xdotool", QStringList{"key", "--delay", "0"} + keys);
+}
+
+void Operator::Type(const std::string& text) {
+    UntilKeyboardIsReady();
+    RunTool("xdotool", {"type", "--delay", "0", "--", ToQt(text)});
+}
+
+void Operator::WithoutLooking(const QStringList& arguments) {
+    RunTool("xdotool", arguments);
+}
+
+void Operator::Click(VisualControl& control) {
+    QWidget& widget = control.Widget();
+    Click(widget, [&] { return widget.rect().center(); });
+}
+
+void Operator::Click(QWidget& widget, const std::function<QPoint()>& place) {
+    UntilKeyboardIsReady();
+    ClickAt(OnDisplay(widget, See(place)));
+}
+
+void Operator::ClickAt(QPoint point) {
+    RunTool("xdotool",
+            {"mousemove", QString::number(point.x()), QString::number(point.y()), "click", "1"});
+}
+
+QPoint Operator::OnDisplay(const QWidget& widget, QPoint place) const {
+    return See([&] {
+        const QPointF global = widget.mapToGlobal(place);
+        return (global * widget.devicePixelRatioF()).toPoint();
+    });
+}
+
+void Operator::UntilKeyboardIsReady() const {
+    Until("the window in front to have the keyboard", KeyboardIsReady);
+}
+
+// ---- eyes ----
+
+void Operator::Until(const std::string& what, const std::function<bool()>& condition) const {
+    const QDeadlineTimer end(10000);
+    while (!See(condition)) {
+        if (end.hasExpired())
+            throw Missed("waited in vain for " + what + "; " +
+                         See([this] { return WhatIsSeen(); }));
+        QThread::msleep(2);
+    }
+}
+
+void Operator::UntilActive(const std::string& control) const {
+    Until("the focus on " + control, [&] { return Weighment().ActiveControlName() == control; });
+}
+
+void Operator::UntilInFront(const std::string& title) const {
+    Until("the window \"" + title + "\"", [&] {
+        return KeyboardIsReady() && FromQt(QApplication::activeWindow()->windowTitle()) == title;
+    });
+}
+
+std::string Operator::WhatIsSeen() const {
+    std::string seen;
+    if (const QWidget* window = QApplication::activeWindow())
+        seen = "in front \"" + FromQt(window->windowTitle()) + "\"";
+    if (const QMessageBox* box = boxes_.Up())
+        seen += ", box \"" + FromQt(box->text()) + "\"";
+    if (const FrmWeighment* screen = ShownWeighment())
+        seen += ", focus on " + screen->ActiveControlName();
+    return seen;
+}
+
+void Operator::Picture(const std::string& name) const {
+    if (const char* folder = std::getenv("QUILLANE_PICTURES"))
+        RunTool("import",
+                {"-silent", "-window", "root", QString("%1/%2.png").arg(folder, ToQt(name))});
+}
+
+// ---- boxes ----
+
+void Operator::ExpectBox(const std::string& title, const std::string& text) {
+    Until("the box \"" + text + "\"", [this] {
+        return boxes_.All().size() > answered_ && boxes_.Up() && boxes_.Up()->isActiveWindow();
+    });
+    const BoxWatch::Seen seen = See([this] { return boxes_.All()[answered_]; });
+    EXPECT_EQ(seen.title, title);
+    EXPECT_EQ(seen.text, text);
+}
+
+void Operator::Answer(const std::string& title, const std::string& text, const QStringList& keys) {
+    ExpectBox(title, text);
+    ++answered_;
+    Press(keys);
+    Until("the box \"" + text + "\" to close",
+          [this] { return boxes_.CountUp() == 0 || boxes_.All().size() > answered_; });
+}
+
+// ---- the station ----
+
+void Operator::SignIn(const std::string& name, const std::string& password) {
+    UntilInFront("Sign in");
+    Type(name);
+    Press({"Return"});
+    Type(password);
+    Press({"Return"});
+    UntilInFront("Veltrane: Quillane");
+}
+
+FrmWeighment& Operator::OpenWeighment() {
+    UntilInFront("Veltrane: Quillane");
+    Press({"Return"});
+    UntilInFront("Weighment for Veltrane");
+    return See([this]() -> FrmWeighment& { return Weighment(); });
+}
+
+FrmWeighment& Operator::Weighment() const {
+    FrmWeighment* screen = ShownWeighment();
+    if (!screen)
+        throw Missed("no weighment screen is shown; " + WhatIsSeen());
+    return *screen;
+}
+
+void Operator::UntilReading(int kilograms) const {
+    Until("the reading " + std::to_string(kilograms),
+          [&] { return Val(Weighment().TxtWeight.Text()) == kilograms; });
+}
+
+void Operator::CloseEverything() const {
+    const auto closeOne = [] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (auto* box = qobject_cast<QMessageBox*>(modal))
+            box->done(QMessageBox::Yes);
+        else if (modal)
+            QTimer::singleShot(0, modal, [modal] { modal->close(); });
+        return modal != nullptr;
+    };
+    const QDeadlineTimer end(10000);
+    while (See(closeOne) && !end.hasExpired())
+        QThread::msleep(20);
+}
+
+} // namespace Quillane::Testing

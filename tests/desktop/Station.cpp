@@ -1,0 +1,164 @@
+#include "Station.h"
+
+#include "data/Con.h"
+#include "data/EmbeddedFile.h"
+#include "data/Services.h"
+#include "platform/comm/MSComm.h"
+#include "platform/forms/Boxes.h"
+#include "platform/forms/EventBoundary.h"
+#include "platform/host/ProgramFolder.h"
+#include "platform/host/StationFile.h"
+#include "shell/Desktop.h"
+#include "shell/Startup.h"
+#include "support/BoxAnswers.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QTableView>
+#include <QTimer>
+
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+namespace Quillane::Testing {
+
+namespace {
+
+std::string CellText(sqlite3_stmt* statement, int column) {
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return "Null";
+    case SQLITE_FLOAT: {
+        char digits[40];
+        std::snprintf(digits, sizeof digits, "%.17g", sqlite3_column_double(statement, column));
+        return digits;
+    }
+    default:
+        return reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    }
+}
+
+/// Tells what went wrong, and leaves nothing open behind it.
+void RunDay(Operator& by, const std::function<void(Operator&)>& day) {
+    try {
+        day(by);
+    } catch (const std::exception& missed) {
+        ADD_FAILURE() << missed.what();
+        by.Picture(testing::UnitTest::GetInstance()->current_test_info()->name());
+    }
+    by.CloseEverything();
+}
+
+} // namespace
+
+void Station::SetUp() {
+    if (QGuiApplication::platformName() != "xcb")
+        GTEST_SKIP() << "Needs a display";
+    folder.emplace();
+    ::setenv("XDG_CONFIG_HOME", folder->File("settings").c_str(), 1);
+    CreateEmbeddedDatabase(folder->File("Account1.db"), SampleParticulars());
+    folder->Write("Config.ini", "Server=(embedded);Database=Account1\n");
+    indicator.emplace(folder->File("scale"), 12540);
+    SetProgramFolder(folder->path);
+    TheStation() = StationFile();
+    TheStation().Ports[1] = folder->File("scale");
+    MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
+    SetBoxPresenter({});
+    boxes.emplace();
+    end.emplace();
+}
+
+void Station::TearDown() {
+    TheDesktop.reset();
+    UserLogin.Release();
+    CompanyProfile.Release();
+    DatabaseSetup.Release();
+    Con.reset();
+    end.reset();
+    boxes.reset();
+    ForbidUnexpectedBoxes();
+    MSComm::SetDevices({});
+    SetProgramFolder("");
+    TheStation() = StationFile();
+    indicator.reset();
+    ::unsetenv("XDG_CONFIG_HOME");
+    folder.reset();
+}
+
+void Station::Work(const Day& day) {
+    QEventLoop loop;
+    Operator by(*boxes);
+    std::thread hands;
+    QTimer::singleShot(0, &loop, [] { RunEvent(Main); });
+    hands = std::thread([&] {
+        RunDay(by, day);
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    loop.exec();
+    hands.join();
+}
+
+void Station::WorkOnWeighment(const std::function<void(Operator&, FrmWeighment&)>& day) {
+    Work([&](Operator& by) {
+        by.SignIn("Nadia", "grain");
+        day(by, by.OpenWeighment());
+    });
+}
+
+void Station::Indicate(const Operator& by, const std::string& command) {
+    by.See([&] { indicator->Command(command); });
+}
+
+void Station::RunInFile(const std::string& statement) const {
+    EmbeddedFile(folder->File("Account1.db"), SQLITE_OPEN_READWRITE).Run(statement.c_str());
+}
+
+std::vector<Station::Row> Station::Stored(const std::string& query) const {
+    sqlite3* session = nullptr;
+    EXPECT_EQ(sqlite3_open(folder->File("Account1.db").c_str(), &session), SQLITE_OK);
+    sqlite3_stmt* statement = nullptr;
+    EXPECT_EQ(sqlite3_prepare_v2(session, query.c_str(), -1, &statement, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(session);
+    std::vector<Row> rows;
+    while (statement && sqlite3_step(statement) == SQLITE_ROW) {
+        Row& row = rows.emplace_back();
+        for (int column = 0; column < sqlite3_column_count(statement); ++column)
+            row.push_back(CellText(statement, column));
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(session);
+    return rows;
+}
+
+void EnterAllButBagLines(Operator& by) {
+    by.UntilActive("TxtArrivalId");
+    by.Press({"Return", "Return"});
+    by.UntilActive("CboCommodity");
+    by.Type("Wheat");
+    by.Press({"Return", "Return"});
+    by.UntilActive("CboSeller");
+    by.Type("chau");
+    by.Press({"Return"});
+    by.UntilActive("CmdGrossWeight");
+    by.UntilReading(12540);
+    by.Press({"space"});
+    by.UntilActive("CmdTareWeight");
+    by.Press({"Return"});
+    by.UntilActive("Grid");
+    by.Press({"Tab", "Tab"});
+    by.UntilActive("TxtVehicleNo");
+    by.Type("LEA-4521");
+    by.Press({"shift+Tab"});
+    by.UntilActive("TxtDeduction");
+}
+
+void EnterGrid(Operator& by, FrmWeighment& screen) {
+    auto& view = dynamic_cast<QTableView&>(screen.Grid.Widget());
+    by.Click(*view.viewport(), [&] { return view.visualRect(view.model()->index(0, 0)).center(); });
+    by.UntilActive("Grid");
+}
+
+} // namespace Quillane::Testing

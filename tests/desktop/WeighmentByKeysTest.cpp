@@ -1,0 +1,167 @@
+// The main job of the station from the sign-in to the slip, by keyboard alone.
+
+#include "Station.h"
+#include "platform/forms/Text.h"
+
+#include <QDate>
+
+namespace Quillane::Testing {
+namespace {
+
+class WeighmentByKeys : public Station {
+protected:
+    /// Commodity, seller type and seller, from the arrival's id on.
+    static void EnterHead(Operator& by, FrmWeighment& screen) {
+        by.UntilActive("TxtArrivalId");
+        by.Picture("new");
+        by.Press({"Return"});
+        by.UntilActive("DtpArrivalDate");
+        by.Press({"Return"});
+        by.UntilActive("CboCommodity");
+        by.Type("Wheat");
+        by.Press({"Return"});
+        by.UntilActive("CboSellerType");
+        EXPECT_EQ(by.See([&] { return screen.CboSellerType.Text(); }), "ALL");
+        by.Press({"Return"});
+        by.UntilActive("CboSeller");
+        by.Type("chau");
+        by.Until("the seller's name", [&] {
+            return screen.CboSeller.Text() == "Chaudhry Grain Traders-Okara" &&
+                   screen.CboSeller.IsDroppedDown();
+        });
+        by.Picture("open-list");
+        by.Press({"Return"});
+        by.UntilActive("CmdGrossWeight");
+    }
+
+    void Weigh(Operator& by, FrmWeighment& screen) {
+        by.UntilReading(12540);
+        by.Press({"space"});
+        by.UntilActive("CmdTareWeight");
+        EXPECT_EQ(by.See([&] { return screen.TxtInitialGrossWeight.Text(); }), "12540");
+        Indicate(by, "weight 4320");
+        by.UntilReading(4320);
+        by.Press({"space"});
+        by.UntilActive("TxtVehicleNo");
+        EXPECT_EQ(by.See([&] { return screen.TxtTareWeight.Text(); }), "4320");
+        EXPECT_EQ(by.See([&] { return screen.TxtGrossWeight.Text(); }), "8220");
+    }
+
+    static void EnterRest(Operator& by) {
+        by.Type("LEA-4521");
+        by.Press({"Return"});
+        by.UntilActive("TxtBuiltyNo");
+        by.Type("8811");
+        by.Press({"Return"});
+        by.UntilActive("TxtDriverName");
+        by.Type("Ghulam Abbas");
+        by.Press({"shift+Tab", "shift+Tab", "shift+Tab"});
+        by.UntilActive("TxtDeduction");
+        by.Type("17");
+        by.Press({"shift+Tab"});
+        by.UntilActive("Grid");
+    }
+
+    static void EnterBagLines(Operator& by, FrmWeighment& screen) {
+        by.Type("jute n");
+        by.Press({"Right"});
+        by.Type("100");
+        by.Press({"Right"});
+        by.Type("60");
+        by.Press({"Down", "Left", "Left"});
+        by.Type("jute o");
+        by.Until("the name in the cell's list", [&] { return screen.Grid.IsEditing(); });
+        by.Picture("grid-edited");
+        by.Press({"Right"});
+        by.Type("100");
+        by.Press({"Right"});
+        by.Type("40");
+        by.Press({"Return"});
+        by.UntilActive("TxtDeduction");
+        by.Picture("changed");
+    }
+
+    void ExpectStoredRows(const std::string& today) const {
+        EXPECT_EQ(Stored("Select ArrivalID, ArrivalDate, PermitNo, CenterId, CommodityId, SellerId,"
+                         " ContractId, IsPosted From Arrivals Where ArrivalID > 1042"),
+                  (std::vector<Row>{
+                      {"1043", today + "T00:00:00", "Null", "Null", "1", "6010001", "Null", "0"}}));
+        EXPECT_EQ(
+            Stored("Select CommodityId, BagsClassId, BagsTypeId, NoOfBags, VehicleNo,"
+                   " TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction,"
+                   " NetWeight, DriverName, BiltyNo, VehicleNoText"
+                   " From ArrivalsBody Where ArrivalId = 1043 Order By NoOfBags Desc"),
+            (std::vector<Row>{
+                {"1", "1", "1", "60", "LEA-4521", "4320", "0", "82.200000000000003", "0",
+                 "10.200000000000001", "4921.8000000000002", "Ghulam Abbas", "8811", "LEA-4521"},
+                {"1", "2", "1", "40", "", "0", "0", "82.200000000000003", "0", "6.8000000000000007",
+                 "3281.1999999999998", "Ghulam Abbas", "8811", "LEA-4521"}}));
+    }
+};
+
+TEST_F(WeighmentByKeys, GoesFromTheSignInToTheSlipAndStoresItsFigures) {
+    const std::string today = FromQt(QDate::currentDate().toString(Qt::ISODate));
+    WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
+        EnterHead(by, screen);
+        Weigh(by, screen);
+        EnterRest(by);
+        EnterBagLines(by, screen);
+        EXPECT_EQ(by.See([&] { return screen.TxtNetWeight.Text(); }), "8203");
+        EXPECT_EQ(by.See([&] { return screen.TxtMoundKgs.Text(); }), "205-3");
+        by.Press({"ctrl+s"});
+        by.ExpectBox("Alert", "Are you sure to save this Weighment?");
+        by.Picture("save-question");
+        by.Answer("Alert", "Are you sure to save this Weighment?", {"Return"});
+        by.ExpectBox("Confirmation", "Do you want to print?");
+        ExpectStoredRows(today);
+        by.Answer("Confirmation", "Do you want to print?", {"y"});
+        by.UntilInFront("Previewing Report");
+        by.Picture("slip");
+        by.Press({"Escape"});
+        by.UntilInFront("Weighment for Veltrane");
+        by.UntilActive("DtpArrivalDate");
+        by.Until("the next id", [&] { return screen.TxtArrivalId.Text() == "1044"; });
+        EXPECT_EQ(by.See([&] { return screen.TxtNetWeight.Text(); }), "0");
+        EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "");
+        EXPECT_FALSE(by.See([&] { return screen.BtnSave.Enabled(); }));
+        // The line goes on, for the next load.
+        by.UntilReading(4320);
+        by.Picture("next");
+    });
+    ExpectStoredRows(today);
+}
+
+TEST_F(WeighmentByKeys, PrintsNothingWhereTheDefaultAnswerIsTaken) {
+    WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
+        EnterAllButBagLines(by);
+        by.Press({"shift+Tab"});
+        by.Type("loose");
+        by.Press({"Right"});
+        by.Type("g");
+        by.Press({"Right"});
+        by.Type("1");
+        by.Press({"ctrl+s"});
+        by.Answer("Alert", "Are you sure to save this Weighment?", {"Return"});
+        by.Answer("Confirmation", "Do you want to print?", {"Return"});
+        by.Until("the next id", [&] { return screen.TxtArrivalId.Text() == "1044"; });
+        by.UntilInFront("Weighment for Veltrane");
+    });
+    EXPECT_EQ(Stored("Select BagsClassId, BagsTypeId, NoOfBags, BagWeight From ArrivalsBody"
+                     " Where ArrivalId = 1043"),
+              (std::vector<Row>{{"4", "4", "1", "12540"}}));
+}
+
+TEST_F(WeighmentByKeys, KeepsEverythingWhereTheSaveIsAnsweredNo) {
+    WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
+        EnterAllButBagLines(by);
+        by.Press({"ctrl+s"});
+        by.Answer("Alert", "Are you sure to save this Weighment?", {"Escape"});
+        by.UntilInFront("Weighment for Veltrane");
+        EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "LEA-4521");
+        EXPECT_TRUE(by.See([&] { return screen.BtnSave.Enabled(); }));
+    });
+    EXPECT_EQ(Stored("Select Max(ArrivalID) From Arrivals"), (std::vector<Row>{{"1042"}}));
+}
+
+} // namespace
+} // namespace Quillane::Testing
