@@ -1,0 +1,431 @@
+// Loading the screen, a new weighment and clearing, each as the exact list of what is done.
+
+#include "data/Con.h"
+#include "platform/forms/ComboBox.h"
+#include "platform/forms/EventBoundary.h"
+#include "weighment/StateWatch.h"
+
+#include <QTimer>
+
+namespace Quillane {
+namespace {
+
+using Testing::Critical;
+using Testing::Joined;
+using Testing::Lines;
+using Testing::StatementsOf;
+using Testing::StateWatch;
+using Testing::Trace;
+
+const std::string PortRows = "Select * from PortSettings";
+const std::string NextId = "Select IsNull(Max(ArrivalID),0)+1 From Arrivals";
+const std::string Opens200 = "Line opens, timer 200 ms";
+const std::string Opens300 = "Line opens, timer 300 ms";
+const std::string AllSellers =
+    "SELECT ChartOfAccounts.AccountNo AS ID, dbo.FunGetPartyName(ChartOfAccounts.AccountNo) AS "
+    "Name FROM ChartOfAccounts INNER JOIN Parties ON ChartOfAccounts.AccountNo = Parties.PartyId "
+    "LEFT OUTER JOIN Cities ON Parties.CityId = Cities.CityId  ORDER BY "
+    "ChartOfAccounts.AccountName";
+const std::string WheatBought =
+    " select commodityid as id, dbo.fungetcommodity(commodityid) as name from commodities Where 1 "
+    "= 1 and IsPurchaseable = 1 and IsWheatCommodity = 1";
+const std::string BagTypes =
+    "select BagsTypeID as ID, BagsType As Name from bagstypes Order By BagsType";
+const std::string BagClasses = "select BagsClassid as ID, BagsClass as Name from bagsclasses";
+
+Lines NetBecomes(const std::string& net, const std::string& mounds) {
+    return {"TxtNetWeight = '" + net + "'", "TxtMoundKgs = '" + mounds + "'"};
+}
+
+/// What blanking a screen without weights writes; `manual` is what becomes of the manual weight.
+Lines BlankingAnEmptyScreen(const Lines& manual = {}) {
+    const Lines nothing = NetBecomes("0", "0-0");
+    return Joined(
+        {{"TxtDeduction = ''"},
+         nothing,
+         {"TxtBuiltyNo = ''", "TxtNetWeight = ''", "TxtMoundKgs = ''", "TxtScaleDeductKg = ''",
+          "TxtVehicleNo = ''", "TxtDriverName = ''", "TxtKandaDeduction = ''"},
+         nothing,
+         manual,
+         {"TxtShortage = ''"},
+         nothing,
+         {"TxtWeight = ''", "TxtHeapName = ''", "TxtHeapNo = ''", "TxtBagsWeight = ''",
+          "TxtGrossWeight = ''"},
+         nothing,
+         {"TxtTareWeight = ''", "TxtInitialGrossWeight = ''", "TxtArrivalId = ''"}});
+}
+
+/// What blanking the filled-in screen writes: the rate's blanking computes the gross once more, and
+/// leaves its zero in the scale deduction.
+Lines BlankingTheFilledInScreen() {
+    const Lines gross = NetBecomes("8220", "205-20");
+    return Joined(
+        {{"TxtDeduction = ''"},
+         gross,
+         {"TxtBuiltyNo = ''", "TxtNetWeight = ''", "TxtMoundKgs = ''", "TxtScaleDeductKg = ''",
+          "TxtVehicleNo = ''", "TxtDriverName = ''", "TxtKandaDeduction = ''",
+          "TxtScaleDeductKg = '0'", "TxtGrossWeight = '8220'"},
+         gross,
+         gross,
+         {"TxtShortage = ''"},
+         gross,
+         {"TxtWeight = ''"},
+         {"ChkFinalized = 0"},
+         {"TxtHeapName = ''", "TxtHeapNo = ''", "TxtBagsWeight = ''", "TxtGrossWeight = ''"},
+         NetBecomes("0", "0-0"),
+         {"TxtTareWeight = ''", "TxtInitialGrossWeight = ''", "TxtArrivalId = ''"}});
+}
+
+Lines NumberedAnew(int id) {
+    return {NextId, "TxtArrivalId = '" + std::to_string(id) + "'"};
+}
+
+const Lines ListsFilled{AllSellers, WheatBought, BagTypes, BagClasses};
+const Lines FirstFocus{"GotFocus TxtArrivalId", "TxtArrivalId 0xC0FFFF"};
+const Lines FirstButtons{"BtnPrint off", "BtnRemove off", "BtnSave off"};
+const Lines Opened{"TxtInitialGrossWeight 0xFFFFFF", "TxtTareWeight 0xFFFFFF"};
+
+std::string CannotOpen(const std::string& device) {
+    return "Box \"Serial line\" [critical, OK] Port 1 (" + device +
+           ") cannot be opened: another program is using it.";
+}
+
+const std::string NoArrivals = "Box \"Database\" [critical, OK] no such table: Arrivals";
+
+class NewWeighmentTrace : public Testing::WeighmentTest {
+protected:
+    /// Loads and shows a screen under a trace of everything.
+    Lines Loading() {
+        screen = std::make_unique<FrmWeighment>();
+        Trace trace(*screen, line);
+        StateWatch watch(*screen, trace);
+        screen->Show();
+        return trace.Take();
+    }
+
+    Lines StartingAnew() {
+        Trace trace(*screen, line);
+        StateWatch watch(*screen, trace);
+        screen->NewWeighment();
+        return trace.Take();
+    }
+
+    std::vector<std::string> NamesIn(const TDBCombo& list) {
+        std::vector<std::string> names;
+        for (int row = 0; list.Array() && row < list.Array()->RowCount(); ++row)
+            names.push_back(list.Array()->Get(row, 0));
+        return names;
+    }
+};
+
+TEST_F(NewWeighmentTrace, OfLoadingForFullRights) {
+    EXPECT_EQ(Loading(), Joined({{PortRows},
+                                 FirstButtons,
+                                 {"TxtWeight locked"},
+                                 Opened,
+                                 BlankingAnEmptyScreen(),
+                                 {Opens200},
+                                 NumberedAnew(1043),
+                                 {Opens300},
+                                 ListsFilled,
+                                 FirstFocus}));
+    EXPECT_TRUE(screen->ChkFinalized.Visible());
+    EXPECT_TRUE(screen->ChkManualWeight.Visible());
+    EXPECT_TRUE(screen->FrminVisible.Visible());
+}
+
+TEST_F(NewWeighmentTrace, OfLoadingForARestrictedUser) {
+    SignInAsGate();
+    EXPECT_EQ(Loading(), Joined({{"TxtWeight locked", "ChkFinalized hidden", "FrminVisible hidden",
+                                  "ChkManualWeight hidden"},
+                                 {PortRows},
+                                 FirstButtons,
+                                 Opened,
+                                 BlankingAnEmptyScreen(),
+                                 {Opens200},
+                                 NumberedAnew(1043),
+                                 {Opens300},
+                                 ListsFilled,
+                                 FirstFocus}));
+    EXPECT_TRUE(screen->TxtWeight.Locked());
+    EXPECT_FALSE(screen->ChkFinalized.Visible());
+    EXPECT_FALSE(screen->ChkManualWeight.Visible());
+    EXPECT_FALSE(screen->FrminVisible.Visible());
+}
+
+TEST_F(NewWeighmentTrace, OfLoadingLeavesTheFirstState) {
+    ShowScreen();
+    EXPECT_EQ(screen->ScreenMode, "NewMode");
+    EXPECT_FALSE(screen->IsOpened);
+    EXPECT_EQ(screen->ArrivalNo, 1043);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
+    EXPECT_EQ(screen->DtpArrivalDate.Value(), Today());
+    EXPECT_EQ(screen->BagRows.RowCount(), 0);
+    EXPECT_EQ(screen->BagRows.ColumnCount(), 3);
+    EXPECT_EQ(screen->TxtNetWeight.Text(), "0");
+    EXPECT_EQ(screen->TxtMoundKgs.Text(), "0-0");
+    EXPECT_TRUE(screen->CM.PortOpen());
+    EXPECT_TRUE(screen->Timer.Enabled());
+    EXPECT_EQ(screen->Timer.Interval(), 300);
+    EXPECT_TRUE(screen->TxtWeight.Locked());
+}
+
+TEST_F(NewWeighmentTrace, OfLoadingFillsTheLists) {
+    ShowScreen();
+    EXPECT_EQ(NamesIn(screen->CboSellerType),
+              (std::vector<std::string>{"ALL", "Suppliers", "Buyers", "Brokers"}));
+    EXPECT_EQ(screen->CboSellerType.Bookmark(), 0);
+    EXPECT_EQ(screen->CboSellerType.Text(), "ALL");
+    EXPECT_GT(NamesIn(screen->CboSeller).size(), 30u);
+    EXPECT_EQ(screen->CboSeller.Text(), "");
+    EXPECT_TRUE(screen->CboCommodity.FindRow(0, "Wheat").has_value());
+    EXPECT_FALSE(NamesIn(screen->CboBagType).empty());
+    EXPECT_FALSE(NamesIn(screen->CboBagClass).empty());
+    for (const TDBCombo* list : {&screen->CboBagClass, &screen->CboBagType, &screen->CboCommodity,
+                                 &screen->CboSeller, &screen->CboSellerType})
+        EXPECT_TRUE(list->Layout.LimitToList && list->Layout.AutoDropDown) << list->Name();
+}
+
+TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledGoesOnWithTheNext) {
+    RunInFile("ALTER TABLE BagsTypes RENAME TO Elsewhere");
+    screen = std::make_unique<FrmWeighment>();
+    Trace trace(*screen, line);
+    screen->Show();
+    EXPECT_EQ(StatementsOf(trace.Take()), Joined({{PortRows, NextId}, ListsFilled}));
+    EXPECT_TRUE(NamesIn(screen->CboBagType).empty());
+    EXPECT_FALSE(NamesIn(screen->CboBagClass).empty());
+    EXPECT_TRUE(screen->isVisible());
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
+}
+
+TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledTellsWhy) {
+    RunInFile("ALTER TABLE BagsTypes RENAME TO Elsewhere");
+    Testing::BoxAnswers answers;
+    answers.Expect(Critical("no such table: bagstypes", "Database"));
+    ShowScreen();
+}
+
+TEST_F(NewWeighmentTrace, OfLoadingWithoutADatabaseTellsOfEachStatementAndStays) {
+    Con->Close();
+    const std::string box = "Operation is not allowed when the object is closed.";
+    Testing::BoxAnswers answers;
+    for (int i = 0; i < 5; ++i)
+        answers.Expect(Critical(box, "Database"));
+    ShowScreen();
+    EXPECT_TRUE(screen->isVisible());
+    EXPECT_EQ(screen->ActiveControlName(), "TxtArrivalId");
+    screen->Timer.SetEnabled(false);
+    Con->Open("Driver=SQL Server;Server=(embedded);Database=Account1");
+}
+
+TEST_F(NewWeighmentTrace, OfAFilledInScreen) {
+    ShowScreen();
+    FillIn();
+    screen->ChkFinalized.SetValue(1);
+    EXPECT_EQ(StartingAnew(), Joined({{PortRows},
+                                      {"LostFocus BtnSave", "GotFocus BtnClear", "BtnSave off"},
+                                      BlankingTheFilledInScreen(),
+                                      {"TxtArrivalId 0xFFFFFF"},
+                                      {Opens200},
+                                      {"BtnOpen on"},
+                                      NumberedAnew(1043),
+                                      {Opens300}}));
+    EXPECT_EQ(screen->BagRows.RowCount(), 0);
+    EXPECT_EQ(screen->Grid.ColumnText(0), "");
+    EXPECT_EQ(screen->ChkFinalized.Value(), 0);
+    for (const TDBCombo* list : {&screen->CboCommodity, &screen->CboSeller, &screen->CboSellerType,
+                                 &screen->CboBagClass, &screen->CboBagType}) {
+        EXPECT_EQ(list->Text(), "") << list->Name();
+        EXPECT_FALSE(list->Bookmark()) << list->Name();
+        EXPECT_FALSE(NamesIn(*list).empty()) << "lists keep their contents: " << list->Name();
+    }
+}
+
+TEST_F(NewWeighmentTrace, OfAStoredWeighment) {
+    ShowScreen();
+    FillInOpened(1040);
+    screen->TxtGrossWeight.SetEnabled(false);
+    screen->TxtInitialGrossWeight.SetEnabled(false);
+    screen->SetButtonState(3);
+    screen->TxtVehicleNo.SetFocus();
+    screen->ChkFinalized.SetValue(1);
+    const Lines filled = BlankingTheFilledInScreen();
+    EXPECT_EQ(StartingAnew(), Joined({{PortRows},
+                                      {"BtnPrint off", "BtnRemove off", "TxtInitialGrossWeight on"},
+                                      filled,
+                                      {"TxtArrivalId on", "TxtArrivalId 0xFFFFFF"},
+                                      {Opens200},
+                                      {"CmdGrossWeight on", "CmdTareWeight on"},
+                                      NumberedAnew(1043),
+                                      {Opens300}}))
+        << "and the focus is left to the caller";
+    EXPECT_FALSE(screen->IsOpened);
+    EXPECT_FALSE(screen->TxtGrossWeight.Enabled()) << "nothing brings it back";
+}
+
+TEST_F(NewWeighmentTrace, WithTheManualWeightCheckedReturnsToTheLiveReading) {
+    ShowScreen();
+    screen->ChkManualWeight.SetValue(1);
+    screen->TxtWeight.SetText("1250");
+    EXPECT_FALSE(screen->Timer.Enabled());
+    EXPECT_FALSE(screen->TxtWeight.Locked());
+    EXPECT_EQ(StartingAnew(),
+              Joined({{PortRows},
+                      BlankingAnEmptyScreen({"ChkManualWeight = 0", "TxtWeight locked"}),
+                      {"TxtArrivalId 0xFFFFFF"},
+                      {Opens200},
+                      NumberedAnew(1043),
+                      {Opens300}}));
+    EXPECT_EQ(screen->ChkManualWeight.Value(), 0);
+    EXPECT_TRUE(screen->Timer.Enabled());
+    EXPECT_TRUE(screen->TxtWeight.Locked());
+}
+
+TEST_F(NewWeighmentTrace, WithTheFocusInTheTareBoxLeavesTheGrossThatItsBlankingComputes) {
+    ShowScreen();
+    FillIn();
+    screen->TxtTareWeight.SetFocus();
+    screen->NewWeighment();
+    EXPECT_EQ(screen->TxtTareWeight.Text(), "");
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
+    EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");
+    EXPECT_EQ(screen->TxtNetWeight.Text(), "12540");
+    EXPECT_FALSE(screen->TxtGrossWeight.Enabled());
+}
+
+TEST_F(NewWeighmentTrace, WithAFailingIdEndsWithoutAnIdAndOpensTheLineNoSecondTime) {
+    ShowScreen();
+    screen->DtpArrivalDate.SetValue(AddDays(Today(), -3));
+    RunInFile("ALTER TABLE Arrivals RENAME TO Elsewhere");
+    EXPECT_EQ(StartingAnew(), Joined({{PortRows},
+                                      BlankingAnEmptyScreen(),
+                                      {"TxtArrivalId 0xFFFFFF"},
+                                      {Opens200, NextId, NoArrivals}}));
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "");
+    EXPECT_EQ(screen->ArrivalNo, 0);
+    EXPECT_EQ(screen->ScreenMode, "NewMode");
+    EXPECT_EQ(screen->DtpArrivalDate.Value(), AddDays(Today(), -3));
+    EXPECT_EQ(screen->Timer.Interval(), 200);
+    EXPECT_TRUE(screen->CM.PortOpen());
+}
+
+TEST_F(NewWeighmentTrace, WithoutLineSettingsDoesNothingMore) {
+    ShowScreen();
+    FillIn();
+    RunInFile("ALTER TABLE PortSettings RENAME TO Elsewhere");
+    EXPECT_EQ(StartingAnew(),
+              (Lines{PortRows, "Box \"Database\" [critical, OK] no such table: PortSettings"}));
+    EXPECT_EQ(screen->TxtVehicleNo.Text(), "LEB-4217");
+    EXPECT_TRUE(screen->BtnSave.Enabled());
+}
+
+TEST_F(NewWeighmentTrace, ReadsTheLineSettingsAfresh) {
+    ShowScreen();
+    RunInFile("UPDATE PortSettings SET RegistryValue = '2400,e,7,1' WHERE RegistryKey = "
+              "'PortSettings'");
+    screen->NewWeighment();
+    EXPECT_EQ(screen->CM.Settings(), "2400,e,7,1");
+}
+
+TEST_F(NewWeighmentTrace, WithTheLineInUseTellsTwice) {
+    Screen elsewhere("Elsewhere", "Elsewhere");
+    MSComm other(elsewhere, "CM");
+    other.SetPortOpen(true);
+    const Lines trace = Loading();
+    const Lines expected = Joined({{PortRows},
+                                   FirstButtons,
+                                   {"TxtWeight locked"},
+                                   Opened,
+                                   BlankingAnEmptyScreen(),
+                                   {Opens200, CannotOpen(line.Device())},
+                                   NumberedAnew(1043),
+                                   {Opens300, CannotOpen(line.Device())},
+                                   ListsFilled,
+                                   FirstFocus});
+    EXPECT_EQ(trace, expected) << "and the screen opens all the same";
+    EXPECT_TRUE(screen->Timer.Enabled());
+    EXPECT_EQ(screen->Timer.Interval(), 300);
+    screen->Timer.SetEnabled(false);
+}
+
+TEST_F(NewWeighmentTrace, LetsPendingEventsRunBetweenTheIdAndTheLine) {
+    ShowScreen();
+    Trace trace(*screen, line);
+    QTimer::singleShot(0, [&] { trace.Note("a pending event"); });
+    screen->NewWeighment();
+    const Lines done = trace.Take();
+    ASSERT_GE(done.size(), 3u);
+    EXPECT_EQ(Lines(done.end() - 3, done.end()),
+              (Lines{"TxtArrivalId = '1043'", "a pending event", Opens300}));
+}
+
+TEST_F(NewWeighmentTrace, EndsWhereAPendingEventClosesTheScreen) {
+    ShowScreen();
+    Trace trace(*screen, line);
+    QTimer::singleShot(0, [&] { screen->Unload(); });
+    EXPECT_THROW(screen->NewWeighment(), ScreenGone);
+    EXPECT_EQ(trace.Take().back(), "TxtArrivalId = '1043'");
+    EXPECT_FALSE(screen->CM.PortOpen());
+}
+
+TEST_F(NewWeighmentTrace, TakesTheNextFreeIdFromTheTop) {
+    RunInFile("DELETE FROM PurchaseBody; DELETE FROM LaboratoryReports; DELETE FROM ArrivalsBody; "
+              "DELETE FROM Arrivals WHERE ArrivalID > 1040");
+    ShowScreen();
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1041") << "ids are used again";
+    RunInFile("DELETE FROM Arrivals");
+    screen->NewWeighment();
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1") << "on a database with no arrivals";
+    EXPECT_EQ(screen->ArrivalNo, 1);
+}
+
+TEST_F(NewWeighmentTrace, ShowsTodayWhichIsNoChange) {
+    ShowScreen();
+    screen->DtpArrivalDate.SetValue(AddDays(Today(), -3));
+    screen->NewWeighment();
+    EXPECT_EQ(screen->DtpArrivalDate.Value(), Today());
+    EXPECT_EQ(screen->ScreenMode, "NewMode");
+    EXPECT_FALSE(screen->BtnSave.Enabled());
+}
+
+TEST_F(NewWeighmentTrace, OfClearingAlone) {
+    ShowScreen();
+    FillInOpened(1040);
+    screen->ChkFinalized.SetValue(1);
+    screen->TxtArrivalId.SetEnabled(false);
+    screen->TxtArrivalId.SetBackColor(ClosedGrey);
+    screen->DtpArrivalDate.SetEnabled(false);
+    const Date day = AddDays(Today(), -3);
+    screen->DtpArrivalDate.SetValue(day);
+    Trace trace(*screen, line);
+    StateWatch watch(*screen, trace);
+    screen->ClearControls();
+    EXPECT_EQ(trace.Take(),
+              Joined({BlankingTheFilledInScreen(),
+                      {"TxtArrivalId on", "TxtArrivalId 0xFFFFFF", "DtpArrivalDate on"}}));
+    EXPECT_FALSE(screen->IsOpened);
+    EXPECT_EQ(screen->DtpArrivalDate.Value(), day) << "the date is left as it is";
+    EXPECT_EQ(screen->BagRows.RowCount(), 2) << "and so is the grid";
+}
+
+TEST_F(NewWeighmentTrace, OfClearingPutsAPlainListOnItsFirstEntry) {
+    ShowScreen();
+    ComboBox plain(*screen, "CboPlain", {"first", "second"});
+    plain.SetListIndex(1);
+    screen->ClearControls();
+    EXPECT_EQ(plain.ListIndex(), 0);
+}
+
+TEST_F(NewWeighmentTrace, OfClearingEndsAtAFailure) {
+    ShowScreen();
+    ComboBox empty(*screen, "CboEmpty");
+    screen->IsOpened = true;
+    Testing::BoxAnswers answers;
+    answers.Expect(Critical("Invalid procedure call or argument", "Quillane"));
+    screen->ClearControls();
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "") << "what stands before it is done";
+    EXPECT_TRUE(screen->IsOpened) << "what stands behind it is not";
+}
+
+} // namespace
+} // namespace Quillane
