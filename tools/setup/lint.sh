@@ -5,7 +5,19 @@ set -euo pipefail
 cd "$(dirname "$0")/../.."
 build=${1:?usage: $0 BUILD_FOLDER [files]}
 shift
-[ $# -gt 0 ] || mapfile -t -d '' files < <(git -c safe.directory='*' ls-files -z -- 'src/*.cpp')
-[ $# -eq 0 ] || files=("$@")
-printf '%s\0' "${files[@]}" |
-    xargs -0 --max-args=1 --max-procs="$(nproc)" clang-tidy -p "$build" --quiet 2>/dev/null
+
+# Whether a file compiles is for the project's own compiler to say: Debian's clang stumbles over the
+# ranges of the newer standard library, so its parse errors are passed over. What it finds is told
+# together with the lines below it, and fails.
+export findings='(warning|error): .*\[[a-z]+-[a-z-]*'
+lint_file() {
+    local told
+    told=$(clang-tidy -p "$0" --quiet --extra-arg=-Wno-unknown-warning-option "$1" 2>/dev/null |
+        grep -E -v '\[clang-diagnostic-error')
+    ! grep -E -A3 "$findings" <<<"$told"
+}
+export -f lint_file
+
+if [ $# -gt 0 ]; then printf '%s\0' "$@"; else
+    git -c safe.directory='*' ls-files -z -- 'src/*.cpp'
+fi | xargs -0 --max-args=1 --max-procs="$(nproc)" bash -c 'lint_file "$@"' "$build"
