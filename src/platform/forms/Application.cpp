@@ -60,6 +60,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     case QEvent::KeyPress:
         return NotifyKey(widget, static_cast<QKeyEvent&>(*event));
     case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
         return NotifyPress(widget, *event);
     case QEvent::InputMethod:
         return NotifyInputMethod(widget, static_cast<QInputMethodEvent&>(*event));
@@ -110,10 +111,11 @@ bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
     const QPointer<QWidget> target = &receiver;
     const std::uint64_t life = screen->life_;
     const unsigned interruptions = Interruption::Count();
-    RunEvent([&] { screen->PressedOn(receiver); });
+    bool arrived = false;
+    RunEvent([&] { arrived = screen->PressedOn(receiver); });
     // After a box the mouse button has long been let go: a press handed on now would never end.
     const bool stands = target && screen && screen->life_ == life;
-    if (!stands || Interruption::Count() != interruptions) {
+    if (!arrived || !stands || Interruption::Count() != interruptions) {
         event.accept();
         return true;
     }

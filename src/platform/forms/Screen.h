@@ -122,7 +122,7 @@ private:
     void GiveQtFocus();
     void QtFocusMoved();
     void Reconcile();
-    void PressedOn(const QWidget& widget);
+    bool PressedOn(const QWidget& widget);
     void Observe(std::string_view event, const VisualControl* control) const;
 
     bool PreviewKey(const QKeyEvent& event);

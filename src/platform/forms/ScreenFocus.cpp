@@ -186,15 +186,16 @@ void Screen::Reconcile() {
     GiveQtFocus();
 }
 
-void Screen::PressedOn(const QWidget& widget) {
+// False if the press did not bring its control the focus: what a press does there may rest on it.
+bool Screen::PressedOn(const QWidget& widget) {
     Reconcile();
     VisualControl* control = ControlOf(&widget);
-    if (!control || !shown_ || !control->CanTakeFocus()) {
-        return;
+    if (!control || !shown_ || !control->CanTakeFocus() ||
+        !(control->FocusWidget().focusPolicy() & Qt::ClickFocus)) {
+        return true;
     }
-    if (control->FocusWidget().focusPolicy() & Qt::ClickFocus) {
-        MoveFocus(control, Move::Operator);
-    }
+    MoveFocus(control, Move::Operator);
+    return active_ == control;
 }
 
 // The screen moves its focus itself; Qt's own chain has no say.

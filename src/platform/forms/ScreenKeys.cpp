@@ -157,7 +157,7 @@ bool Screen::PressMnemonic(const QKeyEvent& event) {
     }
     const std::uint64_t life = life_;
     MoveFocus(control, Move::Operator);
-    if (Lives(life) && control->CanTakeFocus()) {
+    if (Lives(life) && active_ == control) {
         qobject_cast<QAbstractButton*>(&control->Widget())->click();
     }
     return true;

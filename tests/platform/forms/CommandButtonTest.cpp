@@ -44,6 +44,22 @@ TEST_F(CommandButtonTest, IsNotPressedWhileItIsDisabled) {
     EXPECT_EQ(0, clicks);
 }
 
+// What it does may rest on having the focus.
+TEST_F(CommandButtonTest, IsNotPressedByAClickThatDidNotBringItTheFocus) {
+    screen.First.SetFocus();
+    screen.First.Validate = [this] { screen.First.SetFocus(); };
+    driver.Click(screen.BtnGo);
+    EXPECT_EQ(0, clicks);
+    driver.DoubleClick(screen.BtnGo.Widget(), QPoint(5, 5));
+    EXPECT_EQ(0, clicks);
+    EXPECT_EQ("First", screen.ActiveControlName());
+    driver.Press(Qt::ALT | Qt::Key_G);
+    EXPECT_EQ(0, clicks);
+    screen.First.Validate = nullptr;
+    driver.Click(screen.BtnGo);
+    EXPECT_EQ(1, clicks);
+}
+
 TEST_F(CommandButtonTest, MayDisableItselfInItsClick) {
     screen.BtnGo.Click = [this] {
         ++clicks;
