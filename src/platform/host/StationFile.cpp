@@ -3,6 +3,10 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 
+#include <QString>
+#include <QStringDecoder>
+
+#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -24,6 +28,14 @@ std::string_view Bare(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+// Letters of another encoding would reach the company's name, and so the database, as rubbish.
+bool IsUtf8(std::string_view line) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded =
+        decoder.decode(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
+    return !decoder.hasError();
+}
+
 /// Puts one line after the other into a station's file, and knows where it stands.
 class LineReader {
 public:
@@ -31,6 +43,8 @@ public:
 
     void Read(std::string_view line) {
         ++number_;
+        if (!IsUtf8(line))
+            Refuse("it is no UTF-8 text. Please save the file as UTF-8.");
         const std::string_view bare = Bare(line);
         if (bare.empty() || bare.front() == ';' || bare.front() == '#')
             return;
@@ -88,13 +102,9 @@ private:
 
     int Whole(const std::string& text, int least, int most) const {
         int value = 0;
-        std::size_t used = 0;
-        try {
-            value = std::stoi(text, &used);
-        } catch (const std::exception&) {
-            used = 0;
-        }
-        if (text.empty() || used != text.size() || value < least || value > most)
+        const auto error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
+        // One spelling for each number: a second one would slip past the look for doubles.
+        if (error != std::errc() || std::to_string(value) != text || value < least || value > most)
             Refuse("\"" + text + "\" is no whole number from " + std::to_string(least) + " to " +
                    std::to_string(most) + ".");
         return value;

@@ -17,7 +17,8 @@ namespace Quillane {
 ///     1=/dev/ttyUSB0
 ///
 /// Blanks around a name or a value do not count, lines that begin with ; or # are notes, and the
-/// names of sections and keys may be in any case. A value runs to the end of its line.
+/// names of sections and keys may be in any case. A value runs to the end of its line. The text is
+/// UTF-8.
 struct StationFile {
     std::string StationRole;
     /// 1 to 9; entry 0 is not used. An empty entry 1 takes the name that the database has, once

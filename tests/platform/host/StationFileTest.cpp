@@ -76,6 +76,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"[Station]\nStationRole=Client\nStationRole=\n", 3},
                     Damage{"[CompanyNames]\n0=None\n", 2}, Damage{"[CompanyNames]\n10=Ten\n", 2},
                     Damage{"[CompanyNames]\none=One\n", 2}, Damage{"[Ports]\n1=\n", 2},
+                    Damage{"[CompanyNames]\n1=One\n01=Other\n", 3},
+                    Damage{"[CompanyNames]\n1=Caf\xE9 Mill\n", 2},
+                    Damage{"[CompanyNames]\n1=Mill \xD9\n", 2},
                     Damage{"[Ports]\n-1=/dev/ttyS0\n", 2}, Damage{"[Ports]\n1.5=/dev/ttyS0\n", 2},
                     Damage{std::string("\0\0\0\0", 4), 1}));
 
