@@ -57,6 +57,19 @@ void Build(const std::string& path, const NewDatabase& particulars) {
     throw Failure(FileAlreadyExists, "There is already a file " + file, FailureSource::Database);
 }
 
+// A journal left of a database that was moved away or deleted: the engine would play it into the
+// new one, and it may hold the other's last changes.
+void RefuseJournals(const std::string& file) {
+    for (const char* ending : {"-wal", "-journal"})
+        if (QFile::exists(ToQt(file + ending)))
+            throw Failure(
+                FileAlreadyExists,
+                "There is still a file of an earlier database here:\r\n" + file + ending +
+                    "\r\nPlease move it to where that database is now, or delete it where that "
+                    "database is no longer wanted, and try again.",
+                FailureSource::Database);
+}
+
 void ReadParticulars(EmbeddedFile& file, EmbeddedDatabase& found) {
     found.companyName =
         file.FirstText("SELECT value FROM Project_Registry WHERE registrykey = 'CompanyName'");
@@ -77,6 +90,7 @@ EmbeddedDatabase::Kind KindOf(EmbeddedFile& file) {
 void CreateEmbeddedDatabase(const std::string& file, const NewDatabase& particulars) {
     if (QFile::exists(ToQt(file)))
         FailAlreadyThere(file);
+    RefuseJournals(file);
     const std::string unfinished = file + ".new";
     QFile::remove(ToQt(unfinished));
     Build(unfinished, particulars);

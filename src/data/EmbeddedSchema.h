@@ -25,7 +25,8 @@ inline constexpr const char* SampleUserName = "gate";
 /// Makes an embedded database. It is built in a file beside, "<file>.new", which takes the name
 /// when it is complete and on the disk: set-up that breaks off leaves nothing behind under the
 /// name, and what it leaves beside is replaced by the next try. A file that already has the name is
-/// never touched: that is a failure (58).
+/// never touched: that is a failure (58), and so is the journal of an earlier database of that
+/// name.
 void CreateEmbeddedDatabase(const std::string& file, const NewDatabase& particulars);
 
 /// What stands under the name of an embedded database.

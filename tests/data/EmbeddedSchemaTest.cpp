@@ -213,6 +213,23 @@ TEST(CreateEmbeddedDatabase, StartsOverWhereAnEarlierTryBrokeOff) {
               EmbeddedDatabase::Kind::OfStations);
 }
 
+// The engine would play the journal of the database that was there into the new one.
+TEST(CreateEmbeddedDatabase, RefusesToStandBesideTheJournalOfAnEarlierDatabase) {
+    for (const char* journal : {"Account1.db-wal", "Account1.db-journal"}) {
+        const FreshFolder folder;
+        folder.Write(journal, "the last weighments of a database that was moved away");
+        try {
+            CreateEmbeddedDatabase(folder.File("Account1.db"), SampleParticulars());
+            ADD_FAILURE() << journal;
+        } catch (const Failure& failure) {
+            EXPECT_NE(failure.Description().find(folder.File(journal)), std::string::npos)
+                << failure.Description();
+        }
+        EXPECT_TRUE(folder.Has(journal));
+        EXPECT_FALSE(folder.Has("Account1.db"));
+    }
+}
+
 TEST(CreateEmbeddedDatabase, FailsInAFolderThatIsNotThere) {
     const FreshFolder folder;
     EXPECT_THROW(CreateEmbeddedDatabase(folder.File("gone/Account1.db"), SampleParticulars()),
