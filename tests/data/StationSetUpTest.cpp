@@ -30,6 +30,7 @@ TEST(WithCompanyName, ReplacesOrAddsTheEntryAndKeepsTheRest) {
         {"; note\n[CompanyNames]\n[Ports]\n1=/dev/x\n",
          "; note\n[CompanyNames]\n1=Mill\n[Ports]\n1=/dev/x\n"},
         {"[CompanyNames]\n1=Old", "[CompanyNames]\n1=Mill\n"},
+        {"\xEF\xBB\xBF[CompanyNames]\n1=Old\n", "\xEF\xBB\xBF[CompanyNames]\n1=Mill\n"},
         {"[CompanyNames]\r\n10=x\r\n", "[CompanyNames]\r\n1=Mill\n10=x\r\n"},
     };
     for (const Case& each : cases)

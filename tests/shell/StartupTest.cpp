@@ -11,6 +11,7 @@
 #include "shell/Desktop.h"
 #include "support/BoxAnswers.h"
 #include "support/ProcessEnd.h"
+#include "support/ScreenDriver.h"
 
 #include <sqlite3.h>
 
@@ -26,6 +27,7 @@ using Testing::Alert;
 using Testing::BoxAnswers;
 using Testing::Critical;
 using Testing::ProcessEnd;
+using Testing::ScreenDriver;
 using Testing::VisitModal;
 
 /// A program folder of its own, with the embedded database Account1 and a Config.ini that names it.
@@ -239,6 +241,18 @@ TEST_F(StartUp, EndsWithItsMessageWhereTheSetUpIsGivenUp) {
     EXPECT_EQ(end.Codes(), std::vector<int>{1});
     EXPECT_FALSE(std::filesystem::exists(File("Config.ini")));
     EXPECT_EQ(Con->State(), 0);
+}
+
+TEST_F(StartUp, EndsWhereASetUpThatSucceededLeavesNoConfigFile) {
+    const VisitModal visit([this](Screen& screen) {
+        ScreenDriver driver(screen);
+        for (const char* text : {"Veltrane", "", "", "", "nadia", "grain", "grain"})
+            driver.Type(text).Press(Qt::Key_Return);
+        driver.Press(Qt::Key_Return);
+        EXPECT_FALSE(screen.IsLoaded());
+        EXPECT_TRUE(std::filesystem::remove(File("Config.ini")));
+    });
+    ExpectToEndWith("File not found: " + File("Config.ini"));
 }
 
 TEST_F(StartUp, EndsOnAnApostropheInTheCompanysName) {
