@@ -1,7 +1,9 @@
 #include "platform/forms/EventBoundary.h"
 #include "platform/forms/Screen.h"
 
+#include <QGuiApplication>
 #include <QMetaObject>
+#include <QScrollArea>
 
 #include <algorithm>
 
@@ -23,6 +25,19 @@ private:
 void Run(const std::function<void()>& handler) {
     if (handler) {
         handler();
+    }
+}
+
+// On a screen that is too large for the display. Not under a press of the mouse, which would then
+// be let go over something else.
+void BringIntoView(QWidget& widget) {
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(around)) {
+            area->ensureWidgetVisible(&widget);
+        }
     }
 }
 
@@ -134,6 +149,7 @@ void Screen::Arrive(VisualControl* target) {
     active_ = target;
     GiveQtFocus();
     if (target) {
+        BringIntoView(target->Widget());
         Observe("GotFocus", target);
         Run(target->GotFocus);
     } else {

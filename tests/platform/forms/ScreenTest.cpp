@@ -7,6 +7,9 @@
 #include "support/ScreenDriver.h"
 
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -180,6 +183,55 @@ TEST(Screen, ShowsTheFocusAsForOneWhoWorksByKeyboard) {
     EXPECT_EQ("", screen.First.SelectedText());
     ScreenDriver(screen).Click(screen.BtnGo);
     EXPECT_TRUE(screen.testAttribute(Qt::WA_KeyboardFocusChange));
+}
+
+/// Two boxes far from each other, on a screen that is too small to show both.
+class ScrolledScreen : public Screen {
+public:
+    ScrolledScreen() : Screen("Scrolled", "Scrolled") {
+        auto* content = new QWidget;
+        auto* column = new QVBoxLayout(content);
+        column->addWidget(&Upper.Widget());
+        column->addSpacing(600);
+        column->addWidget(&Lower.Widget());
+        auto* area = new QScrollArea(this);
+        area->setFocusPolicy(Qt::NoFocus);
+        area->setWidget(content);
+        (new QVBoxLayout(this))->addWidget(area);
+        Upper.SetTabIndex(0);
+        Lower.SetTabIndex(1);
+        resize(300, 200);
+    }
+    TextBox Upper{*this, "Upper"};
+    TextBox Lower{*this, "Lower"};
+};
+
+bool IsSeenWhole(VisualControl& control) {
+    return control.Widget().visibleRegion() == QRegion(control.Widget().rect());
+}
+
+TEST(Screen, ThatIsTooSmallBringsTheActiveControlIntoView) {
+    ScrolledScreen screen;
+    screen.Show();
+    ScreenDriver driver(screen);
+    EXPECT_TRUE(IsSeenWhole(screen.Upper));
+    driver.Press(Qt::Key_Tab);
+    EXPECT_TRUE(IsSeenWhole(screen.Lower));
+    driver.Press(Qt::Key_Backtab);
+    EXPECT_TRUE(IsSeenWhole(screen.Upper));
+    screen.Lower.SetFocus();
+    EXPECT_TRUE(IsSeenWhole(screen.Lower));
+}
+
+TEST(Screen, DoesNotScrollUnderAPressOfTheMouse) {
+    ScrolledScreen screen;
+    screen.Show();
+    screen.Lower.SetFocus();
+    auto& bar = *screen.findChild<QScrollArea*>()->verticalScrollBar();
+    bar.setValue(bar.minimum() + screen.Upper.Widget().y() + 10);
+    ScreenDriver(screen).Click(screen.Upper.Widget(), QPoint(20, 15));
+    EXPECT_EQ("Upper", screen.ActiveControlName());
+    EXPECT_FALSE(IsSeenWhole(screen.Upper));
 }
 
 TEST(Screen, MayGoWhileItIsShown) {
