@@ -157,6 +157,32 @@ void Operator::Answer(const std::string& title, const std::string& text, const Q
           [this] { return boxes_.CountUp() == 0 || boxes_.All().size() > answered_; });
 }
 
+void Operator::PastLineBoxes(const std::function<void()>& act, const std::string& what,
+                             const std::function<bool()>& condition) {
+    const auto lineBox = [this]() -> std::size_t {
+        const QMessageBox* box = boxes_.Up();
+        return box && box->windowTitle() == "Serial line" ? boxes_.All().size() : 0;
+    };
+    const QDeadlineTimer end(10000);
+    while (!See(condition)) {
+        if (end.hasExpired())
+            throw Missed("tried in vain: " + what + "; " + See([this] { return WhatIsSeen(); }));
+        if (const std::size_t up = See(lineBox)) {
+            Press({"Return"});
+            Until("the line's box to close", [&] { return lineBox() != up; });
+        } else {
+            act();
+            Until(what + ", or a box of the line", [&] { return condition() || lineBox() != 0; });
+        }
+    }
+    answered_ = See([this] { return boxes_.All().size() - boxes_.CountUp(); });
+}
+
+void Operator::ForgetBoxes() {
+    Until("the boxes to close", [this] { return boxes_.CountUp() == 0; });
+    answered_ = See([this] { return boxes_.All().size(); });
+}
+
 // ---- the station ----
 
 void Operator::SignIn(const std::string& name, const std::string& password) {

@@ -58,6 +58,13 @@ public:
     /// The same; presses the keys and waits until the box is gone.
     void Answer(const std::string& title, const std::string& text, const QStringList& keys);
 
+    /// Acts again and again until the condition holds, and closes each box of the line that comes
+    /// between by Enter.
+    void PastLineBoxes(const std::function<void()>& act, const std::string& what,
+                       const std::function<bool()>& condition);
+    /// All boxes so far are dealt with: the next one counts.
+    void ForgetBoxes();
+
     // The station.
     void SignIn(const std::string& name, const std::string& password);
     /// From the start screen, by Enter.

@@ -1,0 +1,204 @@
+// The screens on displays of several sizes and at several scales: everything can be seen, nothing
+// lies over anything else, no text is cut. The display and the scale come with the run.
+
+#include "Station.h"
+#include "platform/forms/Text.h"
+#include "shell/Desktop.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+
+namespace Quillane::Testing {
+namespace {
+
+struct Piece {
+    std::string name;
+    const QWidget* widget;
+    QRect place; ///< on the screen's window, also where it is scrolled out of sight
+};
+
+std::string Described(const Piece& piece) {
+    const QRect& place = piece.place;
+    return piece.name + " at " + std::to_string(place.x()) + "," + std::to_string(place.y()) +
+           " of " + std::to_string(place.width()) + "x" + std::to_string(place.height());
+}
+
+/// Every control and every caption that is shown.
+std::vector<Piece> PiecesOf(Screen& screen) {
+    std::vector<Piece> pieces;
+    const auto add = [&](std::string name, const QWidget& widget) {
+        if (widget.isVisibleTo(&screen) && !widget.size().isEmpty())
+            pieces.push_back({std::move(name), &widget,
+                              QRect(widget.mapTo(&screen, QPoint(0, 0)), widget.size())});
+    };
+    for (Control* control : screen.Controls())
+        if (auto* visual = dynamic_cast<VisualControl*>(control))
+            add(visual->Name(), visual->Widget());
+    for (const QLabel* label : screen.findChildren<QLabel*>())
+        if (!screen.ControlOf(label) && !label->text().isEmpty())
+            add("\"" + FromQt(label->text()) + "\"", *label);
+    return pieces;
+}
+
+/// The part of the window in which the controls are seen, and the area in which they can be.
+struct View {
+    QRect seen;
+    QRect reachable;
+};
+
+View ViewOf(const Screen& screen) {
+    const auto* scroll = screen.findChild<QScrollArea*>();
+    if (!scroll)
+        return {screen.rect(), screen.rect()};
+    const auto placeOf = [&](const QWidget& widget) {
+        return QRect(widget.mapTo(&screen, QPoint(0, 0)), widget.size());
+    };
+    return {placeOf(*scroll->viewport()), placeOf(*scroll->widget())};
+}
+
+bool IsWithin(const QWidget* inner, const QWidget* outer) {
+    return outer->isAncestorOf(inner);
+}
+
+void ExpectNothingOverlaps(const std::vector<Piece>& pieces) {
+    for (std::size_t one = 0; one < pieces.size(); ++one)
+        for (std::size_t other = one + 1; other < pieces.size(); ++other) {
+            if (IsWithin(pieces[one].widget, pieces[other].widget) ||
+                IsWithin(pieces[other].widget, pieces[one].widget))
+                continue;
+            EXPECT_FALSE(pieces[one].place.intersects(pieces[other].place))
+                << Described(pieces[one]) << " and " << Described(pieces[other]);
+        }
+}
+
+void ExpectTextsWhole(const std::vector<Piece>& pieces) {
+    for (const Piece& piece : pieces) {
+        const QSize needed = piece.widget->minimumSizeHint();
+        EXPECT_GE(piece.place.width(), needed.width()) << Described(piece);
+        EXPECT_GE(piece.place.height(), needed.height()) << Described(piece);
+        const auto* button = qobject_cast<const QAbstractButton*>(piece.widget);
+        if (button && !button->text().isEmpty()) {
+            EXPECT_GE(piece.place.width(), button->sizeHint().width()) << Described(piece);
+        }
+    }
+}
+
+void ExpectOnDisplay(const Screen& screen) {
+    const QRect room = screen.screen()->availableGeometry();
+    EXPECT_TRUE(room.contains(screen.frameGeometry()))
+        << screen.frameGeometry().width() << "x" << screen.frameGeometry().height() << " on "
+        << room.width() << "x" << room.height();
+}
+
+class ScreenLayout : public Station {
+protected:
+    /// The longest texts that the boxes can hold.
+    static void FillToTheLimit(FrmWeighment& screen) {
+        screen.TxtArrivalId.SetText("2147483647");
+        screen.TxtVehicleNo.SetText("WWWWWWWWWW");
+        screen.TxtInitialGrossWeight.SetText("888888");
+        screen.TxtTareWeight.SetText("888888");
+        screen.TxtGrossWeight.SetText("-888888");
+        screen.TxtDeduction.SetText("8888");
+    }
+};
+
+TEST_F(ScreenLayout, OfTheWeighmentLiesOnTheDisplayAndNothingOverlaps) {
+    WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
+        by.UntilReading(12540);
+        by.Picture("layout");
+        by.See([&] {
+            ExpectOnDisplay(screen);
+            const std::vector<Piece> pieces = PiecesOf(screen);
+            EXPECT_GT(pieces.size(), 40U);
+            ExpectNothingOverlaps(pieces);
+            ExpectTextsWhole(pieces);
+            const View view = ViewOf(screen);
+            for (const Piece& piece : pieces)
+                EXPECT_TRUE(view.reachable.contains(piece.place)) << Described(piece);
+        });
+    });
+}
+
+TEST_F(ScreenLayout, OfTheWeighmentNeedsNoScrollingWhereThereIsRoom) {
+    WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
+        by.UntilReading(12540);
+        by.See([&] {
+            const QSize room = screen.screen()->availableSize();
+            if (room.width() < 960 || room.height() < 540)
+                return;
+            const View view = ViewOf(screen);
+            EXPECT_TRUE(view.seen.contains(view.reachable))
+                << view.reachable.width() << "x" << view.reachable.height() << " in "
+                << view.seen.width() << "x" << view.seen.height();
+        });
+    });
+}
+
+TEST_F(ScreenLayout, OfTheWeighmentShowsTheWholeReading) {
+    WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
+        by.UntilReading(12540);
+        Indicate(by, "weight 888888");
+        by.UntilReading(888888);
+        by.See([&] {
+            const auto& box = dynamic_cast<QLineEdit&>(screen.TxtWeight.Widget());
+            EXPECT_LE(box.fontMetrics().horizontalAdvance(box.text()), box.width() - 8);
+            EXPECT_LE(box.fontMetrics().tightBoundingRect(box.text()).height(), box.height());
+        });
+        by.Press({"Return"});
+        by.See([&] {
+            FillToTheLimit(screen);
+            for (const TextBox* each : std::initializer_list<const TextBox*>{
+                     &screen.TxtArrivalId, &screen.TxtInitialGrossWeight, &screen.TxtTareWeight,
+                     &screen.TxtGrossWeight, &screen.TxtDeduction, &screen.TxtNetWeight,
+                     &screen.TxtMoundKgs}) {
+                auto& box = dynamic_cast<QLineEdit&>(const_cast<TextBox*>(each)->Widget());
+                EXPECT_LE(box.fontMetrics().horizontalAdvance(box.text()), box.width() - 8)
+                    << each->Name() << " " << each->Text();
+            }
+        });
+    });
+}
+
+// Where the screen is larger than the display, the control with the focus is always in sight.
+TEST_F(ScreenLayout, OfTheWeighmentFollowsTheFocus) {
+    WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
+        by.UntilReading(12540);
+        std::string before = by.See([&] { return screen.ActiveControlName(); });
+        for (int step = 0; step < 23; ++step) {
+            by.Press({"Tab"});
+            by.Until("the focus to move on", [&] { return screen.ActiveControlName() != before; });
+            before = by.See([&] { return screen.ActiveControlName(); });
+            by.See([&] {
+                const QWidget& widget = screen.ActiveControl()->Widget();
+                const QRect place(widget.mapTo(&screen, QPoint(0, 0)), widget.size());
+                const QRect seen = ViewOf(screen).seen;
+                EXPECT_TRUE(seen.contains(place) || (seen & place).height() >= seen.height() / 2)
+                    << Described({before, &widget, place}) << " in " << seen.width() << "x"
+                    << seen.height();
+            });
+        }
+        by.Picture("focus-followed");
+    });
+}
+
+TEST_F(ScreenLayout, OfTheStartScreenLiesOnTheDisplayAndNothingOverlaps) {
+    Work([](Operator& by) {
+        by.SignIn("Nadia", "grain");
+        by.Picture("start-screen");
+        by.See([] {
+            ExpectOnDisplay(*TheDesktop);
+            const std::vector<Piece> pieces = PiecesOf(*TheDesktop);
+            ExpectNothingOverlaps(pieces);
+            ExpectTextsWhole(pieces);
+            for (const Piece& piece : pieces)
+                EXPECT_TRUE(TheDesktop->rect().contains(piece.place)) << Described(piece);
+        });
+    });
+}
+
+} // namespace
+} // namespace Quillane::Testing
