@@ -160,6 +160,22 @@ TEST_P(SaveWhileTyping, StoresTheSellerThatTheTypedNameIsCompletedTo) {
     EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals WHERE ArrivalID = 1043"), "'6010026'");
 }
 
+/// A name that no list has is seen, and is no party: nothing is stored.
+TEST_F(WeighmentScreenTest, ASaveWithASellerThatIsOnNoListStoresNothing) {
+    ASSERT_TRUE(WaitFor([this] { return screen->isActiveWindow(); }));
+    FillIn();
+    screen->CboSeller.SetFocus();
+    ScreenDriver(*screen).Press(Qt::Key_Home).Press(Qt::SHIFT | Qt::Key_End).Type("qq");
+    ASSERT_EQ(screen->CboSeller.Text(), "qq");
+    BoxAnswers boxes;
+    boxes.Expect(Question("Are you sure to save this Weighment?"), BoxAnswer::Yes);
+    boxes.Expect(Critical("Invalid use of Null", "Quillane"));
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(StoredCell("SELECT max(ArrivalID) FROM Arrivals"), "1042");
+    EXPECT_EQ(screen->CboSeller.Text(), "qq");
+    EXPECT_TRUE(screen->BtnSave.Enabled());
+}
+
 TEST_P(SaveWhileTyping, StoresTheDateAsSeen) {
     screen->DtpArrivalDate.SetFocus();
     Type("19");

@@ -379,6 +379,31 @@ TEST_F(FailingSave, OfAnOpenedArrivalBringsItsOldLinesBack) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
+TEST_F(FailingSave, UnderABrokenNumberIsRefusedByTheDatabase) {
+    FillIn();
+    screen->TxtArrivalId.SetText("1043.5");
+    EXPECT_EQ(screen->ArrivalNo, 1044);
+    EXPECT_EQ(
+        SaveTraced(),
+        (Lines{IdCount("1043.5"), PostedRule("1043.5"), IdCount("1043.5"), PostedRule("1043.5"),
+               "BeginTrans", "Select * from Arrivals Where ArrivalId=1043.5", HeaderInsert,
+               "RollbackTrans", "Box \"Database\" [critical, OK] datatype mismatch"}));
+    EXPECT_EQ(StoredCell("SELECT max(ArrivalID) FROM Arrivals"), "1042");
+}
+
+// What was committed stays; that there is nothing to roll back any more is what is reported.
+TEST_F(FailingSave, BehindTheCommitReportsThatThereIsNoTransaction) {
+    FillIn();
+    Trace trace(*screen, line);
+    trace.When("Line opens, timer 300 ms", [this] {
+        screen->DtpArrivalDate.SetEnabled(false);
+        screen->TxtArrivalId.SetEnabled(false);
+    });
+    screen->BtnSave_Click();
+    EXPECT_TRUE(trace.Take().back().starts_with("Box \"Database\" [critical, OK] "));
+    EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
+}
+
 TEST_F(FailingSave, OfTheNewWeighmentBehindItLeavesTheSaveAsItIs) {
     FillIn();
     Trace trace(*screen, line);
