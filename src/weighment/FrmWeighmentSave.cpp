@@ -58,6 +58,9 @@ void FrmWeighment::WriteHeader() {
     const double id = Val(TxtArrivalId.Text());
     Reopen(headerRows_, "Select * from Arrivals Where ArrivalId=" + NumberText(id), adOpenDynamic);
     if (headerRows_.RecordCount() == 0) {
+        // Beyond the range of ids `ArrivalNo` has not followed the box, and the steps that go by it
+        // would take the lines of another arrival.
+        ToLong(id);
         headerRows_.AddNew();
         headerRows_.Collect("ArrivalId", id);
     }

@@ -273,5 +273,27 @@ TEST_F(SavedRows, LeaveEveryOtherArrivalAlone) {
     EXPECT_EQ(bodiesAfter, bodies);
 }
 
+// The member keeps its value there: going by both would take the lines of another arrival, and no
+// new weighment could show the id after it.
+TEST_F(SavedRows, AreNoneForAnIdBeyondTheRangeOfIds) {
+    FillIn();
+    const auto header = StoredTable("Arrivals");
+    const auto body = StoredTable("ArrivalsBody");
+    Trace trace(*screen, line);
+    screen->TxtArrivalId.SetText("1031");
+    for (const char* id : {"2147483648", "3331234567", "-2147483649"}) {
+        screen->TxtArrivalId.SetText(id);
+        trace.Take();
+        screen->BtnSave_Click();
+        EXPECT_EQ(trace.Take().back(), "Box \"Quillane\" [critical, OK] Overflow") << id;
+        EXPECT_EQ(StoredTable("Arrivals"), header) << id;
+        EXPECT_EQ(StoredTable("ArrivalsBody"), body) << id;
+        EXPECT_TRUE(screen->BtnSave.Enabled());
+    }
+    screen->TxtArrivalId.SetText("2147483646");
+    screen->BtnSave_Click();
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "2147483647");
+}
+
 } // namespace
 } // namespace Quillane::Testing
