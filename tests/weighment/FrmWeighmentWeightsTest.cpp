@@ -1,5 +1,6 @@
 // The weights on the screen: captures, the cascade of the change handlers, the live reading.
 
+#include "support/ProcessEnd.h"
 #include "weighment/StateWatch.h"
 
 #include <QTimer>
@@ -11,6 +12,7 @@ using Testing::BoxAnswers;
 using Testing::Critical;
 using Testing::Joined;
 using Testing::Lines;
+using Testing::ProcessEnd;
 using Testing::ScreenDriver;
 using Testing::StateWatch;
 using Testing::Trace;
@@ -135,6 +137,29 @@ TEST_F(FrmWeighmentWeights, AreCapturedByTheSpaceBar) {
     ScreenDriver(*screen).Press(Qt::Key_Space);
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "12540");
     EXPECT_EQ(screen->ActiveControlName(), "CmdTareWeight");
+}
+
+TEST_F(FrmWeighmentWeights, AreCapturedAlsoWhereAChangeClosesTheTareBox) {
+    screen->TxtTareWeight.Change = [this] { screen->TxtTareWeight.SetEnabled(false); };
+    Capturing(screen->CmdTareWeight, "4320");
+    EXPECT_EQ(screen->TxtTareWeight.Text(), "4320");
+    EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");
+}
+
+TEST_F(FrmWeighmentWeights, AreCapturedWithoutATrap) {
+    const std::pair<JeweledButton*, VisualControl*> unreachable[] = {
+        {&screen->CmdGrossWeight, &screen->CmdTareWeight},
+        {&screen->CmdTareWeight, &screen->TxtVehicleNo}};
+    for (const auto& [button, target] : unreachable) {
+        target->SetEnabled(false);
+        screen->TxtWeight.SetText("4320");
+        ProcessEnd end;
+        BoxAnswers answers;
+        answers.Expect(Critical("Invalid procedure call or argument", "Quillane"));
+        ScreenDriver(*screen).Click(*button);
+        EXPECT_EQ(end.Codes().size(), 1u) << "a failure ends the process";
+        target->SetEnabled(true);
+    }
 }
 
 TEST_F(FrmWeighmentWeights, TypedByHandAreCapturedLikeTheLiveOnes) {

@@ -343,9 +343,15 @@ TEST_F(NewWeighmentTrace, WithTheLineInUseTellsTwice) {
                                    ListsFilled,
                                    FirstFocus});
     EXPECT_EQ(trace, expected) << "and the screen opens all the same";
-    EXPECT_TRUE(screen->Timer.Enabled());
     EXPECT_EQ(screen->Timer.Interval(), 300);
-    screen->Timer.SetEnabled(false);
+    Testing::BoxAnswers answers;
+    const auto closed = Critical("Port 1 is closed: nothing can be read from it.", "Serial line");
+    answers.Expect(closed).Expect(closed);
+    EXPECT_TRUE(Testing::WaitFor([&] {
+        if (answers.Remaining() == 0)
+            screen->Timer.SetEnabled(false);
+        return answers.Remaining() == 0;
+    })) << "then once with each tick";
 }
 
 TEST_F(NewWeighmentTrace, LetsPendingEventsRunBetweenTheIdAndTheLine) {
@@ -377,6 +383,16 @@ TEST_F(NewWeighmentTrace, TakesTheNextFreeIdFromTheTop) {
     screen->NewWeighment();
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1") << "on a database with no arrivals";
     EXPECT_EQ(screen->ArrivalNo, 1);
+}
+
+TEST_F(NewWeighmentTrace, TellsOfAnIdBeyondTheRange) {
+    RunInFile("UPDATE Arrivals SET ArrivalID = 2147483647 WHERE ArrivalID = 1042");
+    Testing::BoxAnswers answers;
+    answers.Expect(Critical("Overflow", "Quillane"));
+    ShowScreen();
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "");
+    EXPECT_EQ(screen->ArrivalNo, 0);
+    EXPECT_TRUE(screen->CM.PortOpen());
 }
 
 TEST_F(NewWeighmentTrace, ShowsTodayWhichIsNoChange) {
