@@ -58,6 +58,14 @@ TEST_F(Login, TakesATypedNameForNothingButAName) {
     EXPECT_EQ(login.SignIn("nobody", "grain"), Attempt::Wrong);
 }
 
+TEST_F(Login, WorksOnThePasswordOfANameThatNobodyHasToo) {
+    // Far less than a hash takes, and far more than the look for a name.
+    constexpr std::chrono::milliseconds work(8);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(login.SignIn("nobody", "grain"), Attempt::Wrong);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, work);
+}
+
 TEST_F(Login, PausesAfterWrongAttemptsAndForgetsThemAfterARightOne) {
     login.SignIn("Nadia", "x");
     login.SignIn("Nadia", "x");

@@ -1,6 +1,7 @@
 #include "shell/Desktop.h"
 
 #include "SignIn.h"
+#include "data/EmbeddedSchema.h"
 #include "data/OpenedDatabase.h"
 #include "data/PasswordHash.h"
 #include "data/Services.h"
@@ -65,8 +66,6 @@ protected:
     BoxAnswers boxes;
     ProcessEnd end;
     Desktop desktop;
-
-private:
     std::string settings_;
 };
 
@@ -224,6 +223,27 @@ TEST_F(StartScreen, SignsInAnotherUserWhoseLevelHoldsFromThenOn) {
     for (const QLabel* label : desktop.findChildren<QLabel*>())
         texts << label->text();
     EXPECT_TRUE(texts.contains("Signed in: gate"));
+}
+
+// The other way round than the start-up does it.
+TEST_F(StartScreen, GivesTheConnectionOnlyBehindTheNewSignIn) {
+    CreateEmbeddedDatabase(settings_ + "/Account2.db", {.companyName = "Other",
+                                                        .companyAddress = "",
+                                                        .companyPhone = "",
+                                                        .companyEmail = "",
+                                                        .userName = "rana",
+                                                        .password = "barley",
+                                                        .hashCost = HashCost::Minimum});
+    Connection other;
+    other.SetEmbeddedSupport({.folder = settings_, .registerFunctions = {}});
+    other.Open("Server=(embedded);Database=Account2");
+    UserLogin->SetConnection(other);
+    desktop.Show();
+    for (const auto& [name, password] : {std::pair("rana", "barley"), std::pair("ali", "wheat")}) {
+        const VisitModal visit(SignInAs(name, password));
+        ScreenDriver(desktop).Click(desktop.Image1);
+        EXPECT_EQ(UserLogin->UserName(), name);
+    }
 }
 
 TEST_F(StartScreen, EndsTheProgramWhereTheNewSignInIsGivenUp) {
