@@ -142,6 +142,7 @@ TEST_F(DependentTable, WithAKeyOfTwoColumnsIsProbedOncePerColumnByTheLastThatFit
     boxes.Expect(Critical("unrecognized token: \"1ANDTollDay\"", "Database"));
     EXPECT_EQ(Find("Trips", "Truck=1 AND Day=2"), "");
     EXPECT_EQ(criteria, "Truck=1ANDDay=2");
+    EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Tolls Where Truck=1ANDTollDay=2");
     database.statements.clear();
     EXPECT_EQ(Find("Trips", "Day=2"), "");
     EXPECT_EQ(database.statements,
