@@ -179,7 +179,7 @@ TEST_F(PrintTest, AfterASaveShowsTheRowsJustStoredBeforeTheScreenIsCleared) {
                 EXPECT_EQ(ColumnOf(slip, "ArrivalId"), (Lines{"1043", "1043"}));
                 EXPECT_EQ(ColumnOf(slip, "NoOfBags"), (Lines{"60", "40"}));
                 EXPECT_EQ(ColumnOf(slip, "VehicleNo"), (Lines{"LEB-4217", ""}));
-                EXPECT_EQ(ColumnOf(slip, "PartyName").front(), "Chaudhry Grain Traders-Okara");
+                EXPECT_EQ(ColumnOf(slip, "PartyName"), Lines(2, "Chaudhry Grain Traders-Okara"));
                 EXPECT_EQ(screen->TxtNetWeight.Text(), "8203");
                 EXPECT_FALSE(screen->BtnPrint.Enabled());
                 EXPECT_THROW(Con->RollbackTrans(), std::exception);
