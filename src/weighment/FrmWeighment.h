@@ -135,6 +135,7 @@ private:
     void DesignGrid();
     void HideControls();
     void DescribeControls();
+    bool OnSmallDisplay() const;
     void LayOut();
     QLayout* ReadingRow();
     QLayout* ArrivalFields();

@@ -96,7 +96,7 @@ void FrmWeighment::DesignBoxes() {
         MakeReadOnly(*box);
     }
     for (TextBox* box : {&TxtInitialGrossWeight, &TxtTareWeight, &TxtGrossWeight, &TxtDeduction})
-        box->SetFont("Arial", 16, false);
+        box->SetFont("Arial", OnSmallDisplay() ? 12 : 16, false);
     TxtScaleDeductKg.SetEnabled(false);
     MakeResult(TxtNetWeight);
     MakeResult(TxtMoundKgs);
@@ -178,7 +178,7 @@ void FrmWeighment::DescribeControls() {
 void FrmWeighment::LayOut() {
     auto* content = new QWidget;
     QFont font = content->font();
-    font.setPointSize(12);
+    font.setPointSize(OnSmallDisplay() ? 9 : 12);
     content->setFont(font);
 
     auto* middle = new QHBoxLayout;
@@ -203,8 +203,14 @@ void FrmWeighment::LayOut() {
     whole->addWidget(scroll);
 
     const QSize wanted = content->sizeHint().expandedTo(QSize(980, 640));
-    const QSize room = screen()->availableSize() - QSize(8, 40);
-    resize(wanted.boundedTo(room));
+    const QSize windowFrame(8, 40);
+    resize(wanted.boundedTo(screen()->availableSize() - windowFrame));
+}
+
+// A display of a small size in points, such as 1280 by 800 at twice the scale.
+bool FrmWeighment::OnSmallDisplay() const {
+    const QSize room = screen()->availableSize();
+    return room.width() < 900 || room.height() < 520;
 }
 
 QLayout* FrmWeighment::ReadingRow() {
@@ -293,7 +299,7 @@ QLayout* FrmWeighment::ButtonRow() {
     row->addWidget(&BtnClose.Widget());
     for (VisualControl* button : std::initializer_list<VisualControl*>{
              &BtnSave, &BtnClear, &BtnOpen, &BtnRemove, &BtnPrint, &BtnClose})
-        button->Widget().setMinimumSize(104, 40);
+        button->Widget().setMinimumSize(OnSmallDisplay() ? QSize(84, 32) : QSize(104, 40));
     return row;
 }
 
