@@ -1,0 +1,134 @@
+// One thing coming into the midst of another: a press while a name is refused or a box is up, a
+// clear while a cell is edited, the line under a preview, a save inside a tick.
+
+#include "weighment/WeighmentFixture.h"
+
+#include <QMetaObject>
+
+namespace Quillane::Testing {
+namespace {
+
+class FrmWeighmentInterruptions : public WeighmentScreenTest {
+protected:
+    void SetUp() override {
+        ShowScreen();
+        ASSERT_TRUE(WaitFor([this] { return screen->isActiveWindow(); }));
+    }
+    void BeginCell(std::string_view typed) {
+        screen->Grid.SetFocus();
+        ScreenDriver(*screen).Type(typed);
+        ASSERT_TRUE(screen->Grid.IsEditing());
+    }
+};
+
+// A capture with the focus elsewhere would write the reading and leave the gross as it was.
+TEST_F(FrmWeighmentInterruptions, OfACaptureByANameThatIsOnNoListCaptureNothing) {
+    screen->TxtWeight.SetText("12540");
+    screen->CboSeller.SetFocus();
+    ScreenDriver driver(*screen);
+    driver.Type("zzq").Click(screen->CmdGrossWeight);
+    EXPECT_EQ(screen->ActiveControlName(), "CboSeller");
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
+    EXPECT_EQ(screen->TxtGrossWeight.Text(), "");
+    screen->CboSeller.SetText("");
+    driver.Click(screen->CmdGrossWeight);
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "12540");
+    EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");
+}
+
+TEST_F(FrmWeighmentInterruptions, OfASaveByANameThatIsOnNoListSaveNothingAndSayNothing) {
+    FillIn();
+    screen->CboCommodity.SetFocus();
+    ScreenDriver driver(*screen);
+    driver.Type("zzq");
+    Trace trace(*screen, line);
+    driver.Click(screen->BtnSave);
+    EXPECT_EQ(trace.Take(), Lines{"Validate CboCommodity"});
+    EXPECT_EQ(screen->CboCommodity.Text(), "zzq");
+}
+
+TEST_F(FrmWeighmentInterruptions, OfAPressByABoxUseThePressUp) {
+    screen->TxtWeight.SetText("12540");
+    ScreenDriver driver(*screen);
+    driver.Type("1040");
+    Trace trace(*screen, line);
+    driver.Click(screen->CmdGrossWeight);
+    EXPECT_EQ(
+        trace.Take(),
+        (Lines{"Validate TxtArrivalId", "Select count(*) From Arrivals where ArrivalID = 1040",
+               "Box \"Quillane\" [information, OK] Opening a weighment is not there yet in "
+               "this version.",
+               "LostFocus TxtArrivalId", "GotFocus CmdGrossWeight"}));
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
+    driver.Click(screen->CmdGrossWeight);
+    EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");
+}
+
+TEST_F(FrmWeighmentInterruptions, OfACellByAClearThatIsAnsweredNoKeepTheLine) {
+    BeginCell("Jute O");
+    Trace trace(*screen, line);
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_L);
+    EXPECT_EQ(trace.Take(),
+              Lines{"Box \"Alert\" [question, Yes*/No] Are you sure to clear the entries?"});
+    ASSERT_EQ(screen->BagRows.RowCount(), 1);
+    EXPECT_EQ(screen->BagRows.Get(0, 0), "Jute Old");
+    EXPECT_EQ(screen->ActiveControlName(), "Grid");
+}
+
+TEST_F(FrmWeighmentInterruptions, OfACellByAClearLeaveNoLineBehind) {
+    const std::function<void(ScreenDriver&)> clears[] = {
+        [](ScreenDriver& driver) { driver.Press(Qt::CTRL | Qt::Key_L); },
+        [this](ScreenDriver& driver) { driver.Click(screen->BtnClear); }};
+    for (const auto& clear : clears) {
+        BeginCell("Jute O");
+        Trace trace(*screen, line);
+        trace.Answer("Are you sure to clear the entries?", BoxAnswer::Yes);
+        ScreenDriver driver(*screen);
+        clear(driver);
+        EXPECT_EQ(screen->BagRows.RowCount(), 0);
+        EXPECT_FALSE(screen->Grid.IsEditing());
+        EXPECT_FALSE(screen->BtnSave.Enabled());
+        EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
+    }
+}
+
+TEST_F(FrmWeighmentInterruptions, OfTheLineByAPreviewLetTheReadingGoOnUnderIt) {
+    FillIn();
+    Trace trace(*screen, line);
+    trace.Answer("Do you want to print?", BoxAnswer::Yes);
+    VisitModal preview([this](Screen& shown) {
+        line.Write("\r\n  23456 kg\r\n  23456 kg\r\n");
+        EXPECT_TRUE(WaitFor([this] { return screen->TxtWeight.Text() == "23456"; }));
+        EXPECT_EQ(screen->TxtArrivalId.Text(), "1043") << "the screen still holds the weighment";
+        shown.Unload();
+    });
+    screen->BtnSave_Click();
+    EXPECT_TRUE(preview.TookPlace());
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1044");
+}
+
+// The tick has read the line before the save, and shows the reading after it.
+TEST_F(FrmWeighmentInterruptions, OfATickByASaveFinishBoth) {
+    FillIn();
+    screen->Timer.SetEnabled(false);
+    Trace trace(*screen, line);
+    bool saved = false;
+    line.Write("\r\n  12345 kg\r\n  12345 kg\r\n");
+    // Let run by the tick itself, and by nothing before it.
+    QMetaObject::invokeMethod(
+        screen.get(),
+        [&] {
+            saved = true;
+            screen->BtnSave_Click();
+        },
+        Qt::QueuedConnection);
+    for (int look = 0; look < 1'000'000 && !saved; ++look)
+        screen->ReadLiveWeight();
+    ASSERT_TRUE(saved);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1044");
+    EXPECT_EQ(screen->TxtWeight.Text(), "12345");
+    EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
+}
+
+} // namespace
+} // namespace Quillane::Testing
