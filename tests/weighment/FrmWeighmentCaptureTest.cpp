@@ -1,0 +1,163 @@
+// Taking the reading as the gross or the tare weight.
+
+#include "support/ProcessEnd.h"
+#include "weighment/WeighmentWeights.h"
+
+namespace Quillane {
+namespace {
+
+using Testing::BoxAnswers;
+using Testing::Critical;
+using Testing::Joined;
+using Testing::Lines;
+using Testing::ProcessEnd;
+using Testing::ScreenDriver;
+
+using FrmWeighmentCapture = Testing::WeighmentWeights;
+
+TEST_F(FrmWeighmentCapture, OfTheGrossCapture) {
+    EXPECT_EQ(
+        Capturing(screen->CmdGrossWeight, "12540"),
+        (Lines{// The press moves the focus to the button.
+               "Validate TxtArrivalId", "Select count(*) From Arrivals where ArrivalID = 1043",
+               "LostFocus TxtArrivalId", "GotFocus CmdGrossWeight",
+               // The text, with the focus still on the button.
+               "TxtInitialGrossWeight = '12540'", "Validate CmdGrossWeight",
+               "LostFocus CmdGrossWeight", "GotFocus TxtInitialGrossWeight",
+               "TxtInitialGrossWeight 0xC0FFFF",
+               // The change handler by hand.
+               "TxtScaleDeductKg = '0'", "TxtGrossWeight = '12540'", "TxtNetWeight = '12540'",
+               "TxtMoundKgs = '313-20'", "TxtGrossWeight off", "Validate TxtInitialGrossWeight",
+               "LostFocus TxtInitialGrossWeight", "GotFocus CmdTareWeight",
+               "TxtInitialGrossWeight off"}));
+    EXPECT_EQ(screen->TxtGrossWeight.BackColor(), ClosedGrey);
+}
+
+TEST_F(FrmWeighmentCapture, OfTheTareCapture) {
+    Capturing(screen->CmdGrossWeight, "12540");
+    const Lines computed{"TxtScaleDeductKg = '0'", "TxtGrossWeight = '8220'",
+                         "TxtNetWeight = '8220'", "TxtMoundKgs = '205-20'"};
+    EXPECT_EQ(
+        Capturing(screen->CmdTareWeight, "4320"),
+        Joined({// The focus comes first, so the text computes a first time.
+                {"Validate CmdTareWeight", "LostFocus CmdTareWeight", "GotFocus TxtTareWeight",
+                 "TxtTareWeight 0xC0FFFF", "TxtTareWeight = '4320'"},
+                computed,
+                // And by hand a second time.
+                computed,
+                {"Validate TxtTareWeight", "LostFocus TxtTareWeight", "GotFocus TxtVehicleNo"}}));
+    EXPECT_EQ(Enabled(), "iTg") << "the tare stays open";
+    EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
+}
+
+TEST_F(FrmWeighmentCapture, OfATareBeforeTheGross) {
+    const Lines trace = Capturing(screen->CmdTareWeight, "4320");
+    EXPECT_EQ(Lines(trace.end() - 5, trace.end()),
+              (Lines{"TxtTareWeight = '4320'", "TxtGrossWeight off", "Validate TxtTareWeight",
+                     "LostFocus TxtTareWeight", "GotFocus TxtVehicleNo"}))
+        << "nothing is computed";
+    EXPECT_EQ(Figures(), " / 0 / 0-0");
+    Capturing(screen->CmdGrossWeight, "12540");
+    EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
+}
+
+TEST_F(FrmWeighmentCapture, OfAGrossBeforeTheTare) {
+    Capturing(screen->CmdGrossWeight, "12540");
+    EXPECT_EQ(Figures(), "12540 / 12540 / 313-20");
+    Capturing(screen->CmdTareWeight, "4320");
+    EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
+}
+
+TEST_F(FrmWeighmentCapture, WithATareAboveTheGrossAreNegative) {
+    Capturing(screen->CmdGrossWeight, "4320");
+    Capturing(screen->CmdTareWeight, "4361");
+    EXPECT_EQ(Figures(), "-41 / -41 / -1-1");
+}
+
+TEST_F(FrmWeighmentCapture, WithNoReadingAreNotCaptured) {
+    for (JeweledButton* button : {&screen->CmdGrossWeight, &screen->CmdTareWeight}) {
+        for (const char* reading : {"", "0", "000", "-5", "kg", "0.0"}) {
+            button->SetFocus();
+            EXPECT_EQ(Capturing(*button, reading), Lines{}) << reading;
+        }
+    }
+}
+
+TEST_F(FrmWeighmentCapture, AreCapturedAsTheNumberThatTheReadingBeginsWith) {
+    const std::pair<const char*, const char*> readings[] = {
+        {"1250.5", "1250.5"}, {"1250kg", "1250"},     {"0012500", "12500"},
+        {" 12 50", "1250"},   {"9999999", "9999999"}, {"0.5", "0.5"}};
+    for (const auto& [reading, taken] : readings) {
+        screen->NewWeighment();
+        Capturing(screen->CmdGrossWeight, reading);
+        EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), taken);
+        Capturing(screen->CmdTareWeight, reading);
+        EXPECT_EQ(screen->TxtTareWeight.Text(), taken);
+        EXPECT_EQ(Figures(), " / 0 / 0-0") << "a gross of 0 is not shown";
+    }
+}
+
+TEST_F(FrmWeighmentCapture, AreCapturedByTheSpaceBar) {
+    screen->TxtWeight.SetText("12540");
+    screen->CmdGrossWeight.SetFocus();
+    ScreenDriver(*screen).Press(Qt::Key_Space);
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "12540");
+    EXPECT_EQ(screen->ActiveControlName(), "CmdTareWeight");
+}
+
+TEST_F(FrmWeighmentCapture, AreCapturedAlsoWhereAChangeClosesTheTareBox) {
+    screen->TxtTareWeight.Change = [this] { screen->TxtTareWeight.SetEnabled(false); };
+    Capturing(screen->CmdTareWeight, "4320");
+    EXPECT_EQ(screen->TxtTareWeight.Text(), "4320");
+    EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");
+}
+
+TEST_F(FrmWeighmentCapture, AreCapturedWithoutATrap) {
+    const std::pair<JeweledButton*, VisualControl*> unreachable[] = {
+        {&screen->CmdGrossWeight, &screen->CmdTareWeight},
+        {&screen->CmdTareWeight, &screen->TxtVehicleNo}};
+    for (const auto& [button, target] : unreachable) {
+        target->SetEnabled(false);
+        screen->TxtWeight.SetText("4320");
+        ProcessEnd end;
+        BoxAnswers answers;
+        answers.Expect(Critical("Invalid procedure call or argument", "Quillane"));
+        ScreenDriver(*screen).Click(*button);
+        EXPECT_EQ(end.Codes().size(), 1u) << "a failure ends the process";
+        target->SetEnabled(true);
+    }
+}
+
+TEST_F(FrmWeighmentCapture, TypedByHandAreCapturedLikeTheLiveOnes) {
+    ScreenDriver driver(*screen);
+    driver.Click(screen->ChkManualWeight);
+    EXPECT_FALSE(screen->Timer.Enabled());
+    EXPECT_FALSE(screen->TxtWeight.Locked());
+    screen->TxtWeight.SetFocus();
+    driver.Type("1250.5kg");
+    EXPECT_EQ(screen->TxtWeight.Text(), "1250.5kg") << "the box has no key filter";
+    driver.Click(screen->CmdGrossWeight);
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "1250.5");
+    EXPECT_EQ(Figures(), "1250 / 1250 / 31-10") << "half a kilogram goes to the even neighbour";
+    driver.Click(screen->ChkManualWeight);
+    EXPECT_TRUE(screen->Timer.Enabled());
+    EXPECT_TRUE(screen->TxtWeight.Locked());
+}
+
+TEST_F(FrmWeighmentCapture, OfTheWorkedExample) {
+    Capturing(screen->CmdGrossWeight, "12540");
+    Capturing(screen->CmdTareWeight, "4320");
+    EXPECT_EQ(Writing(screen->TxtKandaDeduction, "0.5"),
+              (Lines{"TxtKandaDeduction = '0.5'", "TxtScaleDeductKg = '103'",
+                     "TxtGrossWeight = '8117'", "TxtNetWeight = '8117'", "TxtMoundKgs = '202-37'",
+                     "TxtNetWeight = '8117'", "TxtMoundKgs = '202-37'"}));
+    screen->TxtDeduction.SetFocus();
+    EXPECT_EQ(Doing([&] { ScreenDriver(*screen).Type("17"); }),
+              (Lines{"BtnOpen off", "BtnSave on", "TxtDeduction = '1'", "TxtNetWeight = '8116'",
+                     "TxtMoundKgs = '202-36'", "TxtDeduction = '17'", "TxtNetWeight = '8100'",
+                     "TxtMoundKgs = '202-20'"}));
+    EXPECT_EQ(Figures(), "8117 / 8100 / 202-20");
+}
+
+} // namespace
+} // namespace Quillane
