@@ -39,6 +39,17 @@ bool KeyboardIsReady() {
     return active && (!modal || active == modal);
 }
 
+/// Whether the display's server sends the keys to a window, and the window manager agrees.
+bool HasServersKeyboard(WId window) {
+    const auto saysSo = [window](const QStringList& question) {
+        QProcess tool;
+        tool.start("xdotool", question);
+        tool.waitForFinished();
+        return tool.readAllStandardOutput().trimmed() == QByteArray::number(window);
+    };
+    return saysSo({"getactivewindow"}) && saysSo({"getwindowfocus", "-f"});
+}
+
 } // namespace
 
 void Operator::RunInProgram(const std::function<void()>& look) {
@@ -95,8 +106,23 @@ QPoint Operator::OnDisplay(const QWidget& widget, QPoint place) const {
     });
 }
 
-void Operator::UntilKeyboardIsReady() const {
+// The program may believe itself in front a moment before the display's server sends it the keys,
+// so a window that has newly come to the front is asked for there as well.
+void Operator::UntilKeyboardIsReady() {
     Until("the window in front to have the keyboard", KeyboardIsReady);
+    const QDeadlineTimer end(10000);
+    const auto inFront = [] {
+        const QWidget* window = QApplication::activeWindow();
+        return window ? window->winId() : 0;
+    };
+    while (See(inFront) != keyboard_) {
+        const WId window = See(inFront);
+        if (HasServersKeyboard(window))
+            keyboard_ = window;
+        else if (end.hasExpired())
+            throw Missed("the display's server sends the keys elsewhere; " +
+                         See([this] { return WhatIsSeen(); }));
+    }
 }
 
 // ---- eyes ----

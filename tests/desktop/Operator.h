@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPoint>
 #include <QStringList>
+#include <QWidget>
 
 #include <exception>
 #include <functional>
@@ -77,12 +78,13 @@ public:
     void CloseEverything() const;
 
 private:
-    void UntilKeyboardIsReady() const;
+    void UntilKeyboardIsReady();
     std::string WhatIsSeen() const;
     static void RunInProgram(const std::function<void()>& look);
 
     const BoxWatch& boxes_;
     std::size_t answered_ = 0;
+    WId keyboard_ = 0; ///< the window that last had the keyboard
 };
 
 template <typename Look>
