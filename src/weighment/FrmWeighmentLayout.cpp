@@ -246,7 +246,7 @@ QLayout* FrmWeighment::ArrivalFields() {
     fields->addWidget(&TxtBuiltyNo.Widget(), row++, 3);
     fields->addWidget(Caption("Driver Name"), row, 0);
     fields->addWidget(&TxtDriverName.Widget(), row, 1);
-    fields->addWidget(&ChkFinalized.Widget(), row, 3);
+    fields->addWidget(&ChkFinalized.Widget(), row, 3, Qt::AlignLeft);
     return fields;
 }
 

@@ -28,19 +28,16 @@ TEST_P(GrossTable, GivesScaleDeductionAndGross) {
 
 INSTANTIATE_TEST_SUITE_P(
     Figures, GrossTable,
-    testing::Values(GrossCase{"12540", "4320", "0.5", "103", "8117"},
-                    // Gross captured before the tare: the whole vehicle counts.
-                    GrossCase{"12540", "", "", "0", "12540"},
-                    GrossCase{"12540", "4320", "", "0", "8220"},
-                    // Ties go to the even neighbour: 102.5 and 103.5.
-                    GrossCase{"8200", "0", "0.5", "102", "8098"},
-                    GrossCase{"8280", "0", "0.5", "104", "8176"},
-                    // A tare above the initial gross is shown with its minus.
-                    GrossCase{"4000", "5000", "", "0", "-1000"},
-                    GrossCase{"4000", "5000", "0.5", "-12", "-988"},
-                    GrossCase{"1250.5", "0", "", "0", "1250"},
-                    GrossCase{"1251.5", "0", "", "0", "1252"},
-                    GrossCase{" 1 2 kg", "x", "y", "0", "12"}));
+    testing::Values(
+        GrossCase{"12540", "4320", "0.5", "103", "8117"},
+        // Gross captured before the tare: the whole vehicle counts.
+        GrossCase{"12540", "", "", "0", "12540"}, GrossCase{"12540", "4320", "", "0", "8220"},
+        // Ties go to the even neighbour: 102.5 and 103.5.
+        GrossCase{"8200", "0", "0.5", "102", "8098"}, GrossCase{"8280", "0", "0.5", "104", "8176"},
+        // A tare above the initial gross is shown with its minus.
+        GrossCase{"4000", "5000", "", "0", "-1000"},
+        GrossCase{"4000", "5000", "0.5", "-12", "-988"}, GrossCase{"1250.5", "0", "", "0", "1250"},
+        GrossCase{"1251.5", "0", "", "0", "1252"}, GrossCase{" 1 2 kg", "x", "y", "0", "12"}));
 
 TEST(GrossFiguresOf, WritesNothingWithoutAnInitialGross) {
     EXPECT_FALSE(GrossFiguresOf("", "4320", "0.5"));
@@ -62,7 +59,9 @@ TEST(NetWeightOf, SubtractsBagsShortageAndDeduction) {
     EXPECT_EQ(NetWeightOf("8117", "7", "10", "100"), "8000");
 }
 
-TEST(NetWeightOf, CountsBlanksAsNothing) { EXPECT_EQ(NetWeightOf("", "", "", ""), "0"); }
+TEST(NetWeightOf, CountsBlanksAsNothing) {
+    EXPECT_EQ(NetWeightOf("", "", "", ""), "0");
+}
 
 TEST(NetWeightOf, ShowsANegativeNetWithItsMinus) {
     EXPECT_EQ(NetWeightOf("", "", "", "40"), "-40");
