@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Failure.h"
 #include "scale/DecodingReference.h"
+#include "support/FailureOf.h"
 
 #include <gtest/gtest.h>
 
@@ -27,15 +28,6 @@ std::string Times(int count, std::string_view frame) {
     for (int i = 0; i < count; ++i)
         text += frame;
     return text;
-}
-
-int FailureOf(const std::function<void()>& procedure) {
-    try {
-        procedure();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
 }
 
 struct Example {
@@ -229,10 +221,10 @@ TEST(Decoding, ReadsTheBenchsLengthLeniently) {
 }
 
 TEST(Decoding, FailsOnANegativeLength) {
-    EXPECT_EQ(FailureOf([] { Live("1 1250 1", Cutting("Left", -1)); }), 5);
-    EXPECT_EQ(FailureOf([] { Live("no digits", Cutting("Right", -0.6)); }), 5);
-    EXPECT_EQ(FailureOf([] { DecodeTestWeight("1 1250 1", "Right", "-1", false); }), 5);
-    EXPECT_EQ(FailureOf([] { DecodeTestWeight("", "Right", "-1", false); }), 5);
+    EXPECT_EQ(FailureNumberOf([] { Live("1 1250 1", Cutting("Left", -1)); }), 5);
+    EXPECT_EQ(FailureNumberOf([] { Live("no digits", Cutting("Right", -0.6)); }), 5);
+    EXPECT_EQ(FailureNumberOf([] { DecodeTestWeight("1 1250 1", "Right", "-1", false); }), 5);
+    EXPECT_EQ(FailureNumberOf([] { DecodeTestWeight("", "Right", "-1", false); }), 5);
     EXPECT_EQ(Live("1 1250 1", Uncut()), "1250");
 }
 

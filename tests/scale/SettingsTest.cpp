@@ -3,24 +3,15 @@
 #include "platform/ado/Recordset.h"
 #include "platform/runtime/Failure.h"
 #include "scale/PortSettingsDatabase.h"
+#include "support/FailureOf.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 
 namespace Quillane {
 namespace {
 
 using Testing::PortSettingsDatabase;
-
-int FailureOf(const std::function<void()>& procedure) {
-    try {
-        procedure();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 class SettingsTest : public testing::Test {
 protected:
@@ -121,7 +112,8 @@ TEST_F(SettingsTest, HaveTheLengthReadLeniently) {
 }
 
 TEST_F(SettingsTest, NeedALengthOnlyWithADirection) {
-    EXPECT_EQ(FailureOf([&] { ReadFrom(PortSettingsDatabase::Without("DataLength")); }), 3021);
+    EXPECT_EQ(FailureNumberOf([&] { ReadFrom(PortSettingsDatabase::Without("DataLength")); }),
+              3021);
     EXPECT_FALSE(ReadFrom({{"IsReversed", "0"}}).direction);
 }
 
@@ -135,9 +127,11 @@ TEST_F(SettingsTest, AreReversedOnlyByTheNumberOne) {
 
 TEST_F(SettingsTest, FailOnAReversalThatIsNoNumber) {
     for (const char* text : {"", "yes", "True", "1x"})
-        EXPECT_EQ(FailureOf([&] { ReadFrom(PortSettingsDatabase::With("IsReversed", text)); }), 13)
+        EXPECT_EQ(
+            FailureNumberOf([&] { ReadFrom(PortSettingsDatabase::With("IsReversed", text)); }), 13)
             << text;
-    EXPECT_EQ(FailureOf([&] { ReadFrom(PortSettingsDatabase::Without("IsReversed")); }), 3021);
+    EXPECT_EQ(FailureNumberOf([&] { ReadFrom(PortSettingsDatabase::Without("IsReversed")); }),
+              3021);
 }
 
 TEST_F(SettingsTest, TakeTheFirstOfDoubledLengthsAndReversals) {
@@ -153,7 +147,7 @@ TEST_F(SettingsTest, AreReadInTheOrderDirectionLengthReversal) {
     // Both are wrong; the one that is read first is the one that fails.
     auto wrong = PortSettingsDatabase::Without("DataLength");
     wrong.back().second = "yes";
-    EXPECT_EQ(FailureOf([&] { ReadFrom(wrong); }), 3021);
+    EXPECT_EQ(FailureNumberOf([&] { ReadFrom(wrong); }), 3021);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Connection.h"
-#include "platform/ado/FailureOf.h"
+#include "support/FailureOf.h"
 
 #include <gtest/gtest.h>
 

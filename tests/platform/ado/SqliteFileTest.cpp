@@ -1,5 +1,5 @@
 #include "platform/ado/EmbeddedFolder.h"
-#include "platform/ado/FailureOf.h"
+#include "support/FailureOf.h"
 
 #include <fstream>
 

@@ -1,6 +1,6 @@
 #include "platform/ado/Value.h"
 
-#include "platform/ado/FailureOf.h"
+#include "support/FailureOf.h"
 
 namespace Quillane {
 

@@ -4,6 +4,7 @@
 #include "platform/forms/Boxes.h"
 #include "platform/forms/TrialScreen.h"
 #include "platform/runtime/Failure.h"
+#include "support/FailureOf.h"
 #include "support/ScreenDriver.h"
 
 #include <QApplication>
@@ -26,15 +27,6 @@ void PrintTo(const Row& row, std::ostream* out) {
 }
 
 class FocusTable : public testing::TestWithParam<Row> {};
-
-int FailureOf(const std::function<void()>& procedure) {
-    try {
-        procedure();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 void PressReturn(QDialog& box) {
     PressIn(box, Qt::Key_Return);
@@ -135,9 +127,9 @@ const Row Moves[] = {
          screen.Second.SetEnabled(false);
          screen.Third.SetVisible(false);
          screen.Around.SetVisible(false);
-         EXPECT_EQ(5, FailureOf([&] { screen.Second.SetFocus(); }));
-         EXPECT_EQ(5, FailureOf([&] { screen.Third.SetFocus(); }));
-         EXPECT_EQ(5, FailureOf([&] { screen.InFrame.SetFocus(); }));
+         EXPECT_EQ(5, FailureNumberOf([&] { screen.Second.SetFocus(); }));
+         EXPECT_EQ(5, FailureNumberOf([&] { screen.Third.SetFocus(); }));
+         EXPECT_EQ(5, FailureNumberOf([&] { screen.InFrame.SetFocus(); }));
      },
      {},
      "First"},

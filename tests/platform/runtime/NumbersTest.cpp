@@ -1,27 +1,18 @@
 #include "platform/runtime/Numbers.h"
 
 #include "platform/runtime/Failure.h"
+#include "support/FailureOf.h"
 
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cmath>
-#include <functional>
 #include <limits>
 
 namespace Quillane {
 namespace {
 
 constexpr double largest = std::numeric_limits<double>::max();
-
-int FailureOf(const std::function<void()>& procedure) {
-    try {
-        procedure();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 struct Read {
     std::string text;
@@ -153,8 +144,8 @@ TEST(NumberText, ShowsAtMostFifteenDigitsAndNoTrailingZeros) {
 }
 
 TEST(NumberText, FailsOnWhatHasGrownBeyondADouble) {
-    EXPECT_EQ(FailureOf([] { NumberText(largest * 10); }), 6);
-    EXPECT_EQ(FailureOf([] { WeightText(-largest * 10); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { NumberText(largest * 10); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { WeightText(-largest * 10); }), 6);
     EXPECT_EQ(NumberText(largest), "1.79769313486232E+308");
 }
 
@@ -163,8 +154,8 @@ TEST(ToDouble, TakesOneWholeNumberAndNothingElse) {
     EXPECT_EQ(ToDouble("  -8100.25 "), -8100.25);
     EXPECT_EQ(ToDouble("1e3"), 1000);
     for (const char* text : {"", " ", "x", "1x", "1 2", "1.2.3", "1,5", "-", "1e", "\t1"})
-        EXPECT_EQ(FailureOf([&] { ToDouble(text); }), 13) << text;
-    EXPECT_EQ(FailureOf([] { ToDouble("1e400"); }), 6);
+        EXPECT_EQ(FailureNumberOf([&] { ToDouble(text); }), 13) << text;
+    EXPECT_EQ(FailureNumberOf([] { ToDouble("1e400"); }), 6);
     EXPECT_EQ(ToDouble("1e-400"), 0);
 }
 
@@ -175,10 +166,10 @@ TEST(ToInteger, RoundsTiesToTheEvenNeighbourWithinSixteenBits) {
     EXPECT_EQ(ToInteger("3.5"), 4);
     EXPECT_EQ(ToInteger("32767.4"), 32767);
     EXPECT_EQ(ToInteger("-32768.5"), -32768);
-    EXPECT_EQ(FailureOf([] { ToInteger("32767.5"); }), 6);
-    EXPECT_EQ(FailureOf([] { ToInteger("-32769"); }), 6);
-    EXPECT_EQ(FailureOf([] { ToInteger("COM1"); }), 13);
-    EXPECT_EQ(FailureOf([] { ToInteger(std::nan("")); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToInteger("32767.5"); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToInteger("-32769"); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToInteger("COM1"); }), 13);
+    EXPECT_EQ(FailureNumberOf([] { ToInteger(std::nan("")); }), 6);
 }
 
 TEST(ToLong, RoundsTiesToTheEvenNeighbourWithinThirtyTwoBits) {
@@ -186,15 +177,15 @@ TEST(ToLong, RoundsTiesToTheEvenNeighbourWithinThirtyTwoBits) {
     EXPECT_EQ(ToLong(-2147483648.0), -2147483647 - 1);
     EXPECT_EQ(ToLong(0.5), 0);
     EXPECT_EQ(ToLong("1.5"), 2);
-    EXPECT_EQ(FailureOf([] { ToLong("2147483648"); }), 6);
-    EXPECT_EQ(FailureOf([] { ToLong(-2147483649.0); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToLong("2147483648"); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToLong(-2147483649.0); }), 6);
 }
 
 TEST(Divide, FailsOnAZeroDivisor) {
     EXPECT_EQ(Divide(8117, 100), 81.17);
-    EXPECT_EQ(FailureOf([] { Divide(8117, 0); }), 11);
-    EXPECT_EQ(FailureOf([] { Divide(-1, 0); }), 11);
-    EXPECT_EQ(FailureOf([] { Divide(0, 0); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { Divide(8117, 0); }), 11);
+    EXPECT_EQ(FailureNumberOf([] { Divide(-1, 0); }), 11);
+    EXPECT_EQ(FailureNumberOf([] { Divide(0, 0); }), 6);
 }
 
 TEST(Currency, KeepsFourDecimals) {
@@ -203,9 +194,9 @@ TEST(Currency, KeepsFourDecimals) {
     EXPECT_EQ(ToCurrency(0.03125).tenThousandths, 312) << "ties to even";
     EXPECT_EQ(ToCurrency(0.09375).tenThousandths, 938);
     EXPECT_EQ(ToCurrency(60).ToDouble(), 60);
-    EXPECT_EQ(FailureOf([] { ToCurrency(1e15); }), 6);
-    EXPECT_EQ(FailureOf([] { ToCurrency(-1e15); }), 6);
-    EXPECT_EQ(FailureOf([] { ToCurrency(largest); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToCurrency(1e15); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToCurrency(-1e15); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToCurrency(largest); }), 6);
 }
 
 TEST(Currency, AddsWithoutFloatingError) {
@@ -214,7 +205,7 @@ TEST(Currency, AddsWithoutFloatingError) {
         sum += ToCurrency(0.1);
     EXPECT_EQ(sum, ToCurrency(1));
     Currency high = ToCurrency(922337203685477.0);
-    EXPECT_EQ(FailureOf([&] { high += high; }), 6);
+    EXPECT_EQ(FailureNumberOf([&] { high += high; }), 6);
 }
 
 TEST(Currency, BecomesASixteenBitWholeNumber) {
@@ -222,7 +213,7 @@ TEST(Currency, BecomesASixteenBitWholeNumber) {
     EXPECT_EQ(ToInteger(ToCurrency(100.5)), 100);
     EXPECT_EQ(ToInteger(ToCurrency(101.5)), 102);
     EXPECT_EQ(ToInteger(ToCurrency(32767)), 32767);
-    EXPECT_EQ(FailureOf([] { ToInteger(ToCurrency(32768)); }), 6);
+    EXPECT_EQ(FailureNumberOf([] { ToInteger(ToCurrency(32768)); }), 6);
 }
 
 TEST(Trim, RemovesOnlyBlanksAndOnlyAtTheEnds) {

@@ -1,22 +1,13 @@
 #include "platform/runtime/RowArray.h"
 
 #include "platform/runtime/Failure.h"
+#include "support/FailureOf.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 
 namespace Quillane {
 namespace {
-
-int FailureOf(const std::function<void()>& procedure) {
-    try {
-        procedure();
-    } catch (const Failure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 /// Each cell holds "row.column".
 RowArray Numbered(int rows, int columns) {
@@ -32,7 +23,7 @@ TEST(RowArray, StartsWithoutRowsAndColumns) {
     const RowArray array;
     EXPECT_EQ(array.RowCount(), 0);
     EXPECT_EQ(array.ColumnCount(), 0);
-    EXPECT_EQ(FailureOf([&] { array.Get(0, 0); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.Get(0, 0); }), 9);
 }
 
 TEST(RowArray, CountsRowsAndColumnsFromZero) {
@@ -45,13 +36,13 @@ TEST(RowArray, CountsRowsAndColumnsFromZero) {
 
 TEST(RowArray, FailsOnACellOutsideItsBounds) {
     RowArray array = Numbered(3, 2);
-    EXPECT_EQ(FailureOf([&] { array.Get(3, 0); }), 9);
-    EXPECT_EQ(FailureOf([&] { array.Get(0, 2); }), 9);
-    EXPECT_EQ(FailureOf([&] { array.Get(-1, 0); }), 9);
-    EXPECT_EQ(FailureOf([&] { array.Get(0, -1); }), 9);
-    EXPECT_EQ(FailureOf([&] { array.Set(3, 0, ""); }), 9);
-    EXPECT_EQ(FailureOf([&] { array.DeleteRow(3); }), 9);
-    EXPECT_EQ(FailureOf([&] { array.ReDim(-2, 1); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.Get(3, 0); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.Get(0, 2); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.Get(-1, 0); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.Get(0, -1); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.Set(3, 0, ""); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.DeleteRow(3); }), 9);
+    EXPECT_EQ(FailureNumberOf([&] { array.ReDim(-2, 1); }), 9);
     EXPECT_EQ(array.RowCount(), 3);
 }
 
