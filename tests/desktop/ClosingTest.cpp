@@ -17,6 +17,7 @@ struct Way {
 
 /// The window manager's own close button, at the right end of the title.
 void ByCloseBox(Operator& by, FrmWeighment& screen) {
+    by.Until("the window's frame", [&] { return screen.frameGeometry() != screen.geometry(); });
     const auto place = by.See([&] {
         return QPoint(screen.width() - 8,
                       -(screen.geometry().top() - screen.frameGeometry().top()) / 2);

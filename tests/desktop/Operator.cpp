@@ -160,8 +160,9 @@ std::string Operator::WhatIsSeen() const {
 
 void Operator::Picture(const std::string& name) const {
     if (const char* folder = std::getenv("QUILLANE_PICTURES"))
-        RunTool("import",
-                {"-silent", "-window", "root", QString("%1/%2.png").arg(folder, ToQt(name))});
+        QProcess::execute("import",
+                          {"-silent", "-window", "root",
+                           QString("%1/%2.png").arg(folder, ToQt(name).replace('/', '-'))});
 }
 
 // ---- boxes ----
