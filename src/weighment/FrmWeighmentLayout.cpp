@@ -265,6 +265,8 @@ QLayout* FrmWeighment::WeightFields() {
     figures->setVerticalSpacing(8);
     figures->setHorizontalSpacing(10);
     figures->setColumnStretch(1, 1);
+    // The mounds of the largest load stand whole, also where the display is small.
+    figures->setColumnMinimumWidth(1, 120);
     AddWeightLine(*figures, 0, "Initial Gross Weight", TxtInitialGrossWeight);
     AddWeightLine(*figures, 1, "Tare Weight", TxtTareWeight);
     AddWeightLine(*figures, 2, "Gross Weight", TxtGrossWeight);
