@@ -14,6 +14,9 @@
 #include "platform/runtime/Numbers.h"
 #include "shell/Desktop.h"
 
+#include <QGuiApplication>
+#include <QIcon>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -103,6 +106,8 @@ void Main() {
         EndProcess(0);
         return;
     }
+    // Not earlier: the look for picture formats would hold up the sign-in.
+    QGuiApplication::setWindowIcon(QIcon(":/shell/quillane.png"));
     TheDesktop = std::make_unique<Desktop>();
     TheDesktop->Show();
 }

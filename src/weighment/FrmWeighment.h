@@ -136,6 +136,7 @@ private:
     void HideControls();
     void DescribeControls();
     bool OnSmallDisplay() const;
+    int TypeSize() const;
     void LayOut();
     QLayout* ReadingRow();
     QLayout* ArrivalFields();

@@ -176,41 +176,52 @@ void FrmWeighment::DescribeControls() {
 }
 
 void FrmWeighment::LayOut() {
-    auto* content = new QWidget;
-    QFont font = content->font();
-    font.setPointSize(OnSmallDisplay() ? 9 : 12);
-    content->setFont(font);
+    QFont type = font();
+    type.setPointSize(TypeSize());
+    setFont(type);
 
     auto* middle = new QHBoxLayout;
     middle->setSpacing(24);
     middle->addLayout(ArrivalFields(), 3);
     middle->addLayout(WeightFields(), 2);
 
+    auto* content = new QWidget;
     auto* rows = new QVBoxLayout(content);
+    rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(12);
-    rows->addLayout(ReadingRow());
     rows->addLayout(middle, 1);
     rows->addLayout(ButtonRow());
 
-    // On a display that is too small for the whole screen, nothing is cut off.
-    auto* scroll = new QScrollArea(this);
+    // On a display that is too small for the whole screen nothing is cut off, and the reading stays
+    // in view.
+    auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(content);
     auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(scroll);
+    whole->setSpacing(12);
+    whole->addLayout(ReadingRow());
+    whole->addWidget(scroll, 1);
 
-    const QSize wanted = content->sizeHint().expandedTo(QSize(980, 640));
-    const QSize windowFrame(8, 40);
-    resize(wanted.boundedTo(screen()->availableSize() - windowFrame));
+    const QSize room = screen()->availableSize() - QSize(8, 40); // less the window's frame
+    const QSize around(40, TxtWeight.Widget().sizeHint().height() + 40);
+    const QSize wanted = (content->sizeHint() + around).expandedTo(QSize(980, 640));
+    resize(wanted.expandedTo(room * 2 / 3).boundedTo(room));
 }
 
-// A display of a small size in points, such as 1280 by 800 at twice the scale.
+// Points of the captions and entries: legible at arm's length where there is room for it.
+int FrmWeighment::TypeSize() const {
+    const QSize room = screen()->availableSize();
+    if (OnSmallDisplay())
+        return 9;
+    return room.width() < 1600 || room.height() < 900 ? 12 : 14;
+}
+
+// A display of few points, such as 1280 by 800 at twice the scale.
 bool FrmWeighment::OnSmallDisplay() const {
     const QSize room = screen()->availableSize();
-    return room.width() < 900 || room.height() < 520;
+    return room.width() < 900 || room.height() < 560;
 }
 
 QLayout* FrmWeighment::ReadingRow() {

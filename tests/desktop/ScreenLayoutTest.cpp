@@ -43,18 +43,19 @@ std::vector<Piece> PiecesOf(Screen& screen) {
     return pieces;
 }
 
-/// The part of the window in which the controls are seen, and the area in which they can be.
+/// The part of the window in which controls are seen, and the area in which they can be.
 struct View {
     QRect seen;
     QRect reachable;
 };
 
-View ViewOf(const Screen& screen) {
+/// Of a widget on the screen; without one, of the area that scrolls.
+View ViewOf(const Screen& screen, const QWidget* widget = nullptr) {
     const auto* scroll = screen.findChild<QScrollArea*>();
-    if (!scroll)
+    if (!scroll || (widget && !scroll->isAncestorOf(widget)))
         return {screen.rect(), screen.rect()};
-    const auto placeOf = [&](const QWidget& widget) {
-        return QRect(widget.mapTo(&screen, QPoint(0, 0)), widget.size());
+    const auto placeOf = [&](const QWidget& part) {
+        return QRect(part.mapTo(&screen, QPoint(0, 0)), part.size());
     };
     return {placeOf(*scroll->viewport()), placeOf(*scroll->widget())};
 }
@@ -123,9 +124,9 @@ TEST_F(ScreenLayout, OfTheWeighmentLiesOnTheDisplayAndNothingOverlaps) {
             EXPECT_GT(pieces.size(), 40U);
             ExpectNothingOverlaps(pieces);
             ExpectTextsWhole(pieces);
-            const View view = ViewOf(screen);
             for (const Piece& piece : pieces)
-                EXPECT_TRUE(view.reachable.contains(piece.place)) << Described(piece);
+                EXPECT_TRUE(ViewOf(screen, piece.widget).reachable.contains(piece.place))
+                    << Described(piece);
         });
     });
 }
@@ -182,7 +183,7 @@ TEST_F(ScreenLayout, OfTheWeighmentFollowsTheFocus) {
             by.See([&] {
                 const QWidget& widget = screen.ActiveControl()->Widget();
                 const QRect place(widget.mapTo(&screen, QPoint(0, 0)), widget.size());
-                const QRect seen = ViewOf(screen).seen;
+                const QRect seen = ViewOf(screen, &widget).seen;
                 EXPECT_TRUE(IsInSight(place, seen)) << Described({before, &widget, place}) << " in "
                                                     << seen.width() << "x" << seen.height();
             });

@@ -25,7 +25,7 @@ protected:
     }
 };
 
-ComboBox::ComboBox(Screen& screen, std::string name, std::vector<std::string> items)
+ComboBox::ComboBox(Screen& screen, std::string name, const std::vector<std::string>& items)
     : VisualControl(screen, std::move(name), "ComboBox"), box_(std::make_unique<Box>(&screen)) {
     for (const std::string& item : items) {
         box_->addItem(ToQt(item));

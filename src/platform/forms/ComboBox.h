@@ -11,7 +11,7 @@ namespace Quillane {
 /// A plain drop-down list of fixed texts; nothing can be typed into it but the search for an entry.
 class ComboBox : public VisualControl {
 public:
-    ComboBox(Screen& screen, std::string name, std::vector<std::string> items = {});
+    ComboBox(Screen& screen, std::string name, const std::vector<std::string>& items = {});
     ~ComboBox() override;
 
     int ListIndex() const; ///< -1: none

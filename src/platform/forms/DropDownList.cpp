@@ -200,8 +200,12 @@ void DropDownList::PlaceBelow(const QRect& field, bool emptyRows) {
     if (!table_->horizontalHeader()->isHidden())
         height += table_->horizontalHeader()->sizeHint().height();
     const QRect room = anchor_.screen()->availableGeometry();
-    const bool fitsBelow = field.bottom() + height <= room.bottom();
-    const int top = fitsBelow ? field.bottom() + 1 : std::max(room.top(), field.top() - height);
+    const int below = room.bottom() - field.bottom();
+    const int above = field.top() - room.top();
+    // Where it fits on neither side it is shortened to the larger one: the line stays in sight.
+    const bool opensBelow = height <= below || below >= above;
+    height = std::min(height, opensBelow ? below : above);
+    const int top = opensBelow ? field.bottom() + 1 : field.top() - height;
     setGeometry(field.left(), top, field.width(), height);
 }
 

@@ -36,7 +36,8 @@ void BringIntoView(QWidget& widget) {
     }
     for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(around)) {
-            area->ensureWidgetVisible(&widget);
+            const QPoint centre = widget.mapTo(area->widget(), widget.rect().center());
+            area->ensureVisible(centre.x(), centre.y(), widget.width() / 2, widget.height() / 2);
         }
     }
 }

@@ -91,7 +91,7 @@ QPixmap PixmapOf(ViewerIcon icon, int scale, const QColor& colour) {
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(scale, scale);
-    painter.translate((width - height) / 2, 0);
+    painter.translate((width - height) / 2.0, 0);
     painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     Draw(painter, icon);
     painter.end();

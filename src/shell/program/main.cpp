@@ -5,13 +5,10 @@
 #include "platform/host/StationFile.h"
 #include "shell/Startup.h"
 
-#include <QIcon>
-
 int main(int argc, char** argv) {
     using namespace Quillane;
     Application application(argc, argv);
     Application::setApplicationName("Quillane");
-    Application::setWindowIcon(QIcon(":/shell/quillane.png"));
     MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
     RunEvent([] {
         TheStation() = StationFile::Read(ProgramFolder() + "/Station.ini");

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,11 @@ struct ContractEngine {
     std::string whyMissing; ///< empty where the engine is there
     std::function<std::unique_ptr<ContractDatabase>()> make;
 };
+
+/// What the test's name is shown with.
+inline void PrintTo(const ContractEngine& engine, std::ostream* out) {
+    *out << engine.name;
+}
 
 std::vector<ContractEngine> ContractEngines();
 
