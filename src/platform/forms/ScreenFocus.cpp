@@ -28,6 +28,8 @@ void Run(const std::function<void()>& handler) {
     }
 }
 
+constexpr int RoomAround = 4; // pixels between a control brought into view and the edge
+
 // On a screen that is too large for the display. Not under a press of the mouse, which would then
 // be let go over something else.
 void BringIntoView(QWidget& widget) {
@@ -37,7 +39,8 @@ void BringIntoView(QWidget& widget) {
     for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(around)) {
             const QPoint centre = widget.mapTo(area->widget(), widget.rect().center());
-            area->ensureVisible(centre.x(), centre.y(), widget.width() / 2, widget.height() / 2);
+            area->ensureVisible(centre.x(), centre.y(), widget.width() / 2 + RoomAround,
+                                widget.height() / 2 + RoomAround);
         }
     }
 }
