@@ -8,6 +8,18 @@
 namespace Quillane::Testing {
 namespace {
 
+/// What is weighed and typed.
+struct Load {
+    int initialGross;
+    int tare;
+    int gross;
+    const char* deduction;
+    const char* firstBags;
+    const char* secondBags;
+};
+
+constexpr Load EightTonnes{12540, 4320, 8220, "17", "60", "40"};
+
 class WeighmentByKeys : public Station {
 protected:
     /// Commodity, seller type and seller, from the arrival's id on.
@@ -34,20 +46,22 @@ protected:
         by.UntilActive("CmdGrossWeight");
     }
 
-    void Weigh(Operator& by, FrmWeighment& screen) {
-        by.UntilReading(12540);
+    void Weigh(Operator& by, FrmWeighment& screen, const Load& load) {
+        Indicate(by, "weight " + std::to_string(load.initialGross));
+        by.UntilReading(load.initialGross);
         by.Press({"space"});
         by.UntilActive("CmdTareWeight");
-        EXPECT_EQ(by.See([&] { return screen.TxtInitialGrossWeight.Text(); }), "12540");
-        Indicate(by, "weight 4320");
-        by.UntilReading(4320);
+        EXPECT_EQ(by.See([&] { return screen.TxtInitialGrossWeight.Text(); }),
+                  std::to_string(load.initialGross));
+        Indicate(by, "weight " + std::to_string(load.tare));
+        by.UntilReading(load.tare);
         by.Press({"space"});
         by.UntilActive("TxtVehicleNo");
-        EXPECT_EQ(by.See([&] { return screen.TxtTareWeight.Text(); }), "4320");
-        EXPECT_EQ(by.See([&] { return screen.TxtGrossWeight.Text(); }), "8220");
+        EXPECT_EQ(by.See([&] { return screen.TxtTareWeight.Text(); }), std::to_string(load.tare));
+        EXPECT_EQ(by.See([&] { return screen.TxtGrossWeight.Text(); }), std::to_string(load.gross));
     }
 
-    static void EnterRest(Operator& by) {
+    static void EnterRest(Operator& by, const Load& load) {
         by.Type("LEA-4521");
         by.Press({"Return"});
         by.UntilActive("TxtBuiltyNo");
@@ -57,17 +71,17 @@ protected:
         by.Type("Ghulam Abbas");
         by.Press({"shift+Tab", "shift+Tab", "shift+Tab"});
         by.UntilActive("TxtDeduction");
-        by.Type("17");
+        by.Type(load.deduction);
         by.Press({"shift+Tab"});
         by.UntilActive("Grid");
     }
 
-    static void EnterBagLines(Operator& by, FrmWeighment& screen) {
+    static void EnterBagLines(Operator& by, FrmWeighment& screen, const Load& load) {
         by.Type("jute n");
         by.Press({"Right"});
         by.Type("100");
         by.Press({"Right"});
-        by.Type("60");
+        by.Type(load.firstBags);
         by.Press({"Down", "Left", "Left"});
         by.Type("jute o");
         by.Until("the name in the cell's list", [&] { return screen.Grid.IsEditing(); });
@@ -75,7 +89,7 @@ protected:
         by.Press({"Right"});
         by.Type("100");
         by.Press({"Right"});
-        by.Type("40");
+        by.Type(load.secondBags);
         by.Press({"Return"});
         by.UntilActive("TxtDeduction");
         by.Picture("changed");
@@ -103,9 +117,9 @@ TEST_F(WeighmentByKeys, GoesFromTheSignInToTheSlipAndStoresItsFigures) {
     const std::string today = FromQt(QDate::currentDate().toString(Qt::ISODate));
     WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
         EnterHead(by, screen);
-        Weigh(by, screen);
-        EnterRest(by);
-        EnterBagLines(by, screen);
+        Weigh(by, screen, EightTonnes);
+        EnterRest(by, EightTonnes);
+        EnterBagLines(by, screen, EightTonnes);
         EXPECT_EQ(by.See([&] { return screen.TxtNetWeight.Text(); }), "8203");
         EXPECT_EQ(by.See([&] { return screen.TxtMoundKgs.Text(); }), "205-3");
         by.Press({"ctrl+s"});
@@ -129,6 +143,29 @@ TEST_F(WeighmentByKeys, GoesFromTheSignInToTheSlipAndStoresItsFigures) {
         by.Picture("next");
     });
     ExpectStoredRows(today);
+}
+
+TEST_F(WeighmentByKeys, SharesALoadOverThirtyAndTenBagsToTheLastDigit) {
+    constexpr Load fourTonnes{8320, 4320, 4000, "40", "30", "10"};
+    WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
+        EnterHead(by, screen);
+        Weigh(by, screen, fourTonnes);
+        EnterRest(by, fourTonnes);
+        EnterBagLines(by, screen, fourTonnes);
+        // The box is never shown, so no key reaches it.
+        by.See([&] { screen.TxtShortage.SetText("20"); });
+        EXPECT_EQ(by.See([&] { return screen.TxtNetWeight.Text(); }), "3940");
+        by.Press({"ctrl+s"});
+        by.Answer("Alert", "Are you sure to save this Weighment?", {"Return"});
+        by.Answer("Confirmation", "Do you want to print?", {"Return"});
+        by.Until("the next id", [&] { return screen.TxtArrivalId.Text() == "1044"; });
+    });
+    EXPECT_EQ(
+        Stored("Select NoOfBags, VehicleNo, TareWeight, ScaleDeduction, BagWeight,"
+               " BagsDeduction, OtherDeduction, NetWeight, VehicleNoText"
+               " From ArrivalsBody Where ArrivalId = 1043 Order By NoOfBags Desc"),
+        (std::vector<Row>{{"30", "LEA-4521", "4320", "0", "100", "0", "45", "2955", "LEA-4521"},
+                          {"10", "", "0", "0", "100", "0", "15", "985", "LEA-4521"}}));
 }
 
 TEST_F(WeighmentByKeys, PrintsNothingWhereTheDefaultAnswerIsTaken) {
