@@ -172,6 +172,9 @@ private:
             return;
         }
         node.text = current_.kind == SqlTokenKind::String ? TakeString() : TakeNumber();
+        // Most values are names, and an attempt that fails costs more than the rest of the filter.
+        if (node.text->find_first_of("0123456789") == std::string::npos)
+            return;
         node.number = Attempt([&] { return ToDouble(*node.text); });
         node.date = Attempt([&] { return ParseDate(*node.text); });
     }
