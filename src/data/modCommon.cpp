@@ -25,11 +25,11 @@ void ShowFailure(std::string_view description, std::string_view source) {
             .buttons = BoxButtons::Ok});
 }
 
+} // namespace
+
 std::string Capitals(std::string_view text) {
     return FromQt(ToQt(text).toUpper());
 }
-
-} // namespace
 
 void ShowError() {
     try {

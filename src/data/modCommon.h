@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace Quillane {
 
@@ -19,6 +20,9 @@ void AllowNumericKey(int& key, const VisualControl& control, bool allowPoint);
 /// The got-focus routine of text boxes: on a visible screen, selects the whole text of a visible
 /// and enabled text box, tints it 0xC0FFFF and gives it the focus.
 void MarkActiveText(Screen& screen);
+
+/// Capitals of any script that has them.
+std::string Capitals(std::string_view text);
 
 /// The company's name by its number, in capitals; asks the operator where the station says so.
 std::string GetCompanyName(std::int16_t companyNo);

@@ -3,21 +3,12 @@
 #include "data/Con.h"
 #include "data/Services.h"
 #include "data/modCommon.h"
-#include "platform/forms/Text.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "slip/CrpCottonWeighment.h"
 #include "slip/SlipStatement.h"
 
 namespace Quillane {
-
-namespace {
-
-std::string Capitals(const std::string& text) {
-    return FromQt(ToQt(text).toUpper());
-}
-
-} // namespace
 
 void FrmWeighment::BtnPrint_Click() {
     try {
