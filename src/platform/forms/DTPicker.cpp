@@ -63,8 +63,9 @@ protected:
     }
 };
 
-DTPicker::DTPicker(Screen& screen, std::string name)
-    : VisualControl(screen, std::move(name), "DTPicker"), edit_(std::make_unique<Edit>(&screen)) {
+DTPicker::DTPicker(Screen& screen, std::string name, std::string typeName)
+    : VisualControl(screen, std::move(name), std::move(typeName)),
+      edit_(std::make_unique<Edit>(&screen)) {
     edit_->setCalendarPopup(true);
     edit_->setDisplayFormat("dd/MM/yyyy");
     edit_->setFocusPolicy(Qt::StrongFocus);

@@ -11,7 +11,7 @@ namespace Quillane {
 /// operator only: assigning the value from code is no change.
 class DTPicker : public VisualControl {
 public:
-    DTPicker(Screen& screen, std::string name);
+    DTPicker(Screen& screen, std::string name, std::string typeName = "DTPicker");
     ~DTPicker() override;
 
     Date Value() const;

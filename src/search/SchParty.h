@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/ado/Recordset.h"
+#include "platform/forms/Buttons.h"
+#include "platform/forms/SSOleDBGrid.h"
+#include "platform/forms/Screen.h"
+#include "platform/forms/TextBox.h"
+
+#include <memory>
+#include <string>
+
+namespace Quillane {
+
+/// Finds a party by name or id, among the accounts whose id begins with 6: the branch of the chart
+/// of accounts that holds the parties. Shown modally; its result is the three `Selected...` texts.
+class SchParty : public Screen {
+public:
+    SchParty();
+
+    TextBox TxtFilter{*this, "TxtFilter"};
+    SSOleDBGrid Grid{*this, "Grid"};
+    JeweledButton CmdSelect{*this, "CmdSelect", "Select"};
+    JeweledButton CmdClose{*this, "CmdClose", "Cancel"};
+    TextBox TxtFilterId{*this, "TxtFilterId"};
+
+    // The chosen party, to be read after the screen has closed; empty: none was chosen.
+    std::string SelectedPartyId;
+    std::string SelectedPartyName;
+    std::string SelectedPartyCity;
+
+    /// Lists the parties whose name holds the filter's text. A failure is the caller's.
+    void RefreshParties();
+
+    void TxtFilter_Change();
+    void TxtFilterId_Change();
+    void CmdSelect_Click();
+    void CmdClose_Click();
+
+protected:
+    void Form_Load() override;
+
+private:
+    std::shared_ptr<Recordset> rows_ = std::make_shared<Recordset>();
+};
+
+} // namespace Quillane
