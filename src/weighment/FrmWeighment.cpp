@@ -125,17 +125,4 @@ void FrmWeighment::DtpArrivalDate_Change() {
         EnterChangeMode();
 }
 
-void FrmWeighment::BtnOpen_Click() {
-    SayNotThereYet("Opening a weighment");
-}
-
-void FrmWeighment::BtnRemove_Click() {
-    SayNotThereYet("Removing a weighment");
-}
-
-void SayNotThereYet(std::string_view what) {
-    MsgBox({std::string(what) + " is not there yet in this version.", ProgramTitle(),
-            BoxIcon::Information});
-}
-
 } // namespace Quillane

@@ -100,6 +100,12 @@ public:
     /// Validates again, and writes the weighment in one transaction.
     void SaveWeighment();
 
+    // Opening (FrmWeighmentOpen.cpp)
+    /// Brings a stored arrival onto the screen and replaces what stood there; id 0 asks the
+    /// operator which. One that has no rows leaves the screen as it was, but for `ArrivalNo`.
+    /// Failures are reported; the screen then holds what had been filled so far.
+    void LoadArrival(std::int16_t& id);
+
     // Event procedures
     void BtnSave_Click();
     void BtnPrint_Click();
@@ -151,6 +157,7 @@ private:
     void HandleKeyDown(int& key, int shift);
     void HandleEnter(int& key);
     void HandleShortcut(int& key, int shift);
+    void SearchParty(int& key);
     bool HasFocus(std::string_view name) const;
     void EnterChangeMode();
 
@@ -175,6 +182,11 @@ private:
     void WriteBagLine(bool first);
     void FinishSave();
 
+    std::int32_t AskForArrival();
+    void ShowRows(Recordset& rows);
+    void ShowHeader(const Recordset& rows);
+    void ShowBagLine(const Recordset& rows, int line);
+
     void FillReport();
 
     PortSession session_{*this, CM, Timer, TxtWeight, PortSettingsRows};
@@ -190,8 +202,5 @@ private:
     std::shared_ptr<Recordset> slipRows_ = std::make_shared<Recordset>();
     std::unique_ptr<RptReportViewer> viewer_;
 };
-
-/// Tells the operator that a part of the program is not there yet.
-void SayNotThereYet(std::string_view what);
 
 } // namespace Quillane

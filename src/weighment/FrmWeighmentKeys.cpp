@@ -5,6 +5,7 @@
 #include "platform/forms/KeyCodes.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "search/SchParty.h"
 
 #include <algorithm>
 #include <array>
@@ -55,7 +56,7 @@ void FrmWeighment::HandleKeyDown(int& key, int shift) {
     else if (IsShortcut(key, shift))
         HandleShortcut(key, shift);
     else if (key == Key::F1 && HasFocus(CboSeller.Name()))
-        SayNotThereYet("The party search");
+        SearchParty(key);
     else if (!LeavesModeAlone(key) && !BtnSave.Enabled())
         EnterChangeMode();
 }
@@ -84,6 +85,15 @@ void FrmWeighment::HandleShortcut(int& key, int shift) {
     } else if (key == 'O' && BtnOpen.Enabled()) {
         BtnOpen_Click();
     }
+}
+
+void FrmWeighment::SearchParty(int& key) {
+    SchParty search;
+    search.ShowModal(this);
+    if (search.SelectedPartyName.empty())
+        return;
+    CboSeller.SetText(search.SelectedPartyName + "-" + search.SelectedPartyCity);
+    key = 0;
 }
 
 void FrmWeighment::Form_KeyPress(int& character) {

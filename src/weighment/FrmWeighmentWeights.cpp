@@ -1,6 +1,5 @@
 #include "weighment/FrmWeighment.h"
 
-#include "data/Con.h"
 #include "data/Services.h"
 #include "data/modCommon.h"
 #include "platform/runtime/Failure.h"
@@ -130,18 +129,6 @@ void FrmWeighment::RefreshGrossEntry() {
 void FrmWeighment::TxtArrivalId_Change() {
     try {
         ArrivalNo = ToLong(Val(TxtArrivalId.Text()));
-    } catch (const Failure&) {
-        ShowError();
-    }
-}
-
-void FrmWeighment::TxtArrivalId_Validate() {
-    try {
-        const double id = Val(TxtArrivalId.Text());
-        if (Con->Execute("Select count(*) From Arrivals where ArrivalID = " + NumberText(id))
-                .Fields(0)
-                .Number() > 0)
-            SayNotThereYet("Opening a weighment");
     } catch (const Failure&) {
         ShowError();
     }

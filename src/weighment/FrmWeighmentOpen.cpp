@@ -1,0 +1,107 @@
+#include "weighment/FrmWeighment.h"
+
+#include "data/Con.h"
+#include "data/modCommon.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+#include "search/SchArrivals.h"
+#include "slip/SlipStatement.h"
+#include "weighment/WeightArithmetic.h"
+
+namespace Quillane {
+
+void FrmWeighment::BtnOpen_Click() {
+    try {
+        std::int16_t askTheOperator = 0;
+        LoadArrival(askTheOperator);
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+// A free id stays as typed: the arrival is a new one under it. Of a stored one the id passes
+// through 16 bits on this path; the search screen opens those beyond.
+void FrmWeighment::TxtArrivalId_Validate() {
+    try {
+        const double typed = Val(TxtArrivalId.Text());
+        if (!(Con->Execute("Select count(*) From Arrivals where ArrivalID = " + NumberText(typed))
+                  .Fields(0)
+                  .Number() > 0))
+            return;
+        std::int16_t id = ToInteger(Val(TxtArrivalId.Text()));
+        LoadArrival(id);
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+void FrmWeighment::LoadArrival(std::int16_t& id) {
+    try {
+        ArrivalNo = id == 0 ? AskForArrival() : id;
+        LoadStatement = SlipStatement(ArrivalNo);
+        Recordset rows;
+        rows.Open(LoadStatement, *Con, adOpenStatic, adLockReadOnly, adCmdUnspecified);
+        if (rows.RecordCount() == 0)
+            return;
+        ClearControls();
+        ShowRows(rows);
+        IsOpened = true;
+        TxtInitialGrossWeight.SetText(
+            WeightText(RoundWeight(Val(TxtTareWeight.Text()) + Val(TxtGrossWeight.Text()))));
+        ArrivalNo = ToLong(TxtArrivalId.Text());
+        rows.Close();
+        ComputeGrossWeight();
+        ComputeNetWeight();
+        SetButtonState(3);
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+std::int32_t FrmWeighment::AskForArrival() {
+    SchArrivals search;
+    search.ShowModal(this);
+    return search.SelectedArrivalId;
+}
+
+void FrmWeighment::ShowRows(Recordset& rows) {
+    const int lines = rows.RecordCount();
+    BagRows.ReDim(lines - 1, Grid.ColumnCount() - 1);
+    for (int line = 0; line < lines; ++line) {
+        if (line == 0)
+            ShowHeader(rows);
+        ShowBagLine(rows, line);
+        rows.MoveNext();
+    }
+    Grid.ReBind();
+    Grid.Refresh();
+    Grid.MoveFirst();
+    Grid.Update();
+}
+
+void FrmWeighment::ShowHeader(const Recordset& rows) {
+    TxtArrivalId.SetText(rows.Fields("ArrivalId").Text());
+    DtpArrivalDate.SetValue(rows.Fields("ArrivalDate").AsDate());
+    CboSeller.SetText(rows.Fields("PartyName").Text());
+    CboCommodity.SetText(rows.Fields("CommodityName").Text());
+    TxtBuiltyNo.SetText(rows.Fields("BiltyNo").TextOrEmpty());
+    TxtDriverName.SetText(rows.Fields("DriverName").TextOrEmpty());
+}
+
+// The weights are summed in their boxes, row by row: the gross and the deduction are rounded at
+// each row, the tare is not.
+void FrmWeighment::ShowBagLine(const Recordset& rows, int line) {
+    if (const std::string vehicle = rows.Fields("VehicleNo").TextOrEmpty(); !vehicle.empty())
+        TxtVehicleNo.SetText(vehicle);
+    BagRows.Set(line, 0, rows.Fields("BagsClass").Text());
+    BagRows.Set(line, 1, rows.Fields("BagsType").Text());
+    BagRows.Set(line, 2, rows.Fields("NoOfBags").Text());
+    const double lineGross = rows.Fields("NoOfBags").Number() * rows.Fields("BagWeight").Number();
+    TxtGrossWeight.SetText(WeightText(RoundWeight(lineGross + Val(TxtGrossWeight.Text()))));
+    TxtTareWeight.SetText(
+        NumberText(Val(TxtTareWeight.Text()) + rows.Fields("TareWeight").Number()));
+    TxtDeduction.SetText(
+        WeightText(RoundWeight(Val(TxtDeduction.Text()) + rows.Fields("OtherDeduction").Number())));
+}
+
+} // namespace Quillane

@@ -1,0 +1,75 @@
+#include "weighment/FrmWeighment.h"
+
+#include "data/Con.h"
+#include "data/Services.h"
+#include "data/modCommon.h"
+#include "platform/forms/Boxes.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+
+namespace Quillane {
+
+namespace {
+
+bool MayRemove() {
+    if (UserLogin->UserLevel() == 1)
+        return true;
+    MsgBox({"You are not authorised to do this operation", "Alert", BoxIcon::Information});
+    return false;
+}
+
+// Only the one table is looked at here, unlike at a save.
+bool RestsOnNoPurchase(const std::string& arrival) {
+    const Recordset purchases = Con->Execute(
+        "select 1 from arrivals where arrivalid in (select ArrivalId from purchasebody) and "
+        "arrivalid = " +
+        arrival);
+    if (purchases.RecordCount() < 1)
+        return true;
+    MsgBox({"Cannot remove this invoice because it is used in (PurchaseBody) table", "Alert",
+            BoxIcon::Exclamation});
+    return false;
+}
+
+// The lines are those read before the operator was asked. One that another station has added since
+// stays, or keeps the header from going, as the database has it.
+void DeleteArrival(const std::string& arrival, Recordset& bodyRows) {
+    Con->Execute("Update Arrivals Set IsPosted=0 where arrivalid=" + arrival);
+    const std::int16_t lines = ToInteger(static_cast<double>(bodyRows.RecordCount()));
+    for (std::int16_t line = 0; line < lines; ++line) {
+        bodyRows.Delete();
+        bodyRows.MoveNext();
+    }
+    Con->Execute("Delete From arrivals where arrivalid=" + arrival);
+}
+
+} // namespace
+
+void FrmWeighment::BtnRemove_Click() {
+    try {
+        if (!MayRemove())
+            return;
+        const std::string arrival = std::to_string(ArrivalNo);
+        Recordset bodyRows;
+        bodyRows.Open("Select * From arrivalsbody where arrivalid=" + arrival, *Con, adOpenStatic,
+                      adLockOptimistic, adCmdUnspecified);
+        if (MsgBox({"Are you sure to remove this arrival?", "Alert", BoxIcon::Question,
+                    BoxButtons::YesNo}) == BoxAnswer::No ||
+            !RestsOnNoPurchase(arrival))
+            return;
+        Con->BeginTrans();
+        DeleteArrival(arrival, bodyRows);
+        Con->CommitTrans();
+        NewWeighment();
+        if (DtpArrivalDate.Enabled())
+            DtpArrivalDate.SetFocus();
+        else
+            TxtArrivalId.SetFocus();
+    } catch (const Failure&) {
+        // Before the transaction has begun this fails in its turn, and nothing here catches that.
+        Con->RollbackTrans();
+        ShowError();
+    }
+}
+
+} // namespace Quillane
