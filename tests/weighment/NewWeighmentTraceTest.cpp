@@ -4,23 +4,26 @@
 #include "platform/forms/ComboBox.h"
 #include "platform/forms/EventBoundary.h"
 #include "weighment/StateWatch.h"
+#include "weighment/TraceLines.h"
 
 #include <QTimer>
 
 namespace Quillane {
 namespace {
 
+using Testing::BlankingAnEmptyScreen;
+using Testing::BlankingAScreenOf;
 using Testing::Critical;
 using Testing::Joined;
 using Testing::Lines;
+using Testing::NextId;
+using Testing::Opens200;
+using Testing::Opens300;
+using Testing::PortRows;
 using Testing::StatementsOf;
 using Testing::StateWatch;
 using Testing::Trace;
 
-const std::string PortRows = "Select * from PortSettings";
-const std::string NextId = "Select IsNull(Max(ArrivalID),0)+1 From Arrivals";
-const std::string Opens200 = "Line opens, timer 200 ms";
-const std::string Opens300 = "Line opens, timer 300 ms";
 const std::string AllSellers =
     "SELECT ChartOfAccounts.AccountNo AS ID, dbo.FunGetPartyName(ChartOfAccounts.AccountNo) AS "
     "Name FROM ChartOfAccounts INNER JOIN Parties ON ChartOfAccounts.AccountNo = Parties.PartyId "
@@ -32,49 +35,6 @@ const std::string WheatBought =
 const std::string BagTypes =
     "select BagsTypeID as ID, BagsType As Name from bagstypes Order By BagsType";
 const std::string BagClasses = "select BagsClassid as ID, BagsClass as Name from bagsclasses";
-
-Lines NetBecomes(const std::string& net, const std::string& mounds) {
-    return {"TxtNetWeight = '" + net + "'", "TxtMoundKgs = '" + mounds + "'"};
-}
-
-/// What blanking a screen without weights writes; `manual` is what becomes of the manual weight.
-Lines BlankingAnEmptyScreen(const Lines& manual = {}) {
-    const Lines nothing = NetBecomes("0", "0-0");
-    return Joined(
-        {{"TxtDeduction = ''"},
-         nothing,
-         {"TxtBuiltyNo = ''", "TxtNetWeight = ''", "TxtMoundKgs = ''", "TxtScaleDeductKg = ''",
-          "TxtVehicleNo = ''", "TxtDriverName = ''", "TxtKandaDeduction = ''"},
-         nothing,
-         manual,
-         {"TxtShortage = ''"},
-         nothing,
-         {"TxtWeight = ''", "TxtHeapName = ''", "TxtHeapNo = ''", "TxtBagsWeight = ''",
-          "TxtGrossWeight = ''"},
-         nothing,
-         {"TxtTareWeight = ''", "TxtInitialGrossWeight = ''", "TxtArrivalId = ''"}});
-}
-
-/// What blanking the filled-in screen writes: the rate's blanking computes the gross once more, and
-/// leaves its zero in the scale deduction.
-Lines BlankingTheFilledInScreen() {
-    const Lines gross = NetBecomes("8220", "205-20");
-    return Joined(
-        {{"TxtDeduction = ''"},
-         gross,
-         {"TxtBuiltyNo = ''", "TxtNetWeight = ''", "TxtMoundKgs = ''", "TxtScaleDeductKg = ''",
-          "TxtVehicleNo = ''", "TxtDriverName = ''", "TxtKandaDeduction = ''",
-          "TxtScaleDeductKg = '0'", "TxtGrossWeight = '8220'"},
-         gross,
-         gross,
-         {"TxtShortage = ''"},
-         gross,
-         {"TxtWeight = ''"},
-         {"ChkFinalized = 0"},
-         {"TxtHeapName = ''", "TxtHeapNo = ''", "TxtBagsWeight = ''", "TxtGrossWeight = ''"},
-         NetBecomes("0", "0-0"),
-         {"TxtTareWeight = ''", "TxtInitialGrossWeight = ''", "TxtArrivalId = ''"}});
-}
 
 Lines NumberedAnew(int id) {
     return {NextId, "TxtArrivalId = '" + std::to_string(id) + "'"};
@@ -224,7 +184,7 @@ TEST_F(NewWeighmentTrace, OfAFilledInScreen) {
     screen->ChkFinalized.SetValue(1);
     EXPECT_EQ(StartingAnew(), Joined({{PortRows},
                                       {"LostFocus BtnSave", "GotFocus BtnClear", "BtnSave off"},
-                                      BlankingTheFilledInScreen(),
+                                      BlankingAScreenOf("8220", "205-20", {"ChkFinalized = 0"}),
                                       {"TxtArrivalId 0xFFFFFF"},
                                       {Opens200},
                                       {"BtnOpen on"},
@@ -249,7 +209,7 @@ TEST_F(NewWeighmentTrace, OfAStoredWeighment) {
     screen->SetButtonState(3);
     screen->TxtVehicleNo.SetFocus();
     screen->ChkFinalized.SetValue(1);
-    const Lines filled = BlankingTheFilledInScreen();
+    const Lines filled = BlankingAScreenOf("8220", "205-20", {"ChkFinalized = 0"});
     EXPECT_EQ(StartingAnew(), Joined({{PortRows},
                                       {"BtnPrint off", "BtnRemove off", "TxtInitialGrossWeight on"},
                                       filled,
@@ -417,7 +377,7 @@ TEST_F(NewWeighmentTrace, OfClearingAlone) {
     StateWatch watch(*screen, trace);
     screen->ClearControls();
     EXPECT_EQ(trace.Take(),
-              Joined({BlankingTheFilledInScreen(),
+              Joined({BlankingAScreenOf("8220", "205-20", {"ChkFinalized = 0"}),
                       {"TxtArrivalId on", "TxtArrivalId 0xFFFFFF", "DtpArrivalDate on"}}));
     EXPECT_FALSE(screen->IsOpened);
     EXPECT_EQ(screen->DtpArrivalDate.Value(), day) << "the date is left as it is";

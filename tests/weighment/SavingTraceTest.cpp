@@ -2,35 +2,17 @@
 
 #include "data/Con.h"
 #include "platform/runtime/Failure.h"
-#include "weighment/WeighmentFixture.h"
+#include "weighment/TraceLines.h"
 
 namespace Quillane::Testing {
 namespace {
 
-const std::string HeaderInsert =
-    "INSERT INTO Arrivals (ArrivalID, ArrivalDate, PermitNo, CenterId, CommodityId, SellerId, "
-    "ContractId, IsPosted) VALUES (?, ?, ?, ?, ?, ?, ?, ?)";
-const std::string HeaderUpdate =
-    "UPDATE Arrivals SET ArrivalDate = ?, PermitNo = ?, CenterId = ?, CommodityId = ?, SellerId = "
-    "?, ContractId = ?, IsPosted = ? WHERE ArrivalID = ?";
-const std::string BodyDelete = "DELETE FROM arrivalsbody WHERE LineId = ?";
-const std::string BodyInsert =
-    "INSERT INTO ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags, "
-    "VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, NetWeight, "
-    "DriverName, BiltyNo, VehicleNoText) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
-const std::string NextId = "Select IsNull(Max(ArrivalID),0)+1 From Arrivals";
-const std::string PrintQuestion = "Box \"Confirmation\" [question, Yes/No*] Do you want to print?";
 const std::string TakenId =
     "Box \"Alert\" [exclamation, OK] The Arrival ID already exists. A new Arrival ID has been "
     "generated. Please save your record again";
 
 std::string IdCount(const std::string& id) {
     return "Select Count(*) From Arrivals Where ArrivalID = " + id;
-}
-
-std::string PostedRule(const std::string& id) {
-    return "Select NoOfBags*BagWeight As GrossWeight, TareWeight From Arrivals Where ArrivalID = " +
-           id;
 }
 
 /// `box` stands in the box of the id, `number` in `ArrivalNo`.
@@ -61,45 +43,10 @@ Lines Saved(const std::string& box, const std::string& number, const std::string
 
 /// What an empty screen takes after a weighment of 8220 kg less 17 kg, saved from `BtnSave`.
 Lines Emptied(const std::string& nextId) {
-    return {"Select * from PortSettings",
-            "LostFocus BtnSave",
-            "GotFocus BtnClear",
-            "TxtDeduction = ''",
-            "TxtNetWeight = '8220'",
-            "TxtMoundKgs = '205-20'",
-            "TxtBuiltyNo = ''",
-            "TxtNetWeight = ''",
-            "TxtMoundKgs = ''",
-            "TxtScaleDeductKg = ''",
-            "TxtVehicleNo = ''",
-            "TxtDriverName = ''",
-            "TxtKandaDeduction = ''",
-            "TxtScaleDeductKg = '0'",
-            "TxtGrossWeight = '8220'",
-            "TxtNetWeight = '8220'",
-            "TxtMoundKgs = '205-20'",
-            "TxtNetWeight = '8220'",
-            "TxtMoundKgs = '205-20'",
-            "TxtShortage = ''",
-            "TxtNetWeight = '8220'",
-            "TxtMoundKgs = '205-20'",
-            "TxtWeight = ''",
-            "TxtHeapName = ''",
-            "TxtHeapNo = ''",
-            "TxtBagsWeight = ''",
-            "TxtGrossWeight = ''",
-            "TxtNetWeight = '0'",
-            "TxtMoundKgs = '0-0'",
-            "TxtTareWeight = ''",
-            "TxtInitialGrossWeight = ''",
-            "TxtArrivalId = ''",
-            "Line opens, timer 200 ms",
-            NextId,
-            "TxtArrivalId = '" + nextId + "'",
-            "Line opens, timer 300 ms",
-            "Validate BtnClear",
-            "LostFocus BtnClear",
-            "GotFocus DtpArrivalDate"};
+    return Joined({{PortRows, "LostFocus BtnSave", "GotFocus BtnClear"},
+                   BlankingAScreenOf("8220", "205-20"),
+                   {Opens200, NextId, "TxtArrivalId = '" + nextId + "'", Opens300},
+                   Moved("BtnClear", "DtpArrivalDate")});
 }
 
 const Lines TwiceValid{IdCount("1043"), PostedRule("1043"), IdCount("1043"), PostedRule("1043")};
