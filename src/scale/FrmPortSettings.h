@@ -9,6 +9,8 @@
 
 #include <string>
 
+class QLayout;
+
 namespace Quillane {
 
 /// The bench on which an indicator's line is worked out: line settings, the raw text, a try-out of
@@ -19,23 +21,26 @@ public:
     FrmPortSettings();
 
     Frame Frame1{*this, "Frame1", "Port Settings"};
-    ComboBox CboPortName{*this, "CboPortName"};
-    ComboBox CboBitsPerSecond{*this, "CboBitsPerSecond"};
-    ComboBox CboDataBits{*this, "CboDataBits"};
-    ComboBox CboParity{*this, "CboParity"};
-    ComboBox CboStopBits{*this, "CboStopBits"};
+    ComboBox CboPortName{*this, "CboPortName", {"COM1", "COM2"}};
+    ComboBox CboBitsPerSecond{*this,
+                              "CboBitsPerSecond",
+                              {"110 ", "300 ", "600 ", "1200 ", "2400 ", "4800 ", "9600", "14400 ",
+                               "19200 ", "28800 ", "38400 ", "56000"}};
+    ComboBox CboDataBits{*this, "CboDataBits", {"5", "6", "7", "8"}};
+    ComboBox CboParity{*this, "CboParity", {"Even ", "Mark ", "None ", "Odd ", "Space"}};
+    ComboBox CboStopBits{*this, "CboStopBits", {"1", "1.5", "2"}};
     CommandButton CmdOpenPort{*this, "CmdOpenPort", "Open Port"};
     CommandButton CmdGetWeight{*this, "CmdGetWeight", "Get Weight"};
-    TextBox TxtRawWeight{*this, "TxtRawWeight"};
+    TextBox TxtRawWeight{*this, "TxtRawWeight"}; ///< what was received, as ShownRawText shows it
     Frame Frame2{*this, "Frame2", ""};
     TextBox TxtDataFrom{*this, "TxtDataFrom"}; ///< how many digits are kept
-    ComboBox CboDirection{*this, "CboDirection"};
+    ComboBox CboDirection{*this, "CboDirection", {"Left", "Right"}};
     CheckBox ChkIsReversed{*this, "ChkIsReversed", "Is Reversed?"};
     CommandButton CmdModifiedWeight{*this, "CmdModifiedWeight", "Get Weight"};
     TextBox TxtNotModified{*this, "TxtNotModified"};
     TextBox TxtModifiedWeight{*this, "TxtModifiedWeight"};
-    Quillane::Timer Timer{*this, "Timer", 200};
-    MSComm CM{*this, "CM"};
+    Quillane::Timer Timer{*this, "Timer", 200, false};
+    MSComm CM{*this, "CM", 1, "2400,n,8,1"};
     CommandButton CmdSave{*this, "CmdSave", "Save"};
     CommandButton CmdClose{*this, "CmdClose", "Close"};
 
@@ -45,6 +50,7 @@ public:
     /// One tick of the try-out. Failures are reported.
     void ReadTestWeight();
 
+    /// Failures are reported; so are those of the save.
     void CmdOpenPort_Click();
     /// Without a trap: with the line closed it ends the process.
     void CmdGetWeight_Click();
@@ -54,6 +60,22 @@ public:
 
 protected:
     void Form_Load() override;
+
+private:
+    void WireEvents();
+    void SetTabOrder();
+    void DesignControls();
+    void DescribeControls();
+    void LayOut();
+    void LayOutPortSettings();
+    void LayOutReading();
+    bool OnSmallDisplay() const;
+    int TypeSize() const;
+    QLayout* ButtonRow();
+
+    std::string PortNumber() const; ///< the last character of the port's name
+    void ComposeSettings();
+    void StoreSettings();
 };
 
 } // namespace Quillane

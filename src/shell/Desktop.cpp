@@ -2,9 +2,9 @@
 
 #include "data/Con.h"
 #include "data/Services.h"
-#include "platform/forms/Boxes.h"
 #include "platform/forms/EventBoundary.h"
 #include "platform/host/UserSettings.h"
+#include "scale/FrmPortSettings.h"
 #include "shell/Startup.h"
 #include "weighment/FrmWeighment.h"
 
@@ -61,11 +61,10 @@ void Desktop::BtnWeighment_Click() {
     screen.ShowModal(this);
 }
 
+// Made anew each time: it always begins with its defaults, and its line closes with it.
 void Desktop::CmdScaleSetting_Click() {
-    MsgBox({.text = "The scale setting screen is not there yet.",
-            .title = ProgramTitle(),
-            .icon = BoxIcon::Information,
-            .buttons = BoxButtons::Ok});
+    FrmPortSettings screen;
+    screen.ShowModal();
 }
 
 // The connection is given after the dialog here, the other way round than at the start.

@@ -1,0 +1,164 @@
+#include "platform/forms/Label.h"
+#include "scale/FrmPortSettings.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QScreen>
+
+#include <initializer_list>
+#include <utility>
+
+namespace Quillane {
+
+namespace {
+
+/// A caption with its control below it, one column of a row.
+void AddColumn(QGridLayout& grid, int column, std::string_view caption, VisualControl& control) {
+    auto* label = new Label(caption, &control.Widget());
+    grid.addWidget(label, 0, column, Qt::AlignLeft | Qt::AlignBottom);
+    grid.addWidget(&control.Widget(), 1, column);
+}
+
+QGridLayout* NewRow() {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(16);
+    grid->setVerticalSpacing(4);
+    return grid;
+}
+
+} // namespace
+
+void FrmPortSettings::SetTabOrder() {
+    int index = 0;
+    for (VisualControl* control : std::initializer_list<VisualControl*>{
+             &CboPortName, &CboBitsPerSecond, &CboDataBits, &CboParity, &CboStopBits, &CmdOpenPort,
+             &CmdGetWeight, &TxtRawWeight, &TxtDataFrom, &CboDirection, &ChkIsReversed,
+             &CmdModifiedWeight, &TxtNotModified, &TxtModifiedWeight, &CmdSave, &CmdClose})
+        control->SetTabIndex(index++);
+}
+
+void FrmPortSettings::DesignControls() {
+    TxtDataFrom.SetAlignment(TextBox::Alignment::Right);
+    TxtDataFrom.SetMaxLength(1);
+    // Of even width, so that the repetitions of a frame can be told apart.
+    const double points = TypeSize();
+    TxtRawWeight.SetFont("Courier New", points, false);
+    TxtNotModified.SetFont("Courier New", points + 4, false);
+    TxtModifiedWeight.SetFont("Courier New", points + 4, true);
+}
+
+void FrmPortSettings::DescribeControls() {
+    const std::initializer_list<std::pair<VisualControl*, const char*>> names{
+        {&CboPortName, "Port Name"},
+        {&CboBitsPerSecond, "Bits Per Second"},
+        {&CboDataBits, "Data Bits"},
+        {&CboParity, "Parity"},
+        {&CboStopBits, "Stop Bits"},
+        {&TxtRawWeight, "Raw text as received"},
+        {&Frame2, "Reading settings"},
+        {&TxtDataFrom, "Length: how many digits are kept"},
+        {&CboDirection, "Data Direction"},
+        {&TxtNotModified, "The number as it was received"},
+        {&TxtModifiedWeight, "The weight as the settings make it"},
+    };
+    for (const auto& [control, name] : names)
+        control->SetAccessibleName(name);
+
+    CmdOpenPort.SetToolTip("Open the line with these settings, anew if it is open");
+    CmdGetWeight.SetToolTip("Add what has been received to the raw text");
+    TxtRawWeight.SetToolTip("What the indicator sent, as it came; clear it by hand");
+    TxtDataFrom.SetToolTip("How many digits of the number are kept, 0 to 9");
+    CboDirection.SetToolTip("The end of the number from which digits are kept");
+    ChkIsReversed.SetToolTip("The indicator sends the last digit first");
+    CmdModifiedWeight.SetToolTip("Start the try-out; it goes on until the screen closes");
+    TxtNotModified.SetToolTip("The number as it was received");
+    TxtModifiedWeight.SetToolTip("The weight as these settings make it");
+    CmdSave.SetToolTip("Store these settings for the station");
+    CmdClose.SetToolTip("Close this screen and the line");
+}
+
+void FrmPortSettings::LayOut() {
+    QFont type = font();
+    type.setPointSize(TypeSize());
+    setFont(type);
+    LayOutPortSettings();
+    LayOutReading();
+    auto* whole = new QVBoxLayout(this);
+    const int margin = OnSmallDisplay() ? 8 : 20;
+    whole->setContentsMargins(margin, margin, margin, margin);
+    whole->setSpacing(OnSmallDisplay() ? 6 : 16);
+    whole->addWidget(&Frame1.Widget());
+    whole->addWidget(&Frame2.Widget());
+    whole->addStretch(1);
+    whole->addLayout(ButtonRow());
+    const QSize room = screen()->availableSize() - QSize(8, 40); // less the window's frame
+    resize(sizeHint().expandedTo(QSize(880, 0)).boundedTo(room));
+}
+
+void FrmPortSettings::LayOutPortSettings() {
+    auto* lists = NewRow();
+    AddColumn(*lists, 0, "Port Name:", CboPortName);
+    AddColumn(*lists, 1, "Bits Per Second:", CboBitsPerSecond);
+    AddColumn(*lists, 2, "Data Bits:", CboDataBits);
+    AddColumn(*lists, 3, "Parity:", CboParity);
+    AddColumn(*lists, 4, "Stop Bits:", CboStopBits);
+    lists->addWidget(&CmdOpenPort.Widget(), 1, 5);
+    for (int column = 0; column < 5; ++column)
+        lists->setColumnStretch(column, 1);
+
+    auto* received = NewRow();
+    received->addWidget(new Label("Raw Text:", &TxtRawWeight.Widget()), 0, 0);
+    received->addWidget(&TxtRawWeight.Widget(), 1, 0);
+    received->addWidget(&CmdGetWeight.Widget(), 1, 1);
+    received->setColumnStretch(0, 1);
+
+    auto* rows = new QVBoxLayout(&Frame1.Widget());
+    rows->addLayout(lists);
+    rows->addLayout(received);
+}
+
+void FrmPortSettings::LayOutReading() {
+    auto* fields = NewRow();
+    AddColumn(*fields, 0, "Length:", TxtDataFrom);
+    AddColumn(*fields, 1, "Data Direction:", CboDirection);
+    fields->addWidget(&ChkIsReversed.Widget(), 1, 2);
+    fields->addWidget(&CmdModifiedWeight.Widget(), 1, 4);
+    fields->setColumnStretch(3, 1);
+    TxtDataFrom.Widget().setMaximumWidth(90);
+
+    auto* results = NewRow();
+    AddColumn(*results, 0, "Not Modified:", TxtNotModified);
+    AddColumn(*results, 1, "Modified Weight:", TxtModifiedWeight);
+
+    auto* rows = new QVBoxLayout(&Frame2.Widget());
+    rows->addLayout(fields);
+    rows->addLayout(results);
+}
+
+QLayout* FrmPortSettings::ButtonRow() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(&CmdSave.Widget());
+    row->addStretch(1);
+    row->addWidget(&CmdClose.Widget());
+    const QSize least = OnSmallDisplay() ? QSize(84, 28) : QSize(120, 40);
+    for (VisualControl* button : std::initializer_list<VisualControl*>{
+             &CmdOpenPort, &CmdGetWeight, &CmdModifiedWeight, &CmdSave, &CmdClose})
+        button->Widget().setMinimumSize(least);
+    return row;
+}
+
+// A display of few points, such as 1280 by 800 at twice the scale.
+bool FrmPortSettings::OnSmallDisplay() const {
+    const QSize room = screen()->availableSize();
+    return room.width() < 900 || room.height() < 560;
+}
+
+int FrmPortSettings::TypeSize() const {
+    const QSize room = screen()->availableSize();
+    if (OnSmallDisplay())
+        return 9;
+    return room.width() < 1600 || room.height() < 900 ? 12 : 14;
+}
+
+} // namespace Quillane
