@@ -42,7 +42,15 @@ protected:
     void Form_KeyDown(int& key, int shift) override;
 
 private:
-    std::shared_ptr<Recordset> rows_ = std::make_shared<Recordset>();
+    void WireEvents();
+    void DesignGrid();
+    void LayOut();
+    void GrdSch_DblClick();
+    void GrdSch_KeyDown(int key, int shift);
+    void TxtFilter_KeyDown(int key, int shift);
+    void HandleEnter(int& key);
+
+    std::shared_ptr<Recordset> rows_; ///< none before the first refresh and after unloading
 };
 
 } // namespace Quillane

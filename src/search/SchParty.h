@@ -28,7 +28,8 @@ public:
     std::string SelectedPartyName;
     std::string SelectedPartyCity;
 
-    /// Lists the parties whose name holds the filter's text. A failure is the caller's.
+    /// Lists the parties whose name holds the filter's text. A failure is the caller's; the list is
+    /// then empty.
     void RefreshParties();
 
     void TxtFilter_Change();
@@ -40,6 +41,14 @@ protected:
     void Form_Load() override;
 
 private:
+    void WireEvents();
+    void DesignControls();
+    void LayOut();
+    void EmptySelection();
+    void TxtFilter_KeyDown(int key, int shift);
+    void TxtFilterId_KeyDown(int key, int shift);
+    void Grid_DblClick();
+
     std::shared_ptr<Recordset> rows_ = std::make_shared<Recordset>();
 };
 

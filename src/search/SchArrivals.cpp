@@ -1,0 +1,164 @@
+#include "search/SchArrivals.h"
+
+#include "data/Con.h"
+#include "data/modCommon.h"
+#include "platform/forms/KeyCodes.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+#include "search/SearchLook.h"
+#include "search/SearchStatements.h"
+
+#include <QHBoxLayout>
+
+namespace Quillane {
+
+namespace {
+
+constexpr Colour Black = 0x000000;
+constexpr Colour Grey = 0xCFCFCF;
+constexpr QSize LeastSize(960, 600);
+constexpr int DaysShown = 365;
+
+} // namespace
+
+SchArrivals::SchArrivals() : Screen("SchArrivals", "Search Arrivals") {
+    WireEvents();
+    DesignGrid();
+    LayOut();
+}
+
+void SchArrivals::WireEvents() {
+    for (TextBox* box : {&TxtFilterId, &TxtFilter})
+        box->Change = [this] { RefreshArrivals(); };
+    for (TDBDate* date : {&DtpFromDate, &DtpToDate})
+        date->Change = [this] { RefreshArrivals(); };
+    BtnSelect.Click = [this] { BtnSelect_Click(); };
+    BtnClose.Click = [this] { BtnClose_Click(); };
+    GrdSch.DblClick = [this] { GrdSch_DblClick(); };
+}
+
+void SchArrivals::DesignGrid() {
+    GrdSch.AddColumn("ArrivalID", "ID", 1244);
+    GrdSch.AddColumn("ArrivalDate", "Arrival Date", 2090, "dd/MM/yyyy");
+    GrdSch.AddColumn("PartyName", "Party Name", 6165);
+    GrdSch.AddColumn("Commodity", "Commodity", 4419);
+    GrdSch.SetActiveRowStyle(Black, Grey);
+    GrdSch.SetAccessibleName("Arrivals found");
+}
+
+void SchArrivals::LayOut() {
+    SetTabOrder(
+        {&TxtFilterId, &TxtFilter, &GrdSch, &BtnSelect, &BtnClose, &DtpFromDate, &DtpToDate});
+    SetLetterSize(*this);
+    auto* filters = new QHBoxLayout;
+    AddFilter(*filters, "ID", TxtFilterId, 1);
+    AddFilter(*filters, "Name:", TxtFilter, 4);
+    AddFilter(*filters, "From Date", DtpFromDate);
+    AddFilter(*filters, "To Date", DtpToDate);
+    LayOutSearch(*this, *filters, GrdSch, {&BtnSelect, &BtnClose}, LeastSize);
+    TxtFilter.SetToolTip("Part of a party's name");
+    BtnSelect.SetToolTip("Take the marked arrival (Enter in the list)");
+    BtnClose.SetToolTip("Close without taking one (Esc or Ctrl+Q)");
+}
+
+void SchArrivals::Form_Load() {
+    try {
+        // Each showing starts over, also one of a screen that was shown before.
+        Blank(TxtFilterId);
+        Blank(TxtFilter);
+        SelectedArrivalId = 0;
+        DtpFromDate.SetValue(AddDays(Today(), -DaysShown));
+        DtpToDate.SetValue(Today());
+        RefreshArrivals();
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+void SchArrivals::Form_Unload(bool& /*cancel*/) {
+    if (rows_ && rows_->State() == adStateOpen)
+        rows_->Close();
+    GrdSch.SetDataSource(nullptr);
+    rows_.reset();
+}
+
+void SchArrivals::RefreshArrivals() {
+    try {
+        if (!rows_)
+            rows_ = std::make_shared<Recordset>();
+        if (rows_->State() == adStateOpen)
+            rows_->Close();
+        rows_->Open(ArrivalSearchStatement({.fromDate = DtpFromDate.Value(),
+                                            .toDate = DtpToDate.Value(),
+                                            .id = TxtFilterId.Text(),
+                                            .name = TxtFilter.Text()}),
+                    *Con, adOpenStatic, adLockReadOnly, adCmdUnspecified);
+        GrdSch.SetDataSource(rows_);
+        GrdSch.Columns("ArrivalID").dataField = "ArrivalId";
+        GrdSch.Columns("ArrivalDate").dataField = "ArrivalDate";
+        GrdSch.Columns("PartyName").dataField = "AccountName";
+        GrdSch.Columns("Commodity").dataField = "Commodity";
+    } catch (const Failure&) {
+        // The list that no longer fits the filters goes before the box comes up.
+        GrdSch.SetDataSource(rows_);
+        ShowError();
+    }
+}
+
+void SchArrivals::BtnSelect_Click() {
+    try {
+        if (GrdSch.Rows() > 0) {
+            SelectedArrivalId = rows_->Fields("ArrivalId").Long();
+            Unload();
+        }
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+void SchArrivals::BtnClose_Click() {
+    SelectedArrivalId = 0;
+    Unload();
+}
+
+void SchArrivals::GrdSch_DblClick() {
+    if (GrdSch.Rows() >= 1)
+        BtnSelect_Click();
+}
+
+// The screen's rule for Enter goes before this one and the next, and uses the key up.
+void SchArrivals::GrdSch_KeyDown(int key, int shift) {
+    if (key == Key::Return && shift == ShiftState::None)
+        BtnSelect_Click();
+}
+
+void SchArrivals::TxtFilter_KeyDown(int key, int /*shift*/) {
+    if (key == Key::Return)
+        BtnSelect_Click();
+}
+
+void SchArrivals::Form_KeyDown(int& key, int shift) {
+    try {
+        if (key == Key::Return)
+            HandleEnter(key);
+        else if ((key == Key::Escape || (key == 'Q' && shift == ShiftState::Ctrl)) &&
+                 BtnClose.Enabled())
+            BtnClose_Click();
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+// On a button the Enter is left to the button.
+void SchArrivals::HandleEnter(int& key) {
+    const std::string name = UpperCase(ActiveControlName());
+    if (name.starts_with("BTN"))
+        return;
+    key = 0;
+    if (name == "GRDSCH")
+        BtnSelect_Click();
+    else
+        SendTab();
+}
+
+} // namespace Quillane

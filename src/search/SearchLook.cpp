@@ -1,0 +1,86 @@
+#include "search/SearchLook.h"
+
+#include "platform/forms/Label.h"
+
+#include <QHBoxLayout>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Quillane {
+
+namespace {
+
+QSize RoomOnDisplay(const Screen& screen) {
+    return screen.screen()->availableSize() - QSize(8, 40); // less the window's frame
+}
+
+// A display of few points, such as 1280 by 800 at twice the scale.
+bool OnSmallDisplay(const Screen& screen) {
+    const QSize room = RoomOnDisplay(screen);
+    return room.width() < 900 || room.height() < 560;
+}
+
+int LetterSize(const Screen& screen) {
+    if (OnSmallDisplay(screen))
+        return 9;
+    const QSize room = RoomOnDisplay(screen);
+    return room.width() < 1590 || room.height() < 860 ? 11 : 13;
+}
+
+QLayout* ButtonRow(std::initializer_list<VisualControl*> buttons, QSize least) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addStretch(1);
+    for (VisualControl* button : buttons) {
+        button->Widget().setMinimumSize(least);
+        row->addWidget(&button->Widget());
+    }
+    return row;
+}
+
+} // namespace
+
+void SetLetterSize(Screen& screen) {
+    QFont letters = screen.font();
+    letters.setPointSize(LetterSize(screen));
+    screen.setFont(letters);
+}
+
+void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& filter, int stretch) {
+    if (filters.count() > 0)
+        filters.addSpacing(16);
+    filters.addWidget(new Label(caption, &filter.FocusWidget()));
+    filters.addWidget(&filter.Widget(), stretch);
+    filter.SetAccessibleName(caption);
+}
+
+void LayOutSearch(Screen& screen, QHBoxLayout& filters, VisualControl& list,
+                  std::initializer_list<VisualControl*> buttons, QSize least) {
+    const bool small = OnSmallDisplay(screen);
+    const int margin = small ? 8 : 16;
+    filters.setSpacing(8);
+    auto* rows = new QVBoxLayout(&screen);
+    rows->setContentsMargins(margin, margin, margin, margin);
+    rows->setSpacing(small ? 8 : 12);
+    rows->addLayout(&filters);
+    rows->addWidget(&list.Widget(), 1);
+    rows->addLayout(ButtonRow(buttons, small ? QSize(84, 32) : QSize(104, 40)));
+    const QSize room = RoomOnDisplay(screen);
+    screen.resize(least.expandedTo(room * 2 / 3).boundedTo(room));
+}
+
+void SetTabOrder(std::initializer_list<VisualControl*> controls) {
+    int index = 0;
+    for (VisualControl* control : controls)
+        control->SetTabIndex(index++);
+}
+
+void Blank(TextBox& box) {
+    auto change = std::exchange(box.Change, {});
+    box.SetText("");
+    box.Change = std::move(change);
+}
+
+} // namespace Quillane
