@@ -42,6 +42,11 @@ private:
 /// screen, then `LostFocus`, then the other's `GotFocus`; all before Qt moves anything. None runs
 /// for boxes, modal screens, popups or another window becoming active. Disabling or hiding the
 /// active control moves on to the next in tab order without `Validate`.
+///
+/// `KeyDown` is the control's own share of a key, while it is the active one: it runs after the
+/// screen's `Form_KeyDown`, which may have swallowed the key, and swallows it by setting it to 0. A
+/// key in whose handling the focus has moved is used up, and never acts on the control that has the
+/// focus now.
 class VisualControl : public Control {
 public:
     using Control::Control;
@@ -74,6 +79,7 @@ public:
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;
     std::function<void()> Validate;
+    std::function<void(int& key, int shift)> KeyDown;
 
     /// What is placed in a layout.
     virtual QWidget& Widget() = 0;
@@ -84,8 +90,8 @@ public:
     /// Leaving a control commits first, and so does a key with Ctrl or Alt that is no editing key,
     /// before the screen sees it: what is seen is what a shortcut works on.
     virtual void CommitEdit() {}
-    /// Runs after `Form_KeyDown` and before `Form_KeyPress`, on the active control; true uses the
-    /// key up.
+    /// Runs after `KeyDown` and before `Form_KeyPress`, on the active control; true uses the key
+    /// up.
     virtual bool HandleKey(int /*key*/, int /*shift*/) { return false; }
 
 protected:

@@ -29,11 +29,11 @@ namespace Quillane {
 /// Focus. The screen keeps its active control itself; its logic never asks Qt. Before it is shown
 /// no control is active. See VisualControl for the events.
 ///
-/// Keys. Every key reaches `Form_KeyDown` before the control that has the focus, then, for
-/// characters and Backspace without Ctrl or Alt (and for what an input method commits),
-/// `Form_KeyPress`. Either swallows the key by setting it to 0. Tab and Backtab move the focus
-/// after that and are used up by the move. A screen that has closed itself on a key gets no more of
-/// that key.
+/// Keys. Every key reaches `Form_KeyDown` before the control that has the focus, then that
+/// control's own `KeyDown`, then, for characters and Backspace without Ctrl or Alt (and for what an
+/// input method commits), `Form_KeyPress`. Each swallows the key by setting it to 0. Tab and
+/// Backtab move the focus after that and are used up by the move. A screen that has closed itself
+/// on a key gets no more of that key.
 class Screen : public QDialog {
 public:
     Screen(std::string name, std::string_view caption);
@@ -126,6 +126,7 @@ private:
     void Observe(std::string_view event, const VisualControl* control) const;
 
     bool PreviewKey(const QKeyEvent& event);
+    bool PreviewKeyOf(VisualControl& control, int& key, int shift);
     bool PreviewCharacter(char32_t character);
     bool PreviewText(const QKeyEvent& event);
     bool PressMnemonic(const QKeyEvent& event);

@@ -87,7 +87,7 @@ bool Screen::PreviewKey(const QKeyEvent& event) {
     if (!Lives(life) || key == 0) {
         return true;
     }
-    if (receiver && receiver == active_ && receiver->HandleKey(key, shift)) {
+    if (receiver && receiver == active_ && PreviewKeyOf(*receiver, key, shift)) {
         return true;
     }
     if (!Lives(life) || PreviewText(event) || PressMnemonic(event)) {
@@ -98,6 +98,18 @@ bool Screen::PreviewKey(const QKeyEvent& event) {
         MoveFocus(NextInTabOrder(active_, !(shift & ShiftState::Shift)), Move::Operator);
     }
     return tab;
+}
+
+// True uses the key up.
+bool Screen::PreviewKeyOf(VisualControl& control, int& key, int shift) {
+    if (control.KeyDown) {
+        const std::uint64_t life = life_;
+        control.KeyDown(key, shift);
+        if (!Lives(life) || key == 0 || active_ != &control) {
+            return true;
+        }
+    }
+    return control.HandleKey(key, shift);
 }
 
 bool Screen::PreviewText(const QKeyEvent& event) {
