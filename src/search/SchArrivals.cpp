@@ -8,6 +8,7 @@
 #include "search/SearchLook.h"
 #include "search/SearchStatements.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 
 namespace Quillane {
@@ -18,6 +19,13 @@ constexpr Colour Black = 0x000000;
 constexpr Colour Grey = 0xCFCFCF;
 constexpr QSize LeastSize(960, 600);
 constexpr int DaysShown = 365;
+
+// A calendar that is dropped down keeps its own Esc: one press puts it away, the next one closes.
+bool Closes(int key, int shift) {
+    if (key == Key::Escape)
+        return !QApplication::activePopupWidget();
+    return key == 'Q' && shift == ShiftState::Ctrl;
+}
 
 } // namespace
 
@@ -35,6 +43,8 @@ void SchArrivals::WireEvents() {
     BtnSelect.Click = [this] { BtnSelect_Click(); };
     BtnClose.Click = [this] { BtnClose_Click(); };
     GrdSch.DblClick = [this] { GrdSch_DblClick(); };
+    GrdSch.KeyDown = [this](int& key, int shift) { GrdSch_KeyDown(key, shift); };
+    TxtFilter.KeyDown = [this](int& key, int shift) { TxtFilter_KeyDown(key, shift); };
 }
 
 void SchArrivals::DesignGrid() {
@@ -141,8 +151,7 @@ void SchArrivals::Form_KeyDown(int& key, int shift) {
     try {
         if (key == Key::Return)
             HandleEnter(key);
-        else if ((key == Key::Escape || (key == 'Q' && shift == ShiftState::Ctrl)) &&
-                 BtnClose.Enabled())
+        else if (Closes(key, shift) && BtnClose.Enabled())
             BtnClose_Click();
     } catch (const Failure&) {
         ShowError();

@@ -28,6 +28,8 @@ SchParty::SchParty() : Screen("SchParty", "Search Parties") {
 void SchParty::WireEvents() {
     TxtFilter.Change = [this] { TxtFilter_Change(); };
     TxtFilterId.Change = [this] { TxtFilterId_Change(); };
+    TxtFilter.KeyDown = [this](int& key, int shift) { TxtFilter_KeyDown(key, shift); };
+    TxtFilterId.KeyDown = [this](int& key, int shift) { TxtFilterId_KeyDown(key, shift); };
     Grid.DblClick = [this] { Grid_DblClick(); };
     CmdSelect.Click = [this] { CmdSelect_Click(); };
     CmdClose.Click = [this] { CmdClose_Click(); };
