@@ -1,35 +1,41 @@
 #include "scale/RawText.h"
 
+#include <array>
+
 namespace Quillane {
 
 namespace {
 
-constexpr unsigned controlPictures = 0x2400;
-constexpr unsigned pictureOfDelete = 0x2421;
-constexpr unsigned replacement = 0xFFFD;
+constexpr std::array<std::string_view, 32> controlNames{
+    "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS",  "HT",  "LF",
+    "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
+    "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
 
-unsigned ShownCharacter(unsigned char byte) {
-    if (byte < 0x20)
-        return controlPictures + byte;
-    if (byte == 0x7F)
-        return pictureOfDelete;
-    // Controls without a picture, the blank that does not break and the hyphen that is not drawn.
-    if ((byte >= 0x80 && byte <= 0xA0) || byte == 0xAD)
-        return replacement;
-    return byte;
+/// The second row of controls, the blank that does not break and the hyphen that is not drawn.
+bool CannotBeSeen(unsigned char byte) {
+    return (byte >= 0x80 && byte <= 0xA0) || byte == 0xAD;
 }
 
-void Append(std::string& text, unsigned character) {
-    const auto add = [&text](unsigned unit) { text += static_cast<char>(unit); };
-    if (character < 0x80) {
-        add(character);
-    } else if (character < 0x800) {
-        add(0xC0 | character >> 6);
-        add(0x80 | (character & 0x3F));
+std::string Code(unsigned char byte) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    return {'x', digits[byte >> 4], digits[byte & 0xF]};
+}
+
+void Append(std::string& text, unsigned char byte) {
+    const auto appendName = [&text](std::string_view name) {
+        text.append("<").append(name).append(">");
+    };
+    if (byte < controlNames.size()) {
+        appendName(controlNames[byte]);
+    } else if (byte == 0x7F) {
+        appendName("DEL");
+    } else if (CannotBeSeen(byte)) {
+        appendName(Code(byte));
+    } else if (byte < 0x80) {
+        text += static_cast<char>(byte);
     } else {
-        add(0xE0 | character >> 12);
-        add(0x80 | (character >> 6 & 0x3F));
-        add(0x80 | (character & 0x3F));
+        text += static_cast<char>(0xC0 | byte >> 6);
+        text += static_cast<char>(0x80 | (byte & 0x3F));
     }
 }
 
@@ -39,7 +45,7 @@ std::string ShownRawText(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     for (const char byte : bytes)
-        Append(text, ShownCharacter(static_cast<unsigned char>(byte)));
+        Append(text, static_cast<unsigned char>(byte));
     return text;
 }
 
