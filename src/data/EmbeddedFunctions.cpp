@@ -4,8 +4,12 @@
 
 #include <sqlite3.h>
 
-#include <array>
-#include <memory>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace Quillane {
 
@@ -14,16 +18,89 @@ namespace {
 constexpr const char* PartyName =
     "SELECT CASE WHEN Cities.CityName IS NULL THEN ChartOfAccounts.AccountName"
     " ELSE ChartOfAccounts.AccountName || '-' || Cities.CityName END"
-    " FROM ChartOfAccounts LEFT JOIN Parties ON Parties.PartyId = ChartOfAccounts.AccountNo"
-    " LEFT JOIN Cities ON Cities.CityId = Parties.CityId WHERE ChartOfAccounts.AccountNo = ?";
+    " FROM main.ChartOfAccounts LEFT JOIN main.Parties ON PartyId = AccountNo"
+    " LEFT JOIN main.Cities ON Cities.CityId = Parties.CityId WHERE AccountNo = ?";
 
-constexpr const char* CommodityName = "SELECT CommodityName FROM Commodities WHERE CommodityId = ?";
+constexpr const char* CommodityName =
+    "SELECT CommodityName FROM main.Commodities WHERE CommodityId = ?";
+
+using Name = std::optional<std::string>;
+
+std::string_view TextOf(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+void Return(sqlite3_context* context, const Name& name) {
+    if (name)
+        sqlite3_result_text64(context, name->data(), name->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+/// The names that a session has looked up, as long as nobody can have changed one.
+///
+/// Within a read transaction a session sees one state of the database, and the data version tells
+/// that state from every other: it counts this session's commits, and at the begin of a transaction
+/// whatever others have committed since. A session that writes sees changes that no version counts,
+/// and may yet roll them back: then nothing is kept or taken from here.
+class KnownNames {
+public:
+    explicit KnownNames(sqlite3* session) : session_(session) {}
+
+    /// False where a name has to be looked up at each call. Forgets what may be out of date.
+    bool MayKeep() {
+        if (sqlite3_txn_state(session_, "main") != SQLITE_TXN_READ)
+            return false;
+        unsigned version = 0;
+        if (sqlite3_file_control(session_, "main", SQLITE_FCNTL_DATA_VERSION, &version) !=
+            SQLITE_OK)
+            return false;
+        if (version != version_ || byText_.size() + byNumber_.size() > most) {
+            byText_.clear();
+            byNumber_.clear();
+            version_ = version;
+        }
+        return true;
+    }
+
+    const Name* Find(sqlite3_value* key) const {
+        if (sqlite3_value_type(key) == SQLITE_TEXT) {
+            const auto found = byText_.find(TextOf(key));
+            return found == byText_.end() ? nullptr : &found->second;
+        }
+        const auto found = byNumber_.find(sqlite3_value_int64(key));
+        return found == byNumber_.end() ? nullptr : &found->second;
+    }
+
+    void Add(sqlite3_value* key, const Name& name) {
+        if (sqlite3_value_type(key) == SQLITE_TEXT)
+            byText_.emplace(TextOf(key), name);
+        else
+            byNumber_.emplace(sqlite3_value_int64(key), name);
+    }
+
+    static bool CanBeKey(sqlite3_value* key) {
+        const int type = sqlite3_value_type(key);
+        return type == SQLITE_TEXT || type == SQLITE_INTEGER;
+    }
+
+private:
+    static constexpr std::size_t most = 100'000;
+
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    sqlite3* session_;
+    unsigned version_ = 0;
+    std::unordered_map<std::string, Name, Hash, std::equal_to<>> byText_;
+    std::unordered_map<std::int64_t, Name> byNumber_;
+};
 
 /// One look-up of a session. It is prepared at its first use, since the tables need not be there
 /// when the session opens.
 class LookUp {
 public:
-    LookUp(sqlite3* session, const char* text) : session_(session), text_(text) {}
+    LookUp(sqlite3* session, const char* text) : session_(session), text_(text), known_(session) {}
     ~LookUp() { Finalize(); }
     LookUp(const LookUp&) = delete;
     LookUp& operator=(const LookUp&) = delete;
@@ -34,19 +111,29 @@ public:
     }
 
     void Answer(sqlite3_context* context, sqlite3_value* key) {
-        if (!Prepare() || sqlite3_bind_value(statement_, 1, key) != SQLITE_OK) {
-            sqlite3_result_error(context, sqlite3_errmsg(session_), -1);
-            return;
-        }
-        const int outcome = sqlite3_step(statement_);
-        if (outcome == SQLITE_ROW)
-            sqlite3_result_value(context, sqlite3_column_value(statement_, 0));
-        else if (outcome != SQLITE_DONE)
-            sqlite3_result_error(context, sqlite3_errmsg(session_), -1);
-        sqlite3_reset(statement_);
+        const bool keeps = KnownNames::CanBeKey(key) && known_.MayKeep();
+        const Name* known = keeps ? known_.Find(key) : nullptr;
+        if (known)
+            return Return(context, *known);
+        Name name;
+        if (!LookFor(key, name))
+            return sqlite3_result_error(context, sqlite3_errmsg(session_), -1);
+        if (keeps)
+            known_.Add(key, name);
+        Return(context, name);
     }
 
 private:
+    /// False where the engine refuses; it then holds the reason.
+    bool LookFor(sqlite3_value* key, Name& name) {
+        if (!Prepare() || sqlite3_bind_value(statement_, 1, key) != SQLITE_OK)
+            return false;
+        if (sqlite3_step(statement_) == SQLITE_ROW &&
+            sqlite3_column_type(statement_, 0) != SQLITE_NULL)
+            name = TextOf(sqlite3_column_value(statement_, 0));
+        return sqlite3_reset(statement_) == SQLITE_OK; // a failed step's outcome
+    }
+
     bool Prepare() {
         return statement_ || sqlite3_prepare_v3(session_, text_, -1, SQLITE_PREPARE_PERSISTENT,
                                                 &statement_, nullptr) == SQLITE_OK;
@@ -54,6 +141,7 @@ private:
 
     sqlite3* session_;
     const char* text_;
+    KnownNames known_;
     sqlite3_stmt* statement_ = nullptr;
 };
 

@@ -10,8 +10,9 @@ namespace Quillane {
 ///   where there is no city; Null for an account that does not exist.
 /// - `FunGetCommodity(commodityId)`: the commodity's name; Null for one that does not exist.
 ///
-/// Searches call them for every row: each keeps one prepared look-up for the session, which it lets
-/// go when the session closes (by the session's one trace hook, which this takes for itself).
+/// Searches call them for every row. Each keeps the names that it has found until this session or
+/// another commits a change, and one prepared look-up for the session, which it lets go when the
+/// session closes (by the session's one trace hook, which this takes for itself).
 void RegisterEmbeddedFunctions(sqlite3* session);
 
 } // namespace Quillane

@@ -1,6 +1,7 @@
 #include "SampleDatabase.h"
 
 #include "data/EmbeddedFunctions.h"
+#include "platform/runtime/Failure.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -42,6 +43,118 @@ TEST(EmbeddedFunctions, FollowAChangedName) {
     EXPECT_EQ(database.Ask("Select dbo.FunGetCommodity(1)").Text(), "Corn");
 }
 
+/// A second station on the same file.
+class OtherStation {
+public:
+    explicit OtherStation(const SampleDatabase& database) {
+        connection_.SetEmbeddedSupport(
+            {.folder = database.folder.path, .registerFunctions = RegisterEmbeddedFunctions});
+        connection_.Open("Driver=SQL Server;Server=(embedded);Database=Account1");
+    }
+    void Run(std::string_view statement) { connection_.Execute(statement); }
+
+private:
+    Connection connection_;
+};
+
+/// The two sellers of the sample that share a name, each by a reading statement of its own.
+constexpr const char* NameOf4 =
+    "Select dbo.FunGetPartyName(PartyId) From Parties Where PartyId = '6010004'";
+constexpr const char* NameOf19 =
+    "Select dbo.FunGetPartyName(PartyId) From Parties Where PartyId = '6010019'";
+
+TEST(EmbeddedFunctions, FollowNamesThatAnotherStationChanges) {
+    SampleDatabase database;
+    OtherStation other(database);
+    ASSERT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
+    struct Case {
+        const char* change;
+        const char* name;
+    };
+    constexpr Case cases[] = {
+        {"Update ChartOfAccounts Set AccountName = 'Noor & Co' Where AccountNo = '6010004'",
+         "Noor & Co-Lahore"},
+        {"Update Cities Set CityName = 'Kasur' Where CityId = 1", "Noor & Co-Kasur"},
+        {"Update Parties Set CityId = 4 Where PartyId = '6010004'", "Noor & Co-Sahiwal"},
+        {"Update Parties Set CityId = Null Where PartyId = '6010004'", "Noor & Co"},
+    };
+    for (const Case& each : cases) {
+        other.Run(each.change);
+        EXPECT_EQ(database.Ask(NameOf4).Text(), each.name) << each.change;
+        EXPECT_EQ(database.Ask(NameOf4).Text(), each.name) << "again, after " << each.change;
+    }
+}
+
+TEST(EmbeddedFunctions, FollowAPartyThatAnotherStationAddsAndRemoves) {
+    SampleDatabase database;
+    OtherStation other(database);
+    constexpr const char* ask =
+        "Select dbo.FunGetPartyName('6099999') From Commodities Where CommodityId = 1";
+    EXPECT_TRUE(database.Ask(ask).IsNull());
+    other.Run("Insert Into ChartOfAccounts (AccountNo, AccountName) Values ('6099999', 'New')");
+    EXPECT_EQ(database.Ask(ask).Text(), "New");
+    other.Run("Delete From ChartOfAccounts Where AccountNo = '6099999'");
+    EXPECT_TRUE(database.Ask(ask).IsNull());
+}
+
+TEST(EmbeddedFunctions, SeeTheChangesOfAnOpenTransactionAndTheirRollback) {
+    SampleDatabase database;
+    constexpr const char* rename =
+        "Update ChartOfAccounts Set AccountName = 'Noor & Co' Where AccountNo = '6010004'";
+    ASSERT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
+    database.connection.BeginTrans();
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
+    database.connection.Execute(rename);
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor & Co-Lahore");
+    database.connection.RollbackTrans();
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
+    database.connection.BeginTrans();
+    database.connection.Execute(rename);
+    database.connection.CommitTrans();
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor & Co-Lahore");
+}
+
+TEST(EmbeddedFunctions, ForgetNothingThatARefusedStatementTookBack) {
+    SampleDatabase database;
+    ASSERT_EQ(database.Ask(NameOf19).Text(), "Noor Brothers-Sahiwal");
+    // The rows come in the order of their numbers: the first is renamed, the second refused.
+    EXPECT_THROW(database.connection.Execute(
+                     "Update ChartOfAccounts Set AccountName = Case AccountNo When '6010004' Then "
+                     "'Noor & Co' Else IIf(dbo.FunGetPartyName('6010004') = 'Noor & Co-Lahore', "
+                     "Null, AccountName) End Where AccountNo In ('6010004', '6010019')"),
+                 Failure);
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
+    EXPECT_EQ(database.Ask(NameOf19).Text(), "Noor Brothers-Sahiwal");
+}
+
+/// Steps a bare session's statement once and gives its first cell.
+std::string StepFor(sqlite3_stmt* statement) {
+    EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
+    return reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+}
+
+TEST(EmbeddedFunctions, KeepTheNamesOfOneReadingToItsEnd) {
+    SampleDatabase database;
+    OtherStation other(database);
+    sqlite3* session = nullptr;
+    ASSERT_EQ(sqlite3_open(database.folder.File("Account1.db").c_str(), &session), SQLITE_OK);
+    RegisterEmbeddedFunctions(session);
+    sqlite3_stmt* names = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(session,
+                                 "SELECT FunGetPartyName(PartyId) FROM Parties WHERE PartyId IN "
+                                 "('6010004', '6010019') ORDER BY PartyId",
+                                 -1, &names, nullptr),
+              SQLITE_OK);
+    EXPECT_EQ(StepFor(names), "Noor Brothers-Lahore");
+    other.Run("Update ChartOfAccounts Set AccountName = 'Noor & Co'");
+    EXPECT_EQ(StepFor(names), "Noor Brothers-Sahiwal");
+    sqlite3_reset(names);
+    EXPECT_EQ(StepFor(names), "Noor & Co-Lahore");
+    EXPECT_EQ(StepFor(names), "Noor & Co-Sahiwal");
+    sqlite3_finalize(names);
+    EXPECT_EQ(sqlite3_close(session), SQLITE_OK);
+}
+
 TEST(EmbeddedFunctions, LetTheirSessionClose) {
     SampleDatabase database;
     sqlite3* session = nullptr;
@@ -60,7 +173,7 @@ TEST(EmbeddedFunctions, SayWhatIsMissing) {
     RegisterEmbeddedFunctions(session);
     EXPECT_EQ(sqlite3_exec(session, "SELECT FunGetCommodity(1)", nullptr, nullptr, nullptr),
               SQLITE_ERROR);
-    EXPECT_STREQ(sqlite3_errmsg(session), "no such table: Commodities");
+    EXPECT_STREQ(sqlite3_errmsg(session), "no such table: main.Commodities");
     EXPECT_EQ(sqlite3_close(session), SQLITE_OK);
 }
 
