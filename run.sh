@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the station and starts it in a try-out folder of its own, with
-# an indicator on port 1. Without a display it does one whole weighment by itself.
+# an indicator on port 1. Without a display it walks through all of it by itself.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -12,8 +12,9 @@ usage() {
   drive on and off. What you enter there is kept for the next start; your own settings are not
   touched.
 
-  Without one: starts a display of its own, does one whole weighment with real keys in
-  ./try-out/walk, and leaves pictures of every screen, the slip as PDF and the stored rows in
+  Without one: starts a display of its own and goes with real keys, in ./try-out/walk, through the
+  bench and the whole life of a weighment: saved, printed, found, changed, printed again, removed.
+  It leaves pictures of every screen, the slips as PDF and the rows stored at each stage in
   ./try-out/walk/out. The exit code is 0 only when all of it went well.
 
   --walk       do the walk on a display of its own, also where there is a display

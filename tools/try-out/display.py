@@ -13,6 +13,9 @@ def run(*command):
     return result.stdout if result.returncode == 0 else None
 
 
+CARET_HEIGHT = 40  # lines of the display
+
+
 class Display:
     """An X server that picks its own free number, and a window manager on it."""
 
@@ -60,14 +63,10 @@ def title_of(window):
     return found.rstrip("\n") if found else ""
 
 
-def wait_for_window(title, deadline=20.0):
-    """Waits until a window of that title is there and has the keys; returns its id."""
-
-    def is_active():
-        window = active_window()
-        return window if window in windows(title) else None
-
-    return wait_until(f'the window "{title}"', is_active, deadline)
+def has_keyboard(window):
+    """Whether the display's server sends the keys to a window."""
+    found = run("xdotool", "getwindowfocus", "-f")
+    return found is not None and found.strip() == window
 
 
 def wait_gone(window, title, deadline=20.0):
@@ -83,9 +82,75 @@ def write(text):
     subprocess.run(["xdotool", "type", "--delay", "30", "--", text], check=True)
 
 
+def click(window, across, down):
+    """Presses the mouse at a place of a window, given in parts of its width and height."""
+    left, top, width, height = place_of(window)
+    subprocess.run(["xdotool", "mousemove", str(left + round(width * across)),
+                    str(top + round(height * down)), "click", "1"], check=True)
+
+
+def place_of(window):
+    """Left, top, width and height of a window's inside."""
+    told = run("xwininfo", "-id", window)
+    return [int(re.search(rf"{name}:\s+(-?\d+)", told)[1])
+            for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+
+
+def title_height(window):
+    """How high the frame's title stands above a window's inside."""
+    told = run("xprop", "-id", window, "_NET_FRAME_EXTENTS") or ""
+    extents = re.findall(r"\d+", told.partition("=")[2])
+    return int(extents[2]) if len(extents) == 4 else 0
+
+
 def picture(path):
     """A picture of the whole display."""
     subprocess.run(["import", "-silent", "-window", "root", str(path)], check=True)
+
+
+def rest(deadline=10.0):
+    """Waits until two looks at the display, one after the other, are the same but for a caret."""
+    before = []
+
+    def stands():
+        nonlocal before
+        lines = _lines_of_display()
+        changed = sum(old != new for old, new in zip(before, lines))
+        resting = len(before) == len(lines) and changed <= CARET_HEIGHT
+        before = lines
+        return resting
+
+    wait_until("the display to stand still", stands, deadline)
+
+
+def _lines_of_display():
+    seen = subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", "ppm:-"],
+                          stdout=subprocess.PIPE, check=True).stdout
+    _, size, _, points = seen.split(b"\n", 3)
+    line = 3 * int(size.split()[0])
+    return [points[start:start + line] for start in range(0, len(points), line)]
+
+
+def crop_to_window(source, window, target):
+    """A window with its title out of a picture of the display, in few colours and no more bytes
+    than needed."""
+    left, top, width, height = place_of(window)
+    title = title_height(window)
+    subprocess.run(["convert", str(source), "-crop",
+                    f"{width}x{height + title}+{left}+{top - title}", "+repage",
+                    "+dither", "-colors", "128", "-strip", "-define", "png:compression-level=9",
+                    f"png8:{target}"], check=True)
+
+
+def dark_area(window):
+    """How many points of a window are as dark as letters."""
+    grab = subprocess.run(["import", "-silent", "-window", window, "png:-"],
+                          stdout=subprocess.PIPE, check=True)
+    answer = subprocess.run(
+        ["convert", "png:-", "-colorspace", "gray", "-threshold", "30%", "-negate", "-format",
+         "%[fx:mean*w*h]", "info:"],
+        input=grab.stdout, stdout=subprocess.PIPE, check=True).stdout.decode()
+    return int(float(answer))
 
 
 def coloured_area(window, colour):

@@ -7,10 +7,10 @@ PROGRAM = Path(__file__).resolve().parents[1] / "indicator" / "indicator"
 
 
 class Indicator:
-    def __init__(self, link, weight):
+    def __init__(self, link, weight, layout):
         self.process = subprocess.Popen(
-            [PROGRAM, "--link", str(link), "--weight", str(weight)], text=True,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+            [PROGRAM, "--link", str(link), "--weight", str(weight), "--layout", layout],
+            text=True, stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self._expect("ready")
 
     def hold(self, weight):

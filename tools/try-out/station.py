@@ -1,0 +1,152 @@
+"""The station at work: the program on a display, an indicator on its line, and pictures of both."""
+
+import os
+import subprocess
+
+import rows
+from conditions import Missed, wait_until
+from display import (Display, active_window, click, coloured_area, crop_to_window, dark_area,
+                     has_keyboard, picture, press, rest, title_of, wait_gone, windows, write)
+from indicator import Indicator
+
+START, WEIGHMENT, PREVIEW = "Veltrane: Quillane", "Weighment for Veltrane", "Previewing Report"
+
+# Where the middle of a button stands on the weighment screen, in parts of its width and height.
+PRINT_BUTTON = (0.544, 0.950)
+
+
+class Station:
+    """Started in a prepared folder; leaves its pictures in the folder's `out`.
+
+    `guide` is a folder that gets those pictures again, cut to their windows, that `guide_names`
+    holds.
+    """
+
+    def __init__(self, folder, size, scale, layout, weight, guide=None, guide_names=()):
+        self.folder = folder
+        self.out = folder / "out"
+        self.guide, self.guide_names = guide, guide_names
+        self.database = folder / "Account1.db"
+        self.pictures = 0
+        self.display = Display(size)
+        self.indicator = Indicator(folder / "scale", weight, layout)
+        os.environ["QT_SCALE_FACTOR"] = scale
+        os.environ["XDG_CONFIG_HOME"] = str(folder / "settings")
+        os.environ["XDG_RUNTIME_DIR"] = str(folder / "settings")
+        self.process = None
+
+    def start(self):
+        with open(self.out / "station.log", "a") as log:
+            self.process = subprocess.Popen([self.folder / "quillane"], stdin=subprocess.DEVNULL,
+                                            stdout=log, stderr=log)
+
+    def wait_for_end(self):
+        if self.process.wait(20) != 0:
+            raise Missed(f"the station ended with code {self.process.returncode}")
+
+    def stop(self):
+        if self.process and self.process.poll() is None:
+            self.process.terminate()
+            self.process.wait()
+        self.indicator.stop()
+        self.display.stop()
+
+    # ---- eyes ----
+
+    def tell(self, text):
+        print(f"  {text}", flush=True)
+
+    def look(self, name):
+        """A picture of the display once it stands still."""
+        rest()
+        self.pictures += 1
+        file = self.out / f"{self.pictures:02}-{name}.png"
+        picture(file)
+        if self.guide and name in self.guide_names:
+            crop_to_window(file, active_window(), self.guide / f"{name}.png")
+
+    def window(self, title, deadline=20.0):
+        """Waits for a window, and says so early if the program has ended."""
+
+        def in_front():
+            if self.process.poll() is not None:
+                raise Missed(f'the station ended (code {self.process.returncode}) '
+                             f'instead of showing "{title}"')
+            active = active_window()
+            return active if active in windows(title) and has_keyboard(active) else None
+
+        try:
+            return wait_until(f'the window "{title}"', in_front, deadline)
+        except Missed as missed:
+            raise Missed(f'{missed}; in front: "{title_of(active_window())}"') from None
+
+    def wait_for_reading(self, other_than=None):
+        """The reading is a picture: wait until it shows figures, others than before, and stands."""
+        screen = self.window(WEIGHMENT)
+
+        def standing():
+            area, mark = coloured_area(screen, "yellow")
+            if area < 500 or mark == other_than:
+                return None
+            return mark if coloured_area(screen, "yellow")[1] == mark else None
+
+        return wait_until("a reading that stands", standing)
+
+    def wait_for_text(self, window, act):
+        """Waits until an act has brought a word's worth of letters onto a window."""
+        rest()
+        before = dark_area(window)
+        act()
+        wait_until("the text", lambda: dark_area(window) > before + 200)
+
+    # ---- hands ----
+
+    def press(self, *keys):
+        press(*keys)
+
+    def write(self, text):
+        write(text)
+
+    def answer(self, title, key, name=None):
+        """Answers a box and waits until it is gone."""
+        box = self.window(title)
+        if name:
+            self.look(name)
+        press(key)
+        wait_gone(box, title)
+
+    def click_print(self):
+        """No key leads to Print without beginning a change, so the mouse does it."""
+        screen = self.window(WEIGHMENT)
+        rest()
+        click(screen, *PRINT_BUTTON)
+
+    # ---- the database ----
+
+    def ask(self, statement, *values):
+        return rows.ask(self.database, statement, *values)
+
+    def arrival(self, number):
+        """Header and body rows of an arrival, each a list."""
+        return rows.stored_arrival(self.database, number)
+
+    def keep_rows(self, number, stage):
+        """Adds an arrival's rows, as they are now, to the page that the walk leaves."""
+        with open(self.out / "rows.txt", "a", encoding="utf-8") as page:
+            page.write(f"==== {stage}\n\n{rows.as_text(*self.arrival(number))}\n")
+
+    def expect(self, number, header=None, body=(), stage=""):
+        """The stored rows of an arrival are these, and no others."""
+        found_header, found_body = self.arrival(number)
+        self.keep_rows(number, stage)
+        told = []
+        if len(found_header) != (header is not None):
+            told.append(f"{len(found_header)} headers")
+        elif header is not None:
+            told += rows.differences(header, found_header[0])
+        if len(found_body) != len(body):
+            told.append(f"{len(found_body)} body rows where {len(body)} were expected")
+        for expected, line in zip(body, found_body):
+            told += rows.differences(expected, line)
+        if told:
+            raise Missed(f"arrival {number}, {stage}: " + "; ".join(told))
