@@ -1,0 +1,223 @@
+// The filters of the party search, what they send and what the list then shows.
+
+#include "search/PartySearch.h"
+
+#include <algorithm>
+
+namespace Quillane::Testing {
+namespace {
+
+using SchPartyTest = PartySearch;
+
+const Lines Nothing{"", "", ""};
+
+TEST_F(SchPartyTest, OpensOnTheWholeBranchWithOneStatement) {
+    SchParty search;
+    EXPECT_EQ(Sent(), Lines{});
+    search.Show();
+    EXPECT_EQ(Sent(), Lines{Statement()});
+    EXPECT_EQ(search.TxtFilter.Text(), "");
+    EXPECT_EQ(search.TxtFilterId.Text(), "");
+    EXPECT_EQ(search.ActiveControlName(), "TxtFilter");
+    EXPECT_EQ(search.Grid.Rows(), 38) << "every party of the branch that has a city";
+}
+
+TEST_F(SchPartyTest, ListsOnlyAccountsThatBeginWith6WhateverIsTyped) {
+    AddParty("5016000", "Mill Farm Six");
+    Open();
+    const auto beginsWith6 = [](const std::string& id) { return id.starts_with('6'); };
+    const Lines all = Ids();
+    EXPECT_TRUE(std::all_of(all.begin(), all.end(), beginsWith6));
+    for (const std::string_view name : {"Mill Farm", "Staff", "%"}) {
+        Enter(screen->TxtFilter, name);
+        const Lines ids = Ids();
+        EXPECT_TRUE(std::all_of(ids.begin(), ids.end(), beginsWith6)) << name;
+    }
+    Enter(screen->TxtFilter, "");
+    Enter(screen->TxtFilterId, "5016000");
+    EXPECT_EQ(CurrentId(), all.back());
+}
+
+TEST_F(SchPartyTest, SendsAStatementForEveryKeyInTheName) {
+    Open();
+    Driver().Type("sit");
+    EXPECT_EQ(Sent(), (Lines{Named("s"), Named("si"), Named("sit")}));
+    EXPECT_EQ(Ids(), Lines{"6010014"});
+    EXPECT_EQ(CurrentLine(screen->Grid), "Party ID 6010014, Name Sitara Grain House, City Sahiwal");
+    Driver().Press(Qt::CTRL | Qt::Key_A).Press(Qt::Key_Delete);
+    EXPECT_EQ(Sent(), Lines{Statement()});
+}
+
+TEST_F(SchPartyTest, SearchesTheNameAloneAndNotTheCity) {
+    Open();
+    Driver().Type("lahore");
+    EXPECT_EQ(Ids(), Lines{});
+}
+
+TEST_F(SchPartyTest, TakesNoMoreThanThirtyCharacters) {
+    Open();
+    for (TextBox* box : {&screen->TxtFilter, &screen->TxtFilterId}) {
+        Enter(*box, "123456789012345678901234567890123");
+        EXPECT_EQ(box->Text(), "123456789012345678901234567890");
+    }
+}
+
+TEST_F(SchPartyTest, LetsWildCardsWorkInTheName) {
+    Open();
+    Enter(screen->TxtFilter, "n__r b");
+    EXPECT_EQ(Ids(), (Lines{"6010004", "6010019"}));
+    Enter(screen->TxtFilter, "s%house");
+    EXPECT_EQ(Ids(), Lines{"6010014"});
+    Enter(screen->TxtFilter, "[z]o");
+    EXPECT_EQ(Ids(), Lines{"6010026"});
+    Enter(screen->TxtFilter, "[");
+    EXPECT_EQ(Sent(), Lines{Named("[")});
+}
+
+TEST_F(SchPartyTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
+    Open();
+    Enter(screen->TxtFilter, "sit");
+    Sent();
+    BoxAnswers answers;
+    answers.Expect(DatabaseFailure(OpenQuote)).Expect(DatabaseFailure("near \"x\": syntax error"));
+    Driver().Type("'x");
+    EXPECT_EQ(answers.Remaining(), 0U);
+    EXPECT_EQ(Sent(), (Lines{Named("sit'"), Named("sit'x")}));
+    EXPECT_EQ(screen->Grid.Rows(), 0) << "no list stays that does not fit the filter";
+    screen->CmdSelect.Click();
+    DoubleClickFirstLine();
+    EXPECT_TRUE(screen->IsLoaded());
+    EXPECT_EQ(Selected(), Nothing);
+    answers.Expect(DatabaseFailure(OpenQuote));
+    screen->TxtFilter.SetFocus();
+    Driver().Press(Qt::Key_Backspace).Press(Qt::Key_Backspace);
+    EXPECT_EQ(Ids(), Lines{"6010014"});
+}
+
+TEST_F(SchPartyTest, ReportsAnIdThatIsLookedForWhileNothingCouldBeListed) {
+    Open();
+    BoxAnswers answers;
+    answers.Expect(DatabaseFailure(OpenQuote)).Expect(DatabaseFailure(Closed));
+    Driver().Type("'");
+    Enter(screen->TxtFilterId, "6");
+    EXPECT_EQ(answers.Remaining(), 0U);
+    EXPECT_TRUE(screen->IsLoaded());
+}
+
+TEST_F(SchPartyTest, AnIdMovesTheCurrentLineAndSendsNothing) {
+    Open();
+    const std::string last = Ids().back();
+    Enter(screen->TxtFilterId, "601001");
+    EXPECT_EQ(CurrentId(), last) << "not the full id yet";
+    Driver().Type("4");
+    EXPECT_EQ(CurrentId(), "6010014");
+    Driver().Type("4");
+    EXPECT_EQ(CurrentId(), last);
+    EXPECT_EQ(Sent(), Lines{});
+    EXPECT_EQ(screen->Grid.Rows(), 38);
+}
+
+TEST_F(SchPartyTest, EachPartOfAnIdLandsOnTheLastLine) {
+    Open();
+    const std::string last = Ids().back();
+    screen->TxtFilterId.SetFocus();
+    for (const char digit : std::string("601001")) {
+        Driver().Type(std::string(1, digit));
+        EXPECT_EQ(CurrentId(), last) << screen->TxtFilterId.Text();
+    }
+}
+
+TEST_F(SchPartyTest, AnEmptiedIdMakesTheFirstLineCurrent) {
+    Open();
+    const std::string first = Ids().front();
+    Enter(screen->TxtFilterId, "6010014");
+    ASSERT_EQ(CurrentId(), "6010014");
+    Driver().Press(Qt::CTRL | Qt::Key_A).Press(Qt::Key_Delete);
+    EXPECT_EQ(CurrentId(), first);
+    Enter(screen->TxtFilterId, "6010014");
+    Enter(screen->TxtFilterId, "   ");
+    EXPECT_EQ(CurrentId(), first) << "blanks are no id";
+}
+
+TEST_F(SchPartyTest, BlanksAroundAnIdBelongToIt) {
+    Open();
+    const std::string last = Ids().back();
+    Enter(screen->TxtFilterId, " 6010014");
+    EXPECT_EQ(CurrentId(), last);
+}
+
+TEST_F(SchPartyTest, AnApostropheInTheIdIsDoubledAndFindsNothing) {
+    Open();
+    const std::string last = Ids().back();
+    for (const std::string_view id : {"'", "60'1", "6' or '1'='1", "''"}) {
+        Enter(screen->TxtFilterId, id);
+        EXPECT_EQ(CurrentId(), last) << id;
+    }
+    EXPECT_EQ(Sent(), Lines{});
+}
+
+TEST_F(SchPartyTest, FindsAnIdThatHoldsAnApostrophe) {
+    AddParty("6''1", "Odd Number");
+    Open();
+    Enter(screen->TxtFilterId, "6'1");
+    EXPECT_EQ(CurrentId(), "6'1");
+}
+
+TEST_F(SchPartyTest, WildCardsInAnIdStandForThemselves) {
+    Open();
+    const std::string last = Ids().back();
+    for (const std::string_view id : {"601%", "6010___", "*"}) {
+        Enter(screen->TxtFilterId, id);
+        EXPECT_EQ(CurrentId(), last) << id;
+    }
+}
+
+TEST_F(SchPartyTest, AnIdIsLookedForInWhatIsListedOnly) {
+    Open();
+    Enter(screen->TxtFilter, "noor");
+    Enter(screen->TxtFilterId, "6010014");
+    EXPECT_EQ(CurrentId(), "6010019") << "the last of those listed";
+    EXPECT_EQ(Ids(), (Lines{"6010004", "6010019"}));
+}
+
+TEST_F(SchPartyTest, ANewNameGoesBackToTheFirstLine) {
+    Open();
+    Enter(screen->TxtFilterId, "6010014");
+    ASSERT_EQ(CurrentId(), "6010014");
+    Enter(screen->TxtFilter, "a");
+    EXPECT_EQ(Sent(), Lines{Named("a")});
+    EXPECT_EQ(CurrentId(), Ids().front());
+    EXPECT_EQ(screen->TxtFilterId.Text(), "6010014") << "the id box keeps its text";
+}
+
+TEST_F(SchPartyTest, AnIdInAnEmptyListIsNoFailure) {
+    Open();
+    Enter(screen->TxtFilter, "nobody at all");
+    Enter(screen->TxtFilterId, "6010014");
+    EXPECT_EQ(CurrentId(), "");
+    Enter(screen->TxtFilterId, " ");
+    EXPECT_EQ(CurrentId(), "");
+}
+
+TEST_F(SchPartyTest, NothingIsSelectedWhereNothingIsListed) {
+    Open();
+    Enter(screen->TxtFilter, "nobody at all");
+    EXPECT_EQ(screen->Grid.Rows(), 0);
+    screen->CmdSelect.Click();
+    DoubleClickFirstLine();
+    EXPECT_TRUE(screen->IsLoaded());
+    EXPECT_EQ(Selected(), Nothing);
+}
+
+TEST_F(SchPartyTest, StaysOpenAndEmptyWhereTheTablesCannotBeRead) {
+    Run("Alter Table Cities Rename To Towns");
+    BoxAnswers answers;
+    answers.Expect(DatabaseFailure("no such table: Cities"));
+    Open();
+    EXPECT_EQ(answers.Remaining(), 0U);
+    EXPECT_TRUE(screen->IsLoaded());
+    EXPECT_EQ(screen->Grid.Rows(), 0);
+}
+
+} // namespace
+} // namespace Quillane::Testing
