@@ -14,6 +14,7 @@ def run(*command):
 
 
 CARET_HEIGHT = 40  # lines of the display
+FEW_COLOURS = ["+dither", "-colors", "255", "-strip", "-define", "png:compression-level=9"]
 
 
 class Display:
@@ -137,8 +138,7 @@ def crop_to_window(source, window, target):
     left, top, width, height = place_of(window)
     title = title_height(window)
     subprocess.run(["convert", str(source), "-crop",
-                    f"{width}x{height + title}+{left}+{top - title}", "+repage",
-                    "+dither", "-colors", "128", "-strip", "-define", "png:compression-level=9",
+                    f"{width}x{height + title}+{left}+{top - title}", "+repage", *FEW_COLOURS,
                     f"png8:{target}"], check=True)
 
 
