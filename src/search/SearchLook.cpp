@@ -6,11 +6,15 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace Quillane {
 
 namespace {
+
+constexpr int LeastDigits = 10;
+constexpr int AroundDigits = 18; // the frame of a box, and the caret
 
 QSize RoomOnDisplay(const Screen& screen) {
     return screen.screen()->availableSize() - QSize(8, 40); // less the window's frame
@@ -51,8 +55,11 @@ void SetLetterSize(Screen& screen) {
 void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& filter, int stretch) {
     if (filters.count() > 0)
         filters.addSpacing(16);
-    filters.addWidget(new Label(caption, &filter.FocusWidget()));
-    filters.addWidget(&filter.Widget(), stretch);
+    QWidget& box = filter.Widget();
+    const int room = box.fontMetrics().horizontalAdvance(QString(LeastDigits, '0')) + AroundDigits;
+    box.setMinimumWidth(std::max(room, box.minimumSizeHint().width() + AroundDigits / 2));
+    filters.addWidget(new Label(caption, &box));
+    filters.addWidget(&box, stretch);
     filter.SetAccessibleName(caption);
 }
 

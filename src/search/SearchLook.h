@@ -17,7 +17,7 @@ namespace Quillane {
 /// called before anything is laid out.
 void SetLetterSize(Screen& screen);
 
-/// A caption, and beside it the filter that it names.
+/// A caption, and beside it the filter that it names, with room for ten digits at least.
 void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& filter,
                int stretch = 0);
 
