@@ -9,6 +9,7 @@
 
 #include <string>
 
+class QBoxLayout;
 class QLayout;
 
 namespace Quillane {
@@ -69,8 +70,10 @@ private:
     void LayOut();
     void LayOutPortSettings();
     void LayOutReading();
+    void SizeControls();
     bool OnSmallDisplay() const;
     int TypeSize() const;
+    QBoxLayout* RowsOf(Frame& frame) const;
     QLayout* ButtonRow();
 
     std::string PortNumber() const; ///< the last character of the port's name

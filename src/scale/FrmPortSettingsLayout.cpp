@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QScreen>
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -83,6 +84,7 @@ void FrmPortSettings::LayOut() {
     setFont(type);
     LayOutPortSettings();
     LayOutReading();
+    SizeControls();
     auto* whole = new QVBoxLayout(this);
     const int margin = OnSmallDisplay() ? 8 : 20;
     whole->setContentsMargins(margin, margin, margin, margin);
@@ -92,7 +94,9 @@ void FrmPortSettings::LayOut() {
     whole->addStretch(1);
     whole->addLayout(ButtonRow());
     const QSize room = screen()->availableSize() - QSize(8, 40); // less the window's frame
-    resize(sizeHint().expandedTo(QSize(880, 0)).boundedTo(room));
+    // The wider, the more of the raw text is in view.
+    const int width = std::clamp(room.width() * 3 / 4, 880, 1200);
+    resize(sizeHint().expandedTo(QSize(width, 0)).boundedTo(room));
 }
 
 void FrmPortSettings::LayOutPortSettings() {
@@ -112,7 +116,7 @@ void FrmPortSettings::LayOutPortSettings() {
     received->addWidget(&CmdGetWeight.Widget(), 1, 1);
     received->setColumnStretch(0, 1);
 
-    auto* rows = new QVBoxLayout(&Frame1.Widget());
+    auto* rows = RowsOf(Frame1);
     rows->addLayout(lists);
     rows->addLayout(received);
 }
@@ -130,9 +134,18 @@ void FrmPortSettings::LayOutReading() {
     AddColumn(*results, 0, "Not Modified:", TxtNotModified);
     AddColumn(*results, 1, "Modified Weight:", TxtModifiedWeight);
 
-    auto* rows = new QVBoxLayout(&Frame2.Widget());
+    auto* rows = RowsOf(Frame2);
     rows->addLayout(fields);
     rows->addLayout(results);
+}
+
+QBoxLayout* FrmPortSettings::RowsOf(Frame& frame) const {
+    auto* rows = new QVBoxLayout(&frame.Widget());
+    if (!OnSmallDisplay()) {
+        rows->setContentsMargins(16, 12, 16, 16);
+        rows->setSpacing(14);
+    }
+    return rows;
 }
 
 QLayout* FrmPortSettings::ButtonRow() {
@@ -141,11 +154,19 @@ QLayout* FrmPortSettings::ButtonRow() {
     row->addWidget(&CmdSave.Widget());
     row->addStretch(1);
     row->addWidget(&CmdClose.Widget());
+    return row;
+}
+
+// Buttons that are easily hit, and entries about as high beside them.
+void FrmPortSettings::SizeControls() {
     const QSize least = OnSmallDisplay() ? QSize(84, 28) : QSize(120, 40);
     for (VisualControl* button : std::initializer_list<VisualControl*>{
              &CmdOpenPort, &CmdGetWeight, &CmdModifiedWeight, &CmdSave, &CmdClose})
         button->Widget().setMinimumSize(least);
-    return row;
+    for (VisualControl* entry : std::initializer_list<VisualControl*>{
+             &CboPortName, &CboBitsPerSecond, &CboDataBits, &CboParity, &CboStopBits, &TxtRawWeight,
+             &TxtDataFrom, &CboDirection, &TxtNotModified, &TxtModifiedWeight})
+        entry->Widget().setMinimumHeight(OnSmallDisplay() ? 0 : 34);
 }
 
 // A display of few points, such as 1280 by 800 at twice the scale.
