@@ -90,6 +90,9 @@ public:
     /// Leaving a control commits first, and so does a key with Ctrl or Alt that is no editing key,
     /// before the screen sees it: what is seen is what a shortcut works on.
     virtual void CommitEdit() {}
+    /// Runs before everything else, on the active control; true uses the key up, unseen by the
+    /// screen. For a key that is meant for what is dropped down alone, as Esc in an open calendar.
+    virtual bool HandleDropDownKey(int /*key*/, int /*shift*/) { return false; }
     /// Runs after `KeyDown` and before `Form_KeyPress`, on the active control; true uses the key
     /// up.
     virtual bool HandleKey(int /*key*/, int /*shift*/) { return false; }

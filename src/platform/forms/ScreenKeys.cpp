@@ -79,6 +79,9 @@ bool Screen::PreviewKey(const QKeyEvent& event) {
     const std::uint64_t life = life_;
     const int shift = ShiftStateOf(event);
     int key = KeyCodeOf(event);
+    if (active_ && active_->HandleDropDownKey(key, shift)) {
+        return true;
+    }
     if (active_ && IsCommand(key, shift)) {
         active_->CommitEdit();
     }
