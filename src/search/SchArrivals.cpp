@@ -8,7 +8,6 @@
 #include "search/SearchLook.h"
 #include "search/SearchStatements.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 
 namespace Quillane {
@@ -20,11 +19,8 @@ constexpr Colour Grey = 0xCFCFCF;
 constexpr QSize LeastSize(960, 600);
 constexpr int DaysShown = 365;
 
-// A calendar that is dropped down keeps its own Esc: one press puts it away, the next one closes.
 bool Closes(int key, int shift) {
-    if (key == Key::Escape)
-        return !QApplication::activePopupWidget();
-    return key == 'Q' && shift == ShiftState::Ctrl;
+    return key == Key::Escape || (key == 'Q' && shift == ShiftState::Ctrl);
 }
 
 } // namespace

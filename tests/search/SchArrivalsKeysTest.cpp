@@ -146,9 +146,10 @@ TEST_F(SchArrivalsKeys, EscPutsAnOpenCalendarAwayAndThenCloses) {
     auto& edit = dynamic_cast<QDateEdit&>(screen->DtpFromDate.Widget());
     Driver().Press(Qt::Key_F4);
     ASSERT_TRUE(WaitFor([&] { return edit.calendarWidget()->isVisible(); }));
-    Driver().Press(Qt::Key_Escape);
+    Driver().Press(Qt::Key_Right).Press(Qt::Key_Escape);
     EXPECT_FALSE(edit.calendarWidget()->isVisible());
     ASSERT_TRUE(screen->IsLoaded());
+    EXPECT_EQ(Sent(), (Lines{Statement("", "2025-11-21"), Statement()})) << "the day is back";
     Driver().Press(Qt::Key_Escape);
     EXPECT_FALSE(screen->IsLoaded());
 }
