@@ -195,15 +195,6 @@ TEST_F(StartScreen, ShowsTheWeighmentScreenAboveItself) {
     EXPECT_TRUE(desktop.IsLoaded());
 }
 
-TEST_F(StartScreen, SaysThatTheScaleSettingIsNotThereYet) {
-    desktop.Show();
-    boxes.Expect({.text = "The scale setting screen is not there yet.",
-                  .title = "Quillane",
-                  .icon = BoxIcon::Information,
-                  .buttons = BoxButtons::Ok});
-    ScreenDriver(desktop).Click(desktop.CmdScaleSetting);
-}
-
 // ---- signing in anew ----
 
 TEST_F(StartScreen, SignsInAnotherUserWhoseLevelHoldsFromThenOn) {
