@@ -15,8 +15,6 @@ using Testing::StatementsOf;
 using Testing::Trace;
 
 const std::string Counting = "Select count(*) From Arrivals where ArrivalID = ";
-const std::string NotThereYet =
-    "Box \"Quillane\" [information, OK] Opening a weighment is not there yet in this version.";
 
 class FrmWeighmentArrivalId : public Testing::WeighmentScreenTest {
 protected:
@@ -97,26 +95,6 @@ TEST_F(FrmWeighmentArrivalId, ThatIsFreeIsLeftInSilence) {
                                        {"2000000000", "2000000000"}})
         EXPECT_EQ(LeavingByTab(text), (Lines{"Validate TxtArrivalId", Counting + number})) << text;
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
-}
-
-TEST_F(FrmWeighmentArrivalId, OfAStoredWeighmentIsToldAndLeft) {
-    for (const char* text : {"1040", "1031", "1042kg"}) {
-        EXPECT_EQ(LeavingByTab(text),
-                  (Lines{"Validate TxtArrivalId", Counting + std::string(text).substr(0, 4),
-                         NotThereYet}));
-        EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate") << "it never keeps the focus";
-        EXPECT_EQ(screen->TxtArrivalId.Text(), text);
-    }
-}
-
-TEST_F(FrmWeighmentArrivalId, IsLookedUpHoweverItIsLeft) {
-    const Lines looked{"Validate TxtArrivalId", Counting + "1040", NotThereYet};
-    EXPECT_EQ(Leaving("1040", [this] { ScreenDriver(*screen).Press(Qt::Key_Return); }), looked);
-    EXPECT_EQ(Leaving("1040", [this] { ScreenDriver(*screen).Press(Qt::Key_Backtab); }), looked);
-    EXPECT_EQ(Leaving("1040", [this] { ScreenDriver(*screen).Click(screen->TxtVehicleNo); }),
-              looked);
-    EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");
-    EXPECT_EQ(Leaving("1040", [this] { screen->CboSeller.SetFocus(); }), looked);
 }
 
 TEST_F(FrmWeighmentArrivalId, IsNotLookedUpWhereItIsClosedOrTheScreenGoes) {

@@ -9,18 +9,11 @@ using Testing::BoxAnswers;
 using Testing::ClearQuestion;
 using Testing::Critical;
 using Testing::SaveQuestion;
+using Testing::VisitModal;
 
 using FrmWeighmentKeys = Testing::WeighmentKeys;
 
-const Box NoOpening{.text = "Opening a weighment is not there yet in this version.",
-                    .title = "Quillane",
-                    .icon = BoxIcon::Information};
-const Box NoRemoving{.text = "Removing a weighment is not there yet in this version.",
-                     .title = "Quillane",
-                     .icon = BoxIcon::Information};
-const Box NoPartySearch{.text = "The party search is not there yet in this version.",
-                        .title = "Quillane",
-                        .icon = BoxIcon::Information};
+const Box RemoveQuestion = Testing::Question("Are you sure to remove this arrival?");
 const Box NoParty{.text = "Please select a valid Party and try again",
                   .title = "Alert",
                   .icon = BoxIcon::Exclamation};
@@ -196,23 +189,27 @@ TEST_F(FrmWeighmentKeys, CtrlQClosesWhereCloseIsOn) {
     EXPECT_FALSE(screen->IsLoaded());
 }
 
-TEST_F(FrmWeighmentKeys, CtrlOOpensWhereOpenIsOn) {
+TEST_F(FrmWeighmentKeys, CtrlOOpensTheSearchWhereOpenIsOn) {
     for (const int mode : {1, 3}) {
         Begin(screen->TxtVehicleNo, mode);
-        BoxAnswers answers;
-        answers.Expect(NoOpening);
+        VisitModal search([](Screen& modal) {
+            EXPECT_EQ(modal.Name(), "SchArrivals");
+            Testing::ScreenDriver(modal).Press(Qt::Key_Escape);
+        });
         Driver().Press(Qt::CTRL | Qt::Key_O);
         EXPECT_EQ(State(), "NewMode");
+        EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");
     }
     Begin(screen->TxtVehicleNo, 2);
     Driver().Press(Qt::CTRL | Qt::Key_O);
+    EXPECT_TRUE(screen->isActiveWindow());
 }
 
-TEST_F(FrmWeighmentKeys, CtrlShiftDeleteRemovesWhereRemoveIsOn) {
+TEST_F(FrmWeighmentKeys, CtrlShiftDeleteAsksToRemoveWhereRemoveIsOn) {
     Begin(screen->TxtVehicleNo, 3);
     {
         BoxAnswers answers;
-        answers.Expect(NoRemoving);
+        answers.Expect(RemoveQuestion, BoxAnswer::No);
         Driver().Press(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete);
     }
     EXPECT_EQ(State(), "NewMode");
@@ -232,8 +229,10 @@ TEST_F(FrmWeighmentKeys, F1SearchesThePartiesInTheSellerListAlone) {
         EXPECT_EQ(State(), "NewMode") << control->Name();
     }
     Begin(screen->CboSeller);
-    BoxAnswers answers;
-    answers.Expect(NoPartySearch);
+    VisitModal search([](Screen& modal) {
+        EXPECT_EQ(modal.Name(), "SchParty");
+        modal.Unload();
+    });
     Driver().Press(Qt::Key_F1);
     EXPECT_EQ(screen->CboSeller.Text(), "");
     EXPECT_EQ(State(), "NewMode");

@@ -58,8 +58,8 @@ inline Lines BlankingAnEmptyScreen(const Lines& manual = {}) {
          {"TxtTareWeight = ''", "TxtInitialGrossWeight = ''", "TxtArrivalId = ''"}});
 }
 
-/// What blanking a screen with weights writes: the rate's blanking computes the gross once more, and
-/// leaves its zero in the scale deduction. `finalized` is what becomes of the check box.
+/// What blanking a screen with weights writes: the rate's blanking computes the gross once more,
+/// and leaves its zero in the scale deduction. `finalized` is what becomes of the check box.
 inline Lines BlankingAScreenOf(const std::string& gross, const std::string& mounds,
                                const Lines& finalized = {}) {
     const Lines net = NetBecomes(gross, mounds);

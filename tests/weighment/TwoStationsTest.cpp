@@ -3,85 +3,14 @@
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
 #include "data/Services.h"
-#include "platform/forms/Text.h"
-#include "weighment/WeighmentFixture.h"
+#include "weighment/StationProcess.h"
 
-#include <QProcess>
 #include <sqlite3.h>
 
-#include <map>
 #include <memory>
-#include <set>
-#include <sstream>
 
 namespace Quillane::Testing {
 namespace {
-
-constexpr int Patience = 60'000;
-const std::string ClashBox =
-    "box The Arrival ID already exists. A new Arrival ID has been generated. Please save your "
-    "record again";
-
-/// A station in a process of its own.
-class Station {
-public:
-    Station(const std::string& folder, std::string name, std::string party, int bagLines, int saves)
-        : name_(std::move(name)), party_(std::move(party)), bagLines_(bagLines) {
-        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process_.start(WEIGHMENT_STATION, {ToQt(folder), ToQt(name_), ToQt(party_),
-                                           QString::number(bagLines), QString::number(saves)});
-        EXPECT_EQ(NextLine(), "ready");
-    }
-    void Go() {
-        process_.write("go\n");
-        process_.waitForBytesWritten(Patience);
-    }
-    /// What it writes next; empty at its end.
-    std::string NextLine() {
-        while (!process_.canReadLine())
-            if (!process_.waitForReadyRead(Patience))
-                return {};
-        return FromQt(QString::fromUtf8(process_.readLine()).trimmed());
-    }
-    /// Takes down what it writes, up to its end or to so many saves.
-    void Listen(std::size_t saves = SIZE_MAX) {
-        std::size_t seen = 0;
-        for (std::string text; seen < saves && !(text = NextLine()).empty();) {
-            std::istringstream words(text);
-            std::string word;
-            int id = 0, serial = 0;
-            if (words >> word >> id >> serial && word == "saved") {
-                saved_[id] = serial;
-                ++seen;
-            } else {
-                boxes_.push_back(text);
-            }
-        }
-    }
-    void ExpectGoodEnd() {
-        EXPECT_TRUE(process_.state() == QProcess::NotRunning || process_.waitForFinished(Patience));
-        EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(process_.exitCode(), 0);
-    }
-    /// Ends it as a power cut does.
-    void Kill() {
-        process_.kill();
-        process_.waitForFinished(Patience);
-    }
-
-    const std::string& Name() const { return name_; }
-    const std::string& Party() const { return party_; }
-    int BagLines() const { return bagLines_; }
-    const std::map<int, int>& Saved() const { return saved_; } ///< serial by id
-    const Lines& Boxes() const { return boxes_; }
-
-private:
-    QProcess process_;
-    std::string name_, party_;
-    int bagLines_;
-    std::map<int, int> saved_;
-    Lines boxes_;
-};
 
 class TwoStations : public WeighmentTest {
 protected:
@@ -100,7 +29,7 @@ protected:
                          where),
                   (std::vector<Lines>{{std::to_string(station.BagLines()), "'" + driver + "'",
                                        "'" + driver + "'", "'" + station.Name() + "'",
-                                       std::to_string(1000 + serial)}}))
+                                       std::to_string(1000 + serial - serial % 7)}}))
             << id;
     }
 

@@ -1,11 +1,16 @@
-// A station of its own, for the test of two stations on one database:
+// A station of its own, for the tests of two stations on one database:
 //
-//     WeighmentStation <folder> <name> <number of the party> <bag lines> <saves>
+//     WeighmentStation <folder> <name> <number of the party> <bag lines> <actions> [<seed>]
 //
-// It shows the weighment screen, writes "ready", waits for a line and then saves so many
-// weighments. It answers every box and writes what happened, one line each: "box <text>" for a box
-// that is no question, "saved <id> <serial>" for each save. Every weighment's driver is the name
-// and the serial, "east-17", and its gross weight is 1000 kg and the serial.
+// It shows the weighment screen, writes "ready", waits for a line and then saves so many new
+// weighments. With a seed the actions are drawn from it: new weighments are saved, and the newest
+// arrivals are opened and saved again, or opened and removed.
+//
+// It answers every box and writes what happened, one line each: "saved <id> <serial>" for each
+// save, "removed <id>", "missed <id>" for an arrival that was gone before it could be opened, "box
+// <text>" for a box that is no question. Every weighment's driver is the name and the serial,
+// "east-17", its bilty the number of its lines, its gross weight 1000 kg and the serial, its
+// deduction the rest of the serial by 7.
 
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
@@ -17,18 +22,22 @@
 
 #include <cstdio>
 #include <iostream>
+#include <optional>
+#include <random>
 #include <string>
 
 namespace Quillane {
 namespace {
 
-struct Station {
+struct Orders {
     std::string folder, name, party;
     int bagLines = 0;
-    int saves = 0;
+    int actions = 0;
+    std::optional<unsigned> seed;
 };
 
 constexpr int MostPresses = 100;
+constexpr int NewestArrivals = 6; ///< of which one is drawn
 
 void OpenDatabase(const std::string& folder) {
     Con = std::make_unique<Connection>();
@@ -38,60 +47,126 @@ void OpenDatabase(const std::string& folder) {
     CompanyProfile->SetConnection(*Con);
     CompanyProfile->Load();
     UserLogin->SetConnection(*Con);
+    UserLogin->SignIn("Nadia", "grain");
 }
 
-void FillIn(FrmWeighment& screen, const Station& station, int serial) {
-    screen.CboSeller.SetBookmark(screen.CboSeller.FindRow(1, station.party));
-    screen.CboCommodity.SetText("Wheat");
-    screen.TxtInitialGrossWeight.SetText(std::to_string(1000 + serial));
-    screen.ComputeGrossWeight();
-    screen.TxtVehicleNo.SetText(station.name);
-    screen.TxtDriverName.SetText(station.name + "-" + std::to_string(serial));
-    screen.BagRows.ReDim(station.bagLines - 1, 2);
-    for (int line = 0; line < station.bagLines; ++line) {
-        screen.BagRows.Set(line, 0, "Jute New");
-        screen.BagRows.Set(line, 1, "100 Kg");
-        screen.BagRows.Set(line, 2, "10");
+/// Works the screen as its operator would, but for the keys.
+class Operator {
+public:
+    Operator(FrmWeighment& screen, const Orders& orders)
+        : screen_(screen), orders_(orders), chance_(orders.seed.value_or(0)) {}
+
+    BoxAnswer Answer(const Box& box) {
+        if (box.text == "Do you want to print?") {
+            std::cout << "saved " << screen_.ArrivalNo << " " << serial_ << std::endl;
+            return BoxAnswer::No;
+        }
+        if (box.buttons == BoxButtons::YesNo)
+            return BoxAnswer::Yes;
+        std::cout << "box " << box.text << std::endl;
+        return BoxAnswer::Ok;
     }
-    screen.Grid.ReBind();
-    screen.SetButtonState(2);
-}
 
-/// Presses the save button until the screen is empty again, as the boxes ask for.
-bool Save(FrmWeighment& screen) {
-    for (int press = 0; press < MostPresses && screen.BtnSave.Enabled(); ++press)
-        screen.BtnSave_Click();
-    return !screen.BtnSave.Enabled();
-}
+    bool Act() {
+        // An arrival that the other station stored just as the focus left the new number has been
+        // opened.
+        if (screen_.IsOpened)
+            screen_.BtnClear_Click();
+        const int action = orders_.seed ? Drawn(4) : 0;
+        const int id = action < 2 ? 0 : DrawnArrival();
+        if (id == 0)
+            return SaveNew();
+        if (!Open(id))
+            return true;
+        return action == 2 ? Change() : Remove(id);
+    }
 
-int Run(const Station& station) {
+private:
+    int Drawn(int kinds) { return static_cast<int>(chance_() % static_cast<unsigned>(kinds)); }
+
+    int DrawnArrival() {
+        Recordset newest = Con->Execute("Select ArrivalID From Arrivals Where ArrivalID > 1042 "
+                                        "Order By ArrivalID Desc");
+        if (newest.RecordCount() == 0)
+            return 0;
+        newest.SetPosition(Drawn(std::min(newest.RecordCount(), NewestArrivals)));
+        return newest.Fields(0).Long();
+    }
+
+    bool SaveNew() {
+        FillIn(orders_.bagLines);
+        return Save();
+    }
+    bool Change() {
+        FillIn(1 + Drawn(4));
+        return Save();
+    }
+
+    bool Open(int id) {
+        screen_.TxtArrivalId.SetFocus();
+        screen_.TxtArrivalId.SetText(std::to_string(id));
+        screen_.DtpArrivalDate.SetFocus();
+        if (screen_.IsOpened)
+            return true;
+        std::cout << "missed " << id << std::endl;
+        screen_.BtnClear_Click();
+        return false;
+    }
+
+    void FillIn(int bagLines) {
+        ++serial_;
+        screen_.CboSeller.SetBookmark(screen_.CboSeller.FindRow(1, orders_.party));
+        screen_.CboCommodity.SetText("Wheat");
+        screen_.TxtInitialGrossWeight.SetText(std::to_string(1000 + serial_));
+        screen_.ComputeGrossWeight();
+        screen_.TxtDeduction.SetText(std::to_string(serial_ % 7));
+        screen_.TxtVehicleNo.SetText(orders_.name);
+        screen_.TxtDriverName.SetText(orders_.name + "-" + std::to_string(serial_));
+        screen_.TxtBuiltyNo.SetText(std::to_string(bagLines));
+        screen_.BagRows.ReDim(bagLines - 1, 2);
+        for (int line = 0; line < bagLines; ++line) {
+            screen_.BagRows.Set(line, 0, "Jute New");
+            screen_.BagRows.Set(line, 1, "100 Kg");
+            screen_.BagRows.Set(line, 2, std::to_string(10 + line));
+        }
+        screen_.Grid.ReBind();
+        screen_.SetButtonState(2);
+    }
+
+    /// Presses the save button until it is off again, as the boxes ask for.
+    bool Save() {
+        for (int press = 0; press < MostPresses && screen_.BtnSave.Enabled(); ++press)
+            screen_.BtnSave_Click();
+        return !screen_.BtnSave.Enabled();
+    }
+
+    bool Remove(int id) {
+        screen_.BtnRemove_Click();
+        if (!screen_.IsOpened)
+            std::cout << "removed " << id << std::endl;
+        return true;
+    }
+
+    FrmWeighment& screen_;
+    const Orders& orders_;
+    std::mt19937 chance_;
+    int serial_ = 0;
+};
+
+int Run(const Orders& orders) {
     const Testing::PseudoTerminal indicator;
     MSComm::SetDevices([&](int) { return indicator.Device(); });
-    OpenDatabase(station.folder);
+    OpenDatabase(orders.folder);
     FrmWeighment screen;
-    // An arrival that the other station stores just as the focus leaves the new number would be
-    // opened: another matter than the save.
-    screen.TxtArrivalId.Validate = {};
-    int serial = 0;
-    SetBoxPresenter(
-        {.message =
-             [&](const Box& box) {
-                 if (box.buttons == BoxButtons::YesNo)
-                     std::cout << "saved " << screen.ArrivalNo << " " << serial << std::endl;
-                 else
-                     std::cout << "box " << box.text << std::endl;
-                 return box.buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Ok;
-             },
-         .input = {}});
+    Operator atWork(screen, orders);
+    SetBoxPresenter({.message = [&](const Box& box) { return atWork.Answer(box); }, .input = {}});
     screen.Show();
     std::cout << "ready" << std::endl;
     std::string go;
     std::getline(std::cin, go);
-    for (serial = 1; serial <= station.saves; ++serial) {
-        FillIn(screen, station, serial);
-        if (!Save(screen))
+    for (int action = 0; action < orders.actions; ++action)
+        if (!atWork.Act())
             return 1;
-    }
     return 0;
 }
 
@@ -99,12 +174,15 @@ int Run(const Station& station) {
 } // namespace Quillane
 
 int main(int argc, char** argv) {
-    if (argc != 6) {
-        std::cerr << "WeighmentStation <folder> <name> <party> <bag lines> <saves>\n";
+    if (argc != 6 && argc != 7) {
+        std::cerr << "WeighmentStation <folder> <name> <party> <bag lines> <actions> [<seed>]\n";
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     Quillane::Application application(argc, argv);
     Quillane::Application::setApplicationName("Quillane");
-    return Quillane::Run({argv[1], argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5])});
+    Quillane::Orders orders{argv[1], argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), {}};
+    if (argc == 7)
+        orders.seed = static_cast<unsigned>(std::stoul(argv[6]));
+    return Quillane::Run(orders);
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "search/SchArrivals.h"
+#include "weighment/TraceLines.h"
+
+#include <string>
+#include <vector>
+
+namespace Quillane::Testing {
+
+/// One row of ArrivalsBody, each cell written as a literal of SQL.
+struct StoredLine {
+    std::string bags = "10";
+    std::string bagWeight = "100";
+    std::string tare = "0";
+    std::string otherDeduction = "0";
+    std::string vehicle = "''";
+    std::string driver = "'Aslam'";
+    std::string bilty = "'7'";
+    std::string bagClass = "1";
+    std::string bagType = "1";
+    std::string scaleDeduction = "0";
+};
+
+/// The screen shown, to open stored weighments on it. All sample arrivals are of November 2026, so
+/// that the search finds them.
+class OpeningTest : public WeighmentScreenTest {
+protected:
+    void SetUp() override;
+
+    /// As the box of the id does it.
+    void Open(std::int16_t id) { screen->LoadArrival(id); }
+    /// Presses Ctrl+O and picks the arrival on the search screen by its keys.
+    void OpenBySearch(int id);
+    /// Presses Ctrl+O, or what is given, and leaves the search screen by Esc.
+    void CancelSearch();
+    void CancelSearch(const std::function<void()>& open);
+
+    /// Writes an arrival of party 6010001 and Wheat past the station.
+    void Store(long long id, const std::vector<StoredLine>& lines);
+    /// A table as it is, but that its columns may be Null and nothing ties it to other tables.
+    void Loosen(const std::string& table);
+
+    /// Saves what the screen holds, with the print question answered No, and expects no other box.
+    void Save();
+    std::vector<Lines> Body(const std::string& columns, int id);
+
+    /// Everything that the operator sees or that code decides by, but for `ArrivalNo`.
+    Lines Screenful();
+    /// The buttons that are on, of those that a mode sets.
+    std::string On();
+    Lines BagLines();
+};
+
+} // namespace Quillane::Testing

@@ -1,0 +1,259 @@
+// Opening by way of the search screen, and what a cancelled search leaves behind: no current
+// arrival, while the box still shows one.
+
+#include "data/Con.h"
+#include "slip/SlipStatement.h"
+#include "weighment/OpeningFixture.h"
+
+namespace Quillane {
+namespace {
+
+using namespace Testing;
+
+class OpeningFromSearch : public OpeningTest {
+protected:
+    /// An arrival on the screen, then a search that ends with nothing chosen.
+    void OpenAndCancel(std::int16_t id) {
+        Open(id);
+        CancelSearch();
+        ASSERT_EQ(screen->ArrivalNo, 0);
+        ASSERT_EQ(screen->TxtArrivalId.Text(), std::to_string(id));
+        ASSERT_TRUE(screen->IsOpened);
+        ASSERT_EQ(On(), "Open Print Remove Clear ");
+    }
+};
+
+// ---- picking ----
+
+TEST_F(OpeningFromSearch, OpensTheArrivalThatIsPickedByKeys) {
+    OpenBySearch(1034);
+    EXPECT_TRUE(screen->IsOpened);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1034");
+    EXPECT_EQ(screen->BagRows.RowCount(), 3);
+    EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
+}
+
+TEST_F(OpeningFromSearch, OpensTheNewestArrivalUnlessAnotherIsChosen) {
+    VisitModal search([](Screen& modal) {
+        ScreenDriver(modal).Press(Qt::Key_Return).Press(Qt::Key_Return).Press(Qt::Key_Return);
+    });
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1042");
+}
+
+TEST_F(OpeningFromSearch, OpensTheRowThatTheArrowsHaveReached) {
+    VisitModal search([](Screen& modal) {
+        ScreenDriver(modal)
+            .Press(Qt::Key_Return)
+            .Press(Qt::Key_Return)
+            .Press(Qt::Key_Down)
+            .Press(Qt::Key_Down)
+            .Press(Qt::Key_Return);
+    });
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1040");
+}
+
+TEST_F(OpeningFromSearch, OpensByTheButtonInTheFirstAndTheThirdState) {
+    for (const bool stored : {false, true}) {
+        if (stored)
+            Open(1031);
+        VisitModal search([](Screen& modal) {
+            dynamic_cast<SchArrivals&>(modal).SelectedArrivalId = 1040;
+            modal.Unload();
+        });
+        ScreenDriver(*screen).Click(screen->BtnOpen);
+        EXPECT_EQ(screen->TxtArrivalId.Text(), "1040");
+        screen->NewWeighment();
+    }
+}
+
+TEST_F(OpeningFromSearch, IsOutOfReachWhileSomethingIsUnsaved) {
+    FillIn();
+    Trace trace(*screen, line);
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O).Click(screen->BtnOpen);
+    EXPECT_EQ(StatementsOf(trace.Take()), Lines{});
+    EXPECT_EQ(screen->TxtVehicleNo.Text(), "LEB-4217");
+}
+
+// The limit of 16 bits is on the typed path alone.
+TEST_F(OpeningFromSearch, OpensIdsBeyondSixteenBits) {
+    for (const int id : {32768, 40000, 2147483647}) {
+        Store(id, {{.bags = "10"}});
+        OpenBySearch(id);
+        EXPECT_TRUE(screen->IsOpened);
+        EXPECT_EQ(screen->TxtArrivalId.Text(), std::to_string(id));
+        EXPECT_EQ(screen->ArrivalNo, id);
+    }
+}
+
+TEST_F(OpeningFromSearch, OpensAndSavesAnIdBeyondSixteenBits) {
+    Store(40000, {{.bags = "10"}});
+    OpenBySearch(40000);
+    ScreenDriver(*screen).Press(Qt::Key_Tab);
+    screen->TxtVehicleNo.SetText("NEW-1");
+    Save();
+    EXPECT_EQ(Body("VehicleNo, NoOfBags", 40000), (std::vector<Lines>{{"'NEW-1'", "10"}}));
+}
+
+// The search lists it, since it asks for no city; the load does, and ends in silence.
+TEST_F(OpeningFromSearch, OfAnArrivalThatTheJoinsDropKeepsTheScreenAndTheOtherNumber) {
+    RunInFile("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
+    Open(1031);
+    const Lines before = Screenful();
+    OpenBySearch(1032);
+    EXPECT_EQ(Screenful(), before);
+    EXPECT_EQ(screen->ArrivalNo, 1032) << "which no longer follows the box";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1031");
+}
+
+TEST_F(OpeningFromSearch, OfAnArrivalRemovedMeanwhileEndsInSilence) {
+    VisitModal search([this](Screen& modal) {
+        RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1042;"
+                  "DELETE FROM Arrivals WHERE ArrivalID = 1042");
+        ScreenDriver(modal).Press(Qt::Key_Return).Press(Qt::Key_Return).Press(Qt::Key_Return);
+    });
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+    EXPECT_FALSE(screen->IsOpened);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
+    EXPECT_EQ(screen->ArrivalNo, 1042);
+}
+
+TEST_F(OpeningFromSearch, StartsOverEachTime) {
+    OpenBySearch(1034);
+    VisitModal search([](Screen& modal) {
+        auto& fresh = dynamic_cast<SchArrivals&>(modal);
+        EXPECT_EQ(fresh.TxtFilterId.Text(), "");
+        EXPECT_EQ(fresh.SelectedArrivalId, 0);
+        EXPECT_EQ(fresh.GrdSch.Rows(), 12);
+        ScreenDriver(modal).Press(Qt::Key_Escape);
+    });
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+}
+
+// ---- nothing chosen ----
+
+TEST_F(OpeningFromSearch, CancelledByAnyMeansLeavesTheScreenWithoutACurrentArrival) {
+    const std::function<void(Screen&)> ways[] = {
+        [](Screen& modal) { ScreenDriver(modal).Press(Qt::Key_Escape); },
+        [](Screen& modal) { ScreenDriver(modal).Press(Qt::CTRL | Qt::Key_Q); },
+        [](Screen& modal) {
+            ScreenDriver(modal).Click(dynamic_cast<SchArrivals&>(modal).BtnClose);
+        },
+        [](Screen& modal) { modal.close(); }};
+    Open(1031);
+    const Lines before = Screenful();
+    for (const auto& way : ways) {
+        screen->TxtArrivalId.SetText("1031");
+        VisitModal search(way);
+        ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+        EXPECT_EQ(Screenful(), before);
+        EXPECT_EQ(screen->ArrivalNo, 0);
+    }
+}
+
+// The new body rows are added to the old ones, since those of arrival 0 are looked for.
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesASaveAddItsRowsToTheOldOnes) {
+    OpenAndCancel(1031);
+    ScreenDriver(*screen).Press(Qt::Key_Tab);
+    screen->TxtDriverName.SetText("Second");
+    Trace trace(*screen, line);
+    screen->BtnSave_Click();
+    const Lines done = StatementsOf(trace.Take());
+    const Lines expected{PostedRule("1031"),
+                         PostedRule("1031"),
+                         "BeginTrans",
+                         "Select * from Arrivals Where ArrivalId=1031",
+                         HeaderUpdate,
+                         "Select * From arrivalsbody where arrivalid=0",
+                         "EXEC sp_fkeys @pktable_name = N'Arrivals'",
+                         "Select TOP 1 * From LaboratoryReports Where SampleArrivalNo=0",
+                         "Select TOP 1 * From PurchaseBody Where ArrivalId=0",
+                         "Update Arrivals Set IsPosted=0 where arrivalid=0",
+                         "Select * From ArrivalsBody where arrivalid=1031",
+                         BodyInsert,
+                         BodyInsert,
+                         "CommitTrans",
+                         PortRows,
+                         NextId};
+    EXPECT_EQ(done, expected);
+    EXPECT_EQ(Body("NoOfBags, DriverName", 1031), (std::vector<Lines>{{"60", "'Ghulam Abbas'"},
+                                                                      {"40", "'Ghulam Abbas'"},
+                                                                      {"60", "'Second'"},
+                                                                      {"40", "'Second'"}}));
+    EXPECT_EQ(screen->ArrivalNo, 1043) << "the new weighment sets it right";
+}
+
+// An arrival that a purchase uses is no longer found to be used: the test asks for arrival 0.
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesASaveLookForTheWrongDependents) {
+    OpenAndCancel(1035);
+    ScreenDriver(*screen).Press(Qt::Key_Tab);
+    Save();
+    EXPECT_EQ(Body("NoOfBags", 1035).size(), 2U);
+}
+
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesAPrintShowNoRows) {
+    OpenAndCancel(1031);
+    VisitModal preview([](Screen& modal) {
+        auto& viewer = dynamic_cast<RptReportViewer&>(modal);
+        EXPECT_EQ(viewer.Report->Database.Data()->RecordCount(), 0);
+        ScreenDriver(modal).Press(Qt::Key_Escape);
+    });
+    ScreenDriver(*screen).Click(screen->BtnPrint);
+    EXPECT_EQ(screen->LoadStatement, SlipStatement(0));
+}
+
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesARemovalRemoveNothing) {
+    OpenAndCancel(1031);
+    const auto headers = StoredTable("Arrivals");
+    const auto bodies = StoredTable("ArrivalsBody");
+    Trace trace(*screen, line);
+    trace.Answer("Are you sure to remove this arrival?", BoxAnswer::Yes);
+    screen->BtnRemove_Click();
+    EXPECT_EQ(StatementsOf(trace.Take()),
+              (Lines{"Select * From arrivalsbody where arrivalid=0",
+                     "select 1 from arrivals where arrivalid in (select ArrivalId from "
+                     "purchasebody) and arrivalid = 0",
+                     "BeginTrans", "Update Arrivals Set IsPosted=0 where arrivalid=0",
+                     "Delete From arrivals where arrivalid=0", "CommitTrans", PortRows, NextId}));
+    EXPECT_EQ(StoredTable("Arrivals"), headers);
+    EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043") << "and the screen is cleared";
+}
+
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsSetRightByTheNextLoad) {
+    OpenAndCancel(1031);
+    OpenBySearch(1031);
+    EXPECT_EQ(screen->ArrivalNo, 1031);
+    ScreenDriver(*screen).Press(Qt::Key_Tab);
+    Save();
+    EXPECT_EQ(Body("NoOfBags", 1031).size(), 2U);
+}
+
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsSetRightByAClear) {
+    OpenAndCancel(1031);
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_L);
+    EXPECT_EQ(screen->ArrivalNo, 1043);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
+}
+
+// A new weighment has no old rows, so that the save is whole all the same; its slip is not.
+TEST_F(OpeningFromSearch, CancelledOverANewWeighmentSavesItWholeAndPrintsNoRows) {
+    CancelSearch();
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
+    FillIn();
+    ASSERT_EQ(screen->ArrivalNo, 0);
+    Trace trace(*screen, line);
+    trace.Answer("Do you want to print?", BoxAnswer::Yes);
+    VisitModal preview([](Screen& modal) {
+        auto& viewer = dynamic_cast<RptReportViewer&>(modal);
+        EXPECT_EQ(viewer.Report->Database.Data()->RecordCount(), 0);
+        ScreenDriver(modal).Press(Qt::Key_Escape);
+    });
+    screen->BtnSave_Click();
+    EXPECT_EQ(Body("NoOfBags", 1043), (std::vector<Lines>{{"60"}, {"40"}}));
+    EXPECT_EQ(screen->ArrivalNo, 1044);
+}
+
+} // namespace
+} // namespace Quillane

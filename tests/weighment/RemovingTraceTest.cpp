@@ -1,0 +1,301 @@
+// What a removal does, in its order: statements, boxes, writes and moves of the focus.
+
+#include "data/Con.h"
+#include "platform/runtime/Failure.h"
+#include "support/ProcessEnd.h"
+#include "weighment/OpeningFixture.h"
+
+namespace Quillane {
+namespace {
+
+using namespace Testing;
+
+const std::string RemoveText = "Are you sure to remove this arrival?";
+const std::string RemoveQuestion = "Box \"Alert\" [question, Yes*/No] " + RemoveText;
+const std::string NothingToRollBack = "No transaction is open, so none can be rolled back.";
+
+std::string BodyRead(const std::string& id) {
+    return "Select * From arrivalsbody where arrivalid=" + id;
+}
+std::string PurchaseTest(const std::string& id) {
+    return "select 1 from arrivals where arrivalid in (select ArrivalId from purchasebody) and "
+           "arrivalid = " +
+           id;
+}
+std::string PostedDown(const std::string& id) {
+    return "Update Arrivals Set IsPosted=0 where arrivalid=" + id;
+}
+std::string HeaderDelete(const std::string& id) {
+    return "Delete From arrivals where arrivalid=" + id;
+}
+std::string Reported(const std::string& text, const std::string& source = "Database") {
+    return "Box \"" + source + "\" [critical, OK] " + text;
+}
+
+/// All that is done up to the commit, for an arrival of so many rows.
+Lines Removed(const std::string& id, int rows) {
+    Lines lines{BodyRead(id), RemoveQuestion, PurchaseTest(id), "BeginTrans", PostedDown(id)};
+    lines.insert(lines.end(), static_cast<std::size_t>(rows), BodyDelete);
+    return Joined({lines, {HeaderDelete(id), "CommitTrans"}});
+}
+
+class RemovingTrace : public OpeningTest {
+protected:
+    Lines Removing(const std::function<void()>& remove, BoxAnswer answer = BoxAnswer::Yes) {
+        Trace trace(*screen, line);
+        trace.Answer(RemoveText, answer);
+        remove();
+        return trace.Take();
+    }
+    Lines RemovingByCode() {
+        return Removing([this] { screen->BtnRemove_Click(); });
+    }
+    Lines NewFrom(const std::string& nextId) {
+        return Joined({{Opens200, NextId, "TxtArrivalId = '" + nextId + "'", Opens300}});
+    }
+};
+
+TEST_F(RemovingTrace, OfAnArrivalOfTwoRowsByItsButton) {
+    Open(1040);
+    EXPECT_EQ(Removing([this] { ScreenDriver(*screen).Click(screen->BtnRemove); }),
+              Joined({Moved("DtpArrivalDate", "BtnRemove"),
+                      Testing::Joined({Removed("1040", 2)}),
+                      {PortRows, "LostFocus BtnRemove", "GotFocus BtnClose"},
+                      BlankingAScreenOf("7330", "183-10"),
+                      NewFrom("1043"),
+                      Moved("BtnClose", "DtpArrivalDate")}));
+    EXPECT_EQ(On(), "Open Clear ");
+    EXPECT_FALSE(screen->IsOpened);
+    EXPECT_EQ(screen->ArrivalNo, 1043);
+    EXPECT_EQ(screen->BagRows.RowCount(), 0);
+}
+
+TEST_F(RemovingTrace, OfAnArrivalByItsKeys) {
+    Open(1034);
+    EXPECT_EQ(
+        Removing([this] { ScreenDriver(*screen).Press(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete); }),
+        Joined({Removed("1034", 3),
+                {PortRows},
+                BlankingAScreenOf("15980", "399-20"),
+                NewFrom("1043")}))
+        << "the date has the focus already";
+    EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
+}
+
+TEST_F(RemovingTrace, AnsweredNoHasReadTheRowsAndNothingElse) {
+    Open(1040);
+    const Lines before = Screenful();
+    EXPECT_EQ(Removing([this] { screen->BtnRemove_Click(); }, BoxAnswer::No),
+              (Lines{BodyRead("1040"), RemoveQuestion}));
+    EXPECT_EQ(Screenful(), before);
+}
+
+TEST_F(RemovingTrace, ByALesserUserIsRefusedWithoutAnyStatement) {
+    SignInAsGate();
+    for (const bool exists : {true, false}) {
+        Open(1040);
+        if (!exists)
+            screen->ArrivalNo = 5000;
+        const Lines before = Screenful();
+        EXPECT_EQ(RemovingByCode(),
+                  Lines{"Box \"Alert\" [information, OK] You are not authorised to do this "
+                        "operation"});
+        EXPECT_EQ(Screenful(), before);
+    }
+}
+
+TEST_F(RemovingTrace, OfAnArrivalThatAPurchaseUsesIsRefusedBeforeAnyTransaction) {
+    Open(1035);
+    const Lines before = Screenful();
+    EXPECT_EQ(RemovingByCode(),
+              (Lines{BodyRead("1035"), RemoveQuestion, PurchaseTest("1035"),
+                     "Box \"Alert\" [exclamation, OK] Cannot remove this invoice because it is "
+                     "used in (PurchaseBody) table"}));
+    EXPECT_EQ(Screenful(), before);
+    EXPECT_EQ(On(), "Open Print Remove Clear ");
+}
+
+TEST_F(RemovingTrace, OfAnArrivalWithoutRowsDeletesItsHeader) {
+    Open(1040);
+    RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040");
+    const Lines done = RemovingByCode();
+    EXPECT_EQ(Lines(done.begin(), done.begin() + 7), Removed("1040", 0));
+    EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "0");
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
+}
+
+TEST_F(RemovingTrace, GoesByTheMemberAndNotByTheBox) {
+    Open(1040);
+    screen->ArrivalNo = 1034;
+    const Lines done = RemovingByCode();
+    EXPECT_EQ(Lines(done.begin(), done.begin() + 10), Removed("1034", 3));
+    EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "1");
+}
+
+TEST_F(RemovingTrace, GoesToTheIdWhereTheDateIsClosedAfterwards) {
+    Open(1040);
+    Trace trace(*screen, line);
+    trace.Answer(RemoveText, BoxAnswer::Yes);
+    trace.When(Opens300, [this] { screen->DtpArrivalDate.SetEnabled(false); });
+    screen->BtnRemove_Click();
+    EXPECT_EQ(trace.Take().back(), "GotFocus TxtArrivalId");
+}
+
+// ---- failures inside the transaction ----
+
+class FailingRemoval : public RemovingTrace {
+protected:
+    /// A removal of 1040 that fails behind these lines, with this box; then everything is as it
+    /// was.
+    void ExpectRolledBack(const Lines& upToTheFailure, const std::string& box) {
+        Open(1040);
+        const auto headers = StoredTable("Arrivals");
+        const auto bodies = StoredTable("ArrivalsBody");
+        const Lines before = Screenful();
+        EXPECT_EQ(RemovingByCode(), Joined({upToTheFailure, {"RollbackTrans", Reported(box)}}));
+        EXPECT_EQ(StoredTable("Arrivals"), headers);
+        EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
+        EXPECT_EQ(Screenful(), before);
+        EXPECT_EQ(screen->ArrivalNo, 1040);
+    }
+    void ExpectSecondTryWorks() {
+        const Lines done = RemovingByCode();
+        ASSERT_GE(done.size(), 9U);
+        EXPECT_EQ(Lines(done.begin(), done.begin() + 9), Removed("1040", 2));
+        EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "0");
+        EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1040"), "0");
+    }
+    /// The lines of a removal of 1040, so many.
+    static Lines First(int lines) {
+        const Lines all = Removed("1040", 2);
+        return {all.begin(), all.begin() + lines};
+    }
+};
+
+TEST_F(FailingRemoval, AtThePostedFlagIsRolledBack) {
+    RunInFile("CREATE TRIGGER Closed BEFORE UPDATE ON Arrivals BEGIN SELECT RAISE(ABORT, 'The "
+              "books are closed'); END");
+    ExpectRolledBack(First(5), "The books are closed");
+    RunInFile("DROP TRIGGER Closed");
+    ExpectSecondTryWorks();
+}
+
+TEST_F(FailingRemoval, AtTheLastRowBringsTheFirstBack) {
+    RunInFile("CREATE TRIGGER Closed BEFORE DELETE ON ArrivalsBody WHEN OLD.NoOfBags = 71 BEGIN "
+              "SELECT RAISE(ABORT, 'The books are closed'); END");
+    ExpectRolledBack(First(7), "The books are closed");
+    RunInFile("DROP TRIGGER Closed");
+    ExpectSecondTryWorks();
+}
+
+TEST_F(FailingRemoval, AtTheHeaderBringsTheRowsBack) {
+    RunInFile("CREATE TRIGGER Closed BEFORE DELETE ON Arrivals BEGIN SELECT RAISE(ABORT, 'The "
+              "books are closed'); END");
+    ExpectRolledBack(First(8), "The books are closed");
+    RunInFile("DROP TRIGGER Closed");
+    ExpectSecondTryWorks();
+}
+
+TEST_F(FailingRemoval, AtTheCommitIsRolledBack) {
+    RunInFile("CREATE TABLE GatePasses (PassId INTEGER PRIMARY KEY, ArrivalId INTEGER REFERENCES "
+              "Arrivals (ArrivalID) DEFERRABLE INITIALLY DEFERRED);"
+              "INSERT INTO GatePasses (ArrivalId) VALUES (1040)");
+    ExpectRolledBack(First(9), "FOREIGN KEY constraint failed");
+    RunInFile("DELETE FROM GatePasses");
+    ExpectSecondTryWorks();
+}
+
+TEST_F(FailingRemoval, WhoseTransactionTheEngineEndsItselfIsReportedAlike) {
+    RunInFile("CREATE TRIGGER Closed BEFORE DELETE ON Arrivals BEGIN SELECT RAISE(ROLLBACK, 'The "
+              "books are gone'); END");
+    ExpectRolledBack(First(8), "The books are gone");
+    RunInFile("DROP TRIGGER Closed");
+    ExpectSecondTryWorks();
+}
+
+// The test of purchases knows no other table: what else rests on the arrival speaks for itself.
+TEST_F(FailingRemoval, OfAnArrivalThatALaboratoryReportUsesIsRefusedByTheDatabase) {
+    RunInFile("UPDATE LaboratoryReports SET SampleArrivalNo = 1040");
+    ExpectRolledBack(First(8), "FOREIGN KEY constraint failed");
+    RunInFile("DELETE FROM LaboratoryReports");
+    ExpectSecondTryWorks();
+}
+
+// ---- failures outside the transaction ----
+
+class UntrappedRemoval : public RemovingTrace {
+protected:
+    /// What is done when the button is clicked, and with what the process would end.
+    Lines Clicking() {
+        ProcessEnd end;
+        const Lines done = Removing([this] { ScreenDriver(*screen).Click(screen->BtnRemove); });
+        EXPECT_EQ(end.Codes(), std::vector<int>{1});
+        return done;
+    }
+    const Lines ToButton = Moved("DtpArrivalDate", "BtnRemove");
+    const std::string RuntimesOwnBox = Reported(NothingToRollBack, "Quillane");
+};
+
+TEST_F(UntrappedRemoval, ThatCannotReadTheRowsEndsTheProcess) {
+    Open(1040);
+    const auto headers = StoredTable("Arrivals");
+    RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE ArrivalsBody RENAME TO Away");
+    EXPECT_EQ(Clicking(), Joined({ToButton, {BodyRead("1040"), RuntimesOwnBox}}));
+    EXPECT_EQ(StoredTable("Arrivals"), headers);
+}
+
+TEST_F(UntrappedRemoval, ThatCannotTestForPurchasesEndsTheProcess) {
+    Open(1040);
+    const auto headers = StoredTable("Arrivals");
+    const auto bodies = StoredTable("ArrivalsBody");
+    RunInFile("ALTER TABLE PurchaseBody RENAME TO Away");
+    EXPECT_EQ(Clicking(),
+              Joined({ToButton,
+                      {BodyRead("1040"), RemoveQuestion, PurchaseTest("1040"), RuntimesOwnBox}}));
+    EXPECT_EQ(StoredTable("Arrivals"), headers);
+    EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
+}
+
+// What was committed stays; that there is nothing to roll back any more is what ends it.
+TEST_F(UntrappedRemoval, ThatFailsBehindTheCommitEndsTheProcess) {
+    Open(1040);
+    Trace trace(*screen, line);
+    trace.Answer(RemoveText, BoxAnswer::Yes);
+    trace.When(Opens300, [this] {
+        screen->DtpArrivalDate.SetEnabled(false);
+        screen->TxtArrivalId.SetEnabled(false);
+    });
+    ProcessEnd end;
+    ScreenDriver(*screen).Click(screen->BtnRemove);
+    EXPECT_EQ(trace.Take().back(), RuntimesOwnBox);
+    EXPECT_EQ(end.Codes(), std::vector<int>{1});
+    EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "0");
+}
+
+// The keys have a trap of their own.
+TEST_F(UntrappedRemoval, ByItsKeysIsReportedAndGoesOn) {
+    Open(1040);
+    RunInFile("ALTER TABLE PurchaseBody RENAME TO Away");
+    EXPECT_EQ(
+        Removing([this] { ScreenDriver(*screen).Press(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete); }),
+        (Lines{BodyRead("1040"), RemoveQuestion, PurchaseTest("1040"),
+               Reported(NothingToRollBack)}));
+    EXPECT_TRUE(screen->IsLoaded());
+    EXPECT_TRUE(screen->IsOpened);
+}
+
+TEST_F(UntrappedRemoval, LetsTheFailureOfTheRollbackThrough) {
+    Open(1040);
+    RunInFile("ALTER TABLE PurchaseBody RENAME TO Away");
+    Trace trace(*screen, line);
+    trace.Answer(RemoveText, BoxAnswer::Yes);
+    try {
+        screen->BtnRemove_Click();
+        ADD_FAILURE() << "no failure came";
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.Description(), NothingToRollBack);
+    }
+}
+
+} // namespace
+} // namespace Quillane

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "platform/forms/Text.h"
+#include "weighment/WeighmentFixture.h"
+
+#include <QProcess>
+
+#include <map>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace Quillane::Testing {
+
+/// A station in a process of its own, as station/Main.cpp describes it.
+class Station {
+public:
+    static constexpr int Patience = 60'000;
+
+    Station(const std::string& folder, std::string name, std::string party, int bagLines,
+            int actions, std::optional<unsigned> seed = {})
+        : name_(std::move(name)), party_(std::move(party)), bagLines_(bagLines) {
+        QStringList orders{ToQt(folder), ToQt(name_), ToQt(party_), QString::number(bagLines),
+                           QString::number(actions)};
+        if (seed)
+            orders.append(QString::number(*seed));
+        process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process_.start(WEIGHMENT_STATION, orders);
+        EXPECT_EQ(NextLine(), "ready");
+    }
+    void Go() {
+        process_.write("go\n");
+        process_.waitForBytesWritten(Patience);
+    }
+    /// What it writes next; empty at its end.
+    std::string NextLine() {
+        while (!process_.canReadLine())
+            if (!process_.waitForReadyRead(Patience))
+                return {};
+        return FromQt(QString::fromUtf8(process_.readLine()).trimmed());
+    }
+    /// Takes down what it writes, up to its end or to so many saves.
+    void Listen(std::size_t saves = SIZE_MAX) {
+        std::size_t seen = 0;
+        for (std::string text; seen < saves && !(text = NextLine()).empty();) {
+            std::istringstream words(text);
+            std::string word;
+            int id = 0, serial = 0;
+            words >> word >> id >> serial;
+            if (word == "saved") {
+                saved_[id] = serial;
+                saves_.emplace(id, serial);
+                ++seen;
+            } else if (word == "removed") {
+                removed_.push_back(id);
+            } else if (word == "missed") {
+                ++missed_;
+            } else {
+                boxes_.push_back(text);
+            }
+        }
+    }
+    void ExpectGoodEnd() {
+        EXPECT_TRUE(process_.state() == QProcess::NotRunning || process_.waitForFinished(Patience));
+        EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process_.exitCode(), 0);
+    }
+    /// Ends it as a power cut does.
+    void Kill() {
+        process_.kill();
+        process_.waitForFinished(Patience);
+    }
+
+    const std::string& Name() const { return name_; }
+    const std::string& Party() const { return party_; }
+    int BagLines() const { return bagLines_; }
+    const std::map<int, int>& Saved() const { return saved_; } ///< last serial by id
+    /// Every save, also those that were saved over or removed since.
+    const std::set<std::pair<int, int>>& Saves() const { return saves_; }
+    const std::vector<int>& Removed() const { return removed_; }
+    int Missed() const { return missed_; }
+    const Lines& Boxes() const { return boxes_; }
+
+private:
+    QProcess process_;
+    std::string name_, party_;
+    int bagLines_;
+    std::map<int, int> saved_;
+    std::set<std::pair<int, int>> saves_;
+    std::vector<int> removed_;
+    int missed_ = 0;
+    Lines boxes_;
+};
+
+/// What a station says that came second with its number.
+inline const std::string ClashBox =
+    "box The Arrival ID already exists. A new Arrival ID has been generated. Please save your "
+    "record again";
+
+} // namespace Quillane::Testing
