@@ -134,13 +134,19 @@ void SSOleDBGrid::View::paintEvent(QPaintEvent* event) {
     const QString told = current ? LineText(*current) : QString();
     if (told != accessibleDescription())
         setAccessibleDescription(told);
-    // The owner has opened it anew, or closed it; what the scroll bar makes of it waits for the
-    // end of the paint.
-    if (count != fittedLines_ && !fittingSoon_) {
-        fittingSoon_ = true;
-        QMetaObject::invokeMethod(
-            this, [this] { FitAgain(); }, Qt::QueuedConnection);
-    }
+    NoticeNewRows(count);
+}
+
+// Its owner has closed the recordset, opened it anew or put another in its place. What the scroll
+// bar makes of that waits for the end of the paint.
+void SSOleDBGrid::View::NoticeNewRows(int count) {
+    if (rows_ && !rows_->Moved)
+        TakeMoved();
+    if (count == fittedLines_ || fittingSoon_)
+        return;
+    fittingSoon_ = true;
+    QMetaObject::invokeMethod(
+        this, [this] { FitAgain(); }, Qt::QueuedConnection);
 }
 
 void SSOleDBGrid::View::PaintLine(QPainter& painter, int line, const QRect& place,

@@ -74,6 +74,7 @@ private:
     QString LineText(int line) const;
     QColor GridLineColour() const;
     void PaintFrame();
+    void NoticeNewRows(int count);
     void PaintLine(QPainter& painter, int line, const QRect& place,
                    const std::vector<Strip>& strips) const;
     void PaintCell(QPainter& painter, const QString& text, const QRect& cell) const;
