@@ -8,7 +8,6 @@
 #include <array>
 #include <initializer_list>
 #include <map>
-#include <memory>
 #include <string_view>
 #include <variant>
 
@@ -178,11 +177,6 @@ ManyArrivals::ManyArrivals(int arrivals) : arrivals_(arrivals) {
     file.Run("COMMIT");
     inSearchedYear_ = file.Count("SELECT count(*) FROM Arrivals WHERE ArrivalDate >= "
                                  "strftime('%Y-%m-%dT00:00:00', 'now', 'localtime', '-365 days')");
-}
-
-const ManyArrivals& ManyArrivalsOf(int arrivals) {
-    static std::map<int, ManyArrivals> databases;
-    return databases.try_emplace(arrivals, arrivals).first->second;
 }
 
 } // namespace Quillane

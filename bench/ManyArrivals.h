@@ -31,7 +31,4 @@ private:
     int inSearchedYear_ = 0;
 };
 
-/// The database of this size, made at the first call and kept for the run.
-const ManyArrivals& ManyArrivalsOf(int arrivals);
-
 } // namespace Quillane

@@ -7,15 +7,12 @@
 // The ratios' limit is 1.3, a whole typed id may take 5 ms of the processor, and the memory may be
 // twice the bytes of the shown values.
 
+#include "EachSize.h"
 #include "ManyArrivals.h"
 #include "Memory.h"
-#include "OffscreenDisplay.h"
 #include "RawSession.h"
 #include "SideBySide.h"
 #include "data/Con.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Text.h"
 #include "platform/runtime/Numbers.h"
 #include "search/SchArrivals.h"
 #include "search/SchParty.h"
@@ -25,17 +22,12 @@
 #include <QTest>
 #include <QWindow>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace {
 
@@ -240,41 +232,8 @@ void Measure(const ManyArrivals& database) {
     MeasurePartyId(shown, many);
 }
 
-int MeasureInThisProcess(int argc, char** argv, const ManyArrivals& database) {
-    const OffscreenDisplay display;
-    Application application(argc, argv);
-    SetBoxPresenter(
-        {.message = [](const Box& box) -> BoxAnswer { throw std::runtime_error(box.text); },
-         .input = {}});
-    OpenCon(database);
-    Measure(database);
-    Con.reset();
-    return 0;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    std::vector<int> sizes{10'000, 100'000, 1'000'000};
-    if (argc > 1)
-        sizes.assign({});
-    for (int i = 1; i < argc; ++i)
-        sizes.push_back(std::atoi(argv[i]));
-    for (const int arrivals : sizes) {
-        const ManyArrivals database(arrivals);
-        std::printf("\n== %d arrivals, %d in the searched year, %d parties\n", arrivals,
-                    database.InSearchedYear(), ManyArrivals::PartyCount);
-        std::fflush(stdout);
-        if (const int child = fork(); child == 0) {
-            const int outcome = MeasureInThisProcess(argc, argv, database);
-            std::fflush(stdout);
-            _exit(outcome);
-        } else {
-            int status = 0;
-            waitpid(child, &status, 0);
-            if (status != 0)
-                return 1;
-        }
-    }
-    return 0;
+    return MeasureEachSize(argc, argv, Measure);
 }
