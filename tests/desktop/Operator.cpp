@@ -33,6 +33,12 @@ FrmWeighment* ShownWeighment() {
     return nullptr;
 }
 
+/// The modal screen in front; below a box, and where none is modal, the weighment.
+const Screen* ScreenAtWork() {
+    const auto* screen = dynamic_cast<Screen*>(QApplication::activeModalWidget());
+    return screen ? screen : ShownWeighment();
+}
+
 bool KeyboardIsReady() {
     const QWidget* active = QApplication::activeWindow();
     const QWidget* modal = QApplication::activeModalWidget();
@@ -99,6 +105,11 @@ void Operator::ClickAt(QPoint point) {
             {"mousemove", QString::number(point.x()), QString::number(point.y()), "click", "1"});
 }
 
+void Operator::DoubleClickAt(QPoint point) {
+    RunTool("xdotool", {"mousemove", QString::number(point.x()), QString::number(point.y()),
+                        "click", "--repeat", "2", "--delay", "10", "1"});
+}
+
 QPoint Operator::OnDisplay(const QWidget& widget, QPoint place) const {
     return See([&] {
         const QPointF global = widget.mapToGlobal(place);
@@ -138,7 +149,10 @@ void Operator::Until(const std::string& what, const std::function<bool()>& condi
 }
 
 void Operator::UntilActive(const std::string& control) const {
-    Until("the focus on " + control, [&] { return Weighment().ActiveControlName() == control; });
+    Until("the focus on " + control, [&] {
+        const Screen* screen = ScreenAtWork();
+        return screen && screen->ActiveControlName() == control;
+    });
 }
 
 void Operator::UntilInFront(const std::string& title) const {
@@ -153,7 +167,7 @@ std::string Operator::WhatIsSeen() const {
         seen = "in front \"" + FromQt(window->windowTitle()) + "\"";
     if (const QMessageBox* box = boxes_.Up())
         seen += ", box \"" + FromQt(box->text()) + "\"";
-    if (const FrmWeighment* screen = ShownWeighment())
+    if (const Screen* screen = ScreenAtWork())
         seen += ", focus on " + screen->ActiveControlName();
     return seen;
 }

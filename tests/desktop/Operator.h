@@ -3,7 +3,7 @@
 #include "BoxWatch.h"
 #include "weighment/FrmWeighment.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPoint>
 #include <QStringList>
 #include <QWidget>
@@ -40,6 +40,7 @@ public:
     void Click(QWidget& widget, const std::function<QPoint()>& place);
     /// Clicks at a point of the display.
     void ClickAt(QPoint point);
+    void DoubleClickAt(QPoint point);
     /// Where a point of a widget is on the display, for the mouse.
     QPoint OnDisplay(const QWidget& widget, QPoint place) const;
 
@@ -48,7 +49,11 @@ public:
     template <typename Look>
     auto See(Look look) const -> std::invoke_result_t<Look>;
     void Until(const std::string& what, const std::function<bool()>& condition) const;
+    /// On the modal screen in front, which without another is the weighment.
     void UntilActive(const std::string& control) const;
+    /// The shown screen of a kind; fails where there is none.
+    template <typename Kind>
+    Kind& Shown() const;
     void UntilInFront(const std::string& title) const;
     /// Keeps a picture of the display in the folder that QUILLANE_PICTURES names, if it names one.
     void Picture(const std::string& name) const;
@@ -101,6 +106,16 @@ auto Operator::See(Look look) const -> std::invoke_result_t<Look> {
         RunInProgram([&] { seen = look(); });
         return seen;
     }
+}
+
+template <typename Kind>
+Kind& Operator::Shown() const {
+    return See([this]() -> Kind& {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* screen = dynamic_cast<Kind*>(window); screen && screen->isVisible())
+                return *screen;
+        throw Missed("no such screen is shown; " + WhatIsSeen());
+    });
 }
 
 } // namespace Quillane::Testing
