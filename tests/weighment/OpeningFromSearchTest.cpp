@@ -5,6 +5,8 @@
 #include "slip/SlipStatement.h"
 #include "weighment/OpeningFixture.h"
 
+#include <QWindow>
+
 namespace Quillane {
 namespace {
 
@@ -129,6 +131,17 @@ TEST_F(OpeningFromSearch, StartsOverEachTime) {
         ScreenDriver(modal).Press(Qt::Key_Escape);
     });
     ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+}
+
+TEST_F(OpeningFromSearch, StandsOverTheWeighmentScreenWhoseReadingGoesOn) {
+    VisitModal search([this](Screen& modal) {
+        EXPECT_EQ(modal.windowHandle()->transientParent(), screen->windowHandle());
+        line.Write("+012345 kg\r\n+012345 kg\r\n+012345 kg\r\n");
+        EXPECT_TRUE(WaitFor([this] { return screen->TxtWeight.Text() == "12345"; }));
+        ScreenDriver(modal).Press(Qt::Key_Escape);
+    });
+    ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
+    EXPECT_TRUE(screen->isActiveWindow());
 }
 
 // ---- nothing chosen ----

@@ -3,6 +3,8 @@
 #include "search/SchParty.h"
 #include "weighment/OpeningFixture.h"
 
+#include <QWindow>
+
 namespace Quillane {
 namespace {
 
@@ -131,6 +133,14 @@ TEST_F(PartySearch, SwallowsTheKeyOnlyWhereSomethingWasChosen) {
         [](Screen& modal) { ScreenDriver(modal).Click(dynamic_cast<SchParty&>(modal).CmdSelect); });
     EXPECT_EQ(keys_->AfterKeyDown(Key::F1), 0);
     EXPECT_NE(screen->CboSeller.Text(), "");
+}
+
+TEST_F(PartySearch, StandsOverTheWeighmentScreen) {
+    VisitModal search([this](Screen& modal) {
+        EXPECT_EQ(modal.windowHandle()->transientParent(), screen->windowHandle());
+        modal.Unload();
+    });
+    ScreenDriver(*screen).Press(Qt::Key_F1);
 }
 
 TEST_F(PartySearch, DoesNothingElsewhere) {

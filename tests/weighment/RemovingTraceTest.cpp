@@ -147,12 +147,15 @@ class FailingRemoval : public RemovingTrace {
 protected:
     /// A removal of 1040 that fails behind these lines, with this box; then everything is as it
     /// was.
-    void ExpectRolledBack(const Lines& upToTheFailure, const std::string& box) {
-        Open(1040);
+    void ExpectRolledBack(const Lines& upToTheFailure, const std::string& box,
+                          const std::string& source = "Database") {
+        if (!screen->IsOpened)
+            Open(1040);
         const auto headers = StoredTable("Arrivals");
         const auto bodies = StoredTable("ArrivalsBody");
         const Lines before = Screenful();
-        EXPECT_EQ(RemovingByCode(), Joined({upToTheFailure, {"RollbackTrans", Reported(box)}}));
+        EXPECT_EQ(RemovingByCode(),
+                  Joined({upToTheFailure, {"RollbackTrans", Reported(box, source)}}));
         EXPECT_EQ(StoredTable("Arrivals"), headers);
         EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
         EXPECT_EQ(Screenful(), before);
@@ -219,6 +222,17 @@ TEST_F(FailingRemoval, OfAnArrivalThatALaboratoryReportUsesIsRefusedByTheDatabas
     ExpectRolledBack(First(8), "FOREIGN KEY constraint failed");
     RunInFile("DELETE FROM LaboratoryReports");
     ExpectSecondTryWorks();
+}
+
+// The rows are counted in 16 bits.
+TEST_F(FailingRemoval, OfMoreThan32767RowsIsAnOverflow) {
+    Open(1040);
+    RunInFile("WITH RECURSIVE Numbers (n) AS (SELECT 3 UNION ALL SELECT n + 1 FROM Numbers WHERE n "
+              "< 32768) INSERT INTO ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
+              "NoOfBags, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, "
+              "NetWeight) SELECT 1040, 1, 1, 1, 1, 0, 0, 1, 0, 0, 1 FROM Numbers");
+    ASSERT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1040"), "32768");
+    ExpectRolledBack(First(5), "Overflow", "Quillane");
 }
 
 // ---- failures outside the transaction ----
