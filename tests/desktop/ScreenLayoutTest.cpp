@@ -3,6 +3,9 @@
 
 #include "Station.h"
 #include "platform/forms/Text.h"
+#include "scale/FrmPortSettings.h"
+#include "search/SchArrivals.h"
+#include "search/SchParty.h"
 #include "shell/Desktop.h"
 
 #include <QAbstractButton>
@@ -93,6 +96,16 @@ void ExpectOnDisplay(const Screen& screen) {
     EXPECT_TRUE(room.contains(screen.geometry())) << screen.width() << "x" << screen.height()
                                                   << " on " << room.width() << "x" << room.height();
     EXPECT_GE(screen.frameGeometry().top(), room.top());
+}
+
+/// Of a screen that scrolls nowhere.
+void ExpectLaidOut(Screen& screen) {
+    ExpectOnDisplay(screen);
+    const std::vector<Piece> pieces = PiecesOf(screen);
+    ExpectNothingOverlaps(pieces);
+    ExpectTextsWhole(pieces);
+    for (const Piece& piece : pieces)
+        EXPECT_TRUE(screen.rect().contains(piece.place)) << Described(piece);
 }
 
 bool IsInSight(const QRect& place, const QRect& seen) {
@@ -196,14 +209,37 @@ TEST_F(ScreenLayout, OfTheStartScreenLiesOnTheDisplayAndNothingOverlaps) {
     Work([](Operator& by) {
         by.SignIn("Nadia", "grain");
         by.Picture("start-screen");
-        by.See([] {
-            ExpectOnDisplay(*TheDesktop);
-            const std::vector<Piece> pieces = PiecesOf(*TheDesktop);
-            ExpectNothingOverlaps(pieces);
-            ExpectTextsWhole(pieces);
-            for (const Piece& piece : pieces)
-                EXPECT_TRUE(TheDesktop->rect().contains(piece.place)) << Described(piece);
-        });
+        by.See([] { ExpectLaidOut(*TheDesktop); });
+    });
+}
+
+TEST_F(ScreenLayout, OfTheBenchLiesOnTheDisplayAndNothingOverlaps) {
+    Work([](Operator& by) {
+        by.SignIn("Nadia", "grain");
+        by.Press({"Tab", "space"});
+        by.UntilInFront("Port Testing");
+        by.Picture("bench-layout");
+        FrmPortSettings& bench = by.Shown<FrmPortSettings>();
+        by.See([&] { ExpectLaidOut(bench); });
+    });
+}
+
+TEST_F(ScreenLayout, OfTheSearchesLiesOnTheDisplayAndNothingOverlaps) {
+    WorkOnWeighment([](Operator& by, FrmWeighment& /*screen*/) {
+        by.Press({"ctrl+o"});
+        by.UntilInFront("Search Arrivals");
+        by.Picture("arrival-search-layout");
+        SchArrivals& arrivals = by.Shown<SchArrivals>();
+        by.See([&] { ExpectLaidOut(arrivals); });
+        by.Press({"Escape"});
+        by.UntilInFront("Weighment for Veltrane");
+        by.Press({"Return", "Return", "Return", "Return"});
+        by.UntilActive("CboSeller");
+        by.Press({"F1"});
+        by.UntilInFront("Search Parties");
+        by.Picture("party-search-layout");
+        SchParty& parties = by.Shown<SchParty>();
+        by.See([&] { ExpectLaidOut(parties); });
     });
 }
 
