@@ -26,6 +26,8 @@ void FrmPortSettings::WireEvents() {
     CmdSave.Click = [this] { CmdSave_Click(); };
     CmdClose.Click = [this] { CmdClose_Click(); };
     Timer.Tick = [this] { ReadTestWeight(); };
+    // The box holds one digit: typed over at once, not deleted first.
+    TxtDataFrom.GotFocus = [this] { TxtDataFrom.SelectAll(); };
 }
 
 void FrmPortSettings::Form_Load() {

@@ -159,6 +159,14 @@ TEST_F(FrmPortSettingsTest, TakesOneCharacterAsLengthFromTheKeyboard) {
     EXPECT_EQ(screen.TxtDataFrom.Text(), "6");
 }
 
+TEST_F(FrmPortSettingsTest, IsTypedOverInTheLengthBoxWhenTabComesThere) {
+    screen.Show();
+    screen.TxtDataFrom.SetText("6");
+    screen.TxtRawWeight.SetFocus();
+    ScreenDriver(screen).Press(Qt::Key_Tab).Type("4");
+    EXPECT_EQ(screen.TxtDataFrom.Text(), "4");
+}
+
 TEST_F(FrmPortSettingsTest, HasNoRuleForEnterOutsideOfItsButtonsNorForEscape) {
     screen.Show();
     ScreenDriver(screen).Press(Qt::Key_Return).Press(Qt::Key_Escape);
