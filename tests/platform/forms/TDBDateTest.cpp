@@ -158,6 +158,11 @@ TEST_F(TDBDateTest, KeepsADayTooLateForTheMonthInMindUntilItIsLeft) {
     driver.Press(Qt::Key_Home).Type("31").Press(Qt::Key_Home).Press(Qt::Key_Down);
     driver.Type("/12");
     EXPECT_EQ("29/12/2026", Shown());
+    date.SetValue(Day(2026, 11, 20));
+    driver.Press(Qt::Key_Home).Type("31");
+    date.SetValue(Day(2026, 11, 10));
+    driver.Type("12");
+    EXPECT_EQ("10/12/2026", Shown());
 }
 
 TEST_F(TDBDateTest, GivesUpWhatIsBeingTypedForAValueFromCodeAndForEscape) {
