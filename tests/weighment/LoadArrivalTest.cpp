@@ -144,6 +144,14 @@ TEST_F(LoadArrival, RoundsTheRunningSumsAtEachRow) {
     EXPECT_EQ(screen->TxtNetWeight.Text(), "294");
 }
 
+// A tie falls to the even sum, not to the even share.
+TEST_F(LoadArrival, RoundsTheSumAndNotTheShareOfTheRow) {
+    Store(2000, {{.bags = "1", .bagWeight = "101", .otherDeduction = "1"},
+                 {.bags = "1", .bagWeight = "100.5", .otherDeduction = "1.5"}});
+    Open(2000);
+    EXPECT_EQ(Weights(), "202 /  / 202 / 2 / 200 / 5-0");
+}
+
 TEST_F(LoadArrival, BlanksAGrossThatRoundsToALoneZero) {
     Store(2000, {{.bags = "1", .bagWeight = "0.5"}, {.bags = "1", .bagWeight = "0.5"}});
     Open(2000);

@@ -189,6 +189,39 @@ TEST_F(Resaving, OfAFirstWeighingCompletesIt) {
               (Rows{{"4320", "82.2", "4921.8"}, {"0", "82.2", "3281.2"}}));
 }
 
+// ---- failures ----
+
+TEST_F(Resaving, ThatFailsAtAnyOfItsWritesLosesNothing) {
+    OpenToChange(1040);
+    screen->TxtDriverName.SetText("Another");
+    const auto headers = StoredTable("Arrivals");
+    const auto bodies = StoredTable("ArrivalsBody");
+    // Looking the ids of class and type up moves these two lists.
+    const auto seen = [this] {
+        Lines all = Screenful();
+        std::erase_if(all, [](const std::string& each) { return each.starts_with("CboBag"); });
+        return all;
+    };
+    const Lines before = seen();
+    for (const std::string write :
+         {"BEFORE UPDATE ON Arrivals", "BEFORE DELETE ON ArrivalsBody",
+          "BEFORE DELETE ON ArrivalsBody WHEN OLD.NoOfBags = 71", "BEFORE INSERT ON ArrivalsBody",
+          "BEFORE INSERT ON ArrivalsBody WHEN NEW.NoOfBags = 71"}) {
+        RunInFile("CREATE TRIGGER Closed " + write +
+                  " BEGIN SELECT RAISE(ABORT, 'The books are closed'); END");
+        const Lines done = SaveTraced();
+        EXPECT_EQ(Lines(done.end() - 2, done.end()),
+                  (Lines{"RollbackTrans", "Box \"Database\" [critical, OK] The books are closed"}))
+            << write;
+        RunInFile("DROP TRIGGER Closed");
+        EXPECT_EQ(StoredTable("Arrivals"), headers) << write;
+        EXPECT_EQ(StoredTable("ArrivalsBody"), bodies) << write;
+        EXPECT_EQ(seen(), before) << write;
+    }
+    Save();
+    EXPECT_EQ(Body("NoOfBags, DriverName", 1040), (Rows{{"45", "'Another'"}, {"71", "'Another'"}}));
+}
+
 // ---- names ----
 
 TEST_F(Resaving, OfAPartyWhoseNameStandsTwiceWritesTheFirstOfTheName) {
