@@ -1,6 +1,7 @@
 // What a removal does, in its order: statements, boxes, writes and moves of the focus.
 
 #include "data/Con.h"
+#include "data/Services.h"
 #include "platform/runtime/Failure.h"
 #include "support/ProcessEnd.h"
 #include "weighment/OpeningFixture.h"
@@ -102,6 +103,18 @@ TEST_F(RemovingTrace, ByALesserUserIsRefusedWithoutAnyStatement) {
                         "operation"});
         EXPECT_EQ(Screenful(), before);
     }
+}
+
+TEST_F(RemovingTrace, IsForTheFirstLevelAlone) {
+    Open(1040);
+    for (const std::string level : {"0", "2", "3", "9"}) {
+        RunInFile("UPDATE StationUsers SET UserLevel = " + level + " WHERE UserName = '" +
+                  SampleUserName + "'");
+        UserLogin->ResetLogin(0);
+        UserLogin->SignIn(SampleUserName, SampleUserName);
+        EXPECT_EQ(StatementsOf(RemovingByCode()), Lines{}) << level;
+    }
+    EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals"), "12");
 }
 
 TEST_F(RemovingTrace, OfAnArrivalThatAPurchaseUsesIsRefusedBeforeAnyTransaction) {
