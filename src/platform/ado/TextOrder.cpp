@@ -24,7 +24,15 @@ public:
         return character;
     }
 
+    /// Moves on to an ASCII character in either case, or to the end.
+    void SkipTo(char small) {
+        while (!AtEnd() && Small(text_[at_]) != small)
+            ++at_;
+    }
+
     std::string_view Rest() const { return text_.substr(at_); }
+
+    static char Small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
 private:
     static bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
@@ -122,6 +130,17 @@ bool TakeOne(Characters& text, Characters& pattern, char32_t escape) {
     return Fold(wanted) == character;
 }
 
+/// The character that a pattern begins with, where it is an ASCII one that stands for itself alone,
+/// in its small form; 0 where it is not. No character beyond ASCII folds to one of these.
+char PlainFirst(std::string_view pattern, char32_t escape) {
+    const char first = pattern.front();
+    const bool isAscii = static_cast<unsigned char>(first) < 0x80;
+    const bool standsForMore = first == '%' || first == '_' || first == '[';
+    return !isAscii || standsForMore || static_cast<char32_t>(first) == escape
+               ? '\0'
+               : Characters::Small(first);
+}
+
 } // namespace
 
 int CompareText(std::string_view left, std::string_view right) {
@@ -143,24 +162,30 @@ bool MatchesLike(std::string_view text, std::string_view pattern, char32_t escap
     bool hasRun = false;
     Characters afterRun(pattern);
     Characters runEnd(text);
+    char behindRun = 0;
     for (;;) {
         const bool isRun = patternWalk.Rest().starts_with('%') && escape != '%';
         if (isRun) {
             patternWalk.Take();
+            if (patternWalk.AtEnd())
+                return true;
             hasRun = true;
             afterRun = patternWalk;
-            runEnd = textWalk;
-            continue;
-        }
-        if (patternWalk.AtEnd() && textWalk.AtEnd())
+            behindRun = PlainFirst(patternWalk.Rest(), escape);
+        } else if (patternWalk.AtEnd() && textWalk.AtEnd()) {
             return true;
-        if (!patternWalk.AtEnd() && TakeOne(textWalk, patternWalk, escape))
+        } else if (!patternWalk.AtEnd() && TakeOne(textWalk, patternWalk, escape)) {
             continue;
-        if (!hasRun || runEnd.AtEnd())
+        } else if (!hasRun || runEnd.AtEnd()) {
             return false;
-        runEnd.Take();
-        textWalk = runEnd;
-        patternWalk = afterRun;
+        } else {
+            runEnd.Take();
+            textWalk = runEnd;
+            patternWalk = afterRun;
+        }
+        if (behindRun != 0)
+            textWalk.SkipTo(behindRun);
+        runEnd = textWalk;
     }
 }
 

@@ -59,6 +59,18 @@ TEST(MatchesLike, KnowsRunsSingleCharactersAndSets) {
         {"a-", "a[b-]", true},
         {"ab", "a", false},
         {"a", "ab", false},
+        {"Ali Traders", "%R%D%S", true},
+        {"Ali Traders", "%R%D%x", false},
+        {"Ali Traders", "%trader", false},
+        {"a", "%%", true},
+        {"ab", "%%b", true},
+        {"ab", "%_b", true},
+        {"ab", "%[b]", true},
+        {"a[b", "%[b", true},
+        {"زبیر Ali", "%a%i", true},
+        {"زبیر", "%a%", false},
+        {"ÄÄÄa", "%Äa", true},
+        {"\xC3\x41", "%a", true}, // a lead byte with nothing behind it is a character by itself
     };
     for (const LikeCase& item : cases)
         EXPECT_EQ(MatchesLike(item.text, item.pattern), item.fits)
@@ -71,6 +83,10 @@ TEST(MatchesLike, TakesACharacterBehindTheEscapeAsItIs) {
     EXPECT_TRUE(MatchesLike("a_b", "a!_b", U'!'));
     EXPECT_FALSE(MatchesLike("axb", "a!_b", U'!'));
     EXPECT_TRUE(MatchesLike("a!", "a!!", U'!'));
+    EXPECT_TRUE(MatchesLike("xx5%", "%!%", U'!'));
+    EXPECT_FALSE(MatchesLike("xx5!", "%!%", U'!'));
+    EXPECT_TRUE(MatchesLike("%", "%%", U'%'));
+    EXPECT_FALSE(MatchesLike("ab", "%%", U'%'));
 }
 
 } // namespace
