@@ -6,6 +6,10 @@
 #include <memory>
 #include <new>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace Quillane {
 
 /// A run of bytes that grows at its end. It grows by `realloc`, which moves large blocks by
@@ -42,7 +46,19 @@ private:
         Resize(std::max({needed, capacity_ * 2, smallest}));
     }
 
+    // By itself the C library raises the size from which blocks have pages of their own to that of
+    // the largest one freed so far: the next large result would be copied as it grows, and what is
+    // freed of it would stay with the process.
+    static void KeepLargeBlocksApart() {
+#ifdef __GLIBC__
+        constexpr int large = 1 << 20;
+        static const int kept = mallopt(M_MMAP_THRESHOLD, large);
+        static_cast<void>(kept);
+#endif
+    }
+
     void Resize(std::size_t capacity) {
+        KeepLargeBlocksApart();
         auto* block = static_cast<char*>(std::realloc(data_.get(), capacity));
         if (!block)
             throw std::bad_alloc();
