@@ -1,13 +1,11 @@
 #include "EachSize.h"
 
+#include "Apart.h"
 #include "OffscreenDisplay.h"
 #include "RawSession.h"
 #include "data/Con.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Boxes.h"
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -35,20 +33,6 @@ void MeasureHere(int argc, char** argv, const ManyArrivals& database,
     SetBoxPresenter({});
 }
 
-bool MeasureApart(int argc, char** argv, const ManyArrivals& database,
-                  const std::function<void(const ManyArrivals&)>& measure) {
-    std::fflush(stdout);
-    const int child = fork();
-    if (child == 0) {
-        MeasureHere(argc, argv, database, measure);
-        std::fflush(stdout);
-        _exit(0);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    return status == 0;
-}
-
 } // namespace
 
 int MeasureEachSize(int argc, char** argv,
@@ -62,7 +46,7 @@ int MeasureEachSize(int argc, char** argv,
         const ManyArrivals database(arrivals);
         std::printf("\n== %d arrivals, %d in the searched year, %d parties\n", arrivals,
                     database.InSearchedYear(), ManyArrivals::PartyCount);
-        if (!MeasureApart(argc, argv, database, measure))
+        if (!RunApart([&] { MeasureHere(argc, argv, database, measure); }))
             return 1;
     }
     return 0;
