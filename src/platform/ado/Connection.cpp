@@ -20,7 +20,7 @@ void Connection::Open(std::string_view connectionString, std::string_view userId
                       std::string_view password, int) {
     if (session_)
         FailAccess(FailureNumber::ObjectOpen);
-    const SignIn signIn{userId, password, ConnectionTimeout};
+    const SignIn signIn{userId, password, ConnectionTimeout, CommandTimeout};
     auto engine = OpenEngine(ConnectionString(connectionString), signIn, support_);
     session_ = std::make_shared<Session>(std::move(engine), StatementObserver);
 }

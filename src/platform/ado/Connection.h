@@ -37,8 +37,9 @@ public:
     /// Opens by the connection string "Driver=...;Server=...;Database=...". The server name
     /// `(embedded)` selects the embedded engine, whose file `<folder>/<Database>.db` must be there:
     /// a file that is missing, locked, write-protected or no database fails with a text that names
-    /// it. No other server can be reached in this version, and naming one fails. Opening an open
-    /// connection fails (3705).
+    /// it. Any other server is reached through the string's ODBC driver, and what that refuses fails
+    /// in its words; a driver that is missing fails with the Debian package that brings it. Opening
+    /// an open connection fails (3705).
     void Open(std::string_view connectionString, std::string_view userId = {},
               std::string_view password = {}, int options = -1);
     /// What an open transaction has done is undone. Closing a closed connection fails (3704), as
@@ -47,13 +48,15 @@ public:
     int State() const; ///< 0 closed, 1 open
 
     int ConnectionTimeout = 15; ///< seconds; read at Open
+    int CommandTimeout = 30;    ///< seconds a server may take over a statement; read at Open
     int CursorLocation = 2;     ///< 3: client-side; every recordset is a client-side copy
 
     /// The name of the database in use, without the folder or ending of an embedded file.
     std::string DefaultDatabase() const;
 
-    /// Runs one statement; a query gives an open recordset, anything else a closed one. Text behind
-    /// the first statement is a failure, and then nothing has run.
+    /// Runs one statement; a query gives an open recordset, anything else a closed one. On the
+    /// embedded engine text behind the first statement is a failure, and then nothing has run; a
+    /// server runs all of it, and the first result with rows is the one that is given.
     Recordset Execute(std::string_view statement, int options = -1);
 
     /// Transactions don't nest: a second one fails. The embedded engine takes the write lock with

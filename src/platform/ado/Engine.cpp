@@ -3,20 +3,20 @@
 #include "platform/ado/AdoFailure.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/ConnectionString.h"
+#include "platform/ado/OdbcEngine.h"
 #include "platform/ado/SqliteEngine.h"
 #include "platform/runtime/Numbers.h"
 
 namespace Quillane {
 
-std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection, const SignIn&,
+std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection, const SignIn& signIn,
                                    const EmbeddedSupport& support) {
     const std::string server = connection.Get("Server");
     if (EqualIgnoringCase(server, "(embedded)"))
         return std::make_unique<SqliteEngine>(connection.Get("Database"), support);
-    if (server.empty())
+    if (server.empty() && connection.Get("Servername").empty() && connection.Get("DSN").empty())
         FailDatabase("The connection string names no server.");
-    FailDatabase("The server " + server +
-                 " cannot be used: this program works with the embedded database only.");
+    return std::make_unique<OdbcEngine>(connection, signIn);
 }
 
 } // namespace Quillane

@@ -14,6 +14,13 @@ namespace Quillane {
 class ConnectionString;
 struct EmbeddedSupport;
 
+/// What finds one row, and only one, of a table for a write.
+struct RowMatch {
+    std::string limit; ///< stands between the statement's verb and its table, with a blank behind
+    std::string condition;
+    std::vector<Value> parameters; ///< of the condition, in their order
+};
+
 /// What a database engine does for `Connection`: open, run, transactions, and the key columns of a
 /// table. Every refusal is a Failure with the source "Database" and the engine's own words.
 class Engine {
@@ -41,24 +48,24 @@ public:
     /// The name of a column as a statement may hold it: quoted where it has to be.
     virtual std::string ColumnInStatement(std::string_view column) = 0;
 
-    /// The condition that finds one row, and only one, of a table without a key by the values of
-    /// its columns, exactly. Nulls are written into it, the others are parameters in their order.
-    virtual std::string KeylessCondition(std::string_view table,
-                                         std::span<const std::string> columns,
-                                         std::span<const Value> values) = 0;
+    /// Finds one row of a table without a key by the values of its columns, exactly.
+    virtual RowMatch KeylessMatch(std::string_view table, std::span<const std::string> columns,
+                                  std::span<const Value> values) = 0;
 
     /// The name of the database that the session works on.
     virtual std::string DefaultDatabase() = 0;
 };
 
-/// Who signs in, and how long the engine may take over it.
+/// Who signs in, and how long the engine may take over it and over each statement.
 struct SignIn {
     std::string_view userId;
     std::string_view password;
     int timeoutSeconds = 15;
+    int commandTimeoutSeconds = 30;
 };
 
-/// The one place that chooses an engine: the server name `(embedded)` means the embedded database.
+/// The one place that chooses an engine: the server name `(embedded)` means the embedded database,
+/// any other a server that the string's ODBC driver reaches.
 std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection, const SignIn& signIn,
                                    const EmbeddedSupport& support);
 

@@ -68,37 +68,33 @@ std::string RowWriter::Column(const ResultSet& rows, int field) const {
     return OpenSession().EngineInUse().ColumnInStatement(rows.FieldName(field));
 }
 
-RowWriter::Target RowWriter::TargetOf(const ResultSet& rows, int row) {
+RowMatch RowWriter::MatchOf(const ResultSet& rows, int row) {
     FindTable();
-    return keyColumns_.empty() ? TargetByAllColumns(rows, row) : TargetByKey(rows, row);
+    return keyColumns_.empty() ? MatchByAllColumns(rows, row) : MatchByKey(rows, row);
 }
 
-RowWriter::Target RowWriter::TargetByKey(const ResultSet& rows, int row) const {
-    Target target;
+RowMatch RowWriter::MatchByKey(const ResultSet& rows, int row) const {
+    RowMatch match;
     for (const std::string& name : keyColumns_) {
         const int field = rows.FieldNumber(name);
         if (field < 0)
             FailAccess(FailureNumber::NotUpdatable,
                        "The rows cannot be written back without their key column " + name + ".");
-        target.condition += target.condition.empty() ? "" : " AND ";
-        target.condition += Column(rows, field) + " = ?";
-        target.parameters.push_back(rows.At(row, field));
+        match.condition += match.condition.empty() ? "" : " AND ";
+        match.condition += Column(rows, field) + " = ?";
+        match.parameters.push_back(rows.At(row, field));
     }
-    return target;
+    return match;
 }
 
-RowWriter::Target RowWriter::TargetByAllColumns(const ResultSet& rows, int row) const {
+RowMatch RowWriter::MatchByAllColumns(const ResultSet& rows, int row) const {
     std::vector<std::string> columns;
     std::vector<Value> values;
     for (int field = 0; field < rows.FieldCount(); ++field) {
         columns.push_back(rows.FieldName(field));
         values.push_back(rows.At(row, field));
     }
-    Target target;
-    target.condition = OpenSession().EngineInUse().KeylessCondition(table_, columns, values);
-    std::erase_if(values, [](const Value& value) { return value.IsNull(); });
-    target.parameters = std::move(values);
-    return target;
+    return OpenSession().EngineInUse().KeylessMatch(table_, columns, values);
 }
 
 void RowWriter::Insert(const ResultSet& rows, const Assignments& assigned) {
@@ -117,20 +113,21 @@ void RowWriter::Insert(const ResultSet& rows, const Assignments& assigned) {
 }
 
 void RowWriter::Update(const ResultSet& rows, int row, const Assignments& assigned) {
-    const Target target = TargetOf(rows, row);
+    const RowMatch match = MatchOf(rows, row);
     std::string changes;
     std::vector<Value> parameters;
     for (const auto& [field, value] : assigned) {
         changes += (changes.empty() ? "" : ", ") + Column(rows, field) + " = ?";
         parameters.push_back(value);
     }
-    parameters.insert(parameters.end(), target.parameters.begin(), target.parameters.end());
-    Run("UPDATE " + table_ + " SET " + changes + " WHERE " + target.condition, parameters);
+    parameters.insert(parameters.end(), match.parameters.begin(), match.parameters.end());
+    Run("UPDATE " + match.limit + table_ + " SET " + changes + " WHERE " + match.condition,
+        parameters);
 }
 
 void RowWriter::Delete(const ResultSet& rows, int row) {
-    const Target target = TargetOf(rows, row);
-    Run("DELETE FROM " + table_ + " WHERE " + target.condition, target.parameters);
+    const RowMatch match = MatchOf(rows, row);
+    Run("DELETE " + match.limit + "FROM " + table_ + " WHERE " + match.condition, match.parameters);
 }
 
 // A key and the limit of a keyless condition allow no second row, so a miss has changed nothing.

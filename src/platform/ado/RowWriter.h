@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ado/Engine.h"
 #include "platform/ado/ResultSet.h"
 #include "platform/ado/Value.h"
 
@@ -33,17 +34,11 @@ public:
     void Delete(const ResultSet& rows, int row);
 
 private:
-    /// A condition that finds one row, with its parameters.
-    struct Target {
-        std::string condition;
-        std::vector<Value> parameters;
-    };
-
     Session& OpenSession() const;
     void FindTable();
-    Target TargetOf(const ResultSet& rows, int row);
-    Target TargetByKey(const ResultSet& rows, int row) const;
-    Target TargetByAllColumns(const ResultSet& rows, int row) const;
+    RowMatch MatchOf(const ResultSet& rows, int row);
+    RowMatch MatchByKey(const ResultSet& rows, int row) const;
+    RowMatch MatchByAllColumns(const ResultSet& rows, int row) const;
     std::string Column(const ResultSet& rows, int field) const;
     void Run(const std::string& statement, const std::vector<Value>& parameters) const;
 

@@ -160,17 +160,20 @@ std::string SqliteEngine::ColumnInStatement(std::string_view column) {
     return quoted + "\"";
 }
 
-std::string SqliteEngine::KeylessCondition(std::string_view table,
-                                           std::span<const std::string> columns,
-                                           std::span<const Value> values) {
+RowMatch SqliteEngine::KeylessMatch(std::string_view table, std::span<const std::string> columns,
+                                    std::span<const Value> values) {
+    RowMatch match;
     std::string condition;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         condition += condition.empty() ? "" : " AND ";
         condition += ColumnInStatement(columns[i]);
         condition += values[i].IsNull() ? " IS NULL" : " = ? COLLATE BINARY";
+        if (!values[i].IsNull())
+            match.parameters.push_back(values[i]);
     }
-    const std::string source(table);
-    return "rowid = (SELECT rowid FROM " + source + " WHERE " + condition + " LIMIT 1)";
+    match.condition = "rowid = (SELECT rowid FROM " + std::string(table) + " WHERE " + condition +
+                      " LIMIT 1)";
+    return match;
 }
 
 } // namespace Quillane

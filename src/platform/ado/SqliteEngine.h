@@ -29,8 +29,8 @@ public:
     bool InTransaction() override;
     std::vector<std::string> KeyColumns(std::string_view table) override;
     std::string ColumnInStatement(std::string_view column) override;
-    std::string KeylessCondition(std::string_view table, std::span<const std::string> columns,
-                                 std::span<const Value> values) override;
+    RowMatch KeylessMatch(std::string_view table, std::span<const std::string> columns,
+                          std::span<const Value> values) override;
     std::string DefaultDatabase() override { return database_; }
 
 private:

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/ado/OdbcHandle.h"
+
+#include <string>
+
+namespace Quillane {
+
+class ConnectionString;
+struct SignIn;
+
+/// The text that goes to the driver: the connection string as it stands, with the user and password
+/// of the sign-in where it has some, and with "ClientCharset=UTF-8" where the driver is FreeTDS and
+/// the string says nothing of it. Without that FreeTDS would garble what is beyond ASCII.
+std::string OdbcConnectionText(const ConnectionString& connection, const SignIn& signIn,
+                               bool driverIsFreeTds);
+
+/// The library of the driver that the string names, as the driver manager finds it; empty where the
+/// driver is not registered.
+std::string OdbcDriverLibrary(const ConnectionString& connection);
+
+/// What to do where the driver is not there: which Debian package brings it.
+std::string MissingDriverAdvice(const std::string& driver);
+
+/// Opens a connection, waiting no longer than the sign-in allows. Fails with all that the driver
+/// says; where the driver itself is missing, with the package that brings it.
+OdbcHandle ConnectByOdbc(const OdbcHandle& environment, const ConnectionString& connection,
+                         const SignIn& signIn);
+
+} // namespace Quillane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/ado/OdbcHandle.h"
+
+#include <string>
+#include <vector>
+
+namespace Quillane {
+
+/// One diagnostic record of a driver.
+struct OdbcDiagnostic {
+    std::string state; ///< five characters; "01..." is a warning
+    long native = 0;   ///< the server's own number, 0 where the driver itself speaks
+    std::string words;
+
+    bool operator==(const OdbcDiagnostic&) const = default;
+};
+
+/// All records that the last call on the handle left behind, in the driver's order.
+std::vector<OdbcDiagnostic> OdbcDiagnosticsOf(const OdbcHandle& handle);
+
+/// What a box shows of them: every one on a line of its own, the most useful first. The server's
+/// words come before the driver's, which often say only that something failed, and warnings last;
+/// the same words stand once.
+std::string DescriptionOf(std::vector<OdbcDiagnostic> diagnostics);
+
+/// Fails with all records of the handle.
+[[noreturn]] void FailInWordsOfDriver(const OdbcHandle& handle);
+
+} // namespace Quillane

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/ado/Engine.h"
+#include "platform/ado/OdbcDialect.h"
+#include "platform/ado/OdbcHandle.h"
+#include "platform/ado/OdbcNames.h"
+#include "platform/ado/OdbcRows.h"
+
+#include <map>
+#include <string>
+
+namespace Quillane {
+
+class Failure;
+
+/// A database server behind an ODBC driver: SQL Server, or whatever else has a driver. Statements
+/// go out as they are. Of a text with several statements the first result with columns is kept; the
+/// others are read past, so that nothing unread ever stays behind on the connection, and a failure
+/// in any of them is the failure of the whole.
+///
+/// A failure tells every diagnostic record of the driver. After one inside a transaction the server
+/// is asked whether it has ended the transaction; where it cannot be asked, it counts as ended.
+class OdbcEngine : public Engine {
+public:
+    OdbcEngine(const ConnectionString& connection, const SignIn& signIn);
+
+    long Run(std::string_view statement, std::span<const Value> parameters,
+             ResultSet& result) override;
+    void Begin() override;
+    void Commit() override;
+    /// Where the server refuses even this, the connection is left, which ends the transaction too.
+    void Rollback() override;
+    bool InTransaction() override { return inTransaction_; }
+    /// Looked up in the catalogue once for each table.
+    std::vector<std::string> KeyColumns(std::string_view table) override;
+    std::string ColumnInStatement(std::string_view column) override;
+    /// The columns' types are looked up once for each table.
+    RowMatch KeylessMatch(std::string_view table, std::span<const std::string> columns,
+                          std::span<const Value> values) override;
+    std::string DefaultDatabase() override;
+
+private:
+    long Execute(std::string_view statement, std::span<const Value> parameters, ResultSet& result);
+    void RunPlain(const std::string& statement);
+    long ReadResults(const OdbcHandle& statement, ResultSet& result);
+    OdbcHandle NewStatement() const;
+    const std::vector<OdbcColumn>& ColumnsOf(const std::string& table);
+    bool IsLost() const;
+    bool TransactionIsOpen();
+    [[noreturn]] void FailAfter(const Failure& failure);
+
+    OdbcHandle environment_;
+    OdbcHandle connection_;
+    OdbcNames names_;
+    OdbcDialect dialect_;
+    int commandSeconds_;
+    OdbcBlock block_;
+    bool inTransaction_ = false; ///< as the server sees it
+    std::map<std::string, std::vector<std::string>, std::less<>> keys_;
+    std::map<std::string, std::vector<OdbcColumn>, std::less<>> columns_;
+};
+
+} // namespace Quillane

@@ -1,0 +1,38 @@
+#include "platform/ado/OdbcHandle.h"
+
+#include "platform/ado/AdoFailure.h"
+#include "platform/ado/OdbcDiagnostics.h"
+
+namespace Quillane {
+
+OdbcHandle::OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent) : kind_(kind) {
+    const SQLRETURN outcome = SQLAllocHandle(kind, parent.Get(), &handle_);
+    if (outcome == SQL_SUCCESS || outcome == SQL_SUCCESS_WITH_INFO)
+        return;
+    if (parent.Get() == SQL_NULL_HANDLE)
+        FailDatabase("The ODBC driver manager cannot be used.");
+    FailInWordsOfDriver(parent);
+}
+
+OdbcHandle::~OdbcHandle() {
+    if (handle_ == SQL_NULL_HANDLE)
+        return;
+    if (kind_ == SQL_HANDLE_DBC)
+        SQLDisconnect(handle_);
+    SQLFreeHandle(kind_, handle_);
+}
+
+void OdbcHandle::Check(SQLRETURN outcome) const {
+    if (outcome != SQL_SUCCESS && outcome != SQL_SUCCESS_WITH_INFO && outcome != SQL_NO_DATA)
+        FailInWordsOfDriver(*this);
+}
+
+OdbcHandle OdbcEnvironment() {
+    OdbcHandle environment(SQL_HANDLE_ENV, {});
+    constexpr std::intptr_t version = SQL_OV_ODBC3;
+    environment.Check(SQLSetEnvAttr(environment.Get(), SQL_ATTR_ODBC_VERSION,
+                                    reinterpret_cast<SQLPOINTER>(version), 0));
+    return environment;
+}
+
+} // namespace Quillane

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/ado/OdbcColumn.h"
+
+#include <cstddef>
+#include <memory>
+
+namespace Quillane {
+
+/// Memory for the blocks that a driver fills, kept from one result to the next.
+class OdbcBlock {
+public:
+    /// Room for so many bytes; what stood there before is lost.
+    char* Room(std::size_t bytes);
+
+private:
+    std::unique_ptr<char[]> memory_;
+    std::size_t size_ = 0;
+};
+
+/// Reads the statement's current result to its end and keeps all rows. Whole and floating numbers
+/// stay what they are; decimals keep the digits that the server gave; a date, and a moment at
+/// midnight, becomes a date, any other moment the text YYYY-MM-DDTHH:MM:SS; all else is text, bytes
+/// as hexadecimal digits.
+///
+/// Rows come in blocks of a few hundred; where a column has no announced length, they come one by
+/// one, and from that column on each value in pieces.
+void ReadOdbcRows(const OdbcHandle& statement, int columnCount, OdbcBlock& block,
+                  ResultSet& result);
+
+} // namespace Quillane
