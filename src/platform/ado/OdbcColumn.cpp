@@ -38,7 +38,8 @@ OdbcForm FormOf(SQLSMALLINT sqlType) {
 }
 
 bool IsLongType(SQLSMALLINT sqlType) {
-    return sqlType == SQL_LONGVARCHAR || sqlType == SQL_WLONGVARCHAR || sqlType == SQL_LONGVARBINARY;
+    return sqlType == SQL_LONGVARCHAR || sqlType == SQL_WLONGVARCHAR ||
+           sqlType == SQL_LONGVARBINARY;
 }
 
 void SetWidth(OdbcColumn& column, SQLULEN size) {
@@ -74,7 +75,8 @@ OdbcColumn Describe(const OdbcHandle& statement, SQLUSMALLINT number) {
     OdbcColumn column;
     statement.Check(SQLDescribeColW(statement.Get(), number, name, room, &nameLength,
                                     &column.sqlType, &size, &column.digits, &nullable));
-    column.name = FromOdbc(name, static_cast<std::size_t>(std::clamp<int>(nameLength, 0, room - 1)));
+    column.name =
+        FromOdbc(name, static_cast<std::size_t>(std::clamp<int>(nameLength, 0, room - 1)));
     column.form = FormOf(column.sqlType);
     SetWidth(column, size);
     return column;

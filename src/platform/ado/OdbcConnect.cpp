@@ -24,8 +24,8 @@ std::string Lower(std::string_view text) {
 
 std::string RegisteredDriver(const std::string& section, const char* file) {
     char library[1024] = {};
-    const int length = SQLGetPrivateProfileString(section.c_str(), "Driver", "", library,
-                                                  sizeof library, file);
+    const int length =
+        SQLGetPrivateProfileString(section.c_str(), "Driver", "", library, sizeof library, file);
     return {library, static_cast<std::size_t>(std::max(length, 0))};
 }
 
@@ -107,9 +107,8 @@ OdbcHandle ConnectByOdbc(const OdbcHandle& environment, const ConnectionString& 
     const bool isFreeTds =
         Lower(OdbcDriverLibrary(connection)).find("tdsodbc") != std::string::npos;
     OdbcText text = ToOdbc(OdbcConnectionText(connection, signIn, isFreeTds));
-    const SQLRETURN outcome =
-        SQLDriverConnectW(handle.Get(), nullptr, text.data(), SQL_NTS, nullptr, 0, nullptr,
-                          SQL_DRIVER_NOPROMPT);
+    const SQLRETURN outcome = SQLDriverConnectW(handle.Get(), nullptr, text.data(), SQL_NTS,
+                                                nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (outcome != SQL_SUCCESS && outcome != SQL_SUCCESS_WITH_INFO)
         FailToConnect(handle, connection);
     return handle;

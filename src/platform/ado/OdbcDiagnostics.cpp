@@ -54,9 +54,8 @@ std::vector<OdbcDiagnostic> OdbcDiagnosticsOf(const OdbcHandle& handle) {
 }
 
 std::string DescriptionOf(std::vector<OdbcDiagnostic> diagnostics) {
-    std::stable_sort(
-        diagnostics.begin(), diagnostics.end(),
-        [](const auto& left, const auto& right) { return Rank(left) < Rank(right); });
+    std::stable_sort(diagnostics.begin(), diagnostics.end(),
+                     [](const auto& left, const auto& right) { return Rank(left) < Rank(right); });
     std::string description;
     std::vector<std::string> told;
     for (const OdbcDiagnostic& diagnostic : diagnostics) {

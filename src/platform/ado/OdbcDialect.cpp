@@ -47,11 +47,8 @@ OdbcDialect OdbcDialectOf(std::string_view serverName) {
     if (serverName.find("SQL Server") != std::string_view::npos)
         return {OdbcDialect::Server::TSql,
                 // A driver's own settings may cut long texts otherwise.
-                "SET TEXTSIZE 2147483647",
-                "BEGIN TRANSACTION",
-                "COMMIT TRANSACTION",
-                "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION",
-                "SELECT @@TRANCOUNT"};
+                "SET TEXTSIZE 2147483647", "BEGIN TRANSACTION", "COMMIT TRANSACTION",
+                "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION", "SELECT @@TRANCOUNT"};
     const bool isPostgres = serverName.find("PostgreSQL") != std::string_view::npos;
     return {isPostgres ? OdbcDialect::Server::Postgres : OdbcDialect::Server::Other,
             "",

@@ -15,10 +15,8 @@
 namespace Quillane {
 
 OdbcEngine::OdbcEngine(const ConnectionString& connection, const SignIn& signIn)
-    : environment_(OdbcEnvironment()),
-      connection_(ConnectByOdbc(environment_, connection, signIn)),
-      names_(connection_),
-      dialect_(OdbcDialectOf(OdbcInformation(connection_, SQL_DBMS_NAME))),
+    : environment_(OdbcEnvironment()), connection_(ConnectByOdbc(environment_, connection, signIn)),
+      names_(connection_), dialect_(OdbcDialectOf(OdbcInformation(connection_, SQL_DBMS_NAME))),
       commandSeconds_(signIn.commandTimeoutSeconds) {
     if (!dialect_.setUp.empty())
         RunPlain(dialect_.setUp);
@@ -141,8 +139,7 @@ std::vector<std::string> OdbcEngine::KeyColumns(std::string_view table) {
     if (known != keys_.end())
         return known->second;
     try {
-        std::vector<std::string> key =
-            OdbcPrimaryKey(NewStatement(), names_.Table(table), block_);
+        std::vector<std::string> key = OdbcPrimaryKey(NewStatement(), names_.Table(table), block_);
         return keys_.emplace(table, std::move(key)).first->second;
     } catch (const Failure& failure) {
         FailAfter(failure);
@@ -182,8 +179,8 @@ RowMatch OdbcEngine::KeylessMatch(std::string_view table, std::span<const std::s
 std::string OdbcEngine::DefaultDatabase() {
     SQLWCHAR name[256] = {};
     SQLINTEGER bytes = 0;
-    connection_.Check(SQLGetConnectAttrW(connection_.Get(), SQL_ATTR_CURRENT_CATALOG, name,
-                                         sizeof name, &bytes));
+    connection_.Check(
+        SQLGetConnectAttrW(connection_.Get(), SQL_ATTR_CURRENT_CATALOG, name, sizeof name, &bytes));
     return FromOdbc(name, static_cast<std::size_t>(
                               std::find(std::begin(name), std::end(name), SQLWCHAR{0}) - name));
 }

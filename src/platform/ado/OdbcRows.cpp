@@ -108,7 +108,8 @@ private:
         statement_.Check(outcome);
         // A row that failed in the midst of a block is no more than a warning to the driver.
         const bool hasWarning = outcome == SQL_SUCCESS_WITH_INFO && rowsInBlock_ > 1;
-        if (hasWarning && std::find(states_, states_ + fetched_, SQL_ROW_ERROR) != states_ + fetched_)
+        if (hasWarning &&
+            std::find(states_, states_ + fetched_, SQL_ROW_ERROR) != states_ + fetched_)
             FailInWordsOfDriver(statement_);
         return fetched_ > 0;
     }
@@ -149,13 +150,12 @@ private:
             const SQLRETURN outcome = GetData(i, long_.data() + before, pieceBytes, length);
             if (length == SQL_NULL_DATA)
                 return result_.AddNull();
-            const bool isLast = outcome == SQL_NO_DATA ||
-                                (length >= 0 && static_cast<std::size_t>(length) / sizeof(SQLWCHAR) <=
-                                                    mostInPiece);
-            const std::size_t taken =
-                outcome == SQL_NO_DATA ? 0
-                : isLast               ? static_cast<std::size_t>(length) / sizeof(SQLWCHAR)
-                                       : mostInPiece;
+            const bool isLast =
+                outcome == SQL_NO_DATA ||
+                (length >= 0 && static_cast<std::size_t>(length) / sizeof(SQLWCHAR) <= mostInPiece);
+            const std::size_t taken = outcome == SQL_NO_DATA ? 0
+                                      : isLast ? static_cast<std::size_t>(length) / sizeof(SQLWCHAR)
+                                               : mostInPiece;
             long_.resize(before + taken);
             if (isLast)
                 break;
