@@ -33,9 +33,10 @@ function(quillane_room name)
 endfunction()
 
 # quillane_tests(Scale LINKS Quillane::Scale ...) builds every *Test.cpp of the folder into one
-# program and registers each case. With SCREEN the program brings up an application off screen.
+# program and registers each case. With SCREEN the program brings up an application off screen. With
+# POSTGRES the cases of that name share one server, started for them and stopped behind them.
 function(quillane_tests name)
-    cmake_parse_arguments(TESTS "SCREEN" "" "LINKS;LABELS" ${ARGN})
+    cmake_parse_arguments(TESTS "SCREEN;POSTGRES" "" "LINKS;LABELS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
     set(target "${name}Test")
     add_executable(${target} ${sources})
@@ -48,6 +49,26 @@ function(quillane_tests name)
         target_link_libraries(${target} PRIVATE GTest::gtest_main)
     endif()
     include(GoogleTest)
-    gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+    if(TESTS_POSTGRES)
+        quillane_postgres_tests(${name} ${target})
+        set(filter TEST_FILTER "-*Postgres*")
+    endif()
+    gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST ${filter}
         PROPERTIES TIMEOUT 120 ${environment} LABELS "${TESTS_LABELS}")
+endfunction()
+
+# The cases of a test program that need PostgreSQL. They skip themselves where it is not installed.
+function(quillane_postgres_tests name target)
+    set(server "${CMAKE_SOURCE_DIR}/tests/platform/ado/postgres-server")
+    set(info "${CMAKE_CURRENT_BINARY_DIR}/postgres.info")
+    add_test(NAME ${name}.PostgresStarts COMMAND ${server} start ${info})
+    add_test(NAME ${name}.PostgresStops COMMAND ${server} stop ${info})
+    set_tests_properties(${name}.PostgresStarts PROPERTIES FIXTURES_SETUP ${name}Postgres)
+    set_tests_properties(${name}.PostgresStops PROPERTIES FIXTURES_CLEANUP ${name}Postgres)
+    set_tests_properties(${name}.PostgresStarts ${name}.PostgresStops PROPERTIES
+        SKIP_RETURN_CODE 77 TIMEOUT 120)
+    gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+        TEST_FILTER "*Postgres*"
+        PROPERTIES TIMEOUT 120 FIXTURES_REQUIRED ${name}Postgres
+            ENVIRONMENT "QUILLANE_TEST_POSTGRES=${info}")
 endfunction()

@@ -87,17 +87,20 @@ std::string Digits(unsigned long number, std::size_t count) {
     return std::string(count - std::min(count, text.size()), '0') + text;
 }
 
-/// YYYY-MM-DDTHH:MM:SS, and behind a point the part of a second that the column keeps. A server
-/// that counts in three-hundredths refuses more digits than it shows.
+/// The part of a second that the column keeps, without zeros behind. A server that counts in
+/// three-hundredths refuses more digits than it announces.
+std::string PartOfSecond(SQLUINTEGER nanoseconds, SQLSMALLINT digits) {
+    const auto kept = static_cast<std::size_t>(std::clamp<int>(digits, 0, 9));
+    std::string part = "." + Digits(nanoseconds, 9).substr(0, kept);
+    part.erase(part.find_last_not_of('0') + 1);
+    return part == "." ? std::string() : part;
+}
+
 std::string MomentText(const SQL_TIMESTAMP_STRUCT& moment, SQLSMALLINT digits) {
     const auto year = static_cast<unsigned long>(std::max<int>(moment.year, 0));
-    std::string text = Digits(year, 4) + "-" + Digits(moment.month, 2) + "-" +
-                       Digits(moment.day, 2) + "T" + Digits(moment.hour, 2) + ":" +
-                       Digits(moment.minute, 2) + ":" + Digits(moment.second, 2);
-    if (moment.fraction == 0)
-        return text;
-    const auto kept = static_cast<std::size_t>(std::clamp<int>(digits, 0, 9));
-    return text + "." + Digits(moment.fraction, 9).substr(0, kept);
+    return Digits(year, 4) + "-" + Digits(moment.month, 2) + "-" + Digits(moment.day, 2) + "T" +
+           Digits(moment.hour, 2) + ":" + Digits(moment.minute, 2) + ":" +
+           Digits(moment.second, 2) + PartOfSecond(moment.fraction, digits);
 }
 
 void AddMoment(const OdbcColumn& column, const char* data, ResultSet& result) {

@@ -9,13 +9,13 @@ OdbcHandle::OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent) : kind_(kind)
     const SQLRETURN outcome = SQLAllocHandle(kind, parent.Get(), &handle_);
     if (outcome == SQL_SUCCESS || outcome == SQL_SUCCESS_WITH_INFO)
         return;
-    if (parent.Get() == SQL_NULL_HANDLE)
+    if (parent.Get() == nullptr)
         FailDatabase("The ODBC driver manager cannot be used.");
     FailInWordsOfDriver(parent);
 }
 
 OdbcHandle::~OdbcHandle() {
-    if (handle_ == SQL_NULL_HANDLE)
+    if (handle_ == nullptr)
         return;
     if (kind_ == SQL_HANDLE_DBC)
         SQLDisconnect(handle_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #ifdef _WIN32
+#define NOMINMAX
 #include <windows.h>
 #endif
 
@@ -20,7 +21,7 @@ public:
     OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent);
     ~OdbcHandle();
     OdbcHandle(OdbcHandle&& other) noexcept
-        : kind_(other.kind_), handle_(std::exchange(other.handle_, SQL_NULL_HANDLE)) {}
+        : kind_(other.kind_), handle_(std::exchange(other.handle_, nullptr)) {}
     OdbcHandle& operator=(OdbcHandle&& other) noexcept {
         std::swap(kind_, other.kind_);
         std::swap(handle_, other.handle_);
@@ -36,7 +37,7 @@ public:
 
 private:
     SQLSMALLINT kind_ = 0;
-    SQLHANDLE handle_ = SQL_NULL_HANDLE;
+    SQLHANDLE handle_ = nullptr;
 };
 
 /// An environment in which the third version of the interface is spoken.

@@ -46,9 +46,10 @@ SQLRETURN OdbcParameters::Bind(const OdbcHandle& statement, SQLUSMALLINT number,
                                const Value& value) {
     Place& place = places_[number - 1u];
     const auto bind = [&](const Look& look, void* data, std::size_t length) {
-        place.length = data ? static_cast<SQLLEN>(length) : SQL_NULL_DATA;
+        const auto bytes = static_cast<SQLLEN>(length);
+        place.length = data ? bytes : SQL_NULL_DATA;
         return SQLBindParameter(statement.Get(), number, SQL_PARAM_INPUT, look.cType, look.sqlType,
-                                look.size, look.decimals, data, place.length, &place.length);
+                                look.size, look.decimals, data, bytes, &place.length);
     };
     const Value::Held& held = value.Raw();
     if (const auto* whole = std::get_if<std::int64_t>(&held)) {

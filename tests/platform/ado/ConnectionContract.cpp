@@ -1,6 +1,8 @@
 #include "platform/ado/ConnectionContract.h"
 
 #include "platform/ado/EmbeddedFolder.h"
+#include "platform/ado/PostgresServer.h"
+#include "platform/ado/SqlServerDatabase.h"
 
 namespace Quillane {
 
@@ -17,27 +19,71 @@ private:
     EmbeddedFolder folder_;
 };
 
+class PostgresContractDatabase : public ContractDatabase {
+public:
+    std::string ConnectionString() const override { return database_.ConnectionString(); }
+
+private:
+    PostgresDatabase database_;
+};
+
+class SqlServerContractDatabase : public ContractDatabase {
+public:
+    std::string ConnectionString() const override { return database_.ConnectionString(); }
+
+private:
+    SqlServerDatabase database_;
+};
+
+ContractEngine Embedded() {
+    ContractEngine engine;
+    engine.name = "Embedded";
+    engine.textType = "varchar(60) COLLATE QTEXT";
+    engine.momentType = "datetime";
+    engine.refusesSecondStatement = true;
+    engine.whyMissing = [] { return std::string(); };
+    engine.make = [] { return std::make_unique<EmbeddedContractDatabase>(); };
+    return engine;
+}
+
+ContractEngine OdbcOnPostgres() {
+    ContractEngine engine;
+    engine.name = "Postgres";
+    engine.textType = "varchar(60)";
+    engine.momentType = "timestamp";
+    engine.readsTSql = false;
+    engine.whyMissing = [] { return PostgresServer::WhyMissing(); };
+    engine.make = [] { return std::make_unique<PostgresContractDatabase>(); };
+    return engine;
+}
+
+ContractEngine OdbcOnSqlServer() {
+    ContractEngine engine;
+    engine.name = "SqlServer";
+    engine.textType = "nvarchar(60)";
+    engine.momentType = "datetime";
+    engine.whyMissing = [] { return SqlServerDatabase::WhyMissing(); };
+    engine.make = [] { return std::make_unique<SqlServerContractDatabase>(); };
+    return engine;
+}
+
 } // namespace
 
 std::vector<ContractEngine> ContractEngines() {
-    return {
-        {"Embedded", "varchar(60) COLLATE QTEXT", "",
-         [] { return std::make_unique<EmbeddedContractDatabase>(); }},
-        {"SqlServer", "varchar(60)", "this version of the program reaches no SQL Server", nullptr},
-    };
+    return {Embedded(), OdbcOnPostgres(), OdbcOnSqlServer()};
 }
 
 void ConnectionContract::SetUp() {
     const ContractEngine& engine = GetParam();
-    if (!engine.whyMissing.empty())
-        GTEST_SKIP() << engine.name << " is not there: " << engine.whyMissing;
+    const std::string whyMissing = engine.whyMissing();
+    if (!whyMissing.empty())
+        GTEST_SKIP() << engine.name << " is not there: " << whyMissing;
     database = engine.make();
     connection.SetEmbeddedSupport(database->Support());
     connection.Open(database->ConnectionString());
-    Run("CREATE TABLE Arrivals (ArrivalID int NOT NULL PRIMARY KEY, ArrivalDate datetime NULL, "
-        "SellerId " +
-        engine.textType + " NULL, DriverName " + engine.textType +
-        " NULL, TareWeight float NULL, IsPosted int NOT NULL DEFAULT 5)");
+    Run("CREATE TABLE Arrivals (ArrivalID int NOT NULL PRIMARY KEY, ArrivalDate " +
+        engine.momentType + " NULL, SellerId " + engine.textType + " NULL, DriverName " +
+        engine.textType + " NULL, TareWeight float NULL, IsPosted int NOT NULL DEFAULT 5)");
     Run("CREATE TABLE ArrivalsBody (ArrivalId int NULL REFERENCES Arrivals (ArrivalID), NoOfBags "
         "float NULL, VehicleNo " +
         engine.textType + " NULL)");

@@ -19,14 +19,19 @@ class ContractDatabase {
 public:
     virtual ~ContractDatabase() = default;
     virtual std::string ConnectionString() const = 0;
-    virtual EmbeddedSupport Support() const = 0;
+    virtual EmbeddedSupport Support() const { return {}; }
 };
 
 /// An engine takes part by an entry of its own in `ContractEngines`.
 struct ContractEngine {
     std::string name;
     std::string textType;   ///< of a column of text, compared as the system's databases do
-    std::string whyMissing; ///< empty where the engine is there
+    std::string momentType; ///< of a column of days and times
+    /// Whether statements may hold what T-SQL alone knows, and texts compare as there.
+    bool readsTSql = true;
+    /// Whether text behind the first statement is refused, rather than run.
+    bool refusesSecondStatement = false;
+    std::function<std::string()> whyMissing; ///< gives the empty text where the engine is there
     std::function<std::unique_ptr<ContractDatabase>()> make;
 };
 

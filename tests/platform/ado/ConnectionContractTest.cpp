@@ -1,4 +1,5 @@
 #include "platform/ado/ConnectionContract.h"
+#include "platform/runtime/Numbers.h"
 
 namespace Quillane {
 
@@ -44,7 +45,7 @@ TEST_P(ConnectionContract, GivesAnOpenRecordsetForAQueryAndAClosedOneForAnAction
 
 TEST_P(ConnectionContract, FailsInTheWordsOfTheEngine) {
     const std::string words = DatabaseFailureOf([&] { Run("Select * From NoSuchTable"); });
-    EXPECT_NE(words.find("NoSuchTable"), std::string::npos) << words;
+    EXPECT_NE(UpperCase(words).find("NOSUCHTABLE"), std::string::npos) << words;
     EXPECT_EQ(connection.State(), 1);
 }
 
@@ -57,6 +58,8 @@ TEST_P(ConnectionContract, BreaksOnAnApostropheInAValue) {
 }
 
 TEST_P(ConnectionContract, RefusesASecondStatementAndRunsNeither) {
+    if (!GetParam().refusesSecondStatement)
+        GTEST_SKIP() << GetParam().name << " runs them both";
     AddThreeArrivals();
     DatabaseFailureOf([&] { Run("Update Arrivals Set IsPosted=9; Delete From ArrivalsBody"); });
     EXPECT_EQ(OneValue("Select Count(*) From Arrivals Where IsPosted=9"), "0");
@@ -66,6 +69,8 @@ TEST_P(ConnectionContract, RefusesASecondStatementAndRunsNeither) {
 }
 
 TEST_P(ConnectionContract, ReadsTheFormsThatTheSystemWrites) {
+    if (!GetParam().readsTSql)
+        GTEST_SKIP() << GetParam().name << " knows no T-SQL";
     EXPECT_EQ(OneValue("Select IsNull(Max(ArrivalID),0)+1 From Arrivals"), "1");
     AddThreeArrivals();
     EXPECT_EQ(OneValue("Select IsNull(Max(ArrivalID),0)+1 From dbo.Arrivals"), "4");
@@ -78,12 +83,15 @@ TEST_P(ConnectionContract, ReadsTheFormsThatTheSystemWrites) {
 }
 
 TEST_P(ConnectionContract, ListsTheForeignKeysOnATable) {
+    if (!GetParam().readsTSql)
+        GTEST_SKIP() << GetParam().name << " knows no T-SQL";
     Recordset keys = connection.Execute("EXEC sp_fkeys @pktable_name = N'Arrivals'");
     ASSERT_EQ(keys.RecordCount(), 1);
-    EXPECT_EQ(keys.Fields("PKTABLE_NAME").Text(), "Arrivals");
-    EXPECT_EQ(keys.Fields("PKColumn_Name").Text(), "ArrivalID");
-    EXPECT_EQ(keys.Fields("FKTABLE_NAME").Text(), "ArrivalsBody");
-    EXPECT_EQ(keys.Fields("FKColumn_Name").Text(), "ArrivalId");
+    // A catalogue may hold a name in another case than it was declared in.
+    EXPECT_TRUE(EqualIgnoringCase(keys.Fields("PKTABLE_NAME").Text(), "Arrivals"));
+    EXPECT_TRUE(EqualIgnoringCase(keys.Fields("PKColumn_Name").Text(), "ArrivalID"));
+    EXPECT_TRUE(EqualIgnoringCase(keys.Fields("FKTABLE_NAME").Text(), "ArrivalsBody"));
+    EXPECT_TRUE(EqualIgnoringCase(keys.Fields("FKColumn_Name").Text(), "ArrivalId"));
     EXPECT_EQ(keys.Fields("KEY_SEQ").Text(), "1");
     EXPECT_EQ(connection.Execute("EXEC sp_fkeys @pktable_name = N'BagsClasses'").RecordCount(), 0);
 }
@@ -153,11 +161,11 @@ TEST_P(ConnectionContract, UndoesAnOpenTransactionWhenItCloses) {
 TEST_P(ConnectionContract, ShowsTheObserverEveryTextBeforeItRuns) {
     connection.BeginTrans();
     Run("Update Arrivals Set IsPosted=0 where arrivalid=1");
-    Reading(" Select IsNull(1,2)");
+    Reading(" Select 1+2");
     connection.CommitTrans();
     DatabaseFailureOf([&] { Run("nonsense"); });
     EXPECT_EQ(observed, Texts({"BeginTrans", "Update Arrivals Set IsPosted=0 where arrivalid=1",
-                               " Select IsNull(1,2)", "CommitTrans", "nonsense"}));
+                               " Select 1+2", "CommitTrans", "nonsense"}));
 }
 
 TEST_P(ConnectionContract, KeepsLettersBeyondAscii) {

@@ -1,5 +1,6 @@
 #include "platform/ado/AdoFailure.h"
 #include "platform/ado/ConnectionContract.h"
+#include "platform/runtime/Numbers.h"
 
 namespace Quillane {
 
@@ -18,8 +19,9 @@ TEST_P(ConnectionContract, ANewRowStoresWhatWasAssignedAndLeavesTheRestToTheData
     rows.Collect("DriverName", "O'Brien");
     rows.Update();
     EXPECT_EQ(AllRows("Select * From Arrivals"), "7,2026-11-20T00:00:00,-,O'Brien,-,5");
-    EXPECT_EQ(observed.at(1), "INSERT INTO Arrivals (ArrivalID, ArrivalDate, SellerId, DriverName) "
-                              "VALUES (?, ?, ?, ?)");
+    EXPECT_EQ(UpperCase(observed.at(1)),
+              "INSERT INTO ARRIVALS (ARRIVALID, ARRIVALDATE, SELLERID, DRIVERNAME) "
+              "VALUES (?, ?, ?, ?)");
     EXPECT_EQ(rows.RecordCount(), 1);
     EXPECT_EQ(rows.Position(), 0);
     EXPECT_EQ(rows.Fields("DriverName").Text(), "O'Brien");
@@ -48,8 +50,8 @@ TEST_P(ConnectionContract, AnUpdateWritesTheAssignedColumnsOnly) {
     rows.Update();
     EXPECT_EQ(AllRows("Select DriverName, SellerId, TareWeight From Arrivals Where ArrivalID=2"),
               "Zia,-,1");
-    EXPECT_EQ(observed.at(2),
-              "UPDATE Arrivals SET DriverName = ?, SellerId = ? WHERE ArrivalID = ?");
+    EXPECT_EQ(UpperCase(observed.at(2)),
+              "UPDATE ARRIVALS SET DRIVERNAME = ?, SELLERID = ? WHERE ARRIVALID = ?");
 }
 
 TEST_P(ConnectionContract, UpdateWithNothingPendingSendsNothing) {
@@ -188,8 +190,8 @@ TEST_P(ConnectionContract, AKeyOfSeveralColumnsFindsItsRow) {
     observed.clear();
     rows.Collect("BagsClass", "Cotton");
     rows.Update();
-    EXPECT_EQ(observed.at(0),
-              "UPDATE BagsClasses SET BagsClass = ? WHERE BagsClassId = ? AND Variant = ?");
+    EXPECT_EQ(UpperCase(observed.at(0)),
+              "UPDATE BAGSCLASSES SET BAGSCLASS = ? WHERE BAGSCLASSID = ? AND VARIANT = ?");
     rows.Delete();
     EXPECT_EQ(AllRows("Select BagsClassId, Variant, BagsClass From BagsClasses "
                       "Order By BagsClassId, Variant"),

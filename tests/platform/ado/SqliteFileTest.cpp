@@ -95,7 +95,6 @@ TEST(ConnectionOpen, RefusesAStringThatLeadsNowhere) {
         {"", "names no server"},
         {"Driver=SQL Server;Database=Account1", "names no server"},
         {"Driver=SQL Server;Server=(embedded)", "names no database"},
-        {"Driver=SQL Server;Server=mill-server;Database=Account1", "mill-server cannot be used"},
     };
     for (const StringCase& item : cases) {
         Connection connection;
