@@ -37,9 +37,13 @@ std::string DriverNamed(const ConnectionString& connection) {
     return source.empty() ? std::string() : RegisteredDriver(source, "odbc.ini");
 }
 
-/// In braces, so that whatever a password holds stays one value.
+/// In braces where it has to be, so that whatever a password holds stays one value: some drivers
+/// take the braces of a plain value for a part of it.
 std::string Entry(std::string_view key, std::string_view value) {
-    std::string text = ";" + std::string(key) + "={";
+    std::string text = ";" + std::string(key) + "=";
+    if (value.find_first_of("{}[](),;?*=!@ ") == std::string_view::npos)
+        return text + std::string(value);
+    text += '{';
     for (const char c : value)
         text += c == '}' ? std::string("}}") : std::string(1, c);
     return text + "}";
@@ -93,8 +97,16 @@ std::string OdbcConnectionText(const ConnectionString& connection, const SignIn&
         text += Entry("UID", signIn.userId);
     if (!signIn.password.empty())
         text += Entry("PWD", signIn.password);
-    if (driverIsFreeTds && connection.Get("ClientCharset").empty())
-        text += ";ClientCharset=UTF-8";
+    const auto add = [&](const std::string& key, const char* value) {
+        if (connection.Get(key).empty())
+            text += ";" + key + "=" + value;
+    };
+    if (driverIsFreeTds)
+        add("ClientCharset", "UTF-8");
+    const bool isDescribedElsewhere =
+        !connection.Get("Servername").empty() || !connection.Get("DSN").empty();
+    if (driverIsFreeTds && !isDescribedElsewhere)
+        add("TDS_Version", "7.4");
     return text;
 }
 

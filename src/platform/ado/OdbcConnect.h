@@ -10,8 +10,10 @@ class ConnectionString;
 struct SignIn;
 
 /// The text that goes to the driver: the connection string as it stands, with the user and password
-/// of the sign-in where it has some, and with "ClientCharset=UTF-8" where the driver is FreeTDS and
-/// the string says nothing of it. Without that FreeTDS would garble what is beyond ASCII.
+/// of the sign-in where it has some. Where the driver is FreeTDS and the string is silent, it is
+/// told the character set, since it would garble what is beyond ASCII otherwise, and the version of
+/// the protocol: without one it tries several in turn, each for the whole time-out, and the oldest
+/// has no end on a server that takes the call and never answers.
 std::string OdbcConnectionText(const ConnectionString& connection, const SignIn& signIn,
                                bool driverIsFreeTds);
 

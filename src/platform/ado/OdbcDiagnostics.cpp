@@ -1,6 +1,5 @@
 #include "platform/ado/OdbcDiagnostics.h"
 
-#include "platform/ado/AdoFailure.h"
 #include "platform/ado/OdbcText.h"
 
 #include <algorithm>
@@ -13,6 +12,13 @@ int Rank(const OdbcDiagnostic& diagnostic) {
     if (diagnostic.state.starts_with("01"))
         return 2;
     return diagnostic.native != 0 ? 0 : 1;
+}
+
+/// The states of a connection that was there. The others of their class are of one that is refused,
+/// which a living connection tells too, when a statement asks for an unknown database.
+bool IsOfBrokenWay(const OdbcDiagnostic& diagnostic) {
+    return diagnostic.state.starts_with("08S") || diagnostic.state == "08003" ||
+           diagnostic.state == "08006" || diagnostic.state == "08007";
 }
 
 /// Drivers end their words with line ends and zeros of their own.
@@ -67,9 +73,15 @@ std::string DescriptionOf(std::vector<OdbcDiagnostic> diagnostics) {
     return description;
 }
 
+OdbcFailure::OdbcFailure(const std::vector<OdbcDiagnostic>& diagnostics)
+    : Failure(FailureNumber::Database,
+              diagnostics.empty() ? "The database driver failed without a word."
+                                  : DescriptionOf(diagnostics),
+              FailureSource::Database),
+      tellsOfBrokenWay_(std::any_of(diagnostics.begin(), diagnostics.end(), IsOfBrokenWay)) {}
+
 void FailInWordsOfDriver(const OdbcHandle& handle) {
-    const std::string description = DescriptionOf(OdbcDiagnosticsOf(handle));
-    FailDatabase(description.empty() ? "The database driver failed without a word." : description);
+    throw OdbcFailure(OdbcDiagnosticsOf(handle));
 }
 
 } // namespace Quillane

@@ -2,6 +2,8 @@
 
 #include "platform/ado/OdbcHandle.h"
 
+#include "platform/runtime/Failure.h"
+
 #include <string>
 #include <vector>
 
@@ -24,7 +26,19 @@ std::vector<OdbcDiagnostic> OdbcDiagnosticsOf(const OdbcHandle& handle);
 /// the same words stand once.
 std::string DescriptionOf(std::vector<OdbcDiagnostic> diagnostics);
 
-/// Fails with all records of the handle.
+/// What the driver refuses, with all of its records.
+class OdbcFailure : public Failure {
+public:
+    explicit OdbcFailure(const std::vector<OdbcDiagnostic>& diagnostics);
+
+    /// Whether a record says that the way to the server is broken.
+    bool TellsOfBrokenWay() const { return tellsOfBrokenWay_; }
+
+private:
+    bool tellsOfBrokenWay_;
+};
+
+/// Fails (`OdbcFailure`) with all records of the handle.
 [[noreturn]] void FailInWordsOfDriver(const OdbcHandle& handle);
 
 } // namespace Quillane

@@ -4,6 +4,7 @@
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/OdbcCatalogue.h"
 #include "platform/ado/OdbcConnect.h"
+#include "platform/ado/OdbcDiagnostics.h"
 #include "platform/ado/OdbcParameters.h"
 #include "platform/ado/OdbcText.h"
 #include "platform/runtime/Failure.h"
@@ -77,7 +78,7 @@ void OdbcEngine::RunPlain(const std::string& statement) {
 }
 
 // A connection that cannot even be asked is none.
-bool OdbcEngine::IsLost() const {
+bool OdbcEngine::DriverCallsItDead() const {
     SQLUINTEGER dead = SQL_CD_FALSE;
     const SQLRETURN outcome = SQLGetConnectAttrW(connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead,
                                                  sizeof dead, nullptr);
@@ -96,11 +97,14 @@ bool OdbcEngine::TransactionIsOpen() {
     }
 }
 
+// Not every driver marks a broken connection as dead, and none mends it: from the first word of it
+// on every failure is one of the way to the server.
 void OdbcEngine::FailAfter(const Failure& failure) {
-    const bool isLost = IsLost();
+    const auto* told = dynamic_cast<const OdbcFailure*>(&failure);
+    isLost_ = isLost_ || (told && told->TellsOfBrokenWay()) || DriverCallsItDead();
     if (inTransaction_)
-        inTransaction_ = !isLost && TransactionIsOpen();
-    if (!isLost)
+        inTransaction_ = !isLost_ && TransactionIsOpen();
+    if (!isLost_)
         throw failure;
     FailAccess(failure.Number(), failure.Description() +
                                      "\nThe connection to the database server is lost. Start the "
@@ -130,8 +134,13 @@ void OdbcEngine::Rollback() {
     try {
         RunPlain(dialect_.rollback);
     } catch (const Failure&) {
-        SQLDisconnect(connection_.Get());
+        Leave();
     }
+}
+
+void OdbcEngine::Leave() {
+    SQLDisconnect(connection_.Get());
+    isLost_ = true;
 }
 
 std::vector<std::string> OdbcEngine::KeyColumns(std::string_view table) {

@@ -45,7 +45,8 @@ private:
     long ReadResults(const OdbcHandle& statement, ResultSet& result);
     OdbcHandle NewStatement() const;
     const std::vector<OdbcColumn>& ColumnsOf(const std::string& table);
-    bool IsLost() const;
+    void Leave();
+    bool DriverCallsItDead() const;
     bool TransactionIsOpen();
     [[noreturn]] void FailAfter(const Failure& failure);
 
@@ -56,6 +57,7 @@ private:
     int commandSeconds_;
     OdbcBlock block_;
     bool inTransaction_ = false; ///< as the server sees it
+    bool isLost_ = false;        ///< the way to the server is broken, for good
     std::map<std::string, std::vector<std::string>, std::less<>> keys_;
     std::map<std::string, std::vector<OdbcColumn>, std::less<>> columns_;
 };

@@ -4,7 +4,6 @@
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/OdbcConnect.h"
 
-#include <signal.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -52,7 +51,7 @@ PostgresServer::~PostgresServer() {
 void PostgresServer::ReadInfo() {
     std::ifstream info(infoFile_);
     std::string folder;
-    if (!std::getline(info, folder) || !(info >> port_ >> process_))
+    if (!std::getline(info, folder) || !std::getline(info, port_))
         throw std::runtime_error("no PostgreSQL server is told of in " + infoFile_);
 }
 
@@ -81,7 +80,8 @@ std::string PostgresServer::ConnectionString(std::string_view database,
 }
 
 void PostgresServer::Kill() const {
-    kill(process_, SIGQUIT);
+    if (!RunScript("kill '" + infoFile_ + "'"))
+        throw std::runtime_error("the PostgreSQL server cannot be killed");
 }
 
 PostgresDatabase::PostgresDatabase() {

@@ -24,7 +24,7 @@ public:
     /// What a connection is opened with; `more` is added to it.
     std::string ConnectionString(std::string_view database, std::string_view more = {}) const;
 
-    /// Ends the server at once, as a power cut would.
+    /// Ends the server at once, as a power cut would, and returns when it has gone.
     void Kill() const;
 
 private:
@@ -34,7 +34,6 @@ private:
     std::string infoFile_;
     bool isOwn_ = false;
     std::string port_;
-    int process_ = 0;
 };
 
 /// A fresh database on the shared server, dropped with this object.
