@@ -15,10 +15,12 @@ int Rank(const OdbcDiagnostic& diagnostic) {
 }
 
 /// The states of a connection that was there. The others of their class are of one that is refused,
-/// which a living connection tells too, when a statement asks for an unknown database.
+/// which a living connection tells too, when a statement asks for an unknown database. 57P is what
+/// a PostgreSQL server says that is going down.
 bool IsOfBrokenWay(const OdbcDiagnostic& diagnostic) {
-    return diagnostic.state.starts_with("08S") || diagnostic.state == "08003" ||
-           diagnostic.state == "08006" || diagnostic.state == "08007";
+    constexpr std::string_view states[] = {"08S", "08003", "08006", "08007", "57P"};
+    return std::any_of(std::begin(states), std::end(states),
+                       [&](std::string_view state) { return diagnostic.state.starts_with(state); });
 }
 
 /// Drivers end their words with line ends and zeros of their own.

@@ -28,6 +28,17 @@ TEST(DescriptionOf, IsEmptyForNoRecords) {
     EXPECT_EQ(DescriptionOf({}), "");
 }
 
+TEST(OdbcFailure, KnowsABrokenWayFromARefusal) {
+    for (const auto* state : {"08S01", "08003", "08007", "57P01"})
+        EXPECT_TRUE(OdbcFailure({{"01000", 0, "x"}, {state, 0, "y"}}).TellsOfBrokenWay()) << state;
+    for (const auto* state : {"08004", "08001", "42000", "HYT00", "01000"})
+        EXPECT_FALSE(OdbcFailure({{state, 0, "y"}}).TellsOfBrokenWay()) << state;
+}
+
+TEST(OdbcFailure, NeverComesWithoutAWord) {
+    EXPECT_EQ(OdbcFailure({}).Description(), "The database driver failed without a word.");
+}
+
 TEST(OdbcDiagnosticsOf, ReadsARecordWithItsStateAndItsWords) {
     const OdbcHandle environment = OdbcEnvironment();
     const OdbcHandle connection(SQL_HANDLE_DBC, environment);
