@@ -11,11 +11,13 @@ set -euo pipefail
 
 # One list for each purpose. What each library is for stands in README.md.
 build=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev libgl-dev
-    libsqlite3-dev libsodium-dev fontconfig fonts-liberation fonts-dejavu-core python3)
+    libsqlite3-dev unixodbc-dev libsodium-dev fontconfig fonts-liberation fonts-dejavu-core python3)
 walk=(xvfb xauth xdotool x11-utils openbox imagemagick poppler-utils)
-test=(libgtest-dev "${walk[@]}" sqlite3 procps)
+# A server that the tests start themselves, and its driver.
+servers=(postgresql odbc-postgresql)
+test=(libgtest-dev "${walk[@]}" sqlite3 procps "${servers[@]}" tdsodbc)
 checks=(git clang-format clang-tidy)
-bench=(libbenchmark-dev libxcb1-dev xvfb)
+bench=(libbenchmark-dev libxcb1-dev xvfb "${servers[@]}")
 
 is_installed() {
     [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

@@ -1,0 +1,34 @@
+-- The station's own tables and rows, in a database that already has the mill's tables and functions
+-- but was set up before the station kept users and a schema number. Unlike schema.sql it makes
+-- nothing of the mill's. It may be run twice.
+
+IF OBJECT_ID(N'dbo.StationUsers') IS NULL
+    CREATE TABLE dbo.StationUsers (
+        UserName     nvarchar(60) NOT NULL CONSTRAINT StationKeyOfStationUsers PRIMARY KEY,
+        PasswordHash nvarchar(200) NOT NULL,
+        UserLevel    int NOT NULL
+    );
+GO
+
+IF OBJECT_ID(N'dbo.Project_Registry') IS NULL
+    CREATE TABLE dbo.Project_Registry (
+        registrykey nvarchar(40) NOT NULL CONSTRAINT StationKeyOfProject_Registry PRIMARY KEY,
+        value       nvarchar(400) NULL
+    );
+GO
+
+INSERT INTO dbo.Project_Registry (registrykey, value)
+    SELECT N'CompanyName', N''
+    WHERE NOT EXISTS (SELECT 1 FROM dbo.Project_Registry WHERE registrykey = N'CompanyName');
+GO
+
+IF OBJECT_ID(N'dbo.StationSchema') IS NULL
+    CREATE TABLE dbo.StationSchema (
+        SchemaVersion float NOT NULL
+    );
+GO
+
+IF NOT EXISTS (SELECT 1 FROM dbo.StationSchema)
+    INSERT INTO dbo.StationSchema (SchemaVersion) VALUES (0);
+UPDATE dbo.StationSchema SET SchemaVersion = 1 WHERE SchemaVersion < 1;
+GO
