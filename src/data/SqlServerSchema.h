@@ -1,0 +1,21 @@
+#pragma once
+
+#include "data/EmbeddedSchema.h"
+#include "data/ScriptBatches.h"
+
+namespace Quillane {
+
+class Connection;
+
+/// Makes a station's database out of the database on SQL Server that the connection is on, which
+/// may be empty or hold a mill's accounts. Only what is missing is made: tables, functions, rows,
+/// roles. Particulars of the company that the database has already stay, and where it has users of
+/// stations nobody is added. Sample rows go into an empty database alone.
+///
+/// Needs the rights of the database's owner. Where it breaks off, by a failure or because
+/// `progress` answers no, what was made so far stays, hinders nobody, and the next call does the
+/// rest. Returns false where `progress` has answered no.
+bool SetUpSqlServerDatabase(Connection& connection, const NewDatabase& particulars,
+                            const ScriptProgress& progress = {});
+
+} // namespace Quillane
