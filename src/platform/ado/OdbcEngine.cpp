@@ -17,7 +17,8 @@ namespace Quillane {
 
 OdbcEngine::OdbcEngine(const ConnectionString& connection, const SignIn& signIn)
     : environment_(OdbcEnvironment()), connection_(ConnectByOdbc(environment_, connection, signIn)),
-      names_(connection_), dialect_(OdbcDialectOf(OdbcInformation(connection_, SQL_DBMS_NAME))),
+      dialect_(OdbcDialectOf(OdbcInformation(connection_, SQL_DBMS_NAME))),
+      names_(connection_, dialect_.server == OdbcDialect::Server::TSql),
       commandSeconds_(signIn.commandTimeoutSeconds) {
     if (!dialect_.setUp.empty())
         RunPlain(dialect_.setUp);
@@ -131,6 +132,8 @@ void OdbcEngine::Commit() {
 
 void OdbcEngine::Rollback() {
     inTransaction_ = false;
+    if (isLost_)
+        return;
     try {
         RunPlain(dialect_.rollback);
     } catch (const Failure&) {

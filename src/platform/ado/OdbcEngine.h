@@ -52,8 +52,8 @@ private:
 
     OdbcHandle environment_;
     OdbcHandle connection_;
-    OdbcNames names_;
     OdbcDialect dialect_;
+    OdbcNames names_;
     int commandSeconds_;
     OdbcBlock block_;
     bool inTransaction_ = false; ///< as the server sees it

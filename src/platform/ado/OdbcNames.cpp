@@ -44,10 +44,13 @@ std::string OdbcInformation(const OdbcHandle& connection, SQLUSMALLINT kind) {
     return FromOdbc(text.data(), std::min(told, text.size() - 1));
 }
 
-OdbcNames::OdbcNames(const OdbcHandle& connection)
-    : quote_(OdbcInformation(connection, SQL_IDENTIFIER_QUOTE_CHAR)) {
-    if (Trim(quote_).empty())
-        quote_ = "\"";
+OdbcNames::OdbcNames(const OdbcHandle& connection, bool usesBrackets)
+    : openingQuote_("["), closingQuote_("]") {
+    if (!usesBrackets) {
+        const std::string told = OdbcInformation(connection, SQL_IDENTIFIER_QUOTE_CHAR);
+        openingQuote_ = Trim(told).empty() ? "\"" : told;
+        closingQuote_ = openingQuote_;
+    }
     SQLGetInfoW(connection.Get(), SQL_IDENTIFIER_CASE, &wordCase_, sizeof wordCase_, nullptr);
     AddWords(SQL_ODBC_KEYWORDS, reserved_);
     AddWords(OdbcInformation(connection, SQL_KEYWORDS), reserved_);
@@ -74,10 +77,10 @@ bool OdbcNames::IsPlain(std::string_view name) const {
 std::string OdbcNames::ColumnInStatement(std::string_view column) const {
     if (IsPlain(column))
         return std::string(column);
-    std::string quoted = quote_;
+    std::string quoted = openingQuote_;
     for (const char c : column)
-        quoted += c == quote_.front() ? std::string(2, c) : std::string(1, c);
-    return quoted + quote_;
+        quoted += c == closingQuote_.front() ? std::string(2, c) : std::string(1, c);
+    return quoted + closingQuote_;
 }
 
 std::string OdbcNames::Spelled(std::string_view token) const {

@@ -18,8 +18,9 @@ struct OdbcTable {
 /// How the server spells and quotes names, as its driver tells.
 class OdbcNames {
 public:
-    /// Asks the driver of an open connection.
-    explicit OdbcNames(const OdbcHandle& connection);
+    /// Asks the driver of an open connection. SQL Server's brackets quote whatever its session is
+    /// set to, while what stands in quotation marks may be a name or a text there.
+    OdbcNames(const OdbcHandle& connection, bool usesBrackets);
 
     /// The column's name as a statement may hold it: plain where it is a plain word that the server
     /// leaves as it is, quoted otherwise.
@@ -34,7 +35,8 @@ private:
     bool KeepsCase(char c) const;
     std::string Spelled(std::string_view token) const;
 
-    std::string quote_;
+    std::string openingQuote_;
+    std::string closingQuote_;
     SQLUSMALLINT wordCase_ = SQL_IC_MIXED; ///< what becomes of a name without quotes
     std::vector<std::string> reserved_;    ///< in capitals, sorted
 };

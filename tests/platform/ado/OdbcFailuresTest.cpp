@@ -1,15 +1,6 @@
+#include "platform/ado/DeafPort.h"
 #include "platform/ado/OdbcOnPostgres.h"
 
-#include "platform/ado/ConnectionString.h"
-#include "platform/ado/OdbcConnect.h"
-
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 
 namespace Quillane {
@@ -22,31 +13,6 @@ bool Holds(const std::string& text, std::string_view part) {
 
 constexpr auto lost = "\nThe connection to the database server is lost. Start the program again to "
                       "connect anew.";
-
-/// A port on loopback that takes calls and never answers; with `listens` false, one that refuses.
-class DeafPort {
-public:
-    explicit DeafPort(bool listens) : socket_(socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        socklen_t size = sizeof address;
-        getsockname(socket_, reinterpret_cast<sockaddr*>(&address), &size);
-        number_ = ntohs(address.sin_port);
-        if (listens)
-            listen(socket_, 5);
-    }
-    ~DeafPort() { close(socket_); }
-    DeafPort(const DeafPort&) = delete;
-    DeafPort& operator=(const DeafPort&) = delete;
-
-    std::string Entry() const { return ";Server=127.0.0.1;Port=" + std::to_string(number_); }
-
-private:
-    int socket_;
-    int number_ = 0;
-};
 
 std::string FailureToOpen(const std::string& text) {
     Connection connection;
@@ -274,29 +240,6 @@ TEST_F(OdbcOnKilledPostgres, ASaveBreaksOffAndIsRolledBack) {
     EXPECT_TRUE(DatabaseFailureOf([&] { connection.CommitTrans(); }).ends_with(lost));
     connection.RollbackTrans();
     EXPECT_TRUE(DatabaseFailureOf([&] { connection.Execute("Select 1"); }).ends_with(lost));
-}
-
-/// The driver that a station uses on Linux, with nothing behind it.
-class FreeTds : public testing::Test {
-protected:
-    void SetUp() override {
-        if (OdbcDriverLibrary(ConnectionString("Driver=FreeTDS")).empty())
-            GTEST_SKIP() << "Debian's package tdsodbc is not installed";
-    }
-};
-
-TEST_F(FreeTds, TellsEveryRecordOfAServerThatIsAway) {
-    const DeafPort port(false);
-    const std::string words =
-        FailureToOpen("Driver=FreeTDS;Database=Account1;UID=a" + port.Entry());
-    EXPECT_TRUE(Holds(words, "Server is unavailable or does not exist")) << words;
-    EXPECT_TRUE(Holds(words, "\n[FreeTDS]")) << words;
-    EXPECT_TRUE(Holds(words, "Unable to connect to data source")) << words;
-}
-
-TEST_F(FreeTds, GivesUpOnAServerThatNeverAnswers) {
-    const DeafPort port(true);
-    EXPECT_NE(FailureToOpen("Driver=FreeTDS;Database=Account1;UID=a" + port.Entry()), "");
 }
 
 } // namespace

@@ -1,0 +1,136 @@
+// The schemas of the embedded database and of SQL Server hold the same.
+
+#include "data/EmbeddedScripts.h"
+#include "data/ScriptBatches.h"
+#include "data/SchemaUpgrade.h"
+#include "database/SchemaLines.h"
+#include "platform/ado/SqlTokens.h"
+#include "platform/runtime/Numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+namespace Quillane {
+
+namespace {
+
+SchemaLines OnlyIn(const SchemaLines& lines, const SchemaLines& others) {
+    SchemaLines only;
+    std::set_difference(lines.begin(), lines.end(), others.begin(), others.end(),
+                        std::inserter(only, only.end()));
+    return only;
+}
+
+std::size_t CountOf(const SchemaLines& lines, std::string_view beginning) {
+    return static_cast<std::size_t>(
+        std::count_if(lines.begin(), lines.end(),
+                      [=](const std::string& line) { return line.starts_with(beginning); }));
+}
+
+bool IsRow(const std::string& literals) {
+    return literals.find(',') != literals.npos && !literals.starts_with("('%Y");
+}
+
+/// The rows of literals in a script, blanks and the N of a Unicode text aside; in their order of
+/// text, since the two scripts need not fill their tables in the same order. Neither the arguments of
+/// a date counted back from today nor the length of a type are one.
+std::vector<std::string> LiteralRows(std::string_view script) {
+    std::vector<std::string> rows;
+    std::string row;
+    SqlTokens tokens(script);
+    for (SqlToken token = tokens.Next(); token.kind != SqlTokenKind::End; token = tokens.Next()) {
+        const std::string text(tokens.TextOf(token));
+        if (tokens.IsSymbol(token, '('))
+            row = text;
+        else if (tokens.IsSymbol(token, ')') && IsRow(row))
+            rows.push_back(row + text), row.clear();
+        else if (token.kind == SqlTokenKind::String || token.kind == SqlTokenKind::Number ||
+                 tokens.IsSymbol(token, ',') || tokens.IsSymbol(token, '-'))
+            row += row.empty() ? "" : text;
+        else if (text != "N" && UpperCase(text) != "NULL")
+            row.clear();
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+std::size_t Times(std::string_view text, std::string_view what) {
+    std::size_t times = 0;
+    for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, at + 1))
+        ++times;
+    return times;
+}
+
+} // namespace
+
+TEST(SchemaAgreement, TablesColumnsKeysLinksAndIndexesAreTheSame) {
+    const SchemaLines embedded = LinesOfEmbeddedSchema(EmbeddedScripts::Schema);
+    const SchemaLines server = LinesOfSqlServerSchema(EmbeddedScripts::SqlServerSchema);
+    EXPECT_EQ(OnlyIn(embedded, server), SchemaLines{}) << "only in the embedded schema";
+    EXPECT_EQ(OnlyIn(server, embedded), SchemaLines{}) << "only in the schema for SQL Server";
+}
+
+TEST(SchemaAgreement, LooksAtAllThereIs) {
+    const SchemaLines lines = LinesOfSqlServerSchema(EmbeddedScripts::SqlServerSchema);
+    EXPECT_EQ(CountOf(lines, "column "), 76U);
+    EXPECT_EQ(CountOf(lines, "key "), 16U);
+    EXPECT_EQ(CountOf(lines, "unique "), 3U);
+    EXPECT_EQ(CountOf(lines, "index "), 15U);
+    EXPECT_EQ(CountOf(lines, "link "), 13U);
+}
+
+TEST(SchemaAgreement, TheFirstStepMakesTheSameTables) {
+    EXPECT_EQ(LinesOfSqlServerSchema(EmbeddedScripts::SqlServerUpgradeTo1),
+              LinesOfEmbeddedSchema(EmbeddedScripts::UpgradeTo1));
+}
+
+TEST(SchemaAgreement, EachStepIsThereForBoth) {
+    for (const SchemaStep& step : SchemaSteps())
+        for (const char* folder : {"/embedded", "/sqlserver"})
+            EXPECT_TRUE(std::filesystem::exists(std::string(QUILLANE_DATABASE_FOLDER) + folder +
+                                                "/upgrade/to-" + NumberText(step.version) + ".sql"))
+                << folder << " " << step.version;
+}
+
+TEST(SchemaAgreement, BothEndOnTheNumberOfTheProgram) {
+    const std::string number = " (SchemaVersion) VALUES (" + NumberText(SchemaVersionOfProgram());
+    EXPECT_EQ(Times(EmbeddedScripts::Schema, "StationSchema" + number + ")"), 1U);
+    EXPECT_EQ(Times(EmbeddedScripts::SqlServerSchema, "StationSchema" + number + ")"), 1U);
+}
+
+TEST(SchemaAgreement, TheSettingsBeginWithTheSameValues) {
+    for (const std::string& row : LiteralRows(EmbeddedScripts::Schema)) {
+        if (Times(row, "','") != 1)
+            continue;
+        std::string wanted = row.substr(1, row.size() - 2);
+        wanted.insert(wanted.find("','") + 2, " N");
+        EXPECT_EQ(Times(EmbeddedScripts::SqlServerSchema, "SELECT N" + wanted + "\n"), 1U) << row;
+    }
+}
+
+TEST(SchemaAgreement, TheSampleRowsAreTheSame) {
+    const std::vector<std::string> rows = LiteralRows(EmbeddedScripts::SampleRows);
+    EXPECT_GT(rows.size(), 140U);
+    EXPECT_EQ(LiteralRows(EmbeddedScripts::SqlServerSampleRows), rows);
+}
+
+// What the server needs to fold a function into the query that calls it.
+TEST(SchemaAgreement, EachFunctionIsOneReturnOfOneExpression) {
+    std::size_t functions = 0;
+    for (const std::string& batch : ScriptBatches(EmbeddedScripts::SqlServerSchema)) {
+        if (Times(batch, "CREATE FUNCTION") == 0)
+            continue;
+        ++functions;
+        EXPECT_EQ(Times(batch, "WITH SCHEMABINDING"), 1U) << batch;
+        EXPECT_EQ(Times(batch, "    RETURN (SELECT "), 1U) << batch;
+        EXPECT_EQ(Times(batch, "BEGIN\n    RETURN ("), 1U) << batch;
+        EXPECT_EQ(Times(batch, "DECLARE") + Times(batch, "SET "), 0U) << batch;
+        EXPECT_EQ(Times(batch, "@"), 2U) << batch;
+    }
+    EXPECT_EQ(functions, 2U);
+}
+
+} // namespace Quillane
