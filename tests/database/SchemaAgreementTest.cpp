@@ -1,8 +1,8 @@
 // The schemas of the embedded database and of SQL Server hold the same.
 
 #include "data/EmbeddedScripts.h"
-#include "data/ScriptBatches.h"
 #include "data/SchemaUpgrade.h"
+#include "data/ScriptBatches.h"
 #include "database/SchemaLines.h"
 #include "platform/ado/SqlTokens.h"
 #include "platform/runtime/Numbers.h"

@@ -18,8 +18,7 @@ class Reader {
 public:
     explicit Reader(std::string_view script) {
         SqlTokens tokens(script);
-        for (SqlToken token = tokens.Next(); token.kind != SqlTokenKind::End;
-             token = tokens.Next())
+        for (SqlToken token = tokens.Next(); token.kind != SqlTokenKind::End; token = tokens.Next())
             words_.emplace_back(tokens.TextOf(token));
     }
 

@@ -3,6 +3,9 @@
 #include "platform/ado/TdsServer.h"
 #include "support/FailureOf.h"
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 
 namespace Quillane {
@@ -75,6 +78,25 @@ TEST_F(OdbcOnFreeTds, LiftsTheLimitOnLongTextsAndKnowsItsDatabase) {
     other.Open(server->ConnectionString());
     EXPECT_EQ(server->TakeArrived(), Texts({"SET TEXTSIZE 2147483647"}));
     EXPECT_EQ(other.DefaultDatabase(), "Account1");
+}
+
+// Case by case in a process of its own, since the driver manager remembers what it has read.
+TEST_F(OdbcOnFreeTds, IsFoundUnderTheNameThatAStationsConnectionStringHas) {
+    const std::filesystem::path folder = server->Folder() / "registered";
+    std::filesystem::create_directory(folder);
+    std::ofstream(folder / "odbcinst.ini") << "[SQL Server]\nDriver=libtdsodbc.so\n";
+    EXPECT_EXIT(
+        {
+            setenv("ODBCSYSINI", folder.c_str(), 1);
+            std::string text = server->ConnectionString();
+            text.replace(text.find("FreeTDS"), std::string_view("FreeTDS").size(), "SQL Server");
+            Connection station;
+            station.Open(text);
+            station.Execute("Select 'علی'");
+            std::_Exit(station.DefaultDatabase() == "Account1" ? 7 : 1);
+        },
+        testing::ExitedWithCode(7), "");
+    EXPECT_EQ(server->TakeArrived(), Texts({"SET TEXTSIZE 2147483647", "Select 'علی'"}));
 }
 
 TEST_F(OdbcOnFreeTds, ReadsEachTypeAsItsKind) {
@@ -209,6 +231,16 @@ TEST_F(OdbcOnFreeTds, RunsNothingMoreInATransactionThatTheServerHasEnded) {
     EXPECT_EQ(server->TakeArrived(),
               Texts({"BEGIN TRANSACTION", "Update into a deadlock", "SELECT @@TRANCOUNT",
                      "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION", "Select 2"}));
+}
+
+TEST_F(OdbcOnFreeTds, LeavesAServerThatRefusesToRollBack) {
+    connection.BeginTrans();
+    connection.Execute("Set refuse the rollback");
+    connection.RollbackTrans();
+    EXPECT_TRUE(Failing("Select 1").ends_with(lost));
+    connection.Close();
+    connection.Open(server->ConnectionString());
+    EXPECT_EQ(connection.Execute("Select 1").RecordCount(), 1);
 }
 
 TEST_F(OdbcOnFreeTds, BreaksAStatementOffAfterTheCommandTimeout) {

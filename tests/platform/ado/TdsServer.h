@@ -20,6 +20,8 @@ public:
     static std::string WhyMissing();
 
     std::string ConnectionString() const;
+    /// Its own, gone with it.
+    const std::filesystem::path& Folder() const { return folder_; }
 
     /// Every statement that arrived since the last call, with the values of its parameters behind
     /// bars: "UPDATE ... | int:7".
