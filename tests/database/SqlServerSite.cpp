@@ -1,0 +1,112 @@
+#include "database/SqlServerSite.h"
+
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace Quillane {
+
+namespace {
+
+constexpr const char* password = "Weigh-Bridge-2026";
+
+/// The connection string with another sign-in.
+std::string WithoutSignIn(const std::string& text) {
+    std::string without;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find(';', begin), text.size());
+        const std::string entry = text.substr(begin, end - begin);
+        const std::string key = UpperCase(Trim(entry.substr(0, entry.find('='))));
+        if (key != "UID" && key != "PWD" && key != "TRUSTED_CONNECTION")
+            without += entry + ";";
+        begin = end + 1;
+    }
+    return without;
+}
+
+} // namespace
+
+std::vector<std::string> RowsOf(Connection& connection, std::string_view query) {
+    std::vector<std::string> rows;
+    Recordset found = connection.Execute(query);
+    for (; !found.Eof(); found.MoveNext()) {
+        std::string row;
+        for (int field = 0; field < found.FieldCount(); ++field) {
+            const Value value = found.Fields(field);
+            row += (field > 0 ? "|" : "") + (value.IsNull() ? "Null" : value.Text());
+        }
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+std::vector<std::string> CatalogueOf(Connection& connection) {
+    std::vector<std::string> all;
+    for (const char* query :
+         {"Select TABLE_NAME, COLUMN_NAME, ORDINAL_POSITION, DATA_TYPE, IS_NULLABLE "
+          "From INFORMATION_SCHEMA.COLUMNS Order By TABLE_NAME, ORDINAL_POSITION",
+          "Select type, name, object_id From sys.objects Where is_ms_shipped = 0 "
+          "Order By type, name",
+          "Select O.name, I.index_id, I.is_unique From sys.indexes I Inner Join sys.objects O "
+          "On O.object_id = I.object_id Where O.is_ms_shipped = 0 Order By O.name, I.index_id"})
+        for (const std::string& row : RowsOf(connection, query))
+            all.push_back(row);
+    return all;
+}
+
+NewDatabase ParticularsOfServer() {
+    return {.companyName = "Veltrane Flour Mills",
+            .companyAddress = "14 Canal Road, O'Kara; -- \"ملتان\"",
+            .companyPhone = "044 555 0147",
+            .companyEmail = "gate@veltrane.example",
+            .userName = "Nadia",
+            .password = "grain",
+            .sampleRows = true,
+            .hashCost = HashCost::Minimum};
+}
+
+void SqlServerSite::SetUp() {
+    const std::string whyMissing = SqlServerDatabase::WhyMissing();
+    if (!whyMissing.empty())
+        GTEST_SKIP() << "SQL Server is not there: " << whyMissing;
+    database.emplace();
+    Con = std::make_unique<Connection>();
+    Con->Open(database->ConnectionString());
+    Con->CursorLocation = adUseClient;
+}
+
+void SqlServerSite::TearDown() {
+    Con.reset();
+}
+
+void SqlServerSite::MakeUntidySite() {
+    std::ifstream file(QUILLANE_TEST_FOLDER "/database/untidy-site.sql", std::ios::binary);
+    const std::string script{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_FALSE(script.empty());
+    RunScript(*Con, script);
+}
+
+RoleMember::RoleMember(Connection& owner, const SqlServerDatabase& database,
+                       const std::string& role)
+    : owner_(owner), name_("Gate_" + owner.DefaultDatabase()) {
+    owner_.Execute("CREATE LOGIN " + name_ + " WITH PASSWORD = '" + password + "'");
+    owner_.Execute("CREATE USER " + name_ + " FOR LOGIN " + name_);
+    owner_.Execute("ALTER ROLE " + role + " ADD MEMBER " + name_);
+    connection = std::make_unique<Connection>();
+    connection->Open(WithoutSignIn(database.ConnectionString()), name_, password);
+    connection->CursorLocation = adUseClient;
+}
+
+RoleMember::~RoleMember() {
+    connection.reset();
+    try {
+        owner_.Execute("DROP USER " + name_);
+        owner_.Execute("DROP LOGIN " + name_);
+    } catch (const Failure& failure) {
+        ADD_FAILURE() << failure.Description();
+    }
+}
+
+} // namespace Quillane

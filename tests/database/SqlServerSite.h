@@ -1,0 +1,57 @@
+#pragma once
+
+#include "data/Con.h"
+#include "data/EmbeddedSchema.h"
+#include "data/SqlServerSchema.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/SqlServerDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Quillane {
+
+/// Rows of a query, each as its fields joined by bars.
+std::vector<std::string> RowsOf(Connection& connection, std::string_view query);
+
+/// Tables, columns, keys, checks and functions of the database, and the text of the functions.
+std::vector<std::string> CatalogueOf(Connection& connection);
+
+NewDatabase ParticularsOfServer();
+
+/// `Con`, open on a fresh database of the SQL Server that the local file names, for its owner.
+/// Skipped, out loud, where there is no such file.
+class SqlServerSite : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    void SetUpStation() { SetUpSqlServerDatabase(*Con, ParticularsOfServer()); }
+    /// The mill's own tables, as untidy-site.sql in this folder makes them.
+    void MakeUntidySite();
+    std::string Ask(std::string_view query) { return Con->Execute(query).Fields(0).Text(); }
+
+    std::optional<SqlServerDatabase> database;
+};
+
+/// Someone who signs in to the test's database with one role and nothing else. The owner's
+/// connection must outlive it.
+class RoleMember {
+public:
+    RoleMember(Connection& owner, const SqlServerDatabase& database, const std::string& role);
+    ~RoleMember();
+    RoleMember(const RoleMember&) = delete;
+    RoleMember& operator=(const RoleMember&) = delete;
+
+    std::unique_ptr<Connection> connection;
+
+private:
+    Connection& owner_;
+    std::string name_;
+};
+
+} // namespace Quillane
