@@ -31,6 +31,14 @@ void RunTimers(const std::vector<Control*>& controls, void (*run)(Timer&)) {
     }
 }
 
+// A window that is maximised for the second time grows back to the size that Qt has painted before.
+// Qt then paints only as far as its normal size reaches, and leaves beside that what stood there.
+void PaintAnew(QWidget& window) {
+    for (QWidget* part : window.findChildren<QWidget*>()) {
+        part->update();
+    }
+}
+
 } // namespace
 
 std::vector<Screen*>& ShownScreens() {
@@ -191,6 +199,9 @@ void Screen::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
     if (loaded_) {
         RunEvent([this] { Form_Resize(); });
+    }
+    if (opensMaximized_) {
+        PaintAnew(*this);
     }
 }
 
