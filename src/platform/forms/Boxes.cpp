@@ -6,6 +6,7 @@
 #include "platform/forms/Timer.h"
 
 #include <QCoreApplication>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -51,11 +52,21 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+// Beside the title stand the frame's picture and its buttons, and Qt does not count on all of them.
+void WidenToTitle(QMessageBox& shown) {
+    constexpr int besideTitle = 150;
+    const int width = shown.fontMetrics().horizontalAdvance(shown.windowTitle()) + besideTitle;
+    if (auto* grid = qobject_cast<QGridLayout*>(shown.layout())) {
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
+}
+
 BoxAnswer ShowMessage(const Box& box, QWidget* parent) {
     const bool question = box.buttons == BoxButtons::YesNo;
     QMessageBox shown(IconOf(box.icon), ToQt(box.title), ToQt(box.text),
                       question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, parent);
     shown.setTextFormat(Qt::PlainText);
+    WidenToTitle(shown);
     if (!question) {
         shown.exec();
         return BoxAnswer::Ok;

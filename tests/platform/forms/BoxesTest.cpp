@@ -36,6 +36,17 @@ TEST(MessageBox, ShowsItsTextPlainlyUnderItsTitle) {
     MsgBox(Question("<b>Seller</b> & Co"));
 }
 
+// The frame's picture and buttons stand beside the title, which tells where the box comes from.
+TEST(MessageBox, IsWideEnoughForItsTitleHoweverShortItsText) {
+    for (const char* title : {"Quillane", "Confirmation", "A title of many words, as a file's"}) {
+        const VisitBox visit([&](QDialog& shown) {
+            EXPECT_GE(shown.width(), shown.fontMetrics().horizontalAdvance(title) + 140) << title;
+            PressIn(shown, Qt::Key_Return);
+        });
+        MsgBox(Critical("Overflow", title));
+    }
+}
+
 TEST(MessageBox, MayHaveAnEmptyTitle) {
     const VisitBox visit([](QDialog& shown) {
         EXPECT_EQ("", shown.windowTitle().toStdString());
