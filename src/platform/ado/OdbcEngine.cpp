@@ -101,7 +101,7 @@ bool OdbcEngine::TransactionIsOpen() {
 
 // Not every driver marks a broken connection as dead, and none mends it: from the first word of it
 // on every failure is one of the way to the server.
-void OdbcEngine::FailAfter(const Failure& failure) {
+void OdbcEngine::FailAfter(const Failure& failure, const std::string& whereLost) {
     const auto* told = dynamic_cast<const OdbcFailure*>(&failure);
     isLost_ = isLost_ || (told && told->TellsOfBrokenWay()) || DriverCallsItDead();
     if (inTransaction_)
@@ -110,7 +110,8 @@ void OdbcEngine::FailAfter(const Failure& failure) {
         throw failure;
     FailAccess(failure.Number(), failure.Description() +
                                      "\nThe connection to the database server is lost. Start the "
-                                     "program again to connect anew.");
+                                     "program again to connect anew." +
+                                     whereLost);
 }
 
 void OdbcEngine::Begin() {
@@ -122,11 +123,13 @@ void OdbcEngine::Begin() {
     inTransaction_ = true;
 }
 
+// The order may have reached the server, and only its answer be lost.
 void OdbcEngine::Commit() {
     try {
         RunPlain(dialect_.commit);
     } catch (const Failure& failure) {
-        FailAfter(failure);
+        FailAfter(failure, "\nIt is not known whether the database has still stored what was being "
+                           "saved: look for it before you enter it again.");
     }
     inTransaction_ = false;
 }

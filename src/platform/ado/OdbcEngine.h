@@ -48,7 +48,8 @@ private:
     void Leave();
     bool DriverCallsItDead() const;
     bool TransactionIsOpen();
-    [[noreturn]] void FailAfter(const Failure& failure);
+    /// `whereLost` is added to the words of a failure that is one of the way to the server.
+    [[noreturn]] void FailAfter(const Failure& failure, const std::string& whereLost = {});
 
     OdbcHandle environment_;
     OdbcHandle connection_;

@@ -1,6 +1,7 @@
 #include "platform/ado/Session.h"
 
 #include "platform/ado/AdoFailure.h"
+#include "platform/runtime/Failure.h"
 
 namespace Quillane {
 
@@ -8,14 +9,16 @@ long Session::Run(std::string_view statement, std::span<const Value> parameters,
                   ResultSet& result) {
     RefuseBrokenTransaction();
     Observe(statement);
-    return engine_->Run(statement, parameters, result);
+    long changed = -1;
+    OnEngine([&] { changed = engine_->Run(statement, parameters, result); });
+    return changed;
 }
 
 void Session::Begin() {
     if (inTransaction_)
         FailDatabase("A transaction is already open on this connection.");
     Observe("BeginTrans");
-    engine_->Begin();
+    OnEngine([&] { engine_->Begin(); });
     inTransaction_ = true;
 }
 
@@ -24,13 +27,13 @@ void Session::Commit() {
         FailDatabase("No transaction is open, so none can be committed.");
     RefuseBrokenTransaction();
     Observe("CommitTrans");
-    engine_->Commit();
+    OnEngine([&] { engine_->Commit(); });
     inTransaction_ = false;
 }
 
 void Session::Rollback() {
     if (!inTransaction_)
-        FailDatabase("No transaction is open, so none can be rolled back.");
+        FailDatabase(lastRefusal_ + "No transaction is open, so none can be rolled back.");
     Observe("RollbackTrans");
     inTransaction_ = false;
     engine_->Rollback();
@@ -39,6 +42,16 @@ void Session::Rollback() {
 void Session::Observe(std::string_view text) const {
     if (observer_)
         observer_(text);
+}
+
+void Session::OnEngine(const std::function<void()>& act) {
+    try {
+        act();
+        lastRefusal_.clear();
+    } catch (const Failure& failure) {
+        lastRefusal_ = failure.Description() + "\n";
+        throw;
+    }
 }
 
 void Session::RefuseBrokenTransaction() {

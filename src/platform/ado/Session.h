@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace Quillane {
@@ -25,6 +26,8 @@ public:
     long Run(std::string_view statement, std::span<const Value> parameters, ResultSet& result);
     void Begin();
     void Commit();
+    /// Where none is open it fails, and tells what the engine has refused before: a trap that rolls
+    /// back before it reports would bury that.
     void Rollback();
 
     Engine& EngineInUse() { return *engine_; }
@@ -32,10 +35,13 @@ public:
 private:
     void Observe(std::string_view text) const;
     void RefuseBrokenTransaction();
+    /// What the engine does, with a note of what it refuses.
+    void OnEngine(const std::function<void()>& act);
 
     std::unique_ptr<Engine> engine_;
     const Observer& observer_;
     bool inTransaction_ = false;
+    std::string lastRefusal_; ///< in the engine's words; empty once a statement has run again
 };
 
 } // namespace Quillane
