@@ -2,6 +2,7 @@
 
 #include "data/EmbeddedFunctions.h"
 #include "platform/runtime/Failure.h"
+#include "support/FailureOf.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -97,6 +98,19 @@ TEST(EmbeddedFunctions, FollowAPartyThatAnotherStationAddsAndRemoves) {
     EXPECT_TRUE(database.Ask(ask).IsNull());
 }
 
+TEST(EmbeddedFunctions, FollowTablesThatAnotherStationAlters) {
+    SampleDatabase database;
+    OtherStation other(database);
+    ASSERT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
+    other.Run("Alter Table Cities Rename Column CityName To Former");
+    EXPECT_EQ(FailureOf([&] { database.Ask(NameOf4); }).Description(),
+              "no such column: Cities.CityName");
+    other.Run("Alter Table Cities Add Column CityName Text");
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers");
+    other.Run("Update Cities Set CityName = 'Kasur'");
+    EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Kasur");
+}
+
 TEST(EmbeddedFunctions, SeeTheChangesOfAnOpenTransactionAndTheirRollback) {
     SampleDatabase database;
     constexpr const char* rename =
@@ -127,6 +141,85 @@ TEST(EmbeddedFunctions, ForgetNothingThatARefusedStatementTookBack) {
     EXPECT_EQ(database.Ask(NameOf19).Text(), "Noor Brothers-Sahiwal");
 }
 
+/// A session of its own, with nothing of the station's between it and the engine.
+class BareSession {
+public:
+    explicit BareSession(const SampleDatabase& database) {
+        EXPECT_EQ(sqlite3_open(database.folder.File("Account1.db").c_str(), &session_), SQLITE_OK);
+        RegisterEmbeddedFunctions(session_);
+    }
+    ~BareSession() { EXPECT_EQ(sqlite3_close(session_), SQLITE_OK); }
+    BareSession(const BareSession&) = delete;
+    BareSession& operator=(const BareSession&) = delete;
+
+    void Run(const char* statements) {
+        EXPECT_EQ(sqlite3_exec(session_, statements, nullptr, nullptr, nullptr), SQLITE_OK)
+            << statements << ": " << sqlite3_errmsg(session_);
+    }
+    /// The first cell of a query's only row.
+    std::string Ask(const char* query) {
+        std::string cell;
+        const auto keep = [](void* kept, int, char** cells, char**) {
+            *static_cast<std::string*>(kept) = cells[0];
+            return 0;
+        };
+        EXPECT_EQ(sqlite3_exec(session_, query, keep, &cell, nullptr), SQLITE_OK);
+        return cell;
+    }
+    sqlite3* Handle() { return session_; }
+
+private:
+    sqlite3* session_ = nullptr;
+};
+
+constexpr const char* Name4 =
+    "SELECT FunGetPartyName(PartyId) FROM Parties WHERE PartyId = '6010004'";
+constexpr const char* Rename = "UPDATE ChartOfAccounts SET AccountName = 'Noor & Co'";
+
+// Names are kept while the transaction only reads, and none of what it writes and takes back.
+TEST(EmbeddedFunctions, ForgetWhatATransactionThatBeganByReadingTakesBack) {
+    SampleDatabase database;
+    BareSession session(database);
+    session.Run("BEGIN");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+    session.Run(Rename);
+    EXPECT_EQ(session.Ask(Name4), "Noor & Co-Lahore");
+    session.Run("ROLLBACK");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+}
+
+TEST(EmbeddedFunctions, ForgetWhatIsTakenBackToASavepoint) {
+    SampleDatabase database;
+    BareSession session(database);
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+    session.Run("BEGIN; UPDATE Cities SET CityName = 'Kasur' WHERE CityId = 1; SAVEPOINT Inner");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Kasur");
+    session.Run(Rename);
+    EXPECT_EQ(session.Ask(Name4), "Noor & Co-Kasur");
+    session.Run("ROLLBACK TO Inner");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Kasur");
+    session.Run("COMMIT");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Kasur");
+}
+
+// A transaction that reads keeps to its one state of the database, however often others commit.
+TEST(EmbeddedFunctions, StayWithTheStateThatATransactionReads) {
+    SampleDatabase database;
+    OtherStation other(database);
+    BareSession session(database);
+    session.Run("BEGIN");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+    other.Run("Update ChartOfAccounts Set AccountName = 'Noor & Co'");
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+    EXPECT_EQ(session.Ask("SELECT FunGetPartyName(PartyId) FROM Parties WHERE PartyId = "
+                          "'6010019'"),
+              "Noor Brothers-Sahiwal")
+        << "looked up only now";
+    session.Run("COMMIT");
+    EXPECT_EQ(session.Ask(Name4), "Noor & Co-Lahore");
+}
+
 /// Steps a bare session's statement once and gives its first cell.
 std::string StepFor(sqlite3_stmt* statement) {
     EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
@@ -136,11 +229,9 @@ std::string StepFor(sqlite3_stmt* statement) {
 TEST(EmbeddedFunctions, KeepTheNamesOfOneReadingToItsEnd) {
     SampleDatabase database;
     OtherStation other(database);
-    sqlite3* session = nullptr;
-    ASSERT_EQ(sqlite3_open(database.folder.File("Account1.db").c_str(), &session), SQLITE_OK);
-    RegisterEmbeddedFunctions(session);
+    BareSession session(database);
     sqlite3_stmt* names = nullptr;
-    ASSERT_EQ(sqlite3_prepare_v2(session,
+    ASSERT_EQ(sqlite3_prepare_v2(session.Handle(),
                                  "SELECT FunGetPartyName(PartyId) FROM Parties WHERE PartyId IN "
                                  "('6010004', '6010019') ORDER BY PartyId",
                                  -1, &names, nullptr),
@@ -152,7 +243,24 @@ TEST(EmbeddedFunctions, KeepTheNamesOfOneReadingToItsEnd) {
     EXPECT_EQ(StepFor(names), "Noor & Co-Lahore");
     EXPECT_EQ(StepFor(names), "Noor & Co-Sahiwal");
     sqlite3_finalize(names);
-    EXPECT_EQ(sqlite3_close(session), SQLITE_OK);
+}
+
+// One's own change shows at once, also in what is being read; the engine reads on in the new state.
+TEST(EmbeddedFunctions, ShowAChangeThatTheirSessionMakesWhileItReads) {
+    SampleDatabase database;
+    BareSession session(database);
+    EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
+    sqlite3_stmt* names = nullptr;
+    ASSERT_EQ(sqlite3_prepare_v2(session.Handle(),
+                                 "SELECT FunGetPartyName('6010004') FROM Parties WHERE PartyId IN "
+                                 "('6010004', '6010019')",
+                                 -1, &names, nullptr),
+              SQLITE_OK);
+    EXPECT_EQ(StepFor(names), "Noor Brothers-Lahore");
+    session.Run(Rename);
+    EXPECT_EQ(StepFor(names), "Noor & Co-Lahore");
+    sqlite3_finalize(names);
+    EXPECT_EQ(session.Ask(Name4), "Noor & Co-Lahore");
 }
 
 TEST(EmbeddedFunctions, LetTheirSessionClose) {
