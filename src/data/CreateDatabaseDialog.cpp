@@ -1,10 +1,12 @@
 #include "data/CreateDatabaseDialog.h"
 
 #include "data/DialogLook.h"
+#include "data/SqlServerDialog.h"
+#include "data/SqlServerSetUp.h"
 #include "data/StationSetUp.h"
+#include "data/WaitingScreen.h"
 #include "data/modCommon.h"
 #include "platform/forms/Boxes.h"
-#include "platform/forms/Pointer.h"
 #include "platform/forms/Text.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
@@ -27,15 +29,19 @@ void TellAlert(const std::string& text) {
     MsgBox({.text = text, .title = Title, .icon = BoxIcon::Exclamation, .buttons = BoxButtons::Ok});
 }
 
-bool AskToUse(const std::string& file, const EmbeddedDatabase& found) {
-    const std::string company = found.companyName.empty() ? "no company" : found.companyName;
-    return MsgBox({.text = "There is already a database here:\r\n" + file + "\r\n(" + company +
-                           "; " + std::to_string(found.arrivals) + " arrivals, " +
-                           std::to_string(found.users) +
+bool AskToUse(const std::string& where, const std::string& companyName, long arrivals, long users) {
+    const std::string company = companyName.empty() ? "no company" : companyName;
+    return MsgBox({.text = "There is already a database here:\r\n" + where + "\r\n(" + company +
+                           "; " + std::to_string(arrivals) + " arrivals, " + std::to_string(users) +
                            " users)\r\n\r\nUse it as it is? Nothing in it is changed.",
                    .title = Title,
                    .icon = BoxIcon::Question,
                    .buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
+}
+
+std::string WhereOnServer(const SqlServerPlace& place) {
+    return place.database + " on " + place.server +
+           (place.port.empty() ? "" : ", port " + place.port);
 }
 
 std::string WhyUnusable(EmbeddedDatabase::Kind kind) {
@@ -55,15 +61,6 @@ bool IsPlausibleEmail(const std::string& text) {
            text.find(' ') == std::string::npos;
 }
 
-/// The hourglass for as long as it lives.
-class Hourglass {
-public:
-    Hourglass() { SetMousePointer(MousePointer::Hourglass); }
-    ~Hourglass() { SetMousePointer(MousePointer::Default); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
-
 } // namespace
 
 bool OfferExistingDatabase(const std::string& folder) {
@@ -75,7 +72,7 @@ bool OfferExistingDatabase(const std::string& folder) {
                   "\r\n\r\nIt is left as it is. Please move it away, and try again.");
         return false;
     }
-    if (!AskToUse(file, found))
+    if (!AskToUse(file, found.companyName, found.arrivals, found.users))
         return false;
     AdoptDatabase(folder, found.companyName);
     return true;
@@ -88,49 +85,68 @@ CreateDatabaseDialog::CreateDatabaseDialog(std::string folder)
 }
 
 void CreateDatabaseDialog::WireEvents() {
+    OptThisComputer.Click = [this] { OptThisComputer_Click(); };
+    OptSqlServer.Click = [this] { OptSqlServer_Click(); };
+    BtnServer.Click = [this] { BtnServer_Click(); };
     BtnCreate.Click = [this] { BtnCreate_Click(); };
     BtnCancel.Click = [this] { Unload(); };
+    SetTabOrder();
+}
+
+// The question of the place comes last in the order, and so before the first entry: most stations
+// leave it as it is, and begin with the company's name.
+void CreateDatabaseDialog::SetTabOrder() {
     int index = 0;
-    for (Control* control : Controls())
-        if (auto* visual = dynamic_cast<VisualControl*>(control))
-            visual->SetTabIndex(index++);
+    for (VisualControl* control : std::initializer_list<VisualControl*>{
+             &TxtCompanyName, &TxtCompanyAddress, &TxtCompanyPhone, &TxtCompanyEmail, &TxtUserName,
+             &TxtPassword, &TxtPasswordAgain, &ChkSampleRows, &BtnCreate, &BtnCancel,
+             &OptThisComputer, &OptSqlServer, &BtnServer})
+        control->SetTabIndex(index++);
 }
 
 void CreateDatabaseDialog::LayOut() {
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    AddButton(*buttons, BtnCreate, true);
+    AddButton(*buttons, BtnCancel, false);
+    auto* column = ScrollingColumn(*this, "Quillane", subtitle_, *buttons);
     auto* fields = new QGridLayout;
-    const auto add = [fields](std::string_view caption, std::string_view name, TextBox& box,
-                              int longest) {
+    LayOutFields(*fields);
+    column->addLayout(fields);
+    column->addStretch();
+    FitToDisplay(*this, 560);
+}
+
+void CreateDatabaseDialog::LayOutFields(QGridLayout& fields) {
+    const auto add = [&fields](std::string_view caption, std::string_view name, TextBox& box,
+                               int longest) {
         box.SetMaxLength(longest);
         box.SetAccessibleName(name);
-        AddField(*fields, caption, box);
+        AddField(fields, caption, box);
     };
-    AddHeading(*fields, "The company, as the slip shows it");
+    AddHeading(fields, "Where the weighments are kept");
+    AddOptions(fields, OptThisComputer, OptSqlServer);
+    AddTextAndButton(fields, place_, BtnServer);
+    AddHeading(fields, "The company, as the slip shows it");
     add("Company &name", "Company name", TxtCompanyName, 60);
     add("&Address", "Company address", TxtCompanyAddress, 120);
     add("P&hone", "Company phone", TxtCompanyPhone, 40);
     add("&E-mail", "Company e-mail", TxtCompanyEmail, 80);
-    AddHeading(*fields, "The first user, with full rights");
+    AddHeading(fields, "The first user, with full rights");
     add("&User name", "User name", TxtUserName, LongestUserName);
     add("&Password", "Password", TxtPassword, LongestPassword);
     add("Password a&gain", "Password again", TxtPasswordAgain, LongestPassword);
     TxtPassword.SetPassword(true);
     TxtPasswordAgain.SetPassword(true);
-    AddCheck(*fields, ChkSampleRows);
+    AddCheck(fields, ChkSampleRows);
     ChkSampleRows.SetToolTip("Parties, commodities and arrivals, all invented, and a second user "
                              "\"gate\" with restricted rights; leave them out at a working scale");
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    AddButton(*buttons, BtnCreate, true);
-    AddButton(*buttons, BtnCancel, false);
-    auto* column = DialogColumn(*this, "Quillane", subtitle_);
-    column->addLayout(fields);
-    column->addSpacing(6);
-    column->addLayout(buttons);
-    setFixedWidth(560);
 }
 
 void CreateDatabaseDialog::Form_Load() {
     TxtCompanyName.SetText(TheStation().CompanyNames[1]);
+    OptThisComputer.SetValue(true);
+    ShowPlace();
 }
 
 void CreateDatabaseDialog::Form_KeyDown(int& key, int shift) {
@@ -147,6 +163,20 @@ void CreateDatabaseDialog::Form_KeyDown(int& key, int shift) {
     }
 }
 
+void CreateDatabaseDialog::OptThisComputer_Click() {
+    ShowPlace();
+}
+
+void CreateDatabaseDialog::OptSqlServer_Click() {
+    ShowPlace();
+    if (!serverIsChosen_)
+        ChooseServer();
+}
+
+void CreateDatabaseDialog::BtnServer_Click() {
+    ChooseServer();
+}
+
 void CreateDatabaseDialog::BtnCreate_Click() {
     try {
         if (Validate())
@@ -158,7 +188,61 @@ void CreateDatabaseDialog::BtnCreate_Click() {
         Unload();
 }
 
+void CreateDatabaseDialog::ChooseServer() {
+    SqlServerDialog dialog;
+    if (serverIsChosen_)
+        dialog.Offer(server_, owner_);
+    dialog.ShowModal(this);
+    if (dialog.IsChosen) {
+        serverIsChosen_ = true;
+        server_ = dialog.Place;
+        owner_ = dialog.Owner;
+        contents_ = dialog.Contents;
+        UseServer();
+    } else if (!serverIsChosen_) {
+        OptThisComputer.SetValue(true);
+    }
+    ShowPlace();
+    if (Succeeded)
+        Unload();
+}
+
+// What the database has already is not asked.
+void CreateDatabaseDialog::UseServer() {
+    if (TxtCompanyName.Text().empty())
+        TxtCompanyName.SetText(contents_.companyName);
+    if (!contents_.isComplete) {
+        TxtCompanyName.SetFocus();
+        return;
+    }
+    try {
+        if (AskToUse(WhereOnServer(server_), contents_.companyName, contents_.arrivals,
+                     contents_.users))
+            CreateOnServer();
+    } catch (const Failure&) {
+        ShowError();
+    }
+    if (Succeeded)
+        return;
+    serverIsChosen_ = false;
+    OptThisComputer.SetValue(true);
+}
+
+void CreateDatabaseDialog::ShowPlace() {
+    BtnServer.SetEnabled(OptSqlServer.Value());
+    const bool onServer = OptSqlServer.Value() && serverIsChosen_;
+    place_.setText(
+        OptThisComputer.Value()
+            ? ToQt("In the file " + std::string(EmbeddedDatabaseName) + ".db beside the program")
+        : onServer ? ToQt(WhereOnServer(server_))
+                   : QString());
+}
+
 void CreateDatabaseDialog::Create() {
+    if (OptSqlServer.Value()) {
+        CreateOnServer();
+        return;
+    }
     if (LookAtEmbeddedDatabase(EmbeddedDatabasePath(folder_)).kind !=
         EmbeddedDatabase::Kind::None) {
         Succeeded = OfferExistingDatabase(folder_);
@@ -166,6 +250,20 @@ void CreateDatabaseDialog::Create() {
     }
     const Hourglass hourglass;
     SetUpStation(folder_, Particulars());
+    Succeeded = true;
+}
+
+void CreateDatabaseDialog::CreateOnServer() {
+    const NewDatabase particulars = Particulars();
+    const NewDatabase* missing = contents_.isComplete ? nullptr : &particulars;
+    const bool isReady = RunLongWork(Title, [&](LongWork& work) {
+        return MakeSqlServerDatabaseReady(server_, owner_, missing, work);
+    });
+    if (!isReady)
+        return;
+    const bool hasName = !contents_.companyName.empty();
+    PointToSqlServer(folder_, server_, hasName ? "" : particulars.companyName,
+                     contents_.companyName);
     Succeeded = true;
 }
 

@@ -45,9 +45,12 @@ void StoreCompanyName(const std::string& folder, const std::string& companyName)
     current = companyName;
 }
 
-void WriteConfigFile(const std::string& folder) {
-    WriteWhole(folder + "/Config.ini",
-               std::string("Server=(embedded);Database=") + EmbeddedDatabaseName + "\n");
+void WriteConfigFile(const std::string& folder, const std::string& fragment) {
+    WriteWhole(folder + "/Config.ini", ConfigFileText(fragment));
+}
+
+std::string EmbeddedFragment() {
+    return std::string("Server=(embedded);Database=") + EmbeddedDatabaseName;
 }
 
 std::vector<std::string> Lines(std::string_view text) {
@@ -95,13 +98,22 @@ std::string EmbeddedDatabasePath(const std::string& folder) {
 void SetUpStation(const std::string& folder, const NewDatabase& particulars) {
     CreateEmbeddedDatabase(EmbeddedDatabasePath(folder), particulars);
     StoreCompanyName(folder, particulars.companyName);
-    WriteConfigFile(folder);
+    WriteConfigFile(folder, EmbeddedFragment());
 }
 
 void AdoptDatabase(const std::string& folder, const std::string& companyName) {
     if (TheStation().CompanyNames[1].empty())
         StoreCompanyName(folder, companyName);
-    WriteConfigFile(folder);
+    WriteConfigFile(folder, EmbeddedFragment());
+}
+
+void PointToSqlServer(const std::string& folder, const SqlServerPlace& place,
+                      const std::string& newName, const std::string& storedName) {
+    if (!newName.empty())
+        StoreCompanyName(folder, newName);
+    else if (TheStation().CompanyNames[1].empty())
+        StoreCompanyName(folder, storedName);
+    WriteConfigFile(folder, ConfigFragment(place, DriverOfThisSystem()));
 }
 
 std::string WithCompanyName(std::string_view stationText, std::string_view companyName) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/EmbeddedSchema.h"
+#include "data/SqlServerPlace.h"
 
 #include <string>
 #include <string_view>
@@ -21,6 +22,12 @@ void SetUpStation(const std::string& folder, const NewDatabase& particulars);
 /// Points the station to the database that is there already. `companyName` is the name that the
 /// database holds; it becomes the station's where the station has none.
 void AdoptDatabase(const std::string& folder, const std::string& companyName);
+
+/// Points the station to a database on SQL Server that is ready for it. `newName` is the company's
+/// name that was given for a database without one; empty where the database has its own, which is
+/// `storedName` and becomes the station's where the station has none.
+void PointToSqlServer(const std::string& folder, const SqlServerPlace& place,
+                      const std::string& newName, const std::string& storedName);
 
 /// A station file's text with this name as company 1: the entry replaced, or put under its section,
 /// or both added at the end. Everything else stays as it is.

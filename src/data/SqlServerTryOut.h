@@ -1,0 +1,60 @@
+#pragma once
+
+#include "data/SqlServerPlace.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillane {
+
+class Connection;
+
+/// Who signs in for the set-up alone, because the station's own sign-in may not make tables. An
+/// empty name: the station's sign-in does it all.
+struct OwnerSignIn {
+    std::string userName{};
+    std::string password{};
+
+    bool IsGiven() const { return !userName.empty(); }
+};
+
+/// The same database with the owner's sign-in, where there is one.
+SqlServerPlace PlaceForSetUp(const SqlServerPlace& station, const OwnerSignIn& owner);
+
+/// What a database on SQL Server holds of a station's.
+struct SqlServerContents {
+    std::vector<std::string> missing; ///< tables and functions
+    bool isEmpty = false;             ///< all of them are missing
+    bool isComplete = false;          ///< nothing is missing, and somebody can sign in
+    bool mayBeMade = false;           ///< by whoever has looked
+    std::string collation;
+    std::string companyName;
+    long arrivals = 0;
+    long users = 0;
+};
+
+/// Looks without changing anything.
+SqlServerContents LookAtSqlServerDatabase(Connection& connection);
+
+/// How a try-out ended.
+struct TryOut {
+    bool works = false;
+    std::string answer; ///< for the person who sets the station up; below it the driver's own words
+    SqlServerContents contents;
+};
+
+/// Signs in as the station would and looks at the database; with an owner's sign-in also as the
+/// owner. Never fails: what goes wrong is in the answer.
+TryOut TrySqlServer(const SqlServerPlace& station, const OwnerSignIn& owner);
+
+/// Opens the database the way the start-up does, with a shorter wait.
+std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place);
+
+/// What is wrong where the place could not be opened, in plain words above the driver's.
+/// `serverAnswers`: the server takes the same sign-in for its own database "master".
+std::string WhyItDoesNotOpen(const SqlServerPlace& place, std::string_view wordsOfDriver,
+                             bool serverAnswers);
+
+} // namespace Quillane
