@@ -111,7 +111,8 @@ TEST_F(SchArrivalsKeys, EnterOnAButtonPressesIt) {
 }
 
 TEST_F(SchArrivalsKeys, EscAndCtrlQCloseWithNoughtFromEveryControl) {
-    for (const QKeyCombination key : {QKeyCombination(Qt::Key_Escape), Qt::CTRL | Qt::Key_Q}) {
+    for (const QKeyCombination key :
+         {QKeyCombination(Qt::Key_Escape), Qt::SHIFT | Qt::Key_Escape, Qt::CTRL | Qt::Key_Q}) {
         for (const std::string_view name : {"TxtFilterId", "TxtFilter", "GrdSch", "BtnSelect",
                                             "BtnClose", "DtpFromDate", "DtpToDate"}) {
             Open();
