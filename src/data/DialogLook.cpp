@@ -101,6 +101,7 @@ QVBoxLayout* ScrollingColumn(QDialog& dialog, std::string_view title, Label& sub
     scroll->setWidget(content);
     outer->addWidget(scroll, 1);
     buttons.setContentsMargins(24, 14, 24, 16);
+    buttons.setSpacing(10);
     outer->addLayout(&buttons);
     return column;
 }
@@ -177,8 +178,8 @@ void AddTextAndButton(QGridLayout& grid, Label& text, CommandButton& button) {
 
 void AddButton(QHBoxLayout& row, CommandButton& button, bool leading) {
     QWidget& widget = button.Widget();
-    widget.setMinimumSize(110, 38);
     SetFontSize(widget, 12, leading);
+    widget.setMinimumSize(std::max(110, widget.sizeHint().width() + 16), 38);
     if (leading) {
         QPalette palette = widget.palette();
         for (const auto group : {QPalette::Active, QPalette::Inactive}) {

@@ -68,6 +68,7 @@ void SqlServerDialog::LayOut() {
     column->addLayout(fields_);
     LookLikeText(answer_, 6);
     answer_.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    column->addSpacing(4);
     column->addWidget(&answer_);
     column->addStretch();
     FitToDisplay(*this, 760);

@@ -84,10 +84,11 @@ void WaitingScreen::Form_Unload(bool& cancel) {
 }
 
 void WaitingScreen::Form_KeyDown(int& key, int /*shift*/) {
-    if (key != Key::Escape)
-        return;
-    key = 0;
-    BtnBreakOff_Click();
+    if (key == Key::Escape)
+        BtnBreakOff_Click();
+    // Typed ahead for the screen below, Enter or a blank must not break anything off.
+    if (key == Key::Escape || key == Key::Return || key == Key::Space)
+        key = 0;
 }
 
 void WaitingScreen::BtnBreakOff_Click() {

@@ -44,12 +44,13 @@ private:
 /// False where it was broken off.
 bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>& work);
 
-/// Shows the progress of work until it has ended.
+/// Shows the progress of work until it has ended. Esc, the button by the mouse or its letter, and
+/// the window's close box break it off.
 class WaitingScreen : public Screen {
 public:
     WaitingScreen(const std::string& title, LongWork& work, std::future<void>& end);
 
-    CommandButton BtnBreakOff{*this, "BtnBreakOff", "&Break off"};
+    CommandButton BtnBreakOff{*this, "BtnBreakOff", "&Break off (Esc)"};
     Timer TmrLook{*this, "TmrLook", 50};
 
 protected:
