@@ -22,13 +22,14 @@ GRANT UPDATE ON dbo.Arrivals (ArrivalDate, PermitNo, CenterId, CommodityId, Sell
 GRANT SELECT, INSERT, DELETE ON dbo.ArrivalsBody TO StationOperator;
 GO
 
--- The pick lists, the searches and the slip.
+-- The pick lists, the searches and the slip. What the two functions read is here too: where a
+-- site's own function and its tables have different owners, it reads with the rights of its caller.
 GRANT SELECT ON dbo.ChartOfAccounts (AccountNo, AccountName, IsEditable) TO StationOperator;
 GRANT SELECT ON dbo.Parties (PartyId, CityId, Address, IsSeller, IsBuyer, IsBroker)
     TO StationOperator;
 GRANT SELECT ON dbo.Cities (CityId, CityName) TO StationOperator;
-GRANT SELECT ON dbo.Commodities (CommodityId, IsPurchaseable, IsSaleable, IsWheatCommodity)
-    TO StationOperator;
+GRANT SELECT ON dbo.Commodities (CommodityId, CommodityName, IsPurchaseable, IsSaleable,
+    IsWheatCommodity) TO StationOperator;
 GRANT SELECT ON dbo.BagsClasses (BagsClassId, BagsClass) TO StationOperator;
 GRANT SELECT ON dbo.BagsTypes (BagsTypeId, BagsType) TO StationOperator;
 GRANT SELECT ON dbo.PContracts (ContractId, PartyId) TO StationOperator;

@@ -2,7 +2,6 @@
 -- Dates count back from the day of set-up, so that the arrivals lie within what the search shows at
 -- first. They go into a database that has neither accounts nor arrivals, all of them or none.
 
-SET NOCOUNT ON;
 SET XACT_ABORT ON;
 GO
 

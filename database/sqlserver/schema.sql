@@ -12,7 +12,6 @@
 -- The name of a key, StationKeyOf..., tells later parts of the script that the table was made here:
 -- between such tables it draws relations, while it hangs nothing on a table of the site's own.
 
-SET NOCOUNT ON;
 SET XACT_ABORT ON;
 SET ANSI_NULLS ON;
 SET QUOTED_IDENTIFIER ON;
@@ -118,7 +117,8 @@ BEGIN
         BagWeight   float NULL,
         TareWeight  float NULL
     );
-    CREATE INDEX ArrivalsByDate ON dbo.Arrivals (ArrivalDate);
+    -- With what else the arrival search reads, so that its days are read from here alone.
+    CREATE INDEX ArrivalsByDate ON dbo.Arrivals (ArrivalDate) INCLUDE (CommodityId, SellerId);
     CREATE INDEX ArrivalsBySeller ON dbo.Arrivals (SellerId);
     CREATE INDEX ArrivalsByCommodity ON dbo.Arrivals (CommodityId);
     CREATE INDEX ArrivalsByCenter ON dbo.Arrivals (CenterId);
@@ -348,14 +348,20 @@ IF OBJECT_ID(N'dbo.StationKeyOfSaleRecoveryBody') IS NOT NULL
 GO
 
 -- The searches and lists call these for every row. Each is one RETURN of one expression, bound to
--- its tables, so that the server folds it into the query and reads the names with the rest of it. A
--- function must begin its batch, so it goes as a text. Neither trims: a site may pad its names, and
--- the party search shows them padded too.
+-- its tables, so that the server folds it into the query and reads the names with the rest of it.
+-- Over a table of the site's own it stays unbound, since a bound one would keep the site from changing
+-- its table. A function must begin its batch, so it goes as a text. Neither trims: a site may pad its
+-- names, and the party search shows them padded too.
 
+DECLARE @binding nvarchar(30) =
+    CASE WHEN OBJECT_ID(N'dbo.StationKeyOfChartOfAccounts') IS NOT NULL
+          AND OBJECT_ID(N'dbo.StationKeyOfParties') IS NOT NULL
+          AND OBJECT_ID(N'dbo.StationKeyOfCities') IS NOT NULL
+         THEN N'WITH SCHEMABINDING' ELSE N'' END;
 IF OBJECT_ID(N'dbo.FunGetPartyName') IS NULL
     EXEC (N'CREATE FUNCTION dbo.FunGetPartyName (@AccountNo nvarchar(60))
 RETURNS nvarchar(400)
-WITH SCHEMABINDING
+' + @binding + N'
 AS
 BEGIN
     RETURN (SELECT CASE WHEN Cities.CityName IS NULL THEN ChartOfAccounts.AccountName
@@ -367,10 +373,13 @@ BEGIN
 END');
 GO
 
+DECLARE @binding nvarchar(30) =
+    CASE WHEN OBJECT_ID(N'dbo.StationKeyOfCommodities') IS NOT NULL
+         THEN N'WITH SCHEMABINDING' ELSE N'' END;
 IF OBJECT_ID(N'dbo.FunGetCommodity') IS NULL
     EXEC (N'CREATE FUNCTION dbo.FunGetCommodity (@CommodityId int)
 RETURNS nvarchar(400)
-WITH SCHEMABINDING
+' + @binding + N'
 AS
 BEGIN
     RETURN (SELECT CommodityName FROM dbo.Commodities WHERE CommodityId = @CommodityId);

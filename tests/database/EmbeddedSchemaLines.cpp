@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace Quillane {
 
 namespace {
@@ -45,6 +48,13 @@ void Run(sqlite3* session, const char* text, SchemaLines* lines) {
 }
 
 } // namespace
+
+SchemaLines OnlyIn(const SchemaLines& lines, const SchemaLines& others) {
+    SchemaLines only;
+    std::set_difference(lines.begin(), lines.end(), others.begin(), others.end(),
+                        std::inserter(only, only.end()));
+    return only;
+}
 
 SchemaLines LinesOfEmbeddedSchema(const char* script) {
     sqlite3* session = nullptr;

@@ -18,6 +18,9 @@ namespace Quillane {
 /// Types go by the names that the embedded schema uses.
 using SchemaLines = std::set<std::string>;
 
+/// The lines that only the first of two schemas has.
+SchemaLines OnlyIn(const SchemaLines& lines, const SchemaLines& others);
+
 /// Runs the script on an embedded database in memory and asks that.
 SchemaLines LinesOfEmbeddedSchema(const char* script);
 

@@ -3,6 +3,8 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 
+#include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 
@@ -45,14 +47,29 @@ std::vector<std::string> RowsOf(Connection& connection, std::string_view query) 
 std::vector<std::string> CatalogueOf(Connection& connection) {
     std::vector<std::string> all;
     for (const char* query :
-         {"Select TABLE_NAME, COLUMN_NAME, ORDINAL_POSITION, DATA_TYPE, IS_NULLABLE "
-          "From INFORMATION_SCHEMA.COLUMNS Order By TABLE_NAME, ORDINAL_POSITION",
-          "Select type, name, object_id From sys.objects Where is_ms_shipped = 0 "
-          "Order By type, name",
-          "Select O.name, I.index_id, I.is_unique From sys.indexes I Inner Join sys.objects O "
-          "On O.object_id = I.object_id Where O.is_ms_shipped = 0 Order By O.name, I.index_id"})
+         {"Select O.name, C.name, C.column_id, C.system_type_id, C.max_length, C.precision, "
+          "C.scale, "
+          "C.is_nullable, C.is_identity, C.is_computed From sys.columns C "
+          "Inner Join sys.objects O On O.object_id = C.object_id Where O.is_ms_shipped = 0",
+          "Select type, name, object_id From sys.objects Where is_ms_shipped = 0",
+          "Select O.name, I.name, I.index_id, I.is_unique, I.is_primary_key From sys.indexes I "
+          "Inner Join sys.objects O On O.object_id = I.object_id Where O.is_ms_shipped = 0",
+          "Select definition From sys.sql_modules",
+          "Select name From sys.database_principals Where type = 'R'"})
         for (const std::string& row : RowsOf(connection, query))
             all.push_back(row);
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+std::vector<std::string> ContentsOf(Connection& connection) {
+    std::vector<std::string> all;
+    for (const std::string& table : RowsOf(connection, "Select TABLE_NAME From "
+                                                       "INFORMATION_SCHEMA.TABLES Where TABLE_TYPE "
+                                                       "= 'BASE TABLE'"))
+        for (const std::string& row : RowsOf(connection, "Select * From dbo." + table))
+            all.push_back(UpperCase(table) + ": " + row);
+    std::sort(all.begin(), all.end());
     return all;
 }
 
@@ -103,9 +120,25 @@ RoleMember::~RoleMember() {
     connection.reset();
     try {
         owner_.Execute("DROP USER " + name_);
-        owner_.Execute("DROP LOGIN " + name_);
     } catch (const Failure& failure) {
         ADD_FAILURE() << failure.Description();
+    }
+    DropLogin();
+}
+
+// The server may take a moment to notice that the connection has gone.
+void RoleMember::DropLogin() {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    for (;;) {
+        try {
+            owner_.Execute("DROP LOGIN " + name_);
+            return;
+        } catch (const Failure& failure) {
+            if (std::chrono::steady_clock::now() > end) {
+                ADD_FAILURE() << failure.Description();
+                return;
+            }
+        }
     }
 }
 

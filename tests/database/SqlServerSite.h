@@ -3,6 +3,7 @@
 #include "data/Con.h"
 #include "data/EmbeddedSchema.h"
 #include "data/SqlServerSchema.h"
+#include "database/SchemaLines.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/SqlServerDatabase.h"
 
@@ -18,8 +19,17 @@ namespace Quillane {
 /// Rows of a query, each as its fields joined by bars.
 std::vector<std::string> RowsOf(Connection& connection, std::string_view query);
 
-/// Tables, columns, keys, checks and functions of the database, and the text of the functions.
+/// Every column, object, index, role and function's text of the database. Objects carry their
+/// numbers: one that has been made anew is another one.
 std::vector<std::string> CatalogueOf(Connection& connection);
+
+/// What the server's catalogue says of the schema, in capitals: not every server keeps the case of
+/// names.
+SchemaLines LinesOfServer(Connection& connection);
+SchemaLines InCapitals(const SchemaLines& lines);
+
+/// Every row of every table, with the table's name in front.
+std::vector<std::string> ContentsOf(Connection& connection);
 
 NewDatabase ParticularsOfServer();
 
@@ -50,6 +60,8 @@ public:
     std::unique_ptr<Connection> connection;
 
 private:
+    void DropLogin();
+
     Connection& owner_;
     std::string name_;
 };
