@@ -57,9 +57,9 @@ std::optional<Date> WholeDay(std::string_view text) {
     return date.ok() ? std::optional<Date>(date) : std::nullopt;
 }
 
-std::string_view TextOf(sqlite3_stmt* statement, int column) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return {text ? text : "", static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+std::string_view TextOf(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 void ReadText(std::string_view text, bool isDate, ResultSet& result) {
@@ -87,18 +87,20 @@ std::vector<bool> SetColumns(sqlite3_stmt* statement, ResultSet& result) {
 void ReadRow(sqlite3_stmt* statement, const std::vector<bool>& dates, ResultSet& result) {
     result.BeginRow();
     for (int column = 0; column < static_cast<int>(dates.size()); ++column) {
-        switch (sqlite3_column_type(statement, column)) {
+        // A session without mutexes need not look the column up anew for its kind and each part.
+        sqlite3_value* value = sqlite3_column_value(statement, column);
+        switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
-            result.AddWhole(sqlite3_column_int64(statement, column));
+            result.AddWhole(sqlite3_value_int64(value));
             break;
         case SQLITE_FLOAT:
-            result.AddReal(sqlite3_column_double(statement, column));
+            result.AddReal(sqlite3_value_double(value));
             break;
         case SQLITE_NULL:
             result.AddNull();
             break;
         default:
-            ReadText(TextOf(statement, column), dates[static_cast<std::size_t>(column)], result);
+            ReadText(TextOf(value), dates[static_cast<std::size_t>(column)], result);
         }
     }
 }
