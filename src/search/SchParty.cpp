@@ -78,10 +78,14 @@ void SchParty::EmptySelection() {
 
 void SchParty::RefreshParties() {
     rows_ = std::make_shared<Recordset>();
-    // Where the statement fails no list stays that does not fit the filter.
-    Grid.SetDataSource(rows_);
-    rows_->Open(PartySearchStatement(TxtFilter.Text()), *Con, adOpenDynamic, adLockOptimistic,
-                adCmdUnspecified);
+    try {
+        rows_->Open(PartySearchStatement(TxtFilter.Text()), *Con, adOpenDynamic, adLockOptimistic,
+                    adCmdUnspecified);
+    } catch (const Failure&) {
+        // The list that no longer fits the filter goes before the box comes up.
+        Grid.SetDataSource(rows_);
+        throw;
+    }
     Grid.SetDataSource(rows_);
     Grid.Columns("ID").dataField = "PartyId";
     Grid.Columns("Name").dataField = "AccountName";
