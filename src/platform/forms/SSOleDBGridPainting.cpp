@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionHeader>
+#include <QTextLayout>
 
 #include <algorithm>
 
@@ -47,6 +48,13 @@ QString OneLine(QString text) {
             character = QChar::Space;
     }
     return text;
+}
+
+void LayOutOneLine(QTextLayout& layout) {
+    layout.setCacheEnabled(true);
+    layout.beginLayout();
+    layout.createLine().setNumColumns(static_cast<int>(layout.text().size()));
+    layout.endLayout();
 }
 
 } // namespace
@@ -126,15 +134,28 @@ void SSOleDBGrid::View::paintEvent(QPaintEvent* event) {
     const int count = LineCount();
     const std::vector<Strip> strips = Strips();
     const int first = event->rect().top() / lineHeight_;
-    const int last = event->rect().bottom() / lineHeight_;
-    for (int place = first; place <= last && TopLine() + place < count; ++place)
+    const int last = std::min(event->rect().bottom() / lineHeight_, count - TopLine() - 1);
+    for (int place = first; place <= last; ++place)
         PaintLine(painter, TopLine() + place,
                   QRect(0, place * lineHeight_, viewport()->width(), lineHeight_), strips);
+    PaintEdges(painter, first, last, strips);
     const auto current = CurrentLine();
     const QString told = current ? LineText(*current) : QString();
     if (told != accessibleDescription())
         setAccessibleDescription(told);
     NoticeNewRows(count);
+}
+
+// Filled, which takes a twentieth of the time of drawn lines, and each column's in one.
+void SSOleDBGrid::View::PaintEdges(QPainter& painter, int first, int last,
+                                   const std::vector<Strip>& strips) const {
+    const QColor colour = GridLineColour();
+    const int top = first * lineHeight_;
+    const int bottom = (last + 1) * lineHeight_;
+    for (const Strip& strip : strips)
+        painter.fillRect(QRect(strip.left + strip.width - 1, top, 1, bottom - top), colour);
+    for (int place = first; place <= last; ++place)
+        painter.fillRect(QRect(0, (place + 1) * lineHeight_ - 1, viewport()->width(), 1), colour);
 }
 
 // Its owner has closed the recordset, opened it anew or put another in its place. What the scroll
@@ -160,27 +181,26 @@ void SSOleDBGrid::View::PaintLine(QPainter& painter, int line, const QRect& plac
                             : palette().color(QPalette::Active, QPalette::HighlightedText);
         painter.fillRect(place, base);
     }
-    const QColor edge = GridLineColour();
-    for (const Strip& strip : strips) {
-        const QRect cell(strip.left, place.top(), strip.width, place.height());
-        painter.setPen(edge);
-        painter.drawLine(cell.topRight(), cell.bottomRight());
-        painter.setPen(text);
-        PaintCell(painter, ShownText(line, strip), cell);
-    }
-    painter.setPen(edge);
-    painter.drawLine(place.bottomLeft(), place.bottomRight());
+    painter.setPen(text);
+    for (const Strip& strip : strips)
+        PaintCell(painter, ShownText(line, strip),
+                  QRect(strip.left, place.top(), strip.width, place.height()));
 }
 
 void SSOleDBGrid::View::PaintCell(QPainter& painter, const QString& text, const QRect& cell) const {
     const QRect room = cell.adjusted(CellMargin, 0, -CellMargin, -1);
     if (text.isEmpty() || room.width() <= 0)
         return;
-    // From a point on, which Qt lays out once; within a rectangle it takes twice as long.
+    // Laid out once, to be measured and to be painted: most of a paint's time goes into this.
     const QFontMetrics letters = fontMetrics();
-    const int baseline = room.top() + (room.height() - letters.height()) / 2 + letters.ascent();
-    painter.drawText(QPoint(room.left(), baseline),
-                     letters.elidedText(text, Qt::ElideRight, room.width()));
+    const int top = room.top() + (room.height() - letters.height()) / 2;
+    QTextLayout layout(text, font());
+    LayOutOneLine(layout);
+    if (layout.lineAt(0).naturalTextWidth() > room.width()) {
+        layout.setText(letters.elidedText(text, Qt::ElideRight, room.width()));
+        LayOutOneLine(layout);
+    }
+    layout.draw(&painter, QPointF(room.left(), top));
 }
 
 void SSOleDBGrid::View::Header::paintEvent(QPaintEvent*) {

@@ -4,6 +4,7 @@
 #include "platform/forms/EventBoundary.h"
 #include "platform/forms/KeyCodes.h"
 #include "platform/forms/SSOleDBGridHeader.h"
+#include "platform/forms/SSOleDBGridScrollBar.h"
 #include "platform/forms/Screen.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
@@ -30,6 +31,7 @@ SSOleDBGrid::View::View(SSOleDBGrid& grid, QWidget& parent)
     setLineWidth(2);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBar(new SSOleDBGridScrollBar(this));
     // Always there, or the columns would shift as a filter is typed.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setFocusPolicy(Qt::NoFocus);

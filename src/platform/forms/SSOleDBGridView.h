@@ -77,6 +77,8 @@ private:
     void NoticeNewRows(int count);
     void PaintLine(QPainter& painter, int line, const QRect& place,
                    const std::vector<Strip>& strips) const;
+    /// The lines around the cells of the places in view from the first to the last.
+    void PaintEdges(QPainter& painter, int first, int last, const std::vector<Strip>& strips) const;
     void PaintCell(QPainter& painter, const QString& text, const QRect& cell) const;
 
     SSOleDBGrid& grid_;

@@ -9,19 +9,6 @@
 namespace Quillane {
 namespace {
 
-/// Counts the paints of a widget.
-class Paints : public QObject {
-public:
-    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
-
 TEST_F(SSOleDBGridTest, NamesItsKindAndItsColumnsWithoutRegardToCase) {
     EXPECT_EQ(grid.TypeName(), "SSOleDBGrid");
     const SSOleDBGrid::Column& column = grid.Columns("pARTY");

@@ -5,6 +5,7 @@
 #include "platform/forms/SSOleDBGrid.h"
 
 #include <QAbstractScrollArea>
+#include <QEvent>
 #include <QScrollBar>
 
 #include <gtest/gtest.h>
@@ -39,6 +40,19 @@ public:
 
 private:
     std::string folder_;
+};
+
+/// Counts the paints of a widget.
+class Paints : public QObject {
+public:
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
 };
 
 /// The ids 1 to `count` as ArrivalId, each with its AccountName "Party 1" and so on, and a date.

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QRect>
+#include <QScrollBar>
+
+namespace Quillane {
+
+/// A scroll bar that paints itself only where it would look different: among thousands of lines a
+/// few more or less, or one down, leave its slider where it is, and its paint costs more than that
+/// of ten lines.
+class SSOleDBGridScrollBar : public QScrollBar {
+public:
+    explicit SSOleDBGridScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {}
+
+protected:
+    void sliderChange(SliderChange change) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    /// What of the scroll bar's state is to be seen.
+    struct Look {
+        QRect slider;
+        bool atTop = false;
+        bool atEnd = false;
+        bool operator==(const Look&) const = default;
+    };
+    Look CurrentLook() const;
+
+    Look painted_;
+};
+
+} // namespace Quillane
