@@ -53,8 +53,6 @@ protected:
     FreshFolder folder;
     SqlServerDialog dialog;
 };
-Variable home_{"HOME", folder.path};
-};
 
 TEST_F(SqlServerDialogTest, IsFilledInByKeysFromTopToBottom) {
     Work([&](ScreenDriver& driver) {
