@@ -34,16 +34,31 @@ void TellUnreadable() {
 }
 
 void TellOlderServer(double version) {
+    std::string scripts;
+    for (const SchemaStep& step : SqlServerSchemaSteps())
+        if (step.version > version)
+            scripts += (scripts.empty() ? "to-" : ", to-") + NumberText(step.version) + ".sql";
     Tell("The database has the schema number " + NumberText(version) + ", this program needs " +
              NumberText(SchemaVersionOfProgram()) +
-             ".\r\nThe database is left as it is. Please ask the person who looks after it.",
+             ".\r\nThis station's sign-in may not change the database, so it is left as it is. "
+             "Please ask the person who looks after the database to start a station once with the "
+             "sign-in of the database's owner, or to run these scripts of the folder "
+             "database/sqlserver/upgrade: " +
+             scripts + ".",
          BoxIcon::Exclamation);
+}
+
+void UpgradeServer(Connection& connection, double version) {
+    if (MayChangeSchema(connection))
+        RunSqlServerSchemaSteps(connection, version, SqlServerSchemaSteps());
+    else
+        TellOlderServer(version);
 }
 
 void UpgradeFrom(Connection& connection, double version) {
     const std::string file = EmbeddedFileOf(connection);
     if (file.empty()) {
-        TellOlderServer(version);
+        UpgradeServer(connection, version);
         return;
     }
     CopyBeforeUpgrade(connection, file, SchemaVersionOfProgram());

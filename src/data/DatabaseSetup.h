@@ -12,7 +12,8 @@ public:
     /// so that a broken-off set-up is simply done again. Runs without a connection.
     void CreateDatabase();
     /// Runs the missing schema steps in order, each in a transaction, after a copy of an embedded
-    /// file. A database newer than the program is told and left alone.
+    /// file. A database newer than the program is told and left alone; so is an older one on SQL
+    /// Server where this station's sign-in may not change the schema.
     void UpgradeDatabase();
     bool Succeeded() const { return succeeded_; }
     double ProgramVersion() const;

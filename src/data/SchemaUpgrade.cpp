@@ -2,6 +2,7 @@
 
 #include "data/Catalogue.h"
 #include "data/EmbeddedScripts.h"
+#include "data/ScriptBatches.h"
 #include "platform/ado/Connection.h"
 #include "platform/forms/Text.h"
 #include "platform/runtime/Failure.h"
@@ -12,6 +13,7 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <functional>
 #include <vector>
 
 #ifndef _WIN32
@@ -39,19 +41,50 @@ std::vector<std::string> Statements(std::string_view script) {
     return statements;
 }
 
-void RunStep(Connection& connection, const SchemaStep& step) {
+void WriteVersion(Connection& connection, double version) {
+    connection.Execute("Delete From StationSchema");
+    connection.Execute("Insert Into StationSchema (SchemaVersion) Values (" + NumberText(version) +
+                       ")");
+}
+
+void InTransaction(Connection& connection, const std::function<void()>& work) {
     connection.BeginTrans();
     try {
-        for (const std::string& statement : Statements(step.script))
-            connection.Execute(statement);
-        connection.Execute("Delete From StationSchema");
-        connection.Execute("Insert Into StationSchema (SchemaVersion) Values (" +
-                           NumberText(step.version) + ")");
+        work();
         connection.CommitTrans();
     } catch (const Failure&) {
         connection.RollbackTrans();
         throw;
     }
+}
+
+void RunStep(Connection& connection, const SchemaStep& step) {
+    InTransaction(connection, [&] {
+        for (const std::string& statement : Statements(step.script))
+            connection.Execute(statement);
+        WriteVersion(connection, step.version);
+    });
+}
+
+double VersionInTable(Connection& connection) {
+    const Recordset rows = connection.Execute("Select SchemaVersion From StationSchema");
+    if (rows.RecordCount() == 0)
+        return 0;
+    if (rows.RecordCount() > 1)
+        return UnreadableSchemaVersion;
+    try {
+        const double version = rows.Fields(0).Number();
+        return version >= 0 ? version : UnreadableSchemaVersion;
+    } catch (const Failure&) {
+        return UnreadableSchemaVersion;
+    }
+}
+
+/// Holds off the other stations until the transaction ends; they then find the step done.
+bool IsStillMissing(Connection& connection, double version) {
+    connection.Execute("EXEC sp_getapplock @Resource = N'StationSchema', @LockMode = N'Exclusive'");
+    return connection.Execute("Select OBJECT_ID(N'dbo.StationSchema')").Fields(0).IsNull() ||
+           VersionInTable(connection) < version;
 }
 
 std::string Quoted(std::string_view text) {
@@ -90,30 +123,46 @@ std::span<const SchemaStep> SchemaSteps() {
     return steps;
 }
 
+std::span<const SchemaStep> SqlServerSchemaSteps() {
+    static const std::array<SchemaStep, 1> steps{
+        SchemaStep{1, EmbeddedScripts::SqlServerUpgradeTo1}};
+    return steps;
+}
+
 double SchemaVersionOfProgram() {
     return SchemaSteps().back().version;
 }
 
 double ReadSchemaVersion(Connection& connection) {
-    if (!TableExists(connection, "StationSchema"))
-        return 0;
-    const Recordset rows = connection.Execute("Select SchemaVersion From StationSchema");
-    if (rows.RecordCount() == 0)
-        return 0;
-    if (rows.RecordCount() > 1)
-        return UnreadableSchemaVersion;
-    try {
-        const double version = rows.Fields(0).Number();
-        return version >= 0 ? version : UnreadableSchemaVersion;
-    } catch (const Failure&) {
-        return UnreadableSchemaVersion;
-    }
+    return TableExists(connection, "StationSchema") ? VersionInTable(connection) : 0;
 }
 
 void RunSchemaSteps(Connection& connection, double from, std::span<const SchemaStep> steps) {
     for (const SchemaStep& step : steps)
         if (step.version > from)
             RunStep(connection, step);
+}
+
+void RunSqlServerSchemaSteps(Connection& connection, double from,
+                             std::span<const SchemaStep> steps) {
+    for (const SchemaStep& step : steps) {
+        if (step.version <= from)
+            continue;
+        InTransaction(connection, [&] {
+            if (!IsStillMissing(connection, step.version))
+                return;
+            RunScript(connection, step.script);
+            if (step.version == steps.back().version)
+                RunScript(connection, EmbeddedScripts::SqlServerRoles);
+            WriteVersion(connection, step.version);
+        });
+    }
+}
+
+bool MayChangeSchema(Connection& connection) {
+    const Recordset answer =
+        connection.Execute("Select HAS_PERMS_BY_NAME(DB_NAME(), N'DATABASE', N'CONTROL')");
+    return !answer.Fields(0).IsNull() && answer.Fields(0).Number() == 1;
 }
 
 std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, double toVersion) {

@@ -1,6 +1,7 @@
 #include "data/SqlServerSchema.h"
 
 #include "data/EmbeddedScripts.h"
+#include "data/SchemaUpgrade.h"
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
@@ -54,26 +55,66 @@ void AddUser(Recordset& users, const std::string& name, const std::string& passw
     users.Update();
 }
 
-void AddFirstUsers(Connection& connection, const NewDatabase& particulars) {
-    Recordset users = RowsToWrite(connection, "StationUsers");
-    if (users.RecordCount() > 0)
-        return;
-    AddUser(users, particulars.userName, particulars.password, 1, particulars.hashCost);
-    if (particulars.sampleRows && !EqualIgnoringCase(particulars.userName, SampleUserName))
-        AddUser(users, SampleUserName, SampleUserName, 2, particulars.hashCost);
+/// One row each or none: a broken-off set-up must not leave the first user without the second.
+void AddFirstUsers(Connection& connection, const NewDatabase& particulars, bool withSampleUser) {
+    connection.BeginTrans();
+    try {
+        Recordset users = RowsToWrite(connection, "StationUsers");
+        if (users.RecordCount() == 0) {
+            AddUser(users, particulars.userName, particulars.password, 1, particulars.hashCost);
+            if (withSampleUser && !EqualIgnoringCase(particulars.userName, SampleUserName))
+                AddUser(users, SampleUserName, SampleUserName, 2, particulars.hashCost);
+        }
+        connection.CommitTrans();
+    } catch (const Failure&) {
+        connection.RollbackTrans();
+        throw;
+    }
+}
+
+bool HasRowsOfAMill(Connection& connection) {
+    return connection
+               .Execute("Select (Select Count(*) From ChartOfAccounts) + "
+                        "(Select Count(*) From Arrivals)")
+               .Fields(0)
+               .Number() > 0;
+}
+
+[[noreturn]] void FailOnVersion(const std::string& text) {
+    throw Failure(FailureNumber::InvalidCall, text + " The database is left as it is.",
+                  FailureSource::Database);
+}
+
+/// Brings an older database up to date. One without a number is new, or its set-up was broken off:
+/// the script for a new one does the rest.
+void RunMissingSteps(Connection& connection) {
+    const double version = ReadSchemaVersion(connection);
+    if (version == UnreadableSchemaVersion)
+        FailOnVersion("The schema number of the database cannot be read: the table StationSchema "
+                      "must hold one row with a number.");
+    if (version > SchemaVersionOfProgram())
+        FailOnVersion("The database has the schema number " + NumberText(version) +
+                      ", which is newer than this program (" +
+                      NumberText(SchemaVersionOfProgram()) +
+                      "). Please install the newer program.");
+    if (version > 0)
+        RunSqlServerSchemaSteps(connection, version, SqlServerSchemaSteps());
 }
 
 } // namespace
 
 bool SetUpSqlServerDatabase(Connection& connection, const NewDatabase& particulars,
                             const ScriptProgress& progress) {
+    RunMissingSteps(connection);
     if (!RunScript(connection, EmbeddedScripts::SqlServerSchema, progress))
         return false;
-    if (particulars.sampleRows)
+    const bool withSampleRows = particulars.sampleRows && !HasRowsOfAMill(connection);
+    AddParticulars(connection, particulars);
+    AddFirstUsers(connection, particulars, withSampleRows);
+    // Behind the users, since these rows are what tells the next run that there is nothing to do.
+    if (withSampleRows)
         RunScript(connection, EmbeddedScripts::SqlServerSampleRows);
     RunScript(connection, EmbeddedScripts::SqlServerRoles);
-    AddParticulars(connection, particulars);
-    AddFirstUsers(connection, particulars);
     return true;
 }
 

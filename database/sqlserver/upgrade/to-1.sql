@@ -1,6 +1,9 @@
 -- The station's own tables and rows, in a database that already has the mill's tables and functions
 -- but was set up before the station kept users and a schema number. Unlike schema.sql it makes
 -- nothing of the mill's. It may be run twice.
+--
+-- A station that has signed in as the database's owner runs it by itself, in one transaction. By hand:
+--     sqlcmd -b -d <database> -i to-1.sql, and then the same with ../roles.sql
 
 IF OBJECT_ID(N'dbo.StationUsers') IS NULL
     CREATE TABLE dbo.StationUsers (

@@ -1,0 +1,207 @@
+// Schema numbers and steps on SQL Server.
+
+#include "database/SqlServerSite.h"
+
+#include "data/DatabaseSetup.h"
+#include "data/SchemaUpgrade.h"
+#include "platform/runtime/Failure.h"
+#include "support/BoxAnswers.h"
+
+#include <array>
+#include <thread>
+
+namespace Quillane {
+
+namespace {
+
+using Testing::BoxAnswers;
+
+Box Warned(const std::string& text) {
+    return {
+        .text = text, .title = "Quillane", .icon = BoxIcon::Exclamation, .buttons = BoxButtons::Ok};
+}
+
+} // namespace
+
+class SqlServerUpgrade : public SqlServerSite {
+protected:
+    void SetUp() override {
+        SqlServerSite::SetUp();
+        if (Con)
+            SetUpStation();
+    }
+    void Run(const std::string& statement) { Con->Execute(statement); }
+    bool Has(const std::string& table) {
+        return Ask("Select Count(*) From INFORMATION_SCHEMA.TABLES Where TABLE_NAME = '" + table +
+                   "'") == "1";
+    }
+    void UpgradeAs(Connection& connection) {
+        DatabaseSetupObject setup;
+        setup.SetConnection(connection);
+        ASSERT_NE(setup.DatabaseVersion(), setup.ProgramVersion());
+        setup.UpgradeDatabase();
+    }
+};
+
+TEST_F(SqlServerUpgrade, ReadsTheNumber) {
+    struct Case {
+        const char* statement;
+        double version;
+    };
+    constexpr Case cases[] = {
+        {"Update StationSchema Set SchemaVersion = 1", 1},
+        {"Update StationSchema Set SchemaVersion = 1.5", 1.5},
+        {"Update StationSchema Set SchemaVersion = -3", UnreadableSchemaVersion},
+        {"Insert Into StationSchema (SchemaVersion) Values (1)", UnreadableSchemaVersion},
+        {"Delete From StationSchema", 0},
+        {"Drop Table StationSchema", 0},
+    };
+    for (const Case& each : cases) {
+        Run(each.statement);
+        EXPECT_EQ(ReadSchemaVersion(*Con), each.version) << each.statement;
+    }
+}
+
+TEST_F(SqlServerUpgrade, TheOwnerBringsADatabaseWithoutTheStationsOwnTablesUpToDate) {
+    for (const char* table : {"StationSchema", "StationUsers", "Project_Registry"})
+        Run("Drop Table " + std::string(table));
+    UpgradeAs(*Con);
+    EXPECT_EQ(ReadSchemaVersion(*Con), SchemaVersionOfProgram());
+    EXPECT_EQ(RowsOf(*Con, "Select registrykey, value From Project_Registry"),
+              std::vector<std::string>{"CompanyName|"});
+    RoleMember station(*Con, *database, "StationOperator");
+    EXPECT_EQ(station.connection->Execute("Select * From StationUsers").RecordCount(), 0);
+}
+
+TEST_F(SqlServerUpgrade, TheOwnerBringsAnOlderNumberUpToDateAndKeepsAllRows) {
+    const auto contents = ContentsOf(*Con);
+    Run("Update StationSchema Set SchemaVersion = 0.5");
+    UpgradeAs(*Con);
+    EXPECT_EQ(ContentsOf(*Con), contents);
+}
+
+TEST_F(SqlServerUpgrade, AStationWithoutTheRightIsToldWhatToDo) {
+    Run("Update StationSchema Set SchemaVersion = 0.5");
+    const auto catalogue = CatalogueOf(*Con);
+    const auto contents = ContentsOf(*Con);
+    RoleMember station(*Con, *database, "StationOperator");
+    BoxAnswers answers;
+    answers.Expect(Warned(
+        "The database has the schema number 0.5, this program needs 1.\r\nThis station's sign-in "
+        "may not change the database, so it is left as it is. Please ask the person who looks "
+        "after the database to start a station once with the sign-in of the database's owner, or "
+        "to run these scripts of the folder database/sqlserver/upgrade: to-1.sql."));
+    UpgradeAs(*station.connection);
+    EXPECT_EQ(CatalogueOf(*Con), catalogue);
+    EXPECT_EQ(ContentsOf(*Con), contents);
+}
+
+TEST_F(SqlServerUpgrade, TheOwnersRightIsTold) {
+    RoleMember station(*Con, *database, "StationOperator");
+    EXPECT_TRUE(MayChangeSchema(*Con));
+    EXPECT_FALSE(MayChangeSchema(*station.connection));
+}
+
+TEST_F(SqlServerUpgrade, ANewerNumberIsToldAndLeftAlone) {
+    Run("Update StationSchema Set SchemaVersion = 99");
+    BoxAnswers answers;
+    answers.Expect(Warned("The database has the schema number 99, which is newer than this program "
+                          "(1).\r\nThe database is left as it is. Please install the newer program "
+                          "here."));
+    UpgradeAs(*Con);
+    EXPECT_EQ(ReadSchemaVersion(*Con), 99);
+}
+
+TEST_F(SqlServerUpgrade, RunsTheMissingStepsInOrder) {
+    constexpr std::array steps{
+        SchemaStep{1, "Create Table Never (Id int)"},
+        SchemaStep{1.5, "Create Table Half (Id int)\nGO\nInsert Into Half Values (1)\nGO\n"},
+        SchemaStep{2,
+                   "Insert Into Half Values (2)\nGO\nUpdate Half Set Id = 9 Where 'a;b' = 'a;b'"}};
+    RunSqlServerSchemaSteps(*Con, 1, steps);
+    EXPECT_EQ(ReadSchemaVersion(*Con), 2);
+    EXPECT_FALSE(Has("Never"));
+    EXPECT_EQ(Ask("Select Count(*) From Half Where Id = 9"), "2");
+}
+
+TEST_F(SqlServerUpgrade, RollsAFailedStepBackAndKeepsTheStepsBefore) {
+    constexpr std::array steps{
+        SchemaStep{2, "Create Table Good (Id int)"},
+        SchemaStep{3, "Create Table Lost (Id int)\nGO\nInsert Into NoSuchTable Values (1)"},
+        SchemaStep{4, "Create Table Later (Id int)"}};
+    EXPECT_THROW(RunSqlServerSchemaSteps(*Con, 1, steps), Failure);
+    EXPECT_EQ(ReadSchemaVersion(*Con), 2);
+    EXPECT_TRUE(Has("Good"));
+    EXPECT_FALSE(Has("Lost"));
+    EXPECT_FALSE(Has("Later"));
+}
+
+TEST_F(SqlServerUpgrade, TheLastStepBringsTheRightsOfTheRolesUpToDate) {
+    constexpr std::array steps{SchemaStep{
+        2, "Create Table GateSamples (Id int, TakenFrom int References Arrivals (ArrivalID))"}};
+    RoleMember station(*Con, *database, "StationOperator");
+    RunSqlServerSchemaSteps(*Con, 1, steps);
+    EXPECT_EQ(
+        station.connection->Execute("Select TOP 1 * From GateSamples Where TakenFrom=1034").State(),
+        adStateOpen);
+}
+
+TEST_F(SqlServerUpgrade, OfStationsThatStartTogetherOneRunsTheStep) {
+    Run("Create Table Once (Id int)");
+    constexpr std::array steps{SchemaStep{2, "Insert Into Once Values (1)"}};
+    std::vector<std::thread> stations;
+    for (int count = 0; count < 4; ++count)
+        stations.emplace_back([&] {
+            try {
+                Connection connection;
+                connection.Open(database->ConnectionString());
+                RunSqlServerSchemaSteps(connection, 1, steps);
+            } catch (const Failure& failure) {
+                ADD_FAILURE() << failure.Description();
+            }
+        });
+    for (std::thread& station : stations)
+        station.join();
+    EXPECT_EQ(Ask("Select Count(*) From Once"), "1");
+    EXPECT_EQ(ReadSchemaVersion(*Con), 2);
+}
+
+// ---- set-up on a database that is there ----
+
+TEST_F(SqlServerUpgrade, SetUpRunsTheMissingSteps) {
+    Run("Drop Table StationUsers");
+    Run("Update StationSchema Set SchemaVersion = 0.5");
+    SetUpStation();
+    EXPECT_EQ(ReadSchemaVersion(*Con), 1);
+    EXPECT_EQ(RowsOf(*Con, "Select UserName From StationUsers"), std::vector<std::string>{"Nadia"});
+}
+
+TEST_F(SqlServerUpgrade, SetUpLeavesADatabaseOfANewerProgramAlone) {
+    struct Case {
+        const char* statement;
+        const char* words;
+    };
+    constexpr Case cases[] = {
+        {"Update StationSchema Set SchemaVersion = 99",
+         "The database has the schema number 99, which is newer than this program (1). Please "
+         "install the newer program. The database is left as it is."},
+        {"Insert Into StationSchema (SchemaVersion) Values (1)",
+         "The schema number of the database cannot be read: the table StationSchema must hold one "
+         "row with a number. The database is left as it is."},
+    };
+    for (const Case& each : cases) {
+        Run(each.statement);
+        const auto catalogue = CatalogueOf(*Con);
+        const auto contents = ContentsOf(*Con);
+        try {
+            SetUpStation();
+            ADD_FAILURE() << each.statement;
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.Description(), each.words);
+        }
+        EXPECT_EQ(CatalogueOf(*Con), catalogue);
+        EXPECT_EQ(ContentsOf(*Con), contents);
+    }
+}
+
+} // namespace Quillane
