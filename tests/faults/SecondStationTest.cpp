@@ -1,0 +1,146 @@
+// A second station, a process of its own on the same server, takes the number of a weighment in
+// each of the gaps that a save leaves open.
+
+#include "faults/FaultsFixture.h"
+#include "faults/StationProcess.h"
+
+#include <algorithm>
+
+namespace Quillane::Testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string Clash = "The Arrival ID already exists. A new Arrival ID has been generated. "
+                          "Please save your record again";
+const std::string PrintQuestion = "Do you want to print?";
+
+class SecondStation : public FaultsTest {
+protected:
+    void SetUp() override {
+        FaultsTest::SetUp();
+        if (IsSkipped())
+            return;
+        second = std::make_unique<StationProcess>(database->ConnectionString(), "west");
+        station->FillIn("east-1");
+    }
+    void TearDown() override {
+        second.reset();
+        FaultsTest::TearDown();
+    }
+
+    /// The other one saves, from its press of the button to its print question.
+    void OtherSaves() {
+        second->Order("save");
+        otherTold = second->LinesOfOrder();
+    }
+    /// It does so just before the station's statement of that text is sent for the `time`th time.
+    void OtherSavesBefore(const std::string& statement, int time) {
+        station->OnStatement = [this, statement, time, seen = 0](std::string_view sent) mutable {
+            if (sent == statement && ++seen == time)
+                OtherSaves();
+        };
+    }
+    Lines PressSave() {
+        station->TakeBoxes();
+        Screen().BtnSave_Click();
+        Lines texts;
+        for (const Box& box : station->TakeBoxes())
+            texts.push_back(box.text);
+        return texts;
+    }
+    void ExpectEachWhole(int ofStation, int ofOther) {
+        EXPECT_EQ(Stored("east-1"), ofStation);
+        EXPECT_EQ(Stored("west-1"), ofOther);
+        EXPECT_EQ(Ask("Select Count(*) From ArrivalsBody Where ArrivalId Not In (Select ArrivalID "
+                      "From Arrivals)"),
+                  "0");
+        EXPECT_EQ(Ask("Select Count(*) From Arrivals Where ArrivalID Not In (Select ArrivalId From "
+                      "ArrivalsBody)"),
+                  "0");
+    }
+
+    const std::string Count = "Select Count(*) From Arrivals Where ArrivalID = 1043";
+    const std::string OtherStored = "stored west-1";
+    std::unique_ptr<StationProcess> second;
+    Lines otherTold;
+};
+
+TEST_F(SecondStation, ThatSavesWhileTheNumberIsShownSendsTheFirstToTheNextNumber) {
+    OtherSaves();
+    EXPECT_EQ(otherTold, (Lines{"begin", "commit", OtherStored}));
+    EXPECT_EQ(PressSave(), Lines{Clash});
+    EXPECT_EQ(Screen().TxtArrivalId.Text(), "1044");
+    ExpectEachWhole(0, 1);
+    EXPECT_EQ(PressSave(), Lines{PrintQuestion});
+    ExpectEachWhole(1, 1);
+}
+
+TEST_F(SecondStation, ThatSavesBetweenTheTwoLooksIsNoticedByTheSecond) {
+    OtherSavesBefore(Count, 2);
+    EXPECT_EQ(PressSave(), Lines{Clash});
+    EXPECT_EQ(PressSave(), Lines{PrintQuestion});
+    ExpectEachWhole(1, 1);
+}
+
+// The settled behaviour: nothing is held between the look and the write.
+TEST_F(SecondStation, ThatSavesBetweenTheLookAndTheReadingOfTheHeaderIsOverwrittenWhole) {
+    for (const char* moment : {"BeginTrans", "Select * from Arrivals Where ArrivalId=1043"}) {
+        SCOPED_TRACE(moment);
+        OtherSavesBefore(moment, 1);
+        EXPECT_EQ(PressSave(), Lines{PrintQuestion});
+        EXPECT_EQ(otherTold.back(), OtherStored);
+        ExpectEachWhole(1, 0);
+        EXPECT_EQ(Ask("Select Max(ArrivalID) From Arrivals"), "1043");
+        Run("Delete From ArrivalsBody Where ArrivalId = 1043");
+        Run("Delete From Arrivals Where ArrivalID = 1043");
+        second = std::make_unique<StationProcess>(database->ConnectionString(), "west");
+        StartAnew();
+        station->FillIn("east-1");
+    }
+}
+
+TEST_F(SecondStation, ThatSavesBehindTheReadingOfTheHeaderMakesTheKeyRefuseTheFirst) {
+    bool hasSaved = false;
+    station->OnStatement = [&](std::string_view sent) {
+        if (!hasSaved && sent.starts_with("INSERT INTO Arrivals ")) {
+            hasSaved = true;
+            OtherSaves();
+        }
+    };
+    const auto entries = station->Entries();
+    const Lines refused = PressSave();
+    ASSERT_EQ(refused.size(), 1U);
+    EXPECT_TRUE(Holds(refused[0], "uplicate key") || Holds(refused[0], "PRIMARY KEY"))
+        << refused[0];
+    EXPECT_EQ(station->Entries(), entries);
+    ExpectEachWhole(0, 1);
+    EXPECT_EQ(PressSave(), Lines{Clash});
+    EXPECT_EQ(PressSave(), Lines{PrintQuestion});
+    ExpectEachWhole(1, 1);
+}
+
+// From its insert on the number belongs to the first, and the other one, which has seen it free,
+// waits at its own.
+TEST_F(SecondStation, ThatSavesBehindTheInsertWaitsAndIsRefused) {
+    bool hasBegun = false;
+    station->OnStatement = [&](std::string_view sent) {
+        if (!hasBegun && sent == "Update Arrivals Set IsPosted=0 where arrivalid=1043") {
+            hasBegun = true;
+            second->Order("save");
+            EXPECT_EQ(second->NextLine(), "begin");
+        }
+    };
+    EXPECT_EQ(PressSave(), Lines{PrintQuestion});
+    const Lines told = second->LinesOfOrder();
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told.back(), "kept");
+    ExpectEachWhole(1, 0);
+    second->Order("save");
+    EXPECT_EQ(second->LinesOfOrder().back(), "stored west-2");
+    ExpectEachWhole(1, 0);
+    EXPECT_EQ(Stored("west-2"), 1);
+}
+
+} // namespace
+} // namespace Quillane::Testing

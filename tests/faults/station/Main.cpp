@@ -1,0 +1,105 @@
+// A station of its own on SQL Server, for the tests of two stations and of a killed server:
+//
+//     FaultsStation <connection string> <name>
+//
+// It writes "ready" and does what it reads, line by line: "save" enters a new weighment and presses
+// the save button until it is stored or a failure is reported; "work" does so until a failure is.
+// The driver of each weighment is the name and a serial number, "west-17".
+//
+// It writes what happened, one line each: "begin" and "commit" before a transaction begins or ends,
+// "stored <driver>" once a save is through, "box <title>: <text>" for every box but questions, a
+// line end in it being a bar, "kept" or "lost" behind a failure: whether the entries still stand on
+// the screen; and "done" behind each order.
+
+#include "faults/ServerStation.h"
+#include "platform/forms/Application.h"
+#include "platform/runtime/Failure.h"
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+
+namespace Quillane::Testing {
+namespace {
+
+class Worker {
+public:
+    Worker(ServerStation& station, std::string name) : station_(station), name_(std::move(name)) {
+        station.whileBoxIsUp = [this](const Box& box) { Tell(box); };
+    }
+
+    void Save() {
+        driver_ = name_ + "-" + std::to_string(++serial_);
+        hasFailed_ = false;
+        station_.FillIn(driver_, 1 + serial_ % 4);
+        while (station_.screen->BtnSave.Enabled() && !hasFailed_)
+            station_.screen->BtnSave_Click();
+        if (hasFailed_)
+            std::cout << (EntriesAreKept() ? "kept" : "lost") << std::endl;
+    }
+    void Work() {
+        do
+            Save();
+        while (!hasFailed_);
+    }
+
+private:
+    bool EntriesAreKept() const {
+        const FrmWeighment& screen = *station_.screen;
+        return screen.TxtDriverName.Text() == driver_ && screen.TxtNetWeight.Text() == "8203" &&
+               screen.BagRows.RowCount() == 1 + serial_ % 4 && screen.BtnSave.Enabled();
+    }
+
+    void Tell(const Box& box) {
+        if (box.buttons == BoxButtons::YesNo) {
+            std::cout << "stored " << driver_ << std::endl;
+            return;
+        }
+        std::string text = box.text;
+        std::replace(text.begin(), text.end(), '\n', '|');
+        std::cout << "box " << box.title << ": " << text << std::endl;
+        hasFailed_ = hasFailed_ || box.icon == BoxIcon::Critical;
+    }
+
+    ServerStation& station_;
+    std::string name_;
+    std::string driver_;
+    int serial_ = 0;
+    bool hasFailed_ = false;
+};
+
+int Run(const std::string& connectionString, const std::string& name) {
+    ServerStation station(connectionString);
+    station.OnStatement = [](std::string_view statement) {
+        if (statement == "BeginTrans")
+            std::cout << "begin" << std::endl;
+        else if (statement == "CommitTrans")
+            std::cout << "commit" << std::endl;
+    };
+    Worker worker(station, name);
+    std::cout << "ready" << std::endl;
+    for (std::string order; std::getline(std::cin, order);) {
+        order == "work" ? worker.Work() : worker.Save();
+        std::cout << "done" << std::endl;
+    }
+    return 0;
+}
+
+} // namespace
+} // namespace Quillane::Testing
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::cerr << "FaultsStation <connection string> <name>\n";
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    Quillane::Application application(argc, argv);
+    Quillane::Application::setApplicationName("Quillane");
+    try {
+        return Quillane::Testing::Run(argv[1], argv[2]);
+    } catch (const Quillane::Failure& failure) {
+        std::cout << "failed " << failure.Description() << std::endl;
+        return 1;
+    }
+}
