@@ -1,0 +1,270 @@
+// The weighment screen on a mill's untidy accounting database, under a station's rights alone.
+
+#include "database/SqlServerSite.h"
+
+#include "data/PasswordHash.h"
+#include "data/Services.h"
+#include "platform/comm/PseudoTerminal.h"
+#include "platform/runtime/Date.h"
+#include "platform/runtime/Numbers.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+#include "weighment/FrmWeighment.h"
+
+namespace Quillane {
+
+namespace {
+
+using namespace Testing;
+using Texts = std::vector<std::string>;
+
+const Box printBox{.text = "Do you want to print?",
+                   .title = "Confirmation",
+                   .icon = BoxIcon::Question,
+                   .buttons = BoxButtons::YesNo,
+                   .defaultButton = BoxAnswer::No};
+
+/// As the site's catalogue spells the table, which differs from server to server.
+Box UsedIn(const std::string& table) {
+    return Alert("Cannot updated this invoice because it is used in (" + table + ") table",
+                 BoxIcon::Exclamation);
+}
+
+} // namespace
+
+class UntidySiteScreen : public SqlServerSite {
+protected:
+    void SetUp() override {
+        SqlServerSite::SetUp();
+        if (!Con)
+            return;
+        MakeUntidySite();
+        SetUpSqlServerDatabase(*Con, ParticularsOfServer());
+        station.emplace(*Con, *database, "StationOperator");
+        owner = Con.get();
+        Con.swap(station->connection);
+        CompanyProfile->SetConnection(*Con);
+        CompanyProfile->Load();
+        UserLogin->SetConnection(*Con);
+        UserLogin->SignIn("Nadia", "grain");
+        SetClock([] {
+            return Date{std::chrono::year(2026), std::chrono::month(11), std::chrono::day(20)};
+        });
+        MSComm::SetDevices([this](int) { return line.Device(); });
+        screen = std::make_unique<FrmWeighment>();
+        screen->Show();
+    }
+    void TearDown() override {
+        screen.reset();
+        MSComm::SetDevices({});
+        SetClock({});
+        CompanyProfile.Release();
+        UserLogin.Release();
+        if (station)
+            Con.swap(station->connection);
+        station.reset();
+        SqlServerSite::TearDown();
+    }
+
+    ScreenDriver Keys() { return ScreenDriver(*screen); }
+    Texts Rows(const std::string& query) { return RowsOf(*owner, query); }
+    void Open(std::int16_t id) { screen->LoadArrival(id); }
+    /// The name of a table as the dependent-record test will tell it.
+    std::string TableAsTold(const std::string& name) {
+        for (const std::string& row :
+             Rows("Select name From sys.tables Where name = '" + name + "'"))
+            return row;
+        return name;
+    }
+    void SaveOpened() {
+        screen->SetButtonState(2);
+        screen->BtnSave_Click();
+    }
+    std::string Header(int id) {
+        return Rows("Select RecordNo, ArrivalID, COMPANYID, PERMITNO, CENTERID, CONTRACTID, "
+                    "ISPOSTED, NOOFBAGS, Notes From ARRIVALS Where ArrivalID = " +
+                    std::to_string(id))
+            .at(0);
+    }
+    Texts Body(int id) {
+        return Rows("Select COMMODITYID, BAGSCLASSID, BAGSTYPEID, NOOFBAGS, RTRIM(VEHICLENO), "
+                    "TAREWEIGHT, SCALEDEDUCTION, BAGWEIGHT, OTHERDEDUCTION, NETWEIGHT, "
+                    "RTRIM(DRIVERNAME), RTRIM(BILTYNO), VEHICLENOTEXT, LineGross From ARRIVALSBODY "
+                    "Where ARRIVALID = " +
+                    std::to_string(id) + " Order By NOOFBAGS Desc, TAREWEIGHT Desc");
+    }
+    void SetBagLine(const char* bagClass, const char* bagType, const char* quantity) {
+        Keys()
+            .Type(bagClass)
+            .Press(Qt::Key_Right)
+            .Type(bagType)
+            .Press(Qt::Key_Right)
+            .Type(quantity);
+    }
+
+    PseudoTerminal line;
+    std::optional<RoleMember> station;
+    Connection* owner = nullptr;
+    std::unique_ptr<FrmWeighment> screen;
+};
+
+TEST_F(UntidySiteScreen, ShowsTheNextIdAndFillsItsLists) {
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "16");
+    EXPECT_EQ(screen->CboSeller.Array()->RowCount(), 3);
+    EXPECT_EQ(screen->CboCommodity.Array()->RowCount(), 1);
+    EXPECT_EQ(screen->CboBagClass.Array()->RowCount(), 2);
+    EXPECT_EQ(screen->CboBagType.Array()->RowCount(), 2);
+    EXPECT_EQ(Trim(screen->CboCommodity.Array()->Get(0, 0)), "Wheat");
+    screen->PortSettingsRows.SetFilter("");
+    EXPECT_EQ(screen->PortSettingsRows.RecordCount(), 5);
+}
+
+TEST_F(UntidySiteScreen, ANewWeighmentIsEnteredByKeysAndSaved) {
+    Keys().Press(Qt::Key_Return).Press(Qt::Key_Return);
+    Keys().Type("Wheat").Press(Qt::Key_Return).Press(Qt::Key_Return);
+    Keys().Type("Zahid").Press(Qt::Key_Return);
+    EXPECT_EQ(screen->CboSeller.Text(), "Zahid Traders (601)");
+    screen->TxtInitialGrossWeight.SetText("12540");
+    screen->TxtTareWeight.SetText("4320");
+    screen->ComputeGrossWeight();
+    screen->TxtDeduction.SetText("17");
+    screen->TxtVehicleNo.SetText("LEB-4217");
+    screen->TxtDriverName.SetText("Ghulam Rasool");
+    screen->TxtBuiltyNo.SetText("B-7781");
+    screen->Grid.SetFocus();
+    SetBagLine("Jute", "100", "60");
+    BoxAnswers answers;
+    answers.Expect(Question("Are you sure to save this Weighment?"), BoxAnswer::Yes);
+    answers.Expect(printBox, BoxAnswer::No);
+    Keys().Press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "17");
+    EXPECT_EQ(Header(16), "6|16|1|Null|Null|Null|0|Null|Null");
+    EXPECT_EQ(Body(16), Texts{"1|1|1|60|LEB-4217|4320|0|137|17|8203|Ghulam Rasool|B-7781|LEB-4217|"
+                              "8220"});
+}
+
+TEST_F(UntidySiteScreen, AStoredArrivalIsOpened) {
+    Open(11);
+    EXPECT_TRUE(screen->IsOpened);
+    EXPECT_EQ(screen->CboSeller.Text(), "Zahid Traders (601)");
+    EXPECT_EQ(Trim(screen->CboCommodity.Text()), "Wheat");
+    EXPECT_TRUE(screen->CboSeller.Bookmark().has_value());
+    EXPECT_TRUE(screen->CboCommodity.Bookmark().has_value());
+    EXPECT_EQ(screen->TxtGrossWeight.Text(), "5005");
+    EXPECT_EQ(screen->TxtTareWeight.Text(), "2000");
+    EXPECT_EQ(screen->TxtDeduction.Text(), "75");
+    EXPECT_EQ(screen->TxtNetWeight.Text(), "4930");
+    EXPECT_EQ(screen->BagRows.RowCount(), 3);
+    EXPECT_EQ(screen->BagRows.Get(0, 2), "30");
+}
+
+// Of the lines two are alike and none has a key; the header's columns that are the site's own stay.
+TEST_F(UntidySiteScreen, AStoredArrivalIsSavedAgain) {
+    const std::string header = Header(11);
+    Open(11);
+    screen->TxtDriverName.SetText("Bashir");
+    screen->TxtVehicleNo.SetText("LEA-2");
+    BoxAnswers answers;
+    answers.Expect(printBox, BoxAnswer::No);
+    SaveOpened();
+    EXPECT_EQ(Header(11), header);
+    const Texts body = Body(11);
+    ASSERT_EQ(body.size(), 3U);
+    EXPECT_EQ(body[0], "1|1|1|30|LEA-2|2000|0|100.1|45|2958|Bashir|7|LEA-2|3003");
+    EXPECT_EQ(body[1], body[2]);
+    EXPECT_EQ(Rows("Select Count(*) From ARRIVALSBODY"), Texts{"4"});
+}
+
+// The lines behind the first hold no vehicle, which such a column fills up with blanks; what is not
+// empty counts, and the last one is shown.
+TEST_F(UntidySiteScreen, APaddedVehicleColumnShowsTheBlanksOfTheLastLine) {
+    Open(11);
+    EXPECT_EQ(screen->TxtVehicleNo.Text(), std::string(10, ' '));
+    Open(12);
+    EXPECT_EQ(screen->TxtVehicleNo.Text(), "FDS-2     ");
+}
+
+TEST_F(UntidySiteScreen, AnArrivalThatTheBooksUseIsLeftAsItIs) {
+    struct Case {
+        std::int16_t id;
+        const char* table;
+    };
+    constexpr Case cases[] = {{12, "PURCHASEBODY"}, {13, "GateSamples"}, {14, "FreightClaims"}};
+    owner->Execute("Insert Into ARRIVALSBODY (ARRIVALID, COMMODITYID, BAGSCLASSID, BAGSTYPEID, "
+                   "NOOFBAGS, TAREWEIGHT, SCALEDEDUCTION, BAGWEIGHT, BAGSDEDUCTION, "
+                   "OTHERDEDUCTION, NETWEIGHT) Values (13, 1, 1, 1, 5, 10, 0, 100, 0, 0, 500), "
+                   "(14, 1, 1, 1, 5, 10, 0, 100, 0, 0, 500)");
+    const auto contents = ContentsOf(*owner);
+    for (const Case& each : cases) {
+        screen->NewWeighment();
+        Open(each.id);
+        ASSERT_TRUE(screen->IsOpened) << each.id;
+        screen->TxtVehicleNo.SetText("OTHER-1");
+        BoxAnswers answers;
+        answers.Expect(UsedIn(TableAsTold(each.table)));
+        SaveOpened();
+        EXPECT_EQ(ContentsOf(*owner), contents) << each.id;
+    }
+}
+
+TEST_F(UntidySiteScreen, APostedRecordIsKeptFromALesserUser) {
+    owner->Execute(
+        "Insert Into StationUsers (UserName, PasswordHash, UserLevel) Values ('gate', '" +
+        HashPassword("gate", HashCost::Minimum) + "', 2)");
+    UserLogin->ResetLogin(0);
+    UserLogin->SignIn("gate", "gate");
+    owner->Execute(
+        "Insert Into ARRIVALSBODY (ARRIVALID, COMMODITYID, BAGSCLASSID, BAGSTYPEID, "
+        "NOOFBAGS, VEHICLENO, TAREWEIGHT, SCALEDEDUCTION, BAGWEIGHT, BAGSDEDUCTION, "
+        "OTHERDEDUCTION, NETWEIGHT) Values (15, 1, 1, 1, 5, 'X', 10, 0, 100, 0, 0, 500)");
+    Open(15);
+    BoxAnswers answers;
+    answers.Expect({.text = "You are not authorised to modify this posted record.",
+                    .title = "Alert!",
+                    .icon = BoxIcon::Exclamation,
+                    .buttons = BoxButtons::Ok});
+    SaveOpened();
+    EXPECT_FALSE(screen->BtnSave.Enabled());
+}
+
+TEST_F(UntidySiteScreen, AnArrivalIsRemovedWithItsLines) {
+    Open(11);
+    BoxAnswers answers;
+    answers.Expect(Question("Are you sure to remove this arrival?"), BoxAnswer::Yes);
+    screen->BtnRemove_Click();
+    EXPECT_EQ(Rows("Select ArrivalID From ARRIVALS Order By ArrivalID"),
+              (Texts{"12", "13", "14", "15"}));
+    EXPECT_EQ(Rows("Select ARRIVALID From ARRIVALSBODY"), Texts{"12"});
+}
+
+TEST_F(UntidySiteScreen, AnArrivalWithAPurchaseIsNotRemoved) {
+    const auto contents = ContentsOf(*owner);
+    Open(12);
+    BoxAnswers answers;
+    answers.Expect(Question("Are you sure to remove this arrival?"), BoxAnswer::Yes);
+    answers.Expect(Alert("Cannot remove this invoice because it is used in (PurchaseBody) table",
+                         BoxIcon::Exclamation));
+    screen->BtnRemove_Click();
+    EXPECT_EQ(ContentsOf(*owner), contents);
+}
+
+TEST_F(UntidySiteScreen, ATextLongerThanItsColumnIsRefusedAndNothingIsLost) {
+    const auto contents = ContentsOf(*owner);
+    Open(11);
+    screen->TxtVehicleNo.SetText("A vehicle of many letters");
+    std::vector<Box> boxes;
+    SetBoxPresenter({.message =
+                         [&](const Box& box) {
+                             boxes.push_back(box);
+                             return BoxAnswer::Ok;
+                         },
+                     .input = [](const InputPrompt&) { return std::string(); }});
+    SaveOpened();
+    ForbidUnexpectedBoxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].title, "Database");
+    EXPECT_EQ(ContentsOf(*owner), contents);
+    EXPECT_EQ(screen->TxtVehicleNo.Text(), "A vehicle of many letters");
+}
+
+} // namespace Quillane

@@ -1,0 +1,169 @@
+// A mill's accounting database as sites have them: what set-up adds to it, and what it leaves
+// alone.
+
+#include "database/SqlServerSite.h"
+
+#include "data/Common.h"
+#include "data/EmbeddedScripts.h"
+#include "data/SystemStatements.h"
+#include "platform/runtime/Numbers.h"
+
+#include <algorithm>
+
+namespace Quillane {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts OnlyIn(const Texts& lines, const Texts& others) {
+    Texts only;
+    std::set_difference(lines.begin(), lines.end(), others.begin(), others.end(),
+                        std::back_inserter(only));
+    return only;
+}
+
+/// Tables and functions, in capitals.
+Texts NamesOf(Connection& connection) {
+    Texts names;
+    for (const std::string& name :
+         RowsOf(connection, "Select name From sys.objects Where is_ms_shipped = 0 And type In "
+                            "('U', 'V', 'FN', 'IF', 'P', 'TR')"))
+        names.push_back(UpperCase(name));
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+NewDatabase Particulars() {
+    NewDatabase particulars = ParticularsOfServer();
+    particulars.companyAddress = "14 Canal Road, Okara";
+    return particulars;
+}
+
+/// Neither table of these probes is one of this site's.
+bool IsOfOtherSites(const std::string& statement) {
+    return statement.find("LaboratoryReports") != statement.npos ||
+           statement.find("SaleRecoveryBody") != statement.npos;
+}
+
+} // namespace
+
+class UntidySite : public SqlServerSite {
+protected:
+    void SetUp() override {
+        SqlServerSite::SetUp();
+        if (Con)
+            MakeUntidySite();
+    }
+};
+
+TEST_F(UntidySite, SetUpAddsWhatIsMissingAndTouchesNothingElse) {
+    const Texts names = NamesOf(*Con);
+    const Texts catalogue = CatalogueOf(*Con);
+    const Texts contents = ContentsOf(*Con);
+    SetUpSqlServerDatabase(*Con, Particulars());
+
+    EXPECT_EQ(OnlyIn(NamesOf(*Con), names), (Texts{"FUNGETCOMMODITY", "PCONTRACTS", "PRCENTERS",
+                                                   "STATIONSCHEMA", "STATIONUSERS"}));
+    EXPECT_EQ(OnlyIn(catalogue, CatalogueOf(*Con)), Texts{});
+    EXPECT_EQ(OnlyIn(contents, ContentsOf(*Con)), Texts{});
+    for (const std::string& row : OnlyIn(ContentsOf(*Con), contents))
+        EXPECT_TRUE(row.starts_with("PORTSETTINGS: DataLength") ||
+                    row.starts_with("PORTSETTINGS: IsReversed") ||
+                    row.starts_with("PROJECT_REGISTRY: Company") ||
+                    row.starts_with("STATIONSCHEMA: 1") || row.starts_with("STATIONUSERS: Nadia"))
+            << row;
+    EXPECT_EQ(Ask("Select Count(*) From PortSettings"), "5");
+    EXPECT_EQ(Ask("Select Count(*) From Project_Registry"), "5");
+    EXPECT_EQ(Ask("Select value From Project_Registry Where registrykey = 'CompanyName'"),
+              "VELTRANE");
+}
+
+TEST_F(UntidySite, NobodyWithAWellKnownPasswordComesIn) {
+    ASSERT_TRUE(Particulars().sampleRows);
+    SetUpSqlServerDatabase(*Con, Particulars());
+    EXPECT_EQ(RowsOf(*Con, "Select UserName, UserLevel From StationUsers"), Texts{"Nadia|1"});
+}
+
+TEST_F(UntidySite, ASecondSetUpChangesNothing) {
+    SetUpSqlServerDatabase(*Con, Particulars());
+    const Texts catalogue = CatalogueOf(*Con);
+    const Texts contents = ContentsOf(*Con);
+    SetUpSqlServerDatabase(*Con, Particulars());
+    EXPECT_EQ(CatalogueOf(*Con), catalogue);
+    EXPECT_EQ(ContentsOf(*Con), contents);
+}
+
+TEST_F(UntidySite, TheSitesOwnFunctionStays) {
+    SetUpSqlServerDatabase(*Con, Particulars());
+    EXPECT_EQ(Ask("Select dbo.FunGetPartyName('601')"), "Zahid Traders (601)");
+    EXPECT_EQ(Trim(Ask("Select dbo.FunGetCommodity(2)")), "Flour");
+}
+
+TEST_F(UntidySite, TheSiteMayStillChangeItsTables) {
+    SetUpSqlServerDatabase(*Con, Particulars());
+    Con->Execute("Alter Table COMMODITIES Add ShortName char(5) Null");
+    Con->Execute("Alter Table COMMODITIES Alter Column COMMODITYNAME char(60)");
+    EXPECT_EQ(Trim(Ask("Select dbo.FunGetCommodity(2)")), "Flour");
+}
+
+TEST_F(UntidySite, EveryStatementRunsForTheOwnerAndForAStation) {
+    SetUpSqlServerDatabase(*Con, Particulars());
+    RoleMember station(*Con, *database, "StationOperator");
+    for (const SystemQuery& query : SystemQueries()) {
+        if (IsOfOtherSites(query.text))
+            continue;
+        const Texts rows = RowsOf(*Con, query.text);
+        EXPECT_EQ(RowsOf(*station.connection, query.text), rows) << query.text;
+    }
+    EXPECT_EQ(RowsOf(*Con, loadStatement + "11").size(), 3U);
+    EXPECT_EQ(RowsOf(*Con, searchStatement + " Order By Arrivals.ArrivalId desc").size(), 5U);
+    EXPECT_EQ(RowsOf(*Con, partyJoin + "WHERE     (Parties.IsSeller = 1) AND "
+                                       "(ChartOfAccounts.IsEditable = 1) ORDER BY "
+                                       "ChartOfAccounts.AccountName")
+                  .size(),
+              1U);
+}
+
+TEST_F(UntidySite, DependentsAreFoundByWhateverColumnRefersToTheArrival) {
+    struct Case {
+        const char* arrival;
+        const char* table;
+    };
+    constexpr Case cases[] = {{"11", ""},
+                              {"12", "PURCHASEBODY"},
+                              {"13", "GATESAMPLES"},
+                              {"14", "FREIGHTCLAIMS"},
+                              {"15", ""}};
+    SetUpSqlServerDatabase(*Con, Particulars());
+    RoleMember station(*Con, *database, "StationOperator");
+    for (const bool asStation : {false, true}) {
+        if (asStation)
+            Con.swap(station.connection);
+        for (const Case& each : cases) {
+            std::string criteria = "ArrivalID=" + std::string(each.arrival);
+            EXPECT_EQ(UpperCase(GetDependentTable("Arrivals", criteria, "ArrivalsBody")),
+                      each.table)
+                << each.arrival << (asStation ? " for a station" : " for the owner");
+        }
+    }
+    Con.swap(station.connection);
+}
+
+TEST_F(UntidySite, AStationReachesNothingElseOfTheBooks) {
+    SetUpSqlServerDatabase(*Con, Particulars());
+    RoleMember station(*Con, *database, "StationOperator");
+    for (const char* statement :
+         {"Select * From Payroll", "Select CreditLimit From PARTIES",
+          "Select OpeningBalance From chartofaccounts", "Select CostRate From COMMODITIES",
+          "Update ARRIVALS Set BAGWEIGHT = 1", "Update ARRIVALS Set Notes = ''",
+          "Update ARRIVALSBODY Set NETWEIGHT = 1", "Delete From FreightClaims",
+          "Insert Into GateSamples (TakenFrom) Values (11)", "Update PARTIES Set ADDRESS = ''"}) {
+        Con->Execute("Begin Transaction");
+        EXPECT_NO_THROW(Con->Execute(statement)) << statement;
+        Con->Execute("Rollback Transaction");
+        EXPECT_ANY_THROW(station.connection->Execute(statement)) << statement;
+    }
+}
+
+} // namespace Quillane
