@@ -13,11 +13,11 @@ namespace {
 
 constexpr int secondsToConnect = 15;
 
-constexpr const char* needed[] = {
-    "Arrivals",        "ArrivalsBody",   "Parties",          "ChartOfAccounts", "Cities",
-    "Commodities",     "BagsClasses",    "BagsTypes",        "PContracts",      "PRCenters",
-    "PurchaseBody",    "PortSettings",   "Project_Registry", "StationUsers",    "StationSchema",
-    "FunGetPartyName", "FunGetCommodity"};
+constexpr const char* neededTables[] = {
+    "Arrivals",     "ArrivalsBody", "Parties",          "ChartOfAccounts", "Cities",
+    "Commodities",  "BagsClasses",  "BagsTypes",        "PContracts",      "PRCenters",
+    "PurchaseBody", "PortSettings", "Project_Registry", "StationUsers",    "StationSchema"};
+constexpr const char* neededFunctions[] = {"FunGetPartyName", "FunGetCommodity"};
 
 bool HoldsAny(std::string_view words, std::initializer_list<std::string_view> any) {
     return std::any_of(any.begin(), any.end(), [words](std::string_view each) {
@@ -46,16 +46,35 @@ std::string Joined(const std::vector<std::string>& names) {
     return text;
 }
 
+std::string IdOf(const char* name) {
+    return " OBJECT_ID(N'dbo." + std::string(name) + "')";
+}
+
+// Who may read some columns of a table alone need not be told its number.
+bool MayBeRead(Connection& connection, const std::string& table) {
+    try {
+        connection.Execute("Select Count(*) From dbo." + table + " Where 1 = 0");
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
 void FindMissing(Connection& connection, SqlServerContents& found) {
     std::string query;
-    for (const char* name : needed)
-        query += std::string(query.empty() ? "Select" : ",") + " OBJECT_ID(N'dbo." + name + "')";
+    for (const char* name : neededTables)
+        query += (query.empty() ? "Select" : ",") + IdOf(name);
+    for (const char* name : neededFunctions)
+        query += "," + IdOf(name);
     const Recordset ids = connection.Execute(query);
     int field = 0;
-    for (const char* name : needed)
+    for (const char* name : neededTables)
+        if (ids.Fields(field++).IsNull() && !MayBeRead(connection, name))
+            found.missing.emplace_back(name);
+    for (const char* name : neededFunctions)
         if (ids.Fields(field++).IsNull())
             found.missing.emplace_back(name);
-    found.isEmpty = found.missing.size() == std::size(needed);
+    found.isEmpty = found.missing.size() == static_cast<std::size_t>(ids.FieldCount());
 }
 
 bool IsThere(const SqlServerContents& found, std::string_view name) {
@@ -91,7 +110,7 @@ std::string WhyUnfit(const SqlServerContents& found) {
     if (found.missing.empty())
         return "The sign-in works, but nobody is set up to sign in at a station, and this sign-in "
                "may not change that. Please give the owner's below, for the set-up alone.";
-    return "The sign-in works, but these are missing, and it may not make them: " +
+    return "The sign-in works, but these are missing or closed to it, and it may not make them: " +
            Joined(found.missing) + ". Please give the owner's below, for the set-up alone.";
 }
 
