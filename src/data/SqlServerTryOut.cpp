@@ -25,10 +25,19 @@ bool HoldsAny(std::string_view words, std::initializer_list<std::string_view> an
     });
 }
 
-/// The words of the driver itself, which are the same in every language of the server.
+// The words of the drivers themselves, which are the same in every language of the server.
+
+bool TellsOfNoDriver(std::string_view words) {
+    return HoldsAny(words, {"is not installed"});
+}
+
 bool TellsOfNoServer(std::string_view words) {
     return HoldsAny(words, {"Unable to connect:", "Unknown host", "connection timed out",
-                            "Adaptive Server connection", "does not exist or access denied"});
+                            "does not exist or access denied"});
+}
+
+bool TellsOfBreakingOff(std::string_view words) {
+    return HoldsAny(words, {"Adaptive Server connection failed"});
 }
 
 std::string Address(const SqlServerPlace& place) {
@@ -142,7 +151,7 @@ bool Opens(SqlServerPlace place, const char* database) {
 
 /// A server that is away, or a driver, need not be asked a second time.
 bool ServerTakes(const SqlServerPlace& place, std::string_view words) {
-    return !HoldsAny(words, {"is not installed"}) && !TellsOfNoServer(words) &&
+    return !TellsOfNoDriver(words) && !TellsOfNoServer(words) && !TellsOfBreakingOff(words) &&
            Opens(place, "master");
 }
 
@@ -238,18 +247,23 @@ TryOut TrySqlServer(const SqlServerPlace& station, const OwnerSignIn& owner) {
 std::string WhyItDoesNotOpen(const SqlServerPlace& place, std::string_view wordsOfDriver,
                              bool serverAnswers) {
     const std::string words = "\n" + std::string(wordsOfDriver);
-    if (HoldsAny(wordsOfDriver, {"is not installed"}))
+    if (TellsOfNoDriver(wordsOfDriver))
         return std::string(wordsOfDriver);
     if (serverAnswers)
         return "The server answers, but there is no database \"" + place.database +
                "\", or this sign-in may not use it." + words;
-    if (TellsOfNoServer(wordsOfDriver) && place.windowsSignIn)
-        return "The Windows sign-in does not get through to " + Address(place) +
-               ". It needs a computer that belongs to the server's domain." + words;
     if (TellsOfNoServer(wordsOfDriver))
         return "No SQL Server answers at " + Address(place) +
                ". Please see that it runs, that name and port are right, and that no firewall "
                "stands between." +
+               words;
+    if (TellsOfBreakingOff(wordsOfDriver) && place.windowsSignIn)
+        return "The Windows sign-in does not get through to " + Address(place) +
+               ". It needs a computer that belongs to the server's domain." + words;
+    if (TellsOfBreakingOff(wordsOfDriver))
+        return "The server at " + Address(place) +
+               " breaks the connection off. It may ask for another encryption than the options do, "
+               "or be no SQL Server." +
                words;
     if (HoldsAny(wordsOfDriver, {"Login failed"}))
         return "The server refuses the sign-in: the name or the password is wrong." + words;

@@ -37,6 +37,9 @@ TEST(WhyItDoesNotOpen, SaysPlainlyWhatIsWrongAboveTheDriversWords) {
         {"[Microsoft][ODBC SQL Server Driver][DBNETLIB]SQL Server does not exist or access "
          "denied.",
          false, away},
+        {"[FreeTDS][SQL Server]Adaptive Server connection failed", false,
+         "The server at mill-sql, port 1433 breaks the connection off. It may ask for another "
+         "encryption than the options do, or be no SQL Server."},
         {"[FreeTDS][SQL Server]Login failed for user 'gate'.", false, wrong},
         {"[Microsoft][ODBC SQL Server Driver][SQL Server]Login failed for user 'gate'.", false,
          wrong},
