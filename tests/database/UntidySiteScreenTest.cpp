@@ -7,6 +7,10 @@
 #include "platform/comm/PseudoTerminal.h"
 #include "platform/runtime/Date.h"
 #include "platform/runtime/Numbers.h"
+#include "scale/FrmPortSettings.h"
+#include "search/SchArrivals.h"
+#include "search/SchParty.h"
+#include "slip/RptReportViewer.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 #include "weighment/FrmWeighment.h"
@@ -39,6 +43,7 @@ protected:
         if (!Con)
             return;
         MakeUntidySite();
+        ChangeSite();
         SetUpSqlServerDatabase(*Con, ParticularsOfServer());
         station.emplace(*Con, *database, "StationOperator");
         owner = Con.get();
@@ -65,6 +70,9 @@ protected:
         station.reset();
         SqlServerSite::TearDown();
     }
+
+    /// Before the set-up.
+    virtual void ChangeSite() {}
 
     ScreenDriver Keys() { return ScreenDriver(*screen); }
     Texts Rows(const std::string& query) { return RowsOf(*owner, query); }
@@ -225,6 +233,66 @@ TEST_F(UntidySiteScreen, APostedRecordIsKeptFromALesserUser) {
                     .buttons = BoxButtons::Ok});
     SaveOpened();
     EXPECT_FALSE(screen->BtnSave.Enabled());
+}
+
+TEST_F(UntidySiteScreen, AnArrivalIsFoundBySearch) {
+    VisitModal search([](Screen& modal) {
+        EXPECT_EQ(dynamic_cast<SchArrivals&>(modal).GrdSch.Rows(), 5);
+        ScreenDriver(modal)
+            .Type("11")
+            .Press(Qt::Key_Return)
+            .Press(Qt::Key_Return)
+            .Press(Qt::Key_Return);
+    });
+    Keys().Press(Qt::CTRL | Qt::Key_O);
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "11");
+    EXPECT_EQ(screen->BagRows.RowCount(), 3);
+}
+
+TEST_F(UntidySiteScreen, TheSlipOfAStoredArrivalComesUp) {
+    Open(11);
+    VisitModal visit([](Screen& modal) {
+        auto& viewer = dynamic_cast<RptReportViewer&>(modal);
+        EXPECT_EQ(viewer.Report->Database.Data()->RecordCount(), 3);
+        EXPECT_EQ(viewer.CRViewer91.PageCount(), 1);
+        ScreenDriver(viewer).Press(Qt::Key_Escape);
+    });
+    screen->BtnPrint_Click();
+}
+
+TEST_F(UntidySiteScreen, TheSettingsOfTheLineAreSaved) {
+    screen.reset();
+    FrmPortSettings settings;
+    settings.Show();
+    BoxAnswers answers;
+    answers.Expect({.text = "Settings Updated Successfully",
+                    .title = "Confirmation",
+                    .icon = BoxIcon::Information,
+                    .buttons = BoxButtons::Ok});
+    settings.TxtDataFrom.SetText("6");
+    ScreenDriver(settings).Click(settings.CmdSave);
+    EXPECT_EQ(Rows("Select RTRIM(REGISTRYKEY), REGISTRYVALUE From PORTSETTINGS Order By "
+                   "REGISTRYKEY"),
+              (Texts{"DataDirection|Left", "DataLength|6", "IsReversed|0", "PortName|1",
+                     "PortSettings|2400,n,8,1"}));
+}
+
+/// The same site without a function of its own.
+class UntidySiteWithOurFunctions : public UntidySiteScreen {
+    void ChangeSite() override { Con->Execute("Drop Function dbo.fungetpartyname"); }
+};
+
+// Both give the names as the tables pad them, so that the search's choice is a row of the list.
+TEST_F(UntidySiteWithOurFunctions, APartyIsFoundBySearch) {
+    screen->CboSeller.SetFocus();
+    VisitModal search([](Screen& modal) {
+        auto& found = dynamic_cast<SchParty&>(modal);
+        ScreenDriver(modal).Type("Zahid").Click(found.CmdSelect);
+    });
+    Keys().Press(Qt::Key_F1);
+    ASSERT_TRUE(screen->CboSeller.Bookmark());
+    EXPECT_EQ(Trim(screen->CboSeller.ColumnText(1)), "601");
+    EXPECT_TRUE(screen->CboSeller.Text().starts_with("Zahid Traders"));
 }
 
 TEST_F(UntidySiteScreen, AnArrivalIsRemovedWithItsLines) {
