@@ -68,7 +68,7 @@ protected:
 
 TEST_F(SecondStation, ThatSavesWhileTheNumberIsShownSendsTheFirstToTheNextNumber) {
     OtherSaves();
-    EXPECT_EQ(otherTold, (Lines{"begin", "commit", OtherStored}));
+    EXPECT_EQ(otherTold, (Lines{"entered west-1", "begin", "commit", OtherStored}));
     EXPECT_EQ(PressSave(), Lines{Clash});
     EXPECT_EQ(Screen().TxtArrivalId.Text(), "1044");
     ExpectEachWhole(0, 1);
@@ -128,6 +128,7 @@ TEST_F(SecondStation, ThatSavesBehindTheInsertWaitsAndIsRefused) {
         if (!hasBegun && sent == "Update Arrivals Set IsPosted=0 where arrivalid=1043") {
             hasBegun = true;
             second->Order("save");
+            EXPECT_EQ(second->NextLine(), "entered west-1");
             EXPECT_EQ(second->NextLine(), "begin");
         }
     };

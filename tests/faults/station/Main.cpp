@@ -6,10 +6,11 @@
 // the save button until it is stored or a failure is reported; "work" does so until a failure is.
 // The driver of each weighment is the name and a serial number, "west-17".
 //
-// It writes what happened, one line each: "begin" and "commit" before a transaction begins or ends,
-// "stored <driver>" once a save is through, "box <title>: <text>" for every box but questions, a
-// line end in it being a bar, "kept" or "lost" behind a failure: whether the entries still stand on
-// the screen; and "done" behind each order.
+// It writes what happened, one line each: "entered <driver>" before it presses the button the first
+// time, "begin" and "commit" before a transaction begins or ends, "stored <driver>" once a save is
+// through, "box <title>: <text>" for every box but questions, a line end in it being a bar, "kept"
+// or "lost" behind a failure: whether the entries still stand on the screen; and "done" behind each
+// order.
 
 #include "faults/ServerStation.h"
 #include "platform/forms/Application.h"
@@ -32,6 +33,7 @@ public:
         driver_ = name_ + "-" + std::to_string(++serial_);
         hasFailed_ = false;
         station_.FillIn(driver_, 1 + serial_ % 4);
+        std::cout << "entered " << driver_ << std::endl;
         while (station_.screen->BtnSave.Enabled() && !hasFailed_)
             station_.screen->BtnSave_Click();
         if (hasFailed_)

@@ -84,6 +84,12 @@ void PostgresServer::Kill() const {
         throw std::runtime_error("the PostgreSQL server cannot be killed");
 }
 
+void PostgresServer::StartAgain() {
+    if (!RunScript("restart '" + infoFile_ + "'"))
+        throw std::runtime_error("the killed PostgreSQL server does not start again");
+    ReadInfo();
+}
+
 PostgresDatabase::PostgresDatabase() {
     static int count = 0;
     name_ = "account1_" + std::to_string(getpid()) + "_" + std::to_string(++count);

@@ -26,6 +26,8 @@ public:
 
     /// Ends the server at once, as a power cut would, and returns when it has gone.
     void Kill() const;
+    /// After that its connection string is another.
+    void StartAgain();
 
 private:
     explicit PostgresServer(std::string infoFile);
