@@ -2,17 +2,23 @@
 // lies over anything else, no text is cut. The display and the scale come with the run.
 
 #include "Station.h"
+#include "data/CreateDatabaseDialog.h"
+#include "data/SqlServerDialog.h"
 #include "platform/forms/Text.h"
 #include "scale/FrmPortSettings.h"
 #include "search/SchArrivals.h"
 #include "search/SchParty.h"
 #include "shell/Desktop.h"
+#include "support/ScreenDriver.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
+
+#include <algorithm>
+#include <iterator>
 
 namespace Quillane::Testing {
 namespace {
@@ -44,6 +50,13 @@ std::vector<Piece> PiecesOf(Screen& screen) {
         if (!screen.ControlOf(label) && !label->text().isEmpty())
             add("\"" + FromQt(label->text()) + "\"", *label);
     return pieces;
+}
+
+std::vector<Piece> PiecesWhere(const std::vector<Piece>& pieces,
+                               const std::function<bool(const Piece&)>& holds) {
+    std::vector<Piece> found;
+    std::copy_if(pieces.begin(), pieces.end(), std::back_inserter(found), holds);
+    return found;
 }
 
 /// The part of the window in which controls are seen, and the area in which they can be.
@@ -241,6 +254,42 @@ TEST_F(ScreenLayout, OfTheSearchesLiesOnTheDisplayAndNothingOverlaps) {
         SchParty& parties = by.Shown<SchParty>();
         by.See([&] { ExpectLaidOut(parties); });
     });
+}
+
+/// Goes once around by Tab; every control that has the focus is in sight.
+void ExpectFocusInSight(Screen& screen) {
+    const VisualControl* first = screen.ActiveControl();
+    do {
+        ScreenDriver(screen).Press(Qt::Key_Tab);
+        const QWidget& widget = screen.ActiveControl()->Widget();
+        const QRect place(widget.mapTo(&screen, QPoint(0, 0)), widget.size());
+        EXPECT_TRUE(IsInSight(place, ViewOf(screen, &widget).seen))
+            << Described({screen.ActiveControlName(), &widget, place});
+    } while (screen.ActiveControl() != first);
+}
+
+TEST_F(ScreenLayout, OfTheSetUpLiesOnTheDisplayAndFollowsTheFocus) {
+    CreateDatabaseDialog setUp(folder->path);
+    SqlServerDialog server;
+    for (Screen* each : std::initializer_list<Screen*>{&setUp, &server})
+        RunModal(*each, [](Screen& screen) {
+            EXPECT_TRUE(WaitFor([&] { return screen.ActiveControl() != nullptr; }));
+            ExpectOnDisplay(screen);
+            const std::vector<Piece> pieces = PiecesOf(screen);
+            EXPECT_GT(pieces.size(), 15U);
+            ExpectTextsWhole(pieces);
+            // What is scrolled out of sight lies under the buttons, and over nothing.
+            const QWidget* scrolled = screen.findChild<QScrollArea*>()->widget();
+            for (const bool inside : {true, false})
+                ExpectNothingOverlaps(PiecesWhere(pieces, [&](const Piece& piece) {
+                    return scrolled->isAncestorOf(piece.widget) == inside;
+                }));
+            for (const Piece& piece : pieces)
+                EXPECT_TRUE(ViewOf(screen, piece.widget).reachable.contains(piece.place))
+                    << Described(piece);
+            ExpectFocusInSight(screen);
+            screen.Unload();
+        });
 }
 
 } // namespace
