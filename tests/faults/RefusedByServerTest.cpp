@@ -175,9 +175,16 @@ TEST_F(RefusedByServer, ASaveThatIsTheVictimOfADeadlock) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1500));
     });
     station->TakeBoxes();
+    station->TakeStatements();
     const auto entries = station->Entries();
     Screen().BtnSave_Click();
     program.join();
+    // Behind the failed statement nothing runs but the end of the transaction.
+    const auto statements = station->TakeStatements();
+    ASSERT_GE(statements.size(), 3U);
+    EXPECT_EQ(statements.back(), "RollbackTrans");
+    EXPECT_EQ(*(statements.end() - 3), "Update Arrivals Set IsPosted=0 where arrivalid=1043");
+    EXPECT_TRUE(statements[statements.size() - 2].starts_with("DELETE"));
     EXPECT_EQ(otherFailed, "");
     const auto boxes = station->TakeBoxes();
     ASSERT_EQ(boxes.size(), 1U);

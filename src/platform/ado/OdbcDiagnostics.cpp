@@ -80,7 +80,10 @@ OdbcFailure::OdbcFailure(const std::vector<OdbcDiagnostic>& diagnostics)
               diagnostics.empty() ? "The database driver failed without a word."
                                   : DescriptionOf(diagnostics),
               FailureSource::Database),
-      tellsOfBrokenWay_(std::any_of(diagnostics.begin(), diagnostics.end(), IsOfBrokenWay)) {}
+      tellsOfBrokenWay_(std::any_of(diagnostics.begin(), diagnostics.end(), IsOfBrokenWay)),
+      tellsOfTimeout_(
+          std::any_of(diagnostics.begin(), diagnostics.end(),
+                      [](const OdbcDiagnostic& told) { return told.state.starts_with("HYT"); })) {}
 
 void FailInWordsOfDriver(const OdbcHandle& handle) {
     throw OdbcFailure(OdbcDiagnosticsOf(handle));

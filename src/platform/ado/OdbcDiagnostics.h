@@ -33,9 +33,12 @@ public:
 
     /// Whether a record says that the way to the server is broken.
     bool TellsOfBrokenWay() const { return tellsOfBrokenWay_; }
+    /// Whether a record says that the answer took too long.
+    bool TellsOfTimeout() const { return tellsOfTimeout_; }
 
 private:
     bool tellsOfBrokenWay_;
+    bool tellsOfTimeout_;
 };
 
 /// Fails (`OdbcFailure`) with all records of the handle.

@@ -1,6 +1,5 @@
 #include "platform/ado/OdbcEngine.h"
 
-#include "platform/ado/AdoFailure.h"
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/OdbcCatalogue.h"
 #include "platform/ado/OdbcConnect.h"
@@ -101,17 +100,18 @@ bool OdbcEngine::TransactionIsOpen() {
 
 // Not every driver marks a broken connection as dead, and none mends it: from the first word of it
 // on every failure is one of the way to the server.
-void OdbcEngine::FailAfter(const Failure& failure, const std::string& whereLost) {
+void OdbcEngine::FailAfter(const Failure& failure, const std::string& whereUnanswered) {
     const auto* told = dynamic_cast<const OdbcFailure*>(&failure);
     isLost_ = isLost_ || (told && told->TellsOfBrokenWay()) || DriverCallsItDead();
     if (inTransaction_)
         inTransaction_ = !isLost_ && TransactionIsOpen();
-    if (!isLost_)
-        throw failure;
-    FailAccess(failure.Number(), failure.Description() +
-                                     "\nThe connection to the database server is lost. Start the "
-                                     "program again to connect anew." +
-                                     whereLost);
+    std::string description = failure.Description();
+    if (isLost_)
+        description += "\nThe connection to the database server is lost. "
+                       "Start the program again to connect anew.";
+    if (isLost_ || (told && told->TellsOfTimeout() && !inTransaction_))
+        description += whereUnanswered;
+    throw Failure(failure.Number(), description, failure.Source());
 }
 
 void OdbcEngine::Begin() {
@@ -123,7 +123,7 @@ void OdbcEngine::Begin() {
     inTransaction_ = true;
 }
 
-// The order may have reached the server, and only its answer be lost.
+// The order may have reached the server, and only its answer be missing.
 void OdbcEngine::Commit() {
     try {
         RunPlain(dialect_.commit);

@@ -48,8 +48,9 @@ private:
     void Leave();
     bool DriverCallsItDead() const;
     bool TransactionIsOpen();
-    /// `whereLost` is added to the words of a failure that is one of the way to the server.
-    [[noreturn]] void FailAfter(const Failure& failure, const std::string& whereLost = {});
+    /// `whereUnanswered` is added to the words of a failure behind which nobody knows what the
+    /// server has done: its answer is missing.
+    [[noreturn]] void FailAfter(const Failure& failure, const std::string& whereUnanswered = {});
 
     OdbcHandle environment_;
     OdbcHandle connection_;

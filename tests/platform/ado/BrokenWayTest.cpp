@@ -162,6 +162,24 @@ TEST_F(SilentWayOnFreeTds, EndsACommitInTimeAndSaysThatItsOutcomeIsNotKnown) {
     }
 }
 
+// The server has stored everything, but is too slow to say so.
+TEST_F(SilentWayOnFreeTds, OfACommitAloneLeavesTheConnectionAndSaysThatItsOutcomeIsNotKnown) {
+    station.Execute("Set commit in silence");
+    station.BeginTrans();
+    const std::string words = WordsInTime([&] { station.CommitTrans(); });
+    EXPECT_TRUE(words.ends_with(unknown)) << words;
+    EXPECT_EQ(words.find(lost), std::string::npos) << words;
+    station.RollbackTrans();
+    EXPECT_EQ(station.Execute("Select 1").RecordCount(), 1);
+}
+
+TEST_F(SilentWayOnFreeTds, OfAStatementSaysNothingOfACommit) {
+    station.BeginTrans();
+    const std::string words = WordsInTime([&] { station.Execute("Update and take your time"); });
+    EXPECT_EQ(words.find(unknown), std::string::npos) << words;
+    station.RollbackTrans();
+}
+
 } // namespace
 
 } // namespace Quillane

@@ -1,0 +1,171 @@
+#include "station/StationStore.h"
+
+#include "data/EmbeddedScripts.h"
+#include "data/SqlServerSchema.h"
+#include "platform/ado/SqlServerDatabase.h"
+#include "platform/runtime/Failure.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+
+namespace Quillane {
+
+namespace {
+
+/// The tables of the schema, each behind those that refer to it.
+constexpr const char* tables[] = {
+    "SaleRecoveryBody", "Sales",        "LaboratoryReports", "PurchaseBody", "ArrivalsBody",
+    "Arrivals",         "PContracts",   "PRCenters",         "BagsTypes",    "BagsClasses",
+    "Commodities",      "Parties",      "ChartOfAccounts",   "Cities",       "PortSettings",
+    "Project_Registry", "StationUsers", "StationSchema"};
+
+/// The functions that are bound to tables, which nobody can rename meanwhile.
+constexpr const char* functions[] = {"FunGetPartyName", "FunGetCommodity"};
+
+/// The one database of the program's tests.
+class Site {
+public:
+    Site() { owner.Open(database.ConnectionString()); }
+
+    std::vector<std::string> Objects() {
+        std::vector<std::string> names;
+        Recordset found = owner.Execute(
+            "Select name From sys.objects Where is_ms_shipped = 0 Order By name, type");
+        for (; !found.Eof(); found.MoveNext())
+            names.push_back(found.Fields(0).Text());
+        return names;
+    }
+
+    SqlServerDatabase database;
+    Connection owner; ///< the session beside the station's
+    std::vector<std::string> objects;
+};
+
+std::unique_ptr<Site> site;
+
+void MakeFunctions(Connection& connection) {
+    for (const std::string& batch : ScriptBatches(EmbeddedScripts::SqlServerSchema))
+        if (batch.find("CREATE FUNCTION") != std::string::npos)
+            connection.Execute(batch);
+}
+
+std::string Emptying() {
+    std::string statements;
+    for (const char* table : tables)
+        statements += "DELETE FROM " + std::string(table) + ";";
+    return statements;
+}
+
+void PrepareSite(const NewDatabase& particulars) {
+    const bool isNew =
+        !site || site->owner.State() != adStateOpen || site->Objects() != site->objects;
+    if (isNew) {
+        site.reset();
+        site = std::make_unique<Site>();
+    } else {
+        site->owner.Execute(Emptying());
+    }
+    SetUpSqlServerDatabase(site->owner, particulars);
+    if (isNew)
+        site->objects = site->Objects();
+}
+
+/// As the embedded database would hold it.
+Value Cell(const Value& value) {
+    if (std::holds_alternative<Date>(value.Raw()))
+        return value.Text();
+    const bool isNumber = std::holds_alternative<Value::Decimal>(value.Raw());
+    if (!isNumber)
+        return value;
+    const double number = value.Number();
+    if (std::trunc(number) == number)
+        return static_cast<std::int64_t>(number);
+    return number;
+}
+
+class SqlServerStore : public StationDatabase::Store {
+public:
+    explicit SqlServerStore(const NewDatabase& particulars) { PrepareSite(particulars); }
+
+    // Without the driver's name, which the program adds itself.
+    std::string ConfigText() const override {
+        const std::string text = site->database.ConnectionString();
+        return text.substr(text.find(';') + 1);
+    }
+    void Run(const std::string& statements) override {
+        try {
+            site->owner.Execute(statements);
+        } catch (const Failure& failure) {
+            ADD_FAILURE() << failure.Description() << "\n" << statements;
+        }
+    }
+    std::vector<StationDatabase::Row> Rows(const std::string& query) override {
+        std::vector<StationDatabase::Row> rows;
+        Recordset found = site->owner.Execute(query);
+        for (; !found.Eof(); found.MoveNext()) {
+            StationDatabase::Row& cells = rows.emplace_back();
+            for (int field = 0; field < found.FieldCount(); ++field)
+                cells.push_back(Cell(found.Fields(field)));
+        }
+        return rows;
+    }
+    void Rename(const std::string& table, const std::string& name) override {
+        for (const char* function : functions)
+            Run("DROP FUNCTION IF EXISTS dbo." + std::string(function));
+        Run("EXEC sp_rename 'dbo." + table + "', '" + name + "', 'OBJECT'");
+    }
+    // What comes from the outer side of a join may be Null and counts nothing up by itself.
+    void Loosen(const std::string& table) override {
+        DropLinks(table);
+        Rename(table, "Strict");
+        Run("SELECT Strict.* INTO dbo." + table +
+            " FROM (SELECT 1 AS One) AS Always LEFT OUTER JOIN dbo.Strict ON 1 = 1");
+        Run("DROP TABLE dbo.Strict");
+        MakeFunctions(site->owner);
+    }
+    // A refusal that does not end the transaction undoes nothing by itself: who is refused does.
+    void Refuse(const StationDatabase::Refusal& refusal) override {
+        const std::string rows = refusal.write == "INSERT" ? "inserted" : "deleted";
+        Run("CREATE TRIGGER Closed ON dbo." + refusal.table + " AFTER " + refusal.write +
+            " AS IF EXISTS (SELECT 1 FROM " + rows +
+            (refusal.condition.empty() ? "" : " WHERE " + refusal.condition) +
+            ") BEGIN RAISERROR('" + refusal.words + "', 16, 1);" +
+            (refusal.endsTransaction ? " ROLLBACK TRANSACTION;" : "") + " END");
+    }
+
+private:
+    /// Foreign keys on and of a table.
+    void DropLinks(const std::string& table) {
+        const std::string id = "OBJECT_ID('dbo." + table + "')";
+        for (const StationDatabase::Row& link :
+             Rows("SELECT OBJECT_NAME(parent_object_id), name FROM sys.foreign_keys WHERE "
+                  "parent_object_id = " +
+                  id + " OR referenced_object_id = " + id))
+            Run("ALTER TABLE dbo." + link[0].Text() + " DROP CONSTRAINT " + link[1].Text());
+    }
+};
+
+/// Skips every test, out loud, where the server is missing; drops the database behind the last one.
+class ServerOfTests : public testing::Environment {
+public:
+    void SetUp() override {
+        const std::string whyMissing = SqlServerDatabase::WhyMissing();
+        if (OnSqlServer() && !whyMissing.empty())
+            GTEST_SKIP() << "SQL Server is not there: " << whyMissing;
+    }
+    void TearDown() override { site.reset(); }
+};
+
+// NOLINTNEXTLINE(cert-err58-cpp)
+testing::Environment* const serverOfTests =
+    testing::AddGlobalTestEnvironment(new ServerOfTests); // owned by the test framework
+
+} // namespace
+
+std::unique_ptr<StationDatabase::Store> MakeSqlServerStore(const NewDatabase& particulars) {
+    return std::make_unique<SqlServerStore>(particulars);
+}
+
+} // namespace Quillane

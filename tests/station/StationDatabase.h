@@ -1,0 +1,72 @@
+#pragma once
+
+#include "data/EmbeddedSchema.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/Value.h"
+#include "station/FreshFolder.h"
+#include "support/TestedEngine.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Quillane {
+
+NewDatabase SampleParticulars();
+/// A company and a first user, without sample rows.
+NewDatabase ParticularsOf(const std::string& company, const std::string& user,
+                          const std::string& password);
+
+/// A fresh database of a station, on the engine that the tests run on (TestedEngine.h): a file
+/// Account1.db in a folder of its own, or a database on the SQL Server that tests/sqlserver.local
+/// names. One stands at a time.
+///
+/// On SQL Server one database serves all tests of a program: each test finds it emptied and set up
+/// anew, or, where the test before has changed the schema, finds a new one.
+class StationDatabase {
+public:
+    explicit StationDatabase(const NewDatabase& particulars = SampleParticulars());
+    ~StationDatabase();
+    StationDatabase(const StationDatabase&) = delete;
+    StationDatabase& operator=(const StationDatabase&) = delete;
+
+    /// What Config.ini holds.
+    std::string ConfigText() const;
+    /// Opens a station's connection on it.
+    void Open(Connection& connection) const;
+
+    // In a session beside the station's own.
+
+    /// Statements, parted by semicolons.
+    void Run(const std::string& statements) const;
+    /// The rows of a query. A cell is Null, a number - whole where its value is whole - or a text;
+    /// a date is the text 2026-11-20T00:00:00.
+    using Row = std::vector<Value>;
+    std::vector<Row> Rows(const std::string& query) const;
+    /// Gives a table another name, so that statements do not find it.
+    void Rename(const std::string& table, const std::string& name) const;
+    /// Leaves a table as it is, but that its columns may be Null and nothing ties it to others.
+    void Loosen(const std::string& table) const;
+    /// From now on this kind of write ("UPDATE") of a table is refused with a text. Where the
+    /// refusal ends the whole transaction, it is the engine that ends it. A condition on the row is
+    /// written with the column's name alone: "NoOfBags = 71".
+    struct Refusal {
+        std::string write;
+        std::string table;
+        std::string words;
+        std::string condition{};
+        bool endsTransaction = false;
+    };
+    void Refuse(const Refusal& refusal) const;
+    void AcceptAgain() const;
+
+    FreshFolder folder; ///< a program's folder; empty but for the file of an embedded database
+
+    /// The session beside, as each engine has it.
+    class Store;
+
+private:
+    std::unique_ptr<Store> store_;
+};
+
+} // namespace Quillane

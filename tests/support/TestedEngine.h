@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Quillane {
+
+/// The tests of the station run on the embedded database, and a second time on SQL Server: with the
+/// environment variable QUILLANE_TEST_ENGINE set to SqlServer.
+bool OnSqlServer();
+
+/// What the embedded engine says of a failure; on SQL Server a text that stands for whatever the
+/// server says of it.
+std::string EngineWords(std::string_view embeddedWords);
+
+/// The text of a box as tests compare it: on SQL Server the words of its driver become the text
+/// that `EngineWords` gives, so that no test depends on a version or a language of the server.
+std::string ComparedWords(const std::string& boxText);
+
+} // namespace Quillane
+
+/// For tests of what only a file has.
+#define SKIP_ON_SQL_SERVER(why)                                                                    \
+    if (Quillane::OnSqlServer())                                                                   \
+    GTEST_SKIP() << "not on SQL Server: " << (why)
