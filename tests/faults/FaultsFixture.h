@@ -53,8 +53,8 @@ protected:
 inline const std::string LostWords =
     "\nThe connection to the database server is lost. Start the program again to connect anew.";
 inline const std::string UnknownWords =
-    "\nIt is not known whether the database has still stored what was being saved: look for it "
-    "before you enter it again.";
+    "\nIt is not known whether this was still saved or removed: "
+    "look it up before you do it again.";
 
 bool Holds(std::string_view text, std::string_view part);
 

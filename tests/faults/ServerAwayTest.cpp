@@ -1,6 +1,8 @@
 // The server goes away while a station works on it, at every tick of its work.
 
 #include "faults/FaultsFixture.h"
+#include "search/SchArrivals.h"
+#include "search/SchParty.h"
 #include "support/ProcessEnd.h"
 #include "support/ScreenDriver.h"
 
@@ -139,10 +141,48 @@ TEST_F(ServerAway, IsToldByEveryTickOfWorkAndNothingThatWasEnteredIsLost) {
     ExpectNextSaveWorks();
 }
 
+TEST_F(ServerAway, IsToldByEveryKeyInASearchThatIsOpen) {
+    station->FillIn("Ghulam Rasool");
+    const auto entries = station->Entries();
+    VisitModal parties([&](Quillane::Screen& search) {
+        relay->Break(Moment::Now);
+        auto& party = dynamic_cast<SchParty&>(search);
+        for (const char* text : {"Cha", "Chau"})
+            EXPECT_EQ(LossesToldBy([&] { party.TxtFilter.SetText(text); }).size(), 1U);
+        EXPECT_EQ(party.Grid.Rows(), 0);
+        party.Unload();
+    });
+    Screen().CboSeller.SetFocus();
+    ScreenDriver(Screen()).Press(Qt::Key_F1);
+    EXPECT_EQ(station->Entries(), entries);
+    StartAnew();
+    VisitModal arrivals([&](Quillane::Screen& search) {
+        relay->Break(Moment::Now);
+        auto& arrival = dynamic_cast<SchArrivals&>(search);
+        EXPECT_EQ(LossesToldBy([&] { arrival.RefreshArrivals(); }).size(), 1U);
+        EXPECT_EQ(arrival.GrdSch.Rows(), 0);
+        arrival.Unload();
+    });
+    Screen().BtnOpen_Click();
+}
+
 TEST_F(ServerAway, IsToldByAScreenThatLoads) {
     relay->Break(Moment::Now);
     EXPECT_FALSE(LossesToldBy([&] { station->ShowScreen(); }).empty());
     EXPECT_EQ(Screen().TxtArrivalId.Text(), "");
+}
+
+TEST_F(ServerAway, BeforeTheAnswerToTheEndOfARemovalSaysThatItsOutcomeIsNotKnown) {
+    std::int16_t id = 1040;
+    Screen().LoadArrival(id);
+    const auto entries = station->Entries();
+    station->At("CommitTrans", [&] { relay->Break(Moment::AtNextAnswer); });
+    const auto told = LossesToldBy([&] { Screen().BtnRemove_Click(); });
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told[0].ends_with(UnknownWords)) << told[0];
+    EXPECT_EQ(station->Entries(), entries);
+    EXPECT_EQ(Ask("Select Count(*) From Arrivals Where ArrivalID = 1040"), "0");
+    EXPECT_EQ(Ask("Select Count(*) From ArrivalsBody Where ArrivalId = 1040"), "0");
 }
 
 // The seller goes with every change of its list.

@@ -128,8 +128,8 @@ void OdbcEngine::Commit() {
     try {
         RunPlain(dialect_.commit);
     } catch (const Failure& failure) {
-        FailAfter(failure, "\nIt is not known whether the database has still stored what was being "
-                           "saved: look for it before you enter it again.");
+        FailAfter(failure, "\nIt is not known whether this was still saved or removed: "
+                           "look it up before you do it again.");
     }
     inTransaction_ = false;
 }
@@ -150,13 +150,19 @@ void OdbcEngine::Leave() {
     isLost_ = true;
 }
 
+// Statements spell one table in several ways, which SQL Server passes over.
+std::string OdbcEngine::KnownAs(std::string_view table) const {
+    return dialect_.server == OdbcDialect::Server::TSql ? UpperCase(table) : std::string(table);
+}
+
 std::vector<std::string> OdbcEngine::KeyColumns(std::string_view table) {
-    const auto known = keys_.find(table);
+    const std::string knownAs = KnownAs(table);
+    const auto known = keys_.find(knownAs);
     if (known != keys_.end())
         return known->second;
     try {
         std::vector<std::string> key = OdbcPrimaryKey(NewStatement(), names_.Table(table), block_);
-        return keys_.emplace(table, std::move(key)).first->second;
+        return keys_.emplace(knownAs, std::move(key)).first->second;
     } catch (const Failure& failure) {
         FailAfter(failure);
     }
@@ -167,11 +173,12 @@ std::string OdbcEngine::ColumnInStatement(std::string_view column) {
 }
 
 const std::vector<OdbcColumn>& OdbcEngine::ColumnsOf(const std::string& table) {
-    const auto known = columns_.find(table);
+    const std::string knownAs = KnownAs(table);
+    const auto known = columns_.find(knownAs);
     if (known != columns_.end())
         return known->second;
     try {
-        return columns_.emplace(table, OdbcColumnsOfTable(NewStatement(), table)).first->second;
+        return columns_.emplace(knownAs, OdbcColumnsOfTable(NewStatement(), table)).first->second;
     } catch (const Failure& failure) {
         FailAfter(failure);
     }

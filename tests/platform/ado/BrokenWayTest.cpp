@@ -15,9 +15,8 @@ using Kind = ServerRelay::Kind;
 
 const std::string lost = "\nThe connection to the database server is lost. Start the program again "
                          "to connect anew.";
-const std::string unknown =
-    "\nIt is not known whether the database has still stored what was being "
-    "saved: look for it before you enter it again.";
+const std::string unknown = "\nIt is not known whether this was still saved or removed: "
+                            "look it up before you do it again.";
 
 /// A server with data, and a station that reaches it through a relay.
 class BrokenWayToPostgres : public OdbcOnPostgres {
