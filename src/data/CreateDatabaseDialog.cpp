@@ -209,6 +209,7 @@ void CreateDatabaseDialog::ChooseServer() {
 
 // What the database has already is not asked.
 void CreateDatabaseDialog::UseServer() {
+    ShowPlace();
     if (TxtCompanyName.Text().empty())
         TxtCompanyName.SetText(contents_.companyName);
     if (!contents_.isComplete) {

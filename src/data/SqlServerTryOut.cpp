@@ -251,7 +251,7 @@ std::string WhyItDoesNotOpen(const SqlServerPlace& place, std::string_view words
         return std::string(wordsOfDriver);
     if (serverAnswers)
         return "The server answers, but there is no database \"" + place.database +
-               "\", or this sign-in may not use it." + words;
+               "\", or it does not know this sign-in; the owner's, below, can change that." + words;
     if (TellsOfNoServer(wordsOfDriver))
         return "No SQL Server answers at " + Address(place) +
                ". Please see that it runs, that name and port are right, and that no firewall "

@@ -26,8 +26,9 @@ TEST(WhyItDoesNotOpen, SaysPlainlyWhatIsWrongAboveTheDriversWords) {
     const char* away = "No SQL Server answers at mill-sql, port 1433. Please see that it runs, "
                        "that name and port are right, and that no firewall stands between.";
     const char* wrong = "The server refuses the sign-in: the name or the password is wrong.";
-    const char* noDatabase = "The server answers, but there is no database \"Account1\", or this "
-                             "sign-in may not use it.";
+    const char* noDatabase =
+        "The server answers, but there is no database \"Account1\", or it does "
+        "not know this sign-in; the owner's, below, can change that.";
     const WordsCase cases[] = {
         {"[FreeTDS][SQL Server]Unable to connect: Adaptive Server is unavailable or does not "
          "exist\n[FreeTDS][SQL Server]Unable to connect to data source",
