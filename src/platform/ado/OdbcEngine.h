@@ -44,6 +44,7 @@ private:
     void RunPlain(const std::string& statement);
     long ReadResults(const OdbcHandle& statement, ResultSet& result);
     OdbcHandle NewStatement() const;
+    std::string KnownAs(std::string_view table) const;
     const std::vector<OdbcColumn>& ColumnsOf(const std::string& table);
     void Leave();
     bool DriverCallsItDead() const;
@@ -60,8 +61,8 @@ private:
     OdbcBlock block_;
     bool inTransaction_ = false; ///< as the server sees it
     bool isLost_ = false;        ///< the way to the server is broken, for good
-    std::map<std::string, std::vector<std::string>, std::less<>> keys_;
-    std::map<std::string, std::vector<OdbcColumn>, std::less<>> columns_;
+    std::map<std::string, std::vector<std::string>> keys_;
+    std::map<std::string, std::vector<OdbcColumn>> columns_;
 };
 
 } // namespace Quillane
