@@ -174,9 +174,9 @@ TEST_F(SqlServerSchema, SampleRowsComeIntoAnEmptyDatabaseAlone) {
 // ---- broken off ----
 
 TEST_F(SqlServerSchema, BrokenOffAtEachBatchIsDoneByTheNextRun) {
-    SqlServerDatabase other;
+    const auto other = MakeDatabase();
     Connection straight;
-    straight.Open(other.ConnectionString());
+    straight.Open(other->ConnectionString());
     SetUpSqlServerDatabase(straight, ParticularsOfServer());
 
     const int batches = BatchesOfSetUp();
@@ -195,9 +195,9 @@ TEST_F(SqlServerSchema, BrokenOffAtEachBatchIsDoneByTheNextRun) {
 TEST_F(SqlServerSchema, ALostConnectionAtAnyBatchIsDoneByTheNextRun) {
     const int batches = BatchesOfSetUp();
     for (int lost = 1; lost < batches; lost += 13) {
-        SqlServerDatabase fresh;
+        const auto fresh = MakeDatabase();
         Connection first;
-        first.Open(fresh.ConnectionString());
+        first.Open(fresh->ConnectionString());
         const std::string session = first.Execute("Select @@SPID").Fields(0).Text();
         const auto killAt = [&](int done, int) {
             if (done == lost)
@@ -206,7 +206,7 @@ TEST_F(SqlServerSchema, ALostConnectionAtAnyBatchIsDoneByTheNextRun) {
         };
         EXPECT_THROW(SetUpSqlServerDatabase(first, ParticularsOfServer(), killAt), Failure) << lost;
         Connection second;
-        second.Open(fresh.ConnectionString());
+        second.Open(fresh->ConnectionString());
         EXPECT_TRUE(SetUpSqlServerDatabase(second, ParticularsOfServer())) << lost;
         ExpectWholeSchema(second);
         EXPECT_EQ(second.Execute("Select Count(*) From Arrivals").Fields(0).Text(), "12") << lost;

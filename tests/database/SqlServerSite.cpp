@@ -84,11 +84,23 @@ NewDatabase ParticularsOfServer() {
             .hashCost = HashCost::Minimum};
 }
 
+std::unique_ptr<SqlServerDatabase> MakeDatabase() {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    for (;;) {
+        try {
+            return std::make_unique<SqlServerDatabase>();
+        } catch (const Failure&) {
+            if (std::chrono::steady_clock::now() > end)
+                throw;
+        }
+    }
+}
+
 void SqlServerSite::SetUp() {
     const std::string whyMissing = SqlServerDatabase::WhyMissing();
     if (!whyMissing.empty())
         GTEST_SKIP() << "SQL Server is not there: " << whyMissing;
-    database.emplace();
+    database = MakeDatabase();
     Con = std::make_unique<Connection>();
     Con->Open(database->ConnectionString());
     Con->CursorLocation = adUseClient;

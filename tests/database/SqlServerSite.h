@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +32,9 @@ std::vector<std::string> ContentsOf(Connection& connection);
 
 NewDatabase ParticularsOfServer();
 
+/// A fresh database; waits where the server is busy making another one.
+std::unique_ptr<SqlServerDatabase> MakeDatabase();
+
 /// `Con`, open on a fresh database of the SQL Server that the local file names, for its owner.
 /// Skipped, out loud, where there is no such file.
 class SqlServerSite : public testing::Test {
@@ -45,7 +47,7 @@ protected:
     void MakeUntidySite();
     std::string Ask(std::string_view query) { return Con->Execute(query).Fields(0).Text(); }
 
-    std::optional<SqlServerDatabase> database;
+    std::unique_ptr<SqlServerDatabase> database;
 };
 
 /// Someone who signs in to the test's database with one role and nothing else. The owner's

@@ -15,6 +15,8 @@
 #include "support/ScreenDriver.h"
 #include "weighment/FrmWeighment.h"
 
+#include <optional>
+
 namespace Quillane {
 
 namespace {
