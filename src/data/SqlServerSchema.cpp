@@ -55,7 +55,7 @@ void AddUser(Recordset& users, const std::string& name, const std::string& passw
     users.Update();
 }
 
-/// One row each or none: a broken-off set-up must not leave the first user without the second.
+/// All or none: a broken-off set-up must not leave the first user without the second.
 void AddFirstUsers(Connection& connection, const NewDatabase& particulars, bool withSampleUser) {
     connection.BeginTrans();
     try {
