@@ -34,9 +34,12 @@ endfunction()
 
 # quillane_tests(Scale LINKS Quillane::Scale ...) builds every *Test.cpp of the folder into one
 # program and registers each case. With SCREEN the program brings up an application off screen. With
-# POSTGRES the cases of that name share one server, started for them and stopped behind them.
+# POSTGRES the cases of that name share one server, started for them and stopped behind them. With
+# STATION the program works on a station's database, and all of it runs a second time on SQL Server,
+# but for the cases that ONE_ENGINE names: they are about the file of an embedded database, or work
+# on SQL Server whatever the others do.
 function(quillane_tests name)
-    cmake_parse_arguments(TESTS "SCREEN;POSTGRES" "" "LINKS;LABELS" ${ARGN})
+    cmake_parse_arguments(TESTS "SCREEN;POSTGRES;STATION" "ONE_ENGINE" "LINKS;LABELS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
     set(target "${name}Test")
     add_executable(${target} ${sources})
@@ -48,6 +51,11 @@ function(quillane_tests name)
     else()
         target_link_libraries(${target} PRIVATE GTest::gtest_main)
     endif()
+    if(TESTS_STATION)
+        target_link_libraries(${target} PRIVATE quillane_station_database)
+        add_test(NAME ${name}.OnSqlServer COMMAND ${target} "--gtest_filter=-${TESTS_ONE_ENGINE}")
+        quillane_on_sql_server(${name}.OnSqlServer "QT_QPA_PLATFORM=offscreen")
+    endif()
     include(GoogleTest)
     if(TESTS_POSTGRES)
         quillane_postgres_tests(${name} ${target})
@@ -55,6 +63,14 @@ function(quillane_tests name)
     endif()
     gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST ${filter}
         PROPERTIES TIMEOUT 120 ${environment} LABELS "${TESTS_LABELS}")
+endfunction()
+
+# A test program that runs on the SQL Server that tests/sqlserver.local names, or is skipped where
+# there is no such file.
+function(quillane_on_sql_server test environment)
+    set_tests_properties(${test} PROPERTIES TIMEOUT 1800 LABELS sqlserver
+        ENVIRONMENT "QUILLANE_TEST_ENGINE=SqlServer;${environment}"
+        SKIP_REGULAR_EXPRESSION "SQL Server is not there: no file tests/sqlserver.local names one")
 endfunction()
 
 # The cases of a test program that need PostgreSQL. They skip themselves where it is not installed.

@@ -76,7 +76,7 @@ TEST_F(DependentTable, IsProbedByItsOwnColumnWhereTheNamesDiffer) {
 }
 
 TEST_F(DependentTable, IsProbedByTheGivenColumnWhereTheKeyDiffersInCaseOnly) {
-    boxes.Expect(Critical("no such column: LOADID", "Database"));
+    boxes.Expect(Critical(EngineWords("no such column: LOADID"), "Database"));
     EXPECT_EQ(Find("Loads", "LOADID=12"), "");
     EXPECT_EQ(database.statements,
               (Statements{KeysOf("Loads"), "Select TOP 1 * From Bills Where LOADID=12",
@@ -85,7 +85,7 @@ TEST_F(DependentTable, IsProbedByTheGivenColumnWhereTheKeyDiffersInCaseOnly) {
 
 TEST_F(DependentTable, FailsOpen) {
     database.Run("Insert Into Checks (CheckedLoad) Values (12)");
-    boxes.Expect(Critical("no such column: Weight", "Database"));
+    boxes.Expect(Critical(EngineWords("no such column: Weight"), "Database"));
     // The probe of Bills fails, so nobody looks at Checks.
     EXPECT_EQ(Find("Loads", "Weight=12"), "");
     EXPECT_EQ(database.statements.size(), 2U);
@@ -94,7 +94,7 @@ TEST_F(DependentTable, FailsOpen) {
 TEST_F(DependentTable, LeavesTheQuotesToTheCaller) {
     Find("Loads", "LoadID='12'", "Checks");
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Bills Where LoadID='12'");
-    boxes.Expect(Critical("no such column: twelve", "Database"));
+    boxes.Expect(Critical(EngineWords("no such column: twelve"), "Database"));
     EXPECT_EQ(Find("Loads", "LoadID=twelve", "Checks"), "");
 }
 
@@ -139,7 +139,7 @@ TEST_F(DependentTable, WithAKeyOfTwoColumnsIsProbedOncePerColumnByTheLastThatFit
     database.Run("Create Table Trips (Truck Integer, Day Integer, Primary Key (Truck, Day))");
     database.Run("Create Table Tolls (TollTruck Integer, TollDay Integer, "
                  "Foreign Key (TollTruck, TollDay) References Trips (Truck, Day))");
-    boxes.Expect(Critical("unrecognized token: \"1ANDTollDay\"", "Database"));
+    boxes.Expect(Critical(EngineWords("unrecognized token: \"1ANDTollDay\""), "Database"));
     EXPECT_EQ(Find("Trips", "Truck=1 AND Day=2"), "");
     EXPECT_EQ(criteria, "Truck=1ANDDay=2");
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Tolls Where Truck=1ANDTollDay=2");

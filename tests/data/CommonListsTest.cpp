@@ -108,7 +108,7 @@ TEST_F(PickLists, OfAStatementWithoutRowsAreEmptyWithoutAnError) {
 
 TEST_F(PickLists, WhoseStatementFailsAreLeftClearedWithABox) {
     FillBefore();
-    boxes.Expect(Critical("no such table: Nowhere", "Database"));
+    boxes.Expect(Critical(EngineWords("no such table: Nowhere"), "Database"));
     FillPickList(rows, array, "select ID, Name from Nowhere", screen.CboFirst);
     EXPECT_EQ(screen.CboFirst.Text(), "");
     EXPECT_EQ(array->RowCount(), 0);
@@ -256,7 +256,7 @@ TEST_F(PickLists, OfBagTypesAreOrderedByName) {
 
 TEST_F(PickLists, ThatCannotBeReadEachShowTheirOwnBox) {
     for (const char* table : {"Commodities", "BagsClasses", "BagsTypes"})
-        database.Run(std::string("Alter Table ") + table + " Rename To Gone" + table);
+        database.Rename(table, std::string("Gone") + table);
     for (const char* table : {"commodities", "bagsclasses", "bagstypes"})
         boxes.Expect(Critical(std::string("no such table: ") + table, "Database"));
     FillCommodities(nullptr, nullptr, screen.CboFirst, false, false, false);

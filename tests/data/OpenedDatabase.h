@@ -1,46 +1,26 @@
 #pragma once
 
 #include "data/Con.h"
-#include "data/EmbeddedFunctions.h"
-#include "data/EmbeddedSchema.h"
-#include "platform/ado/Connection.h"
+#include "station/StationDatabase.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Quillane {
 
-/// `Con`, open on an embedded database of its own in a fresh folder: the station's schema without
-/// sample rows, where account 601 is a supplier in a city, 602 one whose account is not editable,
-/// 603 a buyer without a city and 604 a broker.
-class OpenedDatabase {
+/// `Con`, open on a database of its own: the station's schema without sample rows, where account
+/// 601 is a supplier in a city, 602 one whose account is not editable, 603 a buyer without a city
+/// and 604 a broker.
+class OpenedDatabase : public StationDatabase {
 public:
-    OpenedDatabase() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "data-XXXXXX").string();
-        folder_ = ::mkdtemp(pattern.data());
-        CreateEmbeddedDatabase(folder_ + "/Account1.db", {.companyName = "Veltrane",
-                                                          .companyAddress = "",
-                                                          .companyPhone = "",
-                                                          .companyEmail = "",
-                                                          .userName = "ali",
-                                                          .password = "wheat",
-                                                          .hashCost = HashCost::Minimum});
+    OpenedDatabase() : StationDatabase(ParticularsOf("Veltrane", "ali", "wheat")) {
         Con = std::make_unique<Connection>();
-        Con->SetEmbeddedSupport(
-            {.folder = folder_, .registerFunctions = RegisterEmbeddedFunctions});
-        Con->Open("Driver=SQL Server;Server=(embedded);Database=Account1");
-        Con->CursorLocation = adUseClient;
+        Open(*Con);
         AddRows();
         Con->StatementObserver = [this](std::string_view text) { statements.emplace_back(text); };
     }
-    ~OpenedDatabase() {
-        Con.reset();
-        std::filesystem::remove_all(folder_);
-    }
-    OpenedDatabase(const OpenedDatabase&) = delete;
-    OpenedDatabase& operator=(const OpenedDatabase&) = delete;
+    ~OpenedDatabase() { Con.reset(); }
 
     /// Runs a statement unseen.
     void Run(std::string_view statement) {
@@ -71,8 +51,6 @@ private:
               "(12, '2026-11-20T00:00:00', 1, '601'), (13, '2026-11-20T00:00:00', 1, '601')"})
             Con->Execute(statement);
     }
-
-    std::string folder_;
 };
 
 } // namespace Quillane

@@ -120,7 +120,7 @@ TEST_F(SignIn, IsNotOpenedAnewToEscapeThePause) {
 TEST_F(SignIn, TellsAFailureOfTheDatabaseAndStays) {
     database.connection.Execute("Drop Table StationUsers");
     BoxAnswers answers;
-    answers.Expect(Testing::Critical("no such table: StationUsers", "Database"));
+    answers.Expect(Testing::Critical(EngineWords("no such table: StationUsers"), "Database"));
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return).Type("grain").Press(Qt::Key_Return);

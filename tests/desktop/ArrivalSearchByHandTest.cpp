@@ -172,11 +172,12 @@ TEST_F(ArrivalSearchByHand, TellsOfAnApostropheAtEachKeyUntilItIsGone) {
         by.Press({"Return"});
         by.UntilActive("TxtFilter");
         by.Press({"apostrophe"});
-        by.Answer("Database", "unrecognized token: \"' Order By Arrivals.ArrivalId desc\"",
+        by.Answer("Database",
+                  EngineWords("unrecognized token: \"' Order By Arrivals.ArrivalId desc\""),
                   {"Return"});
         UntilListed(by, search, 0);
         by.Press({"g"});
-        by.Answer("Database", "near \"g\": syntax error", {"Return"});
+        by.Answer("Database", EngineWords("near \"g\": syntax error"), {"Return"});
         by.Press({"Home", "Delete"});
         UntilListed(by, search, 7);
         by.Press({"Escape"});

@@ -39,7 +39,7 @@ TEST_P(LeavingTheId, OfAWeighedLoadOpensItAndEndsOnTheDate) {
 
 // The buttons of the weights stay on with such a load, and a press on one takes no reading.
 TEST_P(LeavingTheId, OfALoadWithoutATareOpensItAndEndsOnTheDate) {
-    RunInFile("Update ArrivalsBody Set TareWeight = 0 Where ArrivalId = 1031");
+    RunBeside("Update ArrivalsBody Set TareWeight = 0 Where ArrivalId = 1031");
     ExpectLoadWins(0);
 }
 

@@ -1,7 +1,6 @@
 #include "Station.h"
 
 #include "data/Con.h"
-#include "data/EmbeddedFile.h"
 #include "data/Services.h"
 #include "platform/comm/MSComm.h"
 #include "platform/forms/Boxes.h"
@@ -17,8 +16,7 @@
 #include <QTableView>
 #include <QTimer>
 
-#include <sqlite3.h>
-
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -27,18 +25,13 @@ namespace Quillane::Testing {
 
 namespace {
 
-std::string CellText(sqlite3_stmt* statement, int column) {
-    switch (sqlite3_column_type(statement, column)) {
-    case SQLITE_NULL:
-        return "Null";
-    case SQLITE_FLOAT: {
+std::string CellText(const Value& cell) {
+    if (const auto* number = std::get_if<double>(&cell.Raw())) {
         char digits[40];
-        std::snprintf(digits, sizeof digits, "%.17g", sqlite3_column_double(statement, column));
+        std::snprintf(digits, sizeof digits, "%.17g", *number);
         return digits;
     }
-    default:
-        return reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    }
+    return cell.IsNull() ? "Null" : cell.Text();
 }
 
 /// Tells what went wrong, and leaves nothing open behind it.
@@ -57,10 +50,10 @@ void RunDay(Operator& by, const std::function<void(Operator&)>& day) {
 void Station::SetUp() {
     if (QGuiApplication::platformName() != "xcb")
         GTEST_SKIP() << "Needs a display";
-    folder.emplace();
+    database.emplace();
+    folder = &database->folder;
     ::setenv("XDG_CONFIG_HOME", folder->File("settings").c_str(), 1);
-    CreateEmbeddedDatabase(folder->File("Account1.db"), SampleParticulars());
-    folder->Write("Config.ini", "Server=(embedded);Database=Account1\n");
+    folder->Write("Config.ini", database->ConfigText() + "\n");
     indicator.emplace(folder->File("scale"), 12540);
     SetProgramFolder(folder->path);
     TheStation() = StationFile();
@@ -85,7 +78,7 @@ void Station::TearDown() {
     TheStation() = StationFile();
     indicator.reset();
     ::unsetenv("XDG_CONFIG_HOME");
-    folder.reset();
+    database.reset();
 }
 
 void Station::Work(const Day& day) {
@@ -112,24 +105,15 @@ void Station::Indicate(const Operator& by, const std::string& command) {
     by.See([&] { indicator->Command(command); });
 }
 
-void Station::RunInFile(const std::string& statement) const {
-    EmbeddedFile(folder->File("Account1.db"), SQLITE_OPEN_READWRITE).Run(statement.c_str());
+void Station::RunBeside(const std::string& statement) const {
+    database->Run(statement);
 }
 
 std::vector<Station::Row> Station::Stored(const std::string& query) const {
-    sqlite3* session = nullptr;
-    EXPECT_EQ(sqlite3_open(folder->File("Account1.db").c_str(), &session), SQLITE_OK);
-    sqlite3_stmt* statement = nullptr;
-    EXPECT_EQ(sqlite3_prepare_v2(session, query.c_str(), -1, &statement, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(session);
     std::vector<Row> rows;
-    while (statement && sqlite3_step(statement) == SQLITE_ROW) {
-        Row& row = rows.emplace_back();
-        for (int column = 0; column < sqlite3_column_count(statement); ++column)
-            row.push_back(CellText(statement, column));
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(session);
+    for (const StationDatabase::Row& cells : database->Rows(query))
+        std::transform(cells.begin(), cells.end(), std::back_inserter(rows.emplace_back()),
+                       CellText);
     return rows;
 }
 

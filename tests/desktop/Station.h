@@ -3,7 +3,7 @@
 #include "BoxWatch.h"
 #include "Operator.h"
 #include "ScaleIndicator.h"
-#include "data/SampleDatabase.h"
+#include "station/StationDatabase.h"
 #include "support/ProcessEnd.h"
 
 #include <gtest/gtest.h>
@@ -33,14 +33,15 @@ protected:
     /// A command to the indicator, from an operator's thread.
     void Indicate(const Operator& by, const std::string& command);
     /// Runs a statement in a session beside the program's.
-    void RunInFile(const std::string& statement) const;
+    void RunBeside(const std::string& statement) const;
 
     /// A stored cell with every digit that tells it from all others; "Null".
     using Row = std::vector<std::string>;
-    /// Read by the engine itself, beside the program.
+    /// Read beside the program.
     std::vector<Row> Stored(const std::string& query) const;
 
-    std::optional<FreshFolder> folder;
+    std::optional<StationDatabase> database;
+    const FreshFolder* folder = nullptr; ///< of the program
     std::optional<ScaleIndicator> indicator;
     std::optional<BoxWatch> boxes;
     std::optional<ProcessEnd> end;

@@ -180,9 +180,9 @@ TEST_F(StoredLoadByKeys, ReplacesWhatStandsOnTheScreenWithoutAQuestion) {
 }
 
 TEST_F(StoredLoadByKeys, WithAnIdBeyondSixteenBitsIsOpenedFromTheSearchAlone) {
-    RunInFile("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Select 40000,"
+    RunBeside("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Select 40000,"
               " ArrivalDate, CommodityId, SellerId From Arrivals Where ArrivalID = 1042");
-    RunInFile("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags,"
+    RunBeside("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags,"
               " VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction,"
               " NetWeight) Values (40000, 1, 1, 1, 50, 'ZZ-9', 3000, 0, 80, 0, 0, 4000)");
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {

@@ -101,24 +101,23 @@ TEST_F(FrmPortSettingsSave, SaysSoAlsoWhereARowIsMissing) {
 }
 
 TEST_F(FrmPortSettingsSave, KeepsTheRowsThatWereStoredBeforeAFailure) {
-    database.Run("Create Trigger Refusal Before Update On PortSettings "
-                 "When old.RegistryKey = 'DataDirection' "
-                 "Begin Select Raise(Abort, 'the row is in use'); End");
+    database.Refuse(
+        {"UPDATE", "PortSettings", "the row is in use", "RegistryKey = 'DataDirection'"});
     const std::string before = Stored();
     database.statements.clear();
     Choose();
-    boxes.Expect(Critical("the row is in use", "Database"));
+    boxes.Expect(Critical(EngineWords("the row is in use"), "Database"));
     screen.CmdSave.Click();
     EXPECT_EQ(database.statements.size(), 3u) << "nothing behind the failure runs";
     EXPECT_EQ(before, "1 9600,n,8,1 Right 6 0");
     EXPECT_EQ(Stored(), "2 19200,e,7,1.5 Right 6 0");
-    database.Run("Drop Trigger Refusal");
+    database.AcceptAgain();
     EXPECT_EQ(Save(), "2 19200,e,7,1.5 Right 6 1") << "and the next save is whole";
 }
 
 TEST_F(FrmPortSettingsSave, ReportsAMissingTable) {
     database.Run("Drop Table PortSettings");
-    boxes.Expect(Critical("no such table: PortSettings", "Database"));
+    boxes.Expect(Critical(EngineWords("no such table: PortSettings"), "Database"));
     screen.CmdSave.Click();
     EXPECT_TRUE(screen.IsLoaded());
 }

@@ -128,7 +128,7 @@ TEST_F(IndicatorLineTest, ReportsAPulledCableAndReadsAgainWhenItIsBack) {
 
 TEST_F(IndicatorLineTest, ReadsReversedDigitsAsTheyCame) {
     Start({"--layout", "equals-reversed"});
-    database.Store(PortSettingsDatabase::Rows{
+    database.Store(PortSettingsDatabase::Settings{
         {"DataDirection", "Left"}, {"DataLength", "7"}, {"IsReversed", "1"}});
     database.Load(screen.PortSettingsRows);
     EXPECT_TRUE(Shows("0012540")) << "the zeros stay";

@@ -14,7 +14,7 @@ using Testing::Critical;
 using Testing::PortSessionTest;
 using Testing::PortSettingsDatabase;
 using Testing::WaitFor;
-using Rows = PortSettingsDatabase::Rows;
+using Rows = PortSettingsDatabase::Settings;
 
 constexpr const char* frames = "+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n+0012";
 

@@ -14,13 +14,13 @@ using Testing::PortSettingsDatabase;
 
 class SettingsTest : public testing::Test {
 protected:
-    LiveReading ReadFrom(const PortSettingsDatabase::Rows& stored) {
+    LiveReading ReadFrom(const PortSettingsDatabase::Settings& stored) {
         database.Store(stored);
         database.Load(rows);
         return ReadLiveReading(rows);
     }
 
-    std::optional<std::string> SingleFrom(const PortSettingsDatabase::Rows& stored,
+    std::optional<std::string> SingleFrom(const PortSettingsDatabase::Settings& stored,
                                           const PortSetting& setting) {
         database.Store(stored);
         database.Load(rows);

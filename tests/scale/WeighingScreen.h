@@ -43,7 +43,7 @@ protected:
     }
     ~PortSessionTest() override { MSComm::SetDevices({}); }
 
-    void Store(const PortSettingsDatabase::Rows& rows) {
+    void Store(const PortSettingsDatabase::Settings& rows) {
         database.Store(rows);
         database.Load(screen.PortSettingsRows);
     }

@@ -184,6 +184,7 @@ TEST_F(SchArrivalsKeys, HandsBackIdsOfUpTo32Bits) {
 }
 
 TEST_F(SchArrivalsKeys, ReportsAnIdBeyond32BitsOnceAndStays) {
+    SKIP_ON_SQL_SERVER("its column holds no such id");
     AddArrival("9999999999", "2026-11-20");
     Open();
     Driver().Type("9999999999");

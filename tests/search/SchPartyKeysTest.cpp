@@ -8,9 +8,8 @@ namespace {
 class SchPartyKeys : public PartySearch {
 protected:
     /// Gives a table the rows that it has without the bounds that it has, and changes them.
-    void ChangeUnbound(std::string_view table, std::string_view change) {
-        Run("Alter Table " + std::string(table) + " Rename To Former");
-        Run("Create Table " + std::string(table) + " As Select * From Former");
+    void ChangeUnbound(const std::string& table, std::string_view change) {
+        database.Loosen(table);
         Run(change);
     }
 };
@@ -166,9 +165,9 @@ TEST_F(SchPartyKeys, AFailedSecondShowingHandsNothingOfTheFirstBack) {
     SchParty search;
     RunModal(search, [&](Screen&) { search.CmdSelect.Click(); });
     ASSERT_NE(search.SelectedPartyName, "");
-    Run("Alter Table Cities Rename To Towns");
+    database.Rename("Cities", "Towns");
     BoxAnswers answers;
-    answers.Expect(DatabaseFailure("no such table: Cities"));
+    answers.Expect(DatabaseFailure(EngineWords("no such table: Cities")));
     RunModal(search, [&](Screen& shown) { shown.close(); });
     EXPECT_EQ(search.SelectedPartyName, "");
 }

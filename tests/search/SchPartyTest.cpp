@@ -79,7 +79,8 @@ TEST_F(SchPartyTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
     Enter(screen->TxtFilter, "sit");
     Sent();
     BoxAnswers answers;
-    answers.Expect(DatabaseFailure(OpenQuote)).Expect(DatabaseFailure("near \"x\": syntax error"));
+    answers.Expect(DatabaseFailure(OpenQuote))
+        .Expect(DatabaseFailure(EngineWords("near \"x\": syntax error")));
     Driver().Type("'x");
     EXPECT_EQ(answers.Remaining(), 0U);
     EXPECT_EQ(Sent(), (Lines{Named("sit'"), Named("sit'x")}));
@@ -210,9 +211,9 @@ TEST_F(SchPartyTest, NothingIsSelectedWhereNothingIsListed) {
 }
 
 TEST_F(SchPartyTest, StaysOpenAndEmptyWhereTheTablesCannotBeRead) {
-    Run("Alter Table Cities Rename To Towns");
+    database.Rename("Cities", "Towns");
     BoxAnswers answers;
-    answers.Expect(DatabaseFailure("no such table: Cities"));
+    answers.Expect(DatabaseFailure(EngineWords("no such table: Cities")));
     Open();
     EXPECT_EQ(answers.Remaining(), 0U);
     EXPECT_TRUE(screen->IsLoaded());

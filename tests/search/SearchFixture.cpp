@@ -8,18 +8,17 @@
 
 namespace Quillane::Testing {
 
-const std::string_view OpenQuote = "unrecognized token: \"'\"";
+const std::string OpenQuote = EngineWords("unrecognized token: \"'\"");
 const std::string_view Closed = "Operation is not allowed when the object is closed.";
 
 SearchTest::SearchTest() {
-    CreateEmbeddedDatabase(folder.File("Account1.db"), SampleParticulars());
     Con = std::make_unique<Connection>();
-    Con->SetEmbeddedSupport(
-        {.folder = folder.path, .registerFunctions = RegisterEmbeddedFunctions});
-    Con->Open("Driver=SQL Server;Server=(embedded);Database=Account1");
-    Con->CursorLocation = adUseClient;
-    Con->Execute("Update Arrivals Set ArrivalDate = "
-                 "strftime('%Y-%m-%dT00:00:00', '2026-11-20', (ArrivalID - 1042) || ' days')");
+    database.Open(*Con);
+    for (int id = 1031; id <= 1042; ++id) {
+        const std::string day = std::to_string(100 + id - 1022).substr(1);
+        Con->Execute("Update Arrivals Set ArrivalDate = '2026-11-" + day +
+                     "T00:00:00' Where ArrivalID = " + std::to_string(id));
+    }
     Con->StatementObserver = [this](std::string_view text) { statements.emplace_back(text); };
     SetClock([] {
         return Date{std::chrono::year(2026), std::chrono::month(11), std::chrono::day(20)};

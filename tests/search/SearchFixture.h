@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/SampleDatabase.h"
 #include "platform/forms/SSOleDBGrid.h"
 #include "platform/forms/Screen.h"
+#include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 
@@ -32,7 +32,7 @@ protected:
     /// What was sent since the last call.
     Lines Sent();
 
-    FreshFolder folder;
+    StationDatabase database;
     Lines statements; ///< every text that ran on `Con`
 };
 
@@ -46,7 +46,7 @@ Lines FirstCells(SSOleDBGrid& grid);
 Box DatabaseFailure(std::string_view text);
 
 /// What the engine says of a quote that is never closed, at the end of a statement.
-extern const std::string_view OpenQuote;
+extern const std::string OpenQuote;
 /// What a closed recordset says.
 extern const std::string_view Closed;
 

@@ -200,8 +200,8 @@ TEST_F(CrpCottonWeighmentTest, RepeatsTheTablesHeadOnEveryPageOfALongLoad) {
 
 TEST_F(CrpCottonWeighmentTest, KeepsLongNamesWhole) {
     const char* name =
-        "Messrs. Abdul Rehman Muhammad Siddique and Sons Commission Agents and Grain "
-        "Merchants of the Old Market";
+        "Abdul Rehman Muhammad Siddique and Sons Commission Agents and Grain Merchants of the "
+        "Old Market";
     database_.AddParty("6002", name, "Shop 14, second row behind the octroi post, Jhang Road", "1");
     database_.AddArrival(1, "6002");
     database_.AddLine(1, {});

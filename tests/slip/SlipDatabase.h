@@ -1,13 +1,9 @@
 #pragma once
 
-#include "data/EmbeddedFunctions.h"
-#include "data/EmbeddedSchema.h"
-#include "platform/ado/Connection.h"
 #include "platform/report/Report.h"
 #include "slip/SlipStatement.h"
+#include "station/StationDatabase.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -15,35 +11,17 @@
 
 namespace Quillane {
 
-/// An embedded database of its own in a fresh folder, with arrivals to print: number 1042 is a
-/// usual load of two bag lines, weighed at 12540 and 4320 kg with a deduction of 17 kg.
-class SlipDatabase {
+/// A database of its own, with arrivals to print: number 1042 is a usual load of two bag lines,
+/// weighed at 12540 and 4320 kg with a deduction of 17 kg.
+class SlipDatabase : public StationDatabase {
 public:
-    SlipDatabase() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "slip-XXXXXX").string();
-        folder_ = ::mkdtemp(pattern.data());
-        CreateEmbeddedDatabase(folder_ + "/Account1.db", {.companyName = "Quillane Flour Mills",
-                                                          .companyAddress = "",
-                                                          .companyPhone = "",
-                                                          .companyEmail = "",
-                                                          .userName = "ali",
-                                                          .password = "wheat",
-                                                          .hashCost = HashCost::Minimum});
-        connection.SetEmbeddedSupport(
-            {.folder = folder_, .registerFunctions = RegisterEmbeddedFunctions});
-        connection.Open("Driver=SQL Server;Server=(embedded);Database=Account1");
-        connection.CursorLocation = adUseClient;
+    SlipDatabase() : StationDatabase(ParticularsOf("Quillane Flour Mills", "ali", "wheat")) {
+        Open(connection);
         AddTables();
         AddArrival(1042, "6001");
         AddLine(1042, {.bags = 60, .tare = 4320, .otherDeduction = 10.2, .vehicle = "LEB-4217"});
         AddLine(1042, {.bagsClass = 2, .bagsType = 2, .bags = 40, .otherDeduction = 6.8});
     }
-    ~SlipDatabase() {
-        connection.Close();
-        std::filesystem::remove_all(folder_);
-    }
-    SlipDatabase(const SlipDatabase&) = delete;
-    SlipDatabase& operator=(const SlipDatabase&) = delete;
 
     struct Line {
         int bagsClass = 1;
@@ -97,7 +75,7 @@ public:
         return rows;
     }
 
-    const std::string& Folder() const { return folder_; }
+    const std::string& Folder() const { return folder.path; }
 
     Connection connection;
 
@@ -110,8 +88,6 @@ private:
             "(2, 'Polypropylene 50 kg'), (3, 'Cotton')");
         AddParty("6001", "Chaudhry Grain Traders", "14 Ghalla Mandi Road", "1");
     }
-
-    std::string folder_;
 };
 
 /// Fills a slip as the print button does.

@@ -21,8 +21,12 @@ constexpr const char* tables[] = {
     "Commodities",      "Parties",      "ChartOfAccounts",   "Cities",       "PortSettings",
     "Project_Registry", "StationUsers", "StationSchema"};
 
-/// The functions that are bound to tables, which nobody can rename meanwhile.
-constexpr const char* functions[] = {"FunGetPartyName", "FunGetCommodity"};
+/// What is bound to tables, so that nobody can rename those meanwhile.
+constexpr std::pair<const char*, const char*> functionsOfTables[] = {
+    {"FunGetPartyName", "ChartOfAccounts"},
+    {"FunGetPartyName", "Parties"},
+    {"FunGetPartyName", "Cities"},
+    {"FunGetCommodity", "Commodities"}};
 
 /// The one database of the program's tests.
 class Site {
@@ -112,8 +116,9 @@ public:
         return rows;
     }
     void Rename(const std::string& table, const std::string& name) override {
-        for (const char* function : functions)
-            Run("DROP FUNCTION IF EXISTS dbo." + std::string(function));
+        for (const auto& [function, bound] : functionsOfTables)
+            if (table == bound)
+                Run("DROP FUNCTION dbo." + std::string(function));
         Run("EXEC sp_rename 'dbo." + table + "', '" + name + "', 'OBJECT'");
     }
     // What comes from the outer side of a join may be Null and counts nothing up by itself.

@@ -1,5 +1,7 @@
 #include "support/BoxAnswers.h"
 
+#include "support/TestedEngine.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -22,7 +24,7 @@ std::string Described(const Box& box) {
     if (question) {
         buttons = box.defaultButton == BoxAnswer::No ? "Yes, No (default)" : "Yes (default), No";
     }
-    return "box \"" + box.text + "\", title \"" + box.title + "\", " +
+    return "box \"" + ComparedWords(box.text) + "\", title \"" + box.title + "\", " +
            std::string(NameOf(box.icon)) + ", " + buttons;
 }
 

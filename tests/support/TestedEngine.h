@@ -13,9 +13,11 @@ bool OnSqlServer();
 /// server says of it.
 std::string EngineWords(std::string_view embeddedWords);
 
-/// The text of a box as tests compare it: on SQL Server the words of its driver become the text
-/// that `EngineWords` gives, so that no test depends on a version or a language of the server.
-std::string ComparedWords(const std::string& boxText);
+/// The text of a box or of a statement as tests compare it. On SQL Server the words of its driver
+/// become the text that `EngineWords` gives, so that no test depends on a version or a language of
+/// the server; and the names of tables that come out of its catalogue are spelled as they were
+/// declared, which a catalogue need not do.
+std::string ComparedWords(const std::string& text);
 
 } // namespace Quillane
 

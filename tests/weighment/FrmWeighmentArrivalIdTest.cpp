@@ -104,10 +104,9 @@ TEST_F(FrmWeighmentArrivalId, IsNotLookedUpWhereItIsClosedOrTheScreenGoes) {
 }
 
 TEST_F(FrmWeighmentArrivalId, ThatCannotBeLookedUpIsToldAndLeft) {
-    RunInFile("ALTER TABLE Arrivals RENAME TO Elsewhere");
-    EXPECT_EQ(LeavingByTab("1040"),
-              (Lines{"Validate TxtArrivalId", Counting + "1040",
-                     "Box \"Database\" [critical, OK] no such table: Arrivals"}));
+    database.Rename("Arrivals", "Elsewhere");
+    EXPECT_EQ(LeavingByTab("1040"), (Lines{"Validate TxtArrivalId", Counting + "1040",
+                                           Testing::DatabaseBox("no such table: Arrivals")}));
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
 }
 

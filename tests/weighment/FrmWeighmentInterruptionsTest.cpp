@@ -50,14 +50,14 @@ TEST_F(FrmWeighmentInterruptions, OfASaveByANameThatIsOnNoListSaveNothingAndSayN
 // The box of the failed look-up comes up while the press moves the focus.
 TEST_F(FrmWeighmentInterruptions, OfAPressByABoxUseThePressUp) {
     screen->TxtWeight.SetText("12540");
-    RunInFile("ALTER TABLE Arrivals RENAME TO Away");
+    database.Rename("Arrivals", "Away");
     ScreenDriver driver(*screen);
     Trace trace(*screen, line);
     driver.Click(screen->CmdGrossWeight);
     EXPECT_EQ(trace.Take(), (Lines{"Validate TxtArrivalId",
                                    "Select count(*) From Arrivals where ArrivalID = 1043",
-                                   "Box \"Database\" [critical, OK] no such table: Arrivals",
-                                   "LostFocus TxtArrivalId", "GotFocus CmdGrossWeight"}));
+                                   DatabaseBox("no such table: Arrivals"), "LostFocus TxtArrivalId",
+                                   "GotFocus CmdGrossWeight"}));
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
     driver.Click(screen->CmdGrossWeight);
     EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");

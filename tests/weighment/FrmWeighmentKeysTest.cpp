@@ -127,9 +127,9 @@ TEST_F(FrmWeighmentKeys, CtrlLClearsAlsoWhereTheButtonIsOff) {
 TEST_F(FrmWeighmentKeys, CtrlLGoesToTheIdWhereTheDateIsClosed) {
     Begin(screen->TxtVehicleNo);
     screen->DtpArrivalDate.SetEnabled(false);
-    RunInFile("ALTER TABLE PortSettings RENAME TO Elsewhere");
+    database.Rename("PortSettings", "Elsewhere");
     BoxAnswers answers;
-    answers.Expect(Critical("no such table: PortSettings", "Database"));
+    answers.Expect(Critical(EngineWords("no such table: PortSettings"), "Database"));
     Driver().Press(Qt::CTRL | Qt::Key_L);
     EXPECT_EQ(screen->ActiveControlName(), "TxtArrivalId");
 }
@@ -138,9 +138,9 @@ TEST_F(FrmWeighmentKeys, CtrlLReportsAFailureAndLeaves) {
     Begin(screen->TxtVehicleNo);
     screen->DtpArrivalDate.SetEnabled(false);
     screen->TxtArrivalId.SetEnabled(false);
-    RunInFile("ALTER TABLE PortSettings RENAME TO Elsewhere");
+    database.Rename("PortSettings", "Elsewhere");
     BoxAnswers answers;
-    answers.Expect(Critical("no such table: PortSettings", "Database"));
+    answers.Expect(Critical(EngineWords("no such table: PortSettings"), "Database"));
     answers.Expect(Critical("Invalid procedure call or argument", "Quillane"));
     Driver().Press(Qt::CTRL | Qt::Key_L);
     EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");

@@ -43,7 +43,7 @@ TEST_F(FrmWeighmentLiveWeight, FollowTheLine) {
 }
 
 TEST_F(FrmWeighmentLiveWeight, WithReversedDigitsShowTheirZerosAndAreTakenWithoutThem) {
-    RunInFile("UPDATE PortSettings SET RegistryValue = '1' WHERE RegistryKey = 'IsReversed'");
+    RunBeside("UPDATE PortSettings SET RegistryValue = '1' WHERE RegistryKey = 'IsReversed'");
     screen->NewWeighment();
     line.Write("+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n");
     ASSERT_TRUE(WaitFor([&] { return screen->TxtWeight.Text() == "052100"; }));

@@ -123,7 +123,7 @@ TEST_F(PrintTest, ASecondTimeMakesASecondSlipOfTheRowsAsTheyAreThen) {
     FillInOpened(1031);
     const Report* first = nullptr;
     Preview([&](RptReportViewer& viewer) { first = viewer.Report.get(); });
-    RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1031 AND NoOfBags = 40;"
+    RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1031 AND NoOfBags = 40;"
               "UPDATE Project_Registry SET value = 'Moulin Zoé' WHERE registrykey = 'CompanyName'");
     CompanyProfile->Load();
     screen->TxtDeduction.SetText("20");
@@ -136,7 +136,7 @@ TEST_F(PrintTest, ASecondTimeMakesASecondSlipOfTheRowsAsTheyAreThen) {
 }
 
 TEST_F(PrintTest, ShowsWhatTheJoinsLeave) {
-    RunInFile("UPDATE ArrivalsBody SET BagsClassId = 0 WHERE ArrivalId = 1031 AND NoOfBags = 60;"
+    RunBeside("UPDATE ArrivalsBody SET BagsClassId = 0 WHERE ArrivalId = 1031 AND NoOfBags = 60;"
               "UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
     FillInOpened(1031);
     Preview([](RptReportViewer& viewer) {
@@ -151,12 +151,11 @@ TEST_F(PrintTest, ShowsWhatTheJoinsLeave) {
 
 TEST_F(PrintTest, ReportsAFailureAndWorksTheNextTime) {
     FillInOpened(1031);
-    RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE PRCenters RENAME TO Away");
+    database.Rename("PRCenters", "Away");
     Trace trace(*screen, line);
     screen->BtnPrint_Click();
-    EXPECT_EQ(trace.Take(), (Lines{SlipStatement(1031),
-                                   "Box \"Database\" [critical, OK] no such table: PRCenters"}));
-    RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE Away RENAME TO PRCenters");
+    EXPECT_EQ(trace.Take(), (Lines{SlipStatement(1031), DatabaseBox("no such table: PRCenters")}));
+    database.Rename("Away", "PRCenters");
     Preview([](RptReportViewer& viewer) {
         EXPECT_EQ(viewer.Report->Database.Data()->RecordCount(), 2);
     });
@@ -203,9 +202,8 @@ TEST_F(PrintTest, ThatFailsAfterASaveStillEmptiesTheScreen) {
     FillIn();
     Trace trace(*screen, line);
     trace.Answer(PrintText, BoxAnswer::Yes);
-    trace.When("Box \"Confirmation\" [question, Yes/No*] Do you want to print?", [this] {
-        RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE PRCenters RENAME TO Away");
-    });
+    trace.When("Box \"Confirmation\" [question, Yes/No*] Do you want to print?",
+               [this] { database.Rename("PRCenters", "Away"); });
     screen->BtnSave_Click();
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1044");
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");

@@ -224,6 +224,7 @@ TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsIsToldAsItIsTypedAndLeftInSilence) {
 }
 
 TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsThatExistsIsAnOverflowAgain) {
+    SKIP_ON_SQL_SERVER("its column holds no such id");
     Store(3000000000, {{.bags = "10"}});
     Store(9999999999, {{.bags = "10"}});
     for (const std::string id : {"3000000000", "9999999999"}) {

@@ -4,8 +4,6 @@
 #include "slip/SlipStatement.h"
 #include "weighment/OpeningFixture.h"
 
-#include <sqlite3.h>
-
 namespace Quillane {
 namespace {
 
@@ -92,7 +90,7 @@ TEST_F(LoadArrival, LeavesTheModeWordAsItWas) {
 
 TEST_F(LoadArrival, KeepsTheDateFromTheOperatorsPointOfView) {
     for (const char* date : {"1999-12-31T00:00:00", "2024-02-29T00:00:00", "2031-01-01T00:00:00"}) {
-        RunInFile("UPDATE Arrivals SET ArrivalDate = '" + std::string(date) +
+        RunBeside("UPDATE Arrivals SET ArrivalDate = '" + std::string(date) +
                   "' WHERE ArrivalID = 1040");
         Open(1040);
         EXPECT_EQ(Value(screen->DtpArrivalDate.Value()).Text(), date);
@@ -178,7 +176,7 @@ TEST_F(LoadArrival, ShowsANegativeLoad) {
 }
 
 TEST_F(LoadArrival, ComputesTheNetAndDoesNotReadIt) {
-    RunInFile("UPDATE ArrivalsBody SET NetWeight = 1 WHERE ArrivalId = 1031");
+    RunBeside("UPDATE ArrivalsBody SET NetWeight = 1 WHERE ArrivalId = 1031");
     Open(1031);
     EXPECT_EQ(screen->TxtNetWeight.Text(), "8203");
 }
@@ -241,6 +239,7 @@ TEST_F(LoadArrival, KeepsBlanksInAVehicleForText) {
 }
 
 TEST_F(LoadArrival, KeepsAnyTextWhole) {
+    SKIP_ON_SQL_SERVER("its columns bound the length of every text");
     const std::string text = "O''Brien; محمد Zoë " + std::string(200, 'x');
     const std::string shown = "O'Brien; محمد Zoë " + std::string(200, 'x');
     Store(2000,
@@ -289,7 +288,7 @@ TEST_F(LoadArrival, ReplacesUnsavedEntriesWithoutAQuestion) {
 // ---- names and lists ----
 
 TEST_F(LoadArrival, OfAPartyWhoseShownNameStandsTwiceTakesTheFirstOfTheName) {
-    RunInFile("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019';"
+    RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019';"
               "UPDATE Arrivals SET SellerId = '6010019' WHERE ArrivalID = 1031");
     screen->Unload();
     screen->Show();
@@ -311,7 +310,7 @@ TEST_F(LoadArrival, ShowsAPartyThatTheListDoesNotHold) {
 }
 
 TEST_F(LoadArrival, ShowsACommodityThatTheListDoesNotHold) {
-    RunInFile("UPDATE Arrivals SET CommodityId = 5 WHERE ArrivalID = 1031");
+    RunBeside("UPDATE Arrivals SET CommodityId = 5 WHERE ArrivalID = 1031");
     Open(1031);
     EXPECT_EQ(screen->CboCommodity.Text(), "Maize");
     EXPECT_FALSE(screen->CboCommodity.Bookmark());
@@ -326,16 +325,18 @@ TEST_F(LoadArrival, DropsARowWhoseClassOrTypeIsUnknown) {
 
 // ---- the database ----
 
-TEST_F(LoadArrival, ChangesNothingInTheDatabaseAndHoldsNoLock) {
+TEST_F(LoadArrival, ChangesNothingInTheDatabase) {
     const auto headers = StoredTable("Arrivals");
     const auto bodies = StoredTable("ArrivalsBody");
     Open(1031);
     EXPECT_EQ(StoredTable("Arrivals"), headers);
     EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(folder.File("Account1.db").c_str(), &other), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE; COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
-    sqlite3_close(other);
+}
+
+TEST_F(LoadArrival, HoldsNothingThatOthersWouldWaitFor) {
+    SKIP_ON_SQL_SERVER("it locks rows, and no row is read in a transaction");
+    Open(1031);
+    RunBeside("BEGIN EXCLUSIVE; COMMIT");
 }
 
 } // namespace

@@ -160,7 +160,7 @@ TEST_F(LoadArrivalTrace, OfACancelledSearchReadsArrivalZero) {
 }
 
 TEST_F(LoadArrivalTrace, OfAnArrivalThatTheJoinsDropEndsInSilence) {
-    RunInFile("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032;"
+    RunBeside("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032;"
               "DELETE FROM ArrivalsBody WHERE ArrivalId = 1033;"
               "UPDATE ArrivalsBody SET BagsClassId = 0 WHERE ArrivalId = 1035");
     ScreenDriver driver(*screen);
@@ -183,19 +183,18 @@ TEST_F(LoadArrivalTrace, OfAnArrivalThatTheJoinsDropEndsInSilence) {
 
 TEST_F(LoadArrivalTrace, ThatCannotReadIsReportedAndLeavesTheScreenAsItWas) {
     FillIn();
-    RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE PRCenters RENAME TO Away");
+    database.Rename("PRCenters", "Away");
     const Lines before = Screenful();
-    EXPECT_EQ(
-        Doing([&] { Open(1031); }),
-        (Lines{SlipStatement(1031), "Box \"Database\" [critical, OK] no such table: PRCenters"}));
+    EXPECT_EQ(Doing([&] { Open(1031); }),
+              (Lines{SlipStatement(1031), DatabaseBox("no such table: PRCenters")}));
     EXPECT_EQ(Screenful(), before);
     EXPECT_EQ(screen->ArrivalNo, 1031);
 }
 
 // The second row's quantity fails: the first row's figures stand, and nothing is opened.
 TEST_F(LoadArrivalTrace, ThatFailsAtARowLeavesWhatWasFilledSoFar) {
-    Loosen("ArrivalsBody");
-    RunInFile("UPDATE ArrivalsBody SET NoOfBags = Null WHERE ArrivalId = 1040 AND NoOfBags = 71");
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE ArrivalId = 1040 AND NoOfBags = 71");
     ScreenDriver driver(*screen);
     driver.Type("1040");
     EXPECT_EQ(Doing([&] { driver.Press(Qt::Key_Tab); }),
@@ -212,11 +211,11 @@ TEST_F(LoadArrivalTrace, ThatFailsAtARowLeavesWhatWasFilledSoFar) {
 }
 
 TEST_F(LoadArrivalTrace, OfASearchThatCannotListIsReportedAndEndsInSilence) {
-    RunInFile("ALTER TABLE Commodities RENAME TO Away");
+    SKIP_ON_SQL_SERVER("a function is bound to the table and goes with it");
+    database.Rename("Commodities", "Away");
     const Lines before = Screenful();
     EXPECT_EQ(Doing([&] { CancelSearch(); }),
-              (Lines{Search, "Box \"Database\" [critical, OK] no such table: Commodities",
-                     SlipStatement(0)}));
+              (Lines{Search, DatabaseBox("no such table: Commodities"), SlipStatement(0)}));
     EXPECT_EQ(Screenful(), before);
 }
 

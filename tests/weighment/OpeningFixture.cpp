@@ -3,8 +3,11 @@
 namespace Quillane::Testing {
 
 void OpeningTest::SetUp() {
-    RunInFile(
-        "UPDATE Arrivals SET ArrivalDate = printf('2026-11-%02dT00:00:00', ArrivalID - 1023)");
+    for (int id = 1031; id <= 1042; ++id) {
+        const std::string day = std::to_string(100 + id - 1023).substr(1);
+        RunBeside("UPDATE Arrivals SET ArrivalDate = '2026-11-" + day +
+                  "T00:00:00' WHERE ArrivalID = " + std::to_string(id));
+    }
     ShowScreen();
 }
 
@@ -44,14 +47,7 @@ void OpeningTest::Store(long long id, const std::vector<StoredLine>& lines) {
                       ", " + each.vehicle + ", " + each.tare + ", " + each.scaleDeduction + ", " +
                       each.bagWeight + ", 0, " + each.otherDeduction + ", 0, " + each.driver +
                       ", " + each.bilty + ", '');";
-    RunInFile(statements);
-}
-
-void OpeningTest::Loosen(const std::string& table) {
-    RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE " + table +
-              " RENAME TO Strict; CREATE TABLE " + table +
-              " AS SELECT * FROM Strict; DROP TABLE "
-              "Strict");
+    RunBeside(statements);
 }
 
 void OpeningTest::Save() {
@@ -63,8 +59,8 @@ void OpeningTest::Save() {
 }
 
 std::vector<Lines> OpeningTest::Body(const std::string& columns, int id) {
-    return Stored("SELECT " + columns +
-                  " FROM ArrivalsBody WHERE ArrivalId = " + std::to_string(id) + " ORDER BY rowid");
+    return Stored("SELECT " + columns + " FROM ArrivalsBody WHERE ArrivalId = " +
+                  std::to_string(id) + " ORDER BY LineId");
 }
 
 Lines OpeningTest::Screenful() {

@@ -38,8 +38,6 @@ protected:
 
     /// Writes an arrival of party 6010001 and Wheat past the station.
     void Store(long long id, const std::vector<StoredLine>& lines);
-    /// A table as it is, but that its columns may be Null and nothing ties it to other tables.
-    void Loosen(const std::string& table);
 
     /// Saves what the screen holds, with the print question answered No, and expects no other box.
     void Save();

@@ -100,7 +100,7 @@ TEST_F(OpeningFromSearch, OpensAndSavesAnIdBeyondSixteenBits) {
 
 // The search lists it, since it asks for no city; the load does, and ends in silence.
 TEST_F(OpeningFromSearch, OfAnArrivalThatTheJoinsDropKeepsTheScreenAndTheOtherNumber) {
-    RunInFile("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
+    RunBeside("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
     Open(1031);
     const Lines before = Screenful();
     OpenBySearch(1032);
@@ -111,7 +111,7 @@ TEST_F(OpeningFromSearch, OfAnArrivalThatTheJoinsDropKeepsTheScreenAndTheOtherNu
 
 TEST_F(OpeningFromSearch, OfAnArrivalRemovedMeanwhileEndsInSilence) {
     VisitModal search([this](Screen& modal) {
-        RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1042;"
+        RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1042;"
                   "DELETE FROM Arrivals WHERE ArrivalID = 1042");
         ScreenDriver(modal).Press(Qt::Key_Return).Press(Qt::Key_Return).Press(Qt::Key_Return);
     });

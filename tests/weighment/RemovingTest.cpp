@@ -35,7 +35,7 @@ protected:
                           std::to_string(id));
     }
 
-    const Box KeyRefuses = Critical("FOREIGN KEY constraint failed", "Database");
+    const Box KeyRefuses = Critical(EngineWords("FOREIGN KEY constraint failed"), "Database");
     const Box RowIsGone =
         Critical("The row in arrivalsbody cannot be found for writing: some of its values have "
                  "been changed, or it has been deleted, since it was read.",
@@ -80,7 +80,7 @@ TEST_F(Removing, FreesTheHighestNumberAlone) {
 }
 
 TEST_F(Removing, OfTheLastArrivalOfAllStartsWithOneAgain) {
-    RunInFile("DELETE FROM PurchaseBody; DELETE FROM LaboratoryReports;"
+    RunBeside("DELETE FROM PurchaseBody; DELETE FROM LaboratoryReports;"
               "DELETE FROM ArrivalsBody WHERE ArrivalId <> 1031;"
               "DELETE FROM Arrivals WHERE ArrivalID <> 1031");
     Remove(1031);
@@ -113,7 +113,7 @@ TEST_F(Removing, TakesRowsThatOpeningDidNotShow) {
 
 TEST_F(Removing, OfARowlessArrivalWhoseRowsWentElsewhere) {
     Open(1040);
-    RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040");
+    RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040");
     BoxAnswers boxes;
     boxes.Expect(Question(RemoveText), BoxAnswer::Yes);
     screen->BtnRemove_Click();
@@ -122,7 +122,7 @@ TEST_F(Removing, OfARowlessArrivalWhoseRowsWentElsewhere) {
 
 // The tables may have no key: rows are then matched on all their columns.
 TEST_F(Removing, OfRowsThatAreAllAlikeInATableWithoutAKeyTakesEachOfThem) {
-    Loosen("ArrivalsBody");
+    database.Loosen("ArrivalsBody");
     Store(2000, {{}, {}, {}});
     Remove(2000);
     EXPECT_EQ(RowsOf(2000), "0");
@@ -138,15 +138,15 @@ const std::string ARowMore =
     "(1040, 1, 1, 1, 99, 0, 0, 1, 0, 0, 99);";
 
 TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileIsRefusedByTheKeyAndRolledBack) {
-    Remove(1040, [this] { RunInFile(ARowMore); }, {KeyRefuses});
+    Remove(1040, [this] { RunBeside(ARowMore); }, {KeyRefuses});
     EXPECT_EQ(Body("NoOfBags", 1040), (Rows{{"45"}, {"71"}, {"99"}}));
     EXPECT_EQ(HeadersOf(1040), "1");
     ExpectStillOpen(1040);
 }
 
 TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileLeavesItBehindWhereNoKeyTiesIt) {
-    Loosen("ArrivalsBody");
-    Remove(1040, [this] { RunInFile(ARowMore); });
+    database.Loosen("ArrivalsBody");
+    Remove(1040, [this] { RunBeside(ARowMore); });
     EXPECT_EQ(Body("NoOfBags", 1040), Rows{{"99"}});
     EXPECT_EQ(HeadersOf(1040), "0");
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
@@ -157,11 +157,11 @@ TEST_F(Removing, DoesNotSeeAPurchaseThatComesBehindTheTest) {
                                  "1040)";
     for (const bool tied : {true, false}) {
         if (!tied)
-            Loosen("PurchaseBody");
+            database.Loosen("PurchaseBody");
         Open(1040);
         Trace trace(*screen, line);
         trace.Answer(RemoveText, BoxAnswer::Yes);
-        trace.When("BeginTrans", [&] { RunInFile(purchase); });
+        trace.When("BeginTrans", [&] { RunBeside(purchase); });
         screen->BtnRemove_Click();
         const Lines done = trace.Take();
         const bool refused = std::count(done.begin(), done.end(),
@@ -169,14 +169,14 @@ TEST_F(Removing, DoesNotSeeAPurchaseThatComesBehindTheTest) {
                                         "failed") == 1;
         EXPECT_EQ(refused, tied);
         EXPECT_EQ(HeadersOf(1040), tied ? "1" : "0");
-        RunInFile("DELETE FROM PurchaseBody WHERE PurchaseId = 78");
+        RunBeside("DELETE FROM PurchaseBody WHERE PurchaseId = 78");
     }
 }
 
 TEST_F(Removing, SeesAPurchaseThatComesWhileTheQuestionIsUp) {
     Remove(
         1040,
-        [this] { RunInFile("INSERT INTO PurchaseBody (PurchaseId, ArrivalId) VALUES (78, 1040)"); },
+        [this] { RunBeside("INSERT INTO PurchaseBody (PurchaseId, ArrivalId) VALUES (78, 1040)"); },
         {Alert("Cannot remove this invoice because it is used in (PurchaseBody) table",
                BoxIcon::Exclamation)});
     EXPECT_EQ(HeadersOf(1040), "1");
@@ -186,7 +186,7 @@ TEST_F(Removing, SeesAPurchaseThatComesWhileTheQuestionIsUp) {
 TEST_F(Removing, OfAnArrivalThatAnotherStationHasRemovedIsRolledBack) {
     Remove(1040,
            [this] {
-               RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
+               RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
                          "DELETE FROM Arrivals WHERE ArrivalID = 1040");
            },
            {RowIsGone});
@@ -198,7 +198,7 @@ TEST_F(Removing, OfAnArrivalThatAnotherStationHasRemovedIsRolledBack) {
 
 TEST_F(Removing, OfAnArrivalThatAnotherStationHasSavedAgainIsRolledBack) {
     Remove(1040,
-           [this] { RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;" + ARowMore); },
+           [this] { RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;" + ARowMore); },
            {RowIsGone});
     EXPECT_EQ(Body("NoOfBags", 1040), Rows{{"99"}});
     EXPECT_EQ(HeadersOf(1040), "1");

@@ -203,17 +203,20 @@ TEST_F(Resaving, ThatFailsAtAnyOfItsWritesLosesNothing) {
         return all;
     };
     const Lines before = seen();
-    for (const std::string write :
-         {"BEFORE UPDATE ON Arrivals", "BEFORE DELETE ON ArrivalsBody",
-          "BEFORE DELETE ON ArrivalsBody WHEN OLD.NoOfBags = 71", "BEFORE INSERT ON ArrivalsBody",
-          "BEFORE INSERT ON ArrivalsBody WHEN NEW.NoOfBags = 71"}) {
-        RunInFile("CREATE TRIGGER Closed " + write +
-                  " BEGIN SELECT RAISE(ABORT, 'The books are closed'); END");
+    const std::string words = "The books are closed";
+    for (const StationDatabase::Refusal& refusal :
+         {StationDatabase::Refusal{"UPDATE", "Arrivals", words},
+          StationDatabase::Refusal{"DELETE", "ArrivalsBody", words},
+          StationDatabase::Refusal{"DELETE", "ArrivalsBody", words, "NoOfBags = 71"},
+          StationDatabase::Refusal{"INSERT", "ArrivalsBody", words},
+          StationDatabase::Refusal{"INSERT", "ArrivalsBody", words, "NoOfBags = 71"}}) {
+        const std::string write = refusal.write + " " + refusal.table + " " + refusal.condition;
+        database.Refuse(refusal);
         const Lines done = SaveTraced();
         EXPECT_EQ(Lines(done.end() - 2, done.end()),
-                  (Lines{"RollbackTrans", "Box \"Database\" [critical, OK] The books are closed"}))
+                  (Lines{"RollbackTrans", DatabaseBox("The books are closed")}))
             << write;
-        RunInFile("DROP TRIGGER Closed");
+        database.AcceptAgain();
         EXPECT_EQ(StoredTable("Arrivals"), headers) << write;
         EXPECT_EQ(StoredTable("ArrivalsBody"), bodies) << write;
         EXPECT_EQ(seen(), before) << write;
@@ -225,7 +228,7 @@ TEST_F(Resaving, ThatFailsAtAnyOfItsWritesLosesNothing) {
 // ---- names ----
 
 TEST_F(Resaving, OfAPartyWhoseNameStandsTwiceWritesTheFirstOfTheName) {
-    RunInFile("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019';"
+    RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019';"
               "UPDATE Arrivals SET SellerId = '6010019' WHERE ArrivalID = 1040");
     screen->Unload();
     screen->Show();
@@ -254,7 +257,7 @@ TEST_F(Resaving, OfAPartyThatTheListDoesNotHoldFailsAndLosesNothing) {
 // What is expected to exist is written as new where it has gone.
 TEST_F(Resaving, OfAnArrivalRemovedByAnotherStationWritesItAnew) {
     OpenToChange(1040);
-    RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
+    RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
               "DELETE FROM Arrivals WHERE ArrivalID = 1040");
     const Lines done = SaveTraced();
     EXPECT_EQ(std::count(done.begin(), done.end(), HeaderInsert), 1);
@@ -265,9 +268,9 @@ TEST_F(Resaving, OfAnArrivalRemovedByAnotherStationWritesItAnew) {
 
 TEST_F(Resaving, OfAnArrivalThatAnotherStationHasChangedReplacesItsWholeBody) {
     OpenToChange(1040);
-    RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
+    RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
               "UPDATE Arrivals SET SellerId = '6010002' WHERE ArrivalID = 1040");
-    RunInFile("INSERT INTO ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
+    RunBeside("INSERT INTO ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
               "NoOfBags, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, "
               "NetWeight) VALUES (1040, 1, 1, 1, 1, 0, 0, 1, 0, 0, 1), (1040, 1, 1, 1, 2, 0, 0, "
               "1, 0, 0, 2), (1040, 1, 1, 1, 3, 0, 0, 1, 0, 0, 3)");

@@ -159,7 +159,7 @@ TEST_F(SavedRows, HoldZeroForABagNameThatIsOnNoList) {
 }
 
 TEST_F(SavedRows, AreThoseOfTheListsCurrentRowWhereNamesRepeat) {
-    RunInFile("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019'");
+    RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019'");
     screen->Unload();
     screen->Show();
     FillIn();
@@ -252,7 +252,7 @@ TEST_F(SavedRows, OfAnOpenedArrivalMayHaveFewerLinesThanBefore) {
 }
 
 TEST_F(SavedRows, OfAnArrivalWithoutLinesAreAdded) {
-    RunInFile("DELETE FROM ArrivalsBody WHERE ArrivalId = 1034");
+    RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1034");
     FillInOpened(1034);
     Save();
     EXPECT_EQ(Body("NoOfBags", 1034), (Rows{{"60"}, {"40"}}));

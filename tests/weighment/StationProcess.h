@@ -19,11 +19,12 @@ class Station {
 public:
     static constexpr int Patience = 60'000;
 
-    Station(const std::string& folder, std::string name, std::string party, int bagLines,
+    Station(const StationDatabase& database, std::string name, std::string party, int bagLines,
             int actions, std::optional<unsigned> seed = {})
         : name_(std::move(name)), party_(std::move(party)), bagLines_(bagLines) {
-        QStringList orders{ToQt(folder), ToQt(name_), ToQt(party_), QString::number(bagLines),
-                           QString::number(actions)};
+        QStringList orders{
+            ToQt(database.folder.path), ToQt(database.ConfigText()), ToQt(name_), ToQt(party_),
+            QString::number(bagLines),  QString::number(actions)};
         if (seed)
             orders.append(QString::number(*seed));
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -98,5 +99,17 @@ private:
 inline const std::string ClashBox =
     "box The Arrival ID already exists. A new Arrival ID has been generated. Please save your "
     "record again";
+
+/// What it may say instead on SQL Server, where both may have written before either looked again.
+inline const std::string KeyBox = "box " + EngineWords("");
+
+/// The file of an embedded database is whole, and nothing in it refers to what is not there. A
+/// server looks after its own.
+inline void ExpectSound(const StationDatabase& database) {
+    if (OnSqlServer())
+        return;
+    EXPECT_EQ(database.Rows("PRAGMA integrity_check").at(0).at(0).Text(), "ok");
+    EXPECT_TRUE(database.Rows("PRAGMA foreign_key_check").empty());
+}
 
 } // namespace Quillane::Testing

@@ -16,7 +16,7 @@ class TwoStations : public WeighmentTest {
 protected:
     std::unique_ptr<Station> Start(const std::string& name, const std::string& party, int bagLines,
                                    int saves) {
-        return std::make_unique<Station>(folder.path, name, party, bagLines, saves);
+        return std::make_unique<Station>(database, name, party, bagLines, saves);
     }
 
     /// The arrival is one weighment of this station, header and lines, whole.
@@ -25,7 +25,7 @@ protected:
         EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals" + where), "'" + station.Party() + "'");
         const int serial = std::stoi(driver.substr(driver.rfind('-') + 1));
         EXPECT_EQ(Stored("SELECT count(*), min(DriverName), max(DriverName), max(VehicleNo), "
-                         "CAST(round(sum(NetWeight)) AS INTEGER) FROM ArrivalsBody" +
+                         "CAST(round(sum(NetWeight), 0) AS INTEGER) FROM ArrivalsBody" +
                          where),
                   (std::vector<Lines>{{std::to_string(station.BagLines()), "'" + driver + "'",
                                        "'" + driver + "'", "'" + station.Name() + "'",
@@ -59,7 +59,7 @@ TEST_F(TwoStations, SavingAtOnceClashAsToldAndLeaveNothingHalfWritten) {
     for (const Station* station : {east.get(), west.get()}) {
         EXPECT_EQ(station->Saved().size(), static_cast<std::size_t>(Saves));
         for (const std::string& box : station->Boxes())
-            EXPECT_EQ(box, ClashBox);
+            EXPECT_TRUE(box == ClashBox || (OnSqlServer() && box == KeyBox)) << box;
         for (const auto& [id, serial] : station->Saved())
             ids.insert(id);
     }
@@ -78,8 +78,7 @@ TEST_F(TwoStations, SavingAtOnceClashAsToldAndLeaveNothingHalfWritten) {
         EXPECT_EQ(driver, owner.Name() + "-" + std::to_string(saved->second));
         ExpectWhole(id, owner, driver);
     }
-    EXPECT_EQ(StoredCell("PRAGMA integrity_check"), "'ok'");
-    EXPECT_TRUE(Stored("PRAGMA foreign_key_check").empty());
+    ExpectSound(database);
 }
 
 TEST_F(TwoStations, OneAfterTheOtherTakeTheNumbersInTurn) {
@@ -114,7 +113,7 @@ TEST_F(TwoStations, OneThatIsCutOffLeavesOnlyWholeWeighments) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId NOT IN (SELECT "
                          "ArrivalID FROM Arrivals)"),
               "0");
-    EXPECT_EQ(StoredCell("PRAGMA integrity_check"), "'ok'");
+    ExpectSound(database);
 }
 
 // ---- waiting for the other ----
@@ -135,18 +134,19 @@ private:
 };
 
 TEST_F(TwoStations, AFileHeldForLongerThanTheWaitIsReportedAndTheNextTryWorks) {
+    SKIP_ON_SQL_SERVER("no station's save holds up the whole database");
     Con = std::make_unique<Connection>();
-    Con->SetEmbeddedSupport({.folder = folder.path,
+    Con->SetEmbeddedSupport({.folder = database.folder.path,
                              .registerFunctions = RegisterEmbeddedFunctions,
                              .busyWait = std::chrono::milliseconds(20)});
-    Con->Open("Driver=SQL Server;Server=(embedded);Database=Account1");
+    Con->Open("Driver=SQL Server;" + database.ConfigText());
     CompanyProfile->SetConnection(*Con);
     UserLogin->SetConnection(*Con);
     ShowScreen();
     FillIn();
     Trace trace(*screen, line);
     {
-        const WriteLock other(folder.File("Account1.db"));
+        const WriteLock other(database.folder.File("Account1.db"));
         screen->BtnSave_Click();
         const Lines seen = trace.Take();
         ASSERT_EQ(seen.size(), 8U);
@@ -161,6 +161,7 @@ TEST_F(TwoStations, AFileHeldForLongerThanTheWaitIsReportedAndTheNextTryWorks) {
 
 // The box of a refusal holds the transaction: another station waits for the answer.
 TEST_F(TwoStations, TheOtherWaitsWhileARefusalIsBeingRead) {
+    SKIP_ON_SQL_SERVER("it locks rows, so another arrival is saved meanwhile");
     ShowScreen();
     FillInOpened(1035);
     const auto other = Start("west", "6010002", 2, 1);

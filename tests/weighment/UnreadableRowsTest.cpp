@@ -6,12 +6,17 @@ namespace Quillane {
 namespace {
 
 using namespace Testing;
+using testing::ValuesIn;
+using testing::WithParamInterface;
 
 struct BadRow {
     const char* table;     ///< loosened, so that it can hold the bad value
     const char* statement; ///< puts it there
     const char* told;
     int texts; ///< of the row's own boxes, how many were filled before
+    bool neverInATypedColumn = false;
+
+    friend void PrintTo(const BadRow& bad, std::ostream* out) { *out << bad.statement; }
 };
 
 // 1040 has two rows, of 45 and 71 bags. Behind the first row's six boxes and their nets come the
@@ -20,7 +25,7 @@ const BadRow BadRows[] = {
     {"Arrivals", "UPDATE Arrivals SET ArrivalDate = Null WHERE ArrivalID = 1040",
      "Invalid use of Null", 1},
     {"Arrivals", "UPDATE Arrivals SET ArrivalDate = 'yesterday' WHERE ArrivalID = 1040",
-     "Type mismatch", 1},
+     "Type mismatch", 1, true},
     {"ChartOfAccounts", "DELETE FROM ChartOfAccounts WHERE AccountNo = '6010004'",
      "Invalid use of Null", 1},
     {"ChartOfAccounts", "UPDATE ChartOfAccounts SET AccountName = Null WHERE AccountNo = '6010004'",
@@ -35,7 +40,7 @@ const BadRow BadRows[] = {
     {"ArrivalsBody", "UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71",
      "Invalid use of Null", 7},
     {"ArrivalsBody", "UPDATE ArrivalsBody SET NoOfBags = 'many' WHERE NoOfBags = 71",
-     "Type mismatch", 7},
+     "Type mismatch", 7, true},
     {"ArrivalsBody", "UPDATE ArrivalsBody SET BagWeight = Null WHERE NoOfBags = 71",
      "Invalid use of Null", 7},
     {"ArrivalsBody", "UPDATE ArrivalsBody SET BagWeight = 1e308 WHERE NoOfBags = 71", "Overflow",
@@ -60,51 +65,58 @@ protected:
     }
 };
 
-TEST_F(UnreadableRows, AreToldAndEndTheLoadWhereItStands) {
+class EachUnreadableRow : public UnreadableRows, public WithParamInterface<BadRow> {};
+
+TEST_P(EachUnreadableRow, IsToldAndEndsTheLoadWhereItStands) {
+    const BadRow& bad = GetParam();
+    if (bad.neverInATypedColumn)
+        SKIP_ON_SQL_SERVER("no column of this type takes such a value");
     const Lines all{"TxtArrivalId = '1040'",     "TxtBuiltyNo = '601'",
                     "TxtDriverName = 'Tanveer'", "TxtVehicleNo = 'LES-1090'",
                     "TxtGrossWeight = '2844'",   "TxtTareWeight = '3995'",
                     "TxtDeduction = '5'",        "TxtGrossWeight = '7330'",
                     "TxtTareWeight = '3995'",    "TxtDeduction = '14'"};
-    for (const BadRow& bad : BadRows) {
-        SCOPED_TRACE(bad.statement);
-        screen->NewWeighment();
-        const auto kept = Stored("SELECT * FROM " + std::string(bad.table));
-        RunInFile("DROP TABLE IF EXISTS Kept");
-        Loosen(bad.table);
-        RunInFile("CREATE TABLE Kept AS SELECT * FROM " + std::string(bad.table));
-        RunInFile(bad.statement);
-        const auto before = StoredTable(bad.table);
-        screen->TxtArrivalId.SetFocus();
-        screen->TxtArrivalId.SetText("1040");
-        const std::string on = On();
-        Trace trace(*screen, line);
-        screen->DtpArrivalDate.SetFocus();
-        const Lines done = trace.Take();
-        EXPECT_EQ(Filled(done), Lines(all.begin(), all.begin() + bad.texts));
-        ASSERT_GE(done.size(), 3U);
-        EXPECT_EQ(Lines(done.end() - 3, done.end()),
-                  (Lines{"Box \"Quillane\" [critical, OK] " + std::string(bad.told),
-                         "LostFocus TxtArrivalId", "GotFocus DtpArrivalDate"}));
-        EXPECT_FALSE(screen->IsOpened);
-        EXPECT_EQ(screen->ArrivalNo, 1040);
-        EXPECT_EQ(On(), on);
-        EXPECT_TRUE(screen->TxtArrivalId.Enabled());
-        EXPECT_EQ(StoredTable(bad.table), before);
-        RunInFile("DELETE FROM " + std::string(bad.table) + "; INSERT INTO " + bad.table +
-                  " SELECT * FROM Kept");
-        EXPECT_EQ(Stored("SELECT * FROM " + std::string(bad.table)), kept);
-    }
+    database.Loosen(bad.table);
+    RunBeside(bad.statement);
+    const auto before = StoredTable(bad.table);
     screen->TxtArrivalId.SetFocus();
     screen->TxtArrivalId.SetText("1040");
+    const std::string on = On();
+    Trace trace(*screen, line);
     screen->DtpArrivalDate.SetFocus();
-    EXPECT_TRUE(screen->IsOpened) << "mended, it opens";
+    const Lines done = trace.Take();
+    EXPECT_EQ(Filled(done), Lines(all.begin(), all.begin() + bad.texts));
+    ASSERT_GE(done.size(), 3U);
+    EXPECT_EQ(Lines(done.end() - 3, done.end()),
+              (Lines{"Box \"Quillane\" [critical, OK] " + std::string(bad.told),
+                     "LostFocus TxtArrivalId", "GotFocus DtpArrivalDate"}));
+    EXPECT_FALSE(screen->IsOpened);
+    EXPECT_EQ(screen->ArrivalNo, 1040);
+    EXPECT_EQ(On(), on);
+    EXPECT_TRUE(screen->TxtArrivalId.Enabled());
+    EXPECT_EQ(StoredTable(bad.table), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEveryKind, EachUnreadableRow, ValuesIn(BadRows));
+
+TEST_F(UnreadableRows, OpenOnceTheyAreMended) {
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET TareWeight = Null WHERE NoOfBags = 71");
+    {
+        BoxAnswers boxes;
+        boxes.Expect(Critical("Invalid use of Null", "Quillane"));
+        Open(1040);
+    }
+    EXPECT_FALSE(screen->IsOpened);
+    RunBeside("UPDATE ArrivalsBody SET TareWeight = 0 WHERE NoOfBags = 71");
+    Open(1040);
+    EXPECT_TRUE(screen->IsOpened);
 }
 
 // What stands half filled is no opened arrival: a save refuses its number.
 TEST_F(UnreadableRows, CannotBeSavedOverTheStoredArrival) {
-    Loosen("ArrivalsBody");
-    RunInFile("UPDATE ArrivalsBody SET TareWeight = Null WHERE NoOfBags = 71");
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET TareWeight = Null WHERE NoOfBags = 71");
     const auto headers = StoredTable("Arrivals");
     const auto bodies = StoredTable("ArrivalsBody");
     BoxAnswers boxes;
@@ -123,8 +135,8 @@ TEST_F(UnreadableRows, CannotBeSavedOverTheStoredArrival) {
 
 // From a stored arrival's screen: the buttons stay as they were, and go by the number of the other.
 TEST_F(UnreadableRows, LeaveTheButtonsOfTheArrivalThatWasOpenBefore) {
-    Loosen("ArrivalsBody");
-    RunInFile("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
     Open(1031);
     BoxAnswers boxes;
     boxes.Expect(Critical("Invalid use of Null", "Quillane"));
@@ -136,8 +148,8 @@ TEST_F(UnreadableRows, LeaveTheButtonsOfTheArrivalThatWasOpenBefore) {
 }
 
 TEST_F(UnreadableRows, WithANullThatNobodyReadsOpen) {
-    Loosen("ArrivalsBody");
-    RunInFile("UPDATE ArrivalsBody SET NetWeight = Null, ScaleDeduction = Null, BagsDeduction = "
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET NetWeight = Null, ScaleDeduction = Null, BagsDeduction = "
               "Null, CommodityId = Null, VehicleNoText = Null WHERE ArrivalId = 1040");
     Open(1040);
     EXPECT_TRUE(screen->IsOpened);

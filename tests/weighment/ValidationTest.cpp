@@ -112,7 +112,7 @@ TEST_F(Validation, LeavesTheFocusWhenTheIdIsClosed) {
 
 TEST_F(Validation, GivesTheFirstArrivalEverTheIdOne) {
     FillIn();
-    RunInFile("DELETE FROM LaboratoryReports; DELETE FROM PurchaseBody; DELETE FROM ArrivalsBody; "
+    RunBeside("DELETE FROM LaboratoryReports; DELETE FROM PurchaseBody; DELETE FROM ArrivalsBody; "
               "DELETE FROM Arrivals");
     screen->TxtArrivalId.SetText("none");
     Expect(false, Joined({{NewId, NextId, "TxtArrivalId = '1'"}, MovedTo("TxtArrivalId")}));
@@ -268,7 +268,7 @@ TEST_F(ValidationForLesserUsers, TakesAnArrivalWhoseHeaderDoesNotHoldBothWeights
           "NoOfBags = 0, BagWeight = 50, TareWeight = 4000",
           "NoOfBags = 20, BagWeight = 0, TareWeight = 4000",
           "NoOfBags = 0, BagWeight = 0, TareWeight = 0, IsPosted = 1"}) {
-        RunInFile("UPDATE Arrivals SET " + weights + " WHERE ArrivalID = 1040");
+        RunBeside("UPDATE Arrivals SET " + weights + " WHERE ArrivalID = 1040");
         Expect(true, {PostedRule("1040")});
         EXPECT_TRUE(screen->BtnSave.Enabled()) << weights;
     }
@@ -276,7 +276,7 @@ TEST_F(ValidationForLesserUsers, TakesAnArrivalWhoseHeaderDoesNotHoldBothWeights
 
 TEST_F(ValidationForLesserUsers, RefusesByTheWeightsAndNotByTheMark) {
     FillInOpened(1040);
-    RunInFile("UPDATE Arrivals SET NoOfBags = 20, BagWeight = -0.5, TareWeight = 0.25, IsPosted = "
+    RunBeside("UPDATE Arrivals SET NoOfBags = 20, BagWeight = -0.5, TareWeight = 0.25, IsPosted = "
               "0 WHERE ArrivalID = 1040");
     Expect(false, {PostedRule("1040"), Posted, "LostFocus BtnSave", "GotFocus BtnClear"});
 }
@@ -285,8 +285,8 @@ TEST_F(ValidationForLesserUsers, RefusesByTheWeightsAndNotByTheMark) {
 
 TEST_F(Validation, ReportsAStatementThatFailsAndRefuses) {
     FillIn();
-    RunInFile("PRAGMA legacy_alter_table = ON; ALTER TABLE Arrivals RENAME TO Away");
-    const std::string box = "Box \"Database\" [critical, OK] no such table: Arrivals";
+    database.Rename("Arrivals", "Away");
+    const std::string box = DatabaseBox("no such table: Arrivals");
     Expect(false, {IdCount("1043"), box});
     screen->IsOpened = true;
     Expect(false, {PostedRule("1043"), box});

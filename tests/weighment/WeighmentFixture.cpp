@@ -4,8 +4,6 @@
 #include "data/Services.h"
 #include "platform/runtime/Date.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <charconv>
 
@@ -26,7 +24,8 @@ std::string NameOf(const Box& box) {
 }
 
 std::string Described(const Box& box) {
-    return "Box \"" + box.title + "\" [" + NameOf(box.icon) + ", " + NameOf(box) + "] " + box.text;
+    return "Box \"" + box.title + "\" [" + NameOf(box.icon) + ", " + NameOf(box) + "] " +
+           ComparedWords(box.text);
 }
 
 bool StartsWithAny(std::string_view line, std::initializer_list<std::string_view> starts) {
@@ -34,22 +33,15 @@ bool StartsWithAny(std::string_view line, std::initializer_list<std::string_view
                        [&](std::string_view start) { return line.starts_with(start); });
 }
 
-std::string Cell(sqlite3_stmt* row, int column) {
-    switch (sqlite3_column_type(row, column)) {
-    case SQLITE_NULL:
+std::string Written(const Value& cell) {
+    if (cell.IsNull())
         return "Null";
-    case SQLITE_INTEGER:
-        return std::to_string(sqlite3_column_int64(row, column));
-    case SQLITE_FLOAT: {
+    if (const auto* number = std::get_if<double>(&cell.Raw())) {
         char digits[64];
-        const auto end =
-            std::to_chars(digits, digits + sizeof digits, sqlite3_column_double(row, column));
-        return std::string(digits, end.ptr);
+        return std::string(digits, std::to_chars(digits, digits + sizeof digits, *number).ptr);
     }
-    default:
-        return "'" + std::string(reinterpret_cast<const char*>(sqlite3_column_text(row, column))) +
-               "'";
-    }
+    const bool isText = std::holds_alternative<std::string>(cell.Raw());
+    return isText ? "'" + cell.Text() + "'" : cell.Text();
 }
 
 /// Port 1 is this device, and there is no other port.
@@ -61,44 +53,13 @@ void UseLine(const std::string& device, const std::function<void()>& opens) {
     });
 }
 
-/// A session of its own on the station's file.
-class FileSession {
-public:
-    explicit FileSession(const std::string& file) {
-        EXPECT_EQ(sqlite3_open(file.c_str(), &session_), SQLITE_OK);
-        sqlite3_busy_timeout(session_, 10'000);
-    }
-    ~FileSession() { sqlite3_close(session_); }
-    FileSession(const FileSession&) = delete;
-    FileSession& operator=(const FileSession&) = delete;
-
-    void Run(const std::string& statements) {
-        EXPECT_EQ(sqlite3_exec(session_, statements.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(session_);
-    }
-    std::vector<Lines> Rows(const std::string& query) {
-        std::vector<Lines> rows;
-        sqlite3_stmt* row = nullptr;
-        EXPECT_EQ(sqlite3_prepare_v2(session_, query.c_str(), -1, &row, nullptr), SQLITE_OK)
-            << sqlite3_errmsg(session_);
-        while (sqlite3_step(row) == SQLITE_ROW) {
-            Lines& cells = rows.emplace_back();
-            for (int column = 0; column < sqlite3_column_count(row); ++column)
-                cells.push_back(Cell(row, column));
-        }
-        EXPECT_EQ(sqlite3_finalize(row), SQLITE_OK) << sqlite3_errmsg(session_);
-        return rows;
-    }
-
-private:
-    sqlite3* session_ = nullptr;
-};
-
 } // namespace
 
 Trace::Trace(FrmWeighment& screen, const PseudoTerminal& line)
     : screen_(screen), device_(line.Device()) {
-    Con->StatementObserver = [this](std::string_view statement) { Note(statement); };
+    Con->StatementObserver = [this](std::string_view statement) {
+        Note(ComparedWords(std::string(statement)));
+    };
     screen_.FocusObserver = [this](const std::string& event) { Note(event); };
     WatchBoxes();
     WatchTexts();
@@ -190,18 +151,17 @@ Lines WithoutTexts(const Lines& trace) {
     return rest;
 }
 
+std::string DatabaseBox(std::string_view embeddedWords) {
+    return "Box \"Database\" [critical, OK] " + EngineWords(embeddedWords);
+}
+
 WeighmentTest::WeighmentTest() {
-    NewDatabase particulars = SampleParticulars();
-    CreateEmbeddedDatabase(folder.File("Account1.db"), particulars);
     Con = std::make_unique<Connection>();
-    Con->SetEmbeddedSupport(
-        {.folder = folder.path, .registerFunctions = RegisterEmbeddedFunctions});
-    Con->Open("Driver=SQL Server;Server=(embedded);Database=Account1");
-    Con->CursorLocation = adUseClient;
+    database.Open(*Con);
     CompanyProfile->SetConnection(*Con);
     CompanyProfile->Load();
     UserLogin->SetConnection(*Con);
-    UserLogin->SignIn(particulars.userName, particulars.password);
+    UserLogin->SignIn(SampleParticulars().userName, SampleParticulars().password);
     SetClock([] {
         return Date{std::chrono::year(2026), std::chrono::month(11), std::chrono::day(20)};
     });
@@ -260,12 +220,16 @@ void WeighmentTest::FillInOpened(int arrivalId) {
     screen->IsOpened = true;
 }
 
-void WeighmentTest::RunInFile(const std::string& statements) {
-    FileSession(folder.File("Account1.db")).Run(statements);
+void WeighmentTest::RunBeside(const std::string& statements) {
+    database.Run(statements);
 }
 
 std::vector<Lines> WeighmentTest::Stored(const std::string& query) {
-    return FileSession(folder.File("Account1.db")).Rows(query);
+    std::vector<Lines> rows;
+    for (const StationDatabase::Row& cells : database.Rows(query))
+        std::transform(cells.begin(), cells.end(), std::back_inserter(rows.emplace_back()),
+                       Written);
+    return rows;
 }
 
 std::string WeighmentTest::StoredCell(const std::string& query) {
@@ -274,7 +238,7 @@ std::string WeighmentTest::StoredCell(const std::string& query) {
 }
 
 std::vector<Lines> WeighmentTest::StoredTable(const std::string& table) {
-    return Stored("SELECT * FROM " + table + " ORDER BY rowid");
+    return Stored("SELECT * FROM " + table + " ORDER BY 1");
 }
 
 } // namespace Quillane::Testing

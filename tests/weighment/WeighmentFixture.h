@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/SampleDatabase.h"
 #include "platform/comm/PseudoTerminal.h"
 #include "platform/forms/Boxes.h"
+#include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 #include "weighment/FrmWeighment.h"
@@ -73,6 +73,9 @@ Lines StatementsOf(const Lines& trace);
 /// The lines of a trace that are no text writes.
 Lines WithoutTexts(const Lines& trace);
 
+/// The line of a box in which the database speaks; on the embedded one it says this.
+std::string DatabaseBox(std::string_view embeddedWords);
+
 /// A bag line as the operator sees it.
 struct BagLine {
     std::string bagClass;
@@ -100,9 +103,9 @@ protected:
     /// The same on an arrival that is stored already, as if it had been opened.
     void FillInOpened(int arrivalId);
 
-    /// Runs statements on the file in a session beside the station's own.
-    void RunInFile(const std::string& statements);
-    /// The rows of a query, read by the engine itself: each cell as number, 'text' or Null, numbers
+    /// Runs statements in a session beside the station's own.
+    void RunBeside(const std::string& statements);
+    /// The rows of a query, read beside the station: each cell as number, 'text' or Null, numbers
     /// with as many digits as it takes to tell them from all others.
     std::vector<std::vector<std::string>> Stored(const std::string& query);
     /// The one cell of a query, so written.
@@ -110,7 +113,7 @@ protected:
     /// Every row of a table, so written: to show that nothing of it has changed.
     std::vector<std::vector<std::string>> StoredTable(const std::string& table);
 
-    FreshFolder folder;
+    StationDatabase database;
     PseudoTerminal line;
     std::unique_ptr<FrmWeighment> screen;
 };

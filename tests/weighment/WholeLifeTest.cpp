@@ -157,7 +157,7 @@ TEST_F(WholeLife, OfEverySampleArrivalComesBackTheSameFromASecondOpening) {
         const auto net = screen->TxtNetWeight.Text();
         Keys().Press(Qt::Key_Tab);
         Save();
-        EXPECT_EQ(StoredCell("SELECT CAST(round(sum(NetWeight)) AS INTEGER) FROM ArrivalsBody "
+        EXPECT_EQ(StoredCell("SELECT CAST(round(sum(NetWeight), 0) AS INTEGER) FROM ArrivalsBody "
                              "WHERE ArrivalId = " +
                              std::to_string(id)),
                   net);

@@ -1,6 +1,7 @@
 // A station of its own, for the tests of two stations on one database:
 //
-//     WeighmentStation <folder> <name> <number of the party> <bag lines> <actions> [<seed>]
+//     WeighmentStation <folder> <what Config.ini holds> <name> <number of the party>
+//                      <bag lines> <actions> [<seed>]
 //
 // It shows the weighment screen, writes "ready", waits for a line and then saves so many new
 // weighments. With a seed the actions are drawn from it: new weighments are saved, and the newest
@@ -18,6 +19,7 @@
 #include "platform/comm/PseudoTerminal.h"
 #include "platform/forms/Application.h"
 #include "platform/forms/Boxes.h"
+#include "support/TestedEngine.h"
 #include "weighment/FrmWeighment.h"
 
 #include <cstdio>
@@ -30,7 +32,7 @@ namespace Quillane {
 namespace {
 
 struct Orders {
-    std::string folder, name, party;
+    std::string folder, config, name, party;
     int bagLines = 0;
     int actions = 0;
     std::optional<unsigned> seed;
@@ -39,10 +41,11 @@ struct Orders {
 constexpr int MostPresses = 100;
 constexpr int NewestArrivals = 6; ///< of which one is drawn
 
-void OpenDatabase(const std::string& folder) {
+void OpenDatabase(const Orders& orders) {
     Con = std::make_unique<Connection>();
-    Con->SetEmbeddedSupport({.folder = folder, .registerFunctions = RegisterEmbeddedFunctions});
-    Con->Open("Driver=SQL Server;Server=(embedded);Database=Account1");
+    Con->SetEmbeddedSupport(
+        {.folder = orders.folder, .registerFunctions = RegisterEmbeddedFunctions});
+    Con->Open("Driver=SQL Server;" + orders.config);
     Con->CursorLocation = adUseClient;
     CompanyProfile->SetConnection(*Con);
     CompanyProfile->Load();
@@ -63,7 +66,7 @@ public:
         }
         if (box.buttons == BoxButtons::YesNo)
             return BoxAnswer::Yes;
-        std::cout << "box " << box.text << std::endl;
+        std::cout << "box " << ComparedWords(box.text) << std::endl;
         return BoxAnswer::Ok;
     }
 
@@ -156,7 +159,7 @@ private:
 int Run(const Orders& orders) {
     const Testing::PseudoTerminal indicator;
     MSComm::SetDevices([&](int) { return indicator.Device(); });
-    OpenDatabase(orders.folder);
+    OpenDatabase(orders);
     FrmWeighment screen;
     Operator atWork(screen, orders);
     SetBoxPresenter({.message = [&](const Box& box) { return atWork.Answer(box); }, .input = {}});
@@ -174,15 +177,17 @@ int Run(const Orders& orders) {
 } // namespace Quillane
 
 int main(int argc, char** argv) {
-    if (argc != 6 && argc != 7) {
-        std::cerr << "WeighmentStation <folder> <name> <party> <bag lines> <actions> [<seed>]\n";
+    if (argc != 7 && argc != 8) {
+        std::cerr << "WeighmentStation <folder> <config> <name> <party> <bag lines> <actions> "
+                     "[<seed>]\n";
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     Quillane::Application application(argc, argv);
     Quillane::Application::setApplicationName("Quillane");
-    Quillane::Orders orders{argv[1], argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), {}};
-    if (argc == 7)
-        orders.seed = static_cast<unsigned>(std::stoul(argv[6]));
+    Quillane::Orders orders{
+        argv[1], argv[2], argv[3], argv[4], std::stoi(argv[5]), std::stoi(argv[6]), {}};
+    if (argc == 8)
+        orders.seed = static_cast<unsigned>(std::stoul(argv[7]));
     return Quillane::Run(orders);
 }
