@@ -17,6 +17,9 @@ usage() {
   --jobs N         at most N compilers and tests at once (default: the number of processors)
   --help           this text
 
+  With a SQL Server named in tests/sqlserver.local (see README.md) the station's tests run on it
+  too; without that file they are skipped, and listed so at the end.
+
   Ends with the summary of ctest; the exit code is 0 only when every test passed.
 END
 }
@@ -46,5 +49,7 @@ cmake --build "build/$preset" --parallel "$jobs"
 # Leaks inside the system's font and toolkit libraries are not ours to mend.
 export LSAN_OPTIONS="suppressions=$PWD/tools/setup/leaks.supp:print_suppressions=0"
 export UBSAN_OPTIONS="print_stacktrace=1"
+[ -e tests/sqlserver.local ] ||
+    echo "No file tests/sqlserver.local names a SQL Server: its tests are skipped."
 ctest --test-dir "build/$preset" --output-on-failure --no-tests=error --parallel "$jobs" \
     "${ctest_options[@]}"
