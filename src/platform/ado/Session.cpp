@@ -5,6 +5,17 @@
 
 namespace Quillane {
 
+template <typename Act>
+void Session::OnEngine(Act act) {
+    try {
+        act();
+        lastRefusal_.clear();
+    } catch (const Failure& failure) {
+        lastRefusal_ = failure.Description() + "\n";
+        throw;
+    }
+}
+
 long Session::Run(std::string_view statement, std::span<const Value> parameters,
                   ResultSet& result) {
     RefuseBrokenTransaction();
@@ -42,16 +53,6 @@ void Session::Rollback() {
 void Session::Observe(std::string_view text) const {
     if (observer_)
         observer_(text);
-}
-
-void Session::OnEngine(const std::function<void()>& act) {
-    try {
-        act();
-        lastRefusal_.clear();
-    } catch (const Failure& failure) {
-        lastRefusal_ = failure.Description() + "\n";
-        throw;
-    }
 }
 
 void Session::RefuseBrokenTransaction() {

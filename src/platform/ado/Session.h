@@ -36,7 +36,8 @@ private:
     void Observe(std::string_view text) const;
     void RefuseBrokenTransaction();
     /// What the engine does, with a note of what it refuses.
-    void OnEngine(const std::function<void()>& act);
+    template <typename Act>
+    void OnEngine(Act act);
 
     std::unique_ptr<Engine> engine_;
     const Observer& observer_;
