@@ -1,0 +1,144 @@
+// What comes at the start where something is wrong with a database on SQL Server.
+
+#include "SignIn.h"
+#include "StationOnServer.h"
+
+#include "data/SqlServerSchema.h"
+#include "platform/ado/DeafPort.h"
+#include "platform/forms/EventBoundary.h"
+
+namespace Quillane {
+
+namespace {
+
+using Testing::ProcessEnd;
+using Testing::VisitModal;
+
+NewDatabase Particulars() {
+    return {.companyName = "Veltrane Mills",
+            .companyAddress = "14 Canal Road",
+            .companyPhone = "044",
+            .companyEmail = "g@v.example",
+            .userName = "ali",
+            .password = "wheat",
+            .hashCost = HashCost::Minimum};
+}
+
+class StartUpOnServer : public StationOnServer {
+protected:
+    void SetUp() override {
+        StationOnServer::SetUp();
+        if (IsSkipped())
+            return;
+        SetUpSqlServerDatabase(Owner(), Particulars());
+        TheStation().CompanyNames[1] = "Veltrane Mills";
+    }
+
+    void Configure(const std::string& line) { folder.Write("Config.ini", line); }
+
+    /// Starts, and expects one box of the runtime that tells this, and the end of the process.
+    void ExpectToEndWith(const std::string& words) {
+        const BoxNotes notes;
+        const ProcessEnd end;
+        RunEvent(Main);
+        ASSERT_EQ(notes.boxes.size(), 1U);
+        const Box& box = notes.boxes.front();
+        EXPECT_NE(box.text.find(words), std::string::npos) << box.text;
+        EXPECT_EQ(box.title, "Quillane");
+        EXPECT_EQ(box.icon, BoxIcon::Critical);
+        EXPECT_EQ(end.Codes(), std::vector<int>{1});
+        EXPECT_EQ(TheDesktop, nullptr);
+    }
+};
+
+} // namespace
+
+TEST_F(StartUpOnServer, SignsInAndShowsTheStartScreen) {
+    Configure(Fragment());
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_NE(TheDesktop, nullptr);
+    EXPECT_EQ(CompanyProfile->CompanyTitle(), "VELTRANE MILLS");
+    EXPECT_EQ(Ask("Select value From Project_Registry Where registrykey = 'CompanyName'"),
+              "VELTRANE MILLS");
+}
+
+TEST_F(StartUpOnServer, ReadsBehindACommaInQuotesOnly) {
+    std::string line = Fragment();
+    line.insert(line.find(";Database="), ";APP=Gate 1, mill");
+    Configure("\"" + line + "\"");
+    {
+        const VisitModal visit(SignInAs("ali", "wheat"));
+        Main();
+    }
+    EXPECT_NE(TheDesktop, nullptr);
+    TheDesktop.reset();
+    ReleaseServices();
+    Con.reset();
+    Configure(line);
+    ExpectToEndWith("nable to connect");
+}
+
+TEST_F(StartUpOnServer, EndsWhereTheServerIsAway) {
+    const DeafPort nobody(false);
+    Configure(nobody.Entry().substr(1) + ";Database=Account1;UID=gate;PWD=x;TDS_Version=7.4");
+    ExpectToEndWith("nable to connect");
+}
+
+TEST_F(StartUpOnServer, EndsOnAWrongPassword) {
+    Configure(Fragment(Part("Database"), Part("UID"), "wrong"));
+    ExpectToEndWith("Login failed for user");
+}
+
+TEST_F(StartUpOnServer, EndsOnAnUnknownDatabase) {
+    Configure(Fragment("Account1_that_nobody_made", Part("UID"), Part("PWD")));
+    ExpectToEndWith("ccount1_that_nobody_made");
+}
+
+TEST_F(StartUpOnServer, EndsForAClientThatTheServerDoesNotKnow) {
+    TheStation().StationRole = "Client";
+    Configure(Fragment());
+    ExpectToEndWith("anonymous");
+}
+
+TEST_F(StartUpOnServer, EndsOnADatabaseNameWithoutACompanyNumber) {
+    // "master" has six characters, and stands on every server.
+    Configure(Fragment("master", Part("UID"), Part("PWD")));
+    const BoxNotes notes;
+    const ProcessEnd end;
+    RunEvent(Main);
+    ASSERT_FALSE(notes.boxes.empty());
+    EXPECT_EQ(notes.boxes.back().text,
+              "Type mismatch: the eighth character of the database name \"master\" is no company "
+              "number.");
+    EXPECT_EQ(end.Codes(), std::vector<int>{1});
+}
+
+TEST_F(StartUpOnServer, EndsWhereTheTableOfTheCompanysNameIsMissing) {
+    Owner().Execute("DROP TABLE dbo.Project_Registry");
+    Configure(Fragment());
+    ExpectToEndWith("roject_");
+}
+
+TEST_F(StartUpOnServer, TellsThatNobodyCanSignInWhereTheTableOfUsersIsMissing) {
+    Owner().Execute("DROP TABLE dbo.StationUsers");
+    Configure(Fragment());
+    const BoxNotes notes;
+    const ProcessEnd end;
+    RunEvent(Main);
+    ASSERT_EQ(notes.boxes.size(), 1U);
+    EXPECT_EQ(notes.boxes[0].text, "No user is set up in this database, so nobody can sign in.\r\n"
+                                   "Please ask the person who looks after the database.");
+    EXPECT_EQ(end.Codes(), std::vector<int>{0});
+}
+
+TEST_F(StartUpOnServer, TurnsToTheUpgradeWhereTheSchemaNumberIsMissing) {
+    Owner().Execute("DROP TABLE dbo.StationSchema");
+    Configure(Fragment());
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    RunEvent(Main);
+    EXPECT_EQ(Ask("Select SchemaVersion From StationSchema"), "1");
+    EXPECT_NE(TheDesktop, nullptr);
+}
+
+} // namespace Quillane

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "data/Con.h"
+#include "data/Services.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/SqlServerDatabase.h"
+#include "platform/forms/Boxes.h"
+#include "platform/host/ProgramFolder.h"
+#include "platform/host/StationFile.h"
+#include "platform/runtime/Failure.h"
+#include "shell/Desktop.h"
+#include "shell/Startup.h"
+#include "station/FreshFolder.h"
+#include "support/BoxAnswers.h"
+#include "support/ProcessEnd.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Quillane {
+
+/// A station in a fresh program folder, beside an empty database on the SQL Server that the local
+/// file names. Skipped, out loud, where there is no such file.
+class StationOnServer : public testing::Test {
+protected:
+    void SetUp() override {
+        if (const std::string why = SqlServerDatabase::WhyMissing(); !why.empty())
+            GTEST_SKIP() << "SQL Server is not there: " << why;
+        database_.emplace();
+        ::setenv("XDG_CONFIG_HOME", folder.File("settings").c_str(), 1);
+        TheStation() = StationFile();
+        SetProgramFolder(folder.path);
+    }
+    void TearDown() override {
+        TheDesktop.reset();
+        ReleaseServices();
+        Con.reset();
+        owner_.reset();
+        TheStation() = StationFile();
+        SetProgramFolder("");
+        ::unsetenv("XDG_CONFIG_HOME");
+    }
+
+    /// Of the connection string to the test's own database, with the right to do anything.
+    std::string Part(const std::string& key) const {
+        const std::string text = ";" + database_->ConnectionString() + ";";
+        const std::size_t begin = text.find(";" + key + "=") + key.size() + 2;
+        return text.substr(begin, text.find(';', begin) - begin);
+    }
+    Connection& Owner() {
+        if (!owner_) {
+            owner_ = std::make_unique<Connection>();
+            owner_->Open(database_->ConnectionString());
+            owner_->CursorLocation = adUseClient;
+        }
+        return *owner_;
+    }
+    std::string Ask(const std::string& query) {
+        return Owner().Execute(query).Fields(0).TextOrEmpty();
+    }
+    /// What Config.ini holds for a database, a user and a password.
+    std::string Fragment(const std::string& name, const std::string& user,
+                         const std::string& password) const {
+        return "Server=" + Part("Server") + ";Port=" + Part("Port") + ";Database=" + name +
+               ";UID=" + user + ";PWD=" + password + ";TDS_Version=7.4";
+    }
+    std::string Fragment() const { return Fragment(Part("Database"), Part("UID"), Part("PWD")); }
+
+    FreshFolder folder;
+
+private:
+    std::optional<SqlServerDatabase> database_;
+    std::unique_ptr<Connection> owner_;
+};
+
+/// Someone the server knows and no database does, for as long as this lives. The owner's connection
+/// must outlive it.
+class ServerLogin {
+public:
+    ServerLogin(Connection& owner, const std::string& password)
+        : name("Gate_" + owner.DefaultDatabase()), owner_(owner) {
+        std::string literal;
+        for (const char character : password)
+            literal.append(character == '\'' ? 2 : 1, character);
+        owner_.Execute("CREATE LOGIN [" + name + "] WITH PASSWORD = '" + literal + "'");
+    }
+    ~ServerLogin() {
+        try {
+            owner_.Execute("IF DATABASE_PRINCIPAL_ID('" + name + "') IS NOT NULL DROP USER [" +
+                           name + "]");
+            owner_.Execute("DROP LOGIN [" + name + "]");
+        } catch (const Failure& failure) {
+            ADD_FAILURE() << failure.Description();
+        }
+    }
+    ServerLogin(const ServerLogin&) = delete;
+    ServerLogin& operator=(const ServerLogin&) = delete;
+
+    const std::string name;
+
+private:
+    Connection& owner_;
+};
+
+/// Takes note of every box and answers it: what a server says need not be the same everywhere.
+class BoxNotes {
+public:
+    BoxNotes() {
+        SetBoxPresenter({.message =
+                             [this](const Box& box) {
+                                 boxes.push_back(box);
+                                 return BoxAnswer::Ok;
+                             },
+                         .input = {}});
+    }
+    ~BoxNotes() { Testing::ForbidUnexpectedBoxes(); }
+    BoxNotes(const BoxNotes&) = delete;
+    BoxNotes& operator=(const BoxNotes&) = delete;
+
+    std::vector<Box> boxes;
+};
+
+} // namespace Quillane
