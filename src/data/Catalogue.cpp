@@ -1,22 +1,13 @@
 #include "data/Catalogue.h"
 
 #include "platform/ado/Connection.h"
-#include "platform/runtime/Failure.h"
 
 namespace Quillane {
-
-std::string EmbeddedFileOf(Connection& connection) {
-    try {
-        return connection.Execute("PRAGMA database_list").Fields("file").TextOrEmpty();
-    } catch (const Failure&) {
-        return {}; // a server knows no such statement
-    }
-}
 
 bool TableExists(Connection& connection, std::string_view table) {
     const std::string name(table);
     const std::string query =
-        EmbeddedFileOf(connection).empty()
+        connection.DatabaseFile().empty()
             ? "Select Count(*) From INFORMATION_SCHEMA.TABLES Where TABLE_NAME = '" + name + "'"
             : "Select Count(*) From sqlite_master Where type = 'table' And lower(name) = lower('" +
                   name + "')";

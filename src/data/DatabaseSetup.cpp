@@ -56,7 +56,7 @@ void UpgradeServer(Connection& connection, double version) {
 }
 
 void UpgradeFrom(Connection& connection, double version) {
-    const std::string file = EmbeddedFileOf(connection);
+    const std::string file = connection.DatabaseFile();
     if (file.empty()) {
         UpgradeServer(connection, version);
         return;

@@ -88,7 +88,7 @@ TEST_F(Upgrade, KeepsUsersAndParticularsThatAreThere) {
 }
 
 TEST_F(Upgrade, CopiesTheWholeDatabaseAndNeverOverACopy) {
-    const std::string file = EmbeddedFileOf(database.connection);
+    const std::string file = database.connection.DatabaseFile();
     EXPECT_EQ(CopyBeforeUpgrade(database.connection, file, 2),
               database.folder.File("Account1-before-2.db"));
     Run("Delete From PurchaseBody");

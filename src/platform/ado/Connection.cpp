@@ -44,6 +44,10 @@ std::string Connection::DefaultDatabase() const {
     return OpenSession().EngineInUse().DefaultDatabase();
 }
 
+std::string Connection::DatabaseFile() const {
+    return OpenSession().EngineInUse().DatabaseFile();
+}
+
 Recordset Connection::Execute(std::string_view statement, int) {
     ResultSet rows;
     OpenSession().Run(statement, {}, rows);

@@ -53,6 +53,8 @@ public:
 
     /// The name of the database in use, without the folder or ending of an embedded file.
     std::string DefaultDatabase() const;
+    /// The file of an embedded database, with its folder; empty on a database server.
+    std::string DatabaseFile() const;
 
     /// Runs one statement; a query gives an open recordset, anything else a closed one. On the
     /// embedded engine text behind the first statement is a failure, and then nothing has run; a

@@ -54,6 +54,8 @@ public:
 
     /// The name of the database that the session works on.
     virtual std::string DefaultDatabase() = 0;
+    /// The file that holds it; empty on a server.
+    virtual std::string DatabaseFile() { return {}; }
 };
 
 /// Who signs in, and how long the engine may take over it and over each statement.

@@ -143,6 +143,11 @@ std::vector<std::string> SqliteEngine::KeyColumns(std::string_view table) {
     return columns;
 }
 
+std::string SqliteEngine::DatabaseFile() {
+    const char* file = sqlite3_db_filename(handle_.get(), "main");
+    return file ? file : "";
+}
+
 std::string SqliteEngine::ColumnInStatement(std::string_view column) {
     const bool isPlain = !column.empty() && !(column.front() >= '0' && column.front() <= '9') &&
                          std::all_of(column.begin(), column.end(),

@@ -32,6 +32,7 @@ public:
     RowMatch KeylessMatch(std::string_view table, std::span<const std::string> columns,
                           std::span<const Value> values) override;
     std::string DefaultDatabase() override { return database_; }
+    std::string DatabaseFile() override;
 
 private:
     struct CloseDatabase {
