@@ -46,9 +46,11 @@ std::string Comparison(OdbcDialect::Server server, const OdbcMatchedColumn& matc
 OdbcDialect OdbcDialectOf(std::string_view serverName) {
     if (serverName.find("SQL Server") != std::string_view::npos)
         return {OdbcDialect::Server::TSql,
-                // A driver's own settings may cut long texts otherwise.
-                "SET TEXTSIZE 2147483647", "BEGIN TRANSACTION", "COMMIT TRANSACTION",
-                "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION", "SELECT @@TRANCOUNT"};
+                // A driver's own settings may cut long texts otherwise, and those of a server
+                // keep back how many rows a write has hit.
+                "SET TEXTSIZE 2147483647 SET NOCOUNT OFF", "BEGIN TRANSACTION",
+                "COMMIT TRANSACTION", "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION",
+                "SELECT @@TRANCOUNT"};
     const bool isPostgres = serverName.find("PostgreSQL") != std::string_view::npos;
     return {isPostgres ? OdbcDialect::Server::Postgres : OdbcDialect::Server::Other,
             "",

@@ -76,7 +76,7 @@ TEST_F(OdbcOnFreeTds, GivesUpOnAServerThatTakesTheCallAndNeverAnswers) {
 TEST_F(OdbcOnFreeTds, LiftsTheLimitOnLongTextsAndKnowsItsDatabase) {
     Connection other;
     other.Open(server->ConnectionString());
-    EXPECT_EQ(server->TakeArrived(), Texts({"SET TEXTSIZE 2147483647"}));
+    EXPECT_EQ(server->TakeArrived(), Texts({"SET TEXTSIZE 2147483647 SET NOCOUNT OFF"}));
     EXPECT_EQ(other.DefaultDatabase(), "Account1");
 }
 
@@ -96,7 +96,8 @@ TEST_F(OdbcOnFreeTds, IsFoundUnderTheNameThatAStationsConnectionStringHas) {
             std::_Exit(station.DefaultDatabase() == "Account1" ? 7 : 1);
         },
         testing::ExitedWithCode(7), "");
-    EXPECT_EQ(server->TakeArrived(), Texts({"SET TEXTSIZE 2147483647", "Select 'علی'"}));
+    EXPECT_EQ(server->TakeArrived(),
+              Texts({"SET TEXTSIZE 2147483647 SET NOCOUNT OFF", "Select 'علی'"}));
 }
 
 TEST_F(OdbcOnFreeTds, ReadsEachTypeAsItsKind) {
