@@ -1,11 +1,11 @@
 #pragma once
 
+#include "data/SqlServerContents.h"
 #include "data/SqlServerPlace.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Quillane {
 
@@ -22,21 +22,6 @@ struct OwnerSignIn {
 
 /// The same database with the owner's sign-in, where there is one.
 SqlServerPlace PlaceForSetUp(const SqlServerPlace& station, const OwnerSignIn& owner);
-
-/// What a database on SQL Server holds of a station's.
-struct SqlServerContents {
-    std::vector<std::string> missing; ///< tables and functions
-    bool isEmpty = false;             ///< all of them are missing
-    bool isComplete = false;          ///< nothing is missing, and somebody can sign in
-    bool mayBeMade = false;           ///< by whoever has looked
-    std::string collation;
-    std::string companyName;
-    long arrivals = 0;
-    long users = 0;
-};
-
-/// Looks without changing anything.
-SqlServerContents LookAtSqlServerDatabase(Connection& connection);
 
 /// How a try-out ended.
 struct TryOut {
