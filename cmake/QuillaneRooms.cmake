@@ -68,7 +68,7 @@ endfunction()
 # A test program that runs on the SQL Server that tests/sqlserver.local names, or is skipped where
 # there is no such file.
 function(quillane_on_sql_server test environment)
-    set_tests_properties(${test} PROPERTIES TIMEOUT 1800 LABELS sqlserver
+    set_tests_properties(${test} PROPERTIES TIMEOUT 3600 LABELS sqlserver RESOURCE_LOCK sqlserver
         ENVIRONMENT "QUILLANE_TEST_ENGINE=SqlServer;${environment}"
         SKIP_REGULAR_EXPRESSION "SQL Server is not there: no file tests/sqlserver.local names one")
 endfunction()

@@ -28,7 +28,7 @@ protected:
     std::string Find(std::string_view table, std::string_view given,
                      std::string_view exclusions = "") {
         criteria = given;
-        return GetDependentTable(table, criteria, exclusions);
+        return DeclaredName(GetDependentTable(table, criteria, exclusions));
     }
 
     static std::string KeysOf(const std::string& table) {
@@ -151,6 +151,7 @@ TEST_F(DependentTable, WithAKeyOfTwoColumnsIsProbedOncePerColumnByTheLastThatFit
 }
 
 TEST_F(DependentTable, CalledSaleRecoveryBodyGoesByAKeyNameOfItsOwn) {
+    SKIP_ON_SQL_SERVER("its catalogue may spell the table in another case");
     // Keys that the database does not name leave the criteria as given, and one name is mended.
     database.Run("Create Table Deals (Dealid Integer Primary Key)");
     database.Run("Drop Table SaleRecoveryBody");

@@ -254,6 +254,7 @@ TEST_F(DatabaseVersions, AgreeInANewDatabase) {
 }
 
 TEST_F(DatabaseVersions, AnOlderDatabaseIsCopiedAndBroughtUpToDate) {
+    SKIP_ON_SQL_SERVER("only a file is copied; the steps there have tests of their own");
     Run("Drop Table StationSchema");
     EXPECT_EQ(setup.DatabaseVersion(), 0);
     setup.UpgradeDatabase();
@@ -276,6 +277,7 @@ TEST_F(DatabaseVersions, ANewerDatabaseIsToldAndLeftAlone) {
 }
 
 TEST_F(DatabaseVersions, ANumberThatCannotBeReadIsToldAndLeftAlone) {
+    SKIP_ON_SQL_SERVER("its column holds numbers only");
     Run("Update StationSchema Set SchemaVersion = 'one'");
     BoxAnswers answers;
     answers.Expect(Warned("The schema number of the database cannot be read: the table "
@@ -286,6 +288,7 @@ TEST_F(DatabaseVersions, ANumberThatCannotBeReadIsToldAndLeftAlone) {
 }
 
 TEST_F(DatabaseVersions, AFailedUpgradeIsToldAndLosesNothing) {
+    SKIP_ON_SQL_SERVER("the steps there have tests of their own");
     Run("Drop Table StationSchema");
     Run("Drop Table Project_Registry");
     Run("Create View Project_Registry As Select 1 As registrykey, 2 As value");

@@ -18,7 +18,9 @@ public:
         Con = std::make_unique<Connection>();
         Open(*Con);
         AddRows();
-        Con->StatementObserver = [this](std::string_view text) { statements.emplace_back(text); };
+        Con->StatementObserver = [this](std::string_view text) {
+            statements.push_back(ComparedWords(std::string(text)));
+        };
     }
     ~OpenedDatabase() { Con.reset(); }
 

@@ -1,5 +1,6 @@
 #include "support/TestedEngine.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <sstream>
@@ -10,15 +11,24 @@ namespace {
 
 constexpr const char* wordsOfServer = "(what the server says)";
 
-/// The names behind which a text goes on as the catalogue has it.
+/// The tables that refer to others, in the schema and in those of tests.
+constexpr std::string_view declaredNames[] = {
+    "LaboratoryReports", "PurchaseBody", "SaleRecoveryBody", "Bills", "Checks", "Tolls"};
+
+std::string Lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](unsigned char character) {
+        return static_cast<char>(std::tolower(character));
+    });
+    return text;
+}
+
+/// With the names of tables as they were declared, where a text takes one out of the catalogue.
 std::string WithDeclaredNames(std::string text) {
     for (const std::string before : {"Select TOP 1 * From ", "used in ("})
-        for (const std::string name : {"LaboratoryReports", "PurchaseBody", "SaleRecoveryBody"}) {
-            std::string other = before + name;
-            for (std::size_t i = before.size(); i < other.size(); ++i)
-                other[i] = static_cast<char>(std::tolower(other[i]));
-            if (const std::size_t at = text.find(other); at != std::string::npos)
-                text.replace(at, other.size(), before + name);
+        for (const std::string_view name : declaredNames) {
+            const std::string asInCatalogue = before + Lower(std::string(name));
+            if (const std::size_t at = text.find(asInCatalogue); at != std::string::npos)
+                text.replace(at + before.size(), name.size(), name);
         }
     return text;
 }
@@ -35,6 +45,13 @@ std::string EngineWords(std::string_view embeddedWords) {
 }
 
 // A driver's words begin with who says them: "[FreeTDS][SQL Server]Invalid object name".
+std::string DeclaredName(const std::string& table) {
+    for (const std::string_view name : declaredNames)
+        if (OnSqlServer() && Lower(table) == Lower(std::string(name)))
+            return std::string(name);
+    return table;
+}
+
 std::string ComparedWords(const std::string& text) {
     if (!OnSqlServer())
         return text;

@@ -19,6 +19,9 @@ std::string EngineWords(std::string_view embeddedWords);
 /// declared, which a catalogue need not do.
 std::string ComparedWords(const std::string& text);
 
+/// The same for the name of a table.
+std::string DeclaredName(const std::string& table);
+
 } // namespace Quillane
 
 /// For tests of what only a file has.

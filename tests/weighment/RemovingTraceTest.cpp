@@ -264,9 +264,7 @@ protected:
     const Lines ToButton = Moved("DtpArrivalDate", "BtnRemove");
     /// The runtime's own box. What has led there stands in front.
     static std::string RuntimesOwnBox(const std::string& before = {}) {
-        return Reported(before.empty() ? NothingToRollBack
-                                       : EngineWords(before + NothingToRollBack),
-                        "Quillane");
+        return Reported(before + NothingToRollBack, "Quillane");
     }
 };
 
@@ -316,7 +314,7 @@ TEST_F(UntrappedRemoval, ByItsKeysIsReportedAndGoesOn) {
     EXPECT_EQ(
         Removing([this] { ScreenDriver(*screen).Press(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete); }),
         (Lines{BodyRead("1040"), RemoveQuestion, PurchaseTest("1040"),
-               Reported(EngineWords(NoPurchases + NothingToRollBack))}));
+               Reported(NoPurchases + NothingToRollBack)}));
     EXPECT_TRUE(screen->IsLoaded());
     EXPECT_TRUE(screen->IsOpened);
 }
@@ -330,8 +328,7 @@ TEST_F(UntrappedRemoval, LetsTheFailureOfTheRollbackThrough) {
         screen->BtnRemove_Click();
         ADD_FAILURE() << "no failure came";
     } catch (const Failure& failure) {
-        EXPECT_EQ(ComparedWords(failure.Description()),
-                  EngineWords(NoPurchases + NothingToRollBack));
+        EXPECT_EQ(ComparedWords(failure.Description()), NoPurchases + NothingToRollBack);
     }
 }
 
