@@ -140,6 +140,14 @@ TEST_P(ConnectionContract, RefusesToEndATransactionThatNeverBegan) {
     EXPECT_EQ(observed, Texts({"BeginTrans", "RollbackTrans"}));
 }
 
+TEST_P(ConnectionContract, TellsAtARollbackOfNothingWhatWasRefusedJustBefore) {
+    const std::string nothingOpen = "No transaction is open, so none can be rolled back.";
+    const std::string words = DatabaseFailureOf([&] { Run("Select * From NoSuchTable"); });
+    EXPECT_EQ(DatabaseFailureOf([&] { connection.RollbackTrans(); }), words + "\n" + nothingOpen);
+    AddThreeArrivals();
+    EXPECT_EQ(DatabaseFailureOf([&] { connection.RollbackTrans(); }), nothingOpen);
+}
+
 TEST_P(ConnectionContract, RefusesATransactionInsideAnother) {
     AddThreeArrivals();
     connection.BeginTrans();
