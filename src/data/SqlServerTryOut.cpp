@@ -106,8 +106,11 @@ std::optional<std::string> FaultOfStation(const SqlServerPlace& station, std::st
         if (!ServerTakes(station, words))
             return "The owner's sign-in works, but not the station's.\n" +
                    WhyItDoesNotOpen(station, words, false);
-        answer += " The station's own sign-in is not known to the database yet; the set-up adds it "
-                  "with the role StationOperator.";
+        answer += station.windowsSignIn
+                      ? " The station's own sign-in is not known to the database yet; once the "
+                        "set-up has made the role StationOperator, make it a member there."
+                      : " The station's own sign-in is not known to the database yet; the set-up "
+                        "adds it with the role StationOperator.";
     }
     return std::nullopt;
 }
