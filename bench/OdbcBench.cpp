@@ -1,11 +1,12 @@
 // What the data access objects cost on a server behind ODBC, each beside the same work done with
-// the driver's bare functions, on a PostgreSQL server of the benchmark's own. Compare the pairs of
-// one run: each at most 1.2 times its reference.
+// the driver's bare functions: on a PostgreSQL server of the benchmark's own, and on the SQL Server
+// that the file tests/sqlserver.local names. Each at most 1.2 times its reference.
 //
 // The bare loop knows the columns ahead and binds them in blocks of the same size. It comes twice:
 // with texts as UTF-16, as the engine asks for them, and with texts as the driver turns them into
 // the station's character set by itself, which is right only where that is UTF-8.
 
+#include "SideBySide.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/Engine.h"
@@ -13,12 +14,13 @@
 #include "platform/ado/OdbcText.h"
 #include "platform/ado/PostgresServer.h"
 #include "platform/ado/ResultSet.h"
-
-#include <benchmark/benchmark.h>
+#include "platform/ado/SqlServerDatabase.h"
 
 #include <clocale>
 #include <cstdint>
+#include <functional>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -32,22 +34,21 @@ constexpr auto allRows = "Select ArrivalId, VehicleNo, DriverName, NetWeight Fro
 constexpr auto oneRow = "Select NoOfBags*BagWeight As GrossWeight, TareWeight From Arrivals Where "
                         "ArrivalID = 7";
 
-/// A server with a filled database, and two connections to it: the system's and a bare one.
-class FilledServer {
+/// A filled database, and two connections to it: the system's and a bare one.
+class FilledDatabase {
 public:
-    FilledServer() {
-        const std::string text = server_.ConnectionString("postgres");
-        connection.Open(text);
-        connection.Execute("Create Table Arrivals (ArrivalID int Primary Key, NoOfBags float8, "
-                           "BagWeight float8, TareWeight float8)");
-        connection.Execute("Create Table ArrivalsBody (ArrivalId int, VehicleNo varchar(40), "
-                           "DriverName varchar(60), NetWeight float8)");
-        connection.Execute("Insert Into ArrivalsBody Select i, 'LES-' || i, 'Driver of load ' || "
-                           "i, i * 0.75 From generate_series(1, 100000) i");
-        connection.Execute("Insert Into Arrivals Select i, 40, 100.5, 4320 From "
-                           "generate_series(1, 1000) i");
-        connection.Execute("Analyze");
-        bare_ = ConnectByOdbc(environment_, ConnectionString(text), SignIn{});
+    explicit FilledDatabase(const std::string& connectionString) {
+        connection.Open(connectionString);
+        connection.Execute("Create Table Arrivals (ArrivalID int Not Null Primary Key, NoOfBags "
+                           "float, BagWeight float, TareWeight float)");
+        connection.Execute("Create Table ArrivalsBody (ArrivalId int, VehicleNo " + TextOf(40) +
+                           ", DriverName " + TextOf(60) + ", NetWeight float)");
+        connection.Execute("Insert Into ArrivalsBody Select i, Concat('LES-', i), Concat('Driver "
+                           "of load ', i), i * 0.75 From (" +
+                           Numbers(5) + ") Numbers");
+        connection.Execute("Insert Into Arrivals Select i, 40, 100.5, 4320 From (" + Numbers(3) +
+                           ") Numbers");
+        bare_ = ConnectByOdbc(environment_, ConnectionString(connectionString), SignIn{});
     }
 
     const OdbcHandle& Bare() const { return bare_; }
@@ -55,18 +56,36 @@ public:
     Connection connection;
 
 private:
-    PostgresServer server_;
+    /// PostgreSQL's varchar holds what SQL Server's nvarchar does.
+    std::string TextOf(int length) {
+        const bool isPostgres =
+            connection
+                .Execute("Select 1 From information_schema.tables Where table_name = "
+                         "'pg_class'")
+                .RecordCount() > 0;
+        return (isPostgres ? "varchar(" : "nvarchar(") + std::to_string(length) + ")";
+    }
+
+    /// A query of the numbers from 0 that have so many digits.
+    static std::string Numbers(int digits) {
+        std::string number;
+        std::string tables;
+        for (int digit = 0; digit < digits; ++digit) {
+            const std::string table = "D" + std::to_string(digit);
+            number = digit == 0 ? table + ".n" : "(" + number + ") * 10 + " + table + ".n";
+            tables += (digit == 0 ? "" : " Cross Join ") +
+                      ("(Values (0), (1), (2), (3), (4), (5), (6), (7), (8), (9)) " + table) +
+                      "(n)";
+        }
+        return "Select " + number + " As i From " + tables;
+    }
+
     OdbcHandle environment_ = OdbcEnvironment();
     OdbcHandle bare_;
 };
 
-FilledServer& Server() {
-    static FilledServer server;
-    return server;
-}
-
-OdbcHandle BareStatement(const char* source) {
-    OdbcHandle statement(SQL_HANDLE_STMT, Server().Bare());
+OdbcHandle BareStatement(const FilledDatabase& database, const char* source) {
+    OdbcHandle statement(SQL_HANDLE_STMT, database.Bare());
     OdbcText text = ToOdbc(source);
     statement.Check(SQLExecDirectW(statement.Get(), text.data(), SQL_NTS));
     return statement;
@@ -101,8 +120,8 @@ void AddText(const BareColumn<SQLWCHAR>& column, std::size_t row, std::string& u
 }
 
 template <typename Character>
-ResultSet ReadBare(SQLSMALLINT textType) {
-    const OdbcHandle statement = BareStatement(allRows);
+ResultSet ReadBare(const FilledDatabase& database, SQLSMALLINT textType) {
+    const OdbcHandle statement = BareStatement(database, allRows);
     SQLULEN fetched = 0;
     const auto set = [&](SQLINTEGER attribute, SQLPOINTER value) {
         statement.Check(SQLSetStmtAttrW(statement.Get(), attribute, value, 0));
@@ -128,68 +147,82 @@ ResultSet ReadBare(SQLSMALLINT textType) {
     return rows;
 }
 
-void ExpectAll(benchmark::State& state, int count) {
+void ExpectAll(int count) {
     if (count != rowCount)
-        state.SkipWithError("not all rows");
+        throw std::runtime_error("not all rows");
 }
 
-void OpenAllRows(benchmark::State& state) {
-    for (auto _ : state) {
+void OpenOneRowBare(const FilledDatabase& database) {
+    const OdbcHandle statement = BareStatement(database, oneRow);
+    double gross = 0;
+    double tare = 0;
+    SQLBindCol(statement.Get(), 1, SQL_C_DOUBLE, &gross, 0, nullptr);
+    SQLBindCol(statement.Get(), 2, SQL_C_DOUBLE, &tare, 0, nullptr);
+    SQLFetch(statement.Get());
+    if (gross + tare <= 0 || SQLFetch(statement.Get()) != SQL_NO_DATA)
+        throw std::runtime_error("not the row");
+}
+
+Action Repeating(int times, const std::function<void()>& act) {
+    return {.ready = {}, .act = [=] {
+                for (int i = 0; i < times; ++i)
+                    act();
+            }};
+}
+
+void Measure(const std::string& server, const std::string& connectionString) {
+    FilledDatabase database(connectionString);
+    constexpr double limit = 1.2;
+    constexpr int turns = 25;
+    constexpr int oneRowTimes = 300;
+    const Action open = Repeating(1, [&] {
         Recordset rows;
-        rows.Open(allRows, Server().connection);
-        ExpectAll(state, rows.RecordCount());
-    }
-}
-
-void OpenAllRowsBare(benchmark::State& state) {
-    for (auto _ : state)
-        ExpectAll(state, ReadBare<SQLWCHAR>(SQL_C_WCHAR).RowCount());
-}
-
-void OpenAllRowsBareInStationsSet(benchmark::State& state) {
-    for (auto _ : state)
-        ExpectAll(state, ReadBare<char>(SQL_C_CHAR).RowCount());
-}
-
-void OpenOneRow(benchmark::State& state) {
-    for (auto _ : state) {
+        rows.Open(allRows, database.connection);
+        ExpectAll(rows.RecordCount());
+    });
+    const Action bare =
+        Repeating(1, [&] { ExpectAll(ReadBare<SQLWCHAR>(database, SQL_C_WCHAR).RowCount()); });
+    const Action bareInStationsSet =
+        Repeating(1, [&] { ExpectAll(ReadBare<char>(database, SQL_C_CHAR).RowCount()); });
+    const Action openOne = Repeating(oneRowTimes, [&] {
         Recordset rows;
-        rows.Open(oneRow, Server().connection);
-        benchmark::DoNotOptimize(rows.Fields(0).Number());
-    }
+        rows.Open(oneRow, database.connection);
+        if (rows.Fields(0).Number() <= 0)
+            throw std::runtime_error("not the row");
+    });
+    const Action openOneBare = Repeating(oneRowTimes, [&] { OpenOneRowBare(database); });
+    PrintHeading(server);
+    PrintLine("all rows", rowCount, SideBySide(turns, open, bare), limit);
+    PrintLine("all rows, bare in the station's set", rowCount,
+              SideBySide(turns, open, bareInStationsSet), limit);
+    PrintLine("one row, 300 times", 1, SideBySide(turns, openOne, openOneBare), limit);
 }
 
-void OpenOneRowBare(benchmark::State& state) {
-    for (auto _ : state) {
-        const OdbcHandle statement = BareStatement(oneRow);
-        double gross = 0;
-        double tare = 0;
-        SQLBindCol(statement.Get(), 1, SQL_C_DOUBLE, &gross, 0, nullptr);
-        SQLBindCol(statement.Get(), 2, SQL_C_DOUBLE, &tare, 0, nullptr);
-        SQLFetch(statement.Get());
-        benchmark::DoNotOptimize(gross + tare);
-    }
+/// Says why it measures nothing where the server is missing.
+bool IsThere(const char* server, const std::string& whyMissing) {
+    if (!whyMissing.empty())
+        std::cerr << "OdbcBench: " << server << " is not there: " << whyMissing << '\n';
+    return whyMissing.empty();
 }
-
-BENCHMARK(OpenAllRows)->Unit(benchmark::kMillisecond);
-BENCHMARK(OpenAllRowsBare)->Unit(benchmark::kMillisecond);
-BENCHMARK(OpenAllRowsBareInStationsSet)->Unit(benchmark::kMillisecond);
-BENCHMARK(OpenOneRow);
-BENCHMARK(OpenOneRowBare);
 
 } // namespace
 
 } // namespace Quillane
 
-int main(int count, char** arguments) {
-    const std::string whyMissing = Quillane::PostgresServer::WhyMissing();
-    if (!whyMissing.empty()) {
-        std::cerr << "OdbcBench: PostgreSQL is not there: " << whyMissing << '\n';
-        return 77;
-    }
+int main() {
+    using namespace Quillane;
     std::setlocale(LC_ALL, "C.UTF-8");
-    benchmark::Initialize(&count, arguments);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    try {
+        if (IsThere("PostgreSQL", PostgresServer::WhyMissing())) {
+            const PostgresServer server;
+            Measure("PostgreSQL", server.ConnectionString("postgres"));
+        }
+        if (IsThere("SQL Server", SqlServerDatabase::WhyMissing())) {
+            const SqlServerDatabase database;
+            Measure("SQL Server", database.ConnectionString());
+        }
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
 }
