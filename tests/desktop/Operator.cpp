@@ -2,6 +2,7 @@
 
 #include "platform/forms/Text.h"
 #include "platform/runtime/Numbers.h"
+#include "support/TestedEngine.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -187,7 +188,7 @@ void Operator::ExpectBox(const std::string& title, const std::string& text) {
     });
     const BoxWatch::Seen seen = See([this] { return boxes_.All()[answered_]; });
     EXPECT_EQ(seen.title, title);
-    EXPECT_EQ(seen.text, text);
+    EXPECT_EQ(ComparedWords(seen.text), text);
 }
 
 void Operator::Answer(const std::string& title, const std::string& text, const QStringList& keys) {

@@ -13,7 +13,8 @@ constexpr const char* wordsOfServer = "(what the server says)";
 
 /// The tables that refer to others, in the schema and in those of tests.
 constexpr std::string_view declaredNames[] = {
-    "LaboratoryReports", "PurchaseBody", "SaleRecoveryBody", "Bills", "Checks", "Tolls"};
+    "LaboratoryReports", "PurchaseBody", "SaleRecoveryBody", "Bills", "Checks", "Tolls",
+    "Gate Passes"};
 
 std::string Lower(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(), [](unsigned char character) {
