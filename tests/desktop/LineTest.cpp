@@ -95,7 +95,7 @@ TEST_F(LineUnderHands, LetsNobodyTypeAWeightWhileItIsLive) {
         by.UntilActive("TxtWeight");
         by.Type("7");
         by.Until("the changed screen", [&] { return screen.BtnSave.Enabled(); });
-        EXPECT_EQ(by.See([&] { return Val(screen.TxtWeight.Text()); }), 12540);
+        by.UntilReading(12540);
     });
 }
 
