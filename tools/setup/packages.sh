@@ -17,7 +17,7 @@ walk=(xvfb xauth xdotool x11-utils openbox imagemagick poppler-utils)
 servers=(postgresql odbc-postgresql)
 test=(libgtest-dev "${walk[@]}" sqlite3 procps "${servers[@]}" tdsodbc)
 checks=(git clang-format clang-tidy)
-bench=(libbenchmark-dev libxcb1-dev xvfb "${servers[@]}")
+bench=(libbenchmark-dev libxcb1-dev xvfb "${servers[@]}" tdsodbc)
 
 is_installed() {
     [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
