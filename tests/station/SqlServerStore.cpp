@@ -62,18 +62,26 @@ std::string Emptying() {
     return statements;
 }
 
-void PrepareSite(const NewDatabase& particulars) {
-    const bool isNew =
-        !site || site->owner.State() != adStateOpen || site->Objects() != site->objects;
-    if (isNew) {
-        site.reset();
-        site = std::make_unique<Site>();
-    } else {
+/// False where the site is not there, is not as it was made, or cannot be emptied.
+bool CanBeUsedAgain(const NewDatabase& particulars) {
+    try {
+        if (!site || site->Objects() != site->objects)
+            return false;
         site->owner.Execute(Emptying());
+        SetUpSqlServerDatabase(site->owner, particulars);
+        return true;
+    } catch (const Failure&) {
+        return false;
     }
+}
+
+void PrepareSite(const NewDatabase& particulars) {
+    if (CanBeUsedAgain(particulars))
+        return;
+    site.reset();
+    site = std::make_unique<Site>();
     SetUpSqlServerDatabase(site->owner, particulars);
-    if (isNew)
-        site->objects = site->Objects();
+    site->objects = site->Objects();
 }
 
 /// As the embedded database would hold it.
