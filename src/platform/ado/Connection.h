@@ -37,9 +37,9 @@ public:
     /// Opens by the connection string "Driver=...;Server=...;Database=...". The server name
     /// `(embedded)` selects the embedded engine, whose file `<folder>/<Database>.db` must be there:
     /// a file that is missing, locked, write-protected or no database fails with a text that names
-    /// it. Any other server is reached through the string's ODBC driver, and what that refuses fails
-    /// in its words; a driver that is missing fails with the Debian package that brings it. Opening
-    /// an open connection fails (3705).
+    /// it. Any other server is reached through the string's ODBC driver, and what that refuses
+    /// fails in its words; a driver that is missing fails with the Debian package that brings it.
+    /// Opening an open connection fails (3705).
     void Open(std::string_view connectionString, std::string_view userId = {},
               std::string_view password = {}, int options = -1);
     /// What an open transaction has done is undone. Closing a closed connection fails (3704), as

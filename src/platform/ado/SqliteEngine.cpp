@@ -176,8 +176,8 @@ RowMatch SqliteEngine::KeylessMatch(std::string_view table, std::span<const std:
         if (!values[i].IsNull())
             match.parameters.push_back(values[i]);
     }
-    match.condition = "rowid = (SELECT rowid FROM " + std::string(table) + " WHERE " + condition +
-                      " LIMIT 1)";
+    match.condition =
+        "rowid = (SELECT rowid FROM " + std::string(table) + " WHERE " + condition + " LIMIT 1)";
     return match;
 }
 
