@@ -62,7 +62,7 @@ function(quillane_tests name)
         set(filter TEST_FILTER "-*Postgres*")
     endif()
     gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST ${filter}
-        PROPERTIES TIMEOUT 120 ${environment} LABELS "${TESTS_LABELS}")
+        PROPERTIES TIMEOUT 300 ${environment} LABELS "${TESTS_LABELS}")
 endfunction()
 
 # A test program that runs on the SQL Server that tests/sqlserver.local names, or is skipped where
@@ -85,6 +85,6 @@ function(quillane_postgres_tests name target)
         SKIP_RETURN_CODE 77 TIMEOUT 120)
     gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
         TEST_FILTER "*Postgres*"
-        PROPERTIES TIMEOUT 120 FIXTURES_REQUIRED ${name}Postgres
+        PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED ${name}Postgres
             ENVIRONMENT "QUILLANE_TEST_POSTGRES=${info}")
 endfunction()
