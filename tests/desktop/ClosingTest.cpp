@@ -6,6 +6,7 @@
 #include "shell/Desktop.h"
 
 #include <QApplication>
+#include <QProcess>
 
 namespace Quillane::Testing {
 namespace {
@@ -15,13 +16,22 @@ struct Way {
     void (*close)(Operator& by, FrmWeighment& screen);
 };
 
+/// As the display's server tells it: the toolkit looks at the frame once, which may be before a
+/// slow window manager has drawn it.
+int HeightOfTitle(const FrmWeighment& screen) {
+    QProcess tool;
+    tool.start("xprop", {"-id", QString::number(screen.winId()), "-notype", "_NET_FRAME_EXTENTS"});
+    tool.waitForFinished();
+    const QList<QByteArray> extents = tool.readAllStandardOutput().split(',');
+    constexpr int top = 2; // behind left and right
+    return extents.size() > top ? extents[top].trimmed().toInt() : 0;
+}
+
 /// The window manager's own close button, at the right end of the title.
 void ByCloseBox(Operator& by, FrmWeighment& screen) {
-    by.Until("the window's frame", [&] { return screen.frameGeometry() != screen.geometry(); });
-    const auto place = by.See([&] {
-        return QPoint(screen.width() - 8,
-                      -(screen.geometry().top() - screen.frameGeometry().top()) / 2);
-    });
+    int title = 0;
+    by.Until("the window's frame", [&] { return (title = HeightOfTitle(screen)) > 0; });
+    const QPoint place(screen.width() - 8, -title / 2);
     by.Click(screen, [&] { return place; });
 }
 
