@@ -3,11 +3,16 @@
 // once in the preview's window. Everything in front of the painting (the statement, the design, the
 // filling; on the bare page also the layout) may at most double it.
 
-#include "../tests/slip/SlipDatabase.h"
+#include "ManyArrivals.h"
+#include "data/EmbeddedFunctions.h"
+#include "platform/ado/Connection.h"
+#include "platform/ado/Recordset.h"
 #include "platform/forms/Application.h"
 #include "platform/report/ReportPainter.h"
 #include "slip/CrpCottonWeighment.h"
+#include "slip/FillSlip.h"
 #include "slip/RptReportViewer.h"
+#include "slip/SlipStatement.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,14 +23,23 @@ namespace {
 
 using namespace Quillane;
 
-SlipDatabase& Database() {
-    static SlipDatabase database;
-    return database;
+Connection& Database() {
+    static const ManyArrivals arrivals(1000);
+    static Connection connection;
+    if (connection.State() == adStateClosed) {
+        connection.SetEmbeddedSupport(
+            {.folder = arrivals.Folder(), .registerFunctions = RegisterEmbeddedFunctions});
+        connection.Open(ManyArrivals::ConnectionText);
+        connection.CursorLocation = adUseClient;
+    }
+    return connection;
 }
 
 std::unique_ptr<Report> FilledSlip() {
     auto slip = std::make_unique<CrpCottonWeighment>();
-    FillSlip(*slip, Database().RowsOf(1042));
+    auto rows = std::make_shared<Recordset>();
+    rows->Open(SlipStatement(1), Database(), adOpenStatic, adLockReadOnly, adCmdUnspecified);
+    FillSlip(*slip, std::move(rows));
     return slip;
 }
 
