@@ -19,10 +19,6 @@ void SqliteEngine::CloseDatabase::operator()(sqlite3* database) const {
     sqlite3_close_v2(database);
 }
 
-void SqliteEngine::FinishStatement::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
-}
-
 SqliteEngine::SqliteEngine(std::string database, const EmbeddedSupport& support)
     : database_(std::move(database)) {
     const std::string path = ExistingDatabaseFile(support.folder, database_);
@@ -41,6 +37,7 @@ void SqliteEngine::OpenFile(const std::string& path, const EmbeddedSupport& supp
     if (outcome != SQLITE_OK)
         FailDatabase("The database file " + path + " cannot be opened: " + sqlite3_errstr(outcome) +
                      ".");
+    statements_.emplace(opened);
     sqlite3_busy_timeout(opened, static_cast<int>(support.busyWait.count()));
 }
 
@@ -68,30 +65,13 @@ void SqliteEngine::FailInWordsOfEngine() {
     FailDatabase(sqlite3_errmsg(handle_.get()));
 }
 
-SqliteEngine::Statement SqliteEngine::Prepare(const std::string& text) {
-    sqlite3_stmt* prepared = nullptr;
-    const char* tail = nullptr;
-    // The length counts the closing zero, so that SQLite reads the text where it stands.
-    const int length = static_cast<int>(text.size()) + 1;
-    if (sqlite3_prepare_v2(handle_.get(), text.c_str(), length, &prepared, &tail) != SQLITE_OK)
-        FailInWordsOfEngine();
-    Statement statement(prepared);
-    if (!statement)
-        FailDatabase("The statement is empty.");
-    if (!IsBlankStatement(
-            std::string_view(text).substr(static_cast<std::size_t>(tail - text.c_str()))))
-        FailDatabase("Only one statement can be run at a time.");
-    return statement;
-}
-
 long SqliteEngine::Run(std::string_view statement, std::span<const Value> parameters,
                        ResultSet& result) {
     TakeWriteLock();
-    const Statement prepared = Prepare(FromTSql(statement));
-    BindSqliteParameters(prepared.get(), parameters);
-    const bool yieldsRows = sqlite3_column_count(prepared.get()) > 0;
-    if (!ReadSqliteRows(prepared.get(), result))
+    const SqliteStatements::Ready ready = statements_->Take(statement, parameters);
+    if (!ReadSqliteRows(ready.get(), result))
         FailInWordsOfEngine();
+    const bool yieldsRows = sqlite3_column_count(ready.get()) > 0;
     return yieldsRows ? -1 : static_cast<long>(sqlite3_changes(handle_.get()));
 }
 
@@ -129,14 +109,9 @@ bool SqliteEngine::InTransaction() {
 }
 
 std::vector<std::string> SqliteEngine::KeyColumns(std::string_view table) {
-    const std::string name = NameOf(FromTSql(table));
-    const Statement prepared =
-        Prepare("SELECT name FROM pragma_table_info(?) WHERE pk > 0 ORDER BY pk");
-    const Value parameter = name;
-    BindSqliteParameters(prepared.get(), {&parameter, 1});
+    const Value name = NameOf(FromTSql(table));
     ResultSet keys;
-    if (!ReadSqliteRows(prepared.get(), keys))
-        FailInWordsOfEngine();
+    Run("SELECT name FROM pragma_table_info(?) WHERE pk > 0 ORDER BY pk", {&name, 1}, keys);
     std::vector<std::string> columns;
     for (int row = 0; row < keys.RowCount(); ++row)
         columns.push_back(keys.At(row, 0).Text());

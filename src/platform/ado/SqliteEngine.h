@@ -1,12 +1,13 @@
 #pragma once
 
 #include "platform/ado/Engine.h"
+#include "platform/ado/SqliteStatements.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 struct sqlite3;
-struct sqlite3_stmt;
 
 namespace Quillane {
 
@@ -38,20 +39,16 @@ private:
     struct CloseDatabase {
         void operator()(sqlite3* database) const;
     };
-    struct FinishStatement {
-        void operator()(sqlite3_stmt* statement) const;
-    };
-    using Statement = std::unique_ptr<sqlite3_stmt, FinishStatement>;
 
     void OpenFile(const std::string& path, const EmbeddedSupport& support);
     void Configure(const std::string& path);
-    Statement Prepare(const std::string& text);
     void RunPlain(const char* text);
     void TakeWriteLock();
     [[noreturn]] void FailInWordsOfEngine();
 
     std::string database_;
     std::unique_ptr<sqlite3, CloseDatabase> handle_;
+    std::optional<SqliteStatements> statements_; ///< gone before the handle
     bool beginsWithNextStatement_ = false;
 };
 

@@ -116,8 +116,9 @@ void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parame
 }
 
 bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result) {
-    const std::vector<bool> dates = SetColumns(statement, result);
     int outcome = sqlite3_step(statement);
+    // Only now: a step prepares the statement anew where the schema has changed.
+    const std::vector<bool> dates = SetColumns(statement, result);
     for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement))
         ReadRow(statement, dates, result);
     result.Finish();
