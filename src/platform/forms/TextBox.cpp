@@ -5,27 +5,43 @@
 #include "platform/forms/Screen.h"
 #include "platform/forms/Text.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLineEdit>
 
 #include <algorithm>
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace Quillane {
 
+/// A text from code is laid out when the line is next needed, not at each of the many assignments
+/// that fill a screen: whatever reaches the line, its painting too, comes as an event.
 class TextBox::Edit : public QLineEdit {
 public:
     explicit Edit(QWidget* parent) : QLineEdit(parent) { ApplyLimit(); }
 
     void SetLimit(int characters) {
+        Settle();
         limit_ = characters;
         ApplyLimit();
     }
     int Limit() const { return limit_; }
 
     void SetWhole(const QString& text) {
-        setMaxLength(NoLimit);
-        setText(text);
-        ApplyLimit();
+        if (!awaited_)
+            QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        awaited_ = text;
+    }
+    QString Whole() const { return awaited_ ? *awaited_ : text(); }
+
+    void Settle() {
+        if (const auto text = std::exchange(awaited_, std::nullopt)) {
+            setMaxLength(NoLimit);
+            setText(*text);
+            ApplyLimit();
+        }
     }
 
     // A text from code that is longer than the limit stands whole; the operator cannot lengthen it.
@@ -39,9 +55,16 @@ public:
         }
     }
 
+protected:
+    bool event(QEvent* event) override {
+        Settle();
+        return QLineEdit::event(event);
+    }
+
 private:
     static constexpr int NoLimit = std::numeric_limits<int>::max();
     int limit_ = 0;
+    std::optional<QString> awaited_;
 };
 
 TextBox::TextBox(Screen& screen, std::string name)
@@ -60,7 +83,7 @@ TextBox::TextBox(Screen& screen, std::string name)
 TextBox::~TextBox() = default;
 
 std::string TextBox::Text() const {
-    return FromQt(edit_->text());
+    return FromQt(edit_->Whole());
 }
 
 void TextBox::SetText(std::string_view text) {
@@ -105,10 +128,12 @@ void TextBox::SetPassword(bool password) {
 }
 
 void TextBox::SelectAll() {
+    edit_->Settle();
     edit_->selectAll();
 }
 
 std::string TextBox::SelectedText() const {
+    edit_->Settle();
     return FromQt(edit_->selectedText());
 }
 

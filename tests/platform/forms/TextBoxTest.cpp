@@ -107,6 +107,28 @@ TEST_F(TextBoxTest, SelectsItsTextOnlyWhenAsked) {
     EXPECT_EQ("text", box.SelectedText());
 }
 
+TEST_F(TextBoxTest, ShowsAWriteFromCodeHoweverSoonItIsLookedAt) {
+    const auto picture = [this] { return box.Widget().grab().toImage(); };
+    screen.Second.SetFocus(); // away with the caret
+    QApplication::processEvents();
+    box.SetText("12540");
+    const QImage atOnce = picture();
+    QApplication::processEvents();
+    EXPECT_EQ(atOnce, picture());
+    box.SetText("");
+    EXPECT_NE(atOnce, picture());
+
+    box.SetFocus();
+    box.SetText("4320");
+    box.SelectAll();
+    EXPECT_EQ("4320", box.SelectedText());
+    box.SetText("81");
+    EXPECT_EQ("", box.SelectedText());
+    box.SetText("125");
+    driver.Press(Qt::Key_Backspace).Type("40");
+    EXPECT_EQ("1240", box.Text());
+}
+
 TEST_F(TextBoxTest, LooksClosedButLegibleWhileItIsDisabled) {
     box.SetEnabled(false);
     const QPalette palette = Edit().palette();
