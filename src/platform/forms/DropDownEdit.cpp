@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-DropDownEdit::DropDownEdit(QWidget* parent) : QLineEdit(parent) {
+DropDownEdit::DropDownEdit(QWidget* parent) : LateLine(parent) {
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (Edited)
             Edited(adding_ && cursorPosition() == text().size());
@@ -14,6 +14,7 @@ DropDownEdit::DropDownEdit(QWidget* parent) : QLineEdit(parent) {
 }
 
 void DropDownEdit::Complete(const QString& name) {
+    Settle();
     const int typed = static_cast<int>(text().size());
     const int length = static_cast<int>(name.size());
     setText(name);
@@ -21,9 +22,14 @@ void DropDownEdit::Complete(const QString& name) {
 }
 
 void DropDownEdit::ShowText(const QString& shown) {
-    setText(shown);
+    selectsShown_ = hasFocus();
+    Write(shown);
+}
+
+void DropDownEdit::Show(const QString& text) {
+    setText(text);
     setCursorPosition(0);
-    if (hasFocus())
+    if (selectsShown_)
         selectAll();
 }
 

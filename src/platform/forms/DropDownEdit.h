@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLineEdit>
+#include "platform/forms/LateLine.h"
 
 #include <functional>
 
@@ -8,7 +8,7 @@ namespace Quillane {
 
 /// The line in which a name is typed, of a pick list or of a grid's cell. It tells added text from
 /// removed text, since only what was added at the end is completed.
-class DropDownEdit : public QLineEdit {
+class DropDownEdit : public LateLine {
 public:
     explicit DropDownEdit(QWidget* parent);
 
@@ -28,9 +28,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void Show(const QString& text) override;
 
 private:
     bool adding_ = false;
+    bool selectsShown_ = false;
 };
 
 } // namespace Quillane

@@ -21,7 +21,7 @@ TDBCombo::TDBCombo(Screen& screen, std::string name)
 TDBCombo::~TDBCombo() = default;
 
 std::string TDBCombo::Text() const {
-    return FromQt(box_->Edit().text());
+    return FromQt(box_->Edit().Text());
 }
 
 void TDBCombo::SetText(std::string_view text) {
@@ -110,7 +110,7 @@ void TDBCombo::TakeHighlighted() {
 }
 
 void TDBCombo::RefuseUnlisted() {
-    if (!typed_ || refusing_ || !Layout.LimitToList || box_->Edit().text().isEmpty())
+    if (!typed_ || refusing_ || !Layout.LimitToList || box_->Edit().Text().isEmpty())
         return;
     if (current_) {
         Take(*current_);
@@ -134,7 +134,7 @@ void TDBCombo::CommitEdit() {
 
 void TDBCombo::TextTyped(bool added) {
     typed_ = true;
-    const QString typed = box_->Edit().text();
+    const QString typed = box_->Edit().Text();
     const auto row = RowTyped(typed, added);
     if (typed.isEmpty())
         box_->List().Highlight(std::nullopt);
@@ -167,7 +167,7 @@ void TDBCombo::ToggleDropDown() {
         return;
     }
     if (bound_)
-        DropDown(current_ ? current_ : MatchName(*rows_, box_->Edit().text()).beginning);
+        DropDown(current_ ? current_ : MatchName(*rows_, box_->Edit().Text()).beginning);
 }
 
 bool TDBCombo::IsDroppedDown() const {

@@ -2,25 +2,18 @@
 
 #include "platform/forms/ControlColours.h"
 #include "platform/forms/EventBoundary.h"
+#include "platform/forms/LateLine.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/Text.h"
 
-#include <QCoreApplication>
-#include <QEvent>
-#include <QLineEdit>
-
 #include <algorithm>
 #include <limits>
-#include <optional>
-#include <utility>
 
 namespace Quillane {
 
-/// A text from code is laid out when the line is next needed, not at each of the many assignments
-/// that fill a screen: whatever reaches the line, its painting too, comes as an event.
-class TextBox::Edit : public QLineEdit {
+class TextBox::Edit : public LateLine {
 public:
-    explicit Edit(QWidget* parent) : QLineEdit(parent) { ApplyLimit(); }
+    explicit Edit(QWidget* parent) : LateLine(parent) { ApplyLimit(); }
 
     void SetLimit(int characters) {
         Settle();
@@ -28,21 +21,6 @@ public:
         ApplyLimit();
     }
     int Limit() const { return limit_; }
-
-    void SetWhole(const QString& text) {
-        if (!awaited_)
-            QCoreApplication::postEvent(this, new QEvent(QEvent::User));
-        awaited_ = text;
-    }
-    QString Whole() const { return awaited_ ? *awaited_ : text(); }
-
-    void Settle() {
-        if (const auto text = std::exchange(awaited_, std::nullopt)) {
-            setMaxLength(NoLimit);
-            setText(*text);
-            ApplyLimit();
-        }
-    }
 
     // A text from code that is longer than the limit stands whole; the operator cannot lengthen it.
     void ApplyLimit() {
@@ -56,15 +34,15 @@ public:
     }
 
 protected:
-    bool event(QEvent* event) override {
-        Settle();
-        return QLineEdit::event(event);
+    void Show(const QString& text) override {
+        setMaxLength(NoLimit);
+        setText(text);
+        ApplyLimit();
     }
 
 private:
     static constexpr int NoLimit = std::numeric_limits<int>::max();
     int limit_ = 0;
-    std::optional<QString> awaited_;
 };
 
 TextBox::TextBox(Screen& screen, std::string name)
@@ -83,11 +61,11 @@ TextBox::TextBox(Screen& screen, std::string name)
 TextBox::~TextBox() = default;
 
 std::string TextBox::Text() const {
-    return FromQt(edit_->Whole());
+    return FromQt(edit_->Text());
 }
 
 void TextBox::SetText(std::string_view text) {
-    edit_->SetWhole(ToQt(text));
+    edit_->Write(ToQt(text));
     if (Change) {
         Change();
     }
