@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 namespace Quillane {
 
@@ -23,13 +24,19 @@ OdbcEngine::OdbcEngine(const ConnectionString& connection, const SignIn& signIn)
         RunPlain(dialect_.setUp);
 }
 
-OdbcHandle OdbcEngine::NewStatement() const {
+OdbcHandle OdbcEngine::NewStatement() {
     OdbcHandle statement(SQL_HANDLE_STMT, connection_);
     const auto seconds = static_cast<std::uintptr_t>(std::max(commandSeconds_, 0));
     // A driver that knows no such limit works without it.
     static_cast<void>(SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
                                       reinterpret_cast<SQLPOINTER>(seconds), SQL_IS_UINTEGER));
+    block_.Attach(statement);
     return statement;
+}
+
+// Making one anew, and freeing it, takes a tenth of the time of a small query.
+OdbcHandle OdbcEngine::TakeStatement() {
+    return idle_.Get() == nullptr ? NewStatement() : std::exchange(idle_, {});
 }
 
 long OdbcEngine::Run(std::string_view statement, std::span<const Value> parameters,
@@ -44,12 +51,15 @@ long OdbcEngine::Run(std::string_view statement, std::span<const Value> paramete
 
 long OdbcEngine::Execute(std::string_view text, std::span<const Value> parameters,
                          ResultSet& result) {
-    const OdbcHandle statement = NewStatement();
+    OdbcHandle statement = TakeStatement();
     const OdbcParameters bound(statement, parameters);
     OdbcText odbcText = ToOdbc(text);
     statement.Check(SQLExecDirectW(statement.Get(), odbcText.data(),
                                    static_cast<SQLINTEGER>(odbcText.size() - 1)));
-    return ReadResults(statement, result);
+    const long changed = ReadResults(statement, result);
+    if (statement.Clear())
+        idle_ = std::move(statement);
+    return changed;
 }
 
 // A trigger may count rows of its own before the statement that set it off: the last count is the
@@ -146,6 +156,7 @@ void OdbcEngine::Rollback() {
 }
 
 void OdbcEngine::Leave() {
+    idle_ = {};
     SQLDisconnect(connection_.Get());
     isLost_ = true;
 }

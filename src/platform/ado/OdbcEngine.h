@@ -43,7 +43,8 @@ private:
     long Execute(std::string_view statement, std::span<const Value> parameters, ResultSet& result);
     void RunPlain(const std::string& statement);
     long ReadResults(const OdbcHandle& statement, ResultSet& result);
-    OdbcHandle NewStatement() const;
+    OdbcHandle NewStatement();
+    OdbcHandle TakeStatement();
     std::string KnownAs(std::string_view table) const;
     const std::vector<OdbcColumn>& ColumnsOf(const std::string& table);
     void Leave();
@@ -59,6 +60,7 @@ private:
     OdbcNames names_;
     int commandSeconds_;
     OdbcBlock block_;
+    OdbcHandle idle_;            ///< a statement to run the next text with; empty after a failure
     bool inTransaction_ = false; ///< as the server sees it
     bool isLost_ = false;        ///< the way to the server is broken, for good
     std::map<std::string, std::vector<std::string>> keys_;

@@ -27,6 +27,12 @@ void OdbcHandle::Check(SQLRETURN outcome) const {
         FailInWordsOfDriver(*this);
 }
 
+bool OdbcHandle::Clear() const {
+    return SQL_SUCCEEDED(SQLFreeStmt(handle_, SQL_CLOSE)) &&
+           SQL_SUCCEEDED(SQLFreeStmt(handle_, SQL_UNBIND)) &&
+           SQL_SUCCEEDED(SQLFreeStmt(handle_, SQL_RESET_PARAMS));
+}
+
 OdbcHandle OdbcEnvironment() {
     OdbcHandle environment(SQL_HANDLE_ENV, {});
     constexpr std::intptr_t version = SQL_OV_ODBC3;

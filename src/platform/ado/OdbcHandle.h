@@ -35,6 +35,11 @@ public:
     /// or without a warning, or "no data".
     void Check(SQLRETURN outcome) const;
 
+    /// Closes the statement's result, drops whatever of it was left unread, and unbinds columns and
+    /// parameters: it can run anew, with the attributes that it has. False where the driver
+    /// refuses; the handle is then only good for being freed.
+    bool Clear() const;
+
 private:
     SQLSMALLINT kind_ = 0;
     SQLHANDLE handle_ = nullptr;

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <utility>
 
 namespace Quillane {
 
 namespace {
 
-constexpr std::size_t mostRowsInBlock = 256;
 constexpr std::size_t mostBytesInBlock = 4 << 20;
 constexpr std::size_t pieceBytes = 32 << 10;
 
@@ -24,13 +24,19 @@ SQLPOINTER AttributeOf(std::size_t number) {
     return reinterpret_cast<SQLPOINTER>(static_cast<std::uintptr_t>(number));
 }
 
+void SetAttribute(const OdbcHandle& statement, SQLINTEGER attribute, SQLPOINTER value) {
+    statement.Check(SQLSetStmtAttrW(statement.Get(), attribute, value, 0));
+}
+
 /// One result on its way into the arena. Columns lie one behind the other in the block, each with
 /// the lengths of its cells in front.
 class Reader {
 public:
     Reader(const OdbcHandle& statement, int columnCount, OdbcBlock& block, ResultSet& result)
-        : statement_(statement), columns_(OdbcColumnsOf(statement, columnCount)), result_(result) {
+        : statement_(statement), columns_(OdbcColumnsOf(statement, columnCount)), block_(block),
+          result_(result) {
         std::vector<std::string> names;
+        names.reserve(columns_.size());
         for (const OdbcColumn& column : columns_)
             names.push_back(column.name);
         result_.SetColumns(std::move(names));
@@ -38,18 +44,19 @@ public:
             std::find_if(columns_.begin(), columns_.end(),
                          [](const OdbcColumn& column) { return column.isLong; }) -
             columns_.begin());
-        LayOut(block);
+        LayOut();
     }
 
     void ReadAll() {
-        SetAttributes();
+        SetRowsOfFetch(rowsInBlock_);
         BindColumns();
-        while (FetchBlock())
-            for (std::size_t row = 0; row < fetched_; ++row)
+        std::size_t fetched = 0;
+        do {
+            fetched = block_.Fetch(statement_);
+            for (std::size_t row = 0; row < fetched; ++row)
                 AddRow(row);
-        // Further results of the statement are passed over when this object has gone.
-        SetAttribute(SQL_ATTR_ROWS_FETCHED_PTR, nullptr);
-        SetAttribute(SQL_ATTR_ROW_STATUS_PTR, nullptr);
+        } while (fetched == rowsInBlock_);
+        SetRowsOfFetch(OdbcBlock::mostRows);
         result_.Finish();
     }
 
@@ -59,36 +66,29 @@ private:
         char* cells;
     };
 
-    void LayOut(OdbcBlock& block) {
+    void SetRowsOfFetch(std::size_t rows) {
+        if (rowsInBlock_ != OdbcBlock::mostRows)
+            SetAttribute(statement_, SQL_ATTR_ROW_ARRAY_SIZE, AttributeOf(rows));
+    }
+
+    void LayOut() {
         std::size_t rowBytes = 0;
         for (const OdbcColumn& column : columns_)
             rowBytes += column.width + sizeof(SQLLEN);
         if (bound_ == columns_.size())
-            rowsInBlock_ = std::clamp<std::size_t>(mostBytesInBlock / rowBytes, 1, mostRowsInBlock);
-        std::size_t bytes = Aligned(rowsInBlock_ * sizeof(SQLUSMALLINT));
+            rowsInBlock_ =
+                std::clamp<std::size_t>(mostBytesInBlock / rowBytes, 1, OdbcBlock::mostRows);
+        std::size_t bytes = 0;
         for (const OdbcColumn& column : columns_)
             bytes += Aligned(rowsInBlock_ * sizeof(SQLLEN)) + Aligned(rowsInBlock_ * column.width);
-        char* at = block.Room(bytes);
-        states_ = reinterpret_cast<SQLUSMALLINT*>(at);
-        at += Aligned(rowsInBlock_ * sizeof(SQLUSMALLINT));
+        char* at = block_.Room(bytes);
+        places_.reserve(columns_.size());
         for (const OdbcColumn& column : columns_) {
             auto* lengths = reinterpret_cast<SQLLEN*>(at);
             at += Aligned(rowsInBlock_ * sizeof(SQLLEN));
             places_.push_back({lengths, at});
             at += Aligned(rowsInBlock_ * column.width);
         }
-    }
-
-    void SetAttribute(SQLINTEGER attribute, SQLPOINTER value) {
-        statement_.Check(SQLSetStmtAttrW(statement_.Get(), attribute, value, 0));
-    }
-
-    void SetAttributes() {
-        SetAttribute(SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
-        if (rowsInBlock_ == 1)
-            return;
-        SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, AttributeOf(rowsInBlock_));
-        SetAttribute(SQL_ATTR_ROW_STATUS_PTR, states_);
     }
 
     void BindColumns() {
@@ -98,20 +98,6 @@ private:
                                         column.CType(), places_[i].cells,
                                         static_cast<SQLLEN>(column.width), places_[i].lengths));
         }
-    }
-
-    bool FetchBlock() {
-        fetched_ = 0;
-        const SQLRETURN outcome = SQLFetch(statement_.Get());
-        if (outcome == SQL_NO_DATA)
-            return false;
-        statement_.Check(outcome);
-        // A row that failed in the midst of a block is no more than a warning to the driver.
-        const bool hasWarning = outcome == SQL_SUCCESS_WITH_INFO && rowsInBlock_ > 1;
-        if (hasWarning &&
-            std::find(states_, states_ + fetched_, SQL_ROW_ERROR) != states_ + fetched_)
-            FailInWordsOfDriver(statement_);
-        return fetched_ > 0;
     }
 
     void AddRow(std::size_t row) {
@@ -167,17 +153,33 @@ private:
 
     const OdbcHandle& statement_;
     std::vector<OdbcColumn> columns_;
+    OdbcBlock& block_;
     ResultSet& result_;
     std::vector<Place> places_;
-    SQLUSMALLINT* states_ = nullptr;
     std::size_t bound_ = 0; ///< columns before the first long one; the others are asked for
     std::size_t rowsInBlock_ = 1;
-    SQLULEN fetched_ = 0;
     std::string utf8_;
     OdbcText long_;
 };
 
 } // namespace
+
+void OdbcBlock::Attach(const OdbcHandle& statement) {
+    SetAttribute(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
+    SetAttribute(statement, SQL_ATTR_ROW_STATUS_PTR, states_.data());
+    SetAttribute(statement, SQL_ATTR_ROW_ARRAY_SIZE, AttributeOf(mostRows));
+}
+
+std::size_t OdbcBlock::Fetch(const OdbcHandle& statement) {
+    fetched_ = 0;
+    const SQLRETURN outcome = SQLFetch(statement.Get());
+    statement.Check(outcome);
+    // A row that failed in the midst of a block is no more than a warning to the driver.
+    const std::span<const SQLUSMALLINT> states(states_.data(), fetched_);
+    if (outcome == SQL_SUCCESS_WITH_INFO && std::ranges::count(states, SQL_ROW_ERROR) > 0)
+        FailInWordsOfDriver(statement);
+    return fetched_;
+}
 
 char* OdbcBlock::Room(std::size_t bytes) {
     if (bytes > size_) {

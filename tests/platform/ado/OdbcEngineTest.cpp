@@ -68,6 +68,7 @@ TEST_F(OdbcOnPostgres, BreaksAStatementOffAfterTheCommandTimeout) {
     Connection impatient;
     impatient.CommandTimeout = 1;
     impatient.Open(database->ConnectionString());
+    EXPECT_EQ(impatient.Execute("Select 1").Fields(0).Text(), "1");
     const std::string words = DatabaseFailureOf([&] { impatient.Execute("Select pg_sleep(100)"); });
     EXPECT_TRUE(Holds(words, "statement timeout")) << words;
     EXPECT_EQ(impatient.Execute("Select 1").Fields(0).Text(), "1");
@@ -89,6 +90,45 @@ TEST_F(OdbcOnPostgres, FailsWithALaterStatementOfATextAndGoesOn) {
     EXPECT_TRUE(Holds(words, "division by zero")) << words;
     DatabaseFailureOf([&] { Run("Select 1000 / (500 - n) From generate_series(1, 1000) n"); });
     EXPECT_EQ(OneText("Select 2"), "2");
+}
+
+TEST_F(OdbcOnPostgres, KeepsNothingOfAStatementForTheNextOne) {
+    Run("Create Table Loads (LoadId int Primary Key, Remark text, Driver varchar(60))");
+    Recordset loads = Writing("Select * From Loads");
+    const auto add = [&](int id, const std::string& remark, const Value& driver) {
+        loads.AddNew();
+        loads.Collect("LoadId", id);
+        loads.Collect("Remark", remark);
+        loads.Collect("Driver", driver);
+        loads.Update();
+    };
+    for (int i = 1; i <= 3; ++i) {
+        add(i, std::string(20'000, 'x'), "Ali");
+        EXPECT_EQ(OneText("Select Remark From Loads Where LoadId = " + std::to_string(i)).size(),
+                  20'000U);
+        EXPECT_EQ(connection.Execute("Select n, n * 2, n * 3 From generate_series(1, 600) n")
+                      .RecordCount(),
+                  600);
+        DatabaseFailureOf([&] { add(i, "twice", "Bano"); });
+        loads = Writing("Select * From Loads Where LoadId = " + std::to_string(i));
+        loads.Collect("Driver", Value());
+        loads.Update();
+        EXPECT_EQ(OneText("Select Count(*) From Loads Where Driver Is Null"), std::to_string(i));
+    }
+}
+
+TEST_F(OdbcOnPostgres, TellsOfAFailureInWhicheverRowItComes) {
+    for (const auto* more : {"", ";UseDeclareFetch=1;Fetch=100", ";UseDeclareFetch=1;Fetch=256"}) {
+        Connection other;
+        other.Open(database->ConnectionString(more));
+        for (const int row : {1, 100, 101, 255, 256, 257, 512, 513, 1000}) {
+            const std::string words = DatabaseFailureOf([&] {
+                other.Execute("Select 1 / (n - " + std::to_string(row) +
+                              ") From generate_series(1, 1000) n");
+            });
+            EXPECT_TRUE(Holds(words, "division by zero")) << more << ' ' << row << words;
+        }
+    }
 }
 
 class OdbcTransactionsOnPostgres : public OdbcOnPostgres {

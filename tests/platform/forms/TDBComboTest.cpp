@@ -123,6 +123,17 @@ TEST_F(TDBComboTest, ATextFromCodeMakesTheFirstRowOfThatNameCurrent) {
     EXPECT_EQ(changes, std::vector<int>{1});
 }
 
+TEST_F(TDBComboTest, ATextFromCodeStandsSelectedOnlyWhereTheOperatorIsInTheLine) {
+    Line().clearFocus();
+    list.SetText("Chaudhry");
+    Line().setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(Line().text(), "Chaudhry");
+    EXPECT_FALSE(Line().hasSelectedText());
+    list.SetText("Bashir");
+    QApplication::processEvents();
+    EXPECT_EQ(Line().selectedText(), "Bashir");
+}
+
 TEST_F(TDBComboTest, BlankingMakesNoRowCurrentAndIsNoRowChange) {
     list.SetBookmark(2);
     list.SetText("");
