@@ -1,6 +1,7 @@
 #include "platform/forms/Application.h"
 
 #include "platform/forms/EventBoundary.h"
+#include "platform/forms/FontFamilies.h"
 #include "platform/forms/Interruption.h"
 #include "platform/forms/KeyDispatch.h"
 #include "platform/forms/Screen.h"
@@ -41,7 +42,7 @@ QPalette LightPalette() {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setStyle(QStyleFactory::create("Fusion"));
     setPalette(LightPalette());
-    setFont(QFont("Arial", 11));
+    setFont(QFont(FontFamilies("Arial"), 11));
     // The screens say themselves when the program ends: a sign-in dialog that closes does not.
     setQuitOnLastWindowClosed(false);
     connect(this, &QApplication::focusChanged, this, [](QWidget*, QWidget* now) {

@@ -2,6 +2,7 @@
 
 #include "platform/forms/ControlColours.h"
 #include "platform/forms/EventBoundary.h"
+#include "platform/forms/FontFamilies.h"
 #include "platform/forms/LateLine.h"
 #include "platform/forms/Screen.h"
 #include "platform/forms/Text.h"
@@ -95,7 +96,7 @@ void TextBox::SetAlignment(Alignment alignment) {
 }
 
 void TextBox::SetFont(std::string_view family, double points, bool bold) {
-    QFont font(ToQt(family));
+    QFont font(FontFamilies(ToQt(family)));
     font.setPointSizeF(points);
     font.setBold(bold);
     edit_->setFont(font);

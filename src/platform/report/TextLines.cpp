@@ -1,13 +1,11 @@
 #include "platform/report/TextLines.h"
 
+#include "platform/forms/FontFamilies.h"
 #include "platform/forms/Text.h"
 
-#include <QFontDatabase>
-#include <QFontInfo>
 #include <QFontMetricsF>
 
 #include <algorithm>
-#include <map>
 
 namespace Quillane {
 
@@ -21,28 +19,8 @@ constexpr double sizeOfRightToLeft = 1.25;
 /// Below this share of its size a text is no longer legible on paper: it is cut with an ellipsis.
 constexpr double smallestShare = 0.55;
 
-/// Common fallback fonts lack single letters of Urdu, and a word drawn in two fonts falls apart:
-/// the fonts that have all of them come right behind the wanted one. That one is asked for by the
-/// name of the font that stands in for it, since a name that is not there would be passed over.
-QStringList FamiliesBehind(const QString& name) {
-    QStringList families{QFontInfo(QFont(name)).family()};
-    for (const char* complete :
-         {"Noto Naskh Arabic", "Scheherazade New", "Scheherazade", "Amiri"}) {
-        if (QFontDatabase::hasFamily(QLatin1String(complete)))
-            families.append(QLatin1String(complete));
-    }
-    return families;
-}
-
-const QStringList& Families(const std::string& name) {
-    static std::map<std::string, QStringList> known;
-    const auto found = known.find(name);
-    return found != known.end() ? found->second
-                                : known.emplace(name, FamiliesBehind(ToQt(name))).first->second;
-}
-
 QFont FontOf(const ReportFont& font, double size) {
-    QFont made(Families(font.name));
+    QFont made(FontFamilies(ToQt(font.name)));
     made.setPixelSize(static_cast<int>(font.points * twipsPerPoint * size));
     made.setBold(font.bold);
     made.setItalic(font.italic);

@@ -1,6 +1,7 @@
 #include "platform/forms/Application.h"
 
 #include <QFont>
+#include <QFontInfo>
 #include <QPalette>
 #include <QStyle>
 
@@ -11,7 +12,8 @@ namespace {
 
 TEST(Application, LooksTheSameOnEverySystem) {
     EXPECT_EQ("fusion", QApplication::style()->name().toStdString());
-    EXPECT_EQ("Arial", QApplication::font().family().toStdString());
+    EXPECT_EQ(QFontInfo(QFont("Arial")).family(), QFontInfo(QApplication::font()).family());
+    EXPECT_EQ(11, QApplication::font().pointSize());
     const QPalette palette = QApplication::palette();
     EXPECT_EQ(QColor(Qt::white), palette.color(QPalette::Base));
     EXPECT_GT(palette.color(QPalette::Window).lightness(), 200);
