@@ -1,6 +1,7 @@
 // A save of three bag lines, from the click to the commit, beside the same statements run raw on
 // SQLite; and what a day of 1,000 weighments leaves in memory.
 
+#include "EnteredLoad.h"
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
 #include "data/EmbeddedSchema.h"
@@ -73,26 +74,7 @@ public:
 
     std::string File() const { return folder_.filePath("Account1.db").toStdString(); }
 
-    void FillIn() {
-        FrmWeighment& screen = *screen_;
-        screen.CboSeller.SetBookmark(0);
-        screen.CboCommodity.SetBookmark(0);
-        screen.TxtVehicleNo.SetText("LEA-4521");
-        screen.TxtDriverName.SetText("Ghulam Abbas");
-        screen.TxtWeight.SetText("12540");
-        screen.CmdGrossWeight_Click();
-        screen.TxtWeight.SetText("4320");
-        screen.CmdTareWeight_Click();
-        screen.TxtDeduction.SetText("17");
-        screen.BagRows.ReDim(2, 2);
-        for (int row = 0; row < 3; ++row) {
-            screen.BagRows.Set(row, 0, screen.CboBagClass.Array()->Get(row, 0));
-            screen.BagRows.Set(row, 1, screen.CboBagType.Array()->Get(row, 0));
-            screen.BagRows.Set(row, 2, "40");
-        }
-        screen.Grid.ReBind();
-        screen.SetButtonState(2);
-    }
+    void FillIn() { EnterLoad(*screen_, "Ghulam Abbas"); }
 
     /// What lies between two saves, without the save: the reference is to find the processor's
     /// caches as a save does.

@@ -1,5 +1,6 @@
 #include "ServerStation.h"
 
+#include "EnteredLoad.h"
 #include "data/Con.h"
 #include "data/SqlServerSchema.h"
 #include "platform/ado/Connection.h"
@@ -69,23 +70,7 @@ void ServerStation::Enter(const std::string& driver, int id) {
         screen.TxtArrivalId.SetText(std::to_string(id));
     }
     LeaveTheId();
-    screen.CboSeller.SetBookmark(0);
-    screen.CboCommodity.SetBookmark(0);
-    screen.TxtVehicleNo.SetText("LEA-4521");
-    screen.TxtDriverName.SetText(driver);
-    screen.TxtWeight.SetText("12540");
-    screen.CmdGrossWeight_Click();
-    screen.TxtWeight.SetText("4320");
-    screen.CmdTareWeight_Click();
-    screen.TxtDeduction.SetText("17");
-    screen.BagRows.ReDim(2, 2);
-    for (int row = 0; row < 3; ++row) {
-        screen.BagRows.Set(row, 0, screen.CboBagClass.Array()->Get(row, 0));
-        screen.BagRows.Set(row, 1, screen.CboBagType.Array()->Get(row, 0));
-        screen.BagRows.Set(row, 2, "40");
-    }
-    screen.Grid.ReBind();
-    screen.SetButtonState(2);
+    EnterLoad(screen, driver);
 }
 
 // An id that another station has taken meanwhile brings that one's weighment onto the screen.

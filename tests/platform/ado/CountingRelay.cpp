@@ -1,11 +1,7 @@
 #include "platform/ado/CountingRelay.h"
 
-#include "platform/ado/ConnectionString.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/ado/RelayLines.h"
 
-#include <netdb.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -24,53 +20,6 @@ using namespace std::chrono_literals;
 
 /// What a sleeping thread may take to get going.
 constexpr std::chrono::nanoseconds wakingTime = 300us;
-
-int ListenOnLoopback() {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-        listen(listener, 16) != 0)
-        throw std::runtime_error("no port for the relay");
-    return listener;
-}
-
-int PortOf(int listener) {
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
-    return ntohs(address.sin_port);
-}
-
-int Connected(const std::string& host, const std::string& port) {
-    addrinfo wanted{};
-    wanted.ai_socktype = SOCK_STREAM;
-    addrinfo* found = nullptr;
-    if (getaddrinfo(host.c_str(), port.c_str(), &wanted, &found) != 0)
-        throw std::runtime_error("the relay does not find the server " + host);
-    const int line = socket(found->ai_family, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const bool isThere = connect(line, found->ai_addr, found->ai_addrlen) == 0;
-    freeaddrinfo(found);
-    if (!isThere)
-        throw std::runtime_error("the relay does not reach the server " + host);
-    return line;
-}
-
-void SendAtOnce(int line) {
-    const int on = 1;
-    setsockopt(line, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-}
-
-bool SendAll(int line, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t sent = send(line, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(sent));
-    }
-    return true;
-}
 
 timespec TimeSpec(std::chrono::nanoseconds time) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
@@ -94,17 +43,7 @@ CountingRelay::~CountingRelay() {
 }
 
 std::string CountingRelay::ConnectionString() const {
-    std::string text;
-    for (std::size_t begin = 0; begin < connectionString_.size();) {
-        const std::size_t end =
-            std::min(connectionString_.find(';', begin), connectionString_.size());
-        const std::string entry = connectionString_.substr(begin, end - begin);
-        const std::string key = UpperCase(Trim(entry.substr(0, entry.find('='))));
-        if (key != "SERVER" && key != "PORT")
-            text += entry + ";";
-        begin = end + 1;
-    }
-    return text + "Server=127.0.0.1;Port=" + std::to_string(PortOf(listener_));
+    return ByWayOf(listener_, connectionString_);
 }
 
 std::vector<std::string> CountingRelay::TakeRequests() {
@@ -113,9 +52,9 @@ std::vector<std::string> CountingRelay::TakeRequests() {
 }
 
 void CountingRelay::TakeCall() {
-    const Quillane::ConnectionString text(connectionString_);
-    Call call{{accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC),
-               Connected(text.Get("Server"), text.Get("Port"))}};
+    Call call{{accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC), CallServer(connectionString_)}};
+    if (call.lines[1] < 0)
+        throw std::runtime_error("the relay does not reach the server");
     for (const int line : call.lines)
         SendAtOnce(line);
     calls_.push_back(std::move(call));

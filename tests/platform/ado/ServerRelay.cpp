@@ -1,59 +1,15 @@
 #include "platform/ado/ServerRelay.h"
 
-#include "platform/ado/ConnectionString.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/ado/RelayLines.h"
 
-#include <arpa/inet.h>
-#include <netdb.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
 namespace Quillane {
-
-namespace {
-
-int ListenOnLoopback() {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-        listen(listener, 5) != 0)
-        throw std::runtime_error("no port for the relay");
-    return listener;
-}
-
-int PortOf(int listener) {
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
-    return ntohs(address.sin_port);
-}
-
-void SendWithoutDelay(int line) {
-    const int on = 1;
-    setsockopt(line, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
-}
-
-bool SendAll(int line, const char* data, std::size_t size) {
-    while (size > 0) {
-        const ssize_t sent = send(line, data, size, MSG_NOSIGNAL);
-        if (sent <= 0)
-            return false;
-        data += sent;
-        size -= static_cast<std::size_t>(sent);
-    }
-    return true;
-}
-
-} // namespace
 
 ServerRelay::ServerRelay(std::string connectionString)
     : connectionString_(std::move(connectionString)), listener_(ListenOnLoopback()) {
@@ -71,17 +27,7 @@ ServerRelay::~ServerRelay() {
 }
 
 std::string ServerRelay::ConnectionString() const {
-    std::string text = "Server=127.0.0.1;Port=" + std::to_string(PortOf(listener_));
-    for (std::size_t begin = 0; begin < connectionString_.size();) {
-        const std::size_t end =
-            std::min(connectionString_.find(';', begin), connectionString_.size());
-        const std::string entry = connectionString_.substr(begin, end - begin);
-        const std::string key = UpperCase(Trim(entry.substr(0, entry.find('='))));
-        if (key != "SERVER" && key != "PORT")
-            text += ";" + entry;
-        begin = end + 1;
-    }
-    return text;
+    return ByWayOf(listener_, connectionString_);
 }
 
 void ServerRelay::Break(Moment moment, Kind kind) {
@@ -100,30 +46,14 @@ void ServerRelay::Wake() const {
     static_cast<void>(!write(wakeUp_[1], "!", 1));
 }
 
-int ServerRelay::CallServer() const {
-    const Quillane::ConnectionString text(connectionString_);
-    addrinfo wanted{};
-    wanted.ai_socktype = SOCK_STREAM;
-    addrinfo* found = nullptr;
-    if (getaddrinfo(text.Get("Server").c_str(), text.Get("Port").c_str(), &wanted, &found) != 0)
-        return -1;
-    const int line = socket(found->ai_family, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    const bool answers = connect(line, found->ai_addr, found->ai_addrlen) == 0;
-    freeaddrinfo(found);
-    if (answers)
-        return line;
-    close(line);
-    return -1;
-}
-
 void ServerRelay::TakeCall() {
     Call call{accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC), -1};
     if (state_ != State::Broken)
-        call.server = CallServer();
+        call.server = CallServer(connectionString_);
     if (call.server < 0)
         return HangUp(call);
-    SendWithoutDelay(call.station);
-    SendWithoutDelay(call.server);
+    SendAtOnce(call.station);
+    SendAtOnce(call.server);
     calls_.push_back(call);
 }
 
@@ -155,7 +85,7 @@ void ServerRelay::Pass(Call& call, bool fromStation) {
         state_ == State::Awaiting && fromStation == (moment_ == Moment::AtNextRequest);
     if (breaks)
         return BreakNow();
-    if (!SendAll(fromStation ? call.server : call.station, data, static_cast<std::size_t>(size)))
+    if (!SendAll(fromStation ? call.server : call.station, {data, static_cast<std::size_t>(size)}))
         HangUp(call);
 }
 

@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <string>
-#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -49,7 +48,6 @@ private:
     void BreakNow();
     void HangUp(Call& call);
     void HangUpAll();
-    int CallServer() const;
     void Wake() const;
 
     std::string connectionString_;
