@@ -8,8 +8,12 @@ namespace Quillane {
 
 namespace {
 
+bool IsWarning(const OdbcDiagnostic& diagnostic) {
+    return diagnostic.state.starts_with("01");
+}
+
 int Rank(const OdbcDiagnostic& diagnostic) {
-    if (diagnostic.state.starts_with("01"))
+    if (IsWarning(diagnostic))
         return 2;
     return diagnostic.native != 0 ? 0 : 1;
 }
@@ -59,6 +63,10 @@ std::vector<OdbcDiagnostic> OdbcDiagnosticsOf(const OdbcHandle& handle) {
     for (SQLSMALLINT number = 1; TakeRecord(handle, number, diagnostic); ++number)
         all.push_back(diagnostic);
     return all;
+}
+
+bool HasFailed(const std::vector<OdbcDiagnostic>& diagnostics) {
+    return !std::ranges::all_of(diagnostics, IsWarning);
 }
 
 std::string DescriptionOf(std::vector<OdbcDiagnostic> diagnostics) {

@@ -21,6 +21,9 @@ struct OdbcDiagnostic {
 /// All records that the last call on the handle left behind, in the driver's order.
 std::vector<OdbcDiagnostic> OdbcDiagnosticsOf(const OdbcHandle& handle);
 
+/// Whether one of them is more than a warning.
+bool HasFailed(const std::vector<OdbcDiagnostic>& diagnostics);
+
 /// What a box shows of them: every one on a line of its own, the most useful first. The server's
 /// words come before the driver's, which often say only that something failed, and warnings last;
 /// the same words stand once.

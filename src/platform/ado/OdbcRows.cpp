@@ -174,9 +174,10 @@ std::size_t OdbcBlock::Fetch(const OdbcHandle& statement) {
     fetched_ = 0;
     const SQLRETURN outcome = SQLFetch(statement.Get());
     statement.Check(outcome);
-    // A row that failed in the midst of a block is no more than a warning to the driver.
+    // What failed behind the first row of a block is no more than a warning to the driver.
     const std::span<const SQLUSMALLINT> states(states_.data(), fetched_);
-    if (outcome == SQL_SUCCESS_WITH_INFO && std::ranges::count(states, SQL_ROW_ERROR) > 0)
+    if (outcome == SQL_SUCCESS_WITH_INFO &&
+        (std::ranges::count(states, SQL_ROW_ERROR) > 0 || HasFailed(OdbcDiagnosticsOf(statement))))
         FailInWordsOfDriver(statement);
     return fetched_;
 }

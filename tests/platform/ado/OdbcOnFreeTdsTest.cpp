@@ -164,6 +164,16 @@ TEST_F(OdbcOnFreeTds, MatchesATableWithoutAKeyOnEveryColumnAndOneRow) {
                      "[Day] = @P3 | int:7 | nvarchar:LES-1  | nvarchar:2026-11-20T00:00:00"}));
 }
 
+TEST_F(OdbcOnFreeTds, TellsOfAFailureHoweverManyRowsCameBeforeIt) {
+    for (const int rows : {0, 1, 4, 255, 256, 257, 511, 512, 1000}) {
+        const std::string count = std::to_string(rows);
+        EXPECT_EQ(Failing("Select failure behind rows " + count),
+                  "[FreeTDS][SQL Server]Divide by zero error encountered.")
+            << count;
+        EXPECT_EQ(connection.Execute("Select warning behind rows " + count).RecordCount(), rows);
+    }
+}
+
 TEST_F(OdbcOnFreeTds, LooksEachTableUpOnce) {
     for (int i = 0; i < 2; ++i)
         for (const auto* table : {"Arrivals", "ArrivalsBody"}) {
