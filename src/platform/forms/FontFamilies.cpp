@@ -10,10 +10,10 @@ namespace Quillane {
 
 namespace {
 
-// The first is asked for by the name of the font that stands in for it, since a name that is not
-// there would be passed over.
+// Behind the name comes the font that stands in for it, since a name that is not there would be
+// passed over.
 QStringList Find(const QString& name) {
-    QStringList families{QFontInfo(QFont(name)).family()};
+    QStringList families{name, QFontInfo(QFont(name)).family()};
     for (const char* complete :
          {"Nafees Web Naskh", "Noto Naskh Arabic", "Scheherazade New", "Scheherazade", "Amiri"}) {
         if (QFontDatabase::hasFamily(QLatin1String(complete)))
