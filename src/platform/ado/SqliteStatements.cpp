@@ -44,16 +44,28 @@ std::optional<KeyedText> KeyedByItsEnd(std::string_view statement) {
     return keyed;
 }
 
-/// Whether the last token is the parameter and belongs to the condition of the whole statement: in
-/// the list of a select it would change the name of its column.
+/// What a statement may go on with behind a condition. In the list of a select a parameter would
+/// change the name of its column, and in an order it would no longer be the column of that name.
+bool EndsACondition(const SqlTokens& tokens, const SqlToken& token) {
+    return tokens.IsWord(token, "order") || tokens.IsWord(token, "group") ||
+           tokens.IsWord(token, "select") || tokens.IsWord(token, "returning");
+}
+
+/// Whether the last token is the parameter and belongs to the condition of the whole statement. The
+/// condition of a view or an index is kept as it is written: it takes no parameter.
 bool EndsInItsCondition(std::string_view keyedText) {
     SqlTokens tokens(keyedText);
+    SqlToken token = tokens.Next();
+    if (tokens.IsWord(token, "create"))
+        return false;
     SqlToken last;
     int depth = 0;
     bool inCondition = false;
-    for (SqlToken token = tokens.Next(); token.kind != SqlTokenKind::End; token = tokens.Next()) {
+    for (; token.kind != SqlTokenKind::End; token = tokens.Next()) {
         depth += tokens.IsSymbol(token, '(') - tokens.IsSymbol(token, ')');
-        inCondition = inCondition || (depth == 0 && tokens.IsWord(token, "where"));
+        if (depth == 0)
+            inCondition =
+                tokens.IsWord(token, "where") || (inCondition && !EndsACondition(tokens, token));
         last = token;
     }
     return inCondition && last.end == keyedText.size() && tokens.IsSymbol(last, '?');

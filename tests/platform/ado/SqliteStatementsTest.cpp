@@ -66,6 +66,27 @@ TEST_F(SqliteStatementsTest, KeepTheNamesOfTheirColumns) {
             connection.Execute("Select (Select 1 Where 1=1), " + std::string(column)).FieldName(1),
             column);
     }
+    for (const char* column : {"Net = 5", "Net = 6"})
+        EXPECT_EQ(connection
+                      .Execute(std::string("Delete From Arrivals Where ArrivalID = 9 Returning ") +
+                               column)
+                      .FieldName(0),
+                  column);
+}
+
+TEST_F(SqliteStatementsTest, KeepTheNumberOfAnOrderThatNamesAColumn) {
+    const Recordset rows = connection.Execute(
+        "Select ArrivalID = 2 From Arrivals Where ArrivalID < 3 Union "
+        "Select ArrivalID = 2 From Arrivals Where ArrivalID < 3 Order By ArrivalID = 2");
+    ASSERT_EQ(rows.RecordCount(), 2);
+    EXPECT_EQ(rows.ValueAt(1, 0).Long(), 1);
+}
+
+TEST_F(SqliteStatementsTest, MakeViewsAndIndexesThatEndInANumber) {
+    connection.Execute("Create View Seconds As Select * From Arrivals Where ArrivalID = 2");
+    EXPECT_EQ(One("Select Bilty From Seconds"), "07");
+    connection.Execute("Create Unique Index OneEmpty On Arrivals (Bilty) Where Net = 0");
+    EXPECT_EQ(One("Select Bilty From Arrivals Where Net = 0"), "");
 }
 
 TEST_F(SqliteStatementsTest, TellWhatIsWrongInTheirOwnWords) {
