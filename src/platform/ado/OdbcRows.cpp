@@ -56,7 +56,7 @@ public:
             for (std::size_t row = 0; row < fetched; ++row)
                 AddRow(row);
         } while (fetched == rowsInBlock_);
-        SetRowsOfFetch(OdbcBlock::mostRows);
+        SetRowsOfFetch(1);
         result_.Finish();
     }
 
@@ -66,8 +66,11 @@ private:
         char* cells;
     };
 
+    /// While it runs, a statement must not ask for blocks: SQL Server's own driver would open a
+    /// cursor on the server for it, which costs a round trip for each block and not every statement
+    /// can have.
     void SetRowsOfFetch(std::size_t rows) {
-        if (rowsInBlock_ != OdbcBlock::mostRows)
+        if (rowsInBlock_ != 1)
             SetAttribute(statement_, SQL_ATTR_ROW_ARRAY_SIZE, AttributeOf(rows));
     }
 
@@ -167,7 +170,6 @@ private:
 void OdbcBlock::Attach(const OdbcHandle& statement) {
     SetAttribute(statement, SQL_ATTR_ROWS_FETCHED_PTR, &fetched_);
     SetAttribute(statement, SQL_ATTR_ROW_STATUS_PTR, states_.data());
-    SetAttribute(statement, SQL_ATTR_ROW_ARRAY_SIZE, AttributeOf(mostRows));
 }
 
 std::size_t OdbcBlock::Fetch(const OdbcHandle& statement) {

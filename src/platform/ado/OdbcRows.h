@@ -13,8 +13,8 @@ class OdbcBlock {
 public:
     static constexpr std::size_t mostRows = 256;
 
-    /// Readies a new statement for `Fetch`, with `mostRows` at a time. It tells the outcome of its
-    /// fetches here from now on, so this object must outlive it.
+    /// Readies a new statement for `Fetch`. It tells the outcome of its fetches here from now on,
+    /// so this object must outlive it.
     void Attach(const OdbcHandle& statement);
 
     /// Fetches an attached statement's next rows and returns how many there were: fewer than were

@@ -1,5 +1,10 @@
 #include "platform/ado/OdbcOnPostgres.h"
 
+#include "platform/ado/ConnectionString.h"
+#include "platform/ado/Engine.h"
+#include "platform/ado/OdbcConnect.h"
+#include "platform/ado/OdbcRows.h"
+#include "platform/ado/OdbcText.h"
 #include "platform/runtime/Numbers.h"
 
 namespace Quillane {
@@ -103,6 +108,33 @@ TEST_F(OdbcOnPostgres, ReadsWhateverStandsAroundLongTexts) {
         EXPECT_EQ(rows.ValueAt(row, 3).Number(), (row + 1) * 0.5);
         EXPECT_EQ(rows.ValueAt(row, 4).TextOrEmpty(), row == 1 ? "" : "y");
         EXPECT_EQ(rows.ValueAt(row, 5).AsDate(), ParseDate("2026-11-20"));
+    }
+}
+
+/// Rows that the statement asks for at a time, as its driver knows it.
+SQLULEN RowsAtATime(const OdbcHandle& statement) {
+    SQLULEN rows = 0;
+    SQLGetStmtAttrW(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, &rows, 0, nullptr);
+    return rows;
+}
+
+// With more, SQL Server's own driver opens a cursor on the server for whatever is run.
+TEST_F(OdbcOnPostgres, AsksForOneRowAtATimeWheneverAStatementIsRun) {
+    const OdbcHandle environment = OdbcEnvironment();
+    const OdbcHandle session =
+        ConnectByOdbc(environment, ConnectionString(database->ConnectionString()), SignIn{});
+    OdbcBlock block;
+    const OdbcHandle statement(SQL_HANDLE_STMT, session);
+    block.Attach(statement);
+    for (const auto* column : {"n", "n::text", "repeat('x', 8000)::char(8000)"}) {
+        EXPECT_EQ(RowsAtATime(statement), 1U) << column;
+        OdbcText text = ToOdbc(std::string("Select ") + column + " From generate_series(1, 600) n");
+        statement.Check(SQLExecDirectW(statement.Get(), text.data(), SQL_NTS));
+        ResultSet rows;
+        ReadOdbcRows(statement, 1, block, rows);
+        EXPECT_EQ(rows.RowCount(), 600) << column;
+        EXPECT_TRUE(statement.Clear());
+        EXPECT_EQ(RowsAtATime(statement), 1U) << column;
     }
 }
 
