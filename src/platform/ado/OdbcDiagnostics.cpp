@@ -8,8 +8,9 @@ namespace Quillane {
 
 namespace {
 
+/// Some drivers hand on what a server has only to say in the class of a success.
 bool IsWarning(const OdbcDiagnostic& diagnostic) {
-    return diagnostic.state.starts_with("01");
+    return diagnostic.state.starts_with("01") || diagnostic.state.starts_with("00");
 }
 
 int Rank(const OdbcDiagnostic& diagnostic) {

@@ -28,6 +28,14 @@ TEST(DescriptionOf, IsEmptyForNoRecords) {
     EXPECT_EQ(DescriptionOf({}), "");
 }
 
+TEST(HasFailed, PassesOverWarningsAndWhatAServerHasOnlyToSay) {
+    EXPECT_FALSE(HasFailed({}));
+    for (const auto* state : {"01000", "01003", "01004", "00000"})
+        EXPECT_FALSE(HasFailed({{state, 0, "x"}})) << state;
+    for (const auto* state : {"22012", "40001", "HY000", "HYT00", "08S01"})
+        EXPECT_TRUE(HasFailed({{"01000", 0, "x"}, {state, 0, "y"}})) << state;
+}
+
 TEST(OdbcFailure, KnowsABrokenWayFromARefusal) {
     for (const auto* state : {"08S01", "08003", "08007", "57P01"})
         EXPECT_TRUE(OdbcFailure({{"01000", 0, "x"}, {state, 0, "y"}}).TellsOfBrokenWay()) << state;
