@@ -1,10 +1,11 @@
 // Opening a stored arrival of three lines, beside the very statement that it runs, stepped raw: the
-// whole procedure, and of it the recordset alone. Each size of the database is measured in a
+// whole procedure, without and with the layout of texts behind it, and of it the recordset alone.
+// Each size of the database is measured in a
 // process of its own:
 //
 //     OpenBench [arrivals ...]      10000 100000 1000000 where none is given
 //
-// The limit of both is 1.3.
+// The limit of each is 1.3.
 
 #include "EachSize.h"
 #include "ManyArrivals.h"
@@ -51,6 +52,12 @@ void Load(FrmWeighment& screen, std::int16_t id) {
         throw std::runtime_error("the arrival was not opened");
 }
 
+/// With the texts laid out that the procedure leaves to the next event.
+void LoadAndLayOut(FrmWeighment& screen, std::int16_t id) {
+    Load(screen, id);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::User);
+}
+
 void MeasureStatement(const ManyArrivals& database, const RawSession& raw) {
     Ids ids(database);
     Ids idsOfReference(database);
@@ -70,7 +77,7 @@ void MeasureStatement(const ManyArrivals& database, const RawSession& raw) {
 }
 
 void MeasureProcedure(const ManyArrivals& database, const RawSession& raw, FrmWeighment& screen,
-                      std::string_view what) {
+                      void (*load)(FrmWeighment&, std::int16_t), std::string_view what) {
     Ids ids(database);
     Ids idsOfReference(database);
     std::int16_t id = 0;
@@ -81,7 +88,7 @@ void MeasureProcedure(const ManyArrivals& database, const RawSession& raw, FrmWe
              id = ids.Next();
              QCoreApplication::processEvents();
          },
-         [&] { Load(screen, id); }},
+         [&] { load(screen, id); }},
         {[&] { reference = RawSession::Statement(SlipStatement(idsOfReference.Next())); },
          [&] { raw.Step(reference.c_str()); }});
     PrintLine(what, ManyArrivals::LinesEach, measured, limit);
@@ -95,7 +102,8 @@ void Measure(const ManyArrivals& database) {
     QCoreApplication::processEvents();
     PrintHeading("opening an arrival");
     MeasureStatement(database, raw);
-    MeasureProcedure(database, raw, screen, "LoadArrival, not painted");
+    MeasureProcedure(database, raw, screen, Load, "LoadArrival, not painted");
+    MeasureProcedure(database, raw, screen, LoadAndLayOut, "LoadArrival, texts laid out");
 }
 
 } // namespace
