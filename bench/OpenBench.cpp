@@ -1,7 +1,6 @@
 // Opening a stored arrival of three lines, beside the very statement that it runs, stepped raw: the
 // whole procedure, without and with the layout of texts behind it, and of it the recordset alone.
-// Each size of the database is measured in a
-// process of its own:
+// Each size of the database is measured in a process of its own:
 //
 //     OpenBench [arrivals ...]      10000 100000 1000000 where none is given
 //
@@ -18,6 +17,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
+#include <QEvent>
 
 #include <algorithm>
 #include <cstdint>
