@@ -35,8 +35,10 @@ public:
     }
 
 protected:
+    // Another limit makes Qt lay the text out once more.
     void Show(const QString& text) override {
-        setMaxLength(NoLimit);
+        if (text.size() > maxLength())
+            setMaxLength(NoLimit);
         setText(text);
         ApplyLimit();
     }
