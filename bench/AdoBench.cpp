@@ -3,7 +3,7 @@
 // the bytes, a one-row query at most 1.3 times, the T-SQL surface at most a quarter.
 
 #include "platform/ado/Connection.h"
-#include "platform/ado/TSqlSurface.h"
+#include "platform/ado/sqlite/TSqlTranslator.h"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>

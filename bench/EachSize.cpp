@@ -4,8 +4,8 @@
 #include "OffscreenDisplay.h"
 #include "RawSession.h"
 #include "data/Con.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Application.h"
+#include "platform/forms/core/Boxes.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #include "ManyArrivals.h"
 
 #include "Apart.h"
-#include "data/EmbeddedSchema.h"
 #include "platform/runtime/Failure.h"
+#include "setup/EmbeddedSchema.h"
 
 #include <sqlite3.h>
 

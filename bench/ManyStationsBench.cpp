@@ -16,8 +16,8 @@
 #include "OffscreenDisplay.h"
 #include "RawStation.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/SqlServerDatabase.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/core/Application.h"
+#include "servers/SqlServerDatabase.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -12,11 +12,11 @@
 #include "platform/ado/Connection.h"
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/Engine.h"
-#include "platform/ado/OdbcConnect.h"
-#include "platform/ado/OdbcText.h"
-#include "platform/ado/PostgresServer.h"
 #include "platform/ado/ResultSet.h"
-#include "platform/ado/SqlServerDatabase.h"
+#include "platform/ado/odbc/OdbcConnect.h"
+#include "platform/ado/odbc/OdbcText.h"
+#include "servers/PostgresServer.h"
+#include "servers/SqlServerDatabase.h"
 
 #include <clocale>
 #include <cstdint>

@@ -2,7 +2,7 @@
 
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
-#include "platform/ado/TSqlSurface.h"
+#include "platform/ado/sqlite/TSqlTranslator.h"
 #include "platform/runtime/Failure.h"
 
 #include <benchmark/benchmark.h>

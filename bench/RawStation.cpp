@@ -2,9 +2,9 @@
 
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/Engine.h"
-#include "platform/ado/OdbcConnect.h"
-#include "platform/ado/OdbcDiagnostics.h"
-#include "platform/ado/OdbcText.h"
+#include "platform/ado/odbc/OdbcConnect.h"
+#include "platform/ado/odbc/OdbcDiagnostics.h"
+#include "platform/ado/odbc/OdbcText.h"
 #include "slip/SlipStatement.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ado/OdbcHandle.h"
+#include "platform/ado/odbc/OdbcHandle.h"
 
 #include <cstdint>
 #include <string>

@@ -5,9 +5,9 @@
 
 #include "OffscreenDisplay.h"
 #include "RawStation.h"
-#include "platform/ado/CountingRelay.h"
-#include "platform/ado/SqlServerDatabase.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/core/Application.h"
+#include "servers/CountingRelay.h"
+#include "servers/SqlServerDatabase.h"
 
 #include <algorithm>
 #include <chrono>

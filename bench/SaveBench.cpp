@@ -4,10 +4,9 @@
 #include "EnteredLoad.h"
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
-#include "data/EmbeddedSchema.h"
-#include "data/Services.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Application.h"
+#include "platform/forms/core/Boxes.h"
+#include "setup/EmbeddedSchema.h"
 #include "weighment/FrmWeighment.h"
 
 #include <benchmark/benchmark.h>

@@ -2,8 +2,8 @@
 
 #include "EnteredLoad.h"
 #include "data/Con.h"
-#include "data/SqlServerSchema.h"
 #include "platform/ado/Connection.h"
+#include "setup/SqlServerSchema.h"
 
 #include <QApplication>
 #include <QWidget>

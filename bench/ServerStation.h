@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "weighment/FrmWeighment.h"
 
 #include <chrono>

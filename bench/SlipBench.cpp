@@ -7,7 +7,7 @@
 #include "data/EmbeddedFunctions.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/core/Application.h"
 #include "platform/report/ReportPainter.h"
 #include "slip/CrpCottonWeighment.h"
 #include "slip/FillSlip.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/TDBCombo.h"
+#include "platform/forms/controls/TDBCombo.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/RowArray.h"
 

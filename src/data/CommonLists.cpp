@@ -1,7 +1,7 @@
 #include "data/Common.h"
 #include "data/Con.h"
 #include "data/modCommon.h"
-#include "platform/forms/Screen.h"
+#include "platform/forms/core/Screen.h"
 
 #include <array>
 

@@ -8,6 +8,8 @@
 
 namespace Quillane {
 
+Service<CompanyProfileObject> CompanyProfile;
+
 void CompanyProfileObject::SetConnection(Connection& connection) {
     connection_ = &connection;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/Service.h"
+
 #include <string>
 
 namespace Quillane {
@@ -26,5 +28,7 @@ private:
     Connection* connection_ = nullptr;
     std::string email_, phone_, address_, title_;
 };
+
+extern Service<CompanyProfileObject> CompanyProfile;
 
 } // namespace Quillane

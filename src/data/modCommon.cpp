@@ -1,9 +1,9 @@
 #include "data/modCommon.h"
 
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/Text.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/core/Text.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
 

@@ -2,7 +2,7 @@
 
 #include "data/Con.h"
 #include "data/modCommon.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "scale/Decoding.h"

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/comm/MSComm.h"
-#include "platform/forms/Buttons.h"
-#include "platform/forms/ComboBox.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
-#include "platform/forms/Timer.h"
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/ComboBox.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/core/Timer.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "platform/forms/Label.h"
+#include "platform/forms/controls/Label.h"
 #include "scale/FrmPortSettings.h"
 
 #include <QBoxLayout>

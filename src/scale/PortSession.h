@@ -2,9 +2,9 @@
 
 #include "platform/ado/Recordset.h"
 #include "platform/comm/MSComm.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
-#include "platform/forms/Timer.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/core/Timer.h"
 
 namespace Quillane {
 

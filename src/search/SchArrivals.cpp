@@ -2,7 +2,7 @@
 
 #include "data/Con.h"
 #include "data/modCommon.h"
-#include "platform/forms/KeyCodes.h"
+#include "platform/forms/core/KeyCodes.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "search/SearchLook.h"

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Buttons.h"
-#include "platform/forms/SSOleDBGrid.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TDBDate.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/TDBDate.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/grids/SSOleDBGrid.h"
 
 #include <cstdint>
 #include <memory>

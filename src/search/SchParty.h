@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Buttons.h"
-#include "platform/forms/SSOleDBGrid.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/grids/SSOleDBGrid.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #include "search/SearchLook.h"
 
-#include "platform/forms/Label.h"
+#include "platform/forms/controls/Label.h"
 
 #include <QHBoxLayout>
 #include <QScreen>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
 
 #include <QSize>
 

@@ -1,11 +1,11 @@
 #include "shell/Desktop.h"
 
 #include "data/Con.h"
-#include "data/Services.h"
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "platform/host/UserSettings.h"
 #include "scale/FrmPortSettings.h"
 #include "shell/Startup.h"
+#include "signin/UserLogin.h"
 #include "weighment/FrmWeighment.h"
 
 namespace Quillane {

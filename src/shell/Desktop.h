@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/forms/Buttons.h"
-#include "platform/forms/Label.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/Label.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
 
 #include <QPixmap>
 

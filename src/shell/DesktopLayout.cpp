@@ -1,7 +1,8 @@
-#include "data/Services.h"
-#include "platform/forms/Text.h"
+#include "data/CompanyProfile.h"
+#include "platform/forms/core/Text.h"
 #include "shell/Desktop.h"
 #include "shell/Scenery.h"
+#include "signin/UserLogin.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>

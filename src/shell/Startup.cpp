@@ -1,18 +1,20 @@
 #include "shell/Startup.h"
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
-#include "data/Services.h"
 #include "data/modCommon.h"
-#include "platform/forms/Boxes.h"
-#include "platform/forms/EventBoundary.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/EventBoundary.h"
+#include "platform/forms/core/Text.h"
 #include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/SystemInfo.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/DatabaseSetup.h"
 #include "shell/Desktop.h"
+#include "signin/UserLogin.h"
 
 #include <QGuiApplication>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/Screen.h"
+#include "platform/forms/core/Screen.h"
 #include "platform/report/CRViewer9.h"
 #include "platform/report/Report.h"
 

@@ -1,10 +1,10 @@
 #include "weighment/FrmWeighment.h"
 
 #include "data/Common.h"
-#include "data/Services.h"
 #include "data/modCommon.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/runtime/Failure.h"
+#include "signin/UserLogin.h"
 
 #include <initializer_list>
 

@@ -1,8 +1,8 @@
 #include "weighment/FrmWeighment.h"
 
 #include "data/modCommon.h"
-#include "platform/forms/Boxes.h"
-#include "platform/forms/KeyCodes.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/KeyCodes.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "search/SchParty.h"

@@ -1,6 +1,6 @@
 #include "weighment/FrmWeighment.h"
 
-#include "platform/forms/Label.h"
+#include "platform/forms/controls/Label.h"
 
 #include <QBoxLayout>
 #include <QFrame>

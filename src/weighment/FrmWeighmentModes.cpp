@@ -2,7 +2,7 @@
 
 #include "data/Con.h"
 #include "data/modCommon.h"
-#include "platform/forms/ComboBox.h"
+#include "platform/forms/controls/ComboBox.h"
 #include "platform/runtime/Date.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"

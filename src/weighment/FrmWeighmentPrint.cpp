@@ -1,7 +1,7 @@
 #include "weighment/FrmWeighment.h"
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
-#include "data/Services.h"
 #include "data/modCommon.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"

@@ -1,11 +1,11 @@
 #include "weighment/FrmWeighment.h"
 
 #include "data/Con.h"
-#include "data/Services.h"
 #include "data/modCommon.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "signin/UserLogin.h"
 
 namespace Quillane {
 

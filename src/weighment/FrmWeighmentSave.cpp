@@ -3,7 +3,7 @@
 #include "data/Common.h"
 #include "data/Con.h"
 #include "data/modCommon.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "weighment/WeightArithmetic.h"

@@ -1,6 +1,6 @@
 #include "weighment/FrmWeighment.h"
 
-#include "data/Services.h"
+#include "data/CompanyProfile.h"
 #include "data/modCommon.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"

@@ -1,6 +1,6 @@
 #include "data/Common.h"
 
-#include "OpenedDatabase.h"
+#include "station/OpenedDatabase.h"
 #include "support/BoxAnswers.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "data/Common.h"
 
 #include "ListScreen.h"
-#include "OpenedDatabase.h"
+#include "station/OpenedDatabase.h"
 #include "support/BoxAnswers.h"
 
 #include <gtest/gtest.h>

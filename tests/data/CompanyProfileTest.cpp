@@ -1,6 +1,6 @@
 #include "data/CompanyProfile.h"
 
-#include "SampleDatabase.h"
+#include "station/SampleDatabase.h"
 
 #include "platform/runtime/Failure.h"
 

@@ -1,4 +1,4 @@
-#include "SampleDatabase.h"
+#include "station/SampleDatabase.h"
 
 #include "data/EmbeddedFunctions.h"
 #include "platform/runtime/Failure.h"

@@ -1,7 +1,7 @@
 // Every statement of the system runs on the embedded schema, and finds its rows by an index.
 
-#include "SampleDatabase.h"
-#include "data/SystemStatements.h"
+#include "station/SampleDatabase.h"
+#include "station/SystemStatements.h"
 
 #include "platform/runtime/Failure.h"
 

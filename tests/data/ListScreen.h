@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/forms/Screen.h"
-#include "platform/forms/TDBCombo.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/TDBCombo.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
 
 #include <memory>
 #include <string>

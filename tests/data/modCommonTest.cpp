@@ -1,8 +1,8 @@
 #include "data/modCommon.h"
 
 #include "ListScreen.h"
-#include "platform/forms/Boxes.h"
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
 #include "support/BoxAnswers.h"

@@ -1,7 +1,7 @@
 // Every statement finds its rows by a key or an index, on both engines.
 
-#include "data/EmbeddedScripts.h"
 #include "database/SchemaLines.h"
+#include "setup/EmbeddedScripts.h"
 
 #include <gtest/gtest.h>
 

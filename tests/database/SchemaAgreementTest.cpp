@@ -1,11 +1,11 @@
 // The schemas of the embedded database and of SQL Server hold the same.
 
-#include "data/EmbeddedScripts.h"
-#include "data/SchemaUpgrade.h"
-#include "data/ScriptBatches.h"
 #include "database/SchemaLines.h"
 #include "platform/ado/SqlTokens.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/EmbeddedScripts.h"
+#include "setup/SchemaUpgrade.h"
+#include "setup/ScriptBatches.h"
 
 #include <gtest/gtest.h>
 

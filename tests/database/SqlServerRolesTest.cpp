@@ -4,11 +4,11 @@
 #include "database/SqlServerSite.h"
 
 #include "data/Common.h"
-#include "data/EmbeddedScripts.h"
-#include "data/SystemStatements.h"
-#include "data/UserLogin.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/EmbeddedScripts.h"
+#include "signin/UserLogin.h"
+#include "station/SystemStatements.h"
 
 #include <iostream>
 

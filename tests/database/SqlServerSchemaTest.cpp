@@ -3,10 +3,10 @@
 #include "database/SqlServerSite.h"
 
 #include "data/EmbeddedFunctions.h"
-#include "data/EmbeddedScripts.h"
-#include "data/SchemaUpgrade.h"
-#include "data/UserLogin.h"
 #include "platform/runtime/Failure.h"
+#include "setup/EmbeddedScripts.h"
+#include "setup/SchemaUpgrade.h"
+#include "signin/UserLogin.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "data/Con.h"
-#include "data/EmbeddedSchema.h"
-#include "data/SqlServerSchema.h"
 #include "database/SchemaLines.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/SqlServerDatabase.h"
+#include "servers/SqlServerDatabase.h"
+#include "setup/EmbeddedSchema.h"
+#include "setup/SqlServerSchema.h"
 
 #include <gtest/gtest.h>
 

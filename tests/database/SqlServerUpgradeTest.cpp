@@ -2,9 +2,9 @@
 
 #include "database/SqlServerSite.h"
 
-#include "data/DatabaseSetup.h"
-#include "data/SchemaUpgrade.h"
 #include "platform/runtime/Failure.h"
+#include "setup/DatabaseSetup.h"
+#include "setup/SchemaUpgrade.h"
 #include "support/BoxAnswers.h"
 
 #include <array>

@@ -2,14 +2,15 @@
 
 #include "database/SqlServerSite.h"
 
-#include "data/PasswordHash.h"
-#include "data/Services.h"
+#include "data/CompanyProfile.h"
 #include "platform/comm/PseudoTerminal.h"
 #include "platform/runtime/Date.h"
 #include "platform/runtime/Numbers.h"
 #include "scale/FrmPortSettings.h"
 #include "search/SchArrivals.h"
 #include "search/SchParty.h"
+#include "signin/PasswordHash.h"
+#include "signin/UserLogin.h"
 #include "slip/RptReportViewer.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"

@@ -4,9 +4,9 @@
 #include "database/SqlServerSite.h"
 
 #include "data/Common.h"
-#include "data/EmbeddedScripts.h"
-#include "data/SystemStatements.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/EmbeddedScripts.h"
+#include "station/SystemStatements.h"
 
 #include <algorithm>
 

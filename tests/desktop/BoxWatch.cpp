@@ -1,6 +1,6 @@
 #include "BoxWatch.h"
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 
 #include <QCoreApplication>
 #include <QEvent>

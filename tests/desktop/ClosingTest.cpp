@@ -1,9 +1,11 @@
 // The ways out of a screen, among them the window's close box.
 
 #include "Station.h"
-#include "data/Services.h"
+#include "data/CompanyProfile.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/DatabaseSetup.h"
 #include "shell/Desktop.h"
+#include "signin/UserLogin.h"
 
 #include <QApplication>
 #include <QProcess>

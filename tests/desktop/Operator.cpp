@@ -1,6 +1,6 @@
 #include "Operator.h"
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "platform/runtime/Numbers.h"
 #include "support/TestedEngine.h"
 

@@ -1,6 +1,6 @@
 #include "ScaleIndicator.h"
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 
 #include <QDeadlineTimer>
 

@@ -2,12 +2,12 @@
 // lies over anything else, no text is cut. The display and the scale come with the run.
 
 #include "Station.h"
-#include "data/CreateDatabaseDialog.h"
-#include "data/SqlServerDialog.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "scale/FrmPortSettings.h"
 #include "search/SchArrivals.h"
 #include "search/SchParty.h"
+#include "setup/CreateDatabaseDialog.h"
+#include "setup/SqlServerDialog.h"
 #include "shell/Desktop.h"
 #include "support/ScreenDriver.h"
 

@@ -1,14 +1,16 @@
 #include "Station.h"
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
-#include "data/Services.h"
 #include "platform/comm/MSComm.h"
-#include "platform/forms/Boxes.h"
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
+#include "setup/DatabaseSetup.h"
 #include "shell/Desktop.h"
 #include "shell/Startup.h"
+#include "signin/UserLogin.h"
 #include "support/BoxAnswers.h"
 
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Station.h"
-#include "platform/forms/SSOleDBGrid.h"
+#include "platform/forms/grids/SSOleDBGrid.h"
 
 namespace Quillane::Testing {
 

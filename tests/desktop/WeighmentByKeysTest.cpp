@@ -1,7 +1,7 @@
 // The main job of the station from the sign-in to the slip, by keyboard alone.
 
 #include "Station.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 
 #include <QDate>
 

@@ -1,7 +1,7 @@
 #include "faults/FaultsFixture.h"
 
 #include "data/Con.h"
-#include "data/SqlServerSchema.h"
+#include "setup/SqlServerSchema.h"
 #include "support/BoxAnswers.h"
 
 namespace Quillane::Testing {

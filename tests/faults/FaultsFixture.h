@@ -2,8 +2,8 @@
 
 #include "faults/ServerStation.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/ServerRelay.h"
-#include "platform/ado/SqlServerDatabase.h"
+#include "servers/ServerRelay.h"
+#include "servers/SqlServerDatabase.h"
 
 #include <gtest/gtest.h>
 

@@ -8,9 +8,9 @@
 
 #include "faults/StationProcess.h"
 
-#include "data/SqlServerSchema.h"
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
+#include "setup/SqlServerSchema.h"
 
 #include <unistd.h>
 

@@ -1,7 +1,8 @@
 #include "faults/ServerStation.h"
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
-#include "data/Services.h"
+#include "signin/UserLogin.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
 // The setting screen and the try-out indicator, with nothing between them but the line: each layout
 // that the tool knows, with the settings that the guide to indicators tells.
 
-#include "data/SampleDatabase.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "scale/IndicatorGuide.h"
 #include "scale/SettingBench.h"
+#include "station/SampleDatabase.h"
 
 #include <QProcess>
 

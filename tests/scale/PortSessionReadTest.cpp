@@ -1,6 +1,6 @@
 #include "scale/WeighingScreen.h"
 
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/EventBoundary.h"
 
 #include <QTimer>
 

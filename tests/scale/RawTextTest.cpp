@@ -1,6 +1,6 @@
 #include "scale/RawText.h"
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 
 #include <QLineEdit>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/OpenedDatabase.h"
 #include "platform/comm/PseudoTerminal.h"
 #include "scale/FrmPortSettings.h"
+#include "station/OpenedDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 

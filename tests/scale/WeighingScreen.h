@@ -2,9 +2,9 @@
 
 #include "platform/comm/MSComm.h"
 #include "platform/comm/PseudoTerminal.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
-#include "platform/forms/Timer.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/core/Timer.h"
 #include "scale/PortSession.h"
 #include "scale/PortSettingsDatabase.h"
 #include "support/BoxAnswers.h"

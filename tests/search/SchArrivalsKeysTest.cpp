@@ -1,6 +1,6 @@
 // The keys of the arrival search, how it is left and what it hands back.
 
-#include "platform/forms/KeyCodes.h"
+#include "platform/forms/core/KeyCodes.h"
 #include "search/ArrivalSearch.h"
 
 #include <QCalendarWidget>

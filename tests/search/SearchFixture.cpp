@@ -1,7 +1,7 @@
 #include "search/SearchFixture.h"
 
 #include "data/Con.h"
-#include "platform/forms/KeyCodes.h"
+#include "platform/forms/core/KeyCodes.h"
 #include "platform/runtime/Date.h"
 
 #include <utility>

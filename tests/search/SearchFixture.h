@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/forms/SSOleDBGrid.h"
-#include "platform/forms/Screen.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/grids/SSOleDBGrid.h"
 #include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"

@@ -3,10 +3,11 @@
 
 #include "shell/Desktop.h"
 
-#include "data/OpenedDatabase.h"
-#include "data/Services.h"
+#include "data/CompanyProfile.h"
 #include "platform/comm/PseudoTerminal.h"
 #include "scale/FrmPortSettings.h"
+#include "signin/UserLogin.h"
+#include "station/OpenedDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 #include "weighment/FrmWeighment.h"

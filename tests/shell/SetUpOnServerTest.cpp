@@ -3,12 +3,12 @@
 #include "SignIn.h"
 #include "StationOnServer.h"
 
-#include "data/CreateDatabaseDialog.h"
-#include "data/DatabaseSetup.h"
-#include "data/SqlServerDialog.h"
-#include "data/SqlServerSchema.h"
-#include "data/SqlServerSetUp.h"
-#include "data/WaitingScreen.h"
+#include "platform/forms/dialogs/WaitingScreen.h"
+#include "setup/CreateDatabaseDialog.h"
+#include "setup/DatabaseSetup.h"
+#include "setup/SqlServerDialog.h"
+#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerSetUp.h"
 #include "support/FailureOf.h"
 #include "support/ScreenDriver.h"
 

@@ -3,9 +3,9 @@
 #include "SignIn.h"
 #include "StationOnServer.h"
 
-#include "data/SqlServerSchema.h"
-#include "platform/ado/DeafPort.h"
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/EventBoundary.h"
+#include "servers/DeafPort.h"
+#include "setup/SqlServerSchema.h"
 
 namespace Quillane {
 

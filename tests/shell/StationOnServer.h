@@ -1,13 +1,12 @@
 #pragma once
 
 #include "data/Con.h"
-#include "data/Services.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/SqlServerDatabase.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
+#include "servers/SqlServerDatabase.h"
 #include "shell/Desktop.h"
 #include "shell/Startup.h"
 #include "station/FreshFolder.h"

@@ -1,6 +1,6 @@
 #include "slip/RptReportViewer.h"
 
-#include "platform/forms/Pointer.h"
+#include "platform/forms/core/Pointer.h"
 #include "platform/report/ReportPainter.h"
 #include "platform/runtime/Failure.h"
 #include "slip/CrpCottonWeighment.h"

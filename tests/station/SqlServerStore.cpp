@@ -1,9 +1,9 @@
 #include "station/StationStore.h"
 
-#include "data/EmbeddedScripts.h"
-#include "data/SqlServerSchema.h"
-#include "platform/ado/SqlServerDatabase.h"
 #include "platform/runtime/Failure.h"
+#include "servers/SqlServerDatabase.h"
+#include "setup/EmbeddedScripts.h"
+#include "setup/SqlServerSchema.h"
 
 #include <gtest/gtest.h>
 

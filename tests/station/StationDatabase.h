@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/EmbeddedSchema.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Value.h"
+#include "setup/EmbeddedSchema.h"
 #include "station/FreshFolder.h"
 #include "support/TestedEngine.h"
 

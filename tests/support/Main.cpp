@@ -1,6 +1,6 @@
 // The main function of test programs that show screens: off screen, unless told otherwise.
 
-#include "platform/forms/Application.h"
+#include "platform/forms/core/Application.h"
 #include "support/BoxAnswers.h"
 #include "support/ProcessEnd.h"
 

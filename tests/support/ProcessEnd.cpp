@@ -1,6 +1,6 @@
 #include "support/ProcessEnd.h"
 
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/EventBoundary.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "support/ScreenDriver.h"
 
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/Text.h"
 #include "support/BoxAnswers.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/Screen.h"
+#include "platform/forms/core/Screen.h"
 
 #include <QPoint>
 #include <QTimer>

@@ -1,6 +1,6 @@
 // The screen as designed: its controls in their order, before anything is loaded.
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "weighment/FrmWeighment.h"
 
 #include <QAbstractButton>

@@ -1,6 +1,6 @@
 // Closing the screen, by its button and by the window's close box.
 
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "weighment/WeighmentFixture.h"
 
 #include <QTimer>

@@ -1,7 +1,7 @@
 // The slip of the arrival on the screen: what it is filled with, and when it comes up.
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
-#include "data/Services.h"
 #include "slip/CrpCottonWeighment.h"
 #include "slip/RptReportViewer.h"
 #include "slip/SlipStatement.h"

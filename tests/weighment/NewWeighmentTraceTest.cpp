@@ -1,8 +1,8 @@
 // Loading the screen, a new weighment and clearing, each as the exact list of what is done.
 
 #include "data/Con.h"
-#include "platform/forms/ComboBox.h"
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/controls/ComboBox.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "weighment/StateWatch.h"
 #include "weighment/TraceLines.h"
 

@@ -1,8 +1,8 @@
 // What a removal does, in its order: statements, boxes, writes and moves of the focus.
 
 #include "data/Con.h"
-#include "data/Services.h"
 #include "platform/runtime/Failure.h"
+#include "signin/UserLogin.h"
 #include "support/ProcessEnd.h"
 #include "weighment/OpeningFixture.h"
 

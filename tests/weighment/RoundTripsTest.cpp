@@ -2,7 +2,7 @@
 // it: what the procedures ask for, what a written row needs, and nothing else.
 
 #include "data/Con.h"
-#include "platform/ado/CountingRelay.h"
+#include "servers/CountingRelay.h"
 #include "weighment/TraceLines.h"
 
 #include <optional>

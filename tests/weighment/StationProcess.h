@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "weighment/WeighmentFixture.h"
 
 #include <QProcess>

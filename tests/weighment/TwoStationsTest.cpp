@@ -1,8 +1,9 @@
 // Two stations, each a process of its own, on one database file.
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
-#include "data/Services.h"
+#include "signin/UserLogin.h"
 #include "weighment/StationProcess.h"
 
 #include <sqlite3.h>

@@ -1,8 +1,9 @@
 #include "weighment/WeighmentFixture.h"
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
-#include "data/Services.h"
 #include "platform/runtime/Date.h"
+#include "signin/UserLogin.h"
 
 #include <algorithm>
 #include <charconv>

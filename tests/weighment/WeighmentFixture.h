@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/comm/PseudoTerminal.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Boxes.h"
 #include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"

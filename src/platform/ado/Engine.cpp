@@ -3,8 +3,8 @@
 #include "platform/ado/AdoFailure.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/ConnectionString.h"
-#include "platform/ado/OdbcEngine.h"
-#include "platform/ado/SqliteEngine.h"
+#include "platform/ado/odbc/OdbcEngine.h"
+#include "platform/ado/sqlite/SqliteEngine.h"
 #include "platform/runtime/Numbers.h"
 
 namespace Quillane {

@@ -1,7 +1,7 @@
 #include "platform/comm/MSComm.h"
 
 #include "platform/comm/LineSettings.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "platform/runtime/Failure.h"
 
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/Control.h"
+#include "platform/forms/core/Control.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "platform/report/CRViewer9.h"
 
-#include "platform/forms/Screen.h"
+#include "platform/forms/core/Screen.h"
 #include "platform/report/ReportPainter.h"
 #include "platform/report/ViewerDesktop.h"
 #include "platform/report/ViewerPane.h"

@@ -1,5 +1,5 @@
-#include "platform/forms/Boxes.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/Text.h"
 #include "platform/report/CRViewer9.h"
 #include "platform/report/ReportPainter.h"
 #include "platform/report/ViewerDesktop.h"

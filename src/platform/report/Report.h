@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/ado/Recordset.h"
-#include "platform/forms/Control.h"
+#include "platform/forms/core/Control.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/report/ReportLayout.h"
 
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "platform/forms/Text.h"
+#include "platform/forms/core/Text.h"
 #include "platform/report/FieldText.h"
 #include "platform/report/ReportLayout.h"
 

@@ -1,7 +1,7 @@
 #include "platform/report/TextLines.h"
 
-#include "platform/forms/FontFamilies.h"
-#include "platform/forms/Text.h"
+#include "platform/forms/core/FontFamilies.h"
+#include "platform/forms/core/Text.h"
 
 #include <QFontMetricsF>
 

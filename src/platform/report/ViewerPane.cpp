@@ -1,6 +1,6 @@
 #include "platform/report/ViewerPane.h"
 
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "platform/report/ViewerIcons.h"
 
 #include <QAction>

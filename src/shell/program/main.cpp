@@ -1,6 +1,6 @@
 #include "platform/comm/MSComm.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/EventBoundary.h"
+#include "platform/forms/core/Application.h"
+#include "platform/forms/core/EventBoundary.h"
 #include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
 #include "shell/Startup.h"

@@ -13,7 +13,7 @@
 // order.
 
 #include "faults/ServerStation.h"
-#include "platform/forms/Application.h"
+#include "platform/forms/core/Application.h"
 #include "platform/runtime/Failure.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "platform/ado/ConnectionContract.h"
 
 #include "platform/ado/EmbeddedFolder.h"
-#include "platform/ado/PostgresServer.h"
-#include "platform/ado/SqlServerDatabase.h"
+#include "servers/PostgresServer.h"
+#include "servers/SqlServerDatabase.h"
 
 namespace Quillane {
 

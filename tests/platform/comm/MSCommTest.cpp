@@ -1,7 +1,7 @@
 #include "platform/comm/MSComm.h"
 
 #include "platform/comm/PseudoTerminal.h"
-#include "platform/forms/Screen.h"
+#include "platform/forms/core/Screen.h"
 #include "platform/runtime/Failure.h"
 #include "support/ScreenDriver.h"
 

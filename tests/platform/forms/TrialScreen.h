@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/forms/Buttons.h"
-#include "platform/forms/Screen.h"
-#include "platform/forms/TextBox.h"
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
 
 #include <functional>
 #include <string>

@@ -13,12 +13,13 @@
 // "east-17", its bilty the number of its lines, its gross weight 1000 kg and the serial, its
 // deduction the rest of the serial by 7.
 
+#include "data/CompanyProfile.h"
 #include "data/Con.h"
 #include "data/EmbeddedFunctions.h"
-#include "data/Services.h"
 #include "platform/comm/PseudoTerminal.h"
-#include "platform/forms/Application.h"
-#include "platform/forms/Boxes.h"
+#include "platform/forms/core/Application.h"
+#include "platform/forms/core/Boxes.h"
+#include "signin/UserLogin.h"
 #include "support/TestedEngine.h"
 #include "weighment/FrmWeighment.h"
 

@@ -1,0 +1,88 @@
+#include "platform/ado/odbc/OdbcDialect.h"
+
+#include "platform/ado/AdoFailure.h"
+
+namespace Quillane {
+
+namespace {
+
+bool IsText(const OdbcColumn& column) {
+    switch (column.sqlType) {
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_LONGVARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+    case SQL_WLONGVARCHAR:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Every comparison of texts on this server passes over case or trailing blanks; one of bytes
+/// passes over neither. Long texts cannot be compared at all but through such a conversion.
+std::string TSqlComparison(const OdbcMatchedColumn& matched) {
+    const std::string& name = matched.inStatement;
+    if (matched.column.IsBinary())
+        return "CONVERT(varchar(max), CAST(" + name + " AS varbinary(max)), 2) = ?";
+    if (!IsText(matched.column))
+        return name + " = ?";
+    const auto bytesOf = [](const std::string& text) {
+        return "CAST(CAST(" + text + " AS nvarchar(max)) AS varbinary(max))";
+    };
+    return bytesOf(name) + " = " + bytesOf("?");
+}
+
+std::string Comparison(OdbcDialect::Server server, const OdbcMatchedColumn& matched) {
+    if (matched.value.IsNull())
+        return matched.inStatement + " IS NULL";
+    return server == OdbcDialect::Server::TSql ? TSqlComparison(matched)
+                                               : matched.inStatement + " = ?";
+}
+
+} // namespace
+
+OdbcDialect OdbcDialectOf(std::string_view serverName) {
+    if (serverName.find("SQL Server") != std::string_view::npos)
+        return {OdbcDialect::Server::TSql,
+                // A driver's own settings may cut long texts otherwise, and those of a server
+                // keep back how many rows a write has hit.
+                "SET TEXTSIZE 2147483647 SET NOCOUNT OFF", "BEGIN TRANSACTION",
+                "COMMIT TRANSACTION", "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION",
+                "SELECT @@TRANCOUNT"};
+    const bool isPostgres = serverName.find("PostgreSQL") != std::string_view::npos;
+    return {isPostgres ? OdbcDialect::Server::Postgres : OdbcDialect::Server::Other,
+            "",
+            "BEGIN",
+            "COMMIT",
+            "ROLLBACK",
+            ""};
+}
+
+RowMatch OdbcKeylessMatch(OdbcDialect::Server server, std::string_view table,
+                          std::span<const OdbcMatchedColumn> columns) {
+    RowMatch match;
+    for (const OdbcMatchedColumn& matched : columns) {
+        match.condition += match.condition.empty() ? "" : " AND ";
+        match.condition += Comparison(server, matched);
+        if (!matched.value.IsNull())
+            match.parameters.push_back(matched.value);
+    }
+    switch (server) {
+    case OdbcDialect::Server::TSql:
+        match.limit = "TOP (1) ";
+        break;
+    case OdbcDialect::Server::Postgres:
+        match.condition = "ctid = (SELECT ctid FROM " + std::string(table) + " WHERE " +
+                          match.condition + " LIMIT 1)";
+        break;
+    case OdbcDialect::Server::Other:
+        FailAccess(FailureNumber::NotUpdatable,
+                   "The rows of " + std::string(table) +
+                       " cannot be written back, since the table has no key.");
+    }
+    return match;
+}
+
+} // namespace Quillane

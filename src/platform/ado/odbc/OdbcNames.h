@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/ado/odbc/OdbcHandle.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillane {
+
+/// A table as the catalogue is asked for it; what a statement left out is empty.
+struct OdbcTable {
+    std::string catalogue;
+    std::string schema;
+    std::string name;
+};
+
+/// How the server spells and quotes names, as its driver tells.
+class OdbcNames {
+public:
+    /// Asks the driver of an open connection. SQL Server's brackets quote whatever its session is
+    /// set to, while what stands in quotation marks may be a name or a text there.
+    OdbcNames(const OdbcHandle& connection, bool usesBrackets);
+
+    /// The column's name as a statement may hold it: plain where it is a plain word that the server
+    /// leaves as it is, quoted otherwise.
+    std::string ColumnInStatement(std::string_view column) const;
+
+    /// The table that a statement names, with or without its schema and quotes.
+    OdbcTable Table(std::string_view named) const;
+
+private:
+    bool IsPlain(std::string_view name) const;
+    bool IsReserved(std::string_view name) const;
+    bool KeepsCase(char c) const;
+    std::string Spelled(std::string_view token) const;
+
+    std::string openingQuote_;
+    std::string closingQuote_;
+    SQLUSMALLINT wordCase_ = SQL_IC_MIXED; ///< what becomes of a name without quotes
+    std::vector<std::string> reserved_;    ///< in capitals, sorted
+};
+
+/// A text that the driver tells of itself, the server or the connection.
+std::string OdbcInformation(const OdbcHandle& connection, SQLUSMALLINT kind);
+
+} // namespace Quillane

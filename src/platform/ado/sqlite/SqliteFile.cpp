@@ -1,0 +1,44 @@
+#include "platform/ado/sqlite/SqliteFile.h"
+
+#include "platform/ado/AdoFailure.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace Quillane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+bool IsWriteProtected(const fs::file_status& status) {
+    constexpr auto anyWriter =
+        fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    return (status.permissions() & anyWriter) == fs::perms::none;
+}
+
+} // namespace
+
+std::string ExistingDatabaseFile(const std::string& folder, std::string_view database) {
+    if (database.empty())
+        FailDatabase("The connection string names no database.");
+    const std::string path =
+        (folder.empty() ? std::string() : folder + "/") + std::string(database) + ".db";
+    std::error_code error;
+    const fs::file_status status = fs::status(PathOf(path), error);
+    if (!fs::exists(status))
+        FailDatabase("The database file " + path + " does not exist.");
+    if (!fs::is_regular_file(status))
+        FailDatabase(path + " is not a file, so it cannot be opened as a database.");
+    if (fs::file_size(PathOf(path), error) == 0)
+        FailDatabase("The file " + path + " is empty; it is not a database.");
+    if (IsWriteProtected(status))
+        FailDatabase("The database file " + path + " is read-only.");
+    return path;
+}
+
+} // namespace Quillane

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "platform/forms/core/Control.h"
+
+#include <memory>
+
+namespace Quillane {
+
+/// A button. Space and a click press it while it is enabled, and Enter where the screen leaves the
+/// Enter to it; so does Alt with the letter behind an ampersand in its caption.
+class CommandButton : public VisualControl {
+public:
+    CommandButton(Screen& screen, std::string name, std::string_view caption,
+                  std::string typeName = "CommandButton");
+    ~CommandButton() override;
+
+    std::function<void()> Click;
+    QWidget& Widget() override;
+    bool HandleKey(int key, int shift) override;
+
+private:
+    class Button;
+    std::unique_ptr<Button> button_;
+};
+
+/// A picture button with an enabled state; here a button with its caption.
+class JeweledButton : public CommandButton {
+public:
+    JeweledButton(Screen& screen, std::string name, std::string_view caption)
+        : CommandButton(screen, std::move(name), caption, "JeweledButton") {}
+};
+
+/// A check box. `Click` runs when the value changes, from the operator or from code, and not
+/// otherwise.
+class CheckBox : public VisualControl {
+public:
+    CheckBox(Screen& screen, std::string name, std::string_view caption);
+    ~CheckBox() override;
+
+    int Value() const; ///< 0 or 1
+    void SetValue(int value);
+    std::function<void()> Click;
+    QWidget& Widget() override;
+
+private:
+    class Box;
+    std::unique_ptr<Box> box_;
+};
+
+/// An option button; those with the same parent widget exclude each other. `Click` runs when it
+/// becomes selected, from the operator or from code, and not otherwise.
+class OptionButton : public VisualControl {
+public:
+    OptionButton(Screen& screen, std::string name, std::string_view caption);
+    ~OptionButton() override;
+
+    bool Value() const;
+    void SetValue(bool selected);
+    std::function<void()> Click;
+    QWidget& Widget() override;
+    /// Arrows select the next or the previous option of the group.
+    bool HandleKey(int key, int shift) override;
+
+private:
+    OptionButton* Neighbour(int step) const;
+
+    class Button;
+    std::unique_ptr<Button> button_;
+};
+
+/// A group with an optional caption. What is placed in its widget is hidden and disabled with it.
+class Frame : public VisualControl {
+public:
+    Frame(Screen& screen, std::string name, std::string_view caption);
+    ~Frame() override;
+    QWidget& Widget() override;
+
+private:
+    class Group;
+    std::unique_ptr<Group> group_;
+};
+
+/// A picture that can be clicked. It takes no focus by the mouse.
+class Image : public VisualControl {
+public:
+    Image(Screen& screen, std::string name);
+    ~Image() override;
+
+    void SetPicture(std::string_view resourcePath, int width, int height);
+    std::function<void()> Click;
+    QWidget& Widget() override;
+
+private:
+    class Picture;
+    std::unique_ptr<Picture> picture_;
+};
+
+} // namespace Quillane

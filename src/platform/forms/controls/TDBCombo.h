@@ -1,0 +1,121 @@
+#pragma once
+
+#include "platform/forms/core/Control.h"
+#include "platform/runtime/RowArray.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class QString;
+
+namespace Quillane {
+
+/// A pick list: a box with a drop-down of names (column 0 of a RowArray) that carries a hidden
+/// column of ids (column 1).
+///
+/// The current row is an index that the list keeps, since names may repeat. It is set by choosing
+/// or completing, not by highlighting; a text from code makes the first row of that name current,
+/// or none. Blanking or clearing makes none current. `RowChange` runs only when the marker moves to
+/// a row, not when that row was current already.
+///
+/// `NotInList` runs each time that typed text which no row has is about to be left behind: a move
+/// of the focus, or Enter. The text stays, and a `SetFocus` on the list from within keeps the focus
+/// here. With no such handler the text is blanked. A text from code is never refused, nor is an
+/// empty one.
+///
+/// Keys. Typing completes and drops the list down. Up, Down, Page Up and Page Down move in the open
+/// list, and choose at once in a closed one; F4 and Alt+Down open and close it; Enter, Tab and any
+/// other move away take what is highlighted in an open list; Esc closes it and takes nothing, as a
+/// press of the mouse beside it does. Every key is seen by the screen first, and once.
+class TDBCombo : public VisualControl {
+public:
+    /// The set-up that `FormatPickLists` gives; how the list looks and behaves follows it.
+    struct Properties {
+        bool ColumnHeaders = true;
+        int RowDividerStyle = 1;
+        int ScrollBars = 4;
+        bool AutoCompletion = false;
+        bool AutoDropDown = false;
+        bool LimitToList = false;
+        bool AllowColMove = true;
+        bool AllowRowSizing = true;
+        bool EmptyRows = true;
+        bool AllowColSelect = true;
+        bool ExtendRightColumn = false;
+        int Appearance = 1;
+        int BorderStyle = 0;
+    };
+    /// A column of the list itself and, at the second level, of its one split.
+    struct Column {
+        bool Visible = true;
+        bool AllowSizing = true;
+    };
+    struct Split {
+        Column Columns[2];
+    };
+
+    TDBCombo(Screen& screen, std::string name);
+    ~TDBCombo() override;
+
+    Properties Layout;
+    Column Columns[2];
+    Split Splits[1];
+
+    std::string Text() const;
+    void SetText(std::string_view text);
+
+    /// Lets go of the list's fields: no rows are shown until the next `ReBind`.
+    void ClearFields();
+    void SetArray(std::shared_ptr<RowArray> rows);
+    const std::shared_ptr<RowArray>& Array() const;
+    /// Shows the array as it now stands.
+    void ReBind();
+
+    /// Text of a column of the current row. No current row is a failure (94).
+    std::string ColumnText(int column) const;
+    /// The first row whose cell is exactly `text`, from the first row on.
+    std::optional<int> FindRow(int column, std::string_view text) const;
+
+    /// The current-row marker; none when no row is current.
+    std::optional<int> Bookmark() const;
+    /// Makes a row current and shows its name; none blanks nothing.
+    void SetBookmark(std::optional<int> row);
+
+    std::function<void()> RowChange;
+    std::function<void()> NotInList;
+
+    bool IsDroppedDown() const;
+
+    QWidget& Widget() override;
+    QWidget& FocusWidget() override;
+    void CommitEdit() override;
+    bool HandleKey(int key, int shift) override;
+
+protected:
+    void ApplyColours() override;
+
+private:
+    class Box;
+
+    bool HoldsRow(int row) const;
+    void SetCurrent(std::optional<int> row);
+    void Take(int row);
+    void TakeHighlighted();
+    void RefuseUnlisted();
+    void TextTyped(bool added);
+    std::optional<int> RowTyped(const QString& typed, bool added);
+    void DropDown(std::optional<int> highlighted);
+    void ToggleDropDown();
+    bool MoveChoice(int key);
+
+    std::unique_ptr<Box> box_;
+    std::shared_ptr<RowArray> rows_;
+    bool bound_ = false; ///< the rows are shown
+    std::optional<int> current_;
+    bool typed_ = false; ///< the text is the operator's, not written from code or chosen
+    bool refusing_ = false;
+};
+
+} // namespace Quillane

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/forms/core/Control.h"
+
+#include <memory>
+
+namespace Quillane {
+
+/// A box for one line of text.
+///
+/// `Change` runs once for each edit of the operator, and inside each `SetText` from code, also when
+/// the text is the same. `MaxLength` bounds what is typed or pasted; a text from code is kept
+/// whole, so that no stored figure is ever cut short.
+class TextBox : public VisualControl {
+public:
+    enum class Alignment { Left, Right, Centre };
+
+    TextBox(Screen& screen, std::string name);
+    ~TextBox() override;
+
+    std::string Text() const;
+    void SetText(std::string_view text);
+
+    bool Locked() const;
+    void SetLocked(bool locked);
+    int MaxLength() const; ///< characters; 0: no limit
+    void SetMaxLength(int characters);
+    void SetAlignment(Alignment alignment);
+    void SetFont(std::string_view family, double points, bool bold);
+    void SetPassword(bool password);
+    void SelectAll();
+    std::string SelectedText() const;
+
+    std::function<void()> Change;
+
+    QWidget& Widget() override;
+
+protected:
+    void ApplyColours() override;
+
+private:
+    class Edit;
+    std::unique_ptr<Edit> edit_;
+};
+
+} // namespace Quillane

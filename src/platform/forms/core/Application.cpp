@@ -1,0 +1,146 @@
+#include "platform/forms/core/Application.h"
+
+#include "platform/forms/core/EventBoundary.h"
+#include "platform/forms/core/FontFamilies.h"
+#include "platform/forms/core/Interruption.h"
+#include "platform/forms/core/KeyDispatch.h"
+#include "platform/forms/core/Screen.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QStyleFactory>
+
+namespace Quillane {
+
+namespace {
+
+// Written out, since a palette asked of the style may follow the system's dark one.
+QPalette LightPalette() {
+    QPalette palette(QColor(0xF0, 0xF0, 0xEC));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xF6, 0xF6, 0xF2));
+    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::WindowText, Qt::black);
+    palette.setColor(QPalette::ButtonText, Qt::black);
+    palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xE6));
+    palette.setColor(QPalette::ToolTipText, Qt::black);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x70, 0x70, 0x70));
+    palette.setColor(QPalette::Highlight, QColor(0x1F, 0x5F, 0xA8));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText}) {
+        palette.setColor(QPalette::Disabled, role, QColor(0x78, 0x78, 0x78));
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x50, 0x50, 0x50));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
+    return palette;
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    setStyle(QStyleFactory::create("Fusion"));
+    setPalette(LightPalette());
+    setFont(QFont(FontFamilies("Arial"), 11));
+    // The screens say themselves when the program ends: a sign-in dialog that closes does not.
+    setQuitOnLastWindowClosed(false);
+    connect(this, &QApplication::focusChanged, this, [](QWidget*, QWidget* now) {
+        if (Screen* screen = Screen::Of(now)) {
+            screen->QtFocusMoved();
+        }
+    });
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    if (!receiver->isWidgetType()) {
+        return QApplication::notify(receiver, event);
+    }
+    auto& widget = static_cast<QWidget&>(*receiver);
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return NotifyKey(widget, static_cast<QKeyEvent&>(*event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        return NotifyPress(widget, *event);
+    case QEvent::InputMethod:
+        return NotifyInputMethod(widget, static_cast<QInputMethodEvent&>(*event));
+    case QEvent::ShortcutOverride:
+        // Accepted, a button's Alt+letter arrives as a key that the screen sees first.
+        if (Screen* screen = Screen::Of(&widget);
+            screen && screen->MnemonicControl(static_cast<QKeyEvent&>(*event))) {
+            event->accept();
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QApplication::notify(receiver, event);
+}
+
+bool Application::NotifyKey(QWidget& receiver, QKeyEvent& event) {
+    QPointer<Screen> screen = Screen::Of(&receiver);
+    if (!screen || KeyDispatch::Handles(event)) {
+        return QApplication::notify(&receiver, &event);
+    }
+    const QPointer<QWidget> target = &receiver;
+    const std::uint64_t life = screen->life_;
+    int tabs = 0;
+    bool result = true;
+    {
+        KeyDispatch dispatch(event, *screen);
+        bool used = true;
+        RunEvent([&] { used = screen->PreviewKey(event); });
+        event.accept();
+        if (!used && target) {
+            result = QApplication::notify(target, &event);
+        }
+        tabs = dispatch.Tabs();
+    }
+    for (; tabs > 0 && screen && screen->Lives(life); --tabs) {
+        screen->DeliverTab();
+    }
+    return result;
+}
+
+bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
+    QPointer<Screen> screen = Screen::Of(&receiver);
+    if (!screen) {
+        return QApplication::notify(&receiver, &event);
+    }
+    const QPointer<QWidget> target = &receiver;
+    const std::uint64_t life = screen->life_;
+    const unsigned interruptions = Interruption::Count();
+    bool arrived = false;
+    RunEvent([&] { arrived = screen->PressedOn(receiver); });
+    // After a box the mouse button has long been let go: a press handed on now would never end.
+    const bool stands = target && screen && screen->life_ == life;
+    if (!arrived || !stands || Interruption::Count() != interruptions) {
+        event.accept();
+        return true;
+    }
+    const bool result = QApplication::notify(target, &event);
+    if (screen && screen->Lives(life)) {
+        screen->GiveQtFocus();
+    }
+    return result;
+}
+
+bool Application::NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event) {
+    Screen* screen = Screen::Of(&receiver);
+    if (!screen || event.commitString().isEmpty()) {
+        return QApplication::notify(&receiver, &event);
+    }
+    const QPointer<QWidget> target = &receiver;
+    QString kept;
+    RunEvent([&] { kept = screen->PreviewCommitted(event.commitString()); });
+    if (!target) {
+        return true;
+    }
+    QInputMethodEvent passed(event.preeditString(), event.attributes());
+    passed.setCommitString(kept, event.replacementStart(), event.replacementLength());
+    return QApplication::notify(target, &passed);
+}
+
+} // namespace Quillane

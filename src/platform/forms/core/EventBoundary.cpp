@@ -1,0 +1,49 @@
+#include "platform/forms/core/EventBoundary.h"
+
+#include "platform/forms/core/Boxes.h"
+#include "platform/runtime/Failure.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+
+namespace Quillane {
+
+namespace {
+
+std::function<void(int)> replacedEnd;
+
+// No procedure trapped it: the runtime speaks, and the program is over.
+void EndOnFailure(const std::string& description) {
+    MsgBox({.text = description, .title = ProgramTitle(), .icon = BoxIcon::Critical});
+    EndProcess(1);
+}
+
+} // namespace
+
+void RunEvent(const std::function<void()>& procedure) {
+    try {
+        procedure();
+    } catch (const ScreenGone&) {
+        // The procedure's screen was unloaded while it let events run: it just ends.
+    } catch (const Failure& failure) {
+        EndOnFailure(failure.Description());
+    } catch (const std::exception& failure) {
+        EndOnFailure(failure.what());
+    }
+}
+
+void EndProcess(int exitCode) {
+    if (replacedEnd) {
+        replacedEnd(exitCode);
+        return;
+    }
+    std::fflush(nullptr);
+    std::_Exit(exitCode);
+}
+
+void SetEndProcess(std::function<void(int)> end) {
+    replacedEnd = std::move(end);
+}
+
+} // namespace Quillane

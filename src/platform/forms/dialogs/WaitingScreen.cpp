@@ -1,0 +1,109 @@
+#include "platform/forms/dialogs/WaitingScreen.h"
+
+#include "platform/forms/core/Text.h"
+#include "platform/forms/dialogs/DialogLook.h"
+
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+#include <chrono>
+
+namespace Quillane {
+
+namespace {
+
+// What is done sooner is not worth a window that comes and goes.
+constexpr std::chrono::milliseconds moment{400};
+
+} // namespace
+
+void LongWork::Begin(const std::string& step, int parts) {
+    const std::lock_guard lock(guard_);
+    step_ = step;
+    done_ = 0;
+    parts_ = parts;
+}
+
+bool LongWork::Advance(int done) {
+    done_ = done;
+    return !brokenOff_;
+}
+
+std::string LongWork::Step() const {
+    const std::lock_guard lock(guard_);
+    return step_;
+}
+
+bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>& work) {
+    LongWork shared;
+    std::future<void> end = std::async(std::launch::async, [&] { work(shared); });
+    bool isLong = false;
+    {
+        const Hourglass hourglass;
+        isLong = end.wait_for(moment) != std::future_status::ready;
+    }
+    if (isLong)
+        WaitingScreen(title, shared, end).ShowModal();
+    end.get();
+    return !shared.IsBrokenOff();
+}
+
+WaitingScreen::WaitingScreen(const std::string& title, LongWork& work, std::future<void>& end)
+    : Screen("WaitingScreen", title), work_(work), end_(end) {
+    BtnBreakOff.Click = [this] { BtnBreakOff_Click(); };
+    BtnBreakOff.SetTabIndex(0);
+    TmrLook.Tick = [this] { TmrLook_Tick(); };
+    LayOut();
+    TmrLook_Tick();
+}
+
+void WaitingScreen::LayOut() {
+    bar_ = new QProgressBar;
+    bar_->setTextVisible(false);
+    step_.setWordWrap(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    AddButton(*buttons, BtnBreakOff, false);
+    auto* column = DialogColumn(*this, "Quillane", subtitle_);
+    LookLikeText(step_, 2);
+    column->addWidget(&step_);
+    column->addWidget(bar_);
+    column->addLayout(buttons);
+    setFixedWidth(440);
+}
+
+bool WaitingScreen::HasEnded() const {
+    return end_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+}
+
+void WaitingScreen::Form_Unload(bool& cancel) {
+    cancel = !HasEnded();
+    if (cancel)
+        BtnBreakOff_Click();
+}
+
+void WaitingScreen::Form_KeyDown(int& key, int /*shift*/) {
+    if (key == Key::Escape)
+        BtnBreakOff_Click();
+    // Typed ahead for the screen below, Enter or a blank must not break anything off.
+    if (key == Key::Escape || key == Key::Return || key == Key::Space)
+        key = 0;
+}
+
+void WaitingScreen::BtnBreakOff_Click() {
+    work_.BreakOff();
+    BtnBreakOff.SetEnabled(false);
+    TmrLook_Tick();
+}
+
+void WaitingScreen::TmrLook_Tick() {
+    step_.setText(work_.IsBrokenOff() ? "Breaking off, as soon as the server has answered"
+                                      : ToQt(work_.Step()));
+    bar_->setRange(0, work_.Parts());
+    bar_->setValue(work_.Done());
+    if (IsLoaded() && HasEnded())
+        Unload();
+}
+
+} // namespace Quillane

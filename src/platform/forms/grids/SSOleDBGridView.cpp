@@ -1,0 +1,236 @@
+#include "platform/forms/grids/SSOleDBGridView.h"
+
+#include "platform/forms/controls/ControlColours.h"
+#include "platform/forms/core/EventBoundary.h"
+#include "platform/forms/core/KeyCodes.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/grids/SSOleDBGridHeader.h"
+#include "platform/forms/grids/SSOleDBGridScrollBar.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace Quillane {
+
+/// What a recordset runs when its current row moves; a type of its own, so that a grid knows
+/// whether it is still the one that is told.
+struct SSOleDBGrid::View::RowMoved {
+    View* view;
+    void operator()() const { view->CurrentRowMoved(); }
+};
+
+SSOleDBGrid::View::View(SSOleDBGrid& grid, QWidget& parent)
+    : QAbstractScrollArea(&parent), grid_(grid), header_(std::make_unique<Header>(*this)) {
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(2);
+    setFocusPolicy(Qt::StrongFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBar(new SSOleDBGridScrollBar(this));
+    // Always there, or the columns would shift as a filter is typed.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    verticalScrollBar()->setFocusPolicy(Qt::NoFocus);
+    Fit();
+}
+
+SSOleDBGrid::View::~View() {
+    ReleaseMoved();
+}
+
+void SSOleDBGrid::View::AddColumn(Column column) {
+    columns_.push_back(std::move(column));
+    header_->update();
+    viewport()->update();
+}
+
+// The caller may be about to change what is shown.
+SSOleDBGrid::Column& SSOleDBGrid::View::ColumnNamed(std::string_view name) {
+    const auto found = std::ranges::find_if(
+        columns_, [name](const Column& column) { return EqualIgnoringCase(column.name, name); });
+    if (found == columns_.end())
+        Fail(FailureNumber::SubscriptOutOfRange);
+    header_->update();
+    viewport()->update();
+    return *found;
+}
+
+void SSOleDBGrid::View::SetSource(std::shared_ptr<Recordset> rows) {
+    ReleaseMoved();
+    rows_ = std::move(rows);
+    TakeMoved();
+    Fit();
+    verticalScrollBar()->setValue(CurrentLine().value_or(0));
+    viewport()->update();
+}
+
+void SSOleDBGrid::View::TakeMoved() {
+    if (rows_)
+        rows_->Moved = RowMoved{this};
+}
+
+void SSOleDBGrid::View::ReleaseMoved() {
+    const RowMoved* told = rows_ ? rows_->Moved.target<RowMoved>() : nullptr;
+    if (told && told->view == this)
+        rows_->Moved = nullptr;
+}
+
+// Also comes where a filter has changed how many rows are shown.
+void SSOleDBGrid::View::CurrentRowMoved() {
+    Fit();
+    if (const auto line = CurrentLine(); line && !choosing_)
+        BringIntoView(*line);
+    viewport()->update();
+}
+
+int SSOleDBGrid::View::LineCount() const {
+    return rows_ && rows_->State() == adStateOpen ? rows_->RecordCount() : 0;
+}
+
+std::optional<int> SSOleDBGrid::View::CurrentLine() const {
+    const int count = LineCount();
+    if (count == 0 || rows_->Position() >= count)
+        return std::nullopt;
+    return rows_->Position();
+}
+
+int SSOleDBGrid::View::TopLine() const {
+    return verticalScrollBar()->value();
+}
+
+int SSOleDBGrid::View::LinesInView() const {
+    return std::max(1, viewport()->height() / lineHeight_);
+}
+
+void SSOleDBGrid::View::GoTo(int line) {
+    const int count = LineCount();
+    if (count == 0)
+        return;
+    const int there = std::clamp(line, 0, count - 1);
+    rows_->SetPosition(there);
+    // It may have been current already, and scrolled out of view.
+    BringIntoView(there);
+}
+
+bool SSOleDBGrid::View::MoveBy(int key) {
+    const int count = LineCount();
+    const int line = CurrentLine().value_or(count);
+    const int page = std::max(1, LinesInView() - 1);
+    switch (key) {
+    case Key::Up:
+        GoTo(line - 1);
+        return true;
+    case Key::Down:
+        GoTo(line + 1);
+        return true;
+    case Key::PageUp:
+        GoTo(line - page);
+        return true;
+    case Key::PageDown:
+        GoTo(line + page);
+        return true;
+    case Key::Home:
+        GoTo(0);
+        return true;
+    case Key::End:
+        GoTo(count - 1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void SSOleDBGrid::View::BringIntoView(int line) {
+    const int top = TopLine();
+    verticalScrollBar()->setValue(std::clamp(top, line - LinesInView() + 1, line));
+}
+
+// The place of the header, the height of a line and the range of the scroll bar.
+void SSOleDBGrid::View::Fit() {
+    lineHeight_ = fontMetrics().height() * 3 / 2;
+    const int headerHeight = lineHeight_ + 2;
+    if (viewportMargins().top() != headerHeight)
+        setViewportMargins(0, headerHeight, 0, 0);
+    const QRect room = viewport()->geometry();
+    header_->setGeometry(room.left(), room.top() - headerHeight, room.width(), headerHeight);
+    fittedLines_ = LineCount();
+    verticalScrollBar()->setPageStep(LinesInView());
+    verticalScrollBar()->setRange(0, std::max(0, fittedLines_ - LinesInView()));
+}
+
+void SSOleDBGrid::View::FitAgain() {
+    fittingSoon_ = false;
+    CurrentRowMoved();
+}
+
+void SSOleDBGrid::View::SetLineColours(std::optional<LineColours> colours) {
+    lineColours_ = colours;
+    viewport()->update();
+}
+
+void SSOleDBGrid::View::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    const auto line = CurrentLine();
+    const int linesBefore = verticalScrollBar()->pageStep();
+    const bool seen = line && *line >= TopLine() && *line < TopLine() + linesBefore;
+    Fit();
+    if (seen)
+        BringIntoView(*line);
+}
+
+void SSOleDBGrid::View::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        Fit();
+}
+
+// The frame tells whether the keys go here.
+void SSOleDBGrid::View::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    update();
+}
+
+void SSOleDBGrid::View::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    update();
+}
+
+// The keys that move are the control's, before they come here; all others are the screen's.
+void SSOleDBGrid::View::keyPressEvent(QKeyEvent* event) {
+    event->ignore();
+}
+
+// A line at the lower edge that is seen in part does not scroll under the mouse: the second press
+// of a double click is for the same line.
+void SSOleDBGrid::View::ChooseAt(QPoint point) {
+    const int line = TopLine() + point.y() / lineHeight_;
+    if (line >= LineCount())
+        return;
+    struct Mark {
+        bool& mark;
+        explicit Mark(bool& set) : mark(set) { mark = true; }
+        ~Mark() { mark = false; }
+    } choosing(choosing_);
+    rows_->SetPosition(line);
+}
+
+void SSOleDBGrid::View::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        RunEvent([&] { ChooseAt(event->position().toPoint()); });
+}
+
+void SSOleDBGrid::View::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    RunEvent([&] {
+        ChooseAt(event->position().toPoint());
+        if (grid_.DblClick)
+            grid_.DblClick();
+    });
+}
+
+} // namespace Quillane

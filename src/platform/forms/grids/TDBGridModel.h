@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/forms/grids/TDBGrid.h"
+
+#include <QAbstractTableModel>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillane {
+
+struct GridColumn {
+    std::string caption;
+    int width = 0;
+    TDBGrid::CellKind kind = TDBGrid::CellKind::Text;
+    TDBCombo* list = nullptr; ///< names of its cells
+};
+
+/// The array behind a grid, with one empty line more at its end, as Qt's views see it. It copies
+/// nothing; rows that code adds or takes away are seen from the next `Reset` on.
+class TDBGridModel : public QAbstractTableModel {
+public:
+    void Bind(RowArray* rows) { rows_ = rows; }
+    void AddColumn(GridColumn column);
+    void Reset();
+    /// The array has other rows than are shown.
+    bool IsStale() const;
+
+    GridColumn& Column(int column) { return columns_.at(static_cast<std::size_t>(column)); }
+    int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    /// Without the empty last line.
+    int RowCount() const { return rowCount_; }
+    /// Empty on the empty last line.
+    std::string Text(int row, int column) const;
+    /// A text on the empty last line adds the row.
+    void SetText(int row, int column, std::string_view text);
+    void DeleteRow(int row);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    void AppendRow();
+
+    RowArray* rows_ = nullptr;
+    std::vector<GridColumn> columns_;
+    int rowCount_ = 0;
+};
+
+} // namespace Quillane

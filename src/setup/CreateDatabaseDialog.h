@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/Label.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "setup/EmbeddedSchema.h"
+#include "setup/SqlServerTryOut.h"
+
+#include <string>
+
+class QGridLayout;
+
+namespace Quillane {
+
+/// Asks whether the database that stands in the folder already is to be used as it is. Yes points
+/// the station to it. What cannot be used is told. True if the station is set up then.
+bool OfferExistingDatabase(const std::string& folder);
+
+/// The set-up of a station that has no `Config.ini`: where its database is, the company's
+/// particulars, the first user, and sample rows if wanted. The database is on this computer unless
+/// the second option is taken, which asks for a server at once; a database there that is complete
+/// is used as it is, if the user agrees, and the rest is not asked. Enter moves on and presses
+/// `BtnCreate` behind the last entry, Ctrl+Enter presses it from anywhere, Esc gives up. A refused
+/// entry is told, gets the focus and loses nothing.
+class CreateDatabaseDialog : public Screen {
+public:
+    explicit CreateDatabaseDialog(std::string folder);
+
+    OptionButton OptThisComputer{*this, "OptThisComputer", "On &this computer"};
+    OptionButton OptSqlServer{*this, "OptSqlServer", "On a &SQL Server"};
+    CommandButton BtnServer{*this, "BtnServer", "Ser&ver..."};
+    TextBox TxtCompanyName{*this, "TxtCompanyName"};
+    TextBox TxtCompanyAddress{*this, "TxtCompanyAddress"};
+    TextBox TxtCompanyPhone{*this, "TxtCompanyPhone"};
+    TextBox TxtCompanyEmail{*this, "TxtCompanyEmail"};
+    TextBox TxtUserName{*this, "TxtUserName"};
+    TextBox TxtPassword{*this, "TxtPassword"};
+    TextBox TxtPasswordAgain{*this, "TxtPasswordAgain"};
+    CheckBox ChkSampleRows{*this, "ChkSampleRows", "Sample &rows, to try the station"};
+    CommandButton BtnCreate{*this, "BtnCreate", "&Create"};
+    CommandButton BtnCancel{*this, "BtnCancel", "Cancel"};
+
+    bool Succeeded = false; ///< the station is set up
+
+protected:
+    void Form_Load() override;
+    void Form_KeyDown(int& key, int shift) override;
+
+private:
+    void WireEvents();
+    void SetTabOrder();
+    void LayOut();
+    void LayOutFields(QGridLayout& fields);
+    void OptThisComputer_Click();
+    void OptSqlServer_Click();
+    void BtnServer_Click();
+    void BtnCreate_Click();
+    void ChooseServer();
+    void UseServer();
+    void Create();
+    void CreateOnServer();
+    void ShowPlace();
+    bool Validate();
+    bool Refuse(TextBox& box, std::string_view reason);
+    NewDatabase Particulars() const;
+
+    std::string folder_;
+    bool serverIsChosen_ = false; ///< the next three tell of it
+    SqlServerPlace server_;
+    OwnerSignIn owner_;
+    SqlServerContents contents_;
+    Label subtitle_{"First start"};
+    Label place_{""};
+};
+
+} // namespace Quillane

@@ -1,0 +1,64 @@
+#include "setup/CreateDatabaseDialog.h"
+
+#include "platform/forms/dialogs/DialogLook.h"
+#include "signin/UserLogin.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <initializer_list>
+
+namespace Quillane {
+
+// The question of the place comes last in the order, and so before the first entry: most stations
+// leave it as it is, and begin with the company's name.
+void CreateDatabaseDialog::SetTabOrder() {
+    int index = 0;
+    for (VisualControl* control : std::initializer_list<VisualControl*>{
+             &TxtCompanyName, &TxtCompanyAddress, &TxtCompanyPhone, &TxtCompanyEmail, &TxtUserName,
+             &TxtPassword, &TxtPasswordAgain, &ChkSampleRows, &BtnCreate, &BtnCancel,
+             &OptThisComputer, &OptSqlServer, &BtnServer})
+        control->SetTabIndex(index++);
+}
+
+void CreateDatabaseDialog::LayOut() {
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    AddButton(*buttons, BtnCreate, true);
+    AddButton(*buttons, BtnCancel, false);
+    auto* column = ScrollingColumn(*this, "Quillane", subtitle_, *buttons);
+    auto* fields = new QGridLayout;
+    LayOutFields(*fields);
+    column->addLayout(fields);
+    column->addStretch();
+    FitToDisplay(*this, 560);
+}
+
+void CreateDatabaseDialog::LayOutFields(QGridLayout& fields) {
+    const auto add = [&fields](std::string_view caption, std::string_view name, TextBox& box,
+                               int longest) {
+        box.SetMaxLength(longest);
+        box.SetAccessibleName(name);
+        AddField(fields, caption, box);
+    };
+    AddHeading(fields, "Where the weighments are kept");
+    AddOptions(fields, OptThisComputer, OptSqlServer);
+    AddTextAndButton(fields, place_, BtnServer);
+    AddHeading(fields, "The company, as the slip shows it");
+    add("Company &name", "Company name", TxtCompanyName, 60);
+    add("&Address", "Company address", TxtCompanyAddress, 120);
+    add("P&hone", "Company phone", TxtCompanyPhone, 40);
+    add("&E-mail", "Company e-mail", TxtCompanyEmail, 80);
+    AddHeading(fields, "The first user, with full rights");
+    add("&User name", "User name", TxtUserName, LongestUserName);
+    add("&Password", "Password", TxtPassword, LongestPassword);
+    add("Password a&gain", "Password again", TxtPasswordAgain, LongestPassword);
+    TxtPassword.SetPassword(true);
+    TxtPasswordAgain.SetPassword(true);
+    AddCheck(fields, ChkSampleRows);
+    ChkSampleRows.SetToolTip("Parties, commodities and arrivals, all invented, and a second user "
+                             "\"gate\" with restricted rights; leave them out at a working scale");
+}
+
+} // namespace Quillane

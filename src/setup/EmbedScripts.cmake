@@ -1,0 +1,13 @@
+# Writes OUTPUT, a source file with one NUL-terminated text for each name and file of SCRIPTS.
+# Bytes rather than string literals: compilers limit the length of those.
+set(source "#include \"setup/EmbeddedScripts.h\"\n\nnamespace Quillane::EmbeddedScripts {\n")
+while(SCRIPTS)
+    list(POP_FRONT SCRIPTS name file)
+    file(READ "${file}" bytes HEX)
+    string(REGEX REPLACE "(................................)" "\\1\n" bytes "${bytes}")
+    string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," bytes "${bytes}")
+    string(APPEND source "\nstatic const char bytesOf${name}[] = {\n${bytes}'\\0'};\n"
+        "const char* const ${name} = bytesOf${name};\n")
+endwhile()
+string(APPEND source "\n} // namespace Quillane::EmbeddedScripts\n")
+file(WRITE "${OUTPUT}" "${source}")

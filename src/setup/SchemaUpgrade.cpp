@@ -1,0 +1,181 @@
+#include "setup/SchemaUpgrade.h"
+
+#include "data/Catalogue.h"
+#include "platform/ado/Connection.h"
+#include "platform/forms/core/Text.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+#include "setup/EmbeddedScripts.h"
+#include "setup/ScriptBatches.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <sqlite3.h>
+
+#include <array>
+#include <functional>
+#include <vector>
+
+#ifndef _WIN32
+#include <unistd.h>
+#else
+#include <io.h>
+#endif
+
+namespace Quillane {
+
+namespace {
+
+/// The statements of a script; the engine's own scanner tells where one ends, so that a semicolon
+/// within a text or a comment is none.
+std::vector<std::string> Statements(std::string_view script) {
+    std::vector<std::string> statements;
+    std::string text;
+    for (const char character : script) {
+        text += character;
+        if (character == ';' && sqlite3_complete(text.c_str())) {
+            statements.push_back(text.substr(0, text.size() - 1));
+            text.clear();
+        }
+    }
+    return statements;
+}
+
+void WriteVersion(Connection& connection, double version) {
+    connection.Execute("Delete From StationSchema");
+    connection.Execute("Insert Into StationSchema (SchemaVersion) Values (" + NumberText(version) +
+                       ")");
+}
+
+void InTransaction(Connection& connection, const std::function<void()>& work) {
+    connection.BeginTrans();
+    try {
+        work();
+        connection.CommitTrans();
+    } catch (const Failure&) {
+        connection.RollbackTrans();
+        throw;
+    }
+}
+
+void RunStep(Connection& connection, const SchemaStep& step) {
+    InTransaction(connection, [&] {
+        for (const std::string& statement : Statements(step.script))
+            connection.Execute(statement);
+        WriteVersion(connection, step.version);
+    });
+}
+
+double VersionInTable(Connection& connection) {
+    const Recordset rows = connection.Execute("Select SchemaVersion From StationSchema");
+    if (rows.RecordCount() == 0)
+        return 0;
+    if (rows.RecordCount() > 1)
+        return UnreadableSchemaVersion;
+    try {
+        const double version = rows.Fields(0).Number();
+        return version >= 0 ? version : UnreadableSchemaVersion;
+    } catch (const Failure&) {
+        return UnreadableSchemaVersion;
+    }
+}
+
+/// Holds off the other stations until the transaction ends; they then find the step done.
+bool IsStillMissing(Connection& connection, double version) {
+    connection.Execute("EXEC sp_getapplock @Resource = N'StationSchema', @LockMode = N'Exclusive'");
+    return connection.Execute("Select OBJECT_ID(N'dbo.StationSchema')").Fields(0).IsNull() ||
+           VersionInTable(connection) < version;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "'";
+    for (const char character : text)
+        quoted.append(character == '\'' ? 2 : 1, character);
+    return quoted + "'";
+}
+
+std::string NameOfCopy(const std::string& file, double toVersion) {
+    const QFileInfo info(ToQt(file));
+    const QString base =
+        info.path() + "/" + info.completeBaseName() + "-before-" + ToQt(NumberText(toVersion));
+    QString name = base + ".db";
+    for (int number = 2; QFile::exists(name); ++number)
+        name = base + "-" + QString::number(number) + ".db";
+    return FromQt(name);
+}
+
+void BringToDisk(QFile& file) {
+#ifndef _WIN32
+    const bool done = file.open(QIODevice::ReadWrite) && ::fsync(file.handle()) == 0;
+#else
+    const bool done = file.open(QIODevice::ReadWrite) && ::_commit(file.handle()) == 0;
+#endif
+    if (!done)
+        throw Failure(FailureNumber::PathAccess,
+                      "The copy " + FromQt(file.fileName()) + " cannot be brought to the disk");
+    file.close();
+}
+
+} // namespace
+
+std::span<const SchemaStep> SchemaSteps() {
+    static const std::array<SchemaStep, 1> steps{SchemaStep{1, EmbeddedScripts::UpgradeTo1}};
+    return steps;
+}
+
+std::span<const SchemaStep> SqlServerSchemaSteps() {
+    static const std::array<SchemaStep, 1> steps{
+        SchemaStep{1, EmbeddedScripts::SqlServerUpgradeTo1}};
+    return steps;
+}
+
+double SchemaVersionOfProgram() {
+    return SchemaSteps().back().version;
+}
+
+double ReadSchemaVersion(Connection& connection) {
+    return TableExists(connection, "StationSchema") ? VersionInTable(connection) : 0;
+}
+
+void RunSchemaSteps(Connection& connection, double from, std::span<const SchemaStep> steps) {
+    for (const SchemaStep& step : steps)
+        if (step.version > from)
+            RunStep(connection, step);
+}
+
+void RunSqlServerSchemaSteps(Connection& connection, double from,
+                             std::span<const SchemaStep> steps) {
+    for (const SchemaStep& step : steps) {
+        if (step.version <= from)
+            continue;
+        InTransaction(connection, [&] {
+            if (!IsStillMissing(connection, step.version))
+                return;
+            RunScript(connection, step.script);
+            if (step.version == steps.back().version)
+                RunScript(connection, EmbeddedScripts::SqlServerRoles);
+            WriteVersion(connection, step.version);
+        });
+    }
+}
+
+bool MayChangeSchema(Connection& connection) {
+    const Recordset answer =
+        connection.Execute("Select HAS_PERMS_BY_NAME(DB_NAME(), N'DATABASE', N'CONTROL')");
+    return !answer.Fields(0).IsNull() && answer.Fields(0).Number() == 1;
+}
+
+std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, double toVersion) {
+    const std::string name = NameOfCopy(file, toVersion);
+    // The copy gets its name when it is complete: a half-written one is never taken for it.
+    const std::string unfinished = file + ".copy";
+    QFile::remove(ToQt(unfinished));
+    connection.Execute("VACUUM INTO " + Quoted(unfinished));
+    QFile copy(ToQt(unfinished));
+    BringToDisk(copy);
+    if (!copy.rename(ToQt(name)))
+        throw Failure(FailureNumber::PathAccess, FromQt(copy.errorString()) + ": " + name);
+    return name;
+}
+
+} // namespace Quillane

@@ -1,0 +1,88 @@
+#include "setup/SqlServerSetUp.h"
+
+#include "platform/ado/Connection.h"
+#include "platform/forms/dialogs/WaitingScreen.h"
+#include "platform/runtime/Failure.h"
+#include "setup/SqlServerSchema.h"
+
+namespace Quillane {
+
+namespace {
+
+std::string Doubled(std::string_view text, char mark) {
+    std::string doubled;
+    for (const char character : text)
+        doubled.append(character == mark ? 2 : 1, character);
+    return doubled;
+}
+
+std::string InQuotes(std::string_view text) {
+    return "N'" + Doubled(text, '\'') + "'";
+}
+
+std::string InBrackets(std::string_view name) {
+    return "[" + Doubled(name, ']') + "]";
+}
+
+bool IsNull(Connection& connection, const std::string& expression) {
+    return connection.Execute("Select " + expression).Fields(0).IsNull();
+}
+
+/// As whom the database knows the station's sign-in; empty where it does not.
+std::string UserOfStation(const SqlServerPlace& station) {
+    try {
+        return OpenSqlServer(station)->Execute("Select USER_NAME()").Fields(0).TextOrEmpty();
+    } catch (const Failure&) {
+        return {};
+    }
+}
+
+// Someone signed in to Windows may be let in by a group, which only the owner knows.
+void AdmitStation(Connection& owner, const SqlServerPlace& station) {
+    if (station.windowsSignIn)
+        return;
+    std::string user = UserOfStation(station);
+    if (user == "dbo")
+        return;
+    if (user.empty()) {
+        user = station.userName;
+        if (IsNull(owner, "DATABASE_PRINCIPAL_ID(" + InQuotes(user) + ")"))
+            owner.Execute("CREATE USER " + InBrackets(user) + " FOR LOGIN " + InBrackets(user));
+    }
+    const std::string isMember = "IS_ROLEMEMBER(N'StationOperator', " + InQuotes(user) + ")";
+    if (owner.Execute("Select IsNull(" + isMember + ", 0)").Fields(0).Number() == 0)
+        owner.Execute("ALTER ROLE StationOperator ADD MEMBER " + InBrackets(user));
+}
+
+void TryAsStation(const SqlServerPlace& station) {
+    const TryOut tried = TrySqlServer(station, {});
+    if (!tried.works || !tried.contents.isComplete)
+        throw Failure(FailureNumber::Database,
+                      "The database is ready, but the station's own sign-in is not:\n" +
+                          tried.answer,
+                      FailureSource::Database);
+}
+
+} // namespace
+
+bool MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn& owner,
+                                const NewDatabase* particulars, LongWork& work) {
+    work.Begin("Connecting to " + station.server);
+    const auto connection = OpenSqlServer(PlaceForSetUp(station, owner));
+    const auto progress = [&work](int done, int all) {
+        if (done == 0)
+            work.Begin("Making what is missing in the database", all);
+        return work.Advance(done);
+    };
+    if (particulars && !SetUpSqlServerDatabase(*connection, *particulars, progress))
+        return false;
+    work.Begin("Trying the station's sign-in");
+    if (work.IsBrokenOff())
+        return false;
+    if (owner.IsGiven())
+        AdmitStation(*connection, station);
+    TryAsStation(station);
+    return !work.IsBrokenOff();
+}
+
+} // namespace Quillane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/forms/controls/Buttons.h"
+#include "platform/forms/controls/Label.h"
+#include "platform/forms/controls/TextBox.h"
+#include "platform/forms/core/Screen.h"
+#include "platform/forms/core/Timer.h"
+
+namespace Quillane {
+
+class UserLoginObject;
+
+/// Asks for a name and a password. Enter moves from the name to the password and from there signs
+/// in; Esc gives up. After repeated wrong passwords the button waits, counting down, while the
+/// dialog stays alive.
+class SignInDialog : public Screen {
+public:
+    explicit SignInDialog(UserLoginObject& login);
+
+    TextBox TxtUserName{*this, "TxtUserName"};
+    TextBox TxtPassword{*this, "TxtPassword"};
+    CommandButton BtnSignIn{*this, "BtnSignIn", "&Sign in"};
+    CommandButton BtnCancel{*this, "BtnCancel", "Cancel"};
+    Timer TmrPause{*this, "TmrPause", 200, false};
+
+    /// What the dialog says below the boxes.
+    std::string Message() const;
+
+protected:
+    void Form_Load() override;
+    void Form_KeyDown(int& key, int shift) override;
+
+private:
+    void WireEvents();
+    void LayOut();
+    void BtnSignIn_Click();
+    void TmrPause_Tick();
+    void Refuse(std::string_view reason);
+    void ShowPause();
+
+    UserLoginObject& login_;
+    Label company_{""};
+    Label message_{""};
+    std::string reason_;
+};
+
+} // namespace Quillane

@@ -1,0 +1,108 @@
+#include "signin/UserLogin.h"
+
+#include "data/Catalogue.h"
+#include "platform/ado/Connection.h"
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/Text.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+#include "signin/PasswordHash.h"
+#include "signin/SignInDialog.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace Quillane {
+
+Service<UserLoginObject> UserLogin;
+
+namespace {
+
+struct StationUser {
+    std::string name;
+    std::string hash;
+    std::int32_t level = 0;
+};
+
+// The table is small, and looking through it here spares joining a typed name to a statement.
+std::optional<StationUser> FindUser(Connection& connection, std::string_view name) {
+    const QString wanted = ToQt(name).trimmed();
+    Recordset users =
+        connection.Execute("Select UserName, PasswordHash, UserLevel From StationUsers");
+    for (; !users.Eof(); users.MoveNext()) {
+        const std::string found = users.Fields("UserName").TextOrEmpty();
+        if (ToQt(found).trimmed().compare(wanted, Qt::CaseInsensitive) == 0)
+            return StationUser{found, users.Fields("PasswordHash").TextOrEmpty(),
+                               users.Fields("UserLevel").Long()};
+    }
+    return std::nullopt;
+}
+
+bool HasUsers(Connection& connection) {
+    return TableExists(connection, "StationUsers") &&
+           connection.Execute("Select Count(*) From StationUsers").Fields(0).Number() > 0;
+}
+
+void ReportNoUsers() {
+    MsgBox({.text = "No user is set up in this database, so nobody can sign in.\r\n"
+                    "Please ask the person who looks after the database.",
+            .title = "Sign in",
+            .icon = BoxIcon::Exclamation,
+            .buttons = BoxButtons::Ok});
+}
+
+} // namespace
+
+std::chrono::seconds SignInPause(int wrongInARow) {
+    constexpr int free = 2;
+    constexpr int longest = 30;
+    if (wrongInARow <= free)
+        return std::chrono::seconds(0);
+    return std::chrono::seconds(std::min(longest, 1 << std::min(wrongInARow - free, 5)));
+}
+
+void UserLoginObject::SetConnection(Connection& connection) {
+    connection_ = &connection;
+}
+
+void UserLoginObject::ResetLogin(int /*value*/) {
+    level_ = 0;
+    name_.clear();
+}
+
+bool UserLoginObject::Login() {
+    ResetLogin(0);
+    if (!connection_)
+        Fail(FailureNumber::InvalidCall);
+    if (!HasUsers(*connection_)) {
+        ReportNoUsers();
+        return false;
+    }
+    SignInDialog dialog(*this);
+    dialog.ShowModal();
+    return level_ != 0;
+}
+
+UserLoginObject::Attempt UserLoginObject::SignIn(std::string_view name, std::string_view password) {
+    const std::optional<StationUser> user = FindUser(*connection_, name);
+    if (!user)
+        SpendPasswordTime(password);
+    if (!user || !PasswordMatches(user->hash, password)) {
+        pauseEnd_ = std::chrono::steady_clock::now() + SignInPause(++wrongInARow_);
+        return Attempt::Wrong;
+    }
+    wrongInARow_ = 0;
+    if (user->level == 0)
+        return Attempt::NoRights;
+    level_ = ToInteger(static_cast<double>(user->level));
+    name_ = user->name;
+    return Attempt::SignedIn;
+}
+
+std::chrono::milliseconds UserLoginObject::PauseLeft() const {
+    using std::chrono::milliseconds;
+    const auto left = std::chrono::ceil<milliseconds>(pauseEnd_ - std::chrono::steady_clock::now());
+    return std::max(left, milliseconds(0));
+}
+
+} // namespace Quillane

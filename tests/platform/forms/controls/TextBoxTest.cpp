@@ -1,0 +1,154 @@
+#include "platform/forms/controls/TextBox.h"
+
+#include "platform/forms/TrialScreen.h"
+#include "support/ScreenDriver.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+
+#include <gtest/gtest.h>
+
+namespace Quillane::Testing {
+namespace {
+
+class TextBoxTest : public testing::Test {
+protected:
+    TextBoxTest() {
+        screen.Show();
+        box.Change = [this] { changes.push_back(box.Text()); };
+    }
+
+    QLineEdit& Edit() { return dynamic_cast<QLineEdit&>(box.Widget()); }
+
+    TrialScreen screen;
+    TextBox& box = screen.First;
+    ScreenDriver driver{screen};
+    Events changes;
+};
+
+TEST_F(TextBoxTest, ChangesOnceForEachEditOfTheOperator) {
+    driver.Type("ab").Press(Qt::Key_Backspace);
+    EXPECT_EQ((Events{"a", "ab", "a"}), changes);
+}
+
+TEST_F(TextBoxTest, ChangesInsideEachWriteAlsoOfTheSameText) {
+    box.SetText("12");
+    box.SetText("12");
+    box.SetText("");
+    box.SetText("");
+    EXPECT_EQ((Events{"12", "12", "", ""}), changes);
+}
+
+TEST_F(TextBoxTest, ChangesOnceWhenTextIsPastedOverASelection) {
+    box.SetText("old");
+    changes.clear();
+    box.SelectAll();
+    QApplication::clipboard()->setText("new");
+    driver.Press(Qt::CTRL | Qt::Key_V);
+    EXPECT_EQ((Events{"new"}), changes);
+}
+
+TEST_F(TextBoxTest, LimitsWhatIsTypedAndPasted) {
+    box.SetMaxLength(4);
+    driver.Type("12345");
+    EXPECT_EQ("1234", box.Text());
+    EXPECT_EQ(4u, changes.size());
+    QApplication::clipboard()->setText("98765");
+    box.SelectAll();
+    driver.Press(Qt::CTRL | Qt::Key_V);
+    EXPECT_EQ("9876", box.Text());
+}
+
+TEST_F(TextBoxTest, KeepsAWriteFromCodeWholeThoughItIsLongerThanTheLimit) {
+    box.SetMaxLength(4);
+    box.SetText("1234567");
+    EXPECT_EQ("1234567", box.Text());
+    driver.Press(Qt::Key_End).Type("8");
+    EXPECT_EQ("1234567", box.Text());
+    driver.Press(Qt::Key_Backspace);
+    EXPECT_EQ("123456", box.Text());
+    driver.Type("9");
+    EXPECT_EQ("123456", box.Text());
+    driver.Press(Qt::Key_Backspace).Press(Qt::Key_Backspace).Press(Qt::Key_Backspace);
+    driver.Type("9").Type("9");
+    EXPECT_EQ("1239", box.Text());
+    EXPECT_EQ(4, box.MaxLength());
+}
+
+TEST_F(TextBoxTest, HasNoLimitUnlessOneIsSet) {
+    EXPECT_EQ(0, box.MaxLength());
+    const std::string text(40000, 'x');
+    box.SetText(text);
+    EXPECT_EQ(text, box.Text());
+}
+
+TEST_F(TextBoxTest, TakesTheFocusButNoTypingWhileItIsLocked) {
+    box.SetLocked(true);
+    driver.Type("a");
+    EXPECT_TRUE(box.Locked());
+    EXPECT_EQ("", box.Text());
+    EXPECT_TRUE(box.CanTakeFocus());
+    box.SetText("12540");
+    EXPECT_EQ("12540", box.Text());
+}
+
+TEST_F(TextBoxTest, KeepsTextBeyondAscii) {
+    box.SetText("گندم é");
+    EXPECT_EQ("گندم é", box.Text());
+}
+
+TEST_F(TextBoxTest, SelectsItsTextOnlyWhenAsked) {
+    box.SetText("text");
+    screen.Second.SetFocus();
+    driver.Press(Qt::Key_Backtab);
+    EXPECT_EQ("", box.SelectedText());
+    box.SelectAll();
+    EXPECT_EQ("text", box.SelectedText());
+}
+
+TEST_F(TextBoxTest, ShowsAWriteFromCodeHoweverSoonItIsLookedAt) {
+    const auto picture = [this] { return box.Widget().grab().toImage(); };
+    screen.Second.SetFocus(); // away with the caret
+    QApplication::processEvents();
+    box.SetText("12540");
+    const QImage atOnce = picture();
+    QApplication::processEvents();
+    EXPECT_EQ(atOnce, picture());
+    box.SetText("");
+    EXPECT_NE(atOnce, picture());
+
+    box.SetFocus();
+    box.SetText("4320");
+    box.SelectAll();
+    EXPECT_EQ("4320", box.SelectedText());
+    box.SetText("81");
+    EXPECT_EQ("", box.SelectedText());
+    box.SetText("125");
+    driver.Press(Qt::Key_Backspace).Type("40");
+    EXPECT_EQ("1240", box.Text());
+}
+
+TEST_F(TextBoxTest, LooksClosedButLegibleWhileItIsDisabled) {
+    box.SetEnabled(false);
+    const QPalette palette = Edit().palette();
+    EXPECT_EQ(QColor(0xE0, 0xE0, 0xE0), palette.color(QPalette::Disabled, QPalette::Base));
+    EXPECT_LT(palette.color(QPalette::Disabled, QPalette::Text).lightness(), 80);
+    box.SetBackColor(0xC0FFFF);
+    EXPECT_EQ(QColor(0xFF, 0xFF, 0xC0), Edit().palette().color(QPalette::Disabled, QPalette::Base));
+}
+
+TEST_F(TextBoxTest, ShowsItselfAsItIsToldTo) {
+    box.SetAlignment(TextBox::Alignment::Right);
+    EXPECT_TRUE(Edit().alignment() & Qt::AlignRight);
+    box.SetAlignment(TextBox::Alignment::Centre);
+    EXPECT_TRUE(Edit().alignment() & Qt::AlignHCenter);
+    box.SetFont("Arial", 21.75, true);
+    EXPECT_DOUBLE_EQ(21.75, Edit().font().pointSizeF());
+    EXPECT_TRUE(Edit().font().bold());
+    box.SetPassword(true);
+    EXPECT_EQ(QLineEdit::Password, Edit().echoMode());
+}
+
+} // namespace
+} // namespace Quillane::Testing

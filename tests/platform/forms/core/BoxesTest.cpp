@@ -1,0 +1,148 @@
+#include "platform/forms/core/Boxes.h"
+
+#include "platform/forms/TrialScreen.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+namespace Quillane::Testing {
+namespace {
+
+BoxAnswer AnswerWith(const Box& box, Qt::Key key) {
+    const VisitBox visit([key](QDialog& shown) {
+        const QPointer<QDialog> open = &shown;
+        PressIn(shown, key);
+        WaitFor([&] { return !open || !open->isVisible(); });
+    });
+    return MsgBox(box);
+}
+
+TEST(MessageBox, ShowsItsTextPlainlyUnderItsTitle) {
+    const VisitBox visit([](QDialog& shown) {
+        auto& box = dynamic_cast<QMessageBox&>(shown);
+        EXPECT_EQ("<b>Seller</b> & Co", box.text().toStdString());
+        EXPECT_EQ(Qt::PlainText, box.textFormat());
+        EXPECT_EQ("Alert", box.windowTitle().toStdString());
+        EXPECT_EQ(QMessageBox::Question, box.icon());
+        EXPECT_EQ(QMessageBox::Yes | QMessageBox::No, box.standardButtons());
+        box.reject();
+    });
+    MsgBox(Question("<b>Seller</b> & Co"));
+}
+
+// The frame's picture and buttons stand beside the title, which tells where the box comes from.
+TEST(MessageBox, IsWideEnoughForItsTitleHoweverShortItsText) {
+    for (const char* title : {"Quillane", "Confirmation", "A title of many words, as a file's"}) {
+        const VisitBox visit([&](QDialog& shown) {
+            EXPECT_GE(shown.width(), shown.fontMetrics().horizontalAdvance(title) + 140) << title;
+            PressIn(shown, Qt::Key_Return);
+        });
+        MsgBox(Critical("Overflow", title));
+    }
+}
+
+TEST(MessageBox, MayHaveAnEmptyTitle) {
+    const VisitBox visit([](QDialog& shown) {
+        EXPECT_EQ("", shown.windowTitle().toStdString());
+        PressIn(shown, Qt::Key_Return);
+    });
+    EXPECT_EQ(BoxAnswer::Ok, MsgBox({.text = "Text"}));
+}
+
+TEST(MessageBox, TakesEnterForItsDefaultButtonAndEscapeForNo) {
+    Box box = Question("Save?");
+    EXPECT_EQ(BoxAnswer::Yes, AnswerWith(box, Qt::Key_Return));
+    EXPECT_EQ(BoxAnswer::No, AnswerWith(box, Qt::Key_Escape));
+    EXPECT_EQ(BoxAnswer::No, AnswerWith(box, Qt::Key_N));
+    box.defaultButton = BoxAnswer::No;
+    EXPECT_EQ(BoxAnswer::No, AnswerWith(box, Qt::Key_Return));
+    EXPECT_EQ(BoxAnswer::Yes, AnswerWith(box, Qt::Key_Y));
+}
+
+TEST(MessageBox, TakesEscapeForItsOnlyButton) {
+    EXPECT_EQ(BoxAnswer::Ok, AnswerWith(Alert("Text"), Qt::Key_Escape));
+}
+
+TEST(MessageBox, IsUpUntilItIsAnswered) {
+    EXPECT_FALSE(BoxIsUp());
+    {
+        const VisitBox visit([](QDialog& shown) {
+            EXPECT_TRUE(BoxIsUp());
+            shown.reject();
+        });
+        MsgBox(Alert("Text"));
+    }
+    EXPECT_FALSE(BoxIsUp());
+}
+
+std::string EnterInto(const InputPrompt& prompt, std::function<void(QDialog&)> act) {
+    const VisitBox visit(std::move(act));
+    return InputBox(prompt);
+}
+
+TEST(InputBoxOfAScreen, GivesWhatWasTyped) {
+    const InputPrompt prompt{.prompt = "Company", .title = "Name", .defaultText = "VELTRANE"};
+    EXPECT_EQ("VELTRANE", EnterInto(prompt, [](QDialog& shown) {
+                  EXPECT_EQ("Name", shown.windowTitle().toStdString());
+                  PressIn(shown, Qt::Key_Return);
+              }));
+    EXPECT_EQ("Q", EnterInto(prompt, [](QDialog& shown) {
+                  shown.findChild<QLineEdit*>()->setText("Q");
+                  PressIn(shown, Qt::Key_Return);
+              }));
+}
+
+TEST(InputBoxOfAScreen, GivesTheEmptyTextWhenItIsCancelled) {
+    EXPECT_EQ("", EnterInto({.prompt = "Company", .title = "Name", .defaultText = "VELTRANE"},
+                            [](QDialog& shown) { PressIn(shown, Qt::Key_Escape); }));
+}
+
+TEST(ProgramTitleOfBoxes, IsTheApplicationsName) {
+    EXPECT_EQ("Quillane", ProgramTitle());
+}
+
+TEST(BoxAnswersGivenInAdvance, ComeInOrder) {
+    BoxAnswers answers;
+    answers.Expect(Question("Save?"), BoxAnswer::No)
+        .ExpectInput({.prompt = "Name", .title = "T", .defaultText = ""}, "X")
+        .Allow(Alert("Port"));
+    MsgBox(Alert("Port"));
+    EXPECT_EQ(BoxAnswer::No, MsgBox(Question("Save?")));
+    MsgBox(Alert("Port"));
+    EXPECT_EQ("X", InputBox({.prompt = "Name", .title = "T", .defaultText = ""}));
+    EXPECT_EQ(0u, answers.Remaining());
+}
+
+TEST(BoxAnswersGivenInAdvance, FailTheTestWhenABoxIsUnexpected) {
+    EXPECT_NONFATAL_FAILURE(MsgBox(Alert("Surprise")), "Unexpected box \"Surprise\"");
+    BoxAnswers answers;
+    EXPECT_NONFATAL_FAILURE(MsgBox(Question("Surprise")), "Unexpected box \"Surprise\"");
+}
+
+TEST(BoxAnswersGivenInAdvance, FailTheTestWhenAnythingOfTheBoxDiffers) {
+    const Box expected = Question("Save?");
+    Box others[] = {expected, expected, expected, expected, expected};
+    others[0].text = "save?";
+    others[1].title = "alert";
+    others[2].icon = BoxIcon::None;
+    others[3].buttons = BoxButtons::Ok;
+    others[4].defaultButton = BoxAnswer::No;
+    for (const Box& other : others) {
+        BoxAnswers answers;
+        answers.Expect(expected);
+        EXPECT_NONFATAL_FAILURE(MsgBox(other), "Save?");
+    }
+}
+
+TEST(BoxAnswersGivenInAdvance, FailTheTestWhenTheyAreNeverAskedFor) {
+    EXPECT_NONFATAL_FAILURE({ BoxAnswers().Expect(Alert("Late")); }, "Never asked: box \"Late\"");
+}
+
+} // namespace
+} // namespace Quillane::Testing

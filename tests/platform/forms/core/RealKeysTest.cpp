@@ -1,0 +1,89 @@
+// Keys and clicks that come from the display's server, as an operator's do. Off screen there is
+// none.
+
+#include "platform/forms/TrialScreen.h"
+#include "platform/forms/core/Boxes.h"
+#include "support/ScreenDriver.h"
+
+#include <QGuiApplication>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace Quillane::Testing {
+namespace {
+
+class RealKeys : public testing::Test {
+protected:
+    void SetUp() override {
+        if (QGuiApplication::platformName() != "xcb") {
+            GTEST_SKIP() << "Needs a display";
+        }
+        screen.Show();
+        ASSERT_TRUE(WaitFor([&] { return screen.isActiveWindow(); }));
+        screen.Taken();
+    }
+
+    // Without the event loop: what is sent waits until the screen has time for it.
+    static void Send(const QStringList& arguments) {
+        ASSERT_EQ(0, QProcess::execute("xdotool", arguments));
+    }
+
+    TrialScreen screen;
+};
+
+TEST_F(RealKeys, TypedAheadWhileTheScreenIsBusyGoWhereTheyWouldHaveGone) {
+    int enters = 0;
+    screen.OnKeyDown = [&](int& key, int) {
+        if (key == Key::Return) {
+            key = 0;
+            if (++enters == 1) {
+                Send({"key", "b", "Return", "c"});
+            }
+            screen.SendTab();
+        }
+    };
+    Send({"key", "a", "Return"});
+    EXPECT_TRUE(WaitFor([&] { return screen.Third.Text() == "c"; }));
+    EXPECT_EQ("a", screen.First.Text());
+    EXPECT_EQ("b", screen.Second.Text());
+}
+
+TEST_F(RealKeys, WithAltReachTheScreenAndPressTheButton) {
+    screen.LogKeys = true;
+    screen.BtnGo.Click = [&] { screen.Log.push_back("Click"); };
+    Send({"key", "alt+g"});
+    EXPECT_TRUE(WaitFor([&] { return !screen.Log.empty() && screen.Log.back() == "Click"; }));
+    EXPECT_EQ(
+        (Events{"KeyDown 71 4", "Validate First", "LostFocus First", "GotFocus BtnGo", "Click"}),
+        screen.Taken());
+}
+
+TEST_F(RealKeys, OfABoxStayWithIt) {
+    screen.LogKeys = true;
+    BoxAnswer answer = BoxAnswer::Ok;
+    {
+        const VisitBox visit([](QDialog& box) {
+            WaitFor([&] { return box.isActiveWindow(); });
+            Send({"key", "Escape"});
+            WaitFor([&] { return !BoxIsUp() || !box.isVisible(); });
+        });
+        answer = MsgBox({.text = "Save?", .title = "Alert", .buttons = BoxButtons::YesNo});
+    }
+    EXPECT_EQ(BoxAnswer::No, answer);
+    EXPECT_EQ(Events{}, screen.Taken());
+    Send({"key", "x"});
+    EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "x"; }));
+}
+
+TEST_F(RealKeys, ShareTheFocusWithTheMouse) {
+    const QPoint middle = screen.Third.Widget().mapToGlobal(screen.Third.Widget().rect().center());
+    Send({"mousemove", QString::number(middle.x()), QString::number(middle.y()), "click", "1"});
+    EXPECT_TRUE(WaitFor([&] { return screen.ActiveControlName() == "Third"; }));
+    EXPECT_EQ((Events{"Validate First", "LostFocus First", "GotFocus Third"}), screen.Taken());
+    Send({"key", "shift+Tab", "y"});
+    EXPECT_TRUE(WaitFor([&] { return screen.Second.Text() == "y"; }));
+}
+
+} // namespace
+} // namespace Quillane::Testing

@@ -1,0 +1,46 @@
+#include "platform/forms/grids/SSOleDBGridTrial.h"
+
+namespace Quillane {
+namespace {
+
+class SSOleDBGridScrollBarTest : public SSOleDBGridTest {
+protected:
+    /// How often a change paints the scroll bar.
+    template <typename Change>
+    int PaintsFor(const Change& change) {
+        Settle();
+        Paints paints(*View().verticalScrollBar());
+        change();
+        Settle();
+        return paints.count;
+    }
+};
+
+TEST_F(SSOleDBGridScrollBarTest, IsNotPaintedWhereItsSliderStaysInPlace) {
+    Show(5000);
+    EXPECT_EQ(PaintsFor([this] { Show(4994); }), 0);
+    EXPECT_EQ(View().verticalScrollBar()->maximum(), 4994 - LinesInView());
+    View().verticalScrollBar()->setValue(2500);
+    EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(2501); }), 0);
+    EXPECT_EQ(Top(), 2501);
+}
+
+TEST_F(SSOleDBGridScrollBarTest, IsPaintedWhereItsSliderMovesOrChangesItsLength) {
+    Show(5000);
+    EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(2500); }), 1);
+    EXPECT_EQ(PaintsFor([this] { Show(60); }), 1);
+    EXPECT_EQ(PaintsFor([this] { Show(30); }), 1);
+    EXPECT_EQ(PaintsFor([this] { Show(0); }), 1);
+    EXPECT_EQ(PaintsFor([this] { Show(5000); }), 1);
+}
+
+// Its arrows may look different there.
+TEST_F(SSOleDBGridScrollBarTest, IsPaintedWhereItLeavesOrReachesAnEnd) {
+    Show(5000);
+    EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(1); }), 1);
+    EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(2); }), 0);
+    EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(0); }), 1);
+}
+
+} // namespace
+} // namespace Quillane

@@ -1,0 +1,68 @@
+#include "servers/SqlServerDatabase.h"
+
+#include "platform/ado/Connection.h"
+#include "platform/runtime/Numbers.h"
+
+#include <unistd.h>
+
+#include <fstream>
+
+namespace Quillane {
+
+namespace {
+
+constexpr auto fragmentFile = QUILLANE_TEST_FOLDER "/sqlserver.local";
+
+std::string Fragment() {
+    std::ifstream file(fragmentFile);
+    std::string line;
+    std::getline(file, line);
+    return line;
+}
+
+/// The fragment's own database gives way to the one of the test.
+std::string ConnectionText(const std::string& database) {
+    std::string text = "Driver=SQL Server;Database=" + database;
+    const std::string fragment = Fragment();
+    for (std::size_t begin = 0; begin < fragment.size();) {
+        const std::size_t end = std::min(fragment.find(';', begin), fragment.size());
+        const std::string entry = fragment.substr(begin, end - begin);
+        if (!EqualIgnoringCase(entry.substr(0, 9), "Database="))
+            text += ";" + entry;
+        begin = end + 1;
+    }
+    return text;
+}
+
+void RunOnServer(const std::string& statement) {
+    Connection connection;
+    connection.Open(ConnectionText("master"));
+    connection.Execute(statement);
+}
+
+} // namespace
+
+SqlServerDatabase::SqlServerDatabase() {
+    static int count = 0;
+    name_ = "Account1_" + std::to_string(getpid()) + "_" + std::to_string(++count);
+    RunOnServer("CREATE DATABASE " + name_);
+}
+
+SqlServerDatabase::~SqlServerDatabase() {
+    try {
+        RunOnServer("DROP DATABASE " + name_);
+    } catch (const std::exception&) {
+        // Nothing hinders the next test, whose database has another name.
+    }
+}
+
+std::string SqlServerDatabase::WhyMissing() {
+    return std::ifstream(fragmentFile) ? std::string()
+                                       : std::string("no file tests/sqlserver.local names one");
+}
+
+std::string SqlServerDatabase::ConnectionString() const {
+    return ConnectionText(name_);
+}
+
+} // namespace Quillane

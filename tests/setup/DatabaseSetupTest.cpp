@@ -1,0 +1,303 @@
+#include "setup/DatabaseSetup.h"
+
+#include "station/SampleDatabase.h"
+
+#include "platform/host/ProgramFolder.h"
+#include "platform/host/StationFile.h"
+#include "setup/CreateDatabaseDialog.h"
+#include "setup/StationSetUp.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+namespace Quillane {
+
+using Testing::BoxAnswers;
+using Testing::ScreenDriver;
+using Testing::VisitModal;
+
+namespace {
+
+constexpr const char* Title = "Set up the station";
+
+Box Told(const std::string& text) {
+    return {.text = text, .title = Title, .icon = BoxIcon::Exclamation, .buttons = BoxButtons::Ok};
+}
+
+} // namespace
+
+// ---- the dialog ----
+
+class CreateDatabase : public testing::Test {
+protected:
+    void SetUp() override {
+        TheStation() = StationFile();
+        SetProgramFolder(folder.path);
+    }
+    void TearDown() override {
+        SetProgramFolder("");
+        TheStation() = StationFile();
+    }
+
+    std::string File() const { return folder.File("Account1.db"); }
+
+    Box UseExisting() const {
+        return {.text = "There is already a database here:\r\n" + File() +
+                        "\r\n(Veltrane Flour Mills; 12 arrivals, 2 users)\r\n\r\n"
+                        "Use it as it is? Nothing in it is changed.",
+                .title = Title,
+                .icon = BoxIcon::Question,
+                .buttons = BoxButtons::YesNo};
+    }
+
+    static void FillIn(ScreenDriver& driver) {
+        for (const char* text :
+             {"Veltrane", "14 Canal Road", "044", "g@v.example", "nadia", "grain", "grain"})
+            driver.Type(text).Press(Qt::Key_Return);
+    }
+
+    FreshFolder folder;
+    DatabaseSetupObject setup;
+};
+
+TEST_F(CreateDatabase, SetsTheStationUpByKeys) {
+    const VisitModal visit([](Screen& screen) {
+        ScreenDriver driver(screen);
+        EXPECT_EQ(screen.ActiveControlName(), "TxtCompanyName");
+        FillIn(driver);
+        EXPECT_EQ(screen.ActiveControlName(), "ChkSampleRows");
+        driver.Press(Qt::Key_Space).Press(Qt::Key_Return);
+        EXPECT_FALSE(screen.IsLoaded());
+    });
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded());
+    EXPECT_EQ(folder.Read("Config.ini"), "Server=(embedded);Database=Account1\n");
+    const EmbeddedDatabase made = LookAtEmbeddedDatabase(File());
+    EXPECT_EQ(made.companyName, "Veltrane");
+    EXPECT_EQ(made.arrivals, 12);
+    EXPECT_EQ(made.users, 2);
+    EXPECT_EQ(TheStation().CompanyNames[1], "Veltrane");
+}
+
+TEST_F(CreateDatabase, MakesNoSampleRowsUnlessWanted) {
+    const VisitModal visit([](Screen& screen) {
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        driver.Press(Qt::Key_Return);
+    });
+    setup.CreateDatabase();
+    EXPECT_EQ(LookAtEmbeddedDatabase(File()).arrivals, 0);
+    EXPECT_EQ(LookAtEmbeddedDatabase(File()).users, 1);
+}
+
+TEST_F(CreateDatabase, LeavesNothingWhereItIsGivenUp) {
+    const VisitModal visit([](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("Veltrane").Press(Qt::Key_Escape);
+    });
+    setup.CreateDatabase();
+    EXPECT_FALSE(setup.Succeeded());
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path));
+}
+
+TEST_F(CreateDatabase, RefusesBadEntriesAndLosesNothing) {
+    struct Case {
+        TextBox CreateDatabaseDialog::*box;
+        const char* bad;
+        const char* good;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {&CreateDatabaseDialog::TxtCompanyName, "  ", "Veltrane",
+         "Please give the company's name."},
+        {&CreateDatabaseDialog::TxtCompanyName, "Miller's", "Veltrane",
+         "The company's name cannot hold an apostrophe."},
+        {&CreateDatabaseDialog::TxtCompanyEmail, "gate", "",
+         "This is no e-mail address. It may also stay empty."},
+        {&CreateDatabaseDialog::TxtCompanyEmail, "@x", "g@v.example",
+         "This is no e-mail address. It may also stay empty."},
+        {&CreateDatabaseDialog::TxtUserName, " ", "nadia", "Please give the first user's name."},
+        {&CreateDatabaseDialog::TxtPassword, "", "grain", "Please give the first user a password."},
+        {&CreateDatabaseDialog::TxtPasswordAgain, "Grain", "grain",
+         "The two passwords differ. Please type it again."},
+    };
+    const VisitModal visit([&](Screen& screen) {
+        auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        for (const Case& each : cases) {
+            TextBox& box = dialog.*each.box;
+            box.SetText(each.bad);
+            BoxAnswers answers;
+            answers.Expect(Told(each.reason));
+            driver.Press(Qt::CTRL | Qt::Key_Return);
+            EXPECT_EQ(dialog.ActiveControl(), &box) << each.reason;
+            EXPECT_EQ(box.Text(), each.bad);
+            EXPECT_EQ(dialog.TxtCompanyAddress.Text(), "14 Canal Road");
+            box.SetText(each.good);
+        }
+        EXPECT_TRUE(std::filesystem::is_empty(folder.path));
+        driver.Press(Qt::CTRL | Qt::Key_Return);
+    });
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded());
+}
+
+TEST_F(CreateDatabase, OffersTheStationsOwnName) {
+    TheStation().CompanyNames[1] = "Brellix";
+    const VisitModal visit([](Screen& screen) {
+        EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).TxtCompanyName.Text(), "Brellix");
+        ScreenDriver(screen).Press(Qt::Key_Escape);
+    });
+    setup.CreateDatabase();
+}
+
+TEST_F(CreateDatabase, UsesADatabaseThatIsThereWhereTheUserSaysSo) {
+    CreateEmbeddedDatabase(File(), SampleParticulars());
+    BoxAnswers answers;
+    answers.Expect(UseExisting(), BoxAnswer::Yes);
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded());
+    EXPECT_TRUE(folder.Has("Config.ini"));
+    EXPECT_EQ(TheStation().CompanyNames[1], "Veltrane Flour Mills");
+    EXPECT_EQ(LookAtEmbeddedDatabase(File()).arrivals, 12);
+}
+
+TEST_F(CreateDatabase, KeepsADatabaseThatIsThereWhereTheUserSaysNo) {
+    CreateEmbeddedDatabase(File(), SampleParticulars());
+    BoxAnswers answers;
+    answers.Expect(UseExisting(), BoxAnswer::No);
+    answers.Expect(UseExisting(), BoxAnswer::No);
+    const VisitModal visit([](Screen& screen) {
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        driver.Press(Qt::Key_Return);
+        EXPECT_TRUE(screen.IsLoaded());
+        driver.Press(Qt::Key_Escape);
+    });
+    setup.CreateDatabase();
+    EXPECT_FALSE(setup.Succeeded());
+    EXPECT_FALSE(folder.Has("Config.ini"));
+    EXPECT_EQ(LookAtEmbeddedDatabase(File()).companyName, "Veltrane Flour Mills");
+}
+
+TEST_F(CreateDatabase, TellsOfAFileThatIsNoDatabaseAndStays) {
+    folder.Write("Account1.db", "a letter, much longer than the head of a database file would be, "
+                                "so that nobody takes it for a beginning of one");
+    BoxAnswers answers;
+    answers.Expect(Told("There is already a file of the new database's name:\r\n" + File() +
+                        "\r\nIt is no database.\r\n\r\nIt is left as it is. Please move it away, "
+                        "and try again."));
+    const VisitModal visit([this](Screen& screen) {
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        driver.Press(Qt::Key_Return);
+        EXPECT_TRUE(screen.IsLoaded());
+        std::filesystem::remove(File());
+        driver.Press(Qt::CTRL | Qt::Key_Return);
+    });
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded());
+}
+
+TEST_F(CreateDatabase, TellsWhereTheFolderCannotBeWrittenAndLosesNoEntry) {
+    SetProgramFolder(folder.path + "/gone");
+    BoxAnswers answers;
+    answers.Expect(Testing::Critical(
+        "unable to open database file: " + folder.path + "/gone/Account1.db.new", "Database"));
+    const VisitModal visit([](Screen& screen) {
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        driver.Press(Qt::Key_Return);
+        EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).TxtUserName.Text(), "nadia");
+        driver.Press(Qt::Key_Escape);
+    });
+    setup.CreateDatabase();
+    EXPECT_FALSE(setup.Succeeded());
+}
+
+TEST_F(CreateDatabase, GoesOnWhereAnEarlierSetUpBrokeOffAnywhere) {
+    folder.Write("Account1.db.new", "half a database");
+    folder.Write("Station.ini", "[CompanyNames]\n1=Veltrane\n");
+    TheStation() = StationFile::Read(folder.File("Station.ini"));
+    const VisitModal visit([](Screen& screen) {
+        auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);
+        dialog.TxtCompanyName.SetText("");
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        driver.Press(Qt::Key_Return);
+    });
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded());
+}
+
+// ---- the versions ----
+
+class DatabaseVersions : public testing::Test {
+protected:
+    void SetUp() override { setup.SetConnection(database.connection); }
+    void Run(const char* statement) { database.connection.Execute(statement); }
+    Box Warned(const std::string& text) {
+        return {.text = text,
+                .title = "Quillane",
+                .icon = BoxIcon::Exclamation,
+                .buttons = BoxButtons::Ok};
+    }
+
+    SampleDatabase database;
+    DatabaseSetupObject setup;
+};
+
+TEST_F(DatabaseVersions, AgreeInANewDatabase) {
+    EXPECT_EQ(setup.DatabaseVersion(), setup.ProgramVersion());
+}
+
+TEST_F(DatabaseVersions, AnOlderDatabaseIsCopiedAndBroughtUpToDate) {
+    SKIP_ON_SQL_SERVER("only a file is copied; the steps there have tests of their own");
+    Run("Drop Table StationSchema");
+    EXPECT_EQ(setup.DatabaseVersion(), 0);
+    setup.UpgradeDatabase();
+    EXPECT_EQ(setup.DatabaseVersion(), setup.ProgramVersion());
+    const EmbeddedDatabase copy =
+        LookAtEmbeddedDatabase(database.folder.File("Account1-before-1.db"));
+    EXPECT_EQ(copy.kind, EmbeddedDatabase::Kind::Foreign)
+        << "as it was, without the number's table";
+}
+
+TEST_F(DatabaseVersions, ANewerDatabaseIsToldAndLeftAlone) {
+    Run("Update StationSchema Set SchemaVersion = 99");
+    BoxAnswers answers;
+    answers.Expect(Warned("The database has the schema number 99, which is newer than this program "
+                          "(1).\r\nThe database is left as it is. Please install the newer program "
+                          "here."));
+    setup.UpgradeDatabase();
+    EXPECT_EQ(setup.DatabaseVersion(), 99);
+    EXPECT_FALSE(database.folder.Has("Account1-before-1.db"));
+}
+
+TEST_F(DatabaseVersions, ANumberThatCannotBeReadIsToldAndLeftAlone) {
+    SKIP_ON_SQL_SERVER("its column holds numbers only");
+    Run("Update StationSchema Set SchemaVersion = 'one'");
+    BoxAnswers answers;
+    answers.Expect(Warned("The schema number of the database cannot be read: the table "
+                          "StationSchema must hold one row with a number.\r\nThe database is left "
+                          "as it is. Please ask the person who looks after the database."));
+    setup.UpgradeDatabase();
+    EXPECT_EQ(database.Ask("Select SchemaVersion From StationSchema").Text(), "one");
+}
+
+TEST_F(DatabaseVersions, AFailedUpgradeIsToldAndLosesNothing) {
+    SKIP_ON_SQL_SERVER("the steps there have tests of their own");
+    Run("Drop Table StationSchema");
+    Run("Drop Table Project_Registry");
+    Run("Create View Project_Registry As Select 1 As registrykey, 2 As value");
+    BoxAnswers answers;
+    answers.Expect(
+        Testing::Critical("cannot modify Project_Registry because it is a view", "Database"));
+    setup.UpgradeDatabase();
+    EXPECT_EQ(setup.DatabaseVersion(), 0);
+    EXPECT_EQ(database.Ask("Select Count(*) From Arrivals").Number(), 12);
+}
+
+} // namespace Quillane

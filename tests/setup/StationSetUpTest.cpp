@@ -1,0 +1,72 @@
+#include "setup/StationSetUp.h"
+
+#include "station/SampleDatabase.h"
+
+#include "platform/host/StationFile.h"
+#include "platform/runtime/Failure.h"
+
+#include <gtest/gtest.h>
+
+namespace Quillane {
+
+class StationSetUp : public testing::Test {
+protected:
+    void SetUp() override { TheStation() = StationFile(); }
+    void TearDown() override { TheStation() = StationFile(); }
+    FreshFolder folder;
+};
+
+TEST(WithCompanyName, ReplacesOrAddsTheEntryAndKeepsTheRest) {
+    struct Case {
+        const char* before;
+        const char* after;
+    };
+    constexpr Case cases[] = {
+        {"", "[CompanyNames]\n1=Mill\n"},
+        {"[CompanyNames]\n1=Old\n2=Other\n", "[CompanyNames]\n1=Mill\n2=Other\n"},
+        {"[companynames]\n 1 = Old\n", "[companynames]\n1=Mill\n"},
+        {"[CompanyNames]\n2=Other\n", "[CompanyNames]\n1=Mill\n2=Other\n"},
+        {"[Ports]\n1=/dev/x", "[Ports]\n1=/dev/x\n\n[CompanyNames]\n1=Mill\n"},
+        {"; note\n[CompanyNames]\n[Ports]\n1=/dev/x\n",
+         "; note\n[CompanyNames]\n1=Mill\n[Ports]\n1=/dev/x\n"},
+        {"[CompanyNames]\n1=Old", "[CompanyNames]\n1=Mill\n"},
+        {"\xEF\xBB\xBF[CompanyNames]\n1=Old\n", "\xEF\xBB\xBF[CompanyNames]\n1=Mill\n"},
+        {"[CompanyNames]\r\n10=x\r\n", "[CompanyNames]\r\n1=Mill\n10=x\r\n"},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(WithCompanyName(each.before, "Mill"), each.after) << each.before;
+}
+
+TEST_F(StationSetUp, LeavesTheDatabaseTheNameAndTheConfigFile) {
+    SetUpStation(folder.path, SampleParticulars());
+    EXPECT_EQ(LookAtEmbeddedDatabase(folder.File("Account1.db")).companyName,
+              "Veltrane Flour Mills");
+    EXPECT_EQ(folder.Read("Config.ini"), "Server=(embedded);Database=Account1\n");
+    EXPECT_EQ(StationFile::Read(folder.File("Station.ini")).CompanyNames[1],
+              "Veltrane Flour Mills");
+    EXPECT_EQ(TheStation().CompanyNames[1], "Veltrane Flour Mills");
+}
+
+TEST_F(StationSetUp, LeavesAStationFileThatHasTheNameAlone) {
+    folder.Write("Station.ini", "[CompanyNames]\n1=Veltrane Flour Mills\n# mine\n");
+    TheStation() = StationFile::Read(folder.File("Station.ini"));
+    SetUpStation(folder.path, SampleParticulars());
+    EXPECT_EQ(folder.Read("Station.ini"), "[CompanyNames]\n1=Veltrane Flour Mills\n# mine\n");
+}
+
+TEST_F(StationSetUp, WritesNoConfigFileWhereTheDatabaseCannotBeMade) {
+    folder.Write("Account1.db", "something else");
+    EXPECT_THROW(SetUpStation(folder.path, SampleParticulars()), Failure);
+    EXPECT_FALSE(folder.Has("Config.ini"));
+    EXPECT_EQ(folder.Read("Account1.db"), "something else");
+}
+
+TEST_F(StationSetUp, AdoptsADatabaseWithItsName) {
+    AdoptDatabase(folder.path, "Brellix");
+    EXPECT_EQ(TheStation().CompanyNames[1], "Brellix");
+    EXPECT_TRUE(folder.Has("Config.ini"));
+    AdoptDatabase(folder.path, "Another");
+    EXPECT_EQ(TheStation().CompanyNames[1], "Brellix");
+}
+
+} // namespace Quillane

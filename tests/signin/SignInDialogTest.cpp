@@ -1,0 +1,132 @@
+#include "signin/SignInDialog.h"
+
+#include "station/SampleDatabase.h"
+
+#include "signin/UserLogin.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+namespace Quillane {
+
+using Testing::BoxAnswers;
+using Testing::RunModal;
+using Testing::ScreenDriver;
+using Testing::WaitFor;
+
+class SignIn : public testing::Test {
+protected:
+    void SetUp() override { login.SetConnection(database.connection); }
+
+    void TryWrong(ScreenDriver& driver, int times) {
+        for (int time = 0; time < times; ++time)
+            driver.Type("x").Press(Qt::Key_Return);
+    }
+
+    SampleDatabase database;
+    UserLoginObject login;
+    SignInDialog dialog{login};
+};
+
+TEST_F(SignIn, MovesByEnterAndSignsInFromThePassword) {
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName");
+        driver.Type("nadia").Press(Qt::Key_Return);
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtPassword");
+        driver.Type("grain").Press(Qt::Key_Return);
+        EXPECT_FALSE(dialog.IsLoaded());
+    });
+    EXPECT_EQ(login.UserLevel(), 1);
+}
+
+TEST_F(SignIn, WalksByTabAndPressesAButtonByEnterOrSpace) {
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nadia").Press(Qt::Key_Tab).Type("grain").Press(Qt::Key_Tab);
+        EXPECT_EQ(dialog.ActiveControlName(), "BtnSignIn");
+        driver.Press(Qt::Key_Tab);
+        EXPECT_EQ(dialog.ActiveControlName(), "BtnCancel");
+        driver.Press(Qt::Key_Tab);
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName");
+        driver.Press(Qt::Key_Tab).Press(Qt::Key_Tab).Press(Qt::Key_Return);
+    });
+    EXPECT_EQ(login.UserLevel(), 1);
+}
+
+TEST_F(SignIn, GivesUpByEscapeButtonAndCloseBox) {
+    RunModal(dialog, [](Screen& screen) { ScreenDriver(screen).Press(Qt::Key_Escape); });
+    RunModal(dialog, [this](Screen& screen) { ScreenDriver(screen).Click(dialog.BtnCancel); });
+    RunModal(dialog, [this](Screen&) { dialog.close(); });
+    EXPECT_EQ(login.UserLevel(), 0);
+}
+
+TEST_F(SignIn, KeepsTheNameAndAsksForThePasswordAgain) {
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nadia").Press(Qt::Key_Return).Type("chaff").Press(Qt::Key_Return);
+        EXPECT_EQ(dialog.Message(), "The name or the password is wrong.");
+        EXPECT_EQ(dialog.TxtUserName.Text(), "nadia");
+        EXPECT_EQ(dialog.TxtPassword.Text(), "");
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtPassword");
+        driver.Type("grain").Press(Qt::Key_Return);
+    });
+    EXPECT_EQ(login.UserLevel(), 1);
+}
+
+TEST_F(SignIn, SaysTheSameOfAnUnknownName) {
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nobody").Press(Qt::Key_Return).Type("grain").Press(Qt::Key_Return);
+        EXPECT_EQ(dialog.Message(), "The name or the password is wrong.");
+        driver.Press(Qt::Key_Escape);
+    });
+}
+
+TEST_F(SignIn, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nadia").Press(Qt::Key_Return);
+        TryWrong(driver, 3);
+        EXPECT_EQ(dialog.Message(), "The name or the password is wrong.\nThe next attempt in 2 s.");
+        EXPECT_FALSE(dialog.BtnSignIn.Enabled());
+        driver.Type("grain").Press(Qt::Key_Return);
+        EXPECT_EQ(login.UserLevel(), 0) << "Enter waits too";
+        EXPECT_TRUE(WaitFor([this] { return dialog.Message().ends_with(" 1 s."); }));
+        EXPECT_TRUE(WaitFor([this] { return dialog.BtnSignIn.Enabled(); }));
+        EXPECT_EQ(dialog.Message(), "The name or the password is wrong.");
+        EXPECT_EQ(dialog.TxtPassword.Text(), "grain");
+        driver.Press(Qt::Key_Return);
+    });
+    EXPECT_EQ(login.UserLevel(), 1);
+}
+
+TEST_F(SignIn, IsNotOpenedAnewToEscapeThePause) {
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nadia").Press(Qt::Key_Return);
+        TryWrong(driver, 3);
+        driver.Press(Qt::Key_Escape);
+    });
+    SignInDialog again(login);
+    RunModal(again, [&again](Screen& screen) {
+        EXPECT_FALSE(again.BtnSignIn.Enabled());
+        EXPECT_TRUE(again.Message().starts_with("The next attempt in "));
+        ScreenDriver(screen).Press(Qt::Key_Escape);
+    });
+}
+
+TEST_F(SignIn, TellsAFailureOfTheDatabaseAndStays) {
+    database.connection.Execute("Drop Table StationUsers");
+    BoxAnswers answers;
+    answers.Expect(Testing::Critical(EngineWords("no such table: StationUsers"), "Database"));
+    RunModal(dialog, [this](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nadia").Press(Qt::Key_Return).Type("grain").Press(Qt::Key_Return);
+        EXPECT_TRUE(dialog.IsLoaded());
+        driver.Press(Qt::Key_Escape);
+    });
+}
+
+} // namespace Quillane

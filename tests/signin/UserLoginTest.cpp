@@ -1,0 +1,123 @@
+#include "signin/UserLogin.h"
+
+#include "station/SampleDatabase.h"
+
+#include "platform/runtime/Failure.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+namespace Quillane {
+
+using Attempt = UserLoginObject::Attempt;
+using Testing::BoxAnswers;
+using Testing::ScreenDriver;
+using Testing::VisitModal;
+
+class Login : public testing::Test {
+protected:
+    void SetUp() override { login.SetConnection(database.connection); }
+    void Run(const char* statement) { database.connection.Execute(statement); }
+
+    SampleDatabase database;
+    UserLoginObject login;
+};
+
+TEST(SignInPause, DoublesFromTheThirdWrongAttemptUpToHalfAMinute) {
+    constexpr int seconds[] = {0, 0, 0, 2, 4, 8, 16, 30, 30, 30};
+    for (int wrong = 0; wrong < 10; ++wrong)
+        EXPECT_EQ(SignInPause(wrong).count(), seconds[wrong]) << wrong;
+    EXPECT_EQ(SignInPause(1000000).count(), 30);
+}
+
+TEST_F(Login, TakesANameInAnyCaseAndAPasswordAsItIs) {
+    EXPECT_EQ(login.SignIn(" nADIA ", "grain"), Attempt::SignedIn);
+    EXPECT_EQ(login.UserLevel(), 1);
+    EXPECT_EQ(login.UserName(), "Nadia");
+    login.ResetLogin(0);
+    EXPECT_EQ(login.UserLevel(), 0);
+    EXPECT_EQ(login.UserName(), "");
+    EXPECT_EQ(login.SignIn("Nadia", "Grain"), Attempt::Wrong);
+    EXPECT_EQ(login.UserLevel(), 0);
+}
+
+TEST_F(Login, SignsInTheSecondUserOfTheSampleRows) {
+    EXPECT_EQ(login.SignIn("GATE", "gate"), Attempt::SignedIn);
+    EXPECT_EQ(login.UserLevel(), 2);
+}
+
+TEST_F(Login, ComparesNamesBeyondAsciiWithoutCase) {
+    Run("Update StationUsers Set UserName = 'Élodie' Where UserName = 'Nadia'");
+    EXPECT_EQ(login.SignIn("éLODIE", "grain"), Attempt::SignedIn);
+}
+
+TEST_F(Login, TakesATypedNameForNothingButAName) {
+    EXPECT_EQ(login.SignIn("' Or 1=1 --", "grain"), Attempt::Wrong);
+    EXPECT_EQ(login.SignIn("", ""), Attempt::Wrong);
+    EXPECT_EQ(login.SignIn("nobody", "grain"), Attempt::Wrong);
+}
+
+TEST_F(Login, WorksOnThePasswordOfANameThatNobodyHasToo) {
+    // Far less than a hash takes, and far more than the look for a name.
+    constexpr std::chrono::milliseconds work(8);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(login.SignIn("nobody", "grain"), Attempt::Wrong);
+    EXPECT_GE(std::chrono::steady_clock::now() - begin, work);
+}
+
+TEST_F(Login, PausesAfterWrongAttemptsAndForgetsThemAfterARightOne) {
+    login.SignIn("Nadia", "x");
+    login.SignIn("Nadia", "x");
+    EXPECT_EQ(login.PauseLeft().count(), 0);
+    login.SignIn("Nadia", "x");
+    EXPECT_GT(login.PauseLeft().count(), 1000);
+    EXPECT_LE(login.PauseLeft().count(), 2000);
+    EXPECT_EQ(login.SignIn("Nadia", "grain"), Attempt::SignedIn);
+    login.SignIn("Nadia", "x");
+    login.SignIn("Nadia", "x");
+    EXPECT_LE(login.PauseLeft().count(), 2000);
+}
+
+TEST_F(Login, RefusesAUserOfLevelZero) {
+    Run("Update StationUsers Set UserLevel = 0 Where UserName = 'Nadia'");
+    EXPECT_EQ(login.SignIn("Nadia", "grain"), Attempt::NoRights);
+    EXPECT_EQ(login.UserLevel(), 0);
+}
+
+TEST_F(Login, TellsThatThereAreNoUsersAndShowsNoDialog) {
+    const Box noUsers{.text = "No user is set up in this database, so nobody can sign in.\r\n"
+                              "Please ask the person who looks after the database.",
+                      .title = "Sign in",
+                      .icon = BoxIcon::Exclamation,
+                      .buttons = BoxButtons::Ok};
+    BoxAnswers answers;
+    Run("Delete From StationUsers");
+    answers.Expect(noUsers);
+    EXPECT_FALSE(login.Login());
+    Run("Drop Table StationUsers");
+    answers.Expect(noUsers);
+    EXPECT_FALSE(login.Login());
+    EXPECT_EQ(login.UserLevel(), 0);
+}
+
+TEST_F(Login, ForgetsWhoWasSignedInWhenTheDialogIsGivenUp) {
+    login.SignIn("Nadia", "grain");
+    const VisitModal visit([](Screen& screen) { ScreenDriver(screen).Press(Qt::Key_Escape); });
+    EXPECT_FALSE(login.Login());
+    EXPECT_EQ(login.UserLevel(), 0);
+}
+
+TEST_F(Login, SignsInThroughTheDialog) {
+    const VisitModal visit([](Screen& screen) {
+        ScreenDriver(screen).Type("gate").Press(Qt::Key_Return).Type("gate").Press(Qt::Key_Enter);
+    });
+    EXPECT_TRUE(login.Login());
+    EXPECT_EQ(login.UserLevel(), 2);
+}
+
+TEST(UserLogin, FailsWithoutAConnection) {
+    EXPECT_THROW(UserLoginObject().Login(), Failure);
+}
+
+} // namespace Quillane
