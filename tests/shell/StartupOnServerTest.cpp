@@ -3,6 +3,7 @@
 #include "SignIn.h"
 #include "StationOnServer.h"
 
+#include "data/CompanyProfile.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "servers/DeafPort.h"
 #include "setup/SqlServerSchema.h"
