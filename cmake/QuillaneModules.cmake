@@ -44,15 +44,22 @@ function(quillane_module name)
     target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
 endfunction()
 
+# Tests need a SQL Server where these files name one; without them no such test is registered.
+set(QUILLANE_SQL_SERVER "${CMAKE_SOURCE_DIR}/tests/sqlserver.local")
+set(QUILLANE_SQL_SERVER_TO_KILL "${CMAKE_SOURCE_DIR}/tests/sqlserver-to-kill.local")
+# The folder changes when one of them comes or goes.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests")
+
 # quillane_tests(Scale LINKS Quillane::Scale ...) builds the folder's files into one program
 # and registers each case. With SCREEN the program brings up an application off screen. With
-# POSTGRES the cases of that name share one server, started for them and stopped behind them. With
-# STATION the program works on a station's database, and all of it runs a second time on SQL Server,
-# but for the cases that ONE_ENGINE names: they are about the file of an embedded database, or work
-# on SQL Server whatever the others do.
+# POSTGRES the cases of that name share one server, started for them and stopped after them.
+# SQL_SERVER is a filter for the cases that always work on SQL Server, SQL_SERVER_TO_KILL one for
+# those that kill it. With STATION the program works on a station's database, and all of it runs a
+# second time on SQL Server, but for the cases of SQL_SERVER and those that EMBEDDED names: they are
+# about the file of an embedded database.
 function(quillane_tests name)
-    cmake_parse_arguments(TESTS "SCREEN;POSTGRES;STATION" "ONE_ENGINE" "SUBFOLDERS;LINKS;LABELS"
-        ${ARGN})
+    cmake_parse_arguments(TESTS "SCREEN;POSTGRES;STATION"
+        "EMBEDDED;SQL_SERVER;SQL_SERVER_TO_KILL" "SUBFOLDERS;LINKS;LABELS" ${ARGN})
     quillane_sources(sources ${TESTS_SUBFOLDERS})
     set(target "${name}Test")
     add_executable(${target} ${sources})
@@ -60,30 +67,41 @@ function(quillane_tests name)
     target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
     if(TESTS_SCREEN)
         target_link_libraries(${target} PRIVATE quillane_screen_test_main)
-        set(environment ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+        set(environment "QT_QPA_PLATFORM=offscreen")
     else()
         target_link_libraries(${target} PRIVATE GTest::gtest_main)
-    endif()
-    if(TESTS_STATION)
-        target_link_libraries(${target} PRIVATE quillane_station_database)
-        add_test(NAME ${name}.OnSqlServer COMMAND ${target} "--gtest_filter=-${TESTS_ONE_ENGINE}")
-        quillane_on_sql_server(${name}.OnSqlServer "QT_QPA_PLATFORM=offscreen")
     endif()
     include(GoogleTest)
     if(TESTS_POSTGRES)
         quillane_postgres_tests(${name} ${target})
-        set(filter TEST_FILTER "-*Postgres*")
+        set(postgres "*Postgres*")
     endif()
-    gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST ${filter}
-        PROPERTIES TIMEOUT 300 ${environment} LABELS "${TESTS_LABELS}")
+    foreach(kind IN ITEMS SQL_SERVER SQL_SERVER_TO_KILL)
+        if(TESTS_${kind} AND EXISTS "${QUILLANE_${kind}}")
+            gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+                TEST_FILTER "${TESTS_${kind}}"
+                PROPERTIES TIMEOUT 900 LABELS sqlserver RESOURCE_LOCK sqlserver
+                    ENVIRONMENT "QUILLANE_TEST_ENGINE=SqlServer;${environment}")
+        endif()
+    endforeach()
+    if(TESTS_STATION)
+        target_link_libraries(${target} PRIVATE quillane_station_database)
+        quillane_on_sql_server(${name} "QT_QPA_PLATFORM=offscreen"
+            ${target} "--gtest_filter=-${TESTS_EMBEDDED}:${TESTS_SQL_SERVER}")
+    endif()
+    gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
+        TEST_FILTER "-${postgres}:${TESTS_SQL_SERVER}:${TESTS_SQL_SERVER_TO_KILL}"
+        PROPERTIES TIMEOUT 300 LABELS "${TESTS_LABELS}" ENVIRONMENT "${environment}")
 endfunction()
 
-# A test program that runs on the SQL Server that tests/sqlserver.local names, or is skipped where
-# there is no such file.
-function(quillane_on_sql_server test environment)
-    set_tests_properties(${test} PROPERTIES TIMEOUT 3600 LABELS sqlserver RESOURCE_LOCK sqlserver
-        ENVIRONMENT "QUILLANE_TEST_ENGINE=SqlServer;${environment}"
-        SKIP_REGULAR_EXPRESSION "SQL Server is not there: no file tests/sqlserver.local names one")
+# A test program of which every case works on the station's database, as one test on SQL Server.
+function(quillane_on_sql_server name environment)
+    if(NOT EXISTS "${QUILLANE_SQL_SERVER}")
+        return()
+    endif()
+    add_test(NAME ${name}.OnSqlServer COMMAND ${ARGN})
+    set_tests_properties(${name}.OnSqlServer PROPERTIES TIMEOUT 3600 RESOURCE_LOCK sqlserver
+        LABELS sqlserver ENVIRONMENT "QUILLANE_TEST_ENGINE=SqlServer;${environment}")
 endfunction()
 
 # The cases of a test program that need PostgreSQL. They skip themselves where it is not installed.

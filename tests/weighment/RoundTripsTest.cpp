@@ -21,8 +21,7 @@ std::string Named(const std::string& request) {
 class RoundTrips : public WeighmentTest {
 protected:
     void SetUp() override {
-        if (!OnSqlServer())
-            GTEST_SKIP() << "SQL Server alone is asked over a wire";
+        ASSERT_TRUE(OnSqlServer()) << "SQL Server alone is asked over a wire";
         relay.emplace("Driver=SQL Server;" + database.ConfigText());
         Con->Close();
         Con->Open(relay->ConnectionString());
