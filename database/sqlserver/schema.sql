@@ -386,28 +386,41 @@ BEGIN
 END');
 GO
 
--- Rows that the station updates and never inserts. The number comes last: with it, all is there.
+-- Rows that the station updates and never inserts. A table of the site's own may have further columns
+-- that must be filled: such a row is named and left out. The number comes last: with it, all is there.
 
-INSERT INTO dbo.PortSettings (RegistryKey, RegistryValue)
-    SELECT N'PortName', N'1'
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.PortSettings WHERE RegistryKey = N'PortName');
-INSERT INTO dbo.PortSettings (RegistryKey, RegistryValue)
-    SELECT N'PortSettings', N'9600,n,8,1'
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.PortSettings WHERE RegistryKey = N'PortSettings');
-INSERT INTO dbo.PortSettings (RegistryKey, RegistryValue)
-    SELECT N'DataDirection', N'Right'
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.PortSettings WHERE RegistryKey = N'DataDirection');
-INSERT INTO dbo.PortSettings (RegistryKey, RegistryValue)
-    SELECT N'DataLength', N'6'
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.PortSettings WHERE RegistryKey = N'DataLength');
-INSERT INTO dbo.PortSettings (RegistryKey, RegistryValue)
-    SELECT N'IsReversed', N'0'
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.PortSettings WHERE RegistryKey = N'IsReversed');
+DECLARE @key nvarchar(40), @value nvarchar(100);
+DECLARE Settings CURSOR LOCAL FAST_FORWARD FOR
+    SELECT Defaults.SettingKey, Defaults.SettingValue
+        FROM (VALUES (N'PortName', N'1'), (N'PortSettings', N'9600,n,8,1'),
+                     (N'DataDirection', N'Right'), (N'DataLength', N'6'), (N'IsReversed', N'0'))
+            AS Defaults (SettingKey, SettingValue)
+        WHERE NOT EXISTS (SELECT 1 FROM dbo.PortSettings
+                          WHERE RegistryKey = Defaults.SettingKey);
+OPEN Settings;
+FETCH NEXT FROM Settings INTO @key, @value;
+WHILE @@FETCH_STATUS = 0
+BEGIN
+    BEGIN TRY
+        INSERT INTO dbo.PortSettings (RegistryKey, RegistryValue) VALUES (@key, @value);
+    END TRY
+    BEGIN CATCH
+        PRINT N'Not added to PortSettings: ' + @key + N'. ' + ERROR_MESSAGE();
+    END CATCH;
+    FETCH NEXT FROM Settings INTO @key, @value;
+END;
+CLOSE Settings;
+DEALLOCATE Settings;
 GO
 
-INSERT INTO dbo.Project_Registry (registrykey, value)
-    SELECT N'CompanyName', N''
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.Project_Registry WHERE registrykey = N'CompanyName');
+BEGIN TRY
+    INSERT INTO dbo.Project_Registry (registrykey, value)
+        SELECT N'CompanyName', N''
+        WHERE NOT EXISTS (SELECT 1 FROM dbo.Project_Registry WHERE registrykey = N'CompanyName');
+END TRY
+BEGIN CATCH
+    PRINT N'Not added to Project_Registry: CompanyName. ' + ERROR_MESSAGE();
+END CATCH;
 GO
 
 IF NOT EXISTS (SELECT 1 FROM dbo.StationSchema)

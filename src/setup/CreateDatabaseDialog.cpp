@@ -1,44 +1,16 @@
 #include "setup/CreateDatabaseDialog.h"
 
 #include "data/modCommon.h"
-#include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/dialogs/DialogLook.h"
-#include "platform/forms/dialogs/WaitingScreen.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
-#include "setup/SqlServerDialog.h"
-#include "setup/SqlServerSetUp.h"
+#include "setup/SetUpQuestions.h"
 #include "setup/StationSetUp.h"
 
 namespace Quillane {
 
 namespace {
-
-constexpr const char* Title = "Set up the station";
-
-std::string Trimmed(const TextBox& box) {
-    return FromQt(ToQt(box.Text()).trimmed());
-}
-
-void TellAlert(const std::string& text) {
-    MsgBox({.text = text, .title = Title, .icon = BoxIcon::Exclamation, .buttons = BoxButtons::Ok});
-}
-
-bool AskToUse(const std::string& where, const std::string& companyName, long arrivals, long users) {
-    const std::string company = companyName.empty() ? "no company" : companyName;
-    return MsgBox({.text = "There is already a database here:\r\n" + where + "\r\n(" + company +
-                           "; " + std::to_string(arrivals) + " arrivals, " + std::to_string(users) +
-                           " users)\r\n\r\nUse it as it is? Nothing in it is changed.",
-                   .title = Title,
-                   .icon = BoxIcon::Question,
-                   .buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
-}
-
-std::string WhereOnServer(const SqlServerPlace& place) {
-    return place.database + " on " + place.server +
-           (place.port.empty() ? "" : ", port " + place.port);
-}
 
 std::string WhyUnusable(EmbeddedDatabase::Kind kind) {
     switch (kind) {
@@ -75,7 +47,7 @@ bool OfferExistingDatabase(const std::string& folder) {
 }
 
 CreateDatabaseDialog::CreateDatabaseDialog(std::string folder)
-    : Screen("CreateDatabaseDialog", Title), folder_(std::move(folder)) {
+    : Screen("CreateDatabaseDialog", SetUpTitle), folder_(std::move(folder)) {
     WireEvents();
     LayOut();
 }
@@ -134,47 +106,6 @@ void CreateDatabaseDialog::BtnCreate_Click() {
         Unload();
 }
 
-void CreateDatabaseDialog::ChooseServer() {
-    SqlServerDialog dialog;
-    if (serverIsChosen_)
-        dialog.Offer(server_, owner_);
-    dialog.ShowModal(this);
-    if (dialog.IsChosen) {
-        serverIsChosen_ = true;
-        server_ = dialog.Place;
-        owner_ = dialog.Owner;
-        contents_ = dialog.Contents;
-        UseServer();
-    } else if (!serverIsChosen_) {
-        OptThisComputer.SetValue(true);
-    }
-    ShowPlace();
-    if (Succeeded)
-        Unload();
-}
-
-// What the database has already is not asked.
-void CreateDatabaseDialog::UseServer() {
-    ShowPlace();
-    if (TxtCompanyName.Text().empty())
-        TxtCompanyName.SetText(contents_.companyName);
-    if (!contents_.isComplete) {
-        TxtCompanyName.SetFocus();
-        return;
-    }
-    try {
-        if (AskToUse(WhereOnServer(server_), contents_.companyName, contents_.arrivals,
-                     contents_.users))
-            CreateOnServer();
-    } catch (const Failure&) {
-        ShowError();
-    }
-    if (Succeeded)
-        return;
-    serverIsChosen_ = false;
-    OptThisComputer.SetValue(true);
-}
-
 void CreateDatabaseDialog::ShowPlace() {
     BtnServer.SetEnabled(OptSqlServer.Value());
     const bool onServer = OptSqlServer.Value() && serverIsChosen_;
@@ -197,20 +128,6 @@ void CreateDatabaseDialog::Create() {
     }
     const Hourglass hourglass;
     SetUpStation(folder_, Particulars());
-    Succeeded = true;
-}
-
-void CreateDatabaseDialog::CreateOnServer() {
-    const NewDatabase particulars = Particulars();
-    const NewDatabase* missing = contents_.isComplete ? nullptr : &particulars;
-    const bool isReady = RunLongWork(Title, [&](LongWork& work) {
-        return MakeSqlServerDatabaseReady(server_, owner_, missing, work);
-    });
-    if (!isReady)
-        return;
-    const bool hasName = !contents_.companyName.empty();
-    PointToSqlServer(folder_, server_, hasName ? "" : particulars.companyName,
-                     contents_.companyName);
     Succeeded = true;
 }
 

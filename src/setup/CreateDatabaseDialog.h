@@ -4,6 +4,7 @@
 #include "platform/forms/controls/Label.h"
 #include "platform/forms/controls/TextBox.h"
 #include "platform/forms/core/Screen.h"
+#include "setup/CompanyParticulars.h"
 #include "setup/EmbeddedSchema.h"
 #include "setup/SqlServerTryOut.h"
 
@@ -20,7 +21,9 @@ bool OfferExistingDatabase(const std::string& folder);
 /// The set-up of a station that has no `Config.ini`: where its database is, the company's
 /// particulars, the first user, and sample rows if wanted. The database is on this computer unless
 /// the second option is taken, which asks for a server at once; a database there that is complete
-/// is used as it is, if the user agrees, and the rest is not asked. Enter moves on and presses
+/// is used as it is, if the user agrees, and the rest is not asked. The company's particulars that
+/// a database there holds fill the boxes that are empty; what differs at the end is written after a
+/// question. Enter moves on and presses
 /// `BtnCreate` behind the last entry, Ctrl+Enter presses it from anywhere, Esc gives up. A refused
 /// entry is told, gets the focus and loses nothing.
 class CreateDatabaseDialog : public Screen {
@@ -60,6 +63,9 @@ private:
     void UseServer();
     void Create();
     void CreateOnServer();
+    void FillFromDatabase(const SqlServerContents& before);
+    bool AgreeToReplace(NewDatabase& particulars);
+    TextBox& BoxOf(const CompanyParticular& particular);
     void ShowPlace();
     bool Validate();
     bool Refuse(TextBox& box, std::string_view reason);

@@ -17,6 +17,8 @@ struct NewDatabase {
     /// Rows to try the station with, among them a second user of level 2: `SampleUserName`, whose
     /// password is his name.
     bool sampleRows = false;
+    /// On SQL Server: the company's particulars take the place of those that the database holds.
+    bool replaceParticulars = false;
     HashCost hashCost = HashCost::Interactive;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/CompanyParticulars.h"
 
 #include <algorithm>
 #include <iterator>
@@ -65,10 +66,13 @@ void ReadContents(Connection& connection, SqlServerContents& found) {
         found.users = CountOf(connection, "StationUsers");
     if (!IsThere(found, "Project_Registry"))
         return;
-    const Recordset name =
-        connection.Execute("Select value From Project_Registry Where registrykey ='CompanyName'");
-    if (!name.Eof())
-        found.companyName = Trim(name.Fields("value").TextOrEmpty());
+    for (const CompanyParticular& each : CompanyParticulars) {
+        const Recordset row =
+            connection.Execute("Select value From Project_Registry Where registrykey ='" +
+                               std::string(each.key) + "'");
+        if (!row.Eof())
+            found.company.*each.text = Trim(row.Fields("value").TextOrEmpty());
+    }
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "setup/EmbeddedSchema.h"
+
 #include <string>
 #include <vector>
 
@@ -14,7 +16,7 @@ struct SqlServerContents {
     bool isComplete = false;          ///< nothing is missing, and somebody can sign in
     bool mayBeMade = false;           ///< by whoever has looked
     std::string collation;
-    std::string companyName;
+    NewDatabase company; ///< the company's particulars alone; empty where there is none
     long arrivals = 0;
     long users = 0;
 };

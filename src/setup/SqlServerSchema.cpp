@@ -3,10 +3,9 @@
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/CompanyParticulars.h"
 #include "setup/EmbeddedScripts.h"
 #include "setup/SchemaUpgrade.h"
-
-#include <utility>
 
 namespace Quillane {
 
@@ -25,25 +24,44 @@ void MoveToKey(Recordset& rows, std::string_view key) {
         rows.MoveNext();
 }
 
-void AddParticular(Connection& connection, std::string_view key, const std::string& value) {
+void AddParticular(Connection& connection, std::string_view key, const std::string& value,
+                   bool replaces) {
     Recordset rows = RowsToWrite(connection, "Project_Registry");
     MoveToKey(rows, key);
+    const std::string stored(rows.Eof() ? "" : Trim(rows.Fields("value").TextOrEmpty()));
+    if (stored == value || (!stored.empty() && !replaces))
+        return;
     if (rows.Eof()) {
         rows.AddNew();
         rows.Collect("registrykey", std::string(key));
-    } else if (!Trim(rows.Fields("value").TextOrEmpty()).empty()) {
-        return;
     }
     rows.Collect("value", value);
     rows.Update();
 }
 
-void AddParticulars(Connection& connection, const NewDatabase& particulars) {
-    for (const auto& [key, value] : {std::pair{"CompanyName", &particulars.companyName},
-                                     std::pair{"CompanyAddress", &particulars.companyAddress},
-                                     std::pair{"CompanyPhone", &particulars.companyPhone},
-                                     std::pair{"CompanyEmail", &particulars.companyEmail}})
-        AddParticular(connection, key, *value);
+/// A table of the site's own may have further columns that must be filled, or be too narrow: the
+/// row is then noted and left out.
+void AddParticulars(Connection& connection, const NewDatabase& particulars,
+                    std::vector<std::string>& rowsNotAdded) {
+    for (const CompanyParticular& each : CompanyParticulars) {
+        try {
+            AddParticular(connection, each.key, particulars.*each.text,
+                          particulars.replaceParticulars);
+        } catch (const Failure&) {
+            rowsNotAdded.push_back("Project_Registry: " + std::string(each.key));
+        }
+    }
+}
+
+/// The settings of the scale's line that the script could not add.
+void NoteMissingSettings(Connection& connection, std::vector<std::string>& rowsNotAdded) {
+    for (const std::string key :
+         {"PortName", "PortSettings", "DataDirection", "DataLength", "IsReversed"}) {
+        const Recordset rows = connection.Execute(
+            "Select Count(*) From PortSettings Where RegistryKey = '" + key + "'");
+        if (rows.Fields(0).Number() == 0)
+            rowsNotAdded.push_back("PortSettings: " + key);
+    }
 }
 
 void AddUser(Recordset& users, const std::string& name, const std::string& password, int level,
@@ -103,19 +121,22 @@ void RunMissingSteps(Connection& connection) {
 
 } // namespace
 
-bool SetUpSqlServerDatabase(Connection& connection, const NewDatabase& particulars,
-                            const ScriptProgress& progress) {
+SetUpOutcome SetUpSqlServerDatabase(Connection& connection, const NewDatabase& particulars,
+                                    const ScriptProgress& progress) {
+    SetUpOutcome outcome;
     RunMissingSteps(connection);
     if (!RunScript(connection, EmbeddedScripts::SqlServerSchema, progress))
-        return false;
+        return outcome;
     const bool withSampleRows = particulars.sampleRows && !HasRowsOfAMill(connection);
-    AddParticulars(connection, particulars);
+    AddParticulars(connection, particulars, outcome.rowsNotAdded);
+    NoteMissingSettings(connection, outcome.rowsNotAdded);
     AddFirstUsers(connection, particulars, withSampleRows);
     // Behind the users, since these rows are what tells the next run that there is nothing to do.
     if (withSampleRows)
         RunScript(connection, EmbeddedScripts::SqlServerSampleRows);
     RunScript(connection, EmbeddedScripts::SqlServerRoles);
-    return true;
+    outcome.isFinished = true;
+    return outcome;
 }
 
 } // namespace Quillane

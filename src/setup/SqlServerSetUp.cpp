@@ -65,8 +65,8 @@ void TryAsStation(const SqlServerPlace& station) {
 
 } // namespace
 
-bool MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn& owner,
-                                const NewDatabase* particulars, LongWork& work) {
+SetUpOutcome MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn& owner,
+                                        const NewDatabase* particulars, LongWork& work) {
     work.Begin("Connecting to " + station.server);
     const auto connection = OpenSqlServer(PlaceForSetUp(station, owner));
     const auto progress = [&work](int done, int all) {
@@ -74,15 +74,21 @@ bool MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn
             work.Begin("Making what is missing in the database", all);
         return work.Advance(done);
     };
-    if (particulars && !SetUpSqlServerDatabase(*connection, *particulars, progress))
-        return false;
+    SetUpOutcome outcome;
+    if (particulars) {
+        outcome = SetUpSqlServerDatabase(*connection, *particulars, progress);
+        if (!outcome)
+            return outcome;
+    }
     work.Begin("Trying the station's sign-in");
-    if (work.IsBrokenOff())
-        return false;
+    outcome.isFinished = !work.IsBrokenOff();
+    if (!outcome)
+        return outcome;
     if (owner.IsGiven())
         AdmitStation(*connection, station);
     TryAsStation(station);
-    return !work.IsBrokenOff();
+    outcome.isFinished = !work.IsBrokenOff();
+    return outcome;
 }
 
 } // namespace Quillane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "setup/EmbeddedSchema.h"
+#include "setup/SqlServerSchema.h"
 #include "setup/SqlServerTryOut.h"
 
 namespace Quillane {
@@ -12,9 +12,8 @@ class LongWork;
 /// database with the role StationOperator. `particulars` is none for a database that is complete.
 /// Last, the station's sign-in is tried on what was made; a fault of it is a failure.
 ///
-/// Whatever breaks it off leaves nothing that hinders: the next call does the rest. False where the
-/// work was broken off.
-bool MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn& owner,
-                                const NewDatabase* particulars, LongWork& work);
+/// Whatever cancels it leaves nothing that hinders: the next call does the rest.
+SetUpOutcome MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn& owner,
+                                        const NewDatabase* particulars, LongWork& work);
 
 } // namespace Quillane

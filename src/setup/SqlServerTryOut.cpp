@@ -67,8 +67,8 @@ std::string WhyUnfit(const SqlServerContents& found) {
 std::string WhatIsThere(const SqlServerContents& found) {
     if (found.isComplete)
         return "It works. There is a station's database: " +
-               (found.companyName.empty() ? "no company" : found.companyName) + "; " +
-               Plural(found.arrivals, "arrival", "arrivals") + ", " +
+               (found.company.companyName.empty() ? "no company" : found.company.companyName) +
+               "; " + Plural(found.arrivals, "arrival", "arrivals") + ", " +
                Plural(found.users, "user", "users") + ".";
     if (found.isEmpty)
         return "It works. The database holds nothing of a station's yet; the set-up makes all of "

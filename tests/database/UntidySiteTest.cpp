@@ -6,6 +6,7 @@
 #include "data/Common.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/EmbeddedScripts.h"
+#include "setup/SchemaUpgrade.h"
 #include "station/SystemStatements.h"
 
 #include <algorithm>
@@ -46,6 +47,20 @@ bool IsOfOtherSites(const std::string& statement) {
            statement.find("SaleRecoveryBody") != statement.npos;
 }
 
+/// Gives both tables of settings a further column that each row must fill.
+void AddColumnsThatMustBeFilled(Connection& connection) {
+    connection.Execute("Drop Table PROJECT_REGISTRY");
+    connection.Execute("Drop Table PORTSETTINGS");
+    connection.Execute("Create Table PROJECT_REGISTRY (REGISTRYKEY char(20) Not Null, "
+                       "VALUE varchar(100) Null, BRANCH int Not Null)");
+    connection.Execute("Create Table PORTSETTINGS (REGISTRYKEY char(20) Not Null, "
+                       "REGISTRYVALUE varchar(50) Null, BRANCH int Not Null)");
+    connection.Execute("Insert Into PROJECT_REGISTRY Values ('CompanyName', 'VELTRANE', 1), "
+                       "('FiscalYear', '2026', 1)");
+    connection.Execute("Insert Into PORTSETTINGS Values ('PortName', '2', 1), "
+                       "('PortSettings', '2400,n,8,1', 1), ('DataDirection', 'Left', 1)");
+}
+
 } // namespace
 
 class UntidySite : public SqlServerSite {
@@ -83,6 +98,53 @@ TEST_F(UntidySite, NobodyWithAWellKnownPasswordComesIn) {
     ASSERT_TRUE(Particulars().sampleRows);
     SetUpSqlServerDatabase(*Con, Particulars());
     EXPECT_EQ(RowsOf(*Con, "Select UserName, UserLevel From StationUsers"), Texts{"Nadia|1"});
+}
+
+TEST_F(UntidySite, RowsThatItsTablesDoNotTakeAreNamedAndLeftOut) {
+    AddColumnsThatMustBeFilled(*Con);
+    const SetUpOutcome outcome = SetUpSqlServerDatabase(*Con, Particulars());
+    EXPECT_TRUE(outcome.isFinished);
+    EXPECT_EQ(outcome.rowsNotAdded,
+              (Texts{"Project_Registry: CompanyAddress", "Project_Registry: CompanyPhone",
+                     "Project_Registry: CompanyEmail", "PortSettings: DataLength",
+                     "PortSettings: IsReversed"}));
+    EXPECT_EQ(RowsOf(*Con, "Select UserName, UserLevel From StationUsers"), Texts{"Nadia|1"});
+    EXPECT_EQ(Ask("Select Count(*) From PROJECT_REGISTRY"), "2");
+    EXPECT_EQ(Ask("Select Count(*) From PORTSETTINGS"), "3");
+}
+
+TEST_F(UntidySite, ParticularsThatWereLeftEmptyGetNoRow) {
+    AddColumnsThatMustBeFilled(*Con);
+    Con->Execute("Insert Into PORTSETTINGS (REGISTRYKEY, REGISTRYVALUE, BRANCH) Values "
+                 "('DataLength', '6', 1), ('IsReversed', '0', 1)");
+    NewDatabase particulars = Particulars();
+    particulars.companyAddress = particulars.companyPhone = particulars.companyEmail = "";
+    EXPECT_EQ(SetUpSqlServerDatabase(*Con, particulars).rowsNotAdded, Texts{});
+    EXPECT_EQ(RowsOf(*Con, "Select REGISTRYKEY, VALUE From PROJECT_REGISTRY").size(), 2U);
+}
+
+TEST_F(UntidySite, ACompanysNameThatCannotBeAddedIsNamedToo) {
+    AddColumnsThatMustBeFilled(*Con);
+    Con->Execute("Delete From PROJECT_REGISTRY");
+    const Texts notAdded = SetUpSqlServerDatabase(*Con, Particulars()).rowsNotAdded;
+    ASSERT_FALSE(notAdded.empty());
+    EXPECT_EQ(notAdded.front(), "Project_Registry: CompanyName");
+    EXPECT_EQ(ReadSchemaVersion(*Con), SchemaVersionOfProgram());
+}
+
+TEST_F(UntidySite, ReplacesItsParticularsWhereThatIsWanted) {
+    Con->Execute("Insert Into PROJECT_REGISTRY (REGISTRYKEY, VALUE) Values "
+                 "('CompanyAddress', 'Mall Road'), ('CompanyPhone', '042')");
+    NewDatabase particulars = Particulars();
+    particulars.companyPhone = "";
+    particulars.replaceParticulars = true;
+    SetUpSqlServerDatabase(*Con, particulars);
+    const std::string value = "Select VALUE From PROJECT_REGISTRY Where REGISTRYKEY = ";
+    EXPECT_EQ(Ask(value + "'CompanyName'"), "Veltrane Flour Mills");
+    EXPECT_EQ(Ask(value + "'CompanyAddress'"), "14 Canal Road, Okara");
+    EXPECT_EQ(Ask(value + "'CompanyPhone'"), "");
+    EXPECT_EQ(Ask(value + "'CompanyEmail'"), "gate@veltrane.example");
+    EXPECT_EQ(Ask(value + "'FiscalYear'"), "2026");
 }
 
 TEST_F(UntidySite, ASecondSetUpChangesNothing) {

@@ -142,6 +142,148 @@ TEST_F(SetUpOnServer, UsesACompleteDatabaseAsItIsForTheNextStation) {
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "1");
 }
 
+// ---- a database that has particulars already ----
+
+class SetUpOnServerWithParticulars : public SetUpOnServer {
+protected:
+    /// A database without users, with a name, an address and a phone.
+    void SetUp() override {
+        SetUpOnServer::SetUp();
+        if (IsSkipped())
+            return;
+        SetUpSqlServerDatabase(Owner(), Particulars());
+        Owner().Execute("Delete From StationUsers");
+        Owner().Execute("Delete From Project_Registry Where registrykey = 'CompanyEmail'");
+    }
+    static void EnterUser(ScreenDriver& driver) {
+        for (const char* text : {"nadia", "grain", "grain"})
+            driver.Type(text).Press(Qt::Key_Return);
+    }
+    static CreateDatabaseDialog& DialogOf(Screen& screen) {
+        return dynamic_cast<CreateDatabaseDialog&>(screen);
+    }
+    std::string Stored(const std::string& key) {
+        return Ask("Select value From Project_Registry Where registrykey = '" + key + "'");
+    }
+    static Box Replace(const std::string& changes) {
+        return {.text = "The database already holds particulars of the company. These differ from "
+                        "what you have entered:\r\n" +
+                        changes + "\r\n\r\nReplace them in the database?",
+                .title = "Set up the station",
+                .icon = BoxIcon::Question,
+                .buttons = BoxButtons::YesNo};
+    }
+    /// Takes the server, changes the boxes, and creates.
+    void Change(const std::function<void(CreateDatabaseDialog&)>& change,
+                const std::function<void(CreateDatabaseDialog&)>& afterwards = {}) {
+        SetUpStation(
+            [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+            [&](Screen& screen, ScreenDriver& driver) {
+                DialogOf(screen).TxtUserName.SetFocus();
+                EnterUser(driver);
+                change(DialogOf(screen));
+                driver.Press(Qt::CTRL | Qt::Key_Return);
+                if (afterwards)
+                    afterwards(DialogOf(screen));
+                EXPECT_TRUE(WaitFor([&] { return !screen.IsLoaded(); }, std::chrono::seconds(60)));
+            });
+    }
+};
+
+TEST_F(SetUpOnServerWithParticulars, FillsTheBoxesAndKeepsWhatIsLeftAsItIs) {
+    Change([](CreateDatabaseDialog& dialog) {
+        EXPECT_EQ(dialog.TxtCompanyName.Text(), "Veltrane");
+        EXPECT_EQ(dialog.TxtCompanyAddress.Text(), "14 Canal Road");
+        EXPECT_EQ(dialog.TxtCompanyPhone.Text(), "044");
+        EXPECT_EQ(dialog.TxtCompanyEmail.Text(), "");
+        dialog.TxtCompanyEmail.SetText("new@v.example");
+    });
+    EXPECT_TRUE(succeeded);
+    EXPECT_EQ(Stored("CompanyAddress"), "14 Canal Road");
+    EXPECT_EQ(Stored("CompanyEmail"), "new@v.example");
+}
+
+TEST_F(SetUpOnServerWithParticulars, WritesWhatWasChangedOnceTheUserHasAgreed) {
+    BoxAnswers answers;
+    answers.Expect(Replace("\r\nCompany name: \"Veltrane\" becomes \"Brellix\"\r\n"
+                           "Phone: \"044\" becomes \"\""),
+                   BoxAnswer::Yes);
+    Change([](CreateDatabaseDialog& dialog) {
+        dialog.TxtCompanyName.SetText("Brellix");
+        dialog.TxtCompanyPhone.SetText("");
+    });
+    EXPECT_TRUE(succeeded);
+    EXPECT_EQ(Stored("CompanyName"), "Brellix");
+    EXPECT_EQ(Stored("CompanyAddress"), "14 Canal Road");
+    EXPECT_EQ(Stored("CompanyPhone"), "");
+    EXPECT_EQ(StationFile::Read(folder.File("Station.ini")).CompanyNames[1], "Brellix");
+}
+
+TEST_F(SetUpOnServerWithParticulars, ShowsWhatIsStoredAgainWhereTheUserSaysNo) {
+    BoxAnswers answers;
+    answers.Expect(Replace("\r\nAddress: \"14 Canal Road\" becomes \"Mall Road\""), BoxAnswer::No);
+    Change([](CreateDatabaseDialog& dialog) { dialog.TxtCompanyAddress.SetText("Mall Road"); },
+           [](CreateDatabaseDialog& dialog) {
+               EXPECT_EQ(dialog.TxtCompanyAddress.Text(), "14 Canal Road");
+               EXPECT_EQ(dialog.ActiveControl(), &dialog.TxtCompanyAddress);
+               EXPECT_TRUE(dialog.IsLoaded());
+               ScreenDriver(dialog).Press(Qt::Key_Escape);
+           });
+    EXPECT_FALSE(succeeded);
+    EXPECT_EQ(Stored("CompanyAddress"), "14 Canal Road");
+    EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "0");
+}
+
+TEST_F(SetUpOnServerWithParticulars, AnotherServersParticularsTakeThePlaceOfTheFirstOnes) {
+    SetUpStation(
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](Screen& screen, ScreenDriver& driver) {
+            CreateDatabaseDialog& dialog = DialogOf(screen);
+            dialog.TxtCompanyPhone.SetText("typed");
+            Owner().Execute("Update Project_Registry Set value = 'other'");
+            {
+                const VisitModal server([&](Screen& again) {
+                    ScreenDriver(again).Press(Qt::CTRL | Qt::Key_Return);
+                    EXPECT_TRUE(WaitFor([&] { return !again.IsLoaded(); }));
+                });
+                driver.Press(Qt::ALT | Qt::Key_V);
+            }
+            EXPECT_EQ(dialog.TxtCompanyAddress.Text(), "other");
+            EXPECT_EQ(dialog.TxtCompanyPhone.Text(), "typed");
+            driver.Press(Qt::Key_Escape);
+        });
+}
+
+TEST_F(SetUpOnServer, NamesTheRowsThatTheDatabaseDidNotTakeAndGoesOn) {
+    Owner().Execute("Create Table Project_Registry (registrykey nvarchar(40) Not Null Primary Key, "
+                    "value nvarchar(100) Null, Branch int Not Null)");
+    Owner().Execute("Insert Into Project_Registry Values ('CompanyName', 'Veltrane', 1)");
+    BoxAnswers answers;
+    answers.Expect({.text = "The database is ready, but it did not take these rows:\r\n\r\n"
+                            "Project_Registry: CompanyAddress\r\nProject_Registry: CompanyPhone"
+                            "\r\nProject_Registry: CompanyEmail\r\n\r\nTheir tables have further "
+                            "columns that must be filled, or hold shorter texts. Please ask the "
+                            "person who looks after the database to add the rows.",
+                    .title = "Set up the station",
+                    .icon = BoxIcon::Exclamation,
+                    .buttons = BoxButtons::Ok},
+                   BoxAnswer::Ok);
+    SetUpStation(
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](Screen& screen, ScreenDriver& driver) {
+            auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);
+            dialog.TxtCompanyAddress.SetFocus();
+            for (const char* text :
+                 {"14 Canal Road", "044", "g@v.example", "nadia", "grain", "grain"})
+                driver.Type(text).Press(Qt::Key_Return);
+            driver.Press(Qt::Key_Return);
+            EXPECT_TRUE(WaitFor([&] { return !screen.IsLoaded(); }, std::chrono::seconds(60)));
+        });
+    EXPECT_TRUE(succeeded);
+    EXPECT_TRUE(folder.Has("Config.ini"));
+    EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "1");
+}
+
 TEST_F(SetUpOnServer, LeavesACompleteDatabaseWhereTheUserSaysNo) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     BoxAnswers answers;

@@ -20,9 +20,14 @@ IF OBJECT_ID(N'dbo.Project_Registry') IS NULL
     );
 GO
 
-INSERT INTO dbo.Project_Registry (registrykey, value)
-    SELECT N'CompanyName', N''
-    WHERE NOT EXISTS (SELECT 1 FROM dbo.Project_Registry WHERE registrykey = N'CompanyName');
+BEGIN TRY
+    INSERT INTO dbo.Project_Registry (registrykey, value)
+        SELECT N'CompanyName', N''
+        WHERE NOT EXISTS (SELECT 1 FROM dbo.Project_Registry WHERE registrykey = N'CompanyName');
+END TRY
+BEGIN CATCH
+    PRINT N'Not added to Project_Registry: CompanyName. ' + ERROR_MESSAGE();
+END CATCH;
 GO
 
 IF OBJECT_ID(N'dbo.StationSchema') IS NULL

@@ -1,0 +1,80 @@
+#include "setup/SetUpQuestions.h"
+
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/Text.h"
+#include "platform/runtime/Numbers.h"
+
+namespace Quillane {
+
+namespace {
+
+/// Each start writes the company's name in capitals, so that their difference is none.
+bool Replaces(const CompanyParticular& each, const NewDatabase& entered,
+              const NewDatabase& stored) {
+    const std::string& before = stored.*each.text;
+    const std::string& after = entered.*each.text;
+    const bool isName = each.text == &NewDatabase::companyName;
+    return !before.empty() && !(isName ? EqualIgnoringCase(before, after) : before == after);
+}
+
+} // namespace
+
+void TellAlert(const std::string& text) {
+    MsgBox({.text = text,
+            .title = SetUpTitle,
+            .icon = BoxIcon::Exclamation,
+            .buttons = BoxButtons::Ok});
+}
+
+bool AskToUse(const std::string& where, const std::string& companyName, long arrivals, long users) {
+    const std::string company = companyName.empty() ? "no company" : companyName;
+    return MsgBox({.text = "There is already a database here:\r\n" + where + "\r\n(" + company +
+                           "; " + std::to_string(arrivals) + " arrivals, " + std::to_string(users) +
+                           " users)\r\n\r\nUse it as it is? Nothing in it is changed.",
+                   .title = SetUpTitle,
+                   .icon = BoxIcon::Question,
+                   .buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
+}
+
+std::vector<const CompanyParticular*> ReplacedParticulars(const NewDatabase& entered,
+                                                          const NewDatabase& stored) {
+    std::vector<const CompanyParticular*> replaced;
+    for (const CompanyParticular& each : CompanyParticulars)
+        if (Replaces(each, entered, stored))
+            replaced.push_back(&each);
+    return replaced;
+}
+
+bool AskToReplace(const std::vector<const CompanyParticular*>& replaced, const NewDatabase& entered,
+                  const NewDatabase& stored) {
+    std::string changes;
+    for (const CompanyParticular* each : replaced)
+        changes += "\r\n" + std::string(each->caption) + ": \"" + stored.*each->text +
+                   "\" becomes \"" + entered.*each->text + "\"";
+    return MsgBox({.text = "The database already holds particulars of the company. These differ "
+                           "from what you have entered:\r\n" +
+                           changes + "\r\n\r\nReplace them in the database?",
+                   .title = SetUpTitle,
+                   .icon = BoxIcon::Question,
+                   .buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
+}
+
+void TellRowsNotAdded(const std::vector<std::string>& rows) {
+    std::string text = "The database is ready, but it did not take these rows:\r\n";
+    for (const std::string& row : rows)
+        text += "\r\n" + row;
+    TellAlert(text +
+              "\r\n\r\nTheir tables have further columns that must be filled, or hold shorter "
+              "texts. Please ask the person who looks after the database to add the rows.");
+}
+
+std::string WhereOnServer(const SqlServerPlace& place) {
+    return place.database + " on " + place.server +
+           (place.port.empty() ? "" : ", port " + place.port);
+}
+
+std::string Trimmed(const TextBox& box) {
+    return FromQt(ToQt(box.Text()).trimmed());
+}
+
+} // namespace Quillane
