@@ -34,8 +34,9 @@ public:
 
     std::string_view Scan() {
         TakeSign();
-        const std::size_t digits = TakeDigits() + TakeFraction();
-        if (digits == 0)
+        const std::size_t whole = TakeDigits();
+        const std::size_t fraction = TakeFraction();
+        if (whole + fraction == 0)
             return {};
         TakeExponent();
         return text_.substr(0, at_);
