@@ -54,6 +54,8 @@ void FrmWeighment::LoadArrival(std::int16_t& id) {
         ComputeNetWeight();
         SetButtonState(3);
     } catch (const Failure&) {
+        // The bag lines that have come in are seen, since a save would store them.
+        Grid.Refresh();
         ShowError();
     }
 }
@@ -66,6 +68,7 @@ std::int32_t FrmWeighment::AskForArrival() {
 
 void FrmWeighment::ShowRows(Recordset& rows) {
     const int lines = rows.RecordCount();
+    BagRows.Clear();
     BagRows.ReDim(lines - 1, Grid.ColumnCount() - 1);
     for (int line = 0; line < lines; ++line) {
         if (line == 0)

@@ -2,6 +2,8 @@
 
 #include "weighment/OpeningFixture.h"
 
+#include <QTableView>
+
 namespace Quillane {
 namespace {
 
@@ -62,6 +64,18 @@ protected:
                 !each->starts_with("TxtMoundKgs"))
                 filled.push_back(*each);
         return filled;
+    }
+
+    /// The bag lines as the grid shows them, without its empty last one.
+    Lines SeenLines() {
+        const QAbstractItemModel& model = *dynamic_cast<QTableView&>(screen->Grid.Widget()).model();
+        const auto cell = [&](int row, int column) {
+            return model.index(row, column).data().toString().toStdString();
+        };
+        Lines lines;
+        for (int row = 0; row < model.rowCount() - 1; ++row)
+            lines.push_back(cell(row, 0) + " | " + cell(row, 1) + " | " + cell(row, 2));
+        return lines;
     }
 };
 
@@ -145,6 +159,39 @@ TEST_F(UnreadableRows, LeaveTheButtonsOfTheArrivalThatWasOpenBefore) {
     EXPECT_EQ(On(), "Open Print Remove Clear ");
     EXPECT_EQ(screen->ArrivalNo, 1040);
     EXPECT_TRUE(screen->TxtArrivalId.Enabled());
+}
+
+// From an empty screen: what has come in of the lines is seen, and a save stores what is seen.
+TEST_F(UnreadableRows, AreSavedAsFarAsTheyAreSeen) {
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
+    BoxAnswers boxes;
+    boxes.Expect(Critical("Invalid use of Null", "Quillane"));
+    Open(1040);
+    const Lines seen{"Jute New | 100 Kg | 45", "Polypropylene | 40 Kg | "};
+    EXPECT_EQ(SeenLines(), seen);
+    screen->TxtArrivalId.SetText("1043");
+    boxes.Expect({"Do you want to print?", "Confirmation", BoxIcon::Question, BoxButtons::YesNo,
+                  BoxAnswer::No},
+                 BoxAnswer::No);
+    screen->BtnSave_Click();
+    EXPECT_EQ(Body("BagsClassId, BagsTypeId, NoOfBags, VehicleNo", 1043),
+              (std::vector<Lines>{{"1", "1", "45", "'LES-1090'"}, {"3", "3", "0", "''"}}));
+}
+
+// Neither in the array nor on the screen does a cell of the arrival before remain.
+TEST_F(UnreadableRows, ShowNoCellOfTheArrivalThatWasOpenBefore) {
+    database.Loosen("ArrivalsBody");
+    RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
+    for (const std::int16_t before : std::initializer_list<std::int16_t>{1031, 1033, 1036}) {
+        Open(before);
+        BoxAnswers boxes;
+        boxes.Expect(Critical("Invalid use of Null", "Quillane"));
+        OpenBySearch(1040);
+        const Lines left{"Jute New | 100 Kg | 45", "Polypropylene | 40 Kg | "};
+        EXPECT_EQ(BagLines(), left) << before;
+        EXPECT_EQ(SeenLines(), left) << before;
+    }
 }
 
 TEST_F(UnreadableRows, WithANullThatNobodyReadsOpen) {

@@ -45,7 +45,7 @@ void TDBGrid::ReBind() {
 }
 
 void TDBGrid::Refresh() {
-    view_->viewport()->update();
+    view_->GoTo(view_->Row(), view_->Column());
 }
 
 void TDBGrid::MoveFirst() {

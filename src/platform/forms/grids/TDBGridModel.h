@@ -18,7 +18,8 @@ struct GridColumn {
 };
 
 /// The array behind a grid, with one empty line more at its end, as Qt's views see it. It copies
-/// nothing; rows that code adds or takes away are seen from the next `Reset` on.
+/// nothing; rows that code adds or takes away are seen from the next `Reset` on. Until then the
+/// model is stale.
 class TDBGridModel : public QAbstractTableModel {
 public:
     void Bind(RowArray* rows) { rows_ = rows; }

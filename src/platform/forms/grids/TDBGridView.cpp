@@ -71,6 +71,8 @@ int TDBGrid::View::Column() const {
 }
 
 void TDBGrid::View::GoTo(int row, int column) {
+    if (model_.IsStale())
+        model_.Reset();
     const QModelIndex cell = model_.index(std::clamp(row, 0, model_.RowCount()),
                                           std::clamp(column, 0, model_.ColumnCount() - 1));
     selectedLine_ = -1;
@@ -125,11 +127,10 @@ void TDBGrid::View::SelectLine(int row) {
 
 void TDBGrid::View::DeleteLine(int row) {
     GiveUp();
-    if (model_.IsStale())
-        model_.Reset();
+    const int column = Column();
+    GoTo(row, column);
     if (row >= model_.RowCount())
         return;
-    const int column = Column();
     model_.DeleteRow(row);
     GoTo(row, column);
     if (grid_.Change)

@@ -26,7 +26,7 @@ public:
 
     int Row() const;
     int Column() const;
-    /// Moves to a cell, as far as there is one; commits nothing.
+    /// Moves to a cell, as far as there is one; commits nothing. A stale model is reset before.
     void GoTo(int row, int column);
     /// Arrows, Home, End, Page Up and Page Down move; other keys give false.
     bool MoveBy(int key);

@@ -231,6 +231,50 @@ TEST_F(TDBGridTest, RowsThatCodeAddedWithoutReBindingAreNotOverwritten) {
     EXPECT_EQ(Cell(2, QuantityColumn), "9");
 }
 
+TEST_F(TDBGridTest, RowsThatCodeHasChangedAreSeenBeforeTheyAreWalked) {
+    for (const int lines : {1, 3, 5}) {
+        FillTwo();
+        grid.MoveNext();
+        screen.BagRows.Clear();
+        screen.BagRows.ReDim(lines - 1, 2);
+        for (int line = 0; line < lines; ++line)
+            screen.BagRows.Set(line, QuantityColumn, std::to_string(line + 1));
+        grid.MoveFirst();
+        EXPECT_EQ(View().model()->rowCount(), lines + 1);
+        for (int line = 0; line < lines; ++line) {
+            EXPECT_EQ(grid.ColumnText(QuantityColumn), std::to_string(line + 1)) << lines;
+            EXPECT_EQ(Shown(line, QuantityColumn), std::to_string(line + 1)) << lines;
+            grid.MoveNext();
+        }
+        EXPECT_EQ(grid.ColumnText(QuantityColumn), "") << lines;
+    }
+}
+
+TEST_F(TDBGridTest, MovingOnFromARowThatCodeHasChangedGoesToTheOneBelow) {
+    FillTwo();
+    screen.BagRows.ReDim(3, 2);
+    screen.BagRows.Set(1, QuantityColumn, "11");
+    grid.MoveNext();
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(grid.ColumnText(QuantityColumn), "11");
+    EXPECT_EQ(View().model()->rowCount(), 5);
+}
+
+TEST_F(TDBGridTest, RefreshingShowsTheRowsThatTheArrayHasNow) {
+    FillTwo();
+    GoTo(1, TypeColumn);
+    screen.BagRows.ReDim(3, 2);
+    grid.Refresh();
+    EXPECT_EQ(View().model()->rowCount(), 5);
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(Column(), TypeColumn);
+    screen.BagRows.Clear();
+    screen.BagRows.ReDim(-1, 2);
+    grid.Refresh();
+    EXPECT_EQ(View().model()->rowCount(), 1);
+    EXPECT_EQ(grid.Row(), 0);
+}
+
 TEST_F(TDBGridTest, AGridBoundToNothingHasNoRows) {
     TDBGrid unbound(screen, "GrdUnbound");
     unbound.AddColumn("Class", 100);
