@@ -161,6 +161,7 @@ private:
     bool HasFocus(std::string_view name) const;
     void EnterChangeMode();
 
+    void BlankControls();
     void ApplyWeighRule();
     void EmptyBagRows();
     void BlankLoneZero(TextBox& box);
@@ -189,6 +190,7 @@ private:
 
     void FillReport();
 
+    bool blanking_ = false; ///< no control counts as having the focus
     PortSession session_{*this, CM, Timer, TxtWeight, PortSettingsRows};
     Recordset headerRows_;
     Recordset oldBodyRows_;

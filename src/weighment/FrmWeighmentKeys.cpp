@@ -39,7 +39,7 @@ bool IsShortcut(int key, int shift) {
 } // namespace
 
 bool FrmWeighment::HasFocus(std::string_view name) const {
-    return ActiveControlName() == name;
+    return !blanking_ && ActiveControlName() == name;
 }
 
 void FrmWeighment::Form_KeyDown(int& key, int shift) {

@@ -82,21 +82,31 @@ void FrmWeighment::EnterChangeMode() {
     SetButtonState(2);
 }
 
+// Whichever control has the focus, its handler takes this for a write from elsewhere: a box that
+// computed here would leave the figures of the weighment that goes.
+void FrmWeighment::BlankControls() {
+    struct Walk {
+        bool& running;
+        ~Walk() { running = false; }
+    } walk{blanking_ = true};
+    for (Control* control : Controls()) {
+        const std::string& kind = control->TypeName();
+        if (kind == "TextBox")
+            static_cast<TextBox*>(control)->SetText("");
+        if (kind == "ComboBox")
+            static_cast<ComboBox*>(control)->SetListIndex(0);
+        if (kind == "CheckBox")
+            static_cast<CheckBox*>(control)->SetValue(0);
+        if (kind == "TDBText" || kind == "TDBNumber")
+            static_cast<TextBox*>(control)->SetText("");
+        if (kind == "TDBCombo")
+            static_cast<TDBCombo*>(control)->SetText("");
+    }
+}
+
 void FrmWeighment::ClearControls() {
     try {
-        for (Control* control : Controls()) {
-            const std::string& kind = control->TypeName();
-            if (kind == "TextBox")
-                static_cast<TextBox*>(control)->SetText("");
-            if (kind == "ComboBox")
-                static_cast<ComboBox*>(control)->SetListIndex(0);
-            if (kind == "CheckBox")
-                static_cast<CheckBox*>(control)->SetValue(0);
-            if (kind == "TDBText" || kind == "TDBNumber")
-                static_cast<TextBox*>(control)->SetText("");
-            if (kind == "TDBCombo")
-                static_cast<TDBCombo*>(control)->SetText("");
-        }
+        BlankControls();
         TxtArrivalId.SetEnabled(true);
         TxtArrivalId.SetBackColor(White);
         DtpArrivalDate.SetEnabled(true);

@@ -242,18 +242,6 @@ TEST_F(NewWeighmentTrace, WithTheManualWeightCheckedReturnsToTheLiveReading) {
     EXPECT_TRUE(screen->TxtWeight.Locked());
 }
 
-TEST_F(NewWeighmentTrace, WithTheFocusInTheTareBoxLeavesTheGrossThatItsBlankingComputes) {
-    ShowScreen();
-    FillIn();
-    screen->TxtTareWeight.SetFocus();
-    screen->NewWeighment();
-    EXPECT_EQ(screen->TxtTareWeight.Text(), "");
-    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
-    EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");
-    EXPECT_EQ(screen->TxtNetWeight.Text(), "12540");
-    EXPECT_FALSE(screen->TxtGrossWeight.Enabled());
-}
-
 TEST_F(NewWeighmentTrace, WithAFailingIdEndsWithoutAnIdAndOpensTheLineNoSecondTime) {
     ShowScreen();
     screen->DtpArrivalDate.SetValue(AddDays(Today(), -3));
@@ -317,15 +305,17 @@ TEST_F(NewWeighmentTrace, WithTheLineInUseTellsTwice) {
     })) << "then once with each tick";
 }
 
-TEST_F(NewWeighmentTrace, LetsPendingEventsRunBetweenTheIdAndTheLine) {
+TEST_F(NewWeighmentTrace, LetsPendingEventsRunAfterTheIdAndTheDateAndBeforeTheLine) {
     ShowScreen();
     Trace trace(*screen, line);
-    QTimer::singleShot(0, [&] { trace.Note("a pending event"); });
+    screen->DtpArrivalDate.SetValue(AddDays(Today(), -3));
+    QTimer::singleShot(
+        0, [&] { trace.Note("a pending event, on " + ShownDate(screen->DtpArrivalDate.Value())); });
     screen->NewWeighment();
     const Lines done = trace.Take();
     ASSERT_GE(done.size(), 3u);
     EXPECT_EQ(Lines(done.end() - 3, done.end()),
-              (Lines{"TxtArrivalId = '1043'", "a pending event", Opens300}));
+              (Lines{"TxtArrivalId = '1043'", "a pending event, on 20/11/2026", Opens300}));
 }
 
 TEST_F(NewWeighmentTrace, EndsWhereAPendingEventClosesTheScreen) {
