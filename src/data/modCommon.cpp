@@ -7,6 +7,7 @@
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 
@@ -50,6 +51,14 @@ void AllowNumericKey(int& key, const VisualControl& control, bool allowPoint) {
     const bool hasPoint = box && box->Text().find('.') != std::string::npos;
     if (key != point || !allowPoint || hasPoint)
         key = 0;
+}
+
+bool AllowNumericText(std::string_view text, const VisualControl& control) {
+    return std::all_of(text.begin(), text.end(), [&](unsigned char character) {
+        int key = character;
+        AllowNumericKey(key, control, false);
+        return key != 0 && key != backspace;
+    });
 }
 
 void MarkActiveText(Screen& screen) {

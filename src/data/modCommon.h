@@ -17,6 +17,10 @@ void ShowError();
 /// `allowPoint` is true and the control's text holds none yet; any other key becomes 0.
 void AllowNumericKey(int& key, const VisualControl& control, bool allowPoint);
 
+/// Whether that filter lets each character of a text through, without a point. Backspace is a key
+/// and no character.
+bool AllowNumericText(std::string_view text, const VisualControl& control);
+
 /// The got-focus routine of text boxes: on a visible screen, selects the whole text of a visible
 /// and enabled text box, tints it 0xC0FFFF and gives it the focus.
 void MarkActiveText(Screen& screen);

@@ -36,6 +36,8 @@ void FrmWeighment::WireBoxes() {
     for (TextBox* box : {&TxtArrivalId, &TxtDeduction, &TxtGrossWeight, &TxtHeapName, &TxtHeapNo,
                          &TxtInitialGrossWeight, &TxtShortage, &TxtTareWeight})
         box->GotFocus = [this] { MarkActiveText(*this); };
+    for (TextBox* box : NumberBoxes())
+        box->Admits = [box](std::string_view text) { return AllowNumericText(text, *box); };
     Timer.Tick = [this] { ReadLiveWeight(); };
 }
 

@@ -13,6 +13,7 @@
 #include "scale/PortSession.h"
 #include "slip/RptReportViewer.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -159,6 +160,7 @@ private:
     void HandleShortcut(int& key, int shift);
     void SearchParty(int& key);
     bool HasFocus(std::string_view name) const;
+    std::array<TextBox*, 6> NumberBoxes();
     void EnterChangeMode();
 
     void BlankControls();

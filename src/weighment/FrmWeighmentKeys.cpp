@@ -42,6 +42,11 @@ bool FrmWeighment::HasFocus(std::string_view name) const {
     return !blanking_ && ActiveControlName() == name;
 }
 
+std::array<TextBox*, 6> FrmWeighment::NumberBoxes() {
+    return {&TxtInitialGrossWeight, &TxtTareWeight, &TxtGrossWeight,
+            &TxtShortage,           &TxtDeduction,  &TxtHeapNo};
+}
+
 void FrmWeighment::Form_KeyDown(int& key, int shift) {
     try {
         HandleKeyDown(key, shift);
@@ -99,13 +104,10 @@ void FrmWeighment::SearchParty(int& key) {
 void FrmWeighment::Form_KeyPress(int& character) {
     if (character == Key::Return)
         return;
-    const std::string name = ActiveControlName();
-    constexpr std::array<std::string_view, 6> numbers{"TxtInitialGrossWeight", "TxtTareWeight",
-                                                      "TxtGrossWeight",        "TxtShortage",
-                                                      "TxtDeduction",          "TxtHeapNo"};
-    if (std::find(numbers.begin(), numbers.end(), name) != numbers.end())
-        AllowNumericKey(character, *ActiveControl(), false);
-    if (!BtnSave.Enabled() && !BeginsWith(name, "Btn"))
+    for (const TextBox* box : NumberBoxes())
+        if (box == ActiveControl())
+            AllowNumericKey(character, *box, false);
+    if (!BtnSave.Enabled() && !BeginsWith(ActiveControlName(), "Btn"))
         EnterChangeMode();
 }
 

@@ -117,7 +117,7 @@ void FrmWeighment::DesignBoxes() {
 void FrmWeighment::DesignGrid() {
     Grid.AddColumn("Class", 180);
     Grid.AddColumn("Type", 180);
-    Grid.AddColumn("Qty", 80, TDBGrid::CellKind::WholeNumber);
+    Grid.AddColumn("Qty", 80, TDBGrid::CellKind::Number);
     Grid.SetDropDown(0, CboBagClass);
     Grid.SetDropDown(1, CboBagType);
 }

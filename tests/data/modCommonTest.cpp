@@ -88,6 +88,15 @@ INSTANTIATE_TEST_SUITE_P(OfEveryKind, AllowNumericKeyTest,
                                          KeyCase{27, "", false, 0}, KeyCase{0x0665, "", true, 0},
                                          KeyCase{0, "", true, 0}));
 
+TEST(AllowNumericText, LetsDigitsThroughAndNoTextWithAnythingElse) {
+    ListScreen screen;
+    for (const char* text : {"", "0", "12540", "0042"})
+        EXPECT_TRUE(AllowNumericText(text, screen.TxtWeight)) << text;
+    for (const char* text : {"-999", "-1e9", "1.5", "1 2", " 1", "1\n", "1\b2", "x", "5x", "+5",
+                             "\xD9\xA5", "1\xD9\xA5"})
+        EXPECT_FALSE(AllowNumericText(text, screen.TxtWeight)) << text;
+}
+
 // ---- MarkActiveText ----
 
 class MarkActiveTextTest : public testing::Test {

@@ -111,7 +111,7 @@ TEST_F(FrmWeighmentTyping, NumberBoxesTakeDigitsAndBackspaceAlone) {
         box->SetEnabled(true);
         box->SetLocked(false);
         box->SetFocus();
-        Driver().Type("a1.-2 e3").Press(Qt::Key_Backspace).Commit("x4.");
+        Driver().Type("a1.-2 e3").Press(Qt::Key_Backspace).Commit("4").Commit("x5.");
         EXPECT_EQ(screen->ActiveControlName(), box->Name());
         EXPECT_EQ(box->Text(), "124") << box->Name();
     }

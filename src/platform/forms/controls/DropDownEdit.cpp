@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-DropDownEdit::DropDownEdit(QWidget* parent) : LateLine(parent) {
+DropDownEdit::DropDownEdit(QWidget* parent) : FilteredLine(parent) {
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (Edited)
             Edited(adding_ && cursorPosition() == text().size());
@@ -36,13 +36,13 @@ void DropDownEdit::Show(const QString& text) {
 void DropDownEdit::keyPressEvent(QKeyEvent* event) {
     const bool prints = !event->text().isEmpty() && event->text().front().isPrint();
     adding_ = prints || event->matches(QKeySequence::Paste);
-    QLineEdit::keyPressEvent(event);
+    FilteredLine::keyPressEvent(event);
     adding_ = false;
 }
 
 void DropDownEdit::inputMethodEvent(QInputMethodEvent* event) {
     adding_ = !event->commitString().isEmpty();
-    QLineEdit::inputMethodEvent(event);
+    FilteredLine::inputMethodEvent(event);
     adding_ = false;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/controls/LateLine.h"
+#include "platform/forms/controls/FilteredLine.h"
 
 #include <functional>
 
@@ -8,7 +8,7 @@ namespace Quillane {
 
 /// The line in which a name is typed, of a pick list or of a grid's cell. It tells added text from
 /// removed text, since only what was added at the end is completed.
-class DropDownEdit : public LateLine {
+class DropDownEdit : public FilteredLine {
 public:
     explicit DropDownEdit(QWidget* parent);
 

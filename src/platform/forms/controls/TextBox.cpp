@@ -1,7 +1,7 @@
 #include "platform/forms/controls/TextBox.h"
 
 #include "platform/forms/controls/ControlColours.h"
-#include "platform/forms/controls/LateLine.h"
+#include "platform/forms/controls/FilteredLine.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "platform/forms/core/FontFamilies.h"
 #include "platform/forms/core/Screen.h"
@@ -12,9 +12,9 @@
 
 namespace Quillane {
 
-class TextBox::Edit : public LateLine {
+class TextBox::Edit : public FilteredLine {
 public:
-    explicit Edit(QWidget* parent) : LateLine(parent) { ApplyLimit(); }
+    explicit Edit(QWidget* parent) : FilteredLine(parent) { ApplyLimit(); }
 
     void SetLimit(int characters) {
         Settle();
@@ -58,6 +58,9 @@ TextBox::TextBox(Screen& screen, std::string name)
             }
         });
     });
+    edit_->Admits = [this](const QString& text, const QString& /*rest*/) {
+        return !Admits || Admits(FromQt(text));
+    };
     ApplyColours();
 }
 

@@ -10,7 +10,7 @@ namespace Quillane {
 ///
 /// `Change` runs once for each edit of the operator, and inside each `SetText` from code, also when
 /// the text is the same. `MaxLength` bounds what is typed or pasted; a text from code is kept
-/// whole, so that no stored figure is ever cut short.
+/// whole, so that no stored figure is ever cut short. Nor does code ask `Admits`.
 class TextBox : public VisualControl {
 public:
     enum class Alignment { Left, Right, Centre };
@@ -32,6 +32,9 @@ public:
     std::string SelectedText() const;
 
     std::function<void()> Change;
+    /// Asked before a text of the operator goes in: typed, pasted, dropped or committed by an input
+    /// method. False keeps all of it out. Without it everything goes in.
+    std::function<bool(std::string_view text)> Admits;
 
     QWidget& Widget() override;
 

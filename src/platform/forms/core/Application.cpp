@@ -133,13 +133,16 @@ bool Application::NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event)
         return QApplication::notify(&receiver, &event);
     }
     const QPointer<QWidget> target = &receiver;
-    QString kept;
-    RunEvent([&] { kept = screen->PreviewCommitted(event.commitString()); });
+    bool swallowed = true;
+    RunEvent([&] { swallowed = screen->PreviewCommitted(event.commitString()); });
     if (!target) {
         return true;
     }
     QInputMethodEvent passed(event.preeditString(), event.attributes());
-    passed.setCommitString(kept, event.replacementStart(), event.replacementLength());
+    if (!swallowed) {
+        passed.setCommitString(event.commitString(), event.replacementStart(),
+                               event.replacementLength());
+    }
     return QApplication::notify(target, &passed);
 }
 

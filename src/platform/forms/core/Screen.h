@@ -131,7 +131,7 @@ private:
     bool PreviewText(const QKeyEvent& event);
     bool PressMnemonic(const QKeyEvent& event);
     VisualControl* MnemonicControl(const QKeyEvent& event) const;
-    QString PreviewCommitted(const QString& text);
+    bool PreviewCommitted(const QString& text);
     void DeliverTab();
 
     std::string name_;

@@ -139,15 +139,16 @@ bool Screen::PreviewCharacter(char32_t character) {
     return !Lives(life) || code == 0;
 }
 
-QString Screen::PreviewCommitted(const QString& text) {
-    QString kept;
+// The whole text is swallowed with one of its characters: what is left of it would be another.
+bool Screen::PreviewCommitted(const QString& text) {
     const std::uint64_t life = life_;
+    bool swallowed = false;
     for (const char32_t character : text.toUcs4()) {
-        if (Lives(life) && !PreviewCharacter(character)) {
-            kept += QString::fromUcs4(&character, 1);
+        if (Lives(life)) {
+            swallowed = PreviewCharacter(character) || swallowed;
         }
     }
-    return Lives(life) ? kept : QString();
+    return swallowed;
 }
 
 VisualControl* Screen::MnemonicControl(const QKeyEvent& event) const {

@@ -23,13 +23,14 @@ class TDBCombo;
 ///
 /// The first cell committed on the empty last line adds the row; an empty cell adds none. In a cell
 /// with a drop-down, text that the list does not hold is refused: the first name that begins with
-/// it is taken, else the cell keeps what it had. A cell for whole numbers takes digits alone.
+/// it is taken, else the cell keeps what it had. A cell for numbers takes digits and one point; a
+/// text that holds anything else stays out whole.
 class TDBGrid : public VisualControl {
 public:
     TDBGrid(Screen& screen, std::string name);
     ~TDBGrid() override;
 
-    enum class CellKind { Text, WholeNumber };
+    enum class CellKind { Text, Number };
     void AddColumn(std::string_view caption, int width, CellKind kind = CellKind::Text);
     /// Names for the cells of a column come from this list, which is itself no longer seen.
     void SetDropDown(int column, TDBCombo& list);
@@ -38,7 +39,7 @@ public:
     /// Binds the grid; the array stays the caller's and must outlive the grid.
     void SetArray(RowArray& rows);
     void ReBind();  ///< reads the array anew; the first row becomes current
-    void Refresh(); ///< paints anew
+    void Refresh(); ///< paints again, with the rows that the array has now
     void MoveFirst();
     /// Past the last row there is no current row, and none is created.
     void MoveNext();

@@ -12,6 +12,20 @@
 
 namespace Quillane {
 
+namespace {
+
+constexpr qsizetype LongestNumber = 9;
+
+/// Digits and at most one point, as far as they make a number of bags.
+bool IsNumber(const QString& text) {
+    const auto digits =
+        std::count_if(text.begin(), text.end(), [](QChar c) { return c >= '0' && c <= '9'; });
+    const auto points = text.count('.');
+    return digits + points == text.size() && points <= 1 && text.size() <= LongestNumber;
+}
+
+} // namespace
+
 const RowArray* TDBGrid::View::Names() {
     const TDBCombo* list = CurrentColumn().list;
     return list == nullptr ? nullptr : list->Array().get();
@@ -20,29 +34,22 @@ const RowArray* TDBGrid::View::Names() {
 bool TDBGrid::View::MayType(const QString& text) {
     if (!currentIndex().isValid() || text.isEmpty() || !text.front().isPrint())
         return false;
-    const bool digits =
-        std::all_of(text.begin(), text.end(), [](QChar c) { return c >= '0' && c <= '9'; });
-    return digits || CurrentColumn().kind != CellKind::WholeNumber;
+    return CurrentColumn().kind != CellKind::Number || IsNumber(text);
 }
 
 void TDBGrid::View::BeginEdit(Begun begun, const QString& text) {
-    if (model_.IsStale()) {
-        const int row = Row();
-        const int column = Column();
-        model_.Reset();
-        GoTo(row, column);
-    }
+    GoTo(Row(), Column());
     if (!currentIndex().isValid())
         return;
     editing_ = true;
     begun_ = begun;
-    selectedLine_ = -1;
-    const bool number = CurrentColumn().kind == CellKind::WholeNumber;
-    scrollTo(currentIndex());
-    editor_.setValidator(nullptr);
+    const bool number = CurrentColumn().kind == CellKind::Number;
     editor_.setText(text);
-    digits_->BeginWith(text);
-    editor_.setValidator(number ? digits_.get() : nullptr);
+    editor_.Admits = nullptr;
+    if (number)
+        editor_.Admits = [](const QString& added, const QString& rest) {
+            return IsNumber(rest + added);
+        };
     editor_.setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     editor_.setAccessibleName(ToQt(CurrentColumn().caption));
     PlaceEditor();

@@ -69,7 +69,7 @@ QVariant TDBGridModel::data(const QModelIndex& index, int role) const {
     const auto& column = columns_.at(static_cast<std::size_t>(index.column()));
     if (role == Qt::DisplayRole && index.column() < rows_->ColumnCount())
         return ToQt(Text(index.row(), index.column()));
-    if (role == Qt::TextAlignmentRole && column.kind == TDBGrid::CellKind::WholeNumber)
+    if (role == Qt::TextAlignmentRole && column.kind == TDBGrid::CellKind::Number)
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     return {};
 }
@@ -88,7 +88,7 @@ QVariant TDBGridModel::headerData(int section, Qt::Orientation orientation, int 
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(
             Qt::AlignVCenter |
-            (column.kind == TDBGrid::CellKind::WholeNumber ? Qt::AlignRight : Qt::AlignLeft));
+            (column.kind == TDBGrid::CellKind::Number ? Qt::AlignRight : Qt::AlignLeft));
     return {};
 }
 

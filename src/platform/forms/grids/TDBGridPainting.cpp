@@ -9,7 +9,6 @@
 namespace Quillane {
 
 namespace {
-constexpr int LongestNumber = 9;
 constexpr int CellMargin = 4;
 } // namespace
 
@@ -48,16 +47,6 @@ void TDBGrid::View::Painter::PaintCurrent(QPainter& painter, const QRect& cell) 
     arrow.rect = view_.ArrowRect().adjusted(6, 6, -6, -6);
     if (arrow.rect.isValid())
         view_.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, &view_);
-}
-
-QValidator::State TDBGrid::View::Digits::validate(QString& text, int&) const {
-    const bool digits =
-        std::all_of(text.begin(), text.end(), [](QChar c) { return c >= '0' && c <= '9'; });
-    const bool shortened = text.size() < length_;
-    if (!shortened && !(digits && text.size() <= LongestNumber))
-        return Invalid;
-    length_ = text.size();
-    return Acceptable;
 }
 
 } // namespace Quillane

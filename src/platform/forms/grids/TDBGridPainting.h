@@ -3,7 +3,6 @@
 #include "platform/forms/grids/TDBGridView.h"
 
 #include <QStyledItemDelegate>
-#include <QValidator>
 
 namespace Quillane {
 
@@ -22,16 +21,6 @@ private:
     void PaintCurrent(QPainter& painter, const QRect& cell) const;
 
     View& view_;
-};
-
-/// Lets digits alone be typed. A stored figure of another form can still be taken away from.
-class TDBGrid::View::Digits : public QValidator {
-public:
-    void BeginWith(const QString& text) { length_ = text.size(); }
-    State validate(QString& text, int& caret) const override;
-
-private:
-    mutable qsizetype length_ = 0; ///< of the text last let through
 };
 
 } // namespace Quillane

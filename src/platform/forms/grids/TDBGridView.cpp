@@ -21,7 +21,7 @@ constexpr int RowsOfAPage = 10;
 
 TDBGrid::View::View(TDBGrid& grid, QWidget& parent)
     : QTableView(&parent), grid_(grid), painter_(std::make_unique<Painter>(*this)),
-      digits_(std::make_unique<Digits>()), editor_(viewport()), list_(*this) {
+      editor_(viewport()), list_(*this) {
     setModel(&model_);
     setItemDelegate(painter_.get());
     setEditTriggers(NoEditTriggers);

@@ -58,7 +58,6 @@ protected:
 
 private:
     class Painter;
-    class Digits;
 
     void FitColumns();
     void FitRows();
@@ -79,7 +78,6 @@ private:
     TDBGrid& grid_;
     TDBGridModel model_;
     std::unique_ptr<Painter> painter_;
-    std::unique_ptr<Digits> digits_;
     DropDownEdit editor_;
     DropDownList list_;
     bool editing_ = false;

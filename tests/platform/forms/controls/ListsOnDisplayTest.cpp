@@ -33,7 +33,7 @@ public:
         Fill(CboCommodity, {"Wheat", "Maize", "Gram"});
         Fill(CboBagClass, {"Jute", "Plastic", "Plain"});
         Grid.AddColumn("Class", 200);
-        Grid.AddColumn("Qty", 100, TDBGrid::CellKind::WholeNumber);
+        Grid.AddColumn("Qty", 100, TDBGrid::CellKind::Number);
         Grid.SetDropDown(0, CboBagClass);
         BagRows.ReDim(0, 1);
         BagRows.Set(0, 0, "Jute");

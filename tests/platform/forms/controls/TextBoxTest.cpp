@@ -5,9 +5,16 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace Quillane::Testing {
 namespace {
@@ -74,6 +81,126 @@ TEST_F(TextBoxTest, KeepsAWriteFromCodeWholeThoughItIsLongerThanTheLimit) {
     driver.Type("9").Type("9");
     EXPECT_EQ("1239", box.Text());
     EXPECT_EQ(4, box.MaxLength());
+}
+
+class FilteredTextBox : public TextBoxTest {
+protected:
+    FilteredTextBox() {
+        box.Admits = [this](std::string_view text) {
+            asked.emplace_back(text);
+            return text.find('x') == std::string_view::npos;
+        };
+    }
+
+    static void Paste(ScreenDriver& by, const char* text) {
+        QApplication::clipboard()->setText(text);
+        by.Press(Qt::CTRL | Qt::Key_V);
+    }
+    QMenu* Menu() {
+        QContextMenuEvent wanted(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                                 Edit().mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&Edit(), &wanted);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+    /// The bool says whether the box took it.
+    bool Drop(const char* text) {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&Edit(), &enter);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&Edit(), &drop);
+        return drop.isAccepted();
+    }
+
+    Events asked;
+};
+
+TEST_F(FilteredTextBox, RefusesATypedCharacterAlsoWithAlt) {
+    driver.Type("ax").Press(Qt::ALT | Qt::Key_X).Type("b").Press(Qt::Key_Backspace);
+    EXPECT_EQ("a", box.Text());
+    EXPECT_EQ((Events{"a", "ab", "a"}), changes);
+}
+
+TEST_F(FilteredTextBox, RefusesAWholePastedTextAndKeepsTheSelection) {
+    box.SetText("old");
+    box.SelectAll();
+    changes.clear();
+    Paste(driver, "1x2");
+    EXPECT_EQ("old", box.Text());
+    EXPECT_EQ("old", box.SelectedText());
+    EXPECT_TRUE(changes.empty());
+    Paste(driver, "12");
+    EXPECT_EQ("12", box.Text());
+    EXPECT_EQ((Events{"12"}), changes);
+    EXPECT_EQ((Events{"1x2", "12"}), asked);
+}
+
+TEST_F(FilteredTextBox, RefusesAWholeTextPastedByTheMenu) {
+    for (const char* text : {"1x2", "12"}) {
+        QMenu* menu = Menu();
+        ASSERT_NE(menu, nullptr);
+        const auto actions = menu->actions();
+        const auto paste = std::ranges::find_if(
+            actions, [](const QAction* action) { return action->text().startsWith("&Paste"); });
+        ASSERT_NE(paste, actions.end());
+        // What counts is what is pasted, and not what lay there as the menu came up.
+        QApplication::clipboard()->setText(text);
+        (*paste)->trigger();
+        menu->close();
+    }
+    EXPECT_EQ("12", box.Text());
+    EXPECT_EQ((Events{"12"}), changes);
+}
+
+TEST_F(FilteredTextBox, RefusesAWholeDroppedText) {
+    EXPECT_FALSE(Drop("1x2"));
+    EXPECT_EQ("", box.Text());
+    EXPECT_TRUE(Drop("12"));
+    EXPECT_EQ("12", box.Text());
+    EXPECT_EQ((Events{"12"}), changes);
+}
+
+TEST_F(FilteredTextBox, RefusesAWholeCommittedText) {
+    driver.Commit("1x2");
+    EXPECT_EQ("", box.Text());
+    driver.Commit("12");
+    EXPECT_EQ("12", box.Text());
+    EXPECT_EQ((Events{"12"}), changes);
+}
+
+TEST_F(FilteredTextBox, RefusesAWholeTextOfTheMiddleButton) {
+    QClipboard& clipboard = *QApplication::clipboard();
+    if (!clipboard.supportsSelection())
+        GTEST_SKIP() << "this display has no selection to paste from";
+    for (const char* text : {"1x2", "12"}) {
+        clipboard.setText(text, QClipboard::Selection);
+        QMouseEvent letGo(QEvent::MouseButtonRelease, QPointF(5, 5),
+                          Edit().mapToGlobal(QPointF(5, 5)), Qt::MiddleButton, Qt::NoButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&Edit(), &letGo);
+    }
+    EXPECT_EQ("12", box.Text());
+    EXPECT_EQ((Events{"12"}), changes);
+}
+
+TEST_F(FilteredTextBox, IsNotAskedForAWriteFromCode) {
+    box.SetText("x");
+    EXPECT_EQ("x", box.Text());
+    EXPECT_TRUE(asked.empty());
+    driver.Press(Qt::Key_End).Press(Qt::Key_Backspace);
+    EXPECT_EQ("", box.Text());
+    EXPECT_TRUE(asked.empty()) << "nor for what goes";
+}
+
+TEST_F(TextBoxTest, TakesACommittedTextOnlyWhileItIsNotLocked) {
+    box.SetText("4320");
+    box.SetLocked(true);
+    driver.Commit("5");
+    EXPECT_EQ("4320", box.Text());
+    box.SetLocked(false);
+    driver.Commit("5");
+    EXPECT_EQ("43205", box.Text());
 }
 
 TEST_F(TextBoxTest, HasNoLimitUnlessOneIsSet) {

@@ -111,10 +111,18 @@ TEST_F(ScreenKeys, OfEscapeAndEnterNeitherCloseTheScreenNorPressAButton) {
 }
 
 TEST_F(ScreenKeys, CommittedByAnInputMethodGiveKeyPressForEachCharacter) {
-    screen.OnKeyPress = [](int& character) { character = character == 'x' ? 0 : character; };
     driver.Commit("aاx");
     EXPECT_EQ((Events{"KeyPress 97", "KeyPress 1575", "KeyPress 120"}), screen.Taken());
-    EXPECT_EQ("aا", screen.First.Text());
+    EXPECT_EQ("aاx", screen.First.Text());
+}
+
+TEST_F(ScreenKeys, CommittedByAnInputMethodAreSwallowedTogetherWithOneOfThem) {
+    screen.OnKeyPress = [](int& character) { character = character == 'x' ? 0 : character; };
+    driver.Commit("axb");
+    EXPECT_EQ((Events{"KeyPress 97", "KeyPress 120", "KeyPress 98"}), screen.Taken());
+    EXPECT_EQ("", screen.First.Text());
+    driver.Commit("ab");
+    EXPECT_EQ("ab", screen.First.Text());
 }
 
 TEST_F(ScreenKeys, ReachAFormWithoutAnActiveControl) {

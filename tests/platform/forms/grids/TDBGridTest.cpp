@@ -2,6 +2,9 @@
 
 #include "platform/forms/grids/TDBGridTrial.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 namespace Quillane {
 namespace {
 
@@ -203,16 +206,47 @@ TEST_F(TDBGridTest, AnArrayWithoutColumnsGetsThoseOfTheGridWithItsFirstRow) {
     EXPECT_EQ(Cell(0, ClassColumn), "Jute");
 }
 
-// Cells for whole numbers.
+// Cells for numbers.
 
-TEST_F(TDBGridTest, ACellForWholeNumbersTakesDigitsAlone) {
+TEST_F(TDBGridTest, ACellForNumbersTakesDigitsAndOnePoint) {
     GoTo(0, QuantityColumn);
-    Type("x.-");
+    Type("x-,");
     EXPECT_EQ(Editor(), nullptr);
-    Type("1a2.3-4");
-    EXPECT_EQ(Editor()->text(), "1234");
+    Type("1a2.3-4.5");
+    EXPECT_EQ(Editor()->text(), "12.345");
     Press(Qt::Key_Backspace);
-    EXPECT_EQ(Editor()->text(), "123");
+    EXPECT_EQ(Editor()->text(), "12.34");
+    Press(Qt::CTRL | Qt::Key_A);
+    Type("12x4.5");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Cell(0, QuantityColumn), "124.5");
+}
+
+TEST_F(TDBGridTest, ANumberMayBeginWithItsPoint) {
+    GoTo(0, QuantityColumn);
+    Type(".");
+    ASSERT_NE(Editor(), nullptr);
+    Type("5");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Cell(0, QuantityColumn), ".5");
+}
+
+TEST_F(TDBGridTest, TextThatMakesNoNumberStaysOutOfItsCellWhole) {
+    GoTo(0, QuantityColumn);
+    Type("1");
+    const auto paste = [this](const char* text) {
+        QApplication::clipboard()->setText(text);
+        Press(Qt::CTRL | Qt::Key_V);
+    };
+    const auto commit = [this](const char* text) { Testing::ScreenDriver(screen).Commit(text); };
+    paste("2.5");
+    commit("7");
+    for (const char* text : {"12x4.5", "-2", "1 2", "2\n", ".5", "1.2.3", "12345"}) {
+        paste(text);
+        EXPECT_EQ(Editor()->text(), "12.57") << text;
+        commit(text);
+        EXPECT_EQ(Editor()->text(), "12.57") << text;
+    }
 }
 
 TEST_F(TDBGridTest, ACountAboveSixteenBitsCanBeTyped) {
@@ -222,13 +256,44 @@ TEST_F(TDBGridTest, ACountAboveSixteenBitsCanBeTyped) {
     EXPECT_EQ(Cell(0, QuantityColumn), "40000");
 }
 
-TEST_F(TDBGridTest, AStoredFigureWithAPointCanBeTakenAwayFrom) {
-    Fill({{"Jute", "50 Kg", "30.5"}});
+TEST_F(TDBGridTest, TextThatMakesNoNumberReplacesNoSelection) {
+    Fill({{"Jute", "50 Kg", "1234567"}});
     GoTo(0, QuantityColumn);
     Press(Qt::Key_F2);
+    Press(Qt::CTRL | Qt::Key_A);
+    QApplication::clipboard()->setText("12x4.5");
+    Press(Qt::CTRL | Qt::Key_V);
+    EXPECT_EQ(Editor()->text(), "1234567");
+    QApplication::clipboard()->setText("12.5");
+    Press(Qt::CTRL | Qt::Key_V);
+    EXPECT_EQ(Editor()->text(), "12.5");
+    Press(Qt::CTRL | Qt::Key_A);
+    Type(".");
+    EXPECT_EQ(Editor()->text(), ".") << "the point that goes is not counted";
+}
+
+TEST_F(TDBGridTest, ANumberHasNoMoreThanNineCharacters) {
+    GoTo(0, QuantityColumn);
+    Type("12345.67890");
+    EXPECT_EQ(Editor()->text(), "12345.678");
+}
+
+TEST_F(TDBGridTest, AStoredFigureOfAnotherFormCanOnlyBeTakenAwayFrom) {
+    Fill({{"Jute", "50 Kg", "-30.5"}});
+    GoTo(0, QuantityColumn);
+    Press(Qt::Key_F2);
+    Type("7");
+    EXPECT_EQ(Editor()->text(), "-30.5");
     Press(Qt::Key_Backspace);
     Press(Qt::Key_Backspace);
-    EXPECT_EQ(Editor()->text(), "30");
+    EXPECT_EQ(Editor()->text(), "-30");
+    Press(Qt::CTRL | Qt::Key_Z);
+    Type("x");
+    EXPECT_EQ(Editor()->text(), "-30.5");
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Delete);
+    Type("7");
+    EXPECT_EQ(Editor()->text(), "730.5");
 }
 
 // Cells with a list.

@@ -31,7 +31,7 @@ public:
         FillList(CboBagType, {"50 Kg", "100 Kg"});
         Grid.AddColumn("Class", 200);
         Grid.AddColumn("Type", 160);
-        Grid.AddColumn("Qty", 80, TDBGrid::CellKind::WholeNumber);
+        Grid.AddColumn("Qty", 80, TDBGrid::CellKind::Number);
         Grid.SetDropDown(ClassColumn, CboBagClass);
         Grid.SetDropDown(TypeColumn, CboBagType);
         BagRows.ReDim(-1, 2);
