@@ -8,6 +8,8 @@
 #include "platform/runtime/Numbers.h"
 #include "weighment/WeightArithmetic.h"
 
+#include <limits>
+
 namespace Quillane {
 
 namespace {
@@ -16,6 +18,15 @@ void Reopen(Recordset& rows, const std::string& source, int cursorType) {
     if (rows.State() == adStateOpen)
         rows.Close();
     rows.Open(source, *Con, cursorType, adLockOptimistic, adCmdUnspecified);
+}
+
+/// An id is a whole number of 32 bits. `ArrivalNo` has not followed the box to any other, and the
+/// steps that go by it would take the lines of another arrival. A new id must leave a next one, or
+/// no new weighment could be numbered any more.
+void FailUnlessId(double id, bool isNew) {
+    const std::int32_t whole = ToLong(id);
+    if (whole != id || (isNew && whole == std::numeric_limits<std::int32_t>::max()))
+        Fail(FailureNumber::Overflow);
 }
 
 } // namespace
@@ -57,10 +68,9 @@ void FrmWeighment::SaveWeighment() {
 void FrmWeighment::WriteHeader() {
     const double id = Val(TxtArrivalId.Text());
     Reopen(headerRows_, "Select * from Arrivals Where ArrivalId=" + NumberText(id), adOpenDynamic);
-    if (headerRows_.RecordCount() == 0) {
-        // Beyond the range of ids `ArrivalNo` has not followed the box, and the steps that go by it
-        // would take the lines of another arrival.
-        ToLong(id);
+    const bool isNew = headerRows_.RecordCount() == 0;
+    FailUnlessId(id, isNew);
+    if (isNew) {
         headerRows_.AddNew();
         headerRows_.Collect("ArrivalId", id);
     }

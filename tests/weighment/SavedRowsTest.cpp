@@ -135,6 +135,18 @@ TEST_F(SavedRows, OfBrokenQuantitiesAreDividedByARoundedSum) {
               (Rows{{"1.5", "4110", "6152.25"}, {"1", "4110", "4101.5"}}));
 }
 
+TEST_F(SavedRows, OfABrokenQuantityTypedInTheGridHoldItWhole) {
+    FillIn();
+    SetBagLines({{"Jute New", "100 Kg", ""}, {"Jute Old", "100 Kg", "27.5"}});
+    screen->Grid.SetFocus();
+    ScreenDriver driver(*screen);
+    driver.Press(Qt::Key_Right).Press(Qt::Key_Right).Type("12.5").Press(Qt::Key_Return);
+    EXPECT_EQ(screen->BagRows.Get(0, 2), "12.5");
+    Save();
+    EXPECT_EQ(Body("NoOfBags, BagWeight, NetWeight"),
+              (Rows{{"12.5", "205.5", "2563.4375"}, {"27.5", "205.5", "5639.5625"}}));
+}
+
 TEST_F(SavedRows, StandInTheGridsOrderWhereverItsCurrentLineWas) {
     FillIn();
     std::vector<BagLine> lines;
@@ -276,15 +288,16 @@ TEST_F(SavedRows, LeaveEveryOtherArrivalAlone) {
     EXPECT_EQ(bodiesAfter, bodies);
 }
 
-// The member keeps its value there: going by both would take the lines of another arrival, and no
-// new weighment could show the id after it.
-TEST_F(SavedRows, AreNoneForAnIdBeyondTheRangeOfIds) {
+// `ArrivalNo` does not follow the box there: going by both would take the lines of another arrival.
+// After the last number of all no new weighment could show the next.
+TEST_F(SavedRows, AreNoneForAnIdThatIsNoWholeNumberWithASuccessor) {
     FillIn();
     const auto header = StoredTable("Arrivals");
     const auto body = StoredTable("ArrivalsBody");
     Trace trace(*screen, line);
     screen->TxtArrivalId.SetText("1031");
-    for (const char* id : {"2147483648", "3331234567", "-2147483649"}) {
+    for (const char* id : {"2147483648", "3331234567", "-2147483649", "1041.5", "1042.5", "0.4",
+                           "104.15e1", "2147483647", "2147483647.0"}) {
         screen->TxtArrivalId.SetText(id);
         trace.Take();
         screen->BtnSave_Click();
@@ -295,7 +308,17 @@ TEST_F(SavedRows, AreNoneForAnIdBeyondTheRangeOfIds) {
     }
     screen->TxtArrivalId.SetText("2147483646");
     screen->BtnSave_Click();
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "2147483647");
+    EXPECT_EQ(StoredCell("SELECT max(ArrivalID) FROM Arrivals"), "2147483646");
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "2147483647") << "the last number is still shown";
+}
+
+TEST_F(SavedRows, OfAnOpenedArrivalWithTheLastNumberAreReplaced) {
+    RunBeside("INSERT INTO Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) VALUES "
+              "(2147483647, '2026-11-20T00:00:00', 1, '6010001')");
+    FillInOpened(2147483647);
+    Trace trace(*screen, line);
+    screen->BtnSave_Click();
+    EXPECT_EQ(Body("NoOfBags", 2147483647), (Rows{{"60"}, {"40"}}));
 }
 
 } // namespace
