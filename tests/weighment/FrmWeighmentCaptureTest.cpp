@@ -68,6 +68,36 @@ TEST_F(FrmWeighmentCapture, OfAGrossBeforeTheTare) {
     EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
 }
 
+// The capture leaves its box closed; the next one opens it again.
+TEST_F(FrmWeighmentCapture, OfTheGrossTwiceInARowTakeTheLastReading) {
+    Capturing(screen->CmdGrossWeight, "12540");
+    ASSERT_FALSE(screen->TxtInitialGrossWeight.Enabled());
+    EXPECT_EQ(Capturing(screen->CmdGrossWeight, "11000"),
+              (Lines{"Validate CmdTareWeight", "LostFocus CmdTareWeight", "GotFocus CmdGrossWeight",
+                     "TxtInitialGrossWeight on", "TxtInitialGrossWeight = '11000'",
+                     "Validate CmdGrossWeight", "LostFocus CmdGrossWeight",
+                     "GotFocus TxtInitialGrossWeight", "TxtScaleDeductKg = '0'",
+                     "TxtGrossWeight = '11000'", "TxtNetWeight = '11000'", "TxtMoundKgs = '275-0'",
+                     "Validate TxtInitialGrossWeight", "LostFocus TxtInitialGrossWeight",
+                     "GotFocus CmdTareWeight", "TxtInitialGrossWeight off"}));
+    EXPECT_EQ(Figures(), "11000 / 11000 / 275-0");
+}
+
+// A gross weight given in its own box closes the other two.
+TEST_F(FrmWeighmentCapture, OfATareWhoseBoxIsClosedOpensIt) {
+    screen->TxtGrossWeight.SetFocus();
+    screen->TxtGrossWeight.SetText("500");
+    ASSERT_EQ(Enabled(), "itG");
+    const Lines trace = Capturing(screen->CmdTareWeight, "4320");
+    EXPECT_EQ(Lines(trace.begin() + 3, trace.end()),
+              (Lines{"TxtTareWeight on", "Validate CmdTareWeight", "LostFocus CmdTareWeight",
+                     "GotFocus TxtTareWeight", "TxtTareWeight 0xC0FFFF", "TxtTareWeight = '4320'",
+                     "TxtGrossWeight off", "TxtGrossWeight 0xE0E0E0", "Validate TxtTareWeight",
+                     "LostFocus TxtTareWeight", "GotFocus TxtVehicleNo"}));
+    EXPECT_EQ(Enabled(), "iTg");
+    EXPECT_EQ(screen->TxtTareWeight.Text(), "4320");
+}
+
 TEST_F(FrmWeighmentCapture, WithATareAboveTheGrossAreNegative) {
     Capturing(screen->CmdGrossWeight, "4320");
     Capturing(screen->CmdTareWeight, "4361");

@@ -35,6 +35,23 @@ TEST_F(FrmWeighmentKeys, EnterMovesOnLikeTabOnAllThatIsNoScreenButton) {
     EXPECT_EQ(screen->ChkManualWeight.Value(), 0);
 }
 
+TEST_F(FrmWeighmentKeys, EnterWithAModifierMovesOnLikewise) {
+    screen->TxtWeight.SetText("500");
+    for (const Qt::KeyboardModifier held :
+         {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
+        for (VisualControl* control : WhereEnterMovesOn()) {
+            Begin(*control);
+            screen->BtnSave.SetEnabled(true);
+            const VisualControl* next = screen->NextInTabOrder(control);
+            Driver().Press(QKeyCombination(held, Qt::Key_Return));
+            EXPECT_EQ(screen->ActiveControlName(), next->Name())
+                << "from " << control->Name() << std::hex << " with " << held;
+        }
+    }
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
+    EXPECT_EQ(screen->TxtTareWeight.Text(), "");
+}
+
 TEST_F(FrmWeighmentKeys, EnterIsSeenAgainAsTheTabThatItSends) {
     Begin(screen->TxtVehicleNo);
     Driver().Press(Qt::Key_Return);
@@ -236,6 +253,18 @@ TEST_F(FrmWeighmentKeys, F1SearchesThePartiesInTheSellerListAlone) {
     Driver().Press(Qt::Key_F1);
     EXPECT_EQ(screen->CboSeller.Text(), "");
     EXPECT_EQ(State(), "NewMode");
+}
+
+TEST_F(FrmWeighmentKeys, F1WithAModifierSearchesThePartiesLikewise) {
+    for (const Qt::KeyboardModifier held : {Qt::ShiftModifier, Qt::ControlModifier}) {
+        Begin(screen->CboSeller);
+        VisitModal search([](Screen& modal) {
+            EXPECT_EQ(modal.Name(), "SchParty");
+            modal.Unload();
+        });
+        Driver().Press(QKeyCombination(held, Qt::Key_F1));
+        EXPECT_EQ(State(), "NewMode");
+    }
 }
 
 } // namespace

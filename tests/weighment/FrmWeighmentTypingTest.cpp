@@ -1,5 +1,6 @@
 // The keys that no row of the keyboard table names, and the characters that boxes take.
 
+#include "platform/runtime/Date.h"
 #include "weighment/WeighmentKeys.h"
 
 namespace Quillane {
@@ -115,6 +116,26 @@ TEST_F(FrmWeighmentTyping, NumberBoxesTakeDigitsAndBackspaceAlone) {
         EXPECT_EQ(screen->ActiveControlName(), box->Name());
         EXPECT_EQ(box->Text(), "124") << box->Name();
     }
+}
+
+// The focus is on the date then, whose digits these are; the question of a save is the usual one.
+TEST_F(FrmWeighmentTyping, DigitsTypedAfterASaveChangeTheDateAndTheScreen) {
+    FillIn();
+    const Box print{.text = "Do you want to print?",
+                    .title = "Confirmation",
+                    .icon = BoxIcon::Question,
+                    .buttons = BoxButtons::YesNo,
+                    .defaultButton = BoxAnswer::No};
+    BoxAnswers answers;
+    answers.Expect(SaveQuestion, BoxAnswer::Yes).Expect(print, BoxAnswer::No);
+    Driver().Press(Qt::CTRL | Qt::Key_S);
+    ASSERT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
+    ASSERT_EQ(State(), "NewMode");
+    Driver().Type("1047");
+    EXPECT_EQ(State(), "ChangeMode, can be saved");
+    answers.Expect(SaveQuestion, BoxAnswer::No);
+    Driver().Press(Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(ShownDate(screen->DtpArrivalDate.Value()), "10/04/2026");
 }
 
 TEST_F(FrmWeighmentTyping, OtherBoxesTakeAnything) {

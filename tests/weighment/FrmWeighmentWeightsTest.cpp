@@ -111,6 +111,15 @@ TEST_F(FrmWeighmentWeights, BelowTheDeductionAreNegative) {
               (Lines{"TxtDeduction = '41'", "TxtNetWeight = '-41'", "TxtMoundKgs = '-1-1'"}));
 }
 
+// Only a gross of exactly nothing computes nothing.
+TEST_F(FrmWeighmentWeights, OfANegativeInitialGrossAreComputed) {
+    screen->TxtInitialGrossWeight.SetFocus();
+    EXPECT_EQ(
+        Writing(screen->TxtInitialGrossWeight, "-85"),
+        (Lines{"TxtInitialGrossWeight = '-85'", "TxtScaleDeductKg = '0'", "TxtGrossWeight = '-85'",
+               "TxtNetWeight = '-85'", "TxtMoundKgs = '-2-5'", "TxtGrossWeight off"}));
+}
+
 TEST_F(FrmWeighmentWeights, KeepTheMoundsWhereTheNetIsBlanked) {
     screen->TxtGrossWeight.SetText("500");
     EXPECT_EQ(Writing(screen->TxtNetWeight, ""), (Lines{"TxtNetWeight = ''"}));

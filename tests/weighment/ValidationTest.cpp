@@ -110,6 +110,14 @@ TEST_F(Validation, LeavesTheFocusWhenTheIdIsClosed) {
     EXPECT_EQ(screen->ActiveControlName(), "BtnSave");
 }
 
+TEST_F(Validation, LeavesTheFocusWhenTheIdIsNotShown) {
+    FillIn();
+    screen->TxtArrivalId.SetText("");
+    screen->TxtArrivalId.SetVisible(false);
+    Expect(false, {NewId, NextId, "TxtArrivalId = '1043'"});
+    EXPECT_EQ(screen->ActiveControlName(), "BtnSave");
+}
+
 TEST_F(Validation, GivesTheFirstArrivalEverTheIdOne) {
     FillIn();
     RunBeside("DELETE FROM LaboratoryReports; DELETE FROM PurchaseBody; DELETE FROM ArrivalsBody; "

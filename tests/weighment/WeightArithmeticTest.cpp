@@ -36,7 +36,8 @@ INSTANTIATE_TEST_SUITE_P(
         GrossCase{"8200", "0", "0.5", "102", "8098"}, GrossCase{"8280", "0", "0.5", "104", "8176"},
         // A tare above the initial gross is shown with its minus.
         GrossCase{"4000", "5000", "", "0", "-1000"},
-        GrossCase{"4000", "5000", "0.5", "-12", "-988"}, GrossCase{"1250.5", "0", "", "0", "1250"},
+        GrossCase{"4000", "5000", "0.5", "-12", "-988"}, GrossCase{"-5", "", "", "0", "-5"},
+        GrossCase{"-800", "400", "0.5", "-15", "-1185"}, GrossCase{"1250.5", "0", "", "0", "1250"},
         GrossCase{"1251.5", "0", "", "0", "1252"}, GrossCase{" 1 2 kg", "x", "y", "0", "12"}));
 
 TEST(GrossFiguresOf, WritesNothingWithoutAnInitialGross) {
