@@ -55,14 +55,13 @@ const Way Ways[] = {
      [](FrmWeighment&, TextBox& box, const char* text) {
          QMimeData data;
          data.setText(text);
-         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton,
-                               Qt::NoModifier);
+         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
          QCoreApplication::sendEvent(&box.Widget(), &enter);
          QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
          QCoreApplication::sendEvent(&box.Widget(), &drop);
      }},
-    {"AnInputMethod", [](FrmWeighment& screen, TextBox&,
-                         const char* text) { ScreenDriver(screen).Commit(text); }},
+    {"AnInputMethod",
+     [](FrmWeighment& screen, TextBox&, const char* text) { ScreenDriver(screen).Commit(text); }},
 };
 
 class FrmWeighmentInsertedText : public Testing::WeighmentKeys,
@@ -89,8 +88,9 @@ protected:
 };
 
 TEST_P(FrmWeighmentInsertedText, IsRefusedWholeByANumberBoxForOneCharacterThatIsNoDigit) {
-    const char* const refused[] = {"-99", "-1e9", "1.5", "1 2", " 17",   "17\n",
-                                   "x4.", "12kg", "+5",  "1,0", "\xDB\xB1\xDB\xB2", "1\b2"};
+    const char* const refused[] = {
+        "-99", "-1e9", "1.5", "1 2", " 17", "17\n", "x4.", "12kg", "+5", "1,0", "\xDB\xB1\xDB\xB2",
+        "1\b2"};
     for (TextBox* box : NumberBoxes()) {
         for (const char* text : refused) {
             Prepare(*box, "5");

@@ -72,8 +72,8 @@ void FilteredLine::inputMethodEvent(QInputMethodEvent* event) {
 
 // The middle button pastes what is selected elsewhere.
 void FilteredLine::mouseReleaseEvent(QMouseEvent* event) {
-    const bool pastes = event->button() == Qt::MiddleButton &&
-                        QGuiApplication::clipboard()->supportsSelection();
+    const bool pastes =
+        event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection();
     if (!pastes || !Refuses(Pasted(QClipboard::Selection), text()))
         LateLine::mouseReleaseEvent(event);
 }

@@ -1,0 +1,1 @@
+// Precompiled headers need a target, and a target a source file.
