@@ -63,8 +63,8 @@ void SchParty::Form_Load() {
         // Each showing starts over, also one of a screen that was shown before.
         Blank(TxtFilter);
         Blank(TxtFilterId);
-        EmptySelection();
         RefreshParties();
+        EmptySelection();
     } catch (const Failure&) {
         ShowError();
     }
@@ -78,14 +78,8 @@ void SchParty::EmptySelection() {
 
 void SchParty::RefreshParties() {
     rows_ = std::make_shared<Recordset>();
-    try {
-        rows_->Open(PartySearchStatement(TxtFilter.Text()), *Con, adOpenDynamic, adLockOptimistic,
-                    adCmdUnspecified);
-    } catch (const Failure&) {
-        // The list that no longer fits the filter goes before the box comes up.
-        Grid.SetDataSource(rows_);
-        throw;
-    }
+    rows_->Open(PartySearchStatement(TxtFilter.Text()), *Con, adOpenDynamic, adLockOptimistic,
+                adCmdUnspecified);
     Grid.SetDataSource(rows_);
     Grid.Columns("ID").dataField = "PartyId";
     Grid.Columns("Name").dataField = "AccountName";
@@ -108,7 +102,9 @@ void SchParty::TxtFilterId_Change() {
             return;
         }
         rows_->Find(PartyIdCriterion(id));
-        if (rows_->Eof())
+        // Blanks at the end of a stored id may be the padding of its column, and are passed over.
+        // Those that were typed belong to the id.
+        if (rows_->Eof() || id.back() == ' ')
             Grid.MoveLast();
     } catch (const Failure&) {
         ShowError();

@@ -28,8 +28,8 @@ public:
     std::string SelectedPartyName;
     std::string SelectedPartyCity;
 
-    /// Lists the parties whose name holds the filter's text. A failure is the caller's; the list is
-    /// then empty.
+    /// Lists the parties whose name holds the filter's text. A failure is the caller's: the list
+    /// then goes on showing the earlier parties, and none of them can be selected or looked for.
     void RefreshParties();
 
     void TxtFilter_Change();

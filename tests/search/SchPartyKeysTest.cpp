@@ -161,16 +161,5 @@ TEST_F(SchPartyKeys, EachShowingStartsOver) {
     EXPECT_EQ(search.SelectedPartyName, "");
 }
 
-TEST_F(SchPartyKeys, AFailedSecondShowingHandsNothingOfTheFirstBack) {
-    SchParty search;
-    RunModal(search, [&](Screen&) { search.CmdSelect.Click(); });
-    ASSERT_NE(search.SelectedPartyName, "");
-    database.Rename("Cities", "Towns");
-    BoxAnswers answers;
-    answers.Expect(DatabaseFailure(EngineWords("no such table: Cities")));
-    RunModal(search, [&](Screen& shown) { shown.close(); });
-    EXPECT_EQ(search.SelectedPartyName, "");
-}
-
 } // namespace
 } // namespace Quillane::Testing

@@ -84,15 +84,26 @@ TEST_F(SchPartyTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
     Driver().Type("'x");
     EXPECT_EQ(answers.Remaining(), 0U);
     EXPECT_EQ(Sent(), (Lines{Named("sit'"), Named("sit'x")}));
-    EXPECT_EQ(screen->Grid.Rows(), 0) << "no list stays that does not fit the filter";
-    screen->CmdSelect.Click();
-    DoubleClickFirstLine();
-    EXPECT_TRUE(screen->IsLoaded());
-    EXPECT_EQ(Selected(), Nothing);
+    EXPECT_EQ(Ids(), Lines{"6010014"}) << "the parties listed before stay";
     answers.Expect(DatabaseFailure(OpenQuote));
     screen->TxtFilter.SetFocus();
     Driver().Press(Qt::Key_Backspace).Press(Qt::Key_Backspace);
     EXPECT_EQ(Ids(), Lines{"6010014"});
+}
+
+TEST_F(SchPartyTest, SelectsNothingFromAListThatCouldNotBeRefreshed) {
+    Open();
+    Enter(screen->TxtFilter, "sit");
+    BoxAnswers answers;
+    answers.Expect(DatabaseFailure(OpenQuote))
+        .Expect(DatabaseFailure(Closed))
+        .Expect(DatabaseFailure(Closed));
+    Driver().Type("'");
+    screen->CmdSelect.Click();
+    DoubleClickFirstLine();
+    EXPECT_EQ(answers.Remaining(), 0U);
+    EXPECT_TRUE(screen->IsLoaded());
+    EXPECT_EQ(Selected(), Nothing);
 }
 
 TEST_F(SchPartyTest, ReportsAnIdThatIsLookedForWhileNothingCouldBeListed) {
@@ -143,8 +154,19 @@ TEST_F(SchPartyTest, AnEmptiedIdMakesTheFirstLineCurrent) {
 TEST_F(SchPartyTest, BlanksAroundAnIdBelongToIt) {
     Open();
     const std::string last = Ids().back();
-    Enter(screen->TxtFilterId, " 6010014");
-    EXPECT_EQ(CurrentId(), last);
+    for (const std::string_view id : {" 6010014", "6010014 ", "6010014  "}) {
+        Enter(screen->TxtFilterId, id);
+        EXPECT_EQ(CurrentId(), last) << "\"" << id << "\"";
+    }
+    Driver().Press(Qt::Key_Backspace).Press(Qt::Key_Backspace);
+    EXPECT_EQ(CurrentId(), "6010014");
+}
+
+TEST_F(SchPartyTest, FindsAnIdThatItsColumnPadsWithBlanks) {
+    AddParty("6050001   ", "Padded");
+    Open();
+    Enter(screen->TxtFilterId, "6050001");
+    EXPECT_EQ(CurrentLine(screen->Grid), "Party ID 6050001   , Name Padded, City Okara");
 }
 
 TEST_F(SchPartyTest, AnApostropheInTheIdIsDoubledAndFindsNothing) {
@@ -207,6 +229,22 @@ TEST_F(SchPartyTest, NothingIsSelectedWhereNothingIsListed) {
     screen->CmdSelect.Click();
     DoubleClickFirstLine();
     EXPECT_TRUE(screen->IsLoaded());
+    EXPECT_EQ(Selected(), Nothing);
+}
+
+TEST_F(SchPartyTest, EmptiesTheEarlierChoiceAfterTheListIsThere) {
+    Open();
+    Enter(screen->TxtFilterId, "6010014");
+    screen->CmdSelect.Click();
+    ASSERT_EQ(Selected().front(), "6010014");
+    database.Rename("Cities", "Towns");
+    BoxAnswers answers;
+    answers.Expect(DatabaseFailure(EngineWords("no such table: Cities")));
+    screen->Show();
+    EXPECT_EQ(Selected().front(), "6010014") << "the load ended at the list";
+    screen->Unload();
+    database.Rename("Towns", "Cities");
+    screen->Show();
     EXPECT_EQ(Selected(), Nothing);
 }
 
