@@ -62,4 +62,4 @@ prepare_folder "$PWD/try-out" build/release/quillane
 start_indicator "$PWD/try-out"
 trap stop_indicator EXIT
 echo "The station runs in $PWD/try-out; its indicator is on port 1."
-XDG_CONFIG_HOME=$PWD/try-out/settings try-out/quillane
+XDG_CONFIG_HOME=$PWD/try-out/settings try-out/quillane --station "$PWD/try-out"

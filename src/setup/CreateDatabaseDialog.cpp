@@ -5,6 +5,7 @@
 #include "platform/forms/dialogs/DialogLook.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
+#include "setup/SetUpChecks.h"
 #include "setup/SetUpQuestions.h"
 #include "setup/StationSetUp.h"
 
@@ -23,10 +24,9 @@ std::string WhyUnusable(EmbeddedDatabase::Kind kind) {
     }
 }
 
-bool IsPlausibleEmail(const std::string& text) {
-    const auto at = text.find('@');
-    return at != std::string::npos && at > 0 && at + 1 < text.size() &&
-           text.find(' ') == std::string::npos;
+// A label breaks lines at blanks alone.
+QString BreakableAtFolders(const std::string& path) {
+    return ToQt(path).replace('/', QStringLiteral("/\u200B"));
 }
 
 } // namespace
@@ -65,6 +65,9 @@ void CreateDatabaseDialog::Form_Load() {
     TxtCompanyName.SetText(TheStation().CompanyNames[1]);
     OptThisComputer.SetValue(true);
     ShowPlace();
+    notice_.setText(ToQt(PortFaults(TheStation())));
+    notice_.setVisible(!notice_.text().isEmpty());
+    FitToDisplay(*this, Width);
 }
 
 void CreateDatabaseDialog::Form_KeyDown(int& key, int shift) {
@@ -109,11 +112,10 @@ void CreateDatabaseDialog::BtnCreate_Click() {
 void CreateDatabaseDialog::ShowPlace() {
     BtnServer.SetEnabled(OptSqlServer.Value());
     const bool onServer = OptSqlServer.Value() && serverIsChosen_;
-    place_.setText(
-        OptThisComputer.Value()
-            ? ToQt("In the file " + std::string(EmbeddedDatabaseName) + ".db beside the program")
-        : onServer ? ToQt(WhereOnServer(server_))
-                   : QString());
+    place_.setText(OptThisComputer.Value()
+                       ? "In the file " + BreakableAtFolders(EmbeddedDatabasePath(folder_))
+                   : onServer ? ToQt(WhereOnServer(server_))
+                              : QString());
 }
 
 void CreateDatabaseDialog::Create() {
@@ -131,30 +133,8 @@ void CreateDatabaseDialog::Create() {
     Succeeded = true;
 }
 
-bool CreateDatabaseDialog::Validate() {
-    const std::string company = Trimmed(TxtCompanyName);
-    const std::string email = Trimmed(TxtCompanyEmail);
-    if (company.empty())
-        return Refuse(TxtCompanyName, "Please give the company's name.");
-    // The start-up joins the name to a statement as it stands.
-    if (company.find('\'') != std::string::npos)
-        return Refuse(TxtCompanyName, "The company's name cannot hold an apostrophe.");
-    if (!email.empty() && !IsPlausibleEmail(email))
-        return Refuse(TxtCompanyEmail, "This is no e-mail address. It may also stay empty.");
-    if (Trimmed(TxtUserName).empty())
-        return Refuse(TxtUserName, "Please give the first user's name.");
-    if (TxtPassword.Text().empty())
-        return Refuse(TxtPassword, "Please give the first user a password.");
-    if (TxtPassword.Text() != TxtPasswordAgain.Text())
-        return Refuse(TxtPasswordAgain, "The two passwords differ. Please type it again.");
-    return true;
-}
-
-bool CreateDatabaseDialog::Refuse(TextBox& box, std::string_view reason) {
-    TellAlert(std::string(reason));
-    box.SetFocus();
-    box.SelectAll();
-    return false;
+std::string CreateDatabaseDialog::Notice() const {
+    return FromQt(notice_.text());
 }
 
 NewDatabase CreateDatabaseDialog::Particulars() const {

@@ -9,6 +9,8 @@
 #include "setup/SqlServerTryOut.h"
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 class QGridLayout;
 
@@ -46,6 +48,9 @@ public:
 
     bool Succeeded = false; ///< the station is set up
 
+    /// What the checks before the form have found; empty: nothing.
+    std::string Notice() const;
+
 protected:
     void Form_Load() override;
     void Form_KeyDown(int& key, int shift) override;
@@ -68,16 +73,29 @@ private:
     TextBox& BoxOf(const CompanyParticular& particular);
     void ShowPlace();
     bool Validate();
+    bool RefuseTooLong();
+    bool IsAsInDatabase(const TextBox& box);
     bool Refuse(TextBox& box, std::string_view reason);
     NewDatabase Particulars() const;
 
+    /// A box, what a person calls it, and how many letters it may have.
+    struct Entry {
+        TextBox* box;
+        std::string_view name;
+        int longest;
+    };
+
     std::string folder_;
+    std::vector<Entry> entries_;
     bool serverIsChosen_ = false; ///< the next three tell of it
     SqlServerPlace server_;
     OwnerSignIn owner_;
     SqlServerContents contents_;
     Label subtitle_{"First start"};
     Label place_{""};
+    static constexpr int Width = 560; ///< pixels
+
+    Label notice_{""}; ///< ports that cannot be used yet
 };
 
 } // namespace Quillane

@@ -30,15 +30,16 @@ void CreateDatabaseDialog::LayOut() {
     auto* column = ScrollingColumn(*this, "Quillane", subtitle_, *buttons);
     auto* fields = new QGridLayout;
     LayOutFields(*fields);
+    LookLikeMessage(notice_);
+    column->addWidget(&notice_);
     column->addLayout(fields);
     column->addStretch();
-    FitToDisplay(*this, 560);
 }
 
 void CreateDatabaseDialog::LayOutFields(QGridLayout& fields) {
-    const auto add = [&fields](std::string_view caption, std::string_view name, TextBox& box,
-                               int longest) {
-        box.SetMaxLength(longest);
+    const auto add = [&](std::string_view caption, std::string_view name, TextBox& box,
+                         int longest) {
+        entries_.push_back({&box, name, longest});
         box.SetAccessibleName(name);
         AddField(fields, caption, box);
     };

@@ -4,11 +4,12 @@
 #include "data/modCommon.h"
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Boxes.h"
-#include "platform/host/ProgramFolder.h"
+#include "platform/host/StationFolder.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/CreateDatabaseDialog.h"
 #include "setup/SchemaUpgrade.h"
+#include "setup/SetUpChecks.h"
 #include "setup/StationSetUp.h"
 
 namespace Quillane {
@@ -75,8 +76,9 @@ void DatabaseSetupObject::SetConnection(Connection& connection) {
 
 void DatabaseSetupObject::CreateDatabase() {
     succeeded_ = false;
-    const std::string folder = ProgramFolder();
+    const std::string folder = StationFolder();
     try {
+        CheckFolderTakesFiles(folder);
         if (LookAtEmbeddedDatabase(EmbeddedDatabasePath(folder)).kind ==
             EmbeddedDatabase::Kind::OfStations)
             succeeded_ = OfferExistingDatabase(folder);

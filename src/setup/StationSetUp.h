@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// What a first start leaves in the program folder: the database, the company's name in
+/// What a first start leaves in the station's folder: the database, the company's name in
 /// `Station.ini`, and last `Config.ini`, whose being there says that the set-up is complete.
 namespace Quillane {
 

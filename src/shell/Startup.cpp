@@ -7,35 +7,25 @@
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "platform/forms/core/Text.h"
-#include "platform/host/ProgramFolder.h"
+#include "platform/host/Files.h"
 #include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "platform/host/SystemInfo.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/DatabaseSetup.h"
+#include "shell/About.h"
 #include "shell/Desktop.h"
 #include "signin/UserLogin.h"
 
-#include <QGuiApplication>
-#include <QIcon>
-
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
-#include <system_error>
 
 namespace Quillane {
 
 namespace {
 
 constexpr int connectionTimeoutSeconds = 120;
-
-// What is there but cannot be looked at counts as existing: the set-up must not start over a
-// database that is only out of reach for the moment.
-bool FileExists(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::status(path, ignored).type() != std::filesystem::file_type::not_found;
-}
 
 bool MakeDatabase() {
     DatabaseSetup->CreateDatabase();
@@ -90,8 +80,8 @@ void WriteCompanyName() {
 void Main() {
     Con = std::make_unique<Connection>();
     Con->SetEmbeddedSupport(
-        {.folder = ProgramFolder(), .registerFunctions = RegisterEmbeddedFunctions});
-    const std::string configFile = ProgramFolder() + "/Config.ini";
+        {.folder = StationFolder(), .registerFunctions = RegisterEmbeddedFunctions});
+    const std::string configFile = StationFolder() + "/Config.ini";
     if (!FileExists(configFile) && !MakeDatabase()) {
         EndProcess(1);
         return;
@@ -99,6 +89,7 @@ void Main() {
     OpenCon(ReadFirstField(configFile));
     UpgradeWhereVersionsDiffer();
     UserLogin->SetConnection(*Con);
+    UserLogin->About = ShowAbout;
     CompanyProfile->SetConnection(*Con);
     WriteCompanyName();
     CompanyProfile->Load();
@@ -108,8 +99,6 @@ void Main() {
         EndProcess(0);
         return;
     }
-    // Not earlier: the look for picture formats would hold up the sign-in.
-    QGuiApplication::setWindowIcon(QIcon(":/shell/quillane.png"));
     TheDesktop = std::make_unique<Desktop>();
     TheDesktop->Show();
 }

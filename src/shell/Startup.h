@@ -7,7 +7,7 @@
 namespace Quillane {
 
 /// The entry procedure, run once before any screen exists: finds the database through `Config.ini`
-/// in the program folder, opens `Con`, has the schema brought up to date, writes the company's
+/// in the station's folder, opens `Con`, has the schema brought up to date, writes the company's
 /// name, signs the user in and shows the start screen. It has no trap: a failure ends the process
 /// through the runtime's box. Nobody signing in ends the process without a message.
 void Main();

@@ -4,6 +4,7 @@
 #include "data/modCommon.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/dialogs/DialogLook.h"
+#include "platform/host/Version.h"
 #include "platform/runtime/Failure.h"
 #include "signin/UserLogin.h"
 
@@ -48,7 +49,8 @@ void SignInDialog::LayOut() {
     buttons->addStretch();
     AddButton(*buttons, BtnSignIn, true);
     AddButton(*buttons, BtnCancel, false);
-    auto* column = DialogColumn(*this, "Quillane", company_);
+    auto* column =
+        DialogColumn(*this, "Quillane", company_, "Version " + std::string(QuillaneVersion()));
     column->addLayout(fields);
     column->addWidget(&message_);
     column->addLayout(buttons);
@@ -73,6 +75,9 @@ void SignInDialog::Form_KeyDown(int& key, int /*shift*/) {
         key = 0;
         if (BtnSignIn.Enabled())
             BtnSignIn_Click();
+    } else if (key == Key::F1) {
+        key = 0;
+        ShowAbout();
     }
 }
 
@@ -85,6 +90,15 @@ void SignInDialog::BtnSignIn_Click() {
             Refuse("This user has no rights at this station.");
         else
             Refuse("The name or the password is wrong.");
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+void SignInDialog::ShowAbout() {
+    try {
+        if (login_.About)
+            login_.About();
     } catch (const Failure&) {
         ShowError();
     }

@@ -11,8 +11,8 @@ namespace Quillane {
 class UserLoginObject;
 
 /// Asks for a name and a password. Enter moves from the name to the password and from there signs
-/// in; Esc gives up. After repeated wrong passwords the button waits, counting down, while the
-/// dialog stays alive.
+/// in; Esc gives up; F1 shows what program and station this is. After repeated wrong passwords the
+/// button waits, counting down, while the dialog stays alive.
 class SignInDialog : public Screen {
 public:
     explicit SignInDialog(UserLoginObject& login);
@@ -35,6 +35,7 @@ private:
     void LayOut();
     void BtnSignIn_Click();
     void TmrPause_Tick();
+    void ShowAbout();
     void Refuse(std::string_view reason);
     void ShowPause();
 

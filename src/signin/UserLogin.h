@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,9 @@ public:
     Attempt SignIn(std::string_view name, std::string_view password);
     /// What is left of the pause that wrong attempts have earned; 0 when the next may come.
     std::chrono::milliseconds PauseLeft() const;
+
+    /// What F1 shows in the dialog; nothing where it is empty.
+    std::function<void()> About;
 
 private:
     Connection* connection_ = nullptr;

@@ -5,8 +5,8 @@
 #include "platform/comm/MSComm.h"
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/EventBoundary.h"
-#include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "setup/DatabaseSetup.h"
 #include "shell/Desktop.h"
 #include "shell/Startup.h"
@@ -57,7 +57,7 @@ void Station::SetUp() {
     ::setenv("XDG_CONFIG_HOME", folder->File("settings").c_str(), 1);
     folder->Write("Config.ini", database->ConfigText() + "\n");
     indicator.emplace(folder->File("scale"), 12540);
-    SetProgramFolder(folder->path);
+    SetStationFolder(folder->path);
     TheStation() = StationFile();
     TheStation().Ports[1] = folder->File("scale");
     MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
@@ -76,7 +76,7 @@ void Station::TearDown() {
     boxes.reset();
     ForbidUnexpectedBoxes();
     MSComm::SetDevices({});
-    SetProgramFolder("");
+    SetStationFolder("");
     TheStation() = StationFile();
     indicator.reset();
     ::unsetenv("XDG_CONFIG_HOME");

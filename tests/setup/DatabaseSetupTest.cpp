@@ -2,8 +2,8 @@
 
 #include "station/SampleDatabase.h"
 
-#include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "setup/CreateDatabaseDialog.h"
 #include "setup/StationSetUp.h"
 #include "support/BoxAnswers.h"
@@ -33,10 +33,10 @@ class CreateDatabase : public testing::Test {
 protected:
     void SetUp() override {
         TheStation() = StationFile();
-        SetProgramFolder(folder.path);
+        SetStationFolder(folder.path);
     }
     void TearDown() override {
-        SetProgramFolder("");
+        SetStationFolder("");
         TheStation() = StationFile();
     }
 
@@ -201,20 +201,111 @@ TEST_F(CreateDatabase, TellsOfAFileThatIsNoDatabaseAndStays) {
     EXPECT_TRUE(setup.Succeeded());
 }
 
-TEST_F(CreateDatabase, TellsWhereTheFolderCannotBeWrittenAndLosesNoEntry) {
-    SetProgramFolder(folder.path + "/gone");
+TEST_F(CreateDatabase, TellsOfAFolderThatTakesNoFilesInsteadOfShowingTheForm) {
+    SetStationFolder(folder.path + "/gone");
     BoxAnswers answers;
     answers.Expect(Testing::Critical(
-        "unable to open database file: " + folder.path + "/gone/Account1.db.new", "Database"));
-    const VisitModal visit([](Screen& screen) {
+        "Nothing can be stored in the station folder " + folder.path +
+            "/gone: No such file or directory.\r\nThe station cannot be set up there. Please give "
+            "this user the right to write in the folder, make room on the disk, or name another "
+            "folder with the option --station.",
+        "Quillane"));
+    setup.CreateDatabase();
+    EXPECT_FALSE(setup.Succeeded());
+}
+
+TEST_F(CreateDatabase, TellsWhereTheFolderCannotBeWrittenAnyMoreAndLosesNoEntry) {
+    const std::string gone = folder.path + "/گیٹ north";
+    std::filesystem::create_directory(gone);
+    SetStationFolder(gone);
+    BoxAnswers answers;
+    answers.Expect(Testing::Critical("unable to open database file: " + gone + "/Account1.db.new",
+                                     "Database"));
+    const VisitModal visit([&gone](Screen& screen) {
+        std::filesystem::remove(gone);
         ScreenDriver driver(screen);
         FillIn(driver);
         driver.Press(Qt::Key_Return);
         EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).TxtUserName.Text(), "nadia");
-        driver.Press(Qt::Key_Escape);
+        std::filesystem::create_directory(gone);
+        driver.Press(Qt::CTRL | Qt::Key_Return);
     });
     setup.CreateDatabase();
-    EXPECT_FALSE(setup.Succeeded());
+    EXPECT_TRUE(setup.Succeeded());
+    EXPECT_TRUE(std::filesystem::exists(gone + "/Account1.db"));
+}
+
+TEST_F(CreateDatabase, LeavesNothingOfItsTrialOfTheFolder) {
+    const VisitModal visit([this](Screen& screen) {
+        EXPECT_TRUE(std::filesystem::is_empty(folder.path));
+        ScreenDriver(screen).Press(Qt::Key_Escape);
+    });
+    setup.CreateDatabase();
+}
+
+TEST_F(CreateDatabase, NamesThePortsThatCannotBeUsedBeforeTheFormIsFilledIn) {
+    folder.Write("line", "");
+    TheStation().Ports = {{1, folder.File("line")}, {2, "/dev/no-such-line"}, {7, "/dev/none"}};
+    const VisitModal visit([](Screen& screen) {
+        EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).Notice(),
+                  "Port 2 (/dev/no-such-line) cannot be used yet: there is no such device. Is the "
+                  "indicator's adapter plugged in?\n"
+                  "Port 7 (/dev/none) cannot be used yet: there is no such device. Is the "
+                  "indicator's adapter plugged in?");
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        driver.Press(Qt::Key_Return);
+    });
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded()) << "a station without its indicator can be set up";
+}
+
+TEST_F(CreateDatabase, SaysNothingOfPortsThatCanBeUsed) {
+    folder.Write("line", "");
+    TheStation().Ports[1] = folder.File("line");
+    const VisitModal visit([](Screen& screen) {
+        EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).Notice(), "");
+        ScreenDriver(screen).Press(Qt::Key_Escape);
+    });
+    setup.CreateDatabase();
+}
+
+TEST_F(CreateDatabase, RefusesATextThatIsTooLongAndCutsNone) {
+    struct Case {
+        TextBox CreateDatabaseDialog::*box;
+        std::string name;
+        int longest;
+    };
+    const Case cases[] = {
+        {&CreateDatabaseDialog::TxtCompanyName, "Company name", 60},
+        {&CreateDatabaseDialog::TxtCompanyAddress, "Company address", 120},
+        {&CreateDatabaseDialog::TxtCompanyPhone, "Company phone", 40},
+        {&CreateDatabaseDialog::TxtUserName, "User name", 40},
+    };
+    const VisitModal visit([&](Screen& screen) {
+        auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);
+        ScreenDriver driver(screen);
+        FillIn(driver);
+        for (const Case& each : cases) {
+            TextBox& box = dialog.*each.box;
+            const std::string longest(static_cast<std::size_t>(each.longest), 'a');
+            box.SetFocus();
+            box.SetText("");
+            driver.Type(longest + "b");
+            EXPECT_EQ(box.Text(), longest + "b");
+            BoxAnswers answers;
+            answers.Expect(Told("\"" + each.name + "\" can have at most " +
+                                std::to_string(each.longest) + " letters; this has " +
+                                std::to_string(each.longest + 1) + ". Please shorten it."));
+            driver.Press(Qt::CTRL | Qt::Key_Return);
+            EXPECT_EQ(dialog.ActiveControl(), &box);
+            box.SetText(longest);
+        }
+        driver.Press(Qt::CTRL | Qt::Key_Return);
+    });
+    setup.CreateDatabase();
+    EXPECT_TRUE(setup.Succeeded());
+    EXPECT_EQ(LookAtEmbeddedDatabase(File()).companyName, std::string(60, 'a'));
 }
 
 TEST_F(CreateDatabase, GoesOnWhereAnEarlierSetUpBrokeOffAnywhere) {

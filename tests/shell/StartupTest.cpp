@@ -4,8 +4,8 @@
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
 #include "platform/forms/core/EventBoundary.h"
-#include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "platform/runtime/Failure.h"
 #include "setup/DatabaseSetup.h"
 #include "setup/EmbeddedSchema.h"
@@ -31,12 +31,12 @@ using Testing::ProcessEnd;
 using Testing::ScreenDriver;
 using Testing::VisitModal;
 
-/// A program folder of its own, with a database and a Config.ini that names it.
+/// A station folder of its own, with a database and a Config.ini that names it.
 class StartUp : public testing::Test {
 protected:
     void SetUp() override {
         ::setenv("XDG_CONFIG_HOME", File("settings").c_str(), 1);
-        SetProgramFolder(Folder().path);
+        SetStationFolder(Folder().path);
         TheStation().CompanyNames[1] = "Veltrane Mills";
     }
 
@@ -45,7 +45,7 @@ protected:
         ReleaseServices();
         Con.reset();
         TheStation() = StationFile();
-        SetProgramFolder("");
+        SetStationFolder("");
         ::unsetenv("XDG_CONFIG_HOME");
         database_.reset();
     }
@@ -58,7 +58,7 @@ protected:
     /// On the engine that the tests run on.
     void MakeDatabase() {
         database_.emplace(ParticularsOf("Earlier", "ali", "wheat"));
-        SetProgramFolder(Folder().path);
+        SetStationFolder(Folder().path);
         Write("Config.ini", database_->ConfigText());
     }
     /// An embedded one of this name, whatever the tests run on.

@@ -3,8 +3,8 @@
 #include "data/Con.h"
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Boxes.h"
-#include "platform/host/ProgramFolder.h"
 #include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "platform/runtime/Failure.h"
 #include "servers/SqlServerDatabase.h"
 #include "shell/Desktop.h"
@@ -23,7 +23,7 @@
 
 namespace Quillane {
 
-/// A station in a fresh program folder, beside an empty database on the SQL Server that the local
+/// A station in a fresh folder, beside an empty database on the SQL Server that the local
 /// file names. Skipped, out loud, where there is no such file.
 class StationOnServer : public testing::Test {
 protected:
@@ -33,7 +33,7 @@ protected:
         database_.emplace();
         ::setenv("XDG_CONFIG_HOME", folder.File("settings").c_str(), 1);
         TheStation() = StationFile();
-        SetProgramFolder(folder.path);
+        SetStationFolder(folder.path);
     }
     void TearDown() override {
         TheDesktop.reset();
@@ -41,7 +41,7 @@ protected:
         Con.reset();
         owner_.reset();
         TheStation() = StationFile();
-        SetProgramFolder("");
+        SetStationFolder("");
         ::unsetenv("XDG_CONFIG_HOME");
     }
 

@@ -2,11 +2,17 @@
 
 #include "station/SampleDatabase.h"
 
+#include "platform/forms/core/Text.h"
+#include "platform/host/Version.h"
 #include "signin/UserLogin.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>
+
+#include <QLabel>
+
+#include <algorithm>
 
 namespace Quillane {
 
@@ -73,6 +79,27 @@ TEST_F(SignIn, KeepsTheNameAndAsksForThePasswordAgain) {
         driver.Type("grain").Press(Qt::Key_Return);
     });
     EXPECT_EQ(login.UserLevel(), 1);
+}
+
+TEST_F(SignIn, ShowsTheVersionInItsHead) {
+    const auto labels = dialog.findChildren<QLabel*>();
+    const QString version = "Version " + ToQt(QuillaneVersion());
+    EXPECT_TRUE(std::ranges::any_of(labels, [&](QLabel* each) { return each->text() == version; }));
+}
+
+TEST_F(SignIn, ShowsWhatProgramThisIsOnF1AndKeepsTheEntries) {
+    int shown = 0;
+    login.About = [&shown] { ++shown; };
+    RunModal(dialog, [&](Screen& screen) {
+        ScreenDriver driver(screen);
+        driver.Type("nadia").Press(Qt::Key_F1);
+        EXPECT_EQ(shown, 1);
+        EXPECT_EQ(dialog.TxtUserName.Text(), "nadia");
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName");
+        login.About = {};
+        driver.Press(Qt::Key_F1).Press(Qt::Key_Escape);
+    });
+    EXPECT_EQ(shown, 1);
 }
 
 TEST_F(SignIn, SaysTheSameOfAnUnknownName) {

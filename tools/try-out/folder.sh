@@ -1,7 +1,7 @@
 # Sourced by run.sh: a folder in which the station can be tried out.
 
-# prepare_folder FOLDER PROGRAM: the program folder is the folder of the executable, so the
-# program is copied. A station file that is there stays.
+# prepare_folder FOLDER PROGRAM: the program is copied into the station's folder, so that it can be
+# built while the station runs. A station file that is there stays.
 prepare_folder() {
     local folder=$1 program=$2
     mkdir -p "$folder"

@@ -37,8 +37,9 @@ class Station:
 
     def start(self):
         with open(self.out / "station.log", "a") as log:
-            self.process = subprocess.Popen([self.folder / "quillane"], stdin=subprocess.DEVNULL,
-                                            stdout=log, stderr=log)
+            self.process = subprocess.Popen(
+                [self.folder / "quillane", "--station", self.folder], stdin=subprocess.DEVNULL,
+                stdout=log, stderr=log)
 
     def wait_for_end(self):
         if self.process.wait(20) != 0:

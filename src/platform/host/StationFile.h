@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// What a station knows of itself, from `Station.ini` in the program folder.
+/// What a station knows of itself, from `Station.ini` in its folder.
 ///
 ///     [Station]
 ///     StationRole=Client

@@ -1,19 +1,62 @@
 #include "platform/comm/MSComm.h"
 #include "platform/forms/core/Application.h"
 #include "platform/forms/core/EventBoundary.h"
-#include "platform/host/ProgramFolder.h"
+#include "platform/forms/core/Text.h"
 #include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
+#include "platform/host/Version.h"
+#include "shell/CommandLine.h"
 #include "shell/Startup.h"
 
-int main(int argc, char** argv) {
-    using namespace Quillane;
-    Application application(argc, argv);
+#include <QIcon>
+
+#include <cstdio>
+
+namespace {
+
+using namespace Quillane;
+
+constexpr int WrongArguments = 2;
+
+std::vector<std::string> ArgumentsOf(const Application& application) {
+    std::vector<std::string> texts;
+    for (const QString& argument : application.arguments())
+        texts.push_back(FromQt(argument));
+    return texts;
+}
+
+/// What a run is called by and looks like, on every box and screen.
+void NameProgram() {
     Application::setApplicationName("Quillane");
+    Application::setApplicationVersion(ToQt(QuillaneVersion()));
+    // Small, since the first window waits for it.
+    Application::setWindowIcon(QIcon(":/shell/window-icon.png"));
+}
+
+void Start(const std::string& stationOption) {
+    SetStationFolder(ChooseStationFolder(SourcesOfThisProcess(stationOption)));
+    CheckStationFolder(StationFolder());
+    TheStation() = StationFile::Read(StationFolder() + "/Station.ini");
+    Main();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // Before there is an application, which needs a display.
+    if (const std::string answer = ReadCommandLine({argv, argv + argc}).answer; !answer.empty()) {
+        std::fputs(answer.c_str(), stdout);
+        return 0;
+    }
+    Application application(argc, argv);
+    NameProgram();
+    const CommandLine command = ReadCommandLine(ArgumentsOf(application));
+    if (!command.fault.empty()) {
+        std::fprintf(stderr, "%s See --help.\n", command.fault.c_str());
+        return WrongArguments;
+    }
     MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
-    RunEvent([] {
-        TheStation() = StationFile::Read(ProgramFolder() + "/Station.ini");
-        Main();
-    });
+    RunEvent([&command] { Start(command.station); });
     // The screens outlive this procedure: the process ends without taking them down.
     EndProcess(Application::exec());
     return 0;

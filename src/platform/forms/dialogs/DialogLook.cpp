@@ -33,22 +33,28 @@ void SetTextColour(QWidget& widget, const QColor& colour) {
     widget.setPalette(palette);
 }
 
-QFrame* Head(std::string_view title, Label& subtitle) {
+QFrame* Head(std::string_view title, Label& subtitle, std::string_view note = {}) {
     auto* head = new QFrame;
     head->setAutoFillBackground(true);
     QPalette palette = head->palette();
     palette.setColor(QPalette::Window, headColour);
     head->setPalette(palette);
     auto* name = new Label(title);
-    for (Label* label : {name, &subtitle})
+    auto* besideName = new Label(note);
+    for (Label* label : {name, besideName, &subtitle})
         SetTextColour(*label, Qt::white);
     SetFontSize(*name, 18, true);
+    SetFontSize(*besideName, 9, false);
     SetFontSize(subtitle, 11, false);
     subtitle.setWordWrap(true);
+    auto* top = new QHBoxLayout;
+    top->addWidget(name);
+    top->addStretch();
+    top->addWidget(besideName);
     auto* column = new QVBoxLayout(head);
     column->setContentsMargins(24, 16, 24, 16);
     column->setSpacing(2);
-    column->addWidget(name);
+    column->addLayout(top);
     column->addWidget(&subtitle);
     return head;
 }
@@ -72,11 +78,12 @@ void SetSpacing(QGridLayout& grid) {
 
 } // namespace
 
-QVBoxLayout* DialogColumn(QDialog& dialog, std::string_view title, Label& subtitle) {
+QVBoxLayout* DialogColumn(QDialog& dialog, std::string_view title, Label& subtitle,
+                          std::string_view note) {
     auto* outer = new QVBoxLayout(&dialog);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->setSpacing(0);
-    outer->addWidget(Head(title, subtitle));
+    outer->addWidget(Head(title, subtitle, note));
     auto* column = new QVBoxLayout;
     column->setContentsMargins(24, 20, 24, 20);
     column->setSpacing(12);

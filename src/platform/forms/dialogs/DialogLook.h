@@ -22,8 +22,10 @@ public:
     Hourglass& operator=(const Hourglass&) = delete;
 };
 
-/// The dialog's column of contents below a coloured head with a title and a line under it.
-QVBoxLayout* DialogColumn(QDialog& dialog, std::string_view title, Label& subtitle);
+/// The dialog's column of contents below a coloured head with a title and a line under it. The note
+/// is small, at the right of the title.
+QVBoxLayout* DialogColumn(QDialog& dialog, std::string_view title, Label& subtitle,
+                          std::string_view note = {});
 
 /// The same with contents that scroll where the display is too small for them, and `buttons` below,
 /// always in sight. `FitToDisplay` belongs at the end of the layout.

@@ -1,0 +1,85 @@
+#include "platform/host/StationFolder.h"
+
+#include "platform/host/Files.h"
+#include "platform/runtime/Failure.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace Quillane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string& Folder() {
+    static std::string folder;
+    return folder;
+}
+
+std::string SystemFolder() {
+#ifdef Q_OS_WIN
+    return qEnvironmentVariable("ProgramData", "C:/ProgramData").toStdString() + "/Quillane";
+#else
+    return "/var/lib/quillane";
+#endif
+}
+
+// Without dots, and without a separator at its end unless it is the root.
+std::string Absolute(const std::string& path) {
+    return QDir::cleanPath(QDir().absoluteFilePath(QString::fromStdString(path))).toStdString();
+}
+
+fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+[[noreturn]] void Refuse(const std::string& folder, const std::string& why) {
+    throw Failure(FailureNumber::PathAccess, "The station folder " + folder + " " + why);
+}
+
+} // namespace
+
+std::string StationFolder() {
+    return Folder();
+}
+
+void SetStationFolder(std::string folder) {
+    Folder() = std::move(folder);
+}
+
+StationFolderSources SourcesOfThisProcess(std::string option) {
+    return {.option = std::move(option),
+            .variable = qEnvironmentVariable("QUILLANE_STATION").toStdString(),
+            .program = QCoreApplication::applicationDirPath().toStdString(),
+            .system = SystemFolder()};
+}
+
+std::string ChooseStationFolder(const StationFolderSources& sources) {
+    if (!sources.option.empty())
+        return Absolute(sources.option);
+    if (!sources.variable.empty())
+        return Absolute(sources.variable);
+    return Absolute(FileExists(sources.program + "/Config.ini") ? sources.program : sources.system);
+}
+
+void CheckStationFolder(const std::string& folder) {
+    std::error_code error;
+    const fs::file_type type = fs::status(PathOf(folder), error).type();
+    if (type == fs::file_type::not_found)
+        Refuse(folder, "does not exist. Please create it, or name another one with the option "
+                       "--station.");
+    if (type != fs::file_type::directory && type != fs::file_type::none)
+        Refuse(folder, "is not a folder. Please name another one with the option --station.");
+    static_cast<void>(fs::status(PathOf(folder + "/Config.ini"), error));
+    if (error == std::errc::permission_denied)
+        Refuse(folder, "cannot be opened: this user has no rights in it. Please ask the person who "
+                       "looks after the computer for the rights, or name another folder with the "
+                       "option --station.");
+}
+
+} // namespace Quillane

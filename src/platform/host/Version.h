@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string_view>
+
+namespace Quillane {
+
+/// The version of this program, such as "1.1.0": the project's version in CMakeLists.txt.
+std::string_view QuillaneVersion();
+
+} // namespace Quillane

@@ -1,0 +1,66 @@
+// What is entered in the set-up, judged before anything is made of it.
+
+#include "platform/forms/core/Text.h"
+#include "setup/CreateDatabaseDialog.h"
+#include "setup/SetUpQuestions.h"
+
+#include <algorithm>
+
+namespace Quillane {
+
+namespace {
+
+bool IsPlausibleEmail(const std::string& text) {
+    const auto at = text.find('@');
+    return at != std::string::npos && at > 0 && at + 1 < text.size() &&
+           text.find(' ') == std::string::npos;
+}
+
+} // namespace
+
+bool CreateDatabaseDialog::Validate() {
+    const std::string company = Trimmed(TxtCompanyName);
+    const std::string email = Trimmed(TxtCompanyEmail);
+    if (company.empty())
+        return Refuse(TxtCompanyName, "Please give the company's name.");
+    // The start-up joins the name to a statement as it stands.
+    if (company.find('\'') != std::string::npos)
+        return Refuse(TxtCompanyName, "The company's name cannot hold an apostrophe.");
+    if (!email.empty() && !IsPlausibleEmail(email))
+        return Refuse(TxtCompanyEmail, "This is no e-mail address. It may also stay empty.");
+    if (Trimmed(TxtUserName).empty())
+        return Refuse(TxtUserName, "Please give the first user's name.");
+    if (TxtPassword.Text().empty())
+        return Refuse(TxtPassword, "Please give the first user a password.");
+    if (TxtPassword.Text() != TxtPasswordAgain.Text())
+        return Refuse(TxtPasswordAgain, "The two passwords differ. Please type it again.");
+    return RefuseTooLong();
+}
+
+bool CreateDatabaseDialog::Refuse(TextBox& box, std::string_view reason) {
+    TellAlert(std::string(reason));
+    box.SetFocus();
+    box.SelectAll();
+    return false;
+}
+
+// An entry is never cut: somebody would find that out on the slip, or not at all. What the database
+// holds already is not judged.
+bool CreateDatabaseDialog::RefuseTooLong() {
+    for (const Entry& entry : entries_) {
+        const qsizetype letters = ToQt(entry.box->Text()).trimmed().size();
+        if (letters > entry.longest && !IsAsInDatabase(*entry.box))
+            return Refuse(*entry.box, "\"" + std::string(entry.name) + "\" can have at most " +
+                                          std::to_string(entry.longest) + " letters; this has " +
+                                          std::to_string(letters) + ". Please shorten it.");
+    }
+    return true;
+}
+
+bool CreateDatabaseDialog::IsAsInDatabase(const TextBox& box) {
+    return std::ranges::any_of(CompanyParticulars, [&](const CompanyParticular& each) {
+        return &BoxOf(each) == &box && Trimmed(box) == contents_.company.*each.text;
+    });
+}
+
+} // namespace Quillane
