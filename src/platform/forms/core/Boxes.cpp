@@ -1,5 +1,6 @@
 #include "platform/forms/core/Boxes.h"
 
+#include "platform/forms/core/BoxText.h"
 #include "platform/forms/core/Interruption.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/forms/core/Text.h"
@@ -66,6 +67,8 @@ BoxAnswer ShowMessage(const Box& box, QWidget* parent) {
     QMessageBox shown(IconOf(box.icon), ToQt(box.title), ToQt(box.text),
                       question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, parent);
     shown.setTextFormat(Qt::PlainText);
+    shown.setText(TextThatFits(shown.text(), shown.font(), RoomForText(shown)));
+    const CopyOnRequest copy(shown, ToQt(box.text));
     WidenToTitle(shown);
     if (!question) {
         shown.exec();

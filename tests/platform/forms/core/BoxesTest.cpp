@@ -4,9 +4,13 @@
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -67,6 +71,72 @@ TEST(MessageBox, TakesEnterForItsDefaultButtonAndEscapeForNo) {
 
 TEST(MessageBox, TakesEscapeForItsOnlyButton) {
     EXPECT_EQ(BoxAnswer::Ok, AnswerWith(Alert("Text"), Qt::Key_Escape));
+}
+
+/// Shows a box, looks at it, and answers it by Enter.
+void LookAt(const Box& box, const std::function<void(QMessageBox&)>& look) {
+    const VisitBox visit([&look](QDialog& shown) {
+        look(dynamic_cast<QMessageBox&>(shown));
+        PressIn(shown, Qt::Key_Return);
+    });
+    MsgBox(box);
+}
+
+QRect ButtonOnDisplay(QMessageBox& box) {
+    const QWidget& button = *box.button(QMessageBox::Ok);
+    return {button.mapToGlobal(QPoint(0, 0)), button.size()};
+}
+
+std::string LongText(std::size_t letters, std::string_view part) {
+    std::string text;
+    while (text.size() < letters)
+        text += part;
+    text.resize(letters);
+    return text;
+}
+
+TEST(MessageBox, OfALongTextFitsTheDisplayAndSaysHowLongTheTextIs) {
+    const char* const parts[] = {"the server refuses the statement ", "x", "line\r\n",
+                                 "SELECT(ABC,DEF);"};
+    for (const char* part : parts)
+        for (const std::size_t letters : {10'000U, 1'000'000U}) {
+            LookAt(Critical(LongText(letters, part), "Database"), [&](QMessageBox& box) {
+                const QRect display = box.screen()->availableGeometry();
+                EXPECT_TRUE(display.contains(box.geometry())) << part << letters;
+                EXPECT_TRUE(display.contains(ButtonOnDisplay(box))) << part << letters;
+                EXPECT_LT(box.text().size(), 5000);
+                EXPECT_TRUE(box.text().startsWith(QString::fromUtf8(part).left(4)));
+                EXPECT_TRUE(box.text().endsWith(" letters in all: Ctrl+C copies the whole text.)"));
+                EXPECT_EQ(box.text().contains("(1,000,000 letters"), letters == 1'000'000);
+            });
+        }
+}
+
+TEST(MessageBox, ShowsATextThatFitsAsItIs) {
+    for (const std::string& text :
+         {std::string("The database file /var/lib/quillane/Account1.db is read-only."),
+          LongText(600, "words of a usual length "), std::string("two\r\nlines\r\n")})
+        LookAt(Critical(text, "Database"),
+               [&](QMessageBox& box) { EXPECT_EQ(box.text().toStdString(), text); });
+}
+
+TEST(MessageBox, BreaksAWordThatIsWiderThanTheDisplay) {
+    const std::string word(400, 'x');
+    LookAt(Critical("near " + word, "Database"), [&](QMessageBox& box) {
+        EXPECT_TRUE(box.screen()->availableGeometry().contains(box.geometry()));
+        EXPECT_EQ(box.text().remove('\n').toStdString(), "near " + word);
+    });
+}
+
+TEST(MessageBox, CopiesItsWholeText) {
+    for (const std::string& text :
+         {std::string("Overflow"), LongText(1'000'000, "a text\r\nof many lines ")})
+        LookAt(Critical(text, "Quillane"), [&](QMessageBox& box) {
+            QGuiApplication::clipboard()->clear();
+            PressIn(box, Qt::CTRL | Qt::Key_C);
+            EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString() == text, true);
+            EXPECT_TRUE(box.isVisible());
+        });
 }
 
 TEST(MessageBox, IsUpUntilItIsAnswered) {
