@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
@@ -49,6 +50,14 @@ TEST_F(SlipPdf, IsOneUprightPageOfA4) {
     EXPECT_TRUE(facts.contains("(A4)")) << facts.toStdString();
     EXPECT_TRUE(facts.contains(QRegularExpression("Pages: +1\n"))) << facts.toStdString();
     EXPECT_TRUE(facts.contains(QRegularExpression("Title: +Quillane Slip\n")));
+}
+
+TEST_F(SlipPdf, NamesTheProgramAndItsVersionInItsProperties) {
+    QCoreApplication::setApplicationVersion("9.8.7");
+    Save(1042);
+    QCoreApplication::setApplicationVersion("");
+    EXPECT_TRUE(
+        Output("pdfinfo", {path_}).contains(QRegularExpression("Creator: +Quillane 9.8.7\n")));
 }
 
 TEST_F(SlipPdf, HoldsItsTextAsText) {

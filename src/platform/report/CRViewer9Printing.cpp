@@ -5,6 +5,7 @@
 #include "platform/report/ViewerDesktop.h"
 #include "platform/runtime/Failure.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
@@ -30,6 +31,11 @@ bool OfferPdf() {
                                      .icon = BoxIcon::Question,
                                      .buttons = BoxButtons::YesNo});
     return answer == BoxAnswer::Yes;
+}
+
+/// What made the document, for its properties.
+QString Creator() {
+    return (ToQt(ProgramTitle()) + " " + QCoreApplication::applicationVersion()).trimmed();
 }
 
 /// Paints on a printer or a PDF. The text is what went wrong, empty where nothing did.
@@ -67,7 +73,7 @@ std::string WritePdf(const QString& path, const Report& report) {
     {
         QPdfWriter writer(&file);
         writer.setTitle(ToQt(report.Title));
-        writer.setCreator(ToQt(ProgramTitle()));
+        writer.setCreator(Creator());
         ApplyPaper(writer, report);
         const ReportPainter pages(report);
         reason = PaintOn(writer, pages, 1, pages.PageCount());
@@ -99,6 +105,7 @@ void CRViewer9::PrintReport() {
         PrintButtonClicked();
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(ToQt(report_->FileName()));
+    printer.setCreator(Creator());
     ApplyPaper(printer, *report_);
     if (!ChoosePrinter(printer))
         return;
