@@ -20,10 +20,13 @@ namespace Quillane::Testing {
 
 bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds deadline) {
     const QDeadlineTimer end(deadline);
+    bool late = false;
     while (!condition()) {
-        if (end.hasExpired()) {
+        if (late) {
             return false;
         }
+        // Before the events: the process may be held up between a look and the clock.
+        late = end.hasExpired();
         // Waits for what comes next, at most this long.
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
