@@ -80,10 +80,12 @@ CREATE INDEX ArrivalsByCommodity ON Arrivals (CommodityId);
 CREATE INDEX ArrivalsByCenter ON Arrivals (CenterId);
 CREATE INDEX ArrivalsByContract ON Arrivals (ContractId);
 
--- LineId gives each line a key to be deleted by; the station never writes it. The bag class and
--- type may be 0, which stands for a name on no list, so nothing ties them to their tables.
+-- LineId gives each line a key to be deleted by; the station never writes it. A number is never
+-- given out again: a station deletes by the numbers it has read, and another one may have saved
+-- since. The bag class and type may be 0, which stands for a name on no list, so nothing ties them
+-- to their tables.
 CREATE TABLE ArrivalsBody (
-    LineId         INTEGER NOT NULL PRIMARY KEY,
+    LineId         INTEGER NOT NULL PRIMARY KEY AUTOINCREMENT,
     ArrivalId      INTEGER NOT NULL REFERENCES Arrivals (ArrivalID),
     CommodityId    INTEGER NOT NULL REFERENCES Commodities (CommodityId),
     BagsClassId    INTEGER NOT NULL,
@@ -163,4 +165,4 @@ CREATE TABLE StationUsers (
 CREATE TABLE StationSchema (
     SchemaVersion REAL NOT NULL
 );
-INSERT INTO StationSchema (SchemaVersion) VALUES (1);
+INSERT INTO StationSchema (SchemaVersion) VALUES (2);

@@ -424,7 +424,7 @@ END CATCH;
 GO
 
 IF NOT EXISTS (SELECT 1 FROM dbo.StationSchema)
-    INSERT INTO dbo.StationSchema (SchemaVersion) VALUES (1);
+    INSERT INTO dbo.StationSchema (SchemaVersion) VALUES (2);
 GO
 
 SET XACT_ABORT OFF;

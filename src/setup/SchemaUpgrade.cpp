@@ -119,13 +119,14 @@ void BringToDisk(QFile& file) {
 } // namespace
 
 std::span<const SchemaStep> SchemaSteps() {
-    static const std::array<SchemaStep, 1> steps{SchemaStep{1, EmbeddedScripts::UpgradeTo1}};
+    static const std::array steps{SchemaStep{1, EmbeddedScripts::UpgradeTo1},
+                                  SchemaStep{2, EmbeddedScripts::UpgradeTo2}};
     return steps;
 }
 
 std::span<const SchemaStep> SqlServerSchemaSteps() {
-    static const std::array<SchemaStep, 1> steps{
-        SchemaStep{1, EmbeddedScripts::SqlServerUpgradeTo1}};
+    static const std::array steps{SchemaStep{1, EmbeddedScripts::SqlServerUpgradeTo1},
+                                  SchemaStep{2, EmbeddedScripts::SqlServerUpgradeTo2}};
     return steps;
 }
 

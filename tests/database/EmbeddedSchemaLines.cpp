@@ -10,11 +10,12 @@ namespace Quillane {
 
 namespace {
 
-/// Each gives lines in one column.
+/// Each gives lines in one column. SQLite's own tables are none of the schema.
 constexpr const char* questions[] = {
     "SELECT 'column ' || t.name || ' ' || (c.cid + 1) || ' ' || c.name || ' ' || c.type ||"
     "       iif(c.\"notnull\", ' not null', '') || iif(c.dflt_value IS NULL, '', ' default')"
-    "  FROM sqlite_schema t, pragma_table_info(t.name) c WHERE t.type = 'table'",
+    "  FROM sqlite_schema t, pragma_table_info(t.name) c WHERE t.type = 'table' AND t.name NOT "
+    "LIKE 'sqlite_%'",
 
     "SELECT 'key ' || name || ' (' || group_concat(part, ', ') || ')' FROM"
     "  (SELECT t.name, c.name AS part FROM sqlite_schema t, pragma_table_info(t.name) c"

@@ -80,6 +80,14 @@ TEST(SchemaAgreement, TheFirstStepMakesTheSameTables) {
               LinesOfEmbeddedSchema(EmbeddedScripts::UpgradeTo1));
 }
 
+// A station deletes bag lines by numbers that it has read before.
+TEST(SchemaAgreement, NeitherGivesTheNumberOfABagLineOutAgain) {
+    EXPECT_EQ(Times(EmbeddedScripts::Schema,
+                    "LineId         INTEGER NOT NULL PRIMARY KEY AUTOINCREMENT,"),
+              1U);
+    EXPECT_EQ(Times(EmbeddedScripts::SqlServerSchema, "LineId         int IDENTITY NOT NULL"), 1U);
+}
+
 TEST(SchemaAgreement, EachStepIsThereForBoth) {
     for (const SchemaStep& step : SchemaSteps())
         for (const char* folder : {"/embedded", "/sqlserver"})

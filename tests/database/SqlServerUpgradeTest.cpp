@@ -87,10 +87,11 @@ TEST_F(SqlServerUpgrade, AStationWithoutTheRightIsToldWhatToDo) {
     RoleMember station(*Con, *database, "StationOperator");
     BoxAnswers answers;
     answers.Expect(Warned(
-        "The database has the schema number 0.5, this program needs 1.\r\nThis station's sign-in "
+        "The database has the schema number 0.5, this program needs 2.\r\nThis station's sign-in "
         "may not change the database, so it is left as it is. Please ask the person who looks "
         "after the database to start a station once with the sign-in of the database's owner, or "
-        "to run these scripts of the folder database/sqlserver/upgrade: to-1.sql."));
+        "to run these scripts of the folder database/sqlserver/upgrade: to-1.sql, "
+        "to-2.sql."));
     UpgradeAs(*station.connection);
     EXPECT_EQ(CatalogueOf(*Con), catalogue);
     EXPECT_EQ(ContentsOf(*Con), contents);
@@ -106,7 +107,7 @@ TEST_F(SqlServerUpgrade, ANewerNumberIsToldAndLeftAlone) {
     Run("Update StationSchema Set SchemaVersion = 99");
     BoxAnswers answers;
     answers.Expect(Warned("The database has the schema number 99, which is newer than this program "
-                          "(1).\r\nThe database is left as it is. Please install the newer program "
+                          "(2).\r\nThe database is left as it is. Please install the newer program "
                           "here."));
     UpgradeAs(*Con);
     EXPECT_EQ(ReadSchemaVersion(*Con), 99);
@@ -172,7 +173,7 @@ TEST_F(SqlServerUpgrade, SetUpRunsTheMissingSteps) {
     Run("Drop Table StationUsers");
     Run("Update StationSchema Set SchemaVersion = 0.5");
     SetUpStation();
-    EXPECT_EQ(ReadSchemaVersion(*Con), 1);
+    EXPECT_EQ(ReadSchemaVersion(*Con), 2);
     EXPECT_EQ(RowsOf(*Con, "Select UserName From StationUsers"), std::vector<std::string>{"Nadia"});
 }
 
@@ -183,7 +184,7 @@ TEST_F(SqlServerUpgrade, SetUpLeavesADatabaseOfANewerProgramAlone) {
     };
     constexpr Case cases[] = {
         {"Update StationSchema Set SchemaVersion = 99",
-         "The database has the schema number 99, which is newer than this program (1). Please "
+         "The database has the schema number 99, which is newer than this program (2). Please "
          "install the newer program. The database is left as it is."},
         {"Insert Into StationSchema (SchemaVersion) Values (1)",
          "The schema number of the database cannot be read: the table StationSchema must hold one "

@@ -351,7 +351,7 @@ TEST_F(DatabaseVersions, AnOlderDatabaseIsCopiedAndBroughtUpToDate) {
     setup.UpgradeDatabase();
     EXPECT_EQ(setup.DatabaseVersion(), setup.ProgramVersion());
     const EmbeddedDatabase copy =
-        LookAtEmbeddedDatabase(database.folder.File("Account1-before-1.db"));
+        LookAtEmbeddedDatabase(database.folder.File("Account1-before-2.db"));
     EXPECT_EQ(copy.kind, EmbeddedDatabase::Kind::Foreign)
         << "as it was, without the number's table";
 }
@@ -360,11 +360,11 @@ TEST_F(DatabaseVersions, ANewerDatabaseIsToldAndLeftAlone) {
     Run("Update StationSchema Set SchemaVersion = 99");
     BoxAnswers answers;
     answers.Expect(Warned("The database has the schema number 99, which is newer than this program "
-                          "(1).\r\nThe database is left as it is. Please install the newer program "
+                          "(2).\r\nThe database is left as it is. Please install the newer program "
                           "here."));
     setup.UpgradeDatabase();
     EXPECT_EQ(setup.DatabaseVersion(), 99);
-    EXPECT_FALSE(database.folder.Has("Account1-before-1.db"));
+    EXPECT_FALSE(database.folder.Has("Account1-before-2.db"));
 }
 
 TEST_F(DatabaseVersions, ANumberThatCannotBeReadIsToldAndLeftAlone) {

@@ -179,7 +179,7 @@ TEST(CreateEmbeddedDatabase, LeavesNoSampleRowsWhereNoneAreWanted) {
     EXPECT_EQ(database.Ask("Select Count(*) From StationUsers").Number(), 1);
     EXPECT_EQ(database.Ask("Select UserLevel From StationUsers").Number(), 1);
     EXPECT_EQ(database.Ask("Select Count(*) From PortSettings").Number(), 5);
-    EXPECT_EQ(database.Ask("Select SchemaVersion From StationSchema").Number(), 1);
+    EXPECT_EQ(database.Ask("Select SchemaVersion From StationSchema").Number(), 2);
     EXPECT_EQ(database.Ask("Select IsNull(Max(ArrivalID),0)+1 From Arrivals").Number(), 1);
 }
 

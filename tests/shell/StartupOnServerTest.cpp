@@ -138,7 +138,7 @@ TEST_F(StartUpOnServer, TurnsToTheUpgradeWhereTheSchemaNumberIsMissing) {
     Configure(Fragment());
     const VisitModal visit(SignInAs("ali", "wheat"));
     RunEvent(Main);
-    EXPECT_EQ(Ask("Select SchemaVersion From StationSchema"), "1");
+    EXPECT_EQ(Ask("Select SchemaVersion From StationSchema"), "2");
     EXPECT_NE(TheDesktop, nullptr);
 }
 

@@ -31,10 +31,7 @@ public:
         process_.start(WEIGHMENT_STATION, orders);
         EXPECT_EQ(NextLine(), "ready");
     }
-    void Go() {
-        process_.write("go\n");
-        process_.waitForBytesWritten(Patience);
-    }
+    void Go() { Write("go"); }
     /// What it writes next; empty at its end.
     std::string NextLine() {
         while (!process_.canReadLine())
@@ -44,24 +41,9 @@ public:
     }
     /// Takes down what it writes, up to its end or to so many saves.
     void Listen(std::size_t saves = SIZE_MAX) {
-        std::size_t seen = 0;
-        for (std::string text; seen < saves && !(text = NextLine()).empty();) {
-            std::istringstream words(text);
-            std::string word;
-            int id = 0, serial = 0;
-            words >> word >> id >> serial;
-            if (word == "saved") {
-                saved_[id] = serial;
-                saves_.emplace(id, serial);
-                ++seen;
-            } else if (word == "removed") {
-                removed_.push_back(id);
-            } else if (word == "missed") {
-                ++missed_;
-            } else {
-                boxes_.push_back(text);
-            }
-        }
+        const std::size_t enough = saves == SIZE_MAX ? saves : saves_.size() + saves;
+        for (std::string text; saves_.size() < enough && !(text = NextLine()).empty();)
+            TakeDown(text);
     }
     void ExpectGoodEnd() {
         EXPECT_TRUE(process_.state() == QProcess::NotRunning || process_.waitForFinished(Patience));
@@ -74,23 +56,61 @@ public:
         process_.waitForFinished(Patience);
     }
 
+    // For whoever listens to several.
+
+    bool HasLine() const { return process_.canReadLine(); }
+    bool HasEnded() const { return process_.state() == QProcess::NotRunning && !HasLine(); }
+    QProcess& Process() { return process_; }
+    /// Answers the question that it waits with.
+    void AnswerYes() { Write("yes"); }
+    /// Takes one line down, and says what kind it is of.
+    std::string TakeDown(const std::string& text) {
+        std::istringstream words(text);
+        std::string word, driver;
+        int id = 0;
+        words >> word >> id >> driver;
+        if (word == "saved") {
+            saved_[id] = std::stoi(driver);
+            saves_.emplace(id, std::stoi(driver));
+        } else if (word == "asks") {
+            asked_ = {id, driver};
+        } else if (word == "removed") {
+            removed_.emplace_back(id, driver);
+        } else if (word == "missed") {
+            ++missed_;
+        } else if (word == "box") {
+            boxes_.push_back(text);
+        }
+        return word;
+    }
+
     const std::string& Name() const { return name_; }
     const std::string& Party() const { return party_; }
     int BagLines() const { return bagLines_; }
     const std::map<int, int>& Saved() const { return saved_; } ///< last serial by id
-    /// Every save, also those that were saved over or removed since.
+    /// Every save, also those that were saved over or removed since: id and serial.
     const std::set<std::pair<int, int>>& Saves() const { return saves_; }
-    const std::vector<int>& Removed() const { return removed_; }
+    /// An arrival by its id and its driver, which identifies its save.
+    using Load = std::pair<int, std::string>;
+    const std::vector<Load>& Removed() const { return removed_; }
+    const Load& LastAsked() const { return asked_; }
     int Missed() const { return missed_; }
     const Lines& Boxes() const { return boxes_; }
 
 private:
+    void Write(const char* text) {
+        process_.write(text);
+        process_.write("\n");
+        process_.waitForBytesWritten(Patience);
+    }
+
     QProcess process_;
     std::string name_, party_;
     int bagLines_;
     std::map<int, int> saved_;
     std::set<std::pair<int, int>> saves_;
-    std::vector<int> removed_;
+    std::vector<Load> removed_;
+    Load asked_;
     int missed_ = 0;
     Lines boxes_;
 };

@@ -8,10 +8,13 @@
 // arrivals are opened and saved again, or opened and removed.
 //
 // It answers every box and writes what happened, one line each: "saved <id> <serial>" for each
-// save, "removed <id>", "missed <id>" for an arrival that was gone before it could be opened, "box
-// <text>" for a box that is no question. Every weighment's driver is the name and the serial,
-// "east-17", its bilty the number of its lines, its gross weight 1000 kg and the serial, its
-// deduction the rest of the serial by 7.
+// save, "removed <id> <driver>", "missed <id>" for an arrival that was gone before it could be
+// opened, "box <text>" for a box that is no question. Whether an arrival is to be removed it asks
+// with "asks <id> <driver>", and waits for a line before it says Yes; it says No by itself, and
+// writes "kept <id>", where the arrival is no longer the one that it has opened.
+//
+// Every weighment's driver is the name and the serial, "east-17", its bilty the number of its
+// lines, its gross weight 1000 kg and the serial, its deduction the rest of the serial by 7.
 
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
@@ -66,7 +69,7 @@ public:
             return BoxAnswer::No;
         }
         if (box.buttons == BoxButtons::YesNo)
-            return BoxAnswer::Yes;
+            return AnswerRemoval();
         std::cout << "box " << ComparedWords(box.text) << std::endl;
         return BoxAnswer::Ok;
     }
@@ -104,6 +107,21 @@ private:
     bool Change() {
         FillIn(1 + Drawn(4));
         return Save();
+    }
+
+    BoxAnswer AnswerRemoval() {
+        const std::string id = std::to_string(screen_.ArrivalNo);
+        const std::string opened = screen_.TxtDriverName.Text();
+        const Recordset lines =
+            Con->Execute("Select DriverName From ArrivalsBody Where ArrivalId = " + id);
+        if (lines.Eof() || lines.Fields(0).TextOrEmpty() != opened) {
+            std::cout << "kept " << id << std::endl;
+            return BoxAnswer::No;
+        }
+        std::cout << "asks " << id << " " << opened << std::endl;
+        std::string yes;
+        std::getline(std::cin, yes);
+        return BoxAnswer::Yes;
     }
 
     bool Open(int id) {
@@ -145,9 +163,10 @@ private:
     }
 
     bool Remove(int id) {
+        const std::string driver = screen_.TxtDriverName.Text();
         screen_.BtnRemove_Click();
         if (!screen_.IsOpened)
-            std::cout << "removed " << id << std::endl;
+            std::cout << "removed " << id << " " << driver << std::endl;
         return true;
     }
 
