@@ -45,11 +45,16 @@ std::optional<double> NumberOf(const ResultSet::Cell& cell) {
 } // namespace
 
 bool Filter::Fits(const ResultSet& rows, int row, const Node& node) const {
-    if (node.operation == Operation::And)
-        return Fits(rows, row, nodes_[node.left]) && Fits(rows, row, nodes_[node.right]);
-    if (node.operation == Operation::Or)
-        return Fits(rows, row, nodes_[node.left]) || Fits(rows, row, nodes_[node.right]);
-    return FitsComparison(rows.CellAt(row, node.field), node);
+    // A long chain of joins hangs on the left sides: those are walked, so that the depth is that of
+    // the parentheses alone.
+    const Node* side = &node;
+    while (side->operation == Operation::And || side->operation == Operation::Or) {
+        const bool decides = side->operation == Operation::Or;
+        if (Fits(rows, row, nodes_[side->right]) == decides)
+            return decides;
+        side = &nodes_[side->left];
+    }
+    return FitsComparison(rows.CellAt(row, side->field), *side);
 }
 
 bool Filter::FitsComparison(const ResultSet::Cell& cell, const Node& node) {
@@ -72,7 +77,7 @@ bool Filter::FitsComparison(const ResultSet::Cell& cell, const Node& node) {
     case Operation::GreaterEqual:
         return Compare(cell, node) >= 0;
     default:
-        return MatchesLike(TextOf(cell), *node.text);
+        return node.like->Fits(TextOf(cell));
     }
 }
 

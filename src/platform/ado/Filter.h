@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/ado/LikePattern.h"
 #include "platform/ado/ResultSet.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,9 +32,10 @@ private:
         std::size_t left = 0; ///< And, Or: places of the two sides
         std::size_t right = 0;
         int field = 0;
-        std::optional<std::string> text; ///< none is Null
-        std::optional<double> number;    ///< the text as a number, where it is one
-        std::optional<Date> date;        ///< the text as a date, where it is one
+        std::optional<std::string> text;         ///< none is Null
+        std::optional<double> number;            ///< the text as a number, where it is one
+        std::optional<Date> date;                ///< the text as a date, where it is one
+        std::shared_ptr<const LikePattern> like; ///< of Like alone
     };
 
     bool Fits(const ResultSet& rows, int row, const Node& node) const;

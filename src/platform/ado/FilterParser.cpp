@@ -92,11 +92,14 @@ private:
     std::size_t Single() {
         if (!tokens_.IsSymbol(current_, '('))
             return Comparison();
+        if (++depth_ > deepest)
+            Refuse();
         Advance();
         const std::size_t inner = Either();
         if (!tokens_.IsSymbol(current_, ')'))
             Refuse();
         Advance();
+        --depth_;
         return inner;
     }
 
@@ -122,8 +125,10 @@ private:
             node.operation == Operation::Equal || node.operation == Operation::NotEqual;
         if (!node.text && !comparesNull)
             Refuse();
-        if (node.operation == Operation::Like)
+        if (node.operation == Operation::Like) {
             std::replace(node.text->begin(), node.text->end(), '*', '%');
+            node.like = std::make_shared<LikePattern>(*node.text);
+        }
         return Add(std::move(node));
     }
 
@@ -206,10 +211,14 @@ private:
         return text;
     }
 
+    /// Each takes a part of the stack, here and at each row.
+    static constexpr int deepest = 100;
+
     std::string_view criterion_;
     const ResultSet& rows_;
     SqlTokens tokens_;
     SqlToken current_;
+    int depth_ = 0; ///< of parentheses that are open
     Filter filter_;
 };
 

@@ -28,6 +28,9 @@ constexpr std::array<CharacterKind, 256> MakeCharacterKinds() {
 
 constexpr std::array<CharacterKind, 256> characterKinds = MakeCharacterKinds();
 
+/// Comes along with texts out of files and other programs; SQLite passes over it too.
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
 CharacterKind KindOf(char c) {
     return characterKinds[static_cast<unsigned char>(c)];
 }
@@ -43,6 +46,8 @@ void SqlTokens::SkipBlanksAndComments() {
         const char c = text_[at_];
         if (KindOf(c) == CharacterKind::Blank) {
             ++at_;
+        } else if (text_.substr(at_).starts_with(byteOrderMark)) {
+            at_ += byteOrderMark.size();
         } else if (c == '-' && CharacterAt(at_ + 1) == '-') {
             at_ = std::min(text_.find('\n', at_), text_.size());
         } else if (c == '/' && CharacterAt(at_ + 1) == '*') {

@@ -22,8 +22,8 @@ struct SqlToken {
     std::size_t end = 0;
 };
 
-/// Takes tokens off a statement. Strings, quoted names and comments are atomic; blanks and comments
-/// are passed over. A quote that is never closed reaches to the end.
+/// Takes tokens off a statement. Strings, quoted names and comments are atomic; blanks, comments
+/// and byte order marks are passed over. A quote that is never closed reaches to the end.
 class SqlTokens {
 public:
     explicit SqlTokens(std::string_view text) : text_(text) {}

@@ -113,6 +113,36 @@ TEST(Filter, RefusesATextThatIsNone) {
     EXPECT_EQ(FailureNumberOf([] { Fitting("Nothing = 1"); }), FailureNumber::ItemNotFound);
 }
 
+std::string Repeated(std::string_view text, int times) {
+    std::string all;
+    for (int time = 0; time < times; ++time)
+        all += text;
+    return all;
+}
+
+TEST(Filter, RefusesParenthesesThatAreTooDeep) {
+    const auto nested = [](int depth) {
+        return Repeated("(", depth) + "Id = 1" + Repeated(")", depth);
+    };
+    EXPECT_EQ(Fitting(nested(100)), "0");
+    for (const int depth : {101, 1'000'000})
+        EXPECT_EQ(FailureNumberOf([&] { Fitting(nested(depth)); }), FailureNumber::InvalidArgument)
+            << depth;
+    EXPECT_EQ(FailureNumberOf([] { Fitting(Repeated("(", 1'000'000)); }),
+              FailureNumber::InvalidArgument);
+    EXPECT_EQ(Fitting(Repeated("(Id = 1) OR ", 200) + "(Id = 2)"), "01") << "one after the other";
+}
+
+TEST(Filter, HoldsLongChainsOfJoins) {
+    EXPECT_EQ(Fitting(Repeated("Id <> 1 AND ", 200'000) + "Id <> 2"), "23");
+    EXPECT_EQ(Fitting(Repeated("Id = 1 OR ", 200'000) + "Id = 2"), "01");
+    EXPECT_EQ(Fitting(Repeated("Id = 1 OR Id = 2 AND ", 100'000) + "Id <> 1"), "01");
+}
+
+TEST(Filter, PassesOverAByteOrderMark) {
+    EXPECT_EQ(Fitting("\xEF\xBB\xBFId = 1"), "0");
+}
+
 TEST(Filter, AComparisonAloneHasNoJoins) {
     const ResultSet rows = Rows();
     EXPECT_TRUE(Filter::ParseComparison("Name='o''brien'", rows).Fits(rows, 1));

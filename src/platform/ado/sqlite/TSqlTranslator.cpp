@@ -53,9 +53,10 @@ private:
                 TakeTop();
             break;
         default:
-            if (!limits_.empty() && JoinsSelects())
-                EndSelects();
+            break;
         }
+        if (!limits_.empty() && JoinsSelects())
+            EndSelects();
     }
 
     void Symbol(char symbol) {
@@ -88,8 +89,9 @@ private:
         SqlTokens ahead = tokens_;
         if (!ahead.IsSymbol(ahead.Next(), '('))
             return;
-        Drop(current_.begin, current_.end);
+        CopyUpTo(current_.begin);
         result_ += "IfNull";
+        copied_ = current_.end;
     }
 
     void TakeTop() {
@@ -139,8 +141,12 @@ private:
         copied_ = end;
     }
 
+    /// Leaves a gap: what is on both sides must not become one, such as a longer string or the
+    /// beginning of a comment.
     void Drop(std::size_t begin, std::size_t end) {
         CopyUpTo(begin);
+        if (!result_.empty() && result_.back() != ' ')
+            result_ += ' ';
         copied_ = end;
     }
 

@@ -65,6 +65,21 @@ TEST_F(SqliteEngineTest, TextComparesWithoutCaseAndTrailingBlanks) {
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where PartyId Like '6!%' Escape '!'"), "0");
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where Null Like '%'"), "0");
 }
+TEST_F(SqliteEngineTest, APatternIsReadForEachRowThatHasItsOwn) {
+    Run("Insert Into Parties Values ('6%', '6001'), ('7%', '6001'), ('6!%', '6%')");
+    EXPECT_EQ(OneValue("Select Count(*) From Parties Where Name Like PartyId"), "1");
+    EXPECT_EQ(OneValue("Select Count(*) From Parties Where Name Like PartyId Escape '!'"), "2");
+    DatabaseFailureOf([&] { Run("Select 1 From Parties Where Name Like '6%' Escape 'ab'"); });
+}
+
+TEST_F(SqliteEngineTest, AByteOrderMarkInFrontOfAStatementCountsForNothing) {
+    EXPECT_EQ(
+        OneValue("\xEF\xBB\xBFSelect TOP 1 dbo.IsNull(Null, 7) From (Select 1 Union All Select "
+                 "2) t"),
+        "7");
+    EXPECT_EQ(OneValue("\xEF\xBB\xBFSelect Count(*) From Parties Where PartyId = 5"), "0");
+}
+
 
 TEST_F(SqliteEngineTest, ADoubleQuotedTextIsAName) {
     DatabaseFailureOf([&] { Run("Select \"no such column\" From Parties"); });

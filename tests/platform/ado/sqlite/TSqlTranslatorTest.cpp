@@ -52,6 +52,10 @@ TEST(TSqlTranslator, PutsALimitAtTheEndOfItsOwnSelect) {
          "Select  a From (Select  b From c LIMIT 4) d LIMIT 3"},
         {"Select TOP 1 a From b Union Select c From d",
          "Select  a From b LIMIT 1 Union Select c From d"},
+        {"Select TOP 1 a From b EXCEPT Select c From d",
+         "Select  a From b LIMIT 1 EXCEPT Select c From d"},
+        {"Select TOP 1 a From b Intersect Select TOP 2 c From d",
+         "Select  a From b LIMIT 1 Intersect Select  c From d LIMIT 2"},
     });
 }
 
@@ -61,6 +65,26 @@ TEST(TSqlTranslator, DropsTheMarkOfANationalString) {
         {"Select N, n 'x'", "Select N, n 'x'"},
         {"Select aN'x'", "Select aN'x'"},
     });
+}
+
+TEST(TSqlTranslator, LeavesAGapWhereAWordIsDroppedBetweenTwoOthers) {
+    ExpectTurned({
+        {"Select 'a'N'b'", "Select 'a' 'b'"},
+        {"Select 6/dbo.*From t", "Select 6/ *From t"},
+        {"Select 6-dbo.-1", "Select 6- -1"},
+        {"Select'a'dbo.'b'", "Select'a' 'b'"},
+        {"Select N'a'N'b'N'c'", "Select 'a' 'b' 'c'"},
+    });
+}
+
+TEST(TSqlTranslator, PassesOverAByteOrderMark) {
+    ExpectTurned({
+        {"\xEF\xBB\xBFSelect TOP 1 a From b", "\xEF\xBB\xBFSelect  a From b LIMIT 1"},
+        {"Select \xEF\xBB\xBFIsNull(a, 0)", "Select \xEF\xBB\xBFIfNull(a, 0)"},
+    });
+    EXPECT_TRUE(FromTSql("\xEF\xBB\xBF"
+                         "EXEC sp_fkeys @pktable_name = 'T'")
+                    .starts_with("SELECT"));
 }
 
 TEST(TSqlTranslator, LeavesStringsQuotedNamesAndCommentsAlone) {
