@@ -3,6 +3,7 @@
 #include "ListScreen.h"
 #include "station/OpenedDatabase.h"
 #include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@ namespace {
 
 using Testing::BoxAnswers;
 using Testing::Critical;
+using Testing::ScreenDriver;
 
 class PickLists : public testing::Test {
 protected:
@@ -278,6 +280,18 @@ TEST_F(PickLists, GiveTheIdOfTheFirstRowWithExactlyThatName) {
     EXPECT_EQ(screen.CboFirst.Bookmark(), 1);
     EXPECT_EQ(GetIdOfName(screen.CboFirst, "Jute"), "1");
     EXPECT_EQ(screen.CboFirst.Bookmark(), 0);
+}
+
+// The list shows and gives back the name whole.
+TEST_F(PickLists, GiveTheIdOfANameThatBeginsWithAByteOrderMark) {
+    const std::string name = "\xEF\xBB\xBFJute";
+    FillPickList(rows, array, "select 1 as ID, '" + name + "' as Name union all select 2, 'Jute'",
+                 screen.CboFirst);
+    screen.Show();
+    screen.CboFirst.SetFocus();
+    ScreenDriver(screen).Press(Qt::Key_Down);
+    EXPECT_EQ(screen.CboFirst.Text(), name);
+    EXPECT_EQ(GetIdOfName(screen.CboFirst, screen.CboFirst.Text()), "1");
 }
 
 TEST_F(PickLists, GiveZeroForANameThatTheyDoNotHold) {

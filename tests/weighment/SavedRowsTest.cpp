@@ -214,7 +214,7 @@ TEST_F(SavedRows, AreTheSameWhetherFinalizedOrNot) {
 // ---- texts ----
 
 TEST_F(SavedRows, KeepAnyTextWholeAndAsItIs) {
-    Lines texts{"O'B\"; DROP TABLE A--", "محمد اسلم اینڈ سنز", "Zoë Řehoř 🚚",
+    Lines texts{"O'B\"; DROP TABLE A--", "محمد اسلم اینڈ سنز", "Zoë Řehoř 🚚", "\xEF\xBB\xBFLEA-1",
                 "  between  blanks  "};
     // A column of SQL Server has its bounds.
     if (!OnSqlServer())

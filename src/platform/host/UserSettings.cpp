@@ -23,6 +23,10 @@ namespace {
 using SectionAndKey = std::pair<std::string, std::string>;
 using Settings = std::map<SectionAndKey, std::string>;
 
+/// In front of what some editors write.
+constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
+constexpr qint64 lengthOfMark = 3;
+
 QString FromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -85,6 +89,8 @@ Settings ReadAll(const std::string& path) {
     if (!file.open(QIODevice::ReadOnly))
         Refuse(path, "cannot be read.");
     std::string section;
+    if (file.peek(lengthOfMark) == byteOrderMark)
+        file.skip(lengthOfMark);
     for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine()) {
         if (line.endsWith('\n'))
             line.chop(1);
@@ -116,7 +122,7 @@ void WriteAll(const std::string& path, const Settings& settings) {
     const std::string text = Written(settings);
     const auto size = static_cast<qint64>(text.size());
     if (!file.open(QIODevice::WriteOnly) || file.write(text.data(), size) != size || !file.commit())
-        Refuse(path, "cannot be written.");
+        Refuse(path, "cannot be written: " + file.errorString().toStdString() + ".");
 }
 
 } // namespace

@@ -110,7 +110,14 @@ TEST_F(UserSettings, ThatCannotBeWrittenFail) {
     const Failure failure = FailureOf([] { SaveSetting("Mill", "Printer", "Page", "White"); });
     EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
     EXPECT_EQ(failure.Description(),
-              "The settings file " + SettingsFile("Mill") + " cannot be written.");
+              "The settings file " + SettingsFile("Mill") + " cannot be written: Not a directory.");
+}
+
+TEST_F(UserSettings, AreReadWhereAnEditorHasPutAByteOrderMarkInFront) {
+    Damage("\xEF\xBB\xBF[Printer]\nPage=Printed\n");
+    EXPECT_EQ(GetSetting("Mill", "Printer", "Page", "White"), "Printed");
+    SaveSetting("Mill", "Printer", "Page", "White");
+    EXPECT_EQ(GetSetting("Mill", "Printer", "Page", ""), "White");
 }
 
 TEST_F(UserSettings, RefuseAnEmptyName) {
