@@ -48,6 +48,10 @@ std::string Connection::DatabaseFile() const {
     return OpenSession().EngineInUse().DatabaseFile();
 }
 
+bool Connection::WriteBack() {
+    return OpenSession().EngineInUse().WriteBack();
+}
+
 Recordset Connection::Execute(std::string_view statement, int) {
     ResultSet rows;
     OpenSession().Run(statement, {}, rows);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ado/LockWait.h"
 #include "platform/ado/Recordset.h"
 
 #include <chrono>
@@ -14,12 +15,25 @@ namespace Quillane {
 
 class Session;
 
-/// What the embedded engine needs from above: where its files lie, and which SQL functions it is
-/// to know.
+/// What the embedded engine needs from above: where its files lie, which SQL functions it is to
+/// know, and what is to be done while it waits.
 struct EmbeddedSupport {
-    std::string folder;                              ///< of the database files
-    std::function<void(sqlite3*)> registerFunctions; ///< runs on each new session
-    std::chrono::milliseconds busyWait{30'000};      ///< for whoever holds the file's lock
+    std::string folder{};                              ///< of the database files
+    std::function<void(sqlite3*)> registerFunctions{}; ///< runs on each new session
+    std::chrono::milliseconds busyWait{30'000};        ///< for whoever holds the file's lock
+    /// Begins such a wait in another form; nothing is shown without it.
+    std::function<std::unique_ptr<LockWait>()> waitForLock{};
+    /// Runs after each change that this session has stored: `WriteBack` has something to do.
+    std::function<void()> afterChange{};
+
+    /// A column that one statement alone may read, as it is written here to the letter. No other
+    /// statement may join its table with another.
+    struct Secret {
+        std::string table{};
+        std::string column{};
+        std::string reader{};
+    };
+    Secret secret{};
 };
 
 /// The one session with the database. The members are those of the data access objects that the
@@ -70,6 +84,11 @@ public:
     /// every further statement fails until this is called: nothing of a broken save is ever
     /// committed piece by piece.
     void RollbackTrans();
+
+    /// Brings what lies in the journal of an embedded database into its file, so that a copy of the
+    /// file alone is complete. Waits for nobody: false where others are at work in the database, or
+    /// a transaction is open, so that something may be left. True at once on a server.
+    bool WriteBack();
 
     /// Sees every statement text that runs, in its order, before it runs: those of the callers, and
     /// those of row writes. Transactions appear as "BeginTrans", "CommitTrans", "RollbackTrans".

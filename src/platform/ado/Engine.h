@@ -56,6 +56,8 @@ public:
     virtual std::string DefaultDatabase() = 0;
     /// The file that holds it; empty on a server.
     virtual std::string DatabaseFile() { return {}; }
+    /// See `Connection::WriteBack`.
+    virtual bool WriteBack() { return true; }
 };
 
 /// Who signs in, and how long the engine may take over it and over each statement.

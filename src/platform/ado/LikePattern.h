@@ -47,7 +47,7 @@ private:
     static bool FindPlain(Characters& text, const Part& part);
     static bool EndsWith(Characters text, const Part& part);
 
-    std::vector<Part> parts_; ///< one more than there are %
+    std::vector<Part> parts_;  ///< one more than there are %
     bool bracketsEnd_ = false; ///< no bracket is closed from here on
 };
 

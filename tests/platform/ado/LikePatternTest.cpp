@@ -84,8 +84,9 @@ bool FitsByRule(std::string_view text, std::string_view pattern) {
     const std::size_t end = pattern.front() == '[' ? pattern.find(']', 1) : 0;
     const bool isSet = pattern.front() == '[' && end != std::string_view::npos;
     const std::string_view one = pattern.substr(0, isSet ? end + 1 : 1);
-    const bool fits = !text.empty() && (one == "_" || one == text.substr(0, 1) ||
-                                        (isSet && one.substr(1, end - 1).find(text[0]) != one.npos));
+    const bool fits =
+        !text.empty() && (one == "_" || one == text.substr(0, 1) ||
+                          (isSet && one.substr(1, end - 1).find(text[0]) != one.npos));
     return fits && FitsByRule(text.substr(1), pattern.substr(one.size()));
 }
 

@@ -4,6 +4,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/ado/SqlTokens.h"
 #include "platform/ado/sqlite/SqliteFile.h"
+#include "platform/ado/sqlite/SqliteOpening.h"
 #include "platform/ado/sqlite/SqliteRows.h"
 #include "platform/ado/sqlite/SqliteText.h"
 #include "platform/ado/sqlite/TSqlTranslator.h"
@@ -20,59 +21,52 @@ void SqliteEngine::CloseDatabase::operator()(sqlite3* database) const {
 }
 
 SqliteEngine::SqliteEngine(std::string database, const EmbeddedSupport& support)
-    : database_(std::move(database)) {
+    : database_(std::move(database)), afterChange_(support.afterChange), waits_(support),
+      secret_(support.secret) {
     const std::string path = ExistingDatabaseFile(support.folder, database_);
-    OpenFile(path, support);
-    Configure(path);
+    KeepFromOthers(path);
+    handle_.reset(OpenSqliteFile(path));
+    const SqliteWaits::Statement wait(waits_);
+    waits_.Install(handle_.get());
     RegisterTextComparison(handle_.get());
+    PrepareSqliteSession(handle_.get(), path);
     if (support.registerFunctions)
         support.registerFunctions(handle_.get());
-}
-
-void SqliteEngine::OpenFile(const std::string& path, const EmbeddedSupport& support) {
-    sqlite3* opened = nullptr;
-    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-    const int outcome = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
-    handle_.reset(opened);
-    if (outcome != SQLITE_OK)
-        FailDatabase("The database file " + path + " cannot be opened: " + sqlite3_errstr(outcome) +
-                     ".");
-    statements_.emplace(opened);
-    sqlite3_busy_timeout(opened, static_cast<int>(support.busyWait.count()));
-}
-
-// The first read shows whether the file is a database and whether another program holds it.
-void SqliteEngine::Configure(const std::string& path) {
-    sqlite3* database = handle_.get();
-    sqlite3_db_config(database, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    const int outcome =
-        sqlite3_exec(database,
-                     "PRAGMA foreign_keys=ON; PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; "
-                     "SELECT count(*) FROM sqlite_schema",
-                     nullptr, nullptr, nullptr);
-    if ((outcome & 0xFF) == SQLITE_NOTADB)
-        FailDatabase("The file " + path + " is not a database.");
-    if ((outcome & 0xFF) == SQLITE_BUSY)
-        FailDatabase("The database file " + path + " is locked by another program.");
-    if (sqlite3_db_readonly(database, "main") == 1)
-        FailDatabase("The database file " + path + " is read-only.");
-    if (outcome != SQLITE_OK)
-        FailDatabase("The database file " + path + " cannot be used: " + sqlite3_errmsg(database) +
-                     ".");
+    secret_.Install(handle_.get());
+    statements_.emplace(handle_.get(), secret_);
+    files_.Begin(handle_.get(), path);
 }
 
 void SqliteEngine::FailInWordsOfEngine() {
-    FailDatabase(sqlite3_errmsg(handle_.get()));
+    FailDatabase(SqliteWords(handle_.get()));
 }
 
 long SqliteEngine::Run(std::string_view statement, std::span<const Value> parameters,
                        ResultSet& result) {
+    const SqliteWaits::Statement wait(waits_);
     TakeWriteLock();
+    secret_.SetStatement(statement);
     const SqliteStatements::Ready ready = statements_->Take(statement, parameters);
-    if (!ReadSqliteRows(ready.get(), result))
-        FailInWordsOfEngine();
+    Step(ready.get(), result);
     const bool yieldsRows = sqlite3_column_count(ready.get()) > 0;
     return yieldsRows ? -1 : static_cast<long>(sqlite3_changes(handle_.get()));
+}
+
+// Outside of a transaction a write is one by itself.
+void SqliteEngine::Step(sqlite3_stmt* statement, ResultSet& result) {
+    const bool commits = !sqlite3_stmt_readonly(statement) && sqlite3_get_autocommit(handle_.get());
+    if (commits)
+        files_.RefuseOtherFiles();
+    if (!ReadSqliteRows(statement, result))
+        FailInWordsOfEngine();
+    if (commits)
+        ReportChange();
+}
+
+void SqliteEngine::ReportChange() {
+    files_.RefuseOtherFiles();
+    if (afterChange_)
+        afterChange_();
 }
 
 void SqliteEngine::RunPlain(const char* text) {
@@ -91,11 +85,16 @@ void SqliteEngine::TakeWriteLock() {
         return;
     RunPlain("BEGIN IMMEDIATE");
     beginsWithNextStatement_ = false;
+    files_.RefuseOtherContents();
 }
 
 void SqliteEngine::Commit() {
-    if (!std::exchange(beginsWithNextStatement_, false))
-        RunPlain("COMMIT");
+    if (std::exchange(beginsWithNextStatement_, false))
+        return;
+    const SqliteWaits::Statement wait(waits_);
+    files_.RefuseOtherFiles();
+    RunPlain("COMMIT");
+    ReportChange();
 }
 
 void SqliteEngine::Rollback() {
@@ -106,6 +105,17 @@ void SqliteEngine::Rollback() {
 
 bool SqliteEngine::InTransaction() {
     return beginsWithNextStatement_ || !sqlite3_get_autocommit(handle_.get());
+}
+
+bool SqliteEngine::WriteBack() {
+    if (InTransaction())
+        return false;
+    SqliteWaits::Remove(handle_.get());
+    const int outcome = sqlite3_wal_checkpoint_v2(handle_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE,
+                                                  nullptr, nullptr);
+    waits_.Install(handle_.get());
+    files_.Renew();
+    return outcome == SQLITE_OK;
 }
 
 std::vector<std::string> SqliteEngine::KeyColumns(std::string_view table) {

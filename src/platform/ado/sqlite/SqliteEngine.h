@@ -1,8 +1,12 @@
 #pragma once
 
 #include "platform/ado/Engine.h"
+#include "platform/ado/sqlite/SqliteFileWatch.h"
+#include "platform/ado/sqlite/SqliteSecret.h"
 #include "platform/ado/sqlite/SqliteStatements.h"
+#include "platform/ado/sqlite/SqliteWaits.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,7 +17,8 @@ namespace Quillane {
 
 /// The embedded database: one file, opened for reading and writing. Statements are T-SQL as far as
 /// `FromTSql` goes. Foreign keys are on, every commit reaches the disk, and whoever holds the lock
-/// is waited for.
+/// is waited for. Nothing is written, and no commit counts, once the file is no longer the one that
+/// was opened.
 ///
 /// The session knows the collation `QTEXT`, in which texts compare without regard to case (beyond
 /// ASCII too) and to trailing blanks, and a `Like` of the same kind with sets in brackets.
@@ -34,21 +39,26 @@ public:
                           std::span<const Value> values) override;
     std::string DefaultDatabase() override { return database_; }
     std::string DatabaseFile() override;
+    bool WriteBack() override;
 
 private:
     struct CloseDatabase {
         void operator()(sqlite3* database) const;
     };
 
-    void OpenFile(const std::string& path, const EmbeddedSupport& support);
-    void Configure(const std::string& path);
     void RunPlain(const char* text);
     void TakeWriteLock();
+    void Step(sqlite3_stmt* statement, ResultSet& result);
+    void ReportChange();
     [[noreturn]] void FailInWordsOfEngine();
 
     std::string database_;
-    std::unique_ptr<sqlite3, CloseDatabase> handle_;
-    std::optional<SqliteStatements> statements_; ///< gone before the handle
+    std::function<void()> afterChange_;
+    SqliteWaits waits_;
+    SqliteSecret secret_;
+    std::unique_ptr<sqlite3, CloseDatabase> handle_; ///< gone before what it calls
+    std::optional<SqliteStatements> statements_;     ///< gone before the handle
+    SqliteFileWatch files_;
     bool beginsWithNextStatement_ = false;
 };
 

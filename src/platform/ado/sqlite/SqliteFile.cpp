@@ -2,6 +2,8 @@
 
 #include "platform/ado/AdoFailure.h"
 
+#include <cctype>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -39,6 +41,34 @@ std::string ExistingDatabaseFile(const std::string& folder, std::string_view dat
     if (IsWriteProtected(status))
         FailDatabase("The database file " + path + " is read-only.");
     return path;
+}
+
+bool HasLogWithContents(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(PathOf(path + "-wal"), error);
+    return !error && size > 0;
+}
+
+void KeepFromOthers(const std::string& path) {
+    std::error_code error;
+    const fs::perms rights = fs::status(PathOf(path), error).permissions();
+    const bool othersWrite = (rights & fs::perms::others_write) != fs::perms::none;
+    if (!error && !othersWrite && (rights & fs::perms::others_all) != fs::perms::none)
+        fs::permissions(PathOf(path), fs::perms::others_all, fs::perm_options::remove, error);
+}
+
+std::string ImmutableUri(const std::string& path) {
+    constexpr std::string_view plain = "/-._~:";
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char c : path) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (std::isalnum(byte) || plain.find(c) != std::string_view::npos)
+            uri += c;
+        else
+            uri += {'%', digits[byte >> 4], digits[byte & 0xF]};
+    }
+    return uri + "?immutable=1";
 }
 
 } // namespace Quillane

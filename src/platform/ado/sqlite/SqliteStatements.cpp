@@ -2,6 +2,7 @@
 
 #include "platform/ado/AdoFailure.h"
 #include "platform/ado/SqlTokens.h"
+#include "platform/ado/sqlite/SqliteOpening.h"
 #include "platform/ado/sqlite/SqliteRows.h"
 #include "platform/ado/sqlite/TSqlTranslator.h"
 
@@ -122,12 +123,13 @@ sqlite3_stmt* SqliteStatements::Keep(std::string_view text) {
 }
 
 SqliteStatements::Statement SqliteStatements::Prepare(const std::string& text) {
+    secret_.Judge(text);
     sqlite3_stmt* prepared = nullptr;
     const char* tail = nullptr;
     // The length counts the closing zero, so that SQLite reads the text where it stands.
     const int length = static_cast<int>(text.size()) + 1;
     if (sqlite3_prepare_v2(database_, text.c_str(), length, &prepared, &tail) != SQLITE_OK)
-        FailDatabase(sqlite3_errmsg(database_));
+        FailDatabase(SqliteWords(database_));
     Statement statement(prepared);
     if (!statement)
         FailDatabase("The statement is empty.");

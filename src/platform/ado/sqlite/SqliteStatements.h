@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ado/Value.h"
+#include "platform/ado/sqlite/SqliteSecret.h"
 
 #include <list>
 #include <memory>
@@ -21,7 +22,9 @@ namespace Quillane {
 /// A change of the schema, from whatever session, is found out when a statement is stepped.
 class SqliteStatements {
 public:
-    explicit SqliteStatements(sqlite3* database) : database_(database) {}
+    /// The secret judges each statement that is prepared, and outlives this.
+    SqliteStatements(sqlite3* database, const SqliteSecret& secret)
+        : database_(database), secret_(secret) {}
 
     struct Reset {
         void operator()(sqlite3_stmt* statement) const;
@@ -49,6 +52,7 @@ private:
     Statement Prepare(const std::string& text);
 
     sqlite3* database_;
+    const SqliteSecret& secret_;
     std::list<Kept> kept_; ///< the last one used in front
     std::unordered_map<std::string_view, std::list<Kept>::iterator> places_;
 };

@@ -29,7 +29,6 @@ TEST_F(SqliteEngineTest, SetsTheSessionUpForSafety) {
     EXPECT_EQ(OneValue("PRAGMA foreign_keys"), "1");
     EXPECT_EQ(OneValue("PRAGMA journal_mode"), "wal");
     EXPECT_EQ(OneValue("PRAGMA synchronous"), "2");
-    EXPECT_EQ(OneValue("PRAGMA busy_timeout"), "30000");
 }
 
 TEST_F(SqliteEngineTest, TheDatabaseIsNamedWithoutFolderAndEnding) {
@@ -65,6 +64,7 @@ TEST_F(SqliteEngineTest, TextComparesWithoutCaseAndTrailingBlanks) {
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where PartyId Like '6!%' Escape '!'"), "0");
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where Null Like '%'"), "0");
 }
+
 TEST_F(SqliteEngineTest, APatternIsReadForEachRowThatHasItsOwn) {
     Run("Insert Into Parties Values ('6%', '6001'), ('7%', '6001'), ('6!%', '6%')");
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where Name Like PartyId"), "1");
@@ -79,7 +79,6 @@ TEST_F(SqliteEngineTest, AByteOrderMarkInFrontOfAStatementCountsForNothing) {
         "7");
     EXPECT_EQ(OneValue("\xEF\xBB\xBFSelect Count(*) From Parties Where PartyId = 5"), "0");
 }
-
 
 TEST_F(SqliteEngineTest, ADoubleQuotedTextIsAName) {
     DatabaseFailureOf([&] { Run("Select \"no such column\" From Parties"); });

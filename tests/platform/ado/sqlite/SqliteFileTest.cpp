@@ -65,6 +65,31 @@ TEST_F(SqliteFile, CanBeWritten) {
     EXPECT_TRUE(Says(OpeningFailure(), "is read-only"));
 }
 
+// It holds the hashes of passwords.
+TEST_F(SqliteFile, CannotBeReadByOthersOnceItIsOpened) {
+    using fs::perms;
+    constexpr perms owner = perms::owner_read | perms::owner_write;
+    struct Case {
+        perms before, after;
+    };
+    constexpr Case cases[] = {
+        {owner | perms::group_read | perms::others_read, owner | perms::group_read},
+        {owner | perms::others_read | perms::others_exec, owner},
+        {owner | perms::group_read | perms::group_write,
+         owner | perms::group_read | perms::group_write},
+        // Whoever gives others the right to write wants them to use it.
+        {owner | perms::others_read | perms::others_write,
+         owner | perms::others_read | perms::others_write},
+    };
+    for (const Case& each : cases) {
+        fs::permissions(folder.File(), each.before);
+        Connection connection;
+        folder.Open(connection);
+        EXPECT_EQ(fs::status(folder.File()).permissions(), each.after);
+        EXPECT_EQ(fs::status(folder.File().string() + "-wal").permissions(), each.after);
+    }
+}
+
 TEST_F(SqliteFile, IsWaitedForNoLongerThanTheBusyWait) {
     Connection holder;
     folder.Open(holder);

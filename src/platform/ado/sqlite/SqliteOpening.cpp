@@ -1,0 +1,134 @@
+#include "platform/ado/sqlite/SqliteOpening.h"
+
+#include "platform/ado/AdoFailure.h"
+#include "platform/ado/sqlite/SqliteFile.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace Quillane {
+
+namespace {
+
+int PrimaryCode(int code) {
+    return code & 0xFF;
+}
+
+// The index of the log cannot grow on a full disk, and the engine then speaks of a failure of the
+// device. The system's number is that of the last failure, whenever that was.
+bool IsDiskFull(sqlite3* session) {
+    const int code = PrimaryCode(sqlite3_errcode(session));
+    const int systemCode = sqlite3_system_errno(session);
+    return code == SQLITE_FULL || ((code == SQLITE_IOERR || code == SQLITE_CANTOPEN) &&
+                                   (systemCode == ENOSPC || systemCode == EDQUOT));
+}
+
+int Run(sqlite3* session, const char* statements) {
+    return sqlite3_exec(session, statements, nullptr, nullptr, nullptr);
+}
+
+[[noreturn]] void FailToUse(sqlite3* session, const std::string& path) {
+    switch (PrimaryCode(sqlite3_errcode(session))) {
+    case SQLITE_NOTADB:
+        FailDatabase("The file " + path + " is not a database.");
+    case SQLITE_BUSY:
+        FailDatabase("The database file " + path + " is locked by another program.");
+    default:
+        break;
+    }
+    if (IsDiskFull(session))
+        FailDatabase("The disk that holds the database file " + path +
+                     " is full. Please make space on it and start the program again.");
+    if (sqlite3_db_readonly(session, "main") == 1)
+        FailDatabase("The database file " + path + " is read-only.");
+    FailDatabase("The database file " + path + " cannot be used: " + SqliteWords(session) + ".");
+}
+
+int IsOk(void* answer, int, char** cells, char**) {
+    *static_cast<bool*>(answer) = std::strcmp(cells[0], "ok") == 0;
+    return 0;
+}
+
+int IsNoRow(void* answer, int, char**, char**) {
+    *static_cast<bool*>(answer) = false;
+    return 0;
+}
+
+/// False only where the contents contradict themselves; what cannot be looked through counts as
+/// sound.
+bool IsSound(sqlite3* session) {
+    bool isWhole = true;
+    bool refersWell = true;
+    const int outcome =
+        sqlite3_exec(session, "PRAGMA integrity_check(1)", IsOk, &isWhole, nullptr);
+    sqlite3_exec(session, "PRAGMA foreign_key_check", IsNoRow, &refersWell, nullptr);
+    const int code = PrimaryCode(outcome);
+    return isWhole && refersWell && code != SQLITE_CORRUPT && code != SQLITE_NOTADB;
+}
+
+/// The file by itself, without what lies in its log.
+bool IsSoundWithoutLog(const std::string& path) {
+    sqlite3* session = nullptr;
+    constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+    const int outcome =
+        sqlite3_open_v2(ImmutableUri(path).c_str(), &session, flags, nullptr);
+    const bool isSound = outcome == SQLITE_OK && IsSound(session);
+    sqlite3_close(session);
+    return isSound;
+}
+
+[[noreturn]] void FailOnLog(const std::string& path) {
+    const std::string files = path + "-wal and " + path + "-shm";
+    if (IsSoundWithoutLog(path))
+        FailDatabase("The journal " + path + "-wal does not belong to the database file " + path +
+                     ": it is left of another state of the database, from before a copy was put "
+                     "in its place. Please move " +
+                     files + " to another folder and start the program again.");
+    FailDatabase("The database file " + path +
+                 " is damaged. Please put the last backup in its place, move " + files +
+                 " to another folder and start the program again.");
+}
+
+void KeepLogAtClose(sqlite3* session, bool keeps) {
+    sqlite3_db_config(session, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keeps ? 1 : 0, nullptr);
+}
+
+} // namespace
+
+std::string SqliteWords(sqlite3* session) {
+    return IsDiskFull(session) ? sqlite3_errstr(SQLITE_FULL) : sqlite3_errmsg(session);
+}
+
+sqlite3* OpenSqliteFile(const std::string& path) {
+    sqlite3* session = nullptr;
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int outcome = sqlite3_open_v2(path.c_str(), &session, flags, nullptr);
+    if (outcome == SQLITE_OK)
+        return session;
+    sqlite3_close(session);
+    FailDatabase("The database file " + path + " cannot be opened: " + sqlite3_errstr(outcome) +
+                 ".");
+}
+
+// The first read shows whether the file is a database and whether another program holds it.
+void PrepareSqliteSession(sqlite3* session, const std::string& path) {
+    sqlite3_db_config(session, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    // Where the path is a link, the log lies next to the file that it leads to.
+    const std::string file = sqlite3_db_filename(session, "main");
+    const bool hasLog = HasLogWithContents(file);
+    KeepLogAtClose(session, hasLog);
+    const int outcome =
+        Run(session, "PRAGMA foreign_keys=ON; PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL; "
+                     "SELECT count(*) FROM sqlite_schema");
+    const bool isMixed = PrimaryCode(outcome) == SQLITE_CORRUPT ||
+                         (outcome == SQLITE_OK && hasLog && !IsSound(session));
+    if (hasLog && isMixed)
+        FailOnLog(file);
+    if (outcome != SQLITE_OK || sqlite3_db_readonly(session, "main") == 1)
+        FailToUse(session, path);
+    KeepLogAtClose(session, false);
+}
+
+} // namespace Quillane
