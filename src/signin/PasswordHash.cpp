@@ -5,6 +5,8 @@
 #include <sodium.h>
 
 #include <array>
+#include <charconv>
+#include <cstdlib>
 
 namespace Quillane {
 
@@ -19,6 +21,32 @@ void StartSodium() {
         throw Failure(FailureNumber::InvalidCall, "The password library cannot be started");
 }
 
+constexpr int OutOfMemory = 7;
+
+/// The bytes that checking a hash takes: "$argon2id$v=19$m=65536,t=2,p=1$...", in units of 1,024.
+std::size_t MemoryOf(std::string_view hash) {
+    constexpr std::string_view name = "$m=";
+    const std::size_t at = hash.find(name);
+    std::size_t units = 0;
+    if (at != std::string_view::npos)
+        std::from_chars(hash.data() + at + name.size(), hash.data() + hash.size(), units);
+    return units * 1024;
+}
+
+// The library calls a password wrong where it finds no memory to check it.
+void RefuseWithoutMemory(std::size_t bytes) {
+    if (bytes == 0)
+        return;
+    // Written to, so that no compiler takes it for memory that nobody uses.
+    volatile char* const memory = static_cast<char*>(std::malloc(bytes));
+    if (memory)
+        *memory = 0;
+    std::free(const_cast<char*>(memory));
+    if (!memory)
+        throw Failure(OutOfMemory, "There is not enough memory to check the password. Please "
+                                   "close other programs and try again.");
+}
+
 } // namespace
 
 std::string HashPassword(std::string_view password, HashCost cost) {
@@ -31,14 +59,17 @@ std::string HashPassword(std::string_view password, HashCost cost) {
         minimum ? crypto_pwhash_argon2id_MEMLIMIT_MIN
                 : crypto_pwhash_argon2id_MEMLIMIT_INTERACTIVE);
     if (outcome != 0)
-        throw Failure(7, "There is not enough memory to protect the password");
+        throw Failure(OutOfMemory, "There is not enough memory to protect the password. Please "
+                                   "close other programs and try again.");
     return text.data();
 }
 
 bool PasswordMatches(const std::string& storedHash, std::string_view password) {
     StartSodium();
-    return storedHash.size() < crypto_pwhash_argon2id_STRBYTES &&
-           crypto_pwhash_argon2id_str_verify(storedHash.c_str(), password.data(),
+    if (storedHash.size() >= crypto_pwhash_argon2id_STRBYTES)
+        return false;
+    RefuseWithoutMemory(MemoryOf(storedHash));
+    return crypto_pwhash_argon2id_str_verify(storedHash.c_str(), password.data(),
                                              password.size()) == 0;
 }
 

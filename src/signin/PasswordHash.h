@@ -13,7 +13,8 @@ enum class HashCost { Interactive, Minimum };
 /// memory that the cost asks for is not to be had.
 std::string HashPassword(std::string_view password, HashCost cost = HashCost::Interactive);
 
-/// Whether the password is the one behind the stored hash. A text that is no hash matches nothing.
+/// Whether the password is the one that the stored hash was made of. A text that is no hash matches
+/// nothing. Fails where the memory that the hash asks for is not to be had.
 bool PasswordMatches(const std::string& storedHash, std::string_view password);
 
 /// Takes as long as a wrong password takes, so that an unknown name cannot be told from one.

@@ -27,8 +27,7 @@ struct StationUser {
 // The table is small, and looking through it here spares joining a typed name to a statement.
 std::optional<StationUser> FindUser(Connection& connection, std::string_view name) {
     const QString wanted = ToQt(name).trimmed();
-    Recordset users =
-        connection.Execute("Select UserName, PasswordHash, UserLevel From StationUsers");
+    Recordset users = connection.Execute(ReadsUsers);
     for (; !users.Eof(); users.MoveNext()) {
         const std::string found = users.Fields("UserName").TextOrEmpty();
         if (ToQt(found).trimmed().compare(wanted, Qt::CaseInsensitive) == 0)

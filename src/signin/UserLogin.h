@@ -19,6 +19,10 @@ inline constexpr int LongestPassword = 128; ///< characters
 /// after the first two, then twice as long each time, up to half a minute. Nobody is locked out.
 std::chrono::seconds SignInPause(int wrongInARow);
 
+/// The statement of the sign-in, the only one that reads the passwords' hashes.
+inline constexpr const char* ReadsUsers =
+    "Select UserName, PasswordHash, UserLevel From StationUsers";
+
 /// The signed-in user.
 class UserLoginObject {
 public:

@@ -1,8 +1,16 @@
 #include "signin/PasswordHash.h"
 
+#include "platform/runtime/Failure.h"
+
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
 
 namespace Quillane {
 
@@ -22,6 +30,48 @@ TEST(PasswordHash, NothingMatchesATextThatIsNoHash) {
     for (const std::string& text :
          {std::string(), std::string("grain"), std::string("$argon2id$"), std::string(5000, 'x')})
         EXPECT_FALSE(PasswordMatches(text, "grain"));
+}
+
+/// Leaves the process hardly more memory than it has, and ends it with what the act says.
+template <typename Act>
+[[noreturn]] void EndInWordsWithoutMemory(const Act& act) {
+    const std::string hash = HashPassword("grain", HashCost::Minimum);
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    constexpr rlim_t more = 16 << 20; // an interactive hash takes 64 MB
+    const rlim_t most = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE)) + more;
+    const rlimit limit{most, most};
+    ::setrlimit(RLIMIT_AS, &limit);
+    try {
+        act();
+        std::fputs("no failure", stderr);
+    } catch (const Failure& failure) {
+        std::fputs(failure.what(), stderr);
+    }
+    std::_Exit(0);
+}
+
+bool IsSanitized() {
+#ifdef __SANITIZE_ADDRESS__
+    return true;
+#else
+    return false;
+#endif
+}
+
+TEST(PasswordHashDeathTest, TooLittleMemoryIsReportedAndNotAsAWrongPassword) {
+    if (IsSanitized())
+        GTEST_SKIP() << "the sanitizer needs more memory than may be left";
+    const std::string hash = HashPassword("grain");
+    const char* words = "There is not enough memory to check the password. Please close other "
+                        "programs and try again.$";
+    const auto ended = testing::ExitedWithCode(0);
+    EXPECT_EXIT(EndInWordsWithoutMemory([&] { PasswordMatches(hash, "grain"); }), ended, words);
+    EXPECT_EXIT(EndInWordsWithoutMemory([&] { PasswordMatches(hash, "chaff"); }), ended, words);
+    EXPECT_EXIT(EndInWordsWithoutMemory([&] { SpendPasswordTime("grain"); }), ended, words);
+    EXPECT_EXIT(EndInWordsWithoutMemory([&] { HashPassword("grain"); }), ended,
+                "There is not enough memory to protect the password. Please close other programs "
+                "and try again.$");
 }
 
 TEST(PasswordHash, AnUnknownUserTakesAsLongAsAWrongPassword) {
