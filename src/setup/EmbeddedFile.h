@@ -17,6 +17,11 @@ public:
     EmbeddedFile(const EmbeddedFile&) = delete;
     EmbeddedFile& operator=(const EmbeddedFile&) = delete;
 
+    /// Leaves what lies in the journal there: by itself the last session to close a file brings it
+    /// into the file.
+    void LeaveJournal() {
+        sqlite3_db_config(session_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
     void Run(const char* script);
     /// Runs one statement with texts and numbers for its question marks.
     void Run(const char* statement, std::initializer_list<std::string_view> values);

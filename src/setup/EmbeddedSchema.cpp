@@ -1,6 +1,8 @@
 #include "setup/EmbeddedSchema.h"
 
+#include "platform/ado/sqlite/SqliteFile.h"
 #include "platform/forms/core/Text.h"
+#include "platform/host/PrivateFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/EmbeddedFile.h"
@@ -38,6 +40,7 @@ void AddSampleUser(EmbeddedFile& file, const NewDatabase& particulars) {
 }
 
 void Build(const std::string& path, const NewDatabase& particulars) {
+    MakePrivateFile(path);
     EmbeddedFile file(path, NewFile);
     // Nobody else sees the file yet, so that a journal in memory does; one transaction, so that
     // one wait for the disk does.
@@ -111,6 +114,9 @@ EmbeddedDatabase LookAtEmbeddedDatabase(const std::string& file) {
     try {
         found.kind = EmbeddedDatabase::Kind::NoAccess;
         EmbeddedFile session(file, SQLITE_OPEN_READWRITE);
+        // It may be that of another state of the database, which the start will notice.
+        if (HasLogWithContents(file))
+            session.LeaveJournal();
         session.Run("PRAGMA schema_version");
         found.kind = KindOf(session);
         if (found.kind == EmbeddedDatabase::Kind::OfStations)

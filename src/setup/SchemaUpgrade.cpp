@@ -3,6 +3,7 @@
 #include "data/Catalogue.h"
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Text.h"
+#include "platform/host/PrivateFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/EmbeddedScripts.h"
@@ -171,6 +172,7 @@ std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, d
     // The copy gets its name when it is complete: a half-written one is never taken for it.
     const std::string unfinished = file + ".copy";
     QFile::remove(ToQt(unfinished));
+    MakePrivateFile(unfinished);
     connection.Execute("VACUUM INTO " + Quoted(unfinished));
     QFile copy(ToQt(unfinished));
     BringToDisk(copy);

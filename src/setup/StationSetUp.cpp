@@ -1,6 +1,7 @@
 #include "setup/StationSetUp.h"
 
 #include "platform/forms/core/Text.h"
+#include "platform/host/PrivateFile.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
@@ -13,6 +14,8 @@
 namespace Quillane {
 
 namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 [[noreturn]] void FailOnFile(const QFileDevice& file) {
     throw Failure(FailureNumber::PathAccess,
@@ -28,11 +31,17 @@ std::string ReadWhole(const std::string& path) {
     return file.readAll().toStdString();
 }
 
-// Written beside, brought to the disk and renamed, so that the file is whole or not there.
-void WriteWhole(const std::string& path, const std::string& text) {
+enum class Readers { All, OwnerAndGroup };
+
+// Written under another name, brought to the disk and renamed, so that the file is whole or not
+// there.
+void WriteWhole(const std::string& path, const std::string& text, Readers readers) {
     QSaveFile file(ToQt(path));
-    if (!file.open(QIODevice::WriteOnly) ||
-        file.write(text.data(), static_cast<qint64>(text.size())) < 0 || !file.commit())
+    if (!file.open(QIODevice::WriteOnly))
+        FailOnFile(file);
+    if (readers == Readers::OwnerAndGroup)
+        MakePrivate(file);
+    if (file.write(text.data(), static_cast<qint64>(text.size())) < 0 || !file.commit())
         FailOnFile(file);
 }
 
@@ -41,12 +50,13 @@ void StoreCompanyName(const std::string& folder, const std::string& companyName)
     if (current == companyName)
         return;
     const std::string path = folder + "/Station.ini";
-    WriteWhole(path, WithCompanyName(ReadWhole(path), companyName));
+    WriteWhole(path, WithCompanyName(ReadWhole(path), companyName), Readers::All);
     current = companyName;
 }
 
+// It may hold a password.
 void WriteConfigFile(const std::string& folder, const std::string& fragment) {
-    WriteWhole(folder + "/Config.ini", ConfigFileText(fragment));
+    WriteWhole(folder + "/Config.ini", ConfigFileText(fragment), Readers::OwnerAndGroup);
 }
 
 std::string EmbeddedFragment() {
@@ -78,7 +88,9 @@ Place FindCompanyName(const std::vector<std::string>& lines) {
     Place place{lines.size(), lines.size()};
     bool inSection = false;
     for (std::size_t line = 0; line < lines.size(); ++line) {
-        const std::string bare = Bare(lines[line]);
+        const std::string_view text = lines[line];
+        const bool isMarked = line == 0 && text.starts_with(byteOrderMark);
+        const std::string bare = Bare(text.substr(isMarked ? byteOrderMark.size() : 0));
         if (bare.starts_with('['))
             inSection = bare == "[COMPANYNAMES]";
         if (inSection && bare.starts_with('['))

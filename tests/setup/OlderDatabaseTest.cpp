@@ -80,7 +80,8 @@ protected:
         for (const std::string& table :
              RowsOf(station, "Select name From sqlite_schema Where type = 'table' And name Not In "
                              "('StationSchema', 'sqlite_sequence')"))
-            contents[table] = RowsOf(station, "Select rowid, * From " + table.substr(0, table.size() - 1));
+            contents[table] =
+                RowsOf(station, "Select rowid, * From " + table.substr(0, table.size() - 1));
         return contents;
     }
     Rows Definitions() {
@@ -148,14 +149,15 @@ TEST_F(DatabaseOfVersion1, NumbersTheLinesOfAStationThatHadItOpenInTheSameWay) {
 }
 
 TEST_F(DatabaseOfVersion1, KeepsWhatItsOwnerHasAddedToIt) {
-    RunElsewhere("ALTER TABLE ArrivalsBody ADD COLUMN Remarks TEXT DEFAULT 'none';"
-           "CREATE INDEX LinesByDriver ON ArrivalsBody (DriverName);"
-           "CREATE VIEW Nets AS SELECT ArrivalId, sum(NetWeight) AS Net FROM ArrivalsBody GROUP BY "
-           "ArrivalId;"
-           "CREATE TABLE Changes (LineId INTEGER REFERENCES ArrivalsBody (LineId));"
-           "CREATE TRIGGER NoteChanges AFTER INSERT ON ArrivalsBody BEGIN INSERT INTO Changes "
-           "VALUES (new.LineId); END;"
-           "INSERT INTO Changes VALUES (41);");
+    RunElsewhere(
+        "ALTER TABLE ArrivalsBody ADD COLUMN Remarks TEXT DEFAULT 'none';"
+        "CREATE INDEX LinesByDriver ON ArrivalsBody (DriverName);"
+        "CREATE VIEW Nets AS SELECT ArrivalId, sum(NetWeight) AS Net FROM ArrivalsBody GROUP BY "
+        "ArrivalId;"
+        "CREATE TABLE Changes (LineId INTEGER REFERENCES ArrivalsBody (LineId));"
+        "CREATE TRIGGER NoteChanges AFTER INSERT ON ArrivalsBody BEGIN INSERT INTO Changes "
+        "VALUES (new.LineId); END;"
+        "INSERT INTO Changes VALUES (41);");
     const auto before = Contents();
     const Rows definitions = Definitions();
     setup.UpgradeDatabase();
@@ -176,13 +178,14 @@ TEST_F(DatabaseOfVersion1, IsUpgradedOnceWhereTwoStationsStartTogether) {
 }
 
 TEST_F(DatabaseOfVersion1, IsLeftAsItIsWhereItsBagLinesHaveAnotherKey) {
-    RunElsewhere("DROP TABLE ArrivalsBody; CREATE TABLE ArrivalsBody (LineId TEXT PRIMARY KEY, ArrivalId "
-           "INTEGER); INSERT INTO ArrivalsBody VALUES ('a', 7)");
+    RunElsewhere(
+        "DROP TABLE ArrivalsBody; CREATE TABLE ArrivalsBody (LineId TEXT PRIMARY KEY, ArrivalId "
+        "INTEGER); INSERT INTO ArrivalsBody VALUES ('a', 7)");
     const auto before = Contents();
     const Rows definitions = Definitions();
     Testing::BoxAnswers answers;
-    answers.Expect(Testing::Critical(
-        "CHECK constraint failed: ArrivalsBodyHasLineIdAsItsKey", "Database"));
+    answers.Expect(
+        Testing::Critical("CHECK constraint failed: ArrivalsBodyHasLineIdAsItsKey", "Database"));
     setup.UpgradeDatabase();
     EXPECT_EQ(setup.DatabaseVersion(), 1);
     EXPECT_EQ(Contents(), before);
@@ -190,8 +193,9 @@ TEST_F(DatabaseOfVersion1, IsLeftAsItIsWhereItsBagLinesHaveAnotherKey) {
 }
 
 TEST_F(DatabaseOfVersion1, IsUpgradedWhereItsBagLinesHaveNoKey) {
-    RunElsewhere("DROP TABLE ArrivalsBody; CREATE TABLE ArrivalsBody (LineId INTEGER, ArrivalId INTEGER);"
-           "INSERT INTO ArrivalsBody VALUES (NULL, 7)");
+    RunElsewhere(
+        "DROP TABLE ArrivalsBody; CREATE TABLE ArrivalsBody (LineId INTEGER, ArrivalId INTEGER);"
+        "INSERT INTO ArrivalsBody VALUES (NULL, 7)");
     const auto before = Contents();
     setup.UpgradeDatabase();
     EXPECT_EQ(setup.DatabaseVersion(), setup.ProgramVersion());

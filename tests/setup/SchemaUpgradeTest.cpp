@@ -101,6 +101,13 @@ TEST_F(Upgrade, CopiesTheWholeDatabaseAndNeverOverACopy) {
     EXPECT_FALSE(database.folder.Has("Account1.db.copy"));
 }
 
+TEST_F(Upgrade, CopiesTheDatabaseForItsOwnerAndGroupAlone) {
+    const std::string copy =
+        CopyBeforeUpgrade(database.connection, database.connection.DatabaseFile(), 2);
+    constexpr auto others = std::filesystem::perms::others_all;
+    EXPECT_EQ(std::filesystem::status(copy).permissions() & others, std::filesystem::perms::none);
+}
+
 TEST_F(Upgrade, FindsTablesWithoutCase) {
     EXPECT_TRUE(TableExists(database.connection, "arrivals"));
     EXPECT_FALSE(TableExists(database.connection, "arrival"));

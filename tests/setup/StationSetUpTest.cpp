@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
+#include <filesystem>
+
 namespace Quillane {
 
 class StationSetUp : public testing::Test {
@@ -45,6 +49,19 @@ TEST_F(StationSetUp, LeavesTheDatabaseTheNameAndTheConfigFile) {
     EXPECT_EQ(StationFile::Read(folder.File("Station.ini")).CompanyNames[1],
               "Veltrane Flour Mills");
     EXPECT_EQ(TheStation().CompanyNames[1], "Veltrane Flour Mills");
+}
+
+// The one holds the users' hashes, the other may hold a password.
+TEST_F(StationSetUp, LeavesTheDatabaseAndTheConfigFileToOwnerAndGroup) {
+    const mode_t before = ::umask(0);
+    SetUpStation(folder.path, SampleParticulars());
+    ::umask(before);
+    namespace fs = std::filesystem;
+    constexpr fs::perms ownerAndGroup = fs::perms::owner_read | fs::perms::owner_write |
+                                        fs::perms::group_read | fs::perms::group_write;
+    EXPECT_EQ(fs::status(folder.File("Account1.db")).permissions(), ownerAndGroup);
+    EXPECT_EQ(fs::status(folder.File("Config.ini")).permissions(), ownerAndGroup);
+    EXPECT_NE(fs::status(folder.File("Station.ini")).permissions(), ownerAndGroup);
 }
 
 TEST_F(StationSetUp, LeavesAStationFileThatHasTheNameAlone) {
