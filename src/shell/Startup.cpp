@@ -2,7 +2,6 @@
 
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
-#include "data/EmbeddedFunctions.h"
 #include "data/modCommon.h"
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/EventBoundary.h"
@@ -16,6 +15,9 @@
 #include "setup/DatabaseSetup.h"
 #include "shell/About.h"
 #include "shell/Desktop.h"
+#include "shell/IdleWriteBack.h"
+#include "shell/LockWaits.h"
+#include "signin/StationSupport.h"
 #include "signin/UserLogin.h"
 
 #include <algorithm>
@@ -75,17 +77,26 @@ void WriteCompanyName() {
                  -1);
 }
 
-} // namespace
+EmbeddedSupport SupportOfProgram() {
+    EmbeddedSupport support = StationSupport(StationFolder());
+    support.waitForLock = WaitForLock;
+    support.afterChange = WriteBackWhenIdle;
+    return support;
+}
 
-void Main() {
-    Con = std::make_unique<Connection>();
-    Con->SetEmbeddedSupport(
-        {.folder = StationFolder(), .registerFunctions = RegisterEmbeddedFunctions});
+// The last station to close it brings its journal into the file. A server's connection is left to
+// the end of the process: a server that does not answer must not hold it up.
+void CloseEmbeddedDatabase() {
+    if (Con && Con->State() == adStateOpen && !Con->DatabaseFile().empty())
+        Con->Close();
+}
+
+/// All up to the sign-in. False where there is no database and none was made.
+bool PrepareSession() {
+    const StartOfStation start;
     const std::string configFile = StationFolder() + "/Config.ini";
-    if (!FileExists(configFile) && !MakeDatabase()) {
-        EndProcess(1);
-        return;
-    }
+    if (!FileExists(configFile) && !MakeDatabase())
+        return false;
     OpenCon(ReadFirstField(configFile));
     UpgradeWhereVersionsDiffer();
     UserLogin->SetConnection(*Con);
@@ -93,6 +104,19 @@ void Main() {
     CompanyProfile->SetConnection(*Con);
     WriteCompanyName();
     CompanyProfile->Load();
+    return true;
+}
+
+} // namespace
+
+void Main() {
+    Con = std::make_unique<Connection>();
+    Con->SetEmbeddedSupport(SupportOfProgram());
+    SetLastAct(CloseEmbeddedDatabase);
+    if (!PrepareSession()) {
+        EndProcess(1);
+        return;
+    }
     UserLogin->Login();
     if (UserLogin->UserLevel() == 0) {
         ReleaseServices();

@@ -10,15 +10,22 @@
 #include "setup/DatabaseSetup.h"
 #include "setup/EmbeddedSchema.h"
 #include "shell/Desktop.h"
+#include "shell/LockScreen.h"
 #include "signin/UserLogin.h"
 #include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"
 #include "support/ProcessEnd.h"
 #include "support/ScreenDriver.h"
 
+#include <QApplication>
+#include <QTimer>
+
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <optional>
 
 namespace Quillane {
@@ -30,6 +37,7 @@ using Testing::Critical;
 using Testing::ProcessEnd;
 using Testing::ScreenDriver;
 using Testing::VisitModal;
+using Testing::WaitFor;
 
 /// A station folder of its own, with a database and a Config.ini that names it.
 class StartUp : public testing::Test {
@@ -226,6 +234,170 @@ TEST_F(StartUp, TurnsToTheUpgradeAlsoWhereTheDatabaseIsNewerThanTheProgram) {
     Testing::ForbidUnexpectedBoxes();
     EXPECT_EQ(shown.size(), 1U);
     EXPECT_NE(TheDesktop, nullptr);
+}
+
+// ---- the file of an embedded database ----
+
+/// Another session that holds the file's write lock.
+class HeldLock {
+public:
+    HeldLock(const std::string& file, const char* statements) {
+        EXPECT_EQ(sqlite3_open(file.c_str(), &session_), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(session_, statements, nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    ~HeldLock() { sqlite3_close(session_); }
+    HeldLock(const HeldLock&) = delete;
+    HeldLock& operator=(const HeldLock&) = delete;
+
+private:
+    sqlite3* session_ = nullptr;
+};
+
+/// Acts in the window that waits for the lock, once it is shown.
+class VisitLockScreen {
+public:
+    explicit VisitLockScreen(std::function<void(LockScreen&)> act) : act_(std::move(act)) {
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+        timer_.start(1);
+    }
+    ~VisitLockScreen() { EXPECT_TRUE(tookPlace_) << "nothing has waited for the lock"; }
+    VisitLockScreen(const VisitLockScreen&) = delete;
+    VisitLockScreen& operator=(const VisitLockScreen&) = delete;
+
+private:
+    void Look() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* screen = dynamic_cast<LockScreen*>(window); screen && screen->isVisible()) {
+                timer_.stop();
+                tookPlace_ = true;
+                return act_(*screen);
+            }
+    }
+
+    std::function<void(LockScreen&)> act_;
+    QTimer timer_;
+    bool tookPlace_ = false;
+};
+
+constexpr const char* StationThatSaves = "BEGIN IMMEDIATE";
+constexpr const char* ProgramThatHoldsTheFile = "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE";
+
+TEST_F(StartUp, GoesOnOnceTheDatabaseIsFree) {
+    for (const char* holder : {StationThatSaves, ProgramThatHoldsTheFile}) {
+        MakeFile("Account1");
+        auto lock = std::make_unique<HeldLock>(File("Account1.db"), holder);
+        const VisitLockScreen wait([&](LockScreen&) { lock.reset(); });
+        const VisitModal visit(SignInAs("ali", "wheat"));
+        Main();
+        EXPECT_EQ(StoredName(), "VELTRANE MILLS");
+        EXPECT_NE(TheDesktop, nullptr);
+        TheDesktop.reset();
+        Con.reset();
+        std::filesystem::remove(File("Account1.db"));
+    }
+}
+
+TEST_F(StartUp, EndsWhereTheWaitForTheDatabaseIsCancelled) {
+    MakeFile("Account1");
+    const auto cancel = [](LockScreen& window) { ScreenDriver(window).Press(Qt::Key_Escape); };
+    {
+        const HeldLock lock(File("Account1.db"), ProgramThatHoldsTheFile);
+        const VisitLockScreen wait(cancel);
+        ExpectToEndWith("The database file " + File("Account1.db") +
+                        " is locked by another program.");
+    }
+    const HeldLock lock(File("Account1.db"), StationThatSaves);
+    const VisitLockScreen wait(cancel);
+    boxes.Expect(Critical("database is locked", "Quillane"));
+    RunEvent(Main);
+    EXPECT_EQ(end.Codes().size(), 2U);
+}
+
+TEST_F(StartUp, WritesTheJournalBackOnceTheStationIsIdle) {
+    MakeFile("Account1");
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    const std::string log = File("Account1.db-wal");
+    EXPECT_GT(std::filesystem::file_size(log), 0U) << "the company's name has been stored";
+    EXPECT_TRUE(WaitFor([&] { return std::filesystem::file_size(log) == 0; }));
+    // A save by another station is not in the way for long.
+    {
+        const HeldLock lock(File("Account1.db"), StationThatSaves);
+        Con->Execute("Select 1");
+    }
+    Con->BeginTrans();
+    Con->Execute("Update Project_Registry Set value = 'x'");
+    Con->CommitTrans();
+    EXPECT_GT(std::filesystem::file_size(log), 0U);
+    EXPECT_TRUE(WaitFor([&] { return std::filesystem::file_size(log) == 0; }));
+}
+
+TEST_F(StartUp, TriesToWriteBackUntilTheOtherStationsAreDone) {
+    MakeFile("Account1");
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    const std::string log = File("Account1.db-wal");
+    auto lock = std::make_unique<HeldLock>(File("Account1.db"), StationThatSaves);
+    bool isTime = false;
+    QTimer::singleShot(std::chrono::seconds(2), [&] { isTime = true; });
+    EXPECT_TRUE(WaitFor([&] { return isTime; })) << "longer than the station takes to be idle";
+    EXPECT_GT(std::filesystem::file_size(log), 0U);
+    lock.reset();
+    EXPECT_TRUE(WaitFor([&] { return std::filesystem::file_size(log) == 0; }));
+}
+
+// In another process, since it really ends.
+TEST_F(StartUp, TheEndOfTheProcessClosesTheDatabase) {
+    MakeFile("Account1");
+    EXPECT_EXIT(
+        {
+            SetEndProcess({});
+            const VisitModal visit([this](Screen& screen) {
+                if (!std::filesystem::exists(File("Account1.db-wal")))
+                    std::_Exit(2);
+                GiveUp()(screen);
+            });
+            Main();
+        },
+        testing::ExitedWithCode(0), "");
+    EXPECT_EQ(LookAtEmbeddedDatabase(File("Account1.db")).companyName, "VELTRANE MILLS");
+    EXPECT_FALSE(std::filesystem::exists(File("Account1.db-wal")));
+    EXPECT_FALSE(std::filesystem::exists(File("Account1.db-shm")));
+}
+
+TEST_F(StartUp, EndsOnAJournalOfAnotherStateOfTheDatabase) {
+    MakeFile("Account1");
+    const auto addCities = [this](int first) {
+        std::string rows;
+        for (int city = first; city < first + 500; ++city)
+            rows += "INSERT INTO Cities VALUES (" + std::to_string(city) + ", 'City " +
+                    std::to_string(city) + "');";
+        HeldLock(File("Account1.db"),
+                 ("PRAGMA journal_mode = WAL; BEGIN;" + rows + "COMMIT").c_str());
+    };
+    addCities(1);
+    std::filesystem::copy_file(File("Account1.db"), File("backup"));
+    addCities(1001);
+    {
+        const HeldLock station(File("Account1.db"), "DELETE FROM Cities WHERE CityId > 900");
+        std::filesystem::copy_file(File("Account1.db-wal"), File("left"));
+    }
+    std::filesystem::rename(File("backup"), File("Account1.db"));
+    std::filesystem::rename(File("left"), File("Account1.db-wal"));
+    const std::string log = File("Account1.db-wal");
+    ExpectToEndWith("The journal " + log + " does not belong to the database file " +
+                    File("Account1.db") +
+                    ": it is left of another state of the database, from before a copy was put in "
+                    "its place. Please move " +
+                    log + " and " + File("Account1.db-shm") +
+                    " to another folder and start the program again.");
+}
+
+TEST_F(StartUp, LetsOnlyTheSignInReadThePasswordsHashes) {
+    MakeFile("Account1");
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    EXPECT_THROW(Con->Execute("Select PasswordHash From StationUsers"), Failure);
 }
 
 // ---- what ends it ----

@@ -73,10 +73,9 @@ private:
 
     /// Once nobody is at work any more, the first that asks gets its answer.
     void AnswerWhatIsDue() {
-        const bool nobodyWorks =
-            std::all_of(sides_.begin(), sides_.end(), [](const Side& side) {
-                return side.asks || side.station->HasEnded();
-            });
+        const bool nobodyWorks = std::all_of(sides_.begin(), sides_.end(), [](const Side& side) {
+            return side.asks || side.station->HasEnded();
+        });
         bool isFirst = true;
         for (Side& side : sides_) {
             if (!side.asks || side.station->HasEnded())

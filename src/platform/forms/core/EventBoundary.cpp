@@ -6,12 +6,23 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <utility>
 
 namespace Quillane {
 
 namespace {
 
 std::function<void(int)> replacedEnd;
+std::function<void()> lastAct;
+
+void RunLastAct() {
+    try {
+        if (const auto act = std::exchange(lastAct, {}))
+            act();
+    } catch (const std::exception&) {
+        // No screen is left that could report it.
+    }
+}
 
 // No procedure trapped it: the runtime speaks, and the program is over.
 void EndOnFailure(const std::string& description) {
@@ -38,8 +49,13 @@ void EndProcess(int exitCode) {
         replacedEnd(exitCode);
         return;
     }
+    RunLastAct();
     std::fflush(nullptr);
     std::_Exit(exitCode);
+}
+
+void SetLastAct(std::function<void()> act) {
+    lastAct = std::move(act);
 }
 
 void SetEndProcess(std::function<void(int)> end) {

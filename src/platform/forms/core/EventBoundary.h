@@ -13,8 +13,11 @@ struct ScreenGone {};
 /// travels through Qt code.
 void RunEvent(const std::function<void()>& procedure);
 
-/// Ends the process at once, without ceremony, through the function that tests may replace.
+/// Ends the process at once, without ceremony but for the last act, through the function that tests
+/// may replace: that one then runs in place of both.
 void EndProcess(int exitCode);
+/// What is still done before the process ends. What it fails with is dropped.
+void SetLastAct(std::function<void()> act);
 void SetEndProcess(std::function<void(int)> end);
 
 } // namespace Quillane

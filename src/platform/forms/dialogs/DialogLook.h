@@ -13,13 +13,16 @@ class QVBoxLayout;
 /// The common look of the dialogs that come before the start screen.
 namespace Quillane {
 
-/// The hourglass for as long as it lives.
+/// The hourglass for as long as it lives; then the pointer that was there before.
 class Hourglass {
 public:
     Hourglass() { SetMousePointer(MousePointer::Hourglass); }
-    ~Hourglass() { SetMousePointer(MousePointer::Default); }
+    ~Hourglass() { SetMousePointer(before_); }
     Hourglass(const Hourglass&) = delete;
     Hourglass& operator=(const Hourglass&) = delete;
+
+private:
+    MousePointer before_ = CurrentMousePointer();
 };
 
 /// The dialog's column of contents below a coloured head with a title and a line under it. The note

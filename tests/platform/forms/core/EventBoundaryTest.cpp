@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <stdexcept>
 
 namespace Quillane::Testing {
@@ -36,6 +37,39 @@ TEST(EventBoundaryDeathTest, EndsTheProcessAtOnceUnlessThatIsReplaced) {
             EndProcess(3);
         },
         testing::ExitedWithCode(3), "");
+}
+
+TEST(EventBoundaryDeathTest, RunsTheLastActOnceBeforeTheProcessEnds) {
+    EXPECT_EXIT(
+        {
+            SetEndProcess({});
+            SetLastAct([] {
+                std::fputs("last act", stderr);
+                EndProcess(3);
+            });
+            EndProcess(4);
+        },
+        testing::ExitedWithCode(3), "last act$");
+}
+
+TEST(EventBoundaryDeathTest, EndsTheProcessAlsoWhereTheLastActFails) {
+    EXPECT_EXIT(
+        {
+            SetEndProcess({});
+            SetLastAct([] { Fail(FailureNumber::Overflow); });
+            EndProcess(3);
+        },
+        testing::ExitedWithCode(3), "");
+}
+
+TEST(EventBoundary, RunsNoLastActWhereTheEndIsReplaced) {
+    ProcessEnd end;
+    bool ran = false;
+    SetLastAct([&] { ran = true; });
+    EndProcess(0);
+    SetLastAct({});
+    EXPECT_FALSE(ran);
+    EXPECT_EQ(end.Codes(), std::vector<int>{0});
 }
 
 TEST(EventBoundary, SaysNothingWhereTheScreenHasGone) {

@@ -1,0 +1,36 @@
+#include "shell/IdleWriteBack.h"
+
+#include "data/Con.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <chrono>
+
+namespace Quillane {
+
+namespace {
+
+/// Long enough that the disk is not busy when the operator goes on to the next load.
+constexpr std::chrono::milliseconds moment{1500};
+
+QTimer* MakeTimer() {
+    auto* timer = new QTimer(QCoreApplication::instance());
+    timer->setSingleShot(true);
+    timer->setInterval(moment);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer] {
+        const bool isOpen = Con && Con->State() == adStateOpen;
+        if (isOpen && !Con->WriteBack())
+            timer->start();
+    });
+    return timer;
+}
+
+} // namespace
+
+void WriteBackWhenIdle() {
+    static QTimer* const timer = MakeTimer();
+    timer->start();
+}
+
+} // namespace Quillane
