@@ -1,10 +1,67 @@
 """The indicator's end of a serial line: a pseudo-terminal behind a link of a chosen name."""
 
 import errno
+import fcntl
 import os
 import select
 import termios
 import tty
+
+
+LOCKS = "/var/lock" if os.access("/var/lock", os.W_OK) else "/tmp"
+
+
+def lock_file(device):
+    """By which programs lock a device; what they call it is the name without its folder."""
+    return f"{LOCKS}/LCK..{device.removeprefix('/dev/').replace('/', '_')}"
+
+
+class LockName:
+    """The name by which a device is locked, for one user at a time. The name of a pseudo-terminal is
+    given out again at once, often before its last user has removed its lock; and containers may
+    share the folder of locks while each has pseudo-terminals of the same names."""
+
+    def __init__(self, device):
+        """Fails (BlockingIOError) while another has the name or has left it locked."""
+        self._file = lock_file(device).replace("/LCK..", "/claim..")
+        self._claim = os.open(self._file, os.O_RDWR | os.O_CREAT, 0o666)
+        try:
+            if not self._is_mine() or os.path.exists(lock_file(device)):
+                raise BlockingIOError(errno.EAGAIN, "is in use", device)
+        except BlockingIOError:
+            self.release()
+            raise
+
+    def _is_mine(self):
+        """Locked by this process, and not just removed by the one that had it before."""
+        fcntl.flock(self._claim, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        try:
+            return os.path.samestat(os.fstat(self._claim), os.stat(self._file))
+        except FileNotFoundError:
+            return False
+
+    def release(self):
+        try:
+            if self._is_mine():
+                os.unlink(self._file)
+        except BlockingIOError:
+            pass
+        os.close(self._claim)
+
+
+def _open_terminal():
+    """Both ends of a pseudo-terminal whose name is free, and the claim to the name."""
+    in_use = []
+    try:
+        while True:
+            ends = os.openpty()
+            try:
+                return *ends, LockName(os.ttyname(ends[1]))
+            except (BlockingIOError, PermissionError):
+                in_use += ends  # open until another is found: its number is taken
+    finally:
+        for end in in_use:
+            os.close(end)
 
 
 class Line:
@@ -13,12 +70,13 @@ class Line:
     def __init__(self, link):
         self._link = link
         self._master = None
+        self._name = None
         self._heard = False
         self.connect()
 
     def connect(self):
         self.hang_up()
-        self._master, slave = os.openpty()
+        self._master, slave, self._name = _open_terminal()
         tty.setraw(slave)
         name = os.ttyname(slave)
         # With no end of ours open on the station's side, the line tells whether one listens.
@@ -40,6 +98,7 @@ class Line:
             return
         os.close(self._master)
         self._master = None
+        self._name.release()
         self._heard = False
         if os.path.islink(self._link) and os.readlink(self._link) == self.device:
             os.unlink(self._link)

@@ -1,16 +1,21 @@
 #pragma once
 
+#include "platform/comm/LockName.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <fcntl.h>
+#include <memory>
 #include <pty.h>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace Quillane::Testing {
 
@@ -18,9 +23,12 @@ namespace Quillane::Testing {
 class PseudoTerminal {
 public:
     PseudoTerminal() {
-        char name[128] = {};
-        EXPECT_EQ(openpty(&indicator_, &observer_, name, nullptr, nullptr), 0);
-        device_ = name;
+        // One whose name is in use stays open until another is found: its number is taken.
+        std::vector<int> inUse;
+        for (Open(); !(name_ = LockName::Claim(device_)); Open())
+            inUse.insert(inUse.end(), {indicator_, observer_});
+        for (int& descriptor : inUse)
+            Close(descriptor);
         termios raw{};
         tcgetattr(observer_, &raw);
         cfmakeraw(&raw);
@@ -57,6 +65,12 @@ public:
     }
 
 private:
+    void Open() {
+        char name[128] = {};
+        if (openpty(&indicator_, &observer_, name, nullptr, nullptr) != 0)
+            throw std::runtime_error("no pseudo-terminal");
+        device_ = name;
+    }
     static void Close(int& descriptor) {
         if (descriptor >= 0)
             close(descriptor);
@@ -66,6 +80,7 @@ private:
     int indicator_ = -1;
     int observer_ = -1;
     std::string device_;
+    std::unique_ptr<LockName> name_;
 };
 
 } // namespace Quillane::Testing
