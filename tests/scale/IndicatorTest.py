@@ -14,7 +14,9 @@ TOOL = Path(__file__).resolve().parents[2] / "tools" / "indicator"
 sys.path.insert(0, str(TOOL))
 sys.dont_write_bytecode = True
 
-from layouts import LAYOUTS
+from layouts import LAYOUTS, OVERLOAD
+from line import LockName, lock_file
+from sending import PARITIES, Wire
 from weighing import Scale, TruckRound
 
 DEADLINE = 20.0
@@ -66,6 +68,64 @@ class LayoutTest(unittest.TestCase):
                        for weight in (0.0, 7.0, 99999.0, 12345678901.0, -7.0)}
             if name != "lf-first":  # ten places hold what no scale carries
                 self.assertEqual(len(lengths), 1, name)
+
+
+    def test_an_overload_shows_an_error_text_in_the_place_of_the_digits(self):
+        for name in LAYOUTS:
+            with self.subTest(name):
+                frame, usual = write(name, OVERLOAD), write(name, 12540.0)
+                self.assertEqual(len(frame), len(usual))
+                text = b"32 rrE" if name == "equals-reversed" else b"Err 23"
+                self.assertIn(text, frame)
+
+
+class WireTest(unittest.TestCase):
+    """What has come through at which time, of frames A1, B2, C3 ..."""
+
+    def setUp(self):
+        self.wire = Wire(100.0)  # ten bytes in a second
+        frames = iter([b"A1", b"B2", b"C3", b"D4", b"E5", b"F6", b"G7", b"H8", b"I9"])
+        self.at = lambda now: self.wire.carry(now, lambda: next(frames))
+
+    def test_bytes_come_through_at_the_rate_of_the_line(self):
+        self.assertEqual([self.at(time) for time in (0.05, 0.15, 0.25, 0.251, 0.45)],
+                         [b"", b"A", b"1", b"", b"B2"])
+        self.wire.set_rate(200.0)
+        self.assertEqual(self.at(0.601), b"C3D4")
+
+    def test_each_frame_is_followed_by_the_pause(self):
+        self.wire.pause = 0.4
+        self.assertEqual([self.at(time) for time in (0.15, 0.25, 0.55, 0.65, 0.75, 0.85, 1.25, 1.35)],
+                         [b"A", b"1", b"", b"", b"B", b"2", b"", b"C"])
+
+    def test_a_halt_is_not_made_up_for(self):
+        self.assertEqual(self.at(0.15), b"A")
+        self.assertEqual(self.at(100.0), b"1B2C3")
+        self.assertEqual(self.at(100.15), b"D")
+
+    def test_parity_bits_are_those_that_the_station_does_not_expect(self):
+        text = b"+012540 kg\r\n"
+        self.assertEqual(PARITIES["none"](text), text)
+        self.assertEqual(PARITIES["even"](text), b"+0\xb1\xb25\xb40\xa0\xeb\xe7\x8d\n")
+        self.assertEqual(PARITIES["odd"](text), b"\xab\xb012\xb54\xb0 kg\r\x8a")
+
+
+class LockNameTest(unittest.TestCase):
+    def test_a_name_has_one_user_at_a_time(self):
+        device = f"/dev/pts/one-user-{os.getpid()}-python"
+        first = LockName(device)
+        for _ in range(2):
+            with self.assertRaises(BlockingIOError):
+                LockName(device)
+        first.release()
+        LockName(device).release()
+
+    def test_a_name_that_is_still_locked_is_not_taken(self):
+        device = f"/dev/pts/locked-{os.getpid()}-python"
+        Path(lock_file(device)).write_text("")
+        self.addCleanup(os.unlink, lock_file(device))
+        with self.assertRaises(BlockingIOError):
+            LockName(device)
 
 
 class ScaleTest(unittest.TestCase):
@@ -178,6 +238,35 @@ class LineTest(unittest.TestCase):
                 self.assertNotEqual(received.replace(b"+012540 kg\r\n", b""), b"")
                 self.stop()
 
+    def test_it_sends_with_another_parity_or_an_error_text(self):
+        self.start("--parity", "even")
+        self.listen()
+        self.read_until(b"+0\xb1\xb25\xb40")
+        self.tell("parity none")
+        self.assertEqual(self.tell("overload on"), "ok overload on")
+        self.read_until(b"+Err 23 kg\r\n")
+        self.tell("overload off")
+        self.read_until(b"+012540 kg\r\n")
+
+    def test_it_pauses_after_each_frame(self):
+        self.start()
+        self.listen()
+        self.assertEqual(self.tell("pause 60"), "ok pause 60")
+        received, end = b"", time.monotonic() + DEADLINE
+        while select.select([self.listener], [], [], 0.5)[0]:
+            self.assertLess(time.monotonic(), end, "it does not pause")
+            received += os.read(self.listener, 4096)
+        self.assertTrue(received.endswith(b"+012540 kg\r\n"), received[-200:])
+
+    def test_a_new_connection_takes_no_name_that_is_still_locked(self):
+        self.start()
+        device = os.path.realpath(self.link)
+        self.tell("hangup")
+        Path(lock_file(device)).write_text("")
+        self.addCleanup(os.unlink, lock_file(device))
+        self.tell("connect")
+        self.assertNotEqual(os.path.realpath(self.link), device)
+
     def test_a_hang_up_ends_the_line_and_a_connection_makes_a_new_one(self):
         self.start()
         self.listen()
@@ -207,7 +296,8 @@ class LineTest(unittest.TestCase):
     def test_wrong_commands_are_refused_and_change_nothing(self):
         self.start()
         for command in ("weigh 5", "weight", "weight x", "weight inf", "layout nonsense",
-                        "noise maybe", "baud 0", "__init__"):
+                        "noise maybe", "baud 0", "pause -1", "pause 61", "pause nan",
+                        "parity wrong", "overload maybe", "__init__"):
             self.assertTrue(self.tell(command).startswith(f"refused {command}"), command)
         self.listen()
         self.read_until(b"+012540 kg")

@@ -1,8 +1,14 @@
 """How weighing indicators write a weight. None of these layouts waits for an answer.
 
 Each function takes the weight in kilograms and whether the load still moves, and gives the bytes of
-one frame. Weights are whole kilograms; only the layout with a decimal place shows a fraction.
+one frame. Weights are whole kilograms; only the layout with a decimal place shows a fraction. For a
+weight beyond the scale's range, `OVERLOAD`, an error text is in the place of the digits.
 """
+
+import math
+
+OVERLOAD = math.inf
+OVERLOAD_TEXT = b"Err 23"
 
 STX, ETX, CR, LF = b"\x02", b"\x03", b"\r", b"\n"
 
@@ -13,11 +19,15 @@ def _sign(weight, positive=b"+"):
 
 def _digits(weight, places):
     """The amount without its sign, filled with zeros; the lowest places of one that is too long."""
+    if weight == OVERLOAD:
+        return OVERLOAD_TEXT.rjust(places)
     return b"%0*d" % (places, abs(round(weight)) % 10**places)
 
 
 def _right(weight, places):
     """The amount without its sign, filled with blanks."""
+    if weight == OVERLOAD:
+        return OVERLOAD_TEXT.rjust(places)
     return b"%*d" % (places, abs(round(weight)) % 10**places)
 
 
@@ -79,8 +89,9 @@ def cr_first(weight, moving):
 def lf_first(weight, moving):
     """LF, Z at zero, the range's number, G for gross, M while moving, blank, the number with its
     sign in 10 places filled with blanks, 'kg', blank, CR."""
-    return (LF + (b"Z" if round(weight) == 0 else b" ") + b"1G" + (b"M" if moving else b" ") + b" "
-            + b"%10d" % round(weight) + b"kg " + CR)
+    number = OVERLOAD_TEXT.rjust(10) if weight == OVERLOAD else b"%10d" % round(weight)
+    return (LF + (b"Z" if number.strip() == b"0" else b" ") + b"1G" + (b"M" if moving else b" ")
+            + b" " + number + b"kg " + CR)
 
 
 def plain(weight, moving):
@@ -90,6 +101,8 @@ def plain(weight, moving):
 
 def one_decimal(weight, moving):
     """'ST' or 'US', ',GS,', sign, 6 digits, a point, one decimal, 'kg', CR, LF."""
+    if weight == OVERLOAD:
+        return _header(moving) + b"+" + OVERLOAD_TEXT + b".0kg" + CR + LF
     tenths = round(abs(weight) * 10)
     return (_header(moving) + _sign(weight) + b"%06d.%d" % (tenths // 10 % 10**6, tenths % 10)
             + b"kg" + CR + LF)
