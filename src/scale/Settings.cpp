@@ -12,6 +12,14 @@ Value FirstValue(Recordset& rows, const PortSetting& setting) {
     return rows.Fields("RegistryValue");
 }
 
+/// The value of the one row; none where there is not exactly one.
+std::optional<Value> ValueOfTheOne(Recordset& rows, const PortSetting& setting) {
+    rows.SetFilter(setting.filter);
+    if (rows.RecordCount() != 1)
+        return std::nullopt;
+    return rows.Fields("RegistryValue");
+}
+
 std::string FirstLetterInLowerCase(std::string_view text) {
     std::string letter(text.substr(0, 1));
     for (char& c : letter)
@@ -36,15 +44,15 @@ std::string ComposeLineSettings(std::string_view rate, std::string_view parity,
 }
 
 std::optional<std::string> SingleValue(Recordset& portSettingsRows, const PortSetting& setting) {
-    portSettingsRows.SetFilter(setting.filter);
-    if (portSettingsRows.RecordCount() != 1)
-        return std::nullopt;
-    return portSettingsRows.Fields("RegistryValue").Text();
+    const auto value = ValueOfTheOne(portSettingsRows, setting);
+    return value ? std::optional(value->Text()) : std::nullopt;
 }
 
 LiveReading ReadLiveReading(Recordset& portSettingsRows) {
     LiveReading reading;
-    reading.direction = SingleValue(portSettingsRows, DirectionSetting);
+    // It is only compared, so a Null is a direction too: the left.
+    if (const auto direction = ValueOfTheOne(portSettingsRows, DirectionSetting))
+        reading.direction = direction->TextOrEmpty();
     if (reading.direction)
         reading.length = Val(FirstValue(portSettingsRows, LengthSetting).Text());
     reading.reversed = FirstValue(portSettingsRows, ReversalSetting).Number() == 1;

@@ -43,14 +43,15 @@ std::string UpdateStatement(const PortSetting& setting, std::string_view value);
 std::string ComposeLineSettings(std::string_view rate, std::string_view parity,
                                 std::string_view dataBits, std::string_view stopBits);
 
-/// The value of a setting of which there must be exactly one row; none where there is not. Leaves
-/// the recordset filtered.
+/// The value of a setting of which there must be exactly one row; none where there is not. A Null
+/// fails (94). Leaves the recordset filtered.
 std::optional<std::string> SingleValue(Recordset& portSettingsRows, const PortSetting& setting);
 
 /// How the weight is to be read, from the rows of `PortSettings`: direction, length (only with a
-/// direction), reversal, in this order. A direction that is missing or doubled is absent; a missing
-/// length or reversal fails (3021), of doubled ones the first counts. The length is read leniently;
-/// a reversal that is no number fails (13). Leaves the recordset filtered.
+/// direction), reversal, in this order. A direction that is missing or doubled is absent, a Null
+/// counts as left; a missing length or reversal fails (3021), and so does a Null (94), of doubled
+/// ones the first counts. The length is read leniently; a reversal that is no number fails (13).
+/// Leaves the recordset filtered.
 LiveReading ReadLiveReading(Recordset& portSettingsRows);
 
 } // namespace Quillane

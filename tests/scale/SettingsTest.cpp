@@ -103,6 +103,25 @@ TEST_F(SettingsTest, HaveTheDirectionAsItStands) {
     EXPECT_EQ(ReadFrom(doubled).direction, std::nullopt);
 }
 
+TEST_F(SettingsTest, TakeANullDirectionAsLeftAndFailOnAnyOtherNull) {
+    const auto makeNull = [&](const std::string& key) {
+        database.Store(PortSettingsDatabase::UsualRows());
+        database.Run("Update PortSettings Set RegistryValue = Null Where RegistryKey = '" + key +
+                     "'");
+        database.Load(rows);
+    };
+    makeNull("DataDirection");
+    EXPECT_EQ(ReadLiveReading(rows).direction, "");
+    for (const char* key : {"DataLength", "IsReversed"}) {
+        makeNull(key);
+        EXPECT_EQ(FailureNumberOf([&] { ReadLiveReading(rows); }), 94) << key;
+    }
+    for (const PortSetting* setting : {&PortNameSetting, &LineSetting}) {
+        makeNull(std::string(setting->name));
+        EXPECT_EQ(FailureNumberOf([&] { SingleValue(rows, *setting); }), 94) << setting->name;
+    }
+}
+
 TEST_F(SettingsTest, HaveTheLengthReadLeniently) {
     const std::pair<const char*, double> cases[] = {
         {"0", 0}, {"9", 9}, {"", 0}, {"six", 0}, {" 4 digits", 4}, {"-1", -1}, {"2.5", 2.5}};
