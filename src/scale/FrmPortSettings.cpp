@@ -3,10 +3,10 @@
 #include "data/Con.h"
 #include "data/modCommon.h"
 #include "platform/forms/core/Boxes.h"
+#include "platform/forms/core/Text.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "scale/Decoding.h"
-#include "scale/RawText.h"
 #include "scale/Settings.h"
 
 namespace Quillane {
@@ -26,8 +26,6 @@ void FrmPortSettings::WireEvents() {
     CmdSave.Click = [this] { CmdSave_Click(); };
     CmdClose.Click = [this] { CmdClose_Click(); };
     Timer.Tick = [this] { ReadTestWeight(); };
-    // The box holds one digit: typed over at once, not deleted first.
-    TxtDataFrom.GotFocus = [this] { TxtDataFrom.SelectAll(); };
 }
 
 void FrmPortSettings::Form_Load() {
@@ -59,7 +57,7 @@ void FrmPortSettings::CmdOpenPort_Click() {
 // Five looks in a row: the first takes what has arrived, the others as a rule add nothing.
 void FrmPortSettings::CmdGetWeight_Click() {
     for (int look = 0; look < 5; ++look)
-        TxtRawWeight.SetText(TxtRawWeight.Text() + ShownRawText(CM.Input()));
+        TxtRawWeight.SetText(TxtRawWeight.Text() + FromQt(QString::fromLatin1(CM.Input())));
 }
 
 void FrmPortSettings::CmdModifiedWeight_Click() {

@@ -32,7 +32,7 @@ public:
     ComboBox CboStopBits{*this, "CboStopBits", {"1", "1.5", "2"}};
     CommandButton CmdOpenPort{*this, "CmdOpenPort", "Open Port"};
     CommandButton CmdGetWeight{*this, "CmdGetWeight", "Get Weight"};
-    TextBox TxtRawWeight{*this, "TxtRawWeight"}; ///< what was received, as ShownRawText shows it
+    TextBox TxtRawWeight{*this, "TxtRawWeight"}; ///< what was received, to the byte
     Frame Frame2{*this, "Frame2", ""};
     TextBox TxtDataFrom{*this, "TxtDataFrom"}; ///< how many digits are kept
     ComboBox CboDirection{*this, "CboDirection", {"Left", "Right"}};

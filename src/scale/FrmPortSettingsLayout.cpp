@@ -43,7 +43,8 @@ void FrmPortSettings::DesignControls() {
     TxtDataFrom.SetMaxLength(1);
     // Of even width, so that the repetitions of a frame can be told apart.
     const double points = TypeSize();
-    TxtRawWeight.SetFont("Courier New", points, false);
+    TxtRawWeight.SetFont("Courier New", points + 2, false);
+    TxtRawWeight.SetControlSymbols(true);
     TxtNotModified.SetFont("Courier New", points + 4, false);
     TxtModifiedWeight.SetFont("Courier New", points + 4, true);
 }

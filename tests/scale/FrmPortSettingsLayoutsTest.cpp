@@ -13,6 +13,7 @@ namespace {
 
 using Testing::Advice;
 using Testing::AdviceOfTheGuide;
+using Testing::Notation;
 using Testing::ScreenDriver;
 using Testing::SettingBench;
 using Testing::WaitFor;
@@ -46,13 +47,17 @@ struct FrmPortSettingsLayouts : SettingBench {
     QProcess indicator;
 };
 
+std::string Latin1(const TextBox& box) {
+    return ToQt(box.Text()).toLatin1().toStdString();
+}
+
 /// Presses the first "Get Weight" until a whole frame has come into the raw text.
 void ExpectRawText(FrmPortSettings& bench, const Advice& advice) {
     ScreenDriver(bench).Click(bench.CmdOpenPort);
     EXPECT_TRUE(WaitFor(
         [&] {
             ScreenDriver(bench).Click(bench.CmdGetWeight);
-            return bench.TxtRawWeight.Text().find(advice.example) != std::string::npos;
+            return Notation(Latin1(bench.TxtRawWeight)).find(advice.example) != std::string::npos;
         },
         patience))
         << bench.TxtRawWeight.Text();

@@ -1,5 +1,6 @@
 #include "scale/SettingBench.h"
 
+#include "platform/forms/core/Text.h"
 #include "support/ProcessEnd.h"
 
 namespace Quillane {
@@ -9,8 +10,6 @@ using Testing::Critical;
 using Testing::ProcessEnd;
 using Testing::ScreenDriver;
 using Testing::SettingBench;
-
-using namespace std::string_literals;
 
 // ---- opening ----
 
@@ -112,12 +111,12 @@ struct FrmPortSettingsRawText : SettingBench {
 TEST_F(FrmPortSettingsRawText, GrowsByWhatWasReceivedWithEachPress) {
     terminal.Write("+012540 kg\r\n");
     ScreenDriver(screen).Click(screen.CmdGetWeight);
-    EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg<CR><LF>");
+    EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg\r\n");
     screen.CmdGetWeight.Click();
-    EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg<CR><LF>");
+    EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg\r\n");
     terminal.Write("+0043");
     screen.CmdGetWeight.Click();
-    EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg<CR><LF>+0043");
+    EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg\r\n+0043");
 }
 
 TEST_F(FrmPortSettingsRawText, TakesFiveLooksWithEachPress) {
@@ -144,12 +143,26 @@ TEST_F(FrmPortSettingsRawText, StandsBehindWhatTheOperatorLeftInTheBox) {
     EXPECT_EQ(screen.TxtRawWeight.Text(), "") << "only the operator empties it";
 }
 
-TEST_F(FrmPortSettingsRawText, ShowsBytesThatCannotBeSeenAndGoesOn) {
-    terminal.Write("\x02+1\0\x80\xFF\x03"s);
+TEST_F(FrmPortSettingsRawText, HoldsEveryByteThatWasReceivedAndGoesOn) {
+    std::string all;
+    for (int code = 0; code < 256; ++code)
+        all += static_cast<char>(code);
+    terminal.Write(all);
     screen.CmdGetWeight.Click();
     terminal.Write("2");
     screen.CmdGetWeight.Click();
-    EXPECT_EQ(screen.TxtRawWeight.Text(), "<STX>+1<NUL><x80>\u00FF<ETX>2");
+    EXPECT_EQ(ToQt(screen.TxtRawWeight.Text()), QString::fromLatin1(all + "2"));
+}
+
+TEST_F(FrmPortSettingsRawText, IsPaintedWithTheNamesOfBytesThatCannotBeSeen) {
+    const auto picture = [&](std::string_view bytes) {
+        screen.TxtRawWeight.SetText("");
+        terminal.Write(bytes);
+        screen.CmdGetWeight.Click();
+        return screen.TxtRawWeight.Widget().grab().toImage();
+    };
+    EXPECT_NE(picture("\x02+1"), picture("\x03+1"));
+    EXPECT_NE(picture("\r1"), picture(" 1"));
 }
 
 // A morning's presses: the box keeps it all and shows the end.
@@ -159,7 +172,7 @@ TEST_F(FrmPortSettingsRawText, KeepsEverythingThatCameInADay) {
         const std::string piece = std::to_string(press) + std::string(1000, '7') + "\r";
         terminal.Write(piece);
         screen.CmdGetWeight.Click();
-        all += piece.substr(0, piece.size() - 1) + "<CR>";
+        all += piece;
     }
     EXPECT_EQ(screen.TxtRawWeight.Text(), all);
     QWidget& box = screen.TxtRawWeight.Widget();

@@ -159,12 +159,23 @@ TEST_F(FrmPortSettingsTest, TakesOneCharacterAsLengthFromTheKeyboard) {
     EXPECT_EQ(screen.TxtDataFrom.Text(), "6");
 }
 
-TEST_F(FrmPortSettingsTest, IsTypedOverInTheLengthBoxWhenTabComesThere) {
+// As any box: nothing is selected when it gets the focus, and it is full.
+TEST_F(FrmPortSettingsTest, KeepsItsLengthUntilTheOperatorDeletesIt) {
     screen.Show();
     screen.TxtDataFrom.SetText("6");
     screen.TxtRawWeight.SetFocus();
     ScreenDriver(screen).Press(Qt::Key_Tab).Type("4");
+    EXPECT_EQ(screen.TxtDataFrom.Text(), "6");
+    ScreenDriver(screen).Press(Qt::CTRL | Qt::Key_A).Type("4");
     EXPECT_EQ(screen.TxtDataFrom.Text(), "4");
+}
+
+TEST_F(FrmPortSettingsTest, HasNoHandlerForTheFocusOfAnyControl) {
+    for (Control* control : screen.Controls())
+        if (auto* visual = dynamic_cast<VisualControl*>(control)) {
+            EXPECT_FALSE(visual->GotFocus) << control->Name();
+            EXPECT_FALSE(visual->LostFocus) << control->Name();
+        }
 }
 
 TEST_F(FrmPortSettingsTest, HasNoRuleForEnterOutsideOfItsButtonsNorForEscape) {

@@ -1,11 +1,14 @@
 #include "scale/IndicatorGuide.h"
 
+#include "platform/forms/controls/ControlSymbols.h"
+
 #include <QByteArray>
 #include <QProcess>
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <regex>
 #include <sstream>
 
 namespace Quillane::Testing {
@@ -68,18 +71,46 @@ void TakeRow(Advice& advice, const Cells& cells) {
     }
 }
 
-} // namespace
-
-std::map<std::string, Advice> AdviceOfTheGuide() {
-    std::map<std::string, Advice> advice;
+/// The rows of the guide's tables that begin so.
+std::vector<Cells> RowsOfTheGuide(const std::regex& start) {
+    std::vector<Cells> rows;
     std::ifstream guide(QUILLANE_INDICATOR_GUIDE);
     EXPECT_TRUE(guide.is_open()) << QUILLANE_INDICATOR_GUIDE;
     for (std::string line; std::getline(guide, line);)
-        if (line.starts_with("| `")) {
-            const Cells cells = CellsOf(line);
-            TakeRow(advice[cells.front().substr(0, cells.front().find(' '))], cells);
-        }
+        if (std::regex_search(line, start))
+            rows.push_back(CellsOf(line));
+    EXPECT_FALSE(rows.empty());
+    return rows;
+}
+
+} // namespace
+
+std::string Notation(const std::string& bytes) {
+    QString text;
+    for (const QChar character : QString::fromLatin1(bytes)) {
+        const QString name = NameOfUnseen(character);
+        text += name.isEmpty() ? QString(character) : "<" + name + ">";
+    }
+    return text.toStdString();
+}
+
+std::map<std::string, Advice> AdviceOfTheGuide() {
+    std::map<std::string, Advice> advice;
+    for (const Cells& cells : RowsOfTheGuide(std::regex("^\\| `")))
+        TakeRow(advice[cells.front().substr(0, cells.front().find(' '))], cells);
     return advice;
+}
+
+std::map<std::chrono::milliseconds, std::map<int, int>> WrongOfPauses() {
+    std::map<std::chrono::milliseconds, std::map<int, int>> wrong;
+    for (const Cells& cells : RowsOfTheGuide(std::regex("^\\| [0-9.]+ s \\|"))) {
+        const std::chrono::duration<double> pause(std::stod(cells.at(0)));
+        wrong[std::chrono::round<std::chrono::milliseconds>(pause)] = {
+            {1200, std::stoi(cells.at(1))},
+            {2400, std::stoi(cells.at(2))},
+            {9600, std::stoi(cells.at(3))}};
+    }
+    return wrong;
 }
 
 std::map<std::string, std::vector<Frame>> FramesOfTheTool(const std::vector<int>& weights) {

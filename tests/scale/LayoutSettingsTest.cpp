@@ -5,11 +5,11 @@
 #include "platform/runtime/Numbers.h"
 #include "scale/Decoding.h"
 #include "scale/IndicatorGuide.h"
-#include "scale/RawText.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 
 namespace Quillane {
 namespace {
@@ -18,6 +18,7 @@ using Testing::Advice;
 using Testing::AdviceOfTheGuide;
 using Testing::Frame;
 using Testing::FramesOfTheTool;
+using Testing::Notation;
 
 const std::vector<int> weights{0, 5, 20, 4320, 12540, 99990, 100000};
 
@@ -118,7 +119,7 @@ TEST_F(LayoutSettings, AreToldForEveryLayoutOfTheTool) {
         known.push_back(layout.first);
     EXPECT_EQ(told, known);
     for (const auto& [name, advice] : guide)
-        EXPECT_EQ(advice.example, ShownRawText(Example(name).bytes)) << name;
+        EXPECT_EQ(advice.example, Notation(Example(name).bytes)) << name;
 }
 
 TEST_F(LayoutSettings, AreTheBestOfAllThatCanBeSaved) {
@@ -155,6 +156,49 @@ TEST_F(LayoutSettings, NeverShowAWrongWeightAndReadAsOftenAsTold) {
             EXPECT_LE(count.Share(), shown ? advice.rightAtMost + 1 : 0) << what;
         }
     }
+}
+
+/// What the looks at such frames show, wherever they begin.
+std::set<std::string> ShownOf(const std::string& frame, const Settings& settings) {
+    std::set<std::string> shown;
+    LookEverywhere({.bytes = frame}, liveLook, [&](std::string_view look) {
+        if (const auto weight = DecodeLiveWeight(look, settings.Live()))
+            shown.insert(*weight);
+    });
+    return shown;
+}
+
+using Shown = std::set<std::string>;
+
+TEST_F(LayoutSettings, ReadTheNumberOfAnErrorText) {
+    const auto shown = [&](const std::string& layout, const std::string& frame) {
+        return ShownOf(frame, Advised(guide.at(layout)));
+    };
+    EXPECT_EQ(shown("plain", "+Err 23 kg\r\n"), Shown{"23"});
+    EXPECT_EQ(shown("checked", "\x02+Err 2307F\x03"), Shown{"2307"});
+    EXPECT_EQ(shown("status-bytes", "\x02*0 Err 23000000\r)"), Shown{"230000"});
+}
+
+TEST_F(LayoutSettings, ReadTheDigitsThatAWrongParityLeaves) {
+    const Settings usual{"Right", 6, false};
+    EXPECT_EQ(ShownOf("+0\xB1\xB2"
+                      "5\xB4"
+                      "0\xA0\xEB\xE7\x8D\n",
+                      usual),
+              Shown{});
+    EXPECT_EQ(ShownOf("+0\xB1"
+                      "3590\xA0\xEB\xE7\x8D\n",
+                      usual),
+              Shown{"3590"});
+    EXPECT_EQ(ShownOf("\xAB\xB0"
+                      "12\xB5"
+                      "4\xB0 kg\r\x8A",
+                      usual),
+              Shown{"12"});
+    EXPECT_EQ(ShownOf("\xAB\xB0"
+                      "1\xB3\xB5\xB9\xB0 kg\r\x8A",
+                      usual),
+              Shown{});
 }
 
 TEST_F(LayoutSettings, LookOnTheBenchAsTold) {

@@ -1,6 +1,7 @@
 #include "platform/forms/controls/TextBox.h"
 
 #include "platform/forms/controls/ControlColours.h"
+#include "platform/forms/controls/ControlSymbols.h"
 #include "platform/forms/controls/FilteredLine.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "platform/forms/core/FontFamilies.h"
@@ -34,7 +35,18 @@ public:
         }
     }
 
+    void ShowControlSymbols(bool shown) {
+        controlSymbols_ = shown;
+        update();
+    }
+
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        FilteredLine::paintEvent(event);
+        if (controlSymbols_)
+            PaintControlSymbols(*this);
+    }
+
     // Another limit makes Qt lay the text out once more.
     void Show(const QString& text) override {
         if (text.size() > maxLength())
@@ -46,6 +58,7 @@ protected:
 private:
     static constexpr int NoLimit = std::numeric_limits<int>::max();
     int limit_ = 0;
+    bool controlSymbols_ = false;
 };
 
 TextBox::TextBox(Screen& screen, std::string name)
@@ -109,6 +122,10 @@ void TextBox::SetFont(std::string_view family, double points, bool bold) {
 
 void TextBox::SetPassword(bool password) {
     edit_->setEchoMode(password ? QLineEdit::Password : QLineEdit::Normal);
+}
+
+void TextBox::SetControlSymbols(bool shown) {
+    edit_->ShowControlSymbols(shown);
 }
 
 void TextBox::SelectAll() {

@@ -28,6 +28,8 @@ public:
     void SetAlignment(Alignment alignment);
     void SetFont(std::string_view family, double points, bool bold);
     void SetPassword(bool password);
+    /// Paints the names of control characters in their places; the text stays what it is.
+    void SetControlSymbols(bool shown);
     void SelectAll();
     std::string SelectedText() const;
 
