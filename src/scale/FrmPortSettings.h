@@ -41,7 +41,8 @@ public:
     TextBox TxtNotModified{*this, "TxtNotModified"};
     TextBox TxtModifiedWeight{*this, "TxtModifiedWeight"};
     Quillane::Timer Timer{*this, "Timer", 200, false};
-    MSComm CM{*this, "CM", 1, "2400,n,8,1"};
+    /// The try-out reads a number only where a third one follows.
+    MSComm CM{*this, "CM", 1, "2400,n,8,1", 3};
     CommandButton CmdSave{*this, "CmdSave", "Save"};
     CommandButton CmdClose{*this, "CmdClose", "Close"};
 

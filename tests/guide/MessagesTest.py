@@ -10,7 +10,7 @@ GUIDE = ROOT / "docs" / "operators-guide.md"
 
 # Whatever is handed to one of these is shown, or is the description of a failure that is.
 SHOWING = {"MsgBox", "InputBox", "Refuse", "Failure", "Fail", "FailDatabase", "FailAccess",
-           "FailLine", "FailUnreadable", "ReportFailure", "ShowFailure", "TellAlert", "AskToUse",
+           "FailLine", "FailWhileOpen", "FailUnreadable", "ReportFailure", "ShowFailure", "TellAlert", "AskToUse",
            "Tell"}
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|#include[^\n]*|"(?:[^"\\\n]|\\.)*"|'
                    r"'(?:[^'\\\n]|\\.)'|\w+|\s+|.", re.DOTALL)

@@ -65,6 +65,13 @@ constexpr std::array<std::pair<std::string_view, QSerialPort::StopBits>, 3> stop
 
 } // namespace
 
+std::chrono::nanoseconds LineSettings::Character() const {
+    const int halfStopBits = stopBits == QSerialPort::OneAndHalfStop ? 3 : 2 * stopBits;
+    const int halfBits =
+        2 * (1 + dataBits + (parity == QSerialPort::NoParity ? 0 : 1)) + halfStopBits;
+    return std::chrono::nanoseconds(std::chrono::seconds(halfBits)) / (2 * rate);
+}
+
 std::optional<LineSettings> ParseLineSettings(std::string_view text) {
     const auto fields = Split(text);
     if (!fields)

@@ -2,6 +2,7 @@
 
 #include <QSerialPort>
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -14,6 +15,9 @@ struct LineSettings {
     QSerialPort::Parity parity = QSerialPort::NoParity;
     QSerialPort::DataBits dataBits = QSerialPort::Data8;
     QSerialPort::StopBits stopBits = QSerialPort::OneStop;
+
+    /// How long one character takes on the line, with its start, parity and stop bits.
+    std::chrono::nanoseconds Character() const;
 };
 
 /// Reads rate, parity letter (n, e, o, m, s; either case), data bits (5 to 8) and stop bits

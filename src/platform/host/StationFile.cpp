@@ -65,7 +65,8 @@ private:
         if (line.back() != ']')
             Refuse("the section's closing bracket is missing.");
         section_ = UpperCase(Bare(line.substr(1, line.size() - 2)));
-        if (section_ != "STATION" && section_ != "COMPANYNAMES" && section_ != "PORTS")
+        if (section_ != "STATION" && section_ != "COMPANYNAMES" && section_ != "PORTS" &&
+            section_ != "WHOLEBURSTS")
             Refuse("there is no section " + std::string(line) + ".");
     }
 
@@ -86,6 +87,8 @@ private:
             station_.CompanyNames[static_cast<std::size_t>(Whole(key, 1, 9))] = std::move(value);
         else if (section_ == "PORTS")
             StorePort(Whole(key, firstPort, lastPort), std::move(value));
+        else if (section_ == "WHOLEBURSTS")
+            StoreWholeBursts(Whole(key, firstPort, lastPort), UpperCase(value));
         else if (key == "STATIONROLE")
             station_.StationRole = std::move(value);
         else if (key == "ASKCOMPANYNAME")
@@ -98,6 +101,13 @@ private:
         if (device.empty())
             Refuse("the port has no device.");
         station_.Ports[port] = std::move(device);
+    }
+
+    void StoreWholeBursts(int port, const std::string& value) {
+        if (value == "YES")
+            station_.WholeBursts.insert(port);
+        else if (value != "NO")
+            Refuse("a port in [WholeBursts] takes yes or no.");
     }
 
     int Whole(const std::string& text, int least, int most) const {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <map>
+#include <set>
 #include <string>
 
 namespace Quillane {
@@ -15,6 +16,8 @@ namespace Quillane {
 ///     1=Veltrane Flour Mills
 ///     [Ports]
 ///     1=/dev/ttyUSB0
+///     [WholeBursts]
+///     1=yes
 ///
 /// Blanks around a name or a value do not count, lines that begin with ; or # are notes, and the
 /// names of sections and keys may be in any case. A value runs to the end of its line. The text is
@@ -26,6 +29,7 @@ struct StationFile {
     std::array<std::string, 10> CompanyNames;
     int AskCompanyName = 0;
     std::map<int, std::string> Ports; ///< device by port number
+    std::set<int> WholeBursts;        ///< ports whose indicator pauses between its frames
 
     /// A missing file gives the defaults. A damaged one is a failure that names the file and the
     /// line; nothing is guessed. A section or key that nothing reads, or that stands twice, counts

@@ -56,6 +56,7 @@ int main(int argc, char** argv) {
         return WrongArguments;
     }
     MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
+    MSComm::SetWholeBursts([](int port) { return TheStation().WholeBursts.contains(port); });
     RunEvent([&command] { Start(command.station); });
     // The screens outlive this procedure: the process ends without taking them down.
     EndProcess(Application::exec());

@@ -33,6 +33,18 @@ TEST(LineSettings, AreRateParityDataBitsAndStopBits) {
     }
 }
 
+TEST(LineSettings, GiveTheTimeThatACharacterTakes) {
+    const std::pair<const char*, std::chrono::nanoseconds> cases[] = {
+        {"1000,n,8,1", std::chrono::milliseconds(10)},
+        {"1000,e,8,1", std::chrono::milliseconds(11)},
+        {"1000,n,5,1.5", std::chrono::microseconds(7500)},
+        {"1000,s,7,2", std::chrono::milliseconds(11)},
+        {"2400,n,8,1", std::chrono::nanoseconds(4166666)},
+    };
+    for (const auto& [text, time] : cases)
+        EXPECT_EQ(ParseLineSettings(text)->Character(), time) << text;
+}
+
 TEST(LineSettings, OfAnyOtherFormAreNone) {
     for (const char* text : {"",
                              ",,,",

@@ -12,6 +12,7 @@ TEST(StationFile, ThatIsMissingGivesTheDefaults) {
     EXPECT_EQ(station.AskCompanyName, 0);
     EXPECT_EQ(station.CompanyNames, (std::array<std::string, 10>{}));
     EXPECT_TRUE(station.Ports.empty());
+    EXPECT_TRUE(station.WholeBursts.empty());
 }
 
 TEST(StationFile, GivesRoleNamesQuestionAndPorts) {
@@ -43,6 +44,17 @@ TEST(StationFile, TakesBlanksLineEndsMarksAndTheCaseOfNamesAsTheyCome) {
         "\xEF\xBB\xBF  [ station ]\r\n\tSTATIONROLE =  Client \r\naskcompanyname= -1"));
     EXPECT_EQ(station.StationRole, "Client");
     EXPECT_EQ(station.AskCompanyName, -1);
+}
+
+TEST(StationFile, NamesThePortsWhoseIndicatorPauses) {
+    const FreshFolder folder;
+    const StationFile station = StationFile::Read(folder.Write("Station.ini", "[WholeBursts]\n"
+                                                                              "1=yes\n"
+                                                                              "2=no\n"
+                                                                              "12 = Yes\n"
+                                                                              "[Ports]\n"
+                                                                              "3=/dev/ttyS7\n"));
+    EXPECT_EQ(station.WholeBursts, (std::set<int>{1, 12}));
 }
 
 struct Damage {
@@ -80,7 +92,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"[CompanyNames]\n1=Caf\xE9 Mill\n", 2},
                     Damage{"[CompanyNames]\n1=Mill \xD9\n", 2},
                     Damage{"[Ports]\n-1=/dev/ttyS0\n", 2}, Damage{"[Ports]\n1.5=/dev/ttyS0\n", 2},
-                    Damage{std::string("\0\0\0\0", 4), 1}));
+                    Damage{"[WholeBursts]\n1=\n", 2}, Damage{"[WholeBursts]\n1=-1\n", 2},
+                    Damage{"[WholeBursts]\n1=yes\n1=no\n", 3}, Damage{"[WholeBursts]\n0=yes\n", 2},
+                    Damage{"[WholeBursts]\nyes\n", 2}, Damage{std::string("\0\0\0\0", 4), 1}));
 
 TEST(StationFile, ThatCannotBeReadFails) {
     const FreshFolder folder;
