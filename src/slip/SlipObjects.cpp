@@ -44,7 +44,9 @@ ReportObject Formula(Place place, std::string name,
                      std::function<std::string(const Recordset&)> formula) {
     ReportObject object = FieldAt(place, ReportField::Source::Formula);
     object.field.name = std::move(name);
-    object.field.formula = std::move(formula);
+    object.field.formula = [formula = std::move(formula)](const ReportContext& context) {
+        return context.rows ? formula(*context.rows) : std::string();
+    };
     return object;
 }
 

@@ -86,7 +86,7 @@ TEST_F(RptReportViewerTest, DrawsTheReportUnderTheHourglass) {
     FillWithSlip();
     MousePointer seen = MousePointer::Default;
     viewer_.Report->Sections[0].Objects.push_back(viewer_.Report->Sections[2].Objects[0]);
-    viewer_.Report->Sections[0].Objects.back().field.formula = [&](const Recordset&) {
+    viewer_.Report->Sections[0].Objects.back().field.formula = [&](const ReportContext&) {
         seen = CurrentMousePointer();
         return std::string();
     };

@@ -23,17 +23,18 @@ std::string ColumnText(const Value& value, ReportFormat format) {
     return value.Text();
 }
 
-std::string FieldText(const ReportField& field, const Report& report, const Recordset* rows) {
+std::string FieldText(const ReportField& field, const ReportContext& context) {
     using Source = ReportField::Source;
     switch (field.source) {
     case Source::Parameter:
-        return report.ParameterFields(field.parameter).Shown();
+        return context.report.ParameterFields(field.parameter).Shown();
     case Source::ReportTitle:
-        return report.Title;
+        return context.report.Title;
     case Source::Column:
-        return rows ? ColumnText(rows->Fields(field.name), field.format) : std::string();
+        return context.rows ? ColumnText(context.rows->Fields(field.name), field.format)
+                            : std::string();
     case Source::Formula:
-        return rows && field.formula ? field.formula(*rows) : std::string();
+        return field.formula ? field.formula(context) : std::string();
     case Source::PageNofM:
         break;
     }
@@ -42,9 +43,9 @@ std::string FieldText(const ReportField& field, const Report& report, const Reco
 
 } // namespace
 
-std::string ObjectText(const ReportObject& object, const Report& report, const Recordset* rows) {
+std::string ObjectText(const ReportObject& object, const ReportContext& context) {
     if (object.kind == ReportObjectKind::Field)
-        return FieldText(object.field, report, rows);
+        return FieldText(object.field, context);
     return object.kind == ReportObjectKind::Text ? object.text : std::string();
 }
 

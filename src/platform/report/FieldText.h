@@ -6,9 +6,8 @@
 
 namespace Quillane {
 
-/// The text that a field or text object shows at the current row of `rows`. Without a current row
-/// (no data, or none left of it) columns and formulas are empty. Null is empty. The page number is
-/// not known here and gives the empty text.
-std::string ObjectText(const ReportObject& object, const Report& report, const Recordset* rows);
+/// The text that a field or text object shows. Without a current row (no data, or none left of it)
+/// columns are empty. Null is empty. The count of pages is not known here: `PageNofM` is empty.
+std::string ObjectText(const ReportObject& object, const ReportContext& context);
 
 } // namespace Quillane

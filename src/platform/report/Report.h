@@ -3,6 +3,9 @@
 #include "platform/ado/Recordset.h"
 #include "platform/forms/core/Control.h"
 
+#include <QDateTime>
+
+#include <any>
 #include <functional>
 #include <memory>
 #include <string>
@@ -11,6 +14,17 @@
 #include <vector>
 
 namespace Quillane {
+
+class Report;
+
+/// What formulas and conditions read while a report is laid out.
+struct ReportContext {
+    const Report& report;
+    const Recordset* rows; ///< at the current row; null without one
+    int page;              ///< from 1, in page headers and page footers; 0 elsewhere
+    QDateTime time;        ///< at which the layout began
+    std::any& kept;        ///< what formulas keep until the layout ends; empty at first
+};
 
 /// Kinds of report objects. Places and sizes are in twips (1/1440 inch) from the section's corner.
 enum class ReportObjectKind { Field, Text, Box, Line };
@@ -31,9 +45,9 @@ struct ReportField {
         PageNofM ///< "Page 1 of 2"
     };
     Source source = Source::Column;
-    std::string name;                                     ///< of the column, or of the formula
-    int parameter = 0;                                    ///< 1-based position
-    std::function<std::string(const Recordset&)> formula; ///< over the data, at its current row
+    std::string name;  ///< of the column, or of the formula
+    int parameter = 0; ///< 1-based position
+    std::function<std::string(const ReportContext&)> formula;
     ReportFormat format = ReportFormat::General;
 };
 
@@ -46,9 +60,10 @@ struct ReportFont {
 
 /// One object of a section. Colours are 0xBBGGRR.
 ///
-/// The text of a field or text object stands on one line, made smaller where it is too long for
-/// the object. One that can grow is broken into lines instead: whatever stands beside it is drawn
-/// out, and whatever stands below it in the section moves down.
+/// The text of a field or text object is on one line, made smaller where it is too long for the
+/// object. One that can grow is broken into lines instead: the objects next to it become as high,
+/// and those below it in the section move down. Where all texts of a row are suppressed, the
+/// objects below them move up.
 struct ReportObject {
     ReportObjectKind kind = ReportObjectKind::Text;
     int Left = 0, Top = 0, Width = 0, Height = 0;
@@ -66,6 +81,7 @@ struct ReportObject {
     int Inset = 0;          ///< field and text objects: twips between the sides and the text
     int LineColor = 0;      ///< box and line objects; -1: none
     int LineWidth = 10;     ///< twips
+    std::function<bool(const ReportContext&)> Suppress; ///< true: not shown; empty: always shown
 };
 
 /// When a section appears. Page headers and footers come on every page; details once for each row
@@ -131,6 +147,8 @@ public:
     std::string Title;
     ReportPaper Paper;
     int PaperOrientation = 0; ///< 0 or 1: upright; 2: on its side
+    std::string UserName;     ///< who has the report made, for its formulas
+    std::function<QDateTime()> Now = QDateTime::currentDateTime;
 
     /// 1-based; another position fails (9).
     ParameterField& ParameterFields(int position);

@@ -14,7 +14,8 @@ public:
     std::vector<ReportPage> Build();
 
 private:
-    PlacedSection LayOut(ReportSectionKind kind) const;
+    ReportContext ContextOf(ReportSectionKind kind);
+    PlacedSection LayOut(ReportSectionKind kind);
     const Recordset* CurrentRow() const { return rows_ && !rows_->Eof() ? &*rows_ : nullptr; }
     bool IsLastRow() const { return rows_->Position() + 1 == rows_->RecordCount(); }
     void BeginPage();
@@ -27,6 +28,8 @@ private:
 
     const Report& report_;
     QSizeF sheet_;
+    QDateTime time_;
+    std::any kept_;
     std::optional<Recordset> rows_; ///< a view of our own: the caller's current row stays
     std::vector<ReportPage> pages_;
     PlacedSection pageFooter_;
@@ -37,7 +40,8 @@ private:
     bool fresh_ = true; ///< nothing has flowed onto this page yet
 };
 
-PageBuilder::PageBuilder(const Report& report) : report_(report), sheet_(SheetOf(report)) {
+PageBuilder::PageBuilder(const Report& report)
+    : report_(report), sheet_(SheetOf(report)), time_(report.Now()) {
     const auto& data = report.Database.Data();
     if (!data || data->State() != adStateOpen)
         return;
@@ -46,12 +50,20 @@ PageBuilder::PageBuilder(const Report& report) : report_(report), sheet_(SheetOf
         rows_->MoveFirst();
 }
 
-PlacedSection PageBuilder::LayOut(ReportSectionKind kind) const {
+ReportContext PageBuilder::ContextOf(ReportSectionKind kind) {
+    const bool isOfPage =
+        kind == ReportSectionKind::PageHeader || kind == ReportSectionKind::PageFooter;
+    const int page = isOfPage ? static_cast<int>(pages_.size()) : 0;
+    return {report_, CurrentRow(), page, time_, kept_};
+}
+
+PlacedSection PageBuilder::LayOut(ReportSectionKind kind) {
+    const ReportContext context = ContextOf(kind);
     PlacedSection all;
     for (const ReportSection& section : report_.Sections) {
         if (section.Kind != kind)
             continue;
-        PlacedSection one = LayOutSection(section, report_, CurrentRow());
+        PlacedSection one = LayOutSection(section, context);
         for (PlacedObject& object : one.objects) {
             object.place.translate(0, all.height);
             all.objects.push_back(std::move(object));

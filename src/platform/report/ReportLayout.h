@@ -27,10 +27,10 @@ struct PlacedSection {
     double height = 0;
 };
 
-/// Lays a section out at the current row: an object that can grow and has to draws out what stands
-/// beside it (whatever ends where it ends, or lower) and moves down what begins below it.
-PlacedSection LayOutSection(const ReportSection& section, const Report& report,
-                            const Recordset* rows);
+/// Lays a section out. A text that needs more height than its object has makes the objects next to
+/// it (those that end where it ends, or lower) as high, and moves down those that begin below it.
+/// Where every text that ends at one height is suppressed, the objects below move up.
+PlacedSection LayOutSection(const ReportSection& section, const ReportContext& context);
 
 /// Width and height of the sheet in twips, by the report's orientation.
 QSizeF SheetOf(const Report& report);

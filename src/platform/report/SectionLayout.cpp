@@ -9,14 +9,14 @@ namespace Quillane {
 
 namespace {
 
-/// How far things move down below given heights of the section.
+/// How far objects move down, or up where negative, below given heights of the section.
 class Growth {
 public:
     void Note(const ReportObject& object, double needed) {
-        if (needed > object.Height) {
-            double& extra = extraBelow_[object.Top + object.Height];
-            extra = std::max(extra, needed - object.Height);
-        }
+        const double extra = needed - object.Height;
+        const auto [entry, isNew] = extraBelow_.emplace(object.Top + object.Height, extra);
+        if (!isNew)
+            entry->second = std::max(entry->second, extra);
     }
     double At(double height) const {
         double sum = 0;
@@ -27,26 +27,37 @@ public:
     }
 
 private:
-    std::map<double, double> extraBelow_; ///< by the lower edge of what grew
+    std::map<double, double> extraBelow_; ///< by the lower edge of the texts
 };
 
-std::shared_ptr<const TextLines> LinesOf(const ReportObject& object, const Report& report,
-                                         const Recordset* rows) {
-    const std::string text = ObjectText(object, report, rows);
+bool ShowsText(const ReportObject& object) {
+    return object.kind == ReportObjectKind::Field || object.kind == ReportObjectKind::Text;
+}
+
+std::shared_ptr<const TextLines> LinesOf(const ReportObject& object, const ReportContext& context) {
+    const std::string text = ObjectText(object, context);
     return text.empty() ? nullptr : std::make_shared<const TextLines>(object, ToQt(text));
+}
+
+double HeightOf(const ReportObject& object, bool isSuppressed, const TextLines* lines) {
+    if (isSuppressed)
+        return 0;
+    return lines ? lines->NeededHeight() : object.Height;
 }
 
 } // namespace
 
-PlacedSection LayOutSection(const ReportSection& section, const Report& report,
-                            const Recordset* rows) {
+PlacedSection LayOutSection(const ReportSection& section, const ReportContext& context) {
     PlacedSection placed;
     Growth growth;
     placed.objects.reserve(section.Objects.size());
     for (const ReportObject& object : section.Objects) {
-        placed.objects.push_back({&object, {}, LinesOf(object, report, rows)});
-        if (const auto& lines = placed.objects.back().text)
-            growth.Note(object, lines->NeededHeight());
+        const bool isSuppressed = object.Suppress && object.Suppress(context);
+        const auto lines = isSuppressed ? nullptr : LinesOf(object, context);
+        if (ShowsText(object))
+            growth.Note(object, HeightOf(object, isSuppressed, lines.get()));
+        if (!isSuppressed)
+            placed.objects.push_back({&object, {}, lines});
     }
     for (PlacedObject& each : placed.objects) {
         const ReportObject& object = *each.object;

@@ -46,10 +46,10 @@ class CRViewer9Printing : public testing::Test {
 protected:
     CRViewer9Printing() {
         ReportObject& row = report_.Section(ReportSectionKind::Detail).Objects[0];
-        row.field.formula = [this, formula = row.field.formula](const Recordset& rows) {
-            if (rows.Position() == 0 && !rows.Eof())
+        row.field.formula = [this, formula = row.field.formula](const ReportContext& at) {
+            if (at.rows->Position() == 0)
                 log_.push_back("pages");
-            return formula(rows);
+            return formula(at);
         };
         viewer_.SetReportSource(report_);
         viewer_.PrintButtonClicked = [this] { log_.push_back("event"); };

@@ -33,23 +33,30 @@ TEST(FieldText, WritesEachKindOfValue) {
         const auto rows = source.Query(std::string("Select ") + each.value + " As Cell");
         ReportObject object = FieldObject(ReportField::Source::Column, "Cell");
         object.field.format = each.format;
-        EXPECT_EQ(ObjectText(object, report, rows.get()), each.shown) << each.value;
+        EXPECT_EQ(TextAt(object, report, rows.get()), each.shown) << each.value;
     }
 }
 
 TEST(FieldText, FindsColumnsWithoutRegardToCase) {
     RowSource source;
     const auto rows = source.Query("Select 7 As ArrivalID");
-    EXPECT_EQ(
-        ObjectText(FieldObject(ReportField::Source::Column, "ArrivalId"), Report(0), rows.get()),
-        "7");
+    EXPECT_EQ(TextAt(FieldObject(ReportField::Source::Column, "ArrivalId"), Report(0), rows.get()),
+              "7");
 }
 
 TEST(FieldText, IsEmptyWithoutARow) {
-    EXPECT_EQ(ObjectText(FieldObject(ReportField::Source::Column, "Any"), Report(0), nullptr), "");
+    EXPECT_EQ(TextAt(FieldObject(ReportField::Source::Column, "Any"), Report(0), nullptr), "");
+}
+
+TEST(FieldText, OfAFormulaMayUseTheParametersAlsoWithoutARow) {
+    Report report(1);
+    report.ParameterFields(1).AddCurrentValue("12540");
     ReportObject formula = FieldObject(ReportField::Source::Formula);
-    formula.field.formula = [](const Recordset&) { return std::string("never"); };
-    EXPECT_EQ(ObjectText(formula, Report(0), nullptr), "");
+    EXPECT_EQ(TextAt(formula, report, nullptr), "");
+    formula.field.formula = [](const ReportContext& at) {
+        return at.report.ParameterFields(1).Shown() + (at.rows ? " with a row" : "");
+    };
+    EXPECT_EQ(TextAt(formula, report, nullptr), "12540");
 }
 
 TEST(FieldText, ShowsParametersAndTheTitle) {
@@ -58,25 +65,24 @@ TEST(FieldText, ShowsParametersAndTheTitle) {
     report.ParameterFields(2).AddCurrentValue(0.0);
     ReportObject parameter = FieldObject(ReportField::Source::Parameter);
     parameter.field.parameter = 2;
-    EXPECT_EQ(ObjectText(parameter, report, nullptr), "0");
+    EXPECT_EQ(TextAt(parameter, report, nullptr), "0");
     parameter.field.parameter = 1;
-    EXPECT_EQ(ObjectText(parameter, report, nullptr), "");
-    EXPECT_EQ(ObjectText(FieldObject(ReportField::Source::ReportTitle), report, nullptr),
+    EXPECT_EQ(TextAt(parameter, report, nullptr), "");
+    EXPECT_EQ(TextAt(FieldObject(ReportField::Source::ReportTitle), report, nullptr),
               "Quillane Slip");
 }
 
 TEST(FieldText, FailsOnAColumnThatIsNotThere) {
     RowSource source;
     const auto rows = source.Query("Select 1 As Cell");
-    EXPECT_THROW(
-        ObjectText(FieldObject(ReportField::Source::Column, "Other"), Report(0), rows.get()),
-        Failure);
+    EXPECT_THROW(TextAt(FieldObject(ReportField::Source::Column, "Other"), Report(0), rows.get()),
+                 Failure);
 }
 
 TEST(FieldText, OfABoxIsEmpty) {
     ReportObject box = BoxObject(100, 100, 0);
     box.text = "unseen";
-    EXPECT_EQ(ObjectText(box, Report(0), nullptr), "");
+    EXPECT_EQ(TextAt(box, Report(0), nullptr), "");
 }
 
 } // namespace

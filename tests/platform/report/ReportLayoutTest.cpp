@@ -135,12 +135,46 @@ TEST(ReportLayout, ShowsTheLastRowOnAPageOfTheReportFooterAlone) {
     EXPECT_EQ(TextsOf(pages[1]), QStringList({"row 3", "report footer", "Page 2 of 2"}));
 }
 
+TEST(ReportLayout, GivesFormulasThePageAndOneTimeForAll) {
+    RowSource source;
+    ListReport report(source.Numbers(12));
+    int minute = 0;
+    report.Now = [&] { return QDateTime(QDate(2026, 11, 22), QTime(9, minute++)); };
+    const auto describe = [](const ReportContext& at) {
+        return std::to_string(at.page) + " at " + at.time.toString("HH:mm").toStdString();
+    };
+    for (ReportSection& section : report.Sections) {
+        section.Objects = {FieldObject(ReportField::Source::Formula)};
+        section.Objects[0].field.formula = describe;
+    }
+    const auto pages = LayOutReport(report);
+    ASSERT_EQ(pages.size(), 2U);
+    EXPECT_EQ(TextsOf(pages[0]), QStringList({"0 at 09:00", "1 at 09:00"}) +
+                                     QStringList(10, "0 at 09:00") + QStringList("1 at 09:00"));
+    EXPECT_EQ(TextsOf(pages[1]),
+              QStringList({"2 at 09:00", "0 at 09:00", "0 at 09:00", "0 at 09:00", "2 at 09:00"}));
+    EXPECT_EQ(TextsOf(LayOutReport(report).at(0)).first(), "0 at 09:01");
+}
+
+TEST(ReportLayout, KeepsWhatFormulasComputeForOneLayout) {
+    RowSource source;
+    ListReport report(source.Numbers(25));
+    int computed = 0;
+    report.Section(ReportSectionKind::Detail).Objects[0].field.formula =
+        [&](const ReportContext& at) {
+            if (!at.kept.has_value())
+                at.kept = std::to_string(++computed);
+            return std::any_cast<std::string>(at.kept);
+        };
+    EXPECT_EQ(TextsOf(LayOutReport(report).at(2)).count("1"), 4);
+    EXPECT_EQ(TextsOf(LayOutReport(report).at(2)).count("2"), 4);
+}
+
 TEST(ReportLayout, LetsAFailureOfAFormulaThrough) {
     RowSource source;
     ListReport report(source.Numbers(1));
-    report.Section(ReportSectionKind::Detail).Objects[0].field.formula = [](const Recordset& rows) {
-        return rows.Fields("missing").Text();
-    };
+    report.Section(ReportSectionKind::Detail).Objects[0].field.formula =
+        [](const ReportContext& at) { return at.rows->Fields("missing").Text(); };
     EXPECT_THROW(LayOutReport(report), Failure);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ado/Connection.h"
+#include "platform/report/FieldText.h"
 #include "platform/report/ReportLayout.h"
 
 #include <QStringList>
@@ -84,6 +85,17 @@ inline ReportObject BoxObject(int width, int height, int fill) {
     return object;
 }
 
+/// What an object of a report shows, and how a section is laid out, outside pages.
+inline std::string TextAt(const ReportObject& object, const Report& report, const Recordset* rows) {
+    std::any kept;
+    return ObjectText(object, {report, rows, 0, {}, kept});
+}
+inline PlacedSection LaidOut(const ReportSection& section, const Report& report,
+                             const Recordset* rows) {
+    std::any kept;
+    return LayOutSection(section, {report, rows, 0, {}, kept});
+}
+
 /// A report of five sections that name themselves: a row shows "row n", and ten rows of 1000 twips
 /// fit on the first page under the report header, eleven on each further page.
 class ListReport : public Report {
@@ -92,7 +104,9 @@ public:
         Title = "List";
         Paper.Height = 720 + 1000 + 500 + 10 * 1000 + 500 + 720;
         ReportObject row = FieldObject(ReportField::Source::Formula);
-        row.field.formula = [](const Recordset& data) { return "row " + data.Fields("n").Text(); };
+        row.field.formula = [](const ReportContext& at) {
+            return "row " + at.rows->Fields("n").Text();
+        };
         const auto add = [&](ReportSectionKind kind, int height, ReportObject object) {
             Sections.push_back({object.text, height, {object}, kind});
         };

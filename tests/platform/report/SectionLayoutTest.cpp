@@ -19,7 +19,7 @@ ReportSection Rows(std::string value) {
 }
 
 TEST(SectionLayout, PutsObjectsWhereTheyStand) {
-    const PlacedSection placed = LayOutSection(Rows("short"), Report(0), nullptr);
+    const PlacedSection placed = LaidOut(Rows("short"), Report(0), nullptr);
     EXPECT_EQ(placed.height, 700);
     ASSERT_EQ(placed.objects.size(), 4U);
     EXPECT_EQ(placed.objects[0].place, QRectF(0, 0, 6000, 650));
@@ -29,8 +29,8 @@ TEST(SectionLayout, PutsObjectsWhereTheyStand) {
 
 TEST(SectionLayout, MovesDownWhatStandsBelowAGrownText) {
     const PlacedSection placed =
-        LayOutSection(Rows("Messrs. Abdul Rehman Muhammad Siddique and Sons, Commission Agents"),
-                      Report(0), nullptr);
+        LaidOut(Rows("Messrs. Abdul Rehman Muhammad Siddique and Sons, Commission Agents"),
+                Report(0), nullptr);
     const double extra = placed.height - 700;
     ASSERT_GT(extra, 0);
     EXPECT_EQ(placed.objects[0].place.height(), 650 + extra);
@@ -41,9 +41,37 @@ TEST(SectionLayout, MovesDownWhatStandsBelowAGrownText) {
 
 TEST(SectionLayout, CountsTwoTextsOfOneRowOnce) {
     ReportSection section = Rows("Messrs. Abdul Rehman Muhammad Siddique and Sons");
-    const double alone = LayOutSection(section, Report(0), nullptr).height;
+    const double alone = LaidOut(section, Report(0), nullptr).height;
     section.Objects.push_back(section.Objects[2]);
-    EXPECT_EQ(LayOutSection(section, Report(0), nullptr).height, alone);
+    EXPECT_EQ(LaidOut(section, Report(0), nullptr).height, alone);
+}
+
+ReportObject Suppressed(ReportObject object) {
+    object.Suppress = [](const ReportContext&) { return true; };
+    return object;
+}
+
+TEST(SectionLayout, LeavesOutWhatIsSuppressed) {
+    ReportSection section = Rows("short");
+    section.Objects[0] = Suppressed(section.Objects[0]);
+    section.Objects[2] = Suppressed(section.Objects[2]);
+    const PlacedSection placed = LaidOut(section, Report(0), nullptr);
+    ASSERT_EQ(placed.objects.size(), 2U);
+    EXPECT_EQ(placed.objects[0].object, &section.Objects[1]);
+    // The caption in the same row keeps the height.
+    EXPECT_EQ(placed.objects[1].place, QRectF(0, 300, 3000, 300));
+    EXPECT_EQ(placed.height, 700);
+}
+
+TEST(SectionLayout, ClosesUpWhereAllTextsOfARowAreSuppressed) {
+    ReportSection section = Rows("short");
+    section.Objects[1] = Suppressed(section.Objects[1]);
+    section.Objects[2] = Suppressed(section.Objects[2]);
+    const PlacedSection placed = LaidOut(section, Report(0), nullptr);
+    ASSERT_EQ(placed.objects.size(), 2U);
+    EXPECT_EQ(placed.objects[0].place, QRectF(0, 0, 6000, 350));
+    EXPECT_EQ(placed.objects[1].place, QRectF(0, 0, 3000, 300));
+    EXPECT_EQ(placed.height, 400);
 }
 
 } // namespace
