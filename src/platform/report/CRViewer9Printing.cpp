@@ -6,6 +6,7 @@
 #include "platform/runtime/Failure.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPdfWriter>
@@ -118,11 +119,10 @@ void CRViewer9::PrintReport() {
 void CRViewer9::SaveReport() {
     if (!report_)
         return;
-    if (folder_.empty())
-        folder_ = DocumentsFolder();
-    const auto path = ChoosePdfFile(folder_ + report_->FileName() + ".pdf");
+    const QDir folder(ToQt(FolderToStartIn(folder_)));
+    const auto path = ChoosePdfFile(FromQt(folder.filePath(ToQt(report_->FileName() + ".pdf"))));
     if (path && SavePdf(*path))
-        folder_ = FromQt(QFileInfo(ToQt(*path)).absolutePath()) + "/";
+        folder_ = FromQt(QFileInfo(ToQt(*path)).absolutePath());
 }
 
 bool CRViewer9::SavePdf(const std::string& path) {

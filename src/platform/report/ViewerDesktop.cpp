@@ -2,7 +2,9 @@
 
 #include "platform/forms/core/Text.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -33,8 +35,13 @@ std::optional<std::string> AskForPdf(const std::string& proposedPath, QWidget& p
     return FromQt(dialog.selectedFiles().first());
 }
 
-std::string DocumentsFolder() {
-    return FromQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)) + "/";
+std::string FolderToStartIn(const std::string& last) {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& folder : {ToQt(last), documents, QDir::homePath()}) {
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return FromQt(folder);
+    }
+    return FromQt(QDir::tempPath());
 }
 
 } // namespace Quillane

@@ -140,6 +140,58 @@ TEST_F(CRViewer9Printing, ProposesTheReportsNameInTheFolderOfTheLastFile) {
     EXPECT_EQ(proposed_, source_.Folder() + "/List.pdf");
 }
 
+/// The operator's folders are those of an account whose home folder is this one.
+class Home {
+public:
+    explicit Home(const std::string& folder) {
+        std::filesystem::create_directories(folder);
+        qputenv("HOME", folder.c_str());
+        qputenv("XDG_CONFIG_HOME", (folder + "/.config").c_str());
+    }
+    ~Home() {
+        qputenv("HOME", home_);
+        if (hasConfig_)
+            qputenv("XDG_CONFIG_HOME", config_);
+        else
+            qunsetenv("XDG_CONFIG_HOME");
+    }
+    Home(const Home&) = delete;
+    Home& operator=(const Home&) = delete;
+
+private:
+    QByteArray home_ = qgetenv("HOME");
+    bool hasConfig_ = qEnvironmentVariableIsSet("XDG_CONFIG_HOME");
+    QByteArray config_ = qgetenv("XDG_CONFIG_HOME");
+};
+
+TEST_F(CRViewer9Printing, ProposesAFolderThatExists) {
+    const std::string home = source_.Folder() + "/home";
+    const Home account(home);
+    choose_ = false;
+    viewer_.SaveReport();
+    EXPECT_EQ(proposed_, home + "/List.pdf");
+    std::filesystem::create_directory(home + "/Documents");
+    viewer_.SaveReport();
+    EXPECT_EQ(proposed_, home + "/Documents/List.pdf");
+    std::filesystem::remove_all(home);
+    viewer_.SaveReport();
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(proposed_).parent_path()))
+        << proposed_;
+}
+
+TEST_F(CRViewer9Printing, ProposesAnotherFolderWhenThatOfTheLastFileIsGone) {
+    const std::string stick = source_.Folder() + "/stick";
+    std::filesystem::create_directory(stick);
+    pdf_ = stick + "/saved.pdf";
+    viewer_.SaveReport();
+    std::filesystem::remove_all(stick);
+    choose_ = false;
+    viewer_.SaveReport();
+    EXPECT_NE(proposed_, stick + "/List.pdf");
+    EXPECT_TRUE(std::filesystem::exists(std::filesystem::path(proposed_).parent_path()))
+        << proposed_;
+}
+
 TEST_F(CRViewer9Printing, SavesNothingWhenTheFileDialogIsCancelled) {
     choose_ = false;
     viewer_.SaveReport();
