@@ -10,8 +10,8 @@
 #include "platform/forms/core/Application.h"
 #include "platform/report/ReportPainter.h"
 #include "slip/CrpCottonWeighment.h"
-#include "slip/FillSlip.h"
 #include "slip/RptReportViewer.h"
+#include "slip/SlipSample.h"
 #include "slip/SlipStatement.h"
 
 #include <benchmark/benchmark.h>
@@ -39,7 +39,7 @@ std::unique_ptr<Report> FilledSlip() {
     auto slip = std::make_unique<CrpCottonWeighment>();
     auto rows = std::make_shared<Recordset>();
     rows->Open(SlipStatement(1), Database(), adOpenStatic, adLockReadOnly, adCmdUnspecified);
-    FillSlip(*slip, std::move(rows));
+    FillSlip(*slip, SampleContent(std::move(rows)));
     return slip;
 }
 

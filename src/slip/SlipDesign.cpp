@@ -6,29 +6,73 @@ namespace Quillane {
 
 namespace SlipParts {
 
+namespace {
+
 using namespace SlipObjects;
 
-/// On every page, so that the sheets of a long load find together again.
+double NumberOf(const Report& report, int position) {
+    const auto* number = std::get_if<double>(&report.ParameterFields(position).Value());
+    return number ? *number : 0;
+}
+
+Figures ComputeFigures(const ReportContext& context) {
+    Figures figures;
+    if (context.rows)
+        figures.lines = LinesOf(*context.rows);
+    figures.weights =
+        WeightsOf(figures.lines, NumberOf(context.report, SlipParameter::InitialGrossWeight),
+                  NumberOf(context.report, SlipParameter::NetWeight));
+    return figures;
+}
+
+ReportSection Heading() {
+    ReportSection section{"ReportHeaderSection1", 0, {}, ReportSectionKind::ReportHeader};
+    const int top = AddParticulars(section.Objects);
+    section.Height = AddWeights(section.Objects, top);
+    return section;
+}
+
+std::string ArrivalOf(const Recordset& rows) {
+    return "Arrival No. " + rows.Fields("ArrivalId").TextOrEmpty();
+}
+
+std::string PrintingOf(const ReportContext& context) {
+    const std::string time = context.time.toString("dd/MM/yyyy HH:mm").toStdString();
+    const std::string& user = context.report.UserName;
+    return "Printed " + time + (user.empty() ? "" : " by " + user);
+}
+
+/// On every page, so that the sheets of a long load can be put together again.
 ReportSection Foot() {
-    constexpr int half = PageWidth / 2;
-    const auto arrival = [](const Recordset& rows) {
-        return "Arrival No. " + rows.Fields("ArrivalId").TextOrEmpty();
-    };
-    ReportObject pages = At(ReportObjectKind::Field, {half, 120, half, 240});
+    constexpr int outerWidth = 2600;
+    constexpr int innerWidth = PageWidth - 2 * outerWidth;
+    const auto place = [](int left, int width) { return Place{left, 120, width, 240}; };
+    const auto look = [](ReportObject object) { return Coloured(Sized(object, 8), CaptionGrey); };
+    ReportObject pages = At(ReportObjectKind::Field, place(outerWidth + innerWidth, outerWidth));
     pages.field.source = ReportField::Source::PageNofM;
     return {"PageFooterSection1",
             360,
             {Line({0, 100, PageWidth, 0}),
-             Coloured(Sized(Formula({0, 120, half, 240}, "Arrival", arrival), 8), CaptionGrey),
-             Coloured(Sized(Aligned(pages, ReportAlignment::Right), 8), CaptionGrey)},
+             look(RowFormula(place(0, outerWidth), "Arrival", ArrivalOf)),
+             look(Aligned(Formula(place(outerWidth, innerWidth), "Printing", PrintingOf),
+                          ReportAlignment::Centre)),
+             look(Aligned(pages, ReportAlignment::Right))},
             ReportSectionKind::PageFooter};
+}
+
+} // namespace
+
+const Figures& FiguresOf(const ReportContext& context) {
+    if (!context.kept.has_value())
+        context.kept = ComputeFigures(context);
+    return std::any_cast<const Figures&>(context.kept);
 }
 
 } // namespace SlipParts
 
 std::vector<ReportSection> SlipSections() {
     return {SlipParts::Heading(), SlipParts::TableHead(), SlipParts::TableRow(),
-            SlipParts::Weights(), SlipParts::Foot()};
+            SlipParts::TableEnd(), SlipParts::Foot()};
 }
 
 std::string SlipFileName(const Report& slip) {

@@ -2,9 +2,8 @@
 
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "slip/SlipRounding.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace Quillane {
@@ -20,81 +19,114 @@ int FieldNumber(const Recordset& rows, std::string_view name) {
                   "The slip's data has no column " + std::string(name) + ".");
 }
 
-/// Reads any row without moving the recordset; each column is looked up once.
-class Reader {
+/// Reads any row without moving the recordset.
+class NumberColumn {
 public:
-    explicit Reader(const Recordset& rows)
-        : rows_(rows), bags_(FieldNumber(rows, "NoOfBags")),
-          bagWeight_(FieldNumber(rows, "BagWeight")), tare_(FieldNumber(rows, "TareWeight")),
-          bagsDeduction_(FieldNumber(rows, "BagsDeduction")),
-          scaleDeduction_(FieldNumber(rows, "ScaleDeduction")),
-          otherDeduction_(FieldNumber(rows, "OtherDeduction")) {}
-
-    SlipLine Line(int row) const {
-        SlipLine line;
-        line.bags = Number(row, bags_);
-        line.gross = line.bags * Number(row, bagWeight_);
-        line.deduction = Number(row, bagsDeduction_) + Number(row, otherDeduction_);
-        return line;
-    }
-    double Tare(int row) const { return Number(row, tare_); }
-    double ScaleDeduction(int row) const { return Number(row, scaleDeduction_); }
-
-private:
-    double Number(int row, int field) const {
-        const Value value = rows_.ValueAt(row, field);
+    NumberColumn(const Recordset& rows, std::string_view name)
+        : rows_(rows), field_(FieldNumber(rows, name)) {}
+    double operator[](int row) const {
+        const Value value = rows_.ValueAt(row, field_);
         return value.IsNull() ? 0 : value.Number();
     }
 
+private:
     const Recordset& rows_;
-    int bags_, bagWeight_, tare_, bagsDeduction_, scaleDeduction_, otherDeduction_;
+    int field_;
 };
 
-/// Away from the noise of sums of fractions; minus zero becomes zero.
-double RoundedToHundredths(double value) {
-    return RoundWeight(value * 100) / 100 + 0.0;
+} // namespace
+
+double SlipLine::Net() const {
+    return RoundedToHundredths(gross - deduction);
+}
+
+SlipLines LinesOf(const Recordset& rows) {
+    const NumberColumn bags(rows, "NoOfBags");
+    const NumberColumn bagWeight(rows, "BagWeight");
+    const NumberColumn tare(rows, "TareWeight");
+    const NumberColumn bagsDeduction(rows, "BagsDeduction");
+    const NumberColumn scaleDeduction(rows, "ScaleDeduction");
+    const NumberColumn otherDeduction(rows, "OtherDeduction");
+    SlipLines all;
+    std::vector<double> gross;
+    std::vector<double> deduction;
+    for (int row = 0; row < rows.RecordCount(); ++row) {
+        gross.push_back(bags[row] * bagWeight[row]);
+        deduction.push_back(bagsDeduction[row] + otherDeduction[row]);
+        all.bags += bags[row];
+        all.tare += tare[row];
+    }
+    if (rows.RecordCount() > 0)
+        all.scaleDeduction = scaleDeduction[0];
+    gross = RoundedTogether(gross);
+    deduction = RoundedTogether(deduction);
+    for (std::size_t line = 0; line < gross.size(); ++line) {
+        all.lines.push_back({gross[line], deduction[line]});
+        all.total.gross = RoundedToHundredths(all.total.gross + gross[line]);
+        all.total.deduction = RoundedToHundredths(all.total.deduction + deduction[line]);
+    }
+    return all;
+}
+
+namespace {
+
+FirstWeighing FirstWeighingOf(double initialGross, double tare, double gross) {
+    if (initialGross != 0 && tare == 0)
+        return FirstWeighing::LoadedTruck;
+    return tare != 0 && gross == 0 ? FirstWeighing::EmptyTruck : FirstWeighing::No;
+}
+
+/// The weights of the screen are whole kilograms, the sums of the lines nearly so.
+bool AreEqual(double left, double right) {
+    return std::abs(left - right) < 0.5;
 }
 
 } // namespace
 
-SlipLine LineOf(const Recordset& rows) {
-    return Reader(rows).Line(rows.Position());
+LoadWeights WeightsOf(const SlipLines& lines, double initialGross, double net) {
+    const double initial = RoundedToHundredths(initialGross);
+    LoadWeights weights;
+    weights.net = RoundedToHundredths(net);
+    if (initial != 0)
+        weights.initialGross = initial;
+    if (lines.lines.empty())
+        return weights;
+    const double tare = RoundedToHundredths(lines.tare);
+    const double gross = initial != 0 ? RoundedToHundredths(initial - tare) : lines.total.gross;
+    const double deduction = RoundedToHundredths(gross - weights.net);
+    if (initial != 0 || tare != 0)
+        weights.tare = tare;
+    weights.gross = gross;
+    weights.deduction = deduction;
+    if (AreEqual(deduction, lines.total.deduction + lines.scaleDeduction))
+        weights.scaleDeduction = lines.scaleDeduction;
+    weights.firstWeighing = FirstWeighingOf(initial, tare, gross);
+    return weights;
 }
 
-SlipTotals TotalsOf(const Recordset& rows) {
-    const Reader reader(rows);
-    SlipTotals totals;
-    for (int row = 0; row < rows.RecordCount(); ++row) {
-        const SlipLine line = reader.Line(row);
-        totals.bags += line.bags;
-        totals.gross += line.gross;
-        totals.deduction += line.deduction;
-        totals.tare += reader.Tare(row);
-    }
-    if (rows.RecordCount() > 0)
-        totals.scaleDeduction = reader.ScaleDeduction(0);
-    return totals;
-}
+namespace {
 
-std::string FirstTextOf(const Recordset& rows, std::string_view column) {
+std::vector<std::string> TextsOf(const Recordset& rows, std::string_view column) {
     const int field = FieldNumber(rows, column);
+    std::vector<std::string> texts;
     for (int row = 0; row < rows.RecordCount(); ++row) {
         std::string text = rows.ValueAt(row, field).TextOrEmpty();
         if (!Trim(text).empty())
-            return text;
+            texts.push_back(std::move(text));
     }
-    return {};
+    return texts;
 }
 
-std::string ColumnKilograms(double kilograms) {
-    std::array<char, 400> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
-                                   RoundedToHundredths(kilograms), std::chars_format::fixed, 2);
-    return {digits.data(), end.ptr};
+} // namespace
+
+std::string FirstTextOf(const Recordset& rows, std::string_view column) {
+    const auto texts = TextsOf(rows, column);
+    return texts.empty() ? std::string() : texts.front();
 }
 
-std::string Kilograms(double kilograms) {
-    return NumberText(RoundedToHundredths(kilograms));
+std::string LastTextOf(const Recordset& rows, std::string_view column) {
+    const auto texts = TextsOf(rows, column);
+    return texts.empty() ? std::string() : texts.back();
 }
 
 } // namespace Quillane

@@ -1,4 +1,4 @@
-#include "slip/SlipFigures.h"
+#include "slip/SlipFilling.h"
 #include "slip/SlipParts.h"
 
 namespace Quillane::SlipParts {
@@ -9,7 +9,15 @@ namespace {
 
 constexpr auto Centre = ReportAlignment::Centre;
 
-void AddCompany(std::vector<ReportObject>& objects) {
+/// No caption without a value.
+ReportObject OnlyWithValue(ReportObject parameter) {
+    return Suppressed(parameter,
+                      [position = parameter.field.parameter](const ReportContext& context) {
+                          return IsCaptionAlone(context.report.ParameterFields(position).Shown());
+                      });
+}
+
+void AddCompany(Objects& objects) {
     const auto parameter = [](int top, int height, int position, int points) {
         return Aligned(Growing(Sized(Parameter({0, top, PageWidth, height}, position), points)),
                        Centre);
@@ -17,11 +25,11 @@ void AddCompany(std::vector<ReportObject>& objects) {
     objects.push_back(
         Coloured(Bold(parameter(0, 520, SlipParameter::CompanyTitle, 22)), DarkGreen));
     objects.push_back(parameter(540, 260, SlipParameter::CompanyAddress, 10));
-    objects.push_back(parameter(800, 230, SlipParameter::CompanyPhone, 9));
-    objects.push_back(parameter(1030, 230, SlipParameter::CompanyEmail, 9));
+    objects.push_back(OnlyWithValue(parameter(800, 230, SlipParameter::CompanyPhone, 9)));
+    objects.push_back(OnlyWithValue(parameter(1030, 230, SlipParameter::CompanyEmail, 9)));
 }
 
-void AddTitle(std::vector<ReportObject>& objects) {
+void AddTitle(Objects& objects) {
     constexpr Place place{0, 1380, PageWidth, 420};
     objects.push_back(Box(place, BandGreen));
     ReportObject title = At(ReportObjectKind::Field, place);
@@ -29,56 +37,56 @@ void AddTitle(std::vector<ReportObject>& objects) {
     objects.push_back(Coloured(Aligned(Bold(Sized(title, 14)), Centre), DarkGreen));
 }
 
-// ---- Party, vehicle, commodity: captions and values in two halves
-// --------------------------------
+// ---- Captions and values in two halves ----
 
-constexpr int particularsTop = 1920;
 constexpr int rowHeight = 330;
-constexpr int rowCount = 5;
 constexpr int middle = 6250;
 
 enum class Half { Left, Right };
 
-Place CaptionPlace(Half half, int row) {
-    return {half == Half::Left ? 120 : middle + 130, particularsTop + 60 + row * rowHeight, 1200,
-            rowHeight};
+struct Row {
+    Half half;
+    int top;
+};
+
+Place CaptionPlace(Row row) {
+    return {row.half == Half::Left ? 120 : middle + 130, row.top, 1200, rowHeight};
 }
 
-Place ValuePlace(Half half, int row) {
-    Place place = CaptionPlace(half, row);
-    place.left += half == Half::Left ? 1100 : 1240;
-    place.width = half == Half::Left ? 4900 : 2746;
+Place ValuePlace(Row row) {
+    Place place = CaptionPlace(row);
+    place.left += row.half == Half::Left ? 1100 : 1240;
+    place.width = row.half == Half::Left ? 4900 : 2746;
     return place;
 }
 
-ReportObject Caption(Half half, int row, const char* caption) {
-    return Coloured(Text(CaptionPlace(half, row), caption), CaptionGrey);
+ReportObject Caption(Row row, const char* caption) {
+    return Coloured(Text(CaptionPlace(row), caption), CaptionGrey);
 }
 
-ReportObject ColumnValue(Half half, int row, const char* column) {
-    return Growing(Sized(Column(ValuePlace(half, row), column), 10));
+ReportObject ColumnValue(Row row, const char* column) {
+    return Growing(Sized(Column(ValuePlace(row), column), 10));
 }
 
-/// Of a column that is not on every row.
-ReportObject FirstValue(Half half, int row, const char* column) {
-    return Growing(
-        Sized(Formula(ValuePlace(half, row), column,
-                      [column](const Recordset& rows) { return FirstTextOf(rows, column); }),
-              10));
+ReportObject DateValue(Row row, const char* column) {
+    ReportObject value = ColumnValue(row, column);
+    value.field.format = ReportFormat::DateOnly;
+    return value;
 }
 
-void AddParty(std::vector<ReportObject>& objects) {
-    objects.push_back(Caption(Half::Left, 0, "Party"));
-    objects.push_back(Bold(Sized(ColumnValue(Half::Left, 0, "PartyName"), 11)));
-    objects.push_back(Caption(Half::Left, 1, "Address"));
-    objects.push_back(ColumnValue(Half::Left, 1, "Address"));
-    objects.push_back(Caption(Half::Left, 2, "City"));
-    objects.push_back(ColumnValue(Half::Left, 2, "CityName"));
-    objects.push_back(Caption(Half::Left, 3, "Commodity"));
-    objects.push_back(Bold(ColumnValue(Half::Left, 3, "CommodityName")));
-    objects.push_back(Caption(Half::Left, 4, "Driver"));
-    objects.push_back(FirstValue(Half::Left, 4, "DriverName"));
+/// Over all rows.
+ReportObject TextValue(Row row, const char* column,
+                       std::string (*textOf)(const Recordset&, std::string_view)) {
+    const auto formula = [column, textOf](const Recordset& rows) { return textOf(rows, column); };
+    return Growing(Sized(RowFormula(ValuePlace(row), column, formula), 10));
 }
+
+/// One row alone has the vehicle. Where several have one the screen shows the last.
+ReportObject Vehicle(Row row) {
+    return Bold(TextValue(row, "VehicleNo", LastTextOf));
+}
+
+// ---- The particulars ----
 
 /// Only rows that other programs wrote have any of the three.
 std::string ReferenceOf(const Recordset& rows) {
@@ -93,42 +101,66 @@ std::string ReferenceOf(const Recordset& rows) {
     return reference;
 }
 
-std::string ReferenceCaptionOf(const Recordset& rows) {
-    return ReferenceOf(rows).empty() ? "" : "Reference";
+bool HasNoReference(const ReportContext& context) {
+    return !context.rows || ReferenceOf(*context.rows).empty();
 }
 
-void AddArrival(std::vector<ReportObject>& objects) {
-    objects.push_back(Caption(Half::Right, 0, "Arrival No."));
-    objects.push_back(Bold(Sized(Column(ValuePlace(Half::Right, 0), "ArrivalId"), 12)));
-    objects.push_back(Caption(Half::Right, 1, "Date"));
-    objects.push_back(ColumnValue(Half::Right, 1, "ArrivalDate"));
-    objects.back().field.format = ReportFormat::DateOnly;
-    objects.push_back(Caption(Half::Right, 2, "Vehicle No."));
-    objects.push_back(Bold(FirstValue(Half::Right, 2, "VehicleNo")));
-    objects.push_back(Caption(Half::Right, 3, "Bilty No."));
-    objects.push_back(FirstValue(Half::Right, 3, "BiltyNo"));
-    objects.push_back(
-        Coloured(Formula(CaptionPlace(Half::Right, 4), "ReferenceCaption", ReferenceCaptionOf),
-                 CaptionGrey));
-    objects.push_back(
-        Growing(Sized(Formula(ValuePlace(Half::Right, 4), "Reference", ReferenceOf), 9)));
+void AddParty(Objects& objects, int top) {
+    const auto row = [top](int number) { return Row{Half::Left, top + number * rowHeight}; };
+    objects.push_back(Caption(row(0), "Party"));
+    objects.push_back(Bold(Sized(ColumnValue(row(0), "PartyName"), 11)));
+    objects.push_back(Caption(row(1), "Address"));
+    objects.push_back(ColumnValue(row(1), "Address"));
+    objects.push_back(Caption(row(2), "City"));
+    objects.push_back(ColumnValue(row(2), "CityName"));
+    objects.push_back(Caption(row(3), "Commodity"));
+    objects.push_back(Bold(ColumnValue(row(3), "CommodityName")));
+    objects.push_back(Caption(row(4), "Driver"));
+    objects.push_back(TextValue(row(4), "DriverName", FirstTextOf));
+}
+
+void AddArrival(Objects& objects, int top) {
+    const auto row = [top](int number) { return Row{Half::Right, top + number * rowHeight}; };
+    objects.push_back(Caption(row(0), "Arrival No."));
+    objects.push_back(Bold(Sized(Column(ValuePlace(row(0)), "ArrivalId"), 12)));
+    objects.push_back(Caption(row(1), "Date"));
+    objects.push_back(DateValue(row(1), "ArrivalDate"));
+    objects.push_back(Caption(row(2), "Vehicle No."));
+    objects.push_back(Vehicle(row(2)));
+    objects.push_back(Caption(row(3), "Bilty No."));
+    objects.push_back(TextValue(row(3), "BiltyNo", FirstTextOf));
+    objects.push_back(Suppressed(Caption(row(4), "Reference"), HasNoReference));
+    objects.push_back(Growing(Sized(RowFormula(ValuePlace(row(4)), "Reference", ReferenceOf), 9)));
 }
 
 } // namespace
 
-ReportSection Heading() {
-    constexpr int boxHeight = rowCount * rowHeight + 120;
-    ReportSection section{"ReportHeaderSection1",
-                          particularsTop + boxHeight + 200,
-                          {},
-                          ReportSectionKind::ReportHeader};
-    AddCompany(section.Objects);
-    AddTitle(section.Objects);
-    section.Objects.push_back(Box({0, particularsTop, PageWidth, boxHeight}, PaleGreen));
-    section.Objects.push_back(Line({middle, particularsTop, 0, boxHeight}));
-    AddParty(section.Objects);
-    AddArrival(section.Objects);
-    return section;
+int AddParticulars(Objects& objects) {
+    constexpr int top = 1920;
+    constexpr int height = 5 * rowHeight + 120;
+    AddCompany(objects);
+    AddTitle(objects);
+    objects.push_back(Box({0, top, PageWidth, height}, PaleGreen));
+    objects.push_back(Line({middle, top, 0, height}));
+    AddParty(objects, top + 60);
+    AddArrival(objects, top + 60);
+    return top + height + 120;
+}
+
+int AddFurtherHeading(Objects& objects) {
+    const auto isFirstPage = [](const ReportContext& context) { return context.page == 1; };
+    const auto add = [&](ReportObject object) {
+        objects.push_back(Suppressed(std::move(object), isFirstPage));
+    };
+    add(Caption({Half::Left, 0}, "Party"));
+    add(Bold(ColumnValue({Half::Left, 0}, "PartyName")));
+    add(Caption({Half::Right, 0}, "Arrival No."));
+    add(Bold(ColumnValue({Half::Right, 0}, "ArrivalId")));
+    add(Caption({Half::Left, rowHeight}, "Vehicle No."));
+    add(Vehicle({Half::Left, rowHeight}));
+    add(Caption({Half::Right, rowHeight}, "Date"));
+    add(DateValue({Half::Right, rowHeight}, "ArrivalDate"));
+    return 2 * rowHeight + 80;
 }
 
 } // namespace Quillane::SlipParts

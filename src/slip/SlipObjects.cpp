@@ -41,13 +41,19 @@ ReportObject Parameter(Place place, int position) {
 }
 
 ReportObject Formula(Place place, std::string name,
-                     std::function<std::string(const Recordset&)> formula) {
+                     std::function<std::string(const ReportContext&)> formula) {
     ReportObject object = FieldAt(place, ReportField::Source::Formula);
     object.field.name = std::move(name);
-    object.field.formula = [formula = std::move(formula)](const ReportContext& context) {
-        return context.rows ? formula(*context.rows) : std::string();
-    };
+    object.field.formula = std::move(formula);
     return object;
+}
+
+ReportObject RowFormula(Place place, std::string name,
+                        std::function<std::string(const Recordset&)> formula) {
+    return Formula(place, std::move(name),
+                   [formula = std::move(formula)](const ReportContext& context) {
+                       return context.rows ? formula(*context.rows) : std::string();
+                   });
 }
 
 ReportObject Box(Place place, int fill) {
@@ -58,9 +64,7 @@ ReportObject Box(Place place, int fill) {
 }
 
 ReportObject Line(Place place) {
-    ReportObject object = At(ReportObjectKind::Line, place);
-    object.LineColor = LineGreen;
-    return object;
+    return Box(place, -1);
 }
 
 ReportObject Sized(ReportObject object, int points) {
@@ -85,6 +89,11 @@ ReportObject Growing(ReportObject object) {
 
 ReportObject Coloured(ReportObject object, int textColour) {
     object.TextColor = textColour;
+    return object;
+}
+
+ReportObject Suppressed(ReportObject object, std::function<bool(const ReportContext&)> condition) {
+    object.Suppress = std::move(condition);
     return object;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/report/Report.h"
 #include "slip/SlipDesign.h"
+#include "slip/SlipFigures.h"
 #include "slip/SlipObjects.h"
 
 #include <array>
@@ -20,13 +21,27 @@ inline SlipObjects::Place CellPlace(TableColumn column, int top, int height) {
     return {ColumnEdges[column], top, ColumnEdges[column + 1] - ColumnEdges[column], height};
 }
 
-/// Who the company is, and what has arrived.
-ReportSection Heading();
+/// Computed once for each layout of a slip.
+struct Figures {
+    SlipLines lines;
+    LoadWeights weights;
+};
+const Figures& FiguresOf(const ReportContext& context);
+
+using Objects = std::vector<ReportObject>;
+
+/// The company and the particulars of the arrival. Each part of the first page's heading gives the
+/// height at which the next one begins.
+int AddParticulars(Objects& objects);
+/// What the scale read, and what remains of it.
+int AddWeights(Objects& objects, int top);
+/// Which arrival a further page belongs to. Takes no height on the first page.
+int AddFurtherHeading(Objects& objects);
+
 /// The captions of the table, and one row of it.
 ReportSection TableHead();
 ReportSection TableRow();
-/// The totals of the table, the weights and the signatures.
-ReportSection Weights();
-ReportSection Foot();
+/// The totals of the table, and the signatures.
+ReportSection TableEnd();
 
 } // namespace Quillane::SlipParts

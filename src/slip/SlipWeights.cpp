@@ -1,5 +1,5 @@
-#include "slip/SlipFigures.h"
 #include "slip/SlipParts.h"
+#include "slip/SlipRounding.h"
 
 namespace Quillane::SlipParts {
 
@@ -8,129 +8,127 @@ using namespace SlipObjects;
 namespace {
 
 constexpr auto Right = ReportAlignment::Right;
-using FigureOf = double (*)(const SlipTotals&);
+constexpr auto Centre = ReportAlignment::Centre;
 
-double BagsOf(const SlipTotals& totals) {
-    return totals.bags;
-}
-double TareOf(const SlipTotals& totals) {
-    return totals.tare;
-}
-double GrossOf(const SlipTotals& totals) {
-    return totals.gross;
-}
-double DeductionOf(const SlipTotals& totals) {
-    return totals.deduction;
-}
-double NetOf(const SlipTotals& totals) {
-    return totals.Net();
+using Condition = std::function<bool(const ReportContext&)>;
+
+const LoadWeights& WeightsIn(const ReportContext& context) {
+    return FiguresOf(context).weights;
 }
 
-ReportObject Total(Place place, const char* name, FigureOf figure, std::string (*shown)(double)) {
-    return Aligned(
-        Formula(place, name,
-                [figure, shown](const Recordset& rows) { return shown(figure(TotalsOf(rows))); }),
-        Right);
+bool IsFirstWeighing(const ReportContext& context) {
+    return WeightsIn(context).firstWeighing != FirstWeighing::No;
 }
 
-// ---- The totals of the table
-// ---------------------------------------------------------------------
-
-void AddTotals(std::vector<ReportObject>& objects) {
-    constexpr int height = 340;
-    const auto add = [&](ReportObject object) {
-        objects.push_back(Cell(Bold(std::move(object)), PaleGreen));
-    };
-    const auto place = [](TableColumn column) { return CellPlace(column, 0, height); };
-    add(Aligned(Text({0, 0, ColumnEdges[Bags], height}, "Total"), Right));
-    add(Total(place(Bags), "TotalBags", BagsOf, Kilograms));
-    add(Text(place(PerBag), ""));
-    add(Total(place(Gross), "TotalGross", GrossOf, ColumnKilograms));
-    add(Total(place(Deduction), "TotalDeduction", DeductionOf, ColumnKilograms));
-    add(Total(place(Net), "TotalNet", NetOf, ColumnKilograms));
+bool IsNoFirstWeighing(const ReportContext& context) {
+    return !IsFirstWeighing(context);
 }
 
-// ---- The weights: what the scale read, and what is left of it
-// ------------------------------------
+// ---- A truck that has been on the scale once ----
 
-constexpr int boxLeft = 5866;
-constexpr int boxTop = 560;
-constexpr int boxWidth = PageWidth - boxLeft;
-constexpr int rowHeight = 340;
-constexpr int resultTop = boxTop + 1480;
-constexpr int resultHeight = 1020;
-
-Place FigurePlace(int top, int height) {
-    return {boxLeft + 2000, top, 2080, height};
+std::string FirstWeighingNotice(const ReportContext& context) {
+    switch (WeightsIn(context).firstWeighing) {
+    case FirstWeighing::LoadedTruck:
+        return "FIRST WEIGHING - TARE TO FOLLOW";
+    case FirstWeighing::EmptyTruck:
+        return "FIRST WEIGHING - GROSS TO FOLLOW";
+    case FirstWeighing::No:
+        break;
+    }
+    return {};
 }
 
-ReportObject Caption(int top, int height, const char* caption) {
-    return Text({boxLeft + 140, top, 2200, height}, caption);
+int AddNotice(Objects& objects, int top) {
+    constexpr int height = 620;
+    ReportObject notice = Formula({0, top, PageWidth, height}, "Notice", FirstWeighingNotice);
+    notice = Cell(Bold(Sized(Aligned(std::move(notice), Centre), 22)), HeadGreen);
+    objects.push_back(Suppressed(std::move(notice), IsNoFirstWeighing));
+    return top + height + 80;
 }
 
-ReportObject Unit(int top, int height) {
-    return Coloured(Text({boxLeft + 4150, top, 400, height}, "kg"), CaptionGrey);
-}
+// ---- The readings, and what follows from them ----
 
-void AddWeights(std::vector<ReportObject>& objects) {
-    objects.push_back(Box({boxLeft, boxTop, boxWidth, resultTop - boxTop}, PaleGreen));
-    int top = boxTop + 60;
-    const auto add = [&](const char* caption, ReportObject figure) {
-        objects.push_back(Sized(Caption(top, rowHeight, caption), 10));
-        objects.push_back(Sized(Aligned(std::move(figure), Right), 11));
-        objects.push_back(Unit(top, rowHeight));
-        top += rowHeight;
-    };
-    const auto place = [&] { return FigurePlace(top, rowHeight); };
-    add("Initial Gross Weight", Parameter(place(), SlipParameter::InitialGrossWeight));
-    add("Tare Weight", Total(place(), "TotalTare", TareOf, Kilograms));
-    add("Gross Weight", Total(place(), "GrossWeight", GrossOf, Kilograms));
-    add("Deduction", Total(place(), "AllDeductions", DeductionOf, Kilograms));
-}
+using FigureOf = std::optional<double> (*)(const LoadWeights&);
 
-void AddResult(std::vector<ReportObject>& objects) {
-    constexpr int height = 460;
-    objects.push_back(Box({boxLeft, resultTop, boxWidth, resultHeight}, HeadGreen));
-    const auto add = [&](int top, const char* caption, int parameter, int points) {
-        objects.push_back(Bold(Sized(Caption(top, height, caption), 12)));
+constexpr int boxHeight = 1480;
+constexpr int middle = 5240;
+
+void AddReadings(Objects& objects, int top) {
+    constexpr int rowHeight = 340;
+    objects.push_back(Box({0, top, middle, boxHeight}, PaleGreen));
+    int rowTop = top + 60;
+    const auto add = [&](const char* caption, FigureOf figureOf) {
+        const auto text = [figureOf](const ReportContext& context) {
+            const auto figure = figureOf(WeightsIn(context));
+            return figure ? Kilograms(*figure) : std::string();
+        };
+        const auto isMissing = [figureOf](const ReportContext& context) {
+            return !figureOf(WeightsIn(context));
+        };
+        objects.push_back(Sized(Text({140, rowTop, 2600, rowHeight}, caption), 10));
         objects.push_back(
-            Bold(Sized(Aligned(Parameter(FigurePlace(top, height), parameter), Right), points)));
+            Sized(Aligned(Formula({2700, rowTop, 1900, rowHeight}, caption, text), Right), 11));
+        objects.push_back(Suppressed(
+            Coloured(Text({4680, rowTop, 400, rowHeight}, "kg"), CaptionGrey), isMissing));
+        rowTop += rowHeight;
     };
-    add(resultTop + 40, "Net Weight", SlipParameter::NetWeight, 18);
-    objects.push_back(Unit(resultTop + 40, height));
-    add(resultTop + 520, "Mounds - Kgs", SlipParameter::Mounds, 14);
+    add("Initial Gross Weight", [](const LoadWeights& all) { return all.initialGross; });
+    add("Tare Weight", [](const LoadWeights& all) { return all.tare; });
+    add("Gross Weight", [](const LoadWeights& all) { return all.gross; });
+    add("Deduction", [](const LoadWeights& all) { return all.deduction; });
 }
 
-// ---- Beside them
-// -----------------------------------------------------------------------------------
+// ---- The net ----
 
-/// The weights do not add up without it. The station itself stores one only where a rate was given.
-std::string ScaleDeductionNote(const Recordset& rows) {
-    const double kilograms = TotalsOf(rows).scaleDeduction;
-    if (kilograms == 0)
-        return {};
-    return "The gross weight is after a scale deduction of " + Kilograms(kilograms) + " kg.";
+std::string NetOf(const ReportContext& context) {
+    return Kilograms(WeightsIn(context).net);
 }
 
-void AddSignature(std::vector<ReportObject>& objects, int top, const char* who) {
-    constexpr int width = 4600;
-    objects.push_back(Line({0, top, width, 0}));
-    objects.push_back(Coloured(Text({0, top + 40, width, 260}, who), CaptionGrey));
+/// Large, and bold, once the truck has been weighed twice.
+void AddResult(Objects& objects, int top) {
+    constexpr int height = 480;
+    constexpr int smallPoints = 10;
+    const auto place = [](int left, int rowTop, int width) {
+        return Place{middle + left, rowTop, width, height};
+    };
+    const auto add = [&](ReportObject object, int points) {
+        objects.push_back(Suppressed(Sized(object, smallPoints), IsNoFirstWeighing));
+        objects.push_back(Suppressed(Bold(Sized(object, points)), IsFirstWeighing));
+    };
+    objects.push_back(Box({middle, top, PageWidth - middle, boxHeight}, HeadGreen));
+    int rowTop = top + 200;
+    add(Text(place(140, rowTop, 1900), "Net Weight"), 12);
+    add(Aligned(Formula(place(1900, rowTop, 2680), "Net", NetOf), Right), 18);
+    objects.push_back(Coloured(Text(place(4660, rowTop, 400), "kg"), CaptionGrey));
+    rowTop += 600;
+    add(Text(place(140, rowTop, 1900), "Mounds - Kgs"), 12);
+    add(Aligned(Parameter(place(1900, rowTop, 2680), SlipParameter::Mounds), Right), 14);
+}
+
+std::string ScaleDeductionNote(const ReportContext& context) {
+    return "The deduction includes a scale deduction of " +
+           Kilograms(WeightsIn(context).scaleDeduction) + " kg. The lines below are after it.";
+}
+
+int AddScaleDeduction(Objects& objects, int top) {
+    constexpr int height = 280;
+    const auto isNone = [](const ReportContext& context) {
+        return WeightsIn(context).scaleDeduction == 0;
+    };
+    objects.push_back(Suppressed(
+        Growing(Formula({0, top, PageWidth, height}, "ScaleDeductionNote", ScaleDeductionNote)),
+        isNone));
+    return top + height;
 }
 
 } // namespace
 
-ReportSection Weights() {
-    ReportSection section{
-        "ReportFooterSection1", resultTop + resultHeight + 40, {}, ReportSectionKind::ReportFooter};
-    AddTotals(section.Objects);
-    AddWeights(section.Objects);
-    AddResult(section.Objects);
-    section.Objects.push_back(
-        Growing(Formula({0, boxTop, 5400, 280}, "ScaleDeductionNote", ScaleDeductionNote)));
-    AddSignature(section.Objects, boxTop + 1100, "Weighbridge operator");
-    AddSignature(section.Objects, boxTop + 2200, "Driver");
-    return section;
+int AddWeights(Objects& objects, int top) {
+    const int boxTop = AddNotice(objects, top);
+    AddReadings(objects, boxTop);
+    AddResult(objects, boxTop);
+    constexpr int gap = 80;
+    return AddScaleDeduction(objects, boxTop + boxHeight + gap);
 }
 
 } // namespace Quillane::SlipParts

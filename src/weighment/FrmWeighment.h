@@ -190,8 +190,6 @@ private:
     void ShowHeader(const Recordset& rows);
     void ShowBagLine(const Recordset& rows, int line);
 
-    void FillReport();
-
     bool blanking_ = false; ///< no control counts as having the focus
     PortSession session_{*this, CM, Timer, TxtWeight, PortSettingsRows};
     Recordset headerRows_;

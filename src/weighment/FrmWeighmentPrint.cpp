@@ -5,7 +5,9 @@
 #include "data/modCommon.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "signin/UserLogin.h"
 #include "slip/CrpCottonWeighment.h"
+#include "slip/SlipFilling.h"
 #include "slip/SlipStatement.h"
 
 namespace Quillane {
@@ -19,27 +21,19 @@ void FrmWeighment::BtnPrint_Click() {
         if (!viewer_)
             viewer_ = std::make_unique<RptReportViewer>();
         viewer_->Report = std::make_unique<CrpCottonWeighment>();
-        FillReport();
+        FillSlip(*viewer_->Report, {.companyTitle = Capitals(CompanyProfile->CompanyTitle()),
+                                    .companyAddress = CompanyProfile->CompanyAddress(),
+                                    .companyPhone = CompanyProfile->CompanyPhone(),
+                                    .companyEmail = CompanyProfile->CompanyEmail(),
+                                    .mounds = TxtMoundKgs.Text(),
+                                    .initialGrossWeight = Val(TxtInitialGrossWeight.Text()),
+                                    .netWeight = Val(TxtNetWeight.Text()),
+                                    .userName = UserLogin->UserName(),
+                                    .rows = slipRows_});
         viewer_->ShowModal(this);
     } catch (const Failure&) {
         ShowError();
     }
-}
-
-void FrmWeighment::FillReport() {
-    Report& report = *viewer_->Report;
-    report.ParameterFields(1).AddCurrentValue(Capitals(CompanyProfile->CompanyTitle()));
-    report.ParameterFields(2).AddCurrentValue(CompanyProfile->CompanyAddress());
-    report.ParameterFields(3).AddCurrentValue("PhoneNo: " + CompanyProfile->CompanyPhone());
-    report.ParameterFields(4).AddCurrentValue("Email: " + CompanyProfile->CompanyEmail());
-    report.ParameterFields(5).AddCurrentValue(TxtMoundKgs.Text());
-    report.ParameterFields(6).AddCurrentValue(Val(TxtInitialGrossWeight.Text()));
-    report.ParameterFields(7).AddCurrentValue(Val(TxtNetWeight.Text()));
-    report.Title = "Quillane Slip";
-    report.Database.SetDataSource(slipRows_, 3, 1);
-    // Three fixed texts for the report engine; they name no device of the station.
-    report.SelectPrinter("Dummy Driver", "Ding Dong", "LPT1");
-    report.PaperOrientation = 1;
 }
 
 } // namespace Quillane

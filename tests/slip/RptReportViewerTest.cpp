@@ -57,7 +57,7 @@ class RptReportViewerTest : public testing::Test {
 protected:
     void FillWithSlip() {
         viewer_.Report = std::make_unique<CrpCottonWeighment>();
-        FillSlip(*viewer_.Report, database_.RowsOf(1042));
+        FillSlip(*viewer_.Report, SampleContent(database_.RowsOf(1042)));
     }
     QPrintPreviewWidget& Preview() {
         return *viewer_.CRViewer91.Widget().findChild<QPrintPreviewWidget*>();
@@ -121,6 +121,19 @@ TEST_F(RptReportViewerTest, FillsTheScreenAtEverySize) {
         EXPECT_EQ(viewer_.size(), size);
         EXPECT_EQ(viewer_.CRViewer91.Widget().geometry(), QRect(QPoint(0, 0), size));
     }
+    viewer_.Unload();
+}
+
+TEST_F(RptReportViewerTest, PutsItsViewerIntoItsCornerWhenItIsResized) {
+    FillWithSlip();
+    viewer_.Load();
+    viewer_.CRViewer91.SetTop(7);
+    viewer_.CRViewer91.SetLeft(9);
+    viewer_.setWindowState(Qt::WindowNoState);
+    viewer_.Show();
+    viewer_.resize(640, 480);
+    EXPECT_EQ(viewer_.CRViewer91.Top(), 0);
+    EXPECT_EQ(viewer_.CRViewer91.Left(), 0);
     viewer_.Unload();
 }
 
@@ -197,7 +210,7 @@ TEST_F(RptReportViewerTest, LeavesTheSlipsPlacesWhereTheBordersAreColoured) {
     }
 }
 
-/// Whether there is a fill behind the title or the weights, where no text stands.
+/// Whether the title or the weights are filled, at points without text.
 bool HasFills(const Report& report) {
     QImage image(595, 842, QImage::Format_RGB32);
     image.setDotsPerMeterX(2835);
@@ -206,7 +219,7 @@ bool HasFills(const Report& report) {
     QPainter painter(&image);
     ReportPainter(report).PaintPage(painter, 1);
     painter.end();
-    for (const QPoint point : {QPoint(60, 122), QPoint(360, 340)}) {
+    for (const QPoint point : {QPoint(60, 122), QPoint(400, 295)}) {
         if (image.pixelColor(point) != QColor(Qt::white))
             return true;
     }
@@ -235,6 +248,17 @@ TEST_F(RptReportViewerTest, StripsTheColoursBeforeItSaves) {
     viewer_.Load();
     EXPECT_TRUE(viewer_.CRViewer91.SavePdf(database_.Folder() + "/slip.pdf"));
     EXPECT_FALSE(HasFills(*viewer_.Report));
+}
+
+TEST_F(RptReportViewerTest, LetsItsReportGoWhenItCloses) {
+    FillWithSlip();
+    RunModal(viewer_, [&](Screen& screen) {
+        EXPECT_TRUE(viewer_.CRViewer91.SavePdf(database_.Folder() + "/open.pdf"));
+        screen.Unload();
+    });
+    ASSERT_NE(viewer_.Report, nullptr);
+    EXPECT_FALSE(viewer_.CRViewer91.SavePdf(database_.Folder() + "/closed.pdf"));
+    EXPECT_FALSE(std::filesystem::exists(database_.Folder() + "/closed.pdf"));
 }
 
 TEST_F(RptReportViewerTest, TakesANewReportForEachSlip) {

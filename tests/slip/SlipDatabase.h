@@ -1,6 +1,6 @@
 #pragma once
 
-#include "slip/FillSlip.h"
+#include "slip/SlipSample.h"
 #include "slip/SlipStatement.h"
 #include "station/StationDatabase.h"
 
@@ -12,7 +12,7 @@
 namespace Quillane {
 
 /// A database of its own, with arrivals to print: number 1042 is a usual load of two bag lines,
-/// weighed at 12540 and 4320 kg with a deduction of 17 kg.
+/// weighed at 12437 and 4320 kg with a deduction of 17 kg.
 class SlipDatabase : public StationDatabase {
 public:
     SlipDatabase() : StationDatabase(ParticularsOf("Quillane Flour Mills", "ali", "wheat")) {

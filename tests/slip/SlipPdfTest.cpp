@@ -26,7 +26,7 @@ protected:
 
     void Save(int arrival) {
         viewer_.Report = std::make_unique<CrpCottonWeighment>();
-        FillSlip(*viewer_.Report, database_.RowsOf(arrival));
+        FillSlip(*viewer_.Report, SampleContent(database_.RowsOf(arrival)));
         viewer_.Load();
         ASSERT_TRUE(viewer_.CRViewer91.SavePdf(path_.toStdString()));
     }
@@ -68,9 +68,17 @@ TEST_F(SlipPdf, HoldsItsTextAsText) {
           "Party Chaudhry Grain Traders-Faisalabad Arrival No. 1042", "Date 20/11/2026",
           "1 A class Jute 100 kg 60 81.17 4870.20 10.20 4860.00",
           "2 Torn Polypropylene 50 kg 40 81.17 3246.80 6.80 3240.00",
-          "Total 100 8117.00 17.00 8100.00", "Initial Gross Weight 12540 kg", "Tare Weight 4320 kg",
+          "Total 100 8117.00 17.00 8100.00", "Initial Gross Weight 12437 kg", "Tare Weight 4320 kg",
           "Net Weight 8100 kg", "Mounds - Kgs 202-20", "Weighbridge operator", "Page 1 of 1"})
         EXPECT_TRUE(text.contains(part)) << part << "\n" << text.toStdString();
+}
+
+TEST_F(SlipPdf, NamesTheTimeOfPrintingAndTheUser) {
+    Save(1042);
+    const QString text = Text().simplified();
+    EXPECT_TRUE(text.contains(QRegularExpression(
+        "Arrival No. 1042 Printed \\d\\d/\\d\\d/\\d{4} \\d\\d:\\d\\d by ali Page 1 of 1")))
+        << text.toStdString();
 }
 
 TEST_F(SlipPdf, NumbersThePagesOfALongLoad) {
