@@ -2,11 +2,13 @@
 
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
+#include "signin/UserLogin.h"
 #include "slip/CrpCottonWeighment.h"
 #include "slip/RptReportViewer.h"
 #include "slip/SlipStatement.h"
 #include "weighment/WeighmentFixture.h"
 
+#include <QPointer>
 #include <QWindow>
 
 #include <optional>
@@ -132,6 +134,36 @@ TEST_F(PrintTest, ASecondTimeMakesASecondSlipOfTheRowsAsTheyAreThen) {
         EXPECT_EQ(ColumnOf(*viewer.Report, "NoOfBags"), Lines{"60"});
         EXPECT_EQ(TextOf(*viewer.Report, 1), "MOULIN ZOÉ");
         EXPECT_EQ(NumberOf(*viewer.Report, 7), 8200.0);
+    });
+}
+
+TEST_F(PrintTest, KeepsItsRowsOpenAfterThePreview) {
+    FillInOpened(1031);
+    std::shared_ptr<Recordset> rows;
+    Preview([&](RptReportViewer& viewer) { rows = viewer.Report->Database.Data(); });
+    ASSERT_EQ(rows->State(), adStateOpen);
+    EXPECT_EQ(rows->RecordCount(), 2);
+    screen->ArrivalNo = 1032;
+    Preview([&](RptReportViewer& viewer) { EXPECT_EQ(viewer.Report->Database.Data(), rows); });
+    EXPECT_EQ(rows->State(), adStateOpen);
+    rows->MoveFirst();
+    EXPECT_EQ(rows->Fields("ArrivalId").Text(), "1032");
+}
+
+TEST_F(PrintTest, ShowsEveryPreviewInOneViewer) {
+    FillInOpened(1031);
+    QPointer<RptReportViewer> first;
+    Preview([&](RptReportViewer& viewer) { first = &viewer; });
+    ASSERT_FALSE(first.isNull());
+    Preview([&](RptReportViewer& viewer) { EXPECT_EQ(&viewer, first.data()); });
+    EXPECT_FALSE(first.isNull());
+}
+
+TEST_F(PrintTest, NamesTheUserWhoIsSignedIn) {
+    FillInOpened(1031);
+    Preview([](RptReportViewer& viewer) {
+        EXPECT_FALSE(UserLogin->UserName().empty());
+        EXPECT_EQ(viewer.Report->UserName, UserLogin->UserName());
     });
 }
 
