@@ -82,6 +82,8 @@ void FrmWeighment::DesignControls() {
     DesignGrid();
     HideControls();
     DescribeControls();
+    // One that the screen's keys leave alone: any other begins a change, which turns Print off.
+    BtnPrint.SetFunctionKey(Key::F9);
 }
 
 void FrmWeighment::DesignBoxes() {
@@ -166,7 +168,7 @@ void FrmWeighment::DescribeControls() {
     BtnClear.SetToolTip("Clear the screen for the next load (Ctrl+L)");
     BtnOpen.SetToolTip("Find and open a stored weighment (Ctrl+O)");
     BtnRemove.SetToolTip("Remove the weighment shown (Ctrl+Shift+Delete)");
-    BtnPrint.SetToolTip("Show the slip of the weighment shown");
+    BtnPrint.SetToolTip("Show the slip of the weighment shown (F9)");
     BtnClose.SetToolTip("Close this screen (Ctrl+Q)");
     CmdGrossWeight.SetToolTip("Take the reading as the loaded vehicle's weight (Space)");
     CmdTareWeight.SetToolTip("Take the reading as the empty vehicle's weight (Space)");

@@ -45,6 +45,8 @@ public:
     QPoint OnDisplay(const QWidget& widget, QPoint place) const;
 
     // Eyes.
+    /// The window in front has the keyboard, also as the display's server sees it.
+    void UntilKeyboardIsReady();
     /// Looks at the program: runs in its thread, between its events.
     template <typename Look>
     auto See(Look look) const -> std::invoke_result_t<Look>;
@@ -83,7 +85,6 @@ public:
     void CloseEverything() const;
 
 private:
-    void UntilKeyboardIsReady();
     std::string WhatIsSeen() const;
     static void RunInProgram(const std::function<void()>& look);
 

@@ -241,5 +241,31 @@ TEST_F(PrintTest, ThatFailsAfterASaveStillEmptiesTheScreen) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
 }
 
+TEST_F(PrintTest, OfAStoredLoadComesUpByItsKeyAndLeavesTheLoadAsItIs) {
+    FillInOpened(1031);
+    screen->SetButtonState(3);
+    const std::string mode = screen->ScreenMode;
+    for (int times = 0; times < 2; ++times) {
+        int slips = 0;
+        Preview([this] { Driver().Press(Qt::Key_F9); }, [&](RptReportViewer&) { ++slips; });
+        EXPECT_EQ(slips, 1);
+        EXPECT_TRUE(screen->BtnPrint.Enabled());
+        EXPECT_FALSE(screen->BtnSave.Enabled());
+        EXPECT_EQ(screen->ScreenMode, mode);
+    }
+    EXPECT_NE(screen->BtnPrint.ToolTip().find("(F9)"), std::string::npos);
+}
+
+TEST_F(PrintTest, DoesNotComeUpByItsKeyWhereNoLoadIsStoredOrItIsChanged) {
+    Driver().Press(Qt::Key_F9);
+    EXPECT_FALSE(screen->BtnSave.Enabled()) << "the key begins no change";
+    FillInOpened(1031);
+    screen->SetButtonState(3);
+    Driver().Press(Qt::Key_Home);
+    ASSERT_TRUE(screen->BtnSave.Enabled());
+    Driver().Press(Qt::Key_F9);
+    EXPECT_TRUE(screen->BtnSave.Enabled());
+}
+
 } // namespace
 } // namespace Quillane::Testing

@@ -7,12 +7,16 @@
 namespace Quillane {
 
 /// A button. Space and a click press it while it is enabled, and Enter where the screen leaves the
-/// Enter to it; so does Alt with the letter behind an ampersand in its caption.
+/// Enter to it. So do Alt with the letter after an ampersand in its caption, and its function key:
+/// once the screen has seen the key, it moves the focus to the button and presses it.
 class CommandButton : public VisualControl {
 public:
     CommandButton(Screen& screen, std::string name, std::string_view caption,
                   std::string typeName = "CommandButton");
     ~CommandButton() override;
+
+    /// Key::F1 to Key::F12, pressed without a modifier.
+    void SetFunctionKey(int key);
 
     std::function<void()> Click;
     QWidget& Widget() override;

@@ -43,6 +43,10 @@ CommandButton::CommandButton(Screen& screen, std::string name, std::string_view 
 
 CommandButton::~CommandButton() = default;
 
+void CommandButton::SetFunctionKey(int key) {
+    button_->setShortcut(QKeySequence(Qt::Key_F1 + key - Key::F1));
+}
+
 QWidget& CommandButton::Widget() {
     return *button_;
 }

@@ -10,7 +10,8 @@ namespace Quillane {
 ///
 /// `Change` runs once for each edit of the operator, and inside each `SetText` from code, also when
 /// the text is the same. `MaxLength` bounds what is typed or pasted; a text from code is kept
-/// whole, so that no stored figure is ever cut short. Nor does code ask `Admits`.
+/// whole, so that no stored figure is ever cut short. Nor does code ask `Admits`. The press of the
+/// mouse that brings the focus places no caret.
 class TextBox : public VisualControl {
 public:
     enum class Alignment { Left, Right, Centre };
@@ -39,6 +40,7 @@ public:
     std::function<bool(std::string_view text)> Admits;
 
     QWidget& Widget() override;
+    bool KeepsFirstPress() const override { return true; }
 
 protected:
     void ApplyColours() override;

@@ -37,6 +37,21 @@ QPalette LightPalette() {
     return palette;
 }
 
+bool IsPressOrClose(QEvent::Type type) {
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::TouchBegin:
+    case QEvent::Wheel:
+    case QEvent::Drop:
+    case QEvent::ContextMenu:
+    case QEvent::Close:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
@@ -45,6 +60,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setFont(QFont(FontFamilies("Arial"), 11));
     // The screens say themselves when the program ends: a sign-in dialog that closes does not.
     setQuitOnLastWindowClosed(false);
+    installNativeEventFilter(&keysOfClosedWindows_);
     connect(this, &QApplication::focusChanged, this, [](QWidget*, QWidget* now) {
         if (Screen* screen = Screen::Of(now)) {
             screen->QtFocusMoved();
@@ -53,6 +69,10 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
+    if (receiver->isWindowType() && Interruption::IsPending() && IsPressOrClose(event->type())) {
+        event->ignore();
+        return false;
+    }
     if (!receiver->isWidgetType()) {
         return QApplication::notify(receiver, event);
     }
@@ -63,12 +83,15 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         return NotifyPress(widget, *event);
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        return NotifyDrag(widget, *event);
     case QEvent::InputMethod:
         return NotifyInputMethod(widget, static_cast<QInputMethodEvent&>(*event));
     case QEvent::ShortcutOverride:
-        // Accepted, a button's Alt+letter arrives as a key that the screen sees first.
+        // Accepted, a button's shortcut arrives as a key that the screen sees first.
         if (Screen* screen = Screen::Of(&widget);
-            screen && screen->MnemonicControl(static_cast<QKeyEvent&>(*event))) {
+            screen && screen->ShortcutControl(static_cast<QKeyEvent&>(*event))) {
             event->accept();
             return true;
         }
@@ -105,6 +128,7 @@ bool Application::NotifyKey(QWidget& receiver, QKeyEvent& event) {
 }
 
 bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
+    pressUsedUp_ = nullptr;
     QPointer<Screen> screen = Screen::Of(&receiver);
     if (!screen) {
         return QApplication::notify(&receiver, &event);
@@ -112,11 +136,15 @@ bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
     const QPointer<QWidget> target = &receiver;
     const std::uint64_t life = screen->life_;
     const unsigned interruptions = Interruption::Count();
-    bool arrived = false;
-    RunEvent([&] { arrived = screen->PressedOn(receiver); });
+    auto press = Screen::Press::Nothing;
+    RunEvent([&] { press = screen->PressedOn(receiver); });
     // After a box the mouse button has long been let go: a press handed on now would never end.
     const bool stands = target && screen && screen->life_ == life;
-    if (!arrived || !stands || Interruption::Count() != interruptions) {
+    if (!stands || Interruption::Count() != interruptions) {
+        press = Screen::Press::Nothing;
+    }
+    if (press != Screen::Press::HandedOn) {
+        pressUsedUp_ = press == Screen::Press::UsedUp ? target : nullptr;
         event.accept();
         return true;
     }
@@ -125,6 +153,19 @@ bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
         screen->GiveQtFocus();
     }
     return result;
+}
+
+// A hand is never quite still: what follows on a press that was used up selects nothing either.
+bool Application::NotifyDrag(QWidget& receiver, QEvent& event) {
+    const bool usedUp = pressUsedUp_ == &receiver;
+    if (event.type() == QEvent::MouseButtonRelease) {
+        pressUsedUp_ = nullptr;
+    }
+    if (usedUp) {
+        event.accept();
+        return true;
+    }
+    return QApplication::notify(&receiver, &event);
 }
 
 bool Application::NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event) {

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "platform/forms/core/DisplayKeyboard.h"
+#include "platform/forms/core/KeyRouter.h"
+
 #include <QApplication>
+#include <QPointer>
 
 class QInputMethodEvent;
 class QKeyEvent;
@@ -21,7 +25,12 @@ public:
 private:
     bool NotifyKey(QWidget& receiver, QKeyEvent& event);
     bool NotifyPress(QWidget& receiver, QEvent& event);
+    bool NotifyDrag(QWidget& receiver, QEvent& event);
     bool NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event);
+
+    QPointer<QWidget> pressUsedUp_; ///< where, until the mouse button is let go
+    KeyRouter keyRouter_;
+    KeysOfClosedWindows keysOfClosedWindows_;
 };
 
 } // namespace Quillane

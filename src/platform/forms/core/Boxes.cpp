@@ -6,9 +6,11 @@
 #include "platform/forms/core/Text.h"
 #include "platform/forms/core/Timer.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMessageBox>
 
@@ -32,9 +34,49 @@ public:
     BoxUp& operator=(const BoxUp&) = delete;
 
     Screen* Parent() const { return interruption_.Below(); }
+    int Run(QDialog& box) { return interruption_.Run(box); }
 
 private:
     Interruption interruption_;
+};
+
+// A letter answers at once. The toolkit shows the button going down for a moment first, in which
+// the box would take what is typed for the next one.
+class MessageBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride &&
+            ButtonOf(static_cast<QKeyEvent&>(*event))) {
+            event->accept();
+            return true;
+        }
+        return QMessageBox::event(event);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (QAbstractButton* button = ButtonOf(*event)) {
+            button->click();
+        } else {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+
+private:
+    // The one whose letter is pressed, with Alt or without.
+    QAbstractButton* ButtonOf(const QKeyEvent& event) const {
+        if (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) {
+            return nullptr;
+        }
+        for (QAbstractButton* button : buttons()) {
+            const QKeySequence shortcut = button->shortcut();
+            if (!shortcut.isEmpty() && shortcut[0].key() == event.key()) {
+                return button;
+            }
+        }
+        return nullptr;
+    }
 };
 
 QMessageBox::Icon IconOf(BoxIcon icon) {
@@ -62,29 +104,29 @@ void WidenToTitle(QMessageBox& shown) {
     }
 }
 
-BoxAnswer ShowMessage(const Box& box, QWidget* parent) {
+BoxAnswer ShowMessage(const Box& box, BoxUp& up) {
     const bool question = box.buttons == BoxButtons::YesNo;
-    QMessageBox shown(IconOf(box.icon), ToQt(box.title), ToQt(box.text),
-                      question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, parent);
+    MessageBox shown(IconOf(box.icon), ToQt(box.title), ToQt(box.text),
+                     question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, up.Parent());
     shown.setTextFormat(Qt::PlainText);
     shown.setText(TextThatFits(shown.text(), shown.font(), RoomForText(shown)));
     const CopyOnRequest copy(shown, ToQt(box.text));
     WidenToTitle(shown);
     if (!question) {
-        shown.exec();
+        up.Run(shown);
         return BoxAnswer::Ok;
     }
     shown.setDefaultButton(box.defaultButton == BoxAnswer::No ? QMessageBox::No : QMessageBox::Yes);
     shown.setEscapeButton(QMessageBox::No);
-    return shown.exec() == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+    return up.Run(shown) == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
 }
 
-std::string ShowPrompt(const InputPrompt& prompt, QWidget* parent) {
-    QInputDialog shown(parent);
+std::string ShowPrompt(const InputPrompt& prompt, BoxUp& up) {
+    QInputDialog shown(up.Parent());
     shown.setWindowTitle(ToQt(prompt.title));
     shown.setLabelText(ToQt(prompt.prompt));
     shown.setTextValue(ToQt(prompt.defaultText));
-    return shown.exec() == QDialog::Accepted ? FromQt(shown.textValue()) : std::string();
+    return up.Run(shown) == QDialog::Accepted ? FromQt(shown.textValue()) : std::string();
 }
 
 } // namespace
@@ -94,13 +136,13 @@ std::string ProgramTitle() {
 }
 
 BoxAnswer MsgBox(const Box& box) {
-    const BoxUp up;
-    return presenter.message ? presenter.message(box) : ShowMessage(box, up.Parent());
+    BoxUp up;
+    return presenter.message ? presenter.message(box) : ShowMessage(box, up);
 }
 
 std::string InputBox(const InputPrompt& prompt) {
-    const BoxUp up;
-    return presenter.input ? presenter.input(prompt) : ShowPrompt(prompt, up.Parent());
+    BoxUp up;
+    return presenter.input ? presenter.input(prompt) : ShowPrompt(prompt, up);
 }
 
 void SetBoxPresenter(BoxPresenter replacement) {

@@ -93,6 +93,9 @@ public:
     /// Runs before everything else, on the active control; true uses the key up, unseen by the
     /// screen. For a key that is meant for what is dropped down alone, as Esc in an open calendar.
     virtual bool HandleDropDownKey(int /*key*/, int /*shift*/) { return false; }
+    /// Whether the press that brings the focus is used up by that. The selection that was made on
+    /// got-focus then stays.
+    virtual bool KeepsFirstPress() const { return false; }
     /// Runs after `KeyDown` and before `Form_KeyPress`, on the active control; true uses the key
     /// up.
     virtual bool HandleKey(int /*key*/, int /*shift*/) { return false; }

@@ -1,15 +1,20 @@
 #include "platform/forms/core/Interruption.h"
 
+#include "platform/forms/core/DisplayKeyboard.h"
+#include "platform/forms/core/KeyRouter.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/forms/core/ShownScreens.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QWindow>
 
 namespace Quillane {
 
 namespace {
 
 unsigned interruptions = 0;
+Interruption* innermost = nullptr;
 
 Screen* ScreenInFront() {
     if (auto* active = dynamic_cast<Screen*>(QApplication::activeWindow())) {
@@ -18,21 +23,64 @@ Screen* ScreenInFront() {
     return ShownScreens().empty() ? nullptr : ShownScreens().back();
 }
 
+// Before the first screen is shown the program is about to come to the front.
+bool IsInFront() {
+    return ShownScreens().empty() || QGuiApplication::applicationState() == Qt::ApplicationActive;
+}
+
 } // namespace
 
-Interruption::Interruption() : below_(ScreenInFront()) {
+Interruption::Interruption() : below_(ScreenInFront()), inFront_(IsInFront()), outer_(innermost) {
+    innermost = this;
     ++interruptions;
 }
 
 Interruption::~Interruption() {
+    innermost = outer_;
     if (Screen* below = Below(); below && below->shown_) {
-        below->activateWindow();
+        if (inFront_ || IsInFront()) {
+            below->activateWindow();
+        }
         below->GiveQtFocus();
     }
+    KeyRouter::Resume();
 }
 
 Screen* Interruption::Below() const {
     return static_cast<Screen*>(below_.data());
+}
+
+void Interruption::Awaits(QWidget& window) {
+    awaits_ = true;
+    window_ = &window;
+}
+
+void Interruption::Shows() {
+    window_->winId(); // makes its native window
+    QObject::connect(window_->windowHandle(), &QWindow::visibleChanged, &context_,
+                     [this](bool visible) { Changes(visible); });
+}
+
+int Interruption::Run(QDialog& dialog) {
+    Awaits(dialog);
+    dialog.setAttribute(Qt::WA_ShowWithoutActivating, !inFront_);
+    Shows();
+    return dialog.exec();
+}
+
+// Runs before the window is shown or hidden on the display.
+void Interruption::Changes(bool visible) const {
+    if (visible) {
+        KeyRouter::Resume();
+    } else {
+        const Screen* below = Below();
+        PassKeyboard(below && below->shown_ ? below : nullptr);
+    }
+}
+
+bool Interruption::IsPending() {
+    return innermost && innermost->awaits_ &&
+           !(innermost->window_ && innermost->window_->isVisible());
 }
 
 unsigned Interruption::Count() {

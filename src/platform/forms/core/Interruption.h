@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QObject>
 #include <QPointer>
+
+class QDialog;
+class QWidget;
 
 namespace Quillane {
 
@@ -17,11 +21,30 @@ public:
 
     Screen* Below() const;
 
+    /// From here on, as long as the window is not shown and again once it is hidden, until this
+    /// object goes: no window of the program takes a press or is closed, and keys wait.
+    void Awaits(QWidget& window);
+    /// The awaited window is about to be shown: keys are handed on as soon as it is.
+    void Shows();
+    /// Shows a dialog and waits for its end; gives its result. It takes the keyboard, but not from
+    /// another program.
+    int Run(QDialog& dialog);
+
+    /// True while the innermost interruption's window is not there.
+    static bool IsPending();
+
     /// How many there have been: tells whether one came up during a procedure.
     static unsigned Count();
 
 private:
+    void Changes(bool visible) const;
+
     QPointer<QObject> below_;
+    bool awaits_ = false;
+    QPointer<QWidget> window_;
+    bool inFront_; ///< no other program was, as this began
+    Interruption* outer_;
+    QObject context_; ///< ends what Shows has connected
 };
 
 } // namespace Quillane

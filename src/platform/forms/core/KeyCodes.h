@@ -28,6 +28,7 @@ inline constexpr int Delete = 46;
 inline constexpr int F1 = 112;
 inline constexpr int F2 = 113;
 inline constexpr int F4 = 115;
+inline constexpr int F9 = 120;
 inline constexpr int F12 = 123;
 } // namespace Key
 

@@ -94,15 +94,17 @@ void Screen::ShowModal(Screen* owner) {
     if (shown_) {
         Fail(FailureNumber::InvalidCall);
     }
+    Interruption interruption;
+    interruption.Awaits(*this);
     Load();
     if (!loaded_) {
         return;
     }
-    const Interruption interruption;
     const std::uint64_t life = life_;
     QEventLoop loop;
     loop_ = &loop;
     setWindowModality(Qt::ApplicationModal);
+    interruption.Shows();
     Appear(owner ? owner : interruption.Below());
     if (Lives(life)) {
         loop.exec();

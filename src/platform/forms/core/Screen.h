@@ -107,6 +107,9 @@ private:
 
     /// Why the focus moves. `Unable`: the active control was disabled or hidden.
     enum class Move { Operator, Code, Unable };
+    /// What a press of the mouse still is, once it has moved the focus: nothing where it did not
+    /// bring its control the focus, since what it does there may rest on that.
+    enum class Press { Nothing, UsedUp, HandedOn };
 
     void Appear(Screen* owner);
     void Leave();
@@ -122,15 +125,15 @@ private:
     void GiveQtFocus();
     void QtFocusMoved();
     void Reconcile();
-    bool PressedOn(const QWidget& widget);
+    Press PressedOn(const QWidget& widget);
     void Observe(std::string_view event, const VisualControl* control) const;
 
     bool PreviewKey(const QKeyEvent& event);
     bool PreviewKeyOf(VisualControl& control, int& key, int shift);
     bool PreviewCharacter(char32_t character);
     bool PreviewText(const QKeyEvent& event);
-    bool PressMnemonic(const QKeyEvent& event);
-    VisualControl* MnemonicControl(const QKeyEvent& event) const;
+    bool PressShortcut(const QKeyEvent& event);
+    VisualControl* ShortcutControl(const QKeyEvent& event) const;
     bool PreviewCommitted(const QString& text);
     void DeliverTab();
 

@@ -206,16 +206,19 @@ void Screen::Reconcile() {
     GiveQtFocus();
 }
 
-// False if the press did not bring its control the focus: what a press does there may rest on it.
-bool Screen::PressedOn(const QWidget& widget) {
+Screen::Press Screen::PressedOn(const QWidget& widget) {
     Reconcile();
     VisualControl* control = ControlOf(&widget);
     if (!control || !shown_ || !control->CanTakeFocus() ||
         !(control->FocusWidget().focusPolicy() & Qt::ClickFocus)) {
-        return true;
+        return Press::HandedOn;
     }
+    const bool brings = control != active_;
     MoveFocus(control, Move::Operator);
-    return active_ == control;
+    if (active_ != control) {
+        return Press::Nothing;
+    }
+    return brings && control->KeepsFirstPress() ? Press::UsedUp : Press::HandedOn;
 }
 
 // The screen moves its focus itself; Qt's own chain has no say.

@@ -93,7 +93,7 @@ bool Screen::PreviewKey(const QKeyEvent& event) {
     if (receiver && receiver == active_ && PreviewKeyOf(*receiver, key, shift)) {
         return true;
     }
-    if (!Lives(life) || PreviewText(event) || PressMnemonic(event)) {
+    if (!Lives(life) || PreviewText(event) || PressShortcut(event)) {
         return true;
     }
     const bool tab = key == Key::Tab && !(shift & (ShiftState::Ctrl | ShiftState::Alt));
@@ -151,23 +151,20 @@ bool Screen::PreviewCommitted(const QString& text) {
     return swallowed;
 }
 
-VisualControl* Screen::MnemonicControl(const QKeyEvent& event) const {
-    if (event.modifiers() != Qt::AltModifier) {
-        return nullptr;
-    }
-    const QKeySequence pressed(Qt::ALT | static_cast<Qt::Key>(event.key()));
+VisualControl* Screen::ShortcutControl(const QKeyEvent& event) const {
+    const QKeySequence pressed(event.keyCombination());
     for (Control* control : controls_) {
         auto* visual = dynamic_cast<VisualControl*>(control);
         const auto* button = visual ? qobject_cast<QAbstractButton*>(&visual->Widget()) : nullptr;
-        if (button && visual->CanTakeFocus() && QKeySequence::mnemonic(button->text()) == pressed) {
+        if (button && visual->CanTakeFocus() && button->shortcut() == pressed) {
             return visual;
         }
     }
     return nullptr;
 }
 
-bool Screen::PressMnemonic(const QKeyEvent& event) {
-    VisualControl* control = MnemonicControl(event);
+bool Screen::PressShortcut(const QKeyEvent& event) {
+    VisualControl* control = ShortcutControl(event);
     if (!control) {
         return false;
     }

@@ -60,6 +60,27 @@ TEST_F(CommandButtonTest, IsNotPressedByAClickThatDidNotBringItTheFocus) {
     EXPECT_EQ(1, clicks);
 }
 
+TEST_F(CommandButtonTest, IsPressedByItsFunctionKeyAlone) {
+    screen.BtnGo.SetFunctionKey(Key::F9);
+    screen.First.SetFocus();
+    driver.Press(Qt::CTRL | Qt::Key_F9).Press(Qt::SHIFT | Qt::Key_F9).Press(Qt::ALT | Qt::Key_F9);
+    driver.Press(Qt::Key_F8);
+    EXPECT_EQ(0, clicks);
+    driver.Press(Qt::Key_F9);
+    EXPECT_EQ(1, clicks);
+    EXPECT_EQ("BtnGo", screen.ActiveControlName());
+}
+
+TEST_F(CommandButtonTest, IsNotPressedByItsFunctionKeyWhileDisabledOrWhereTheScreenTakesTheKey) {
+    screen.BtnGo.SetFunctionKey(Key::F9);
+    screen.BtnGo.SetEnabled(false);
+    driver.Press(Qt::Key_F9);
+    screen.BtnGo.SetEnabled(true);
+    screen.OnKeyDown = [](int& key, int) { key = 0; };
+    driver.Press(Qt::Key_F9);
+    EXPECT_EQ(0, clicks);
+}
+
 TEST_F(CommandButtonTest, MayDisableItselfInItsClick) {
     screen.BtnGo.Click = [this] {
         ++clicks;

@@ -11,6 +11,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QTest>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -232,6 +234,57 @@ TEST_F(TextBoxTest, SelectsItsTextOnlyWhenAsked) {
     EXPECT_EQ("", box.SelectedText());
     box.SelectAll();
     EXPECT_EQ("text", box.SelectedText());
+}
+
+class MarkedBoxUnderTheMouse : public TextBoxTest {
+protected:
+    MarkedBoxUnderTheMouse() {
+        screen.Third.SetText("17");
+        screen.Third.GotFocus = [this] { screen.Third.SelectAll(); };
+    }
+
+    QLineEdit& Marked() { return dynamic_cast<QLineEdit&>(screen.Third.Widget()); }
+    QPoint InWindow(QPoint point) { return Marked().mapTo(&screen, point); }
+};
+
+TEST_F(MarkedBoxUnderTheMouse, KeepsItsSelectionUnderThePressThatBringsItTheFocus) {
+    driver.Click(screen.Third);
+    EXPECT_EQ("Third", screen.ActiveControlName());
+    EXPECT_EQ("17", screen.Third.SelectedText());
+    driver.Type("5");
+    EXPECT_EQ("5", screen.Third.Text());
+}
+
+TEST_F(MarkedBoxUnderTheMouse, KeepsItWhileAnUnsteadyHandHoldsTheButton) {
+    QWindow* window = screen.windowHandle();
+    const QPoint middle = InWindow(Marked().rect().center());
+    QTest::mousePress(window, Qt::LeftButton, {}, middle);
+    for (int step = 1; step < 30; ++step) {
+        QTest::mouseMove(window, middle - QPoint(step, 0));
+    }
+    EXPECT_EQ("17", screen.Third.SelectedText());
+    QTest::mouseRelease(window, Qt::LeftButton, {}, middle - QPoint(30, 0));
+    EXPECT_EQ("17", screen.Third.SelectedText());
+}
+
+TEST_F(MarkedBoxUnderTheMouse, PlacesTheCaretByTheNextPress) {
+    driver.Click(screen.Third);
+    driver.Click(Marked(), QPoint(4, Marked().height() / 2));
+    EXPECT_EQ("", screen.Third.SelectedText());
+    driver.Type("5");
+    EXPECT_EQ("517", screen.Third.Text());
+}
+
+TEST_F(MarkedBoxUnderTheMouse, IsSelectedAgainByEachPressThatBringsItTheFocusAgain) {
+    driver.Click(screen.Third).Click(screen.Third).Click(screen.First).Click(screen.Third);
+    EXPECT_EQ("17", screen.Third.SelectedText());
+}
+
+TEST_F(TextBoxTest, KeepsItsCaretUnderThePressThatBringsItTheFocus) {
+    screen.Third.SetText("LEA-4521");
+    auto& edit = dynamic_cast<QLineEdit&>(screen.Third.Widget());
+    driver.Click(edit, QPoint(4, edit.height() / 2)).Type("x");
+    EXPECT_EQ("LEA-4521x", screen.Third.Text());
 }
 
 TEST_F(TextBoxTest, ShowsAWriteFromCodeHoweverSoonItIsLookedAt) {

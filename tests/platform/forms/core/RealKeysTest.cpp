@@ -3,12 +3,17 @@
 
 #include "platform/forms/TrialScreen.h"
 #include "platform/forms/core/Boxes.h"
+#include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 
 #include <QGuiApplication>
 #include <QProcess>
+#include <QWindow>
 
 #include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
 
 namespace Quillane::Testing {
 namespace {
@@ -83,6 +88,141 @@ TEST_F(RealKeys, ShareTheFocusWithTheMouse) {
     EXPECT_EQ((Events{"Validate First", "LostFocus First", "GotFocus Third"}), screen.Taken());
     Send({"key", "shift+Tab", "y"});
     EXPECT_TRUE(WaitFor([&] { return screen.Second.Text() == "y"; }));
+}
+
+const Box FirstQuestion = Question("Save?");
+const Box SecondQuestion{.text = "Print?",
+                         .title = "Confirmation",
+                         .buttons = BoxButtons::YesNo,
+                         .defaultButton = BoxAnswer::No};
+
+/// One key brings up two questions, one after the other.
+class KeysTypedAheadOfBoxes : public RealKeys, public testing::WithParamInterface<int> {
+protected:
+    void SetUp() override {
+        RealKeys::SetUp();
+        SetBoxPresenter({});
+        screen.OnKeyDown = [this](int& key, int) {
+            if (key == 'S') {
+                key = 0;
+                answers.push_back(MsgBox(FirstQuestion));
+                answers.push_back(MsgBox(SecondQuestion));
+            }
+        };
+    }
+    void TearDown() override { ForbidUnexpectedBoxes(); }
+
+    /// Types while the program goes on.
+    static void Type(const QStringList& keys) {
+        QProcess tool;
+        tool.start("xdotool", QStringList{"key", "--delay", QString::number(GetParam())} + keys);
+        ASSERT_TRUE(WaitFor([&] { return tool.state() == QProcess::NotRunning; }));
+        ASSERT_EQ(0, tool.exitCode());
+    }
+
+    std::vector<BoxAnswer> answers;
+};
+
+TEST_P(KeysTypedAheadOfBoxes, AnswerThemInOrderAndTheRestIsTheScreens) {
+    for (int times = 0; times < 5; ++times) {
+        Type({"s", "y", "n", "a", "s", "Escape", "y", "b"});
+        EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "ab"; })) << screen.First.Text();
+        EXPECT_EQ((std::vector{BoxAnswer::Yes, BoxAnswer::No, BoxAnswer::No, BoxAnswer::Yes}),
+                  std::exchange(answers, {}));
+        screen.First.SetText("");
+    }
+}
+
+TEST_P(KeysTypedAheadOfBoxes, GoToAModalScreenAndBackInOrder) {
+    for (int times = 0; times < 5; ++times) {
+        TrialScreen above("Above");
+        above.OnLoad = [&] { above.DoEvents(); };
+        above.OnKeyDown = [&](int& key, int) {
+            if (key == Key::Escape) {
+                key = 0;
+                above.Unload();
+            }
+        };
+        screen.OnKeyDown = [&](int& key, int) {
+            if (key == Key::F1) {
+                above.ShowModal(&screen);
+                screen.DoEvents();
+                screen.Third.SetFocus();
+            }
+        };
+        screen.First.SetFocus();
+        Type({"a", "F1", "b", "Tab", "c", "Escape", "d"});
+        EXPECT_TRUE(WaitFor([&] { return screen.Third.Text() == "d"; }));
+        EXPECT_EQ("a", screen.First.Text());
+        EXPECT_EQ("b", above.First.Text());
+        EXPECT_EQ("c", above.Second.Text());
+        screen.First.SetText("");
+        screen.Third.SetText("");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(MillisecondsBetweenKeys, KeysTypedAheadOfBoxes,
+                         testing::Values(0, 5, 20, 40, 100, 200),
+                         testing::PrintToStringParamName());
+
+/// Another program with a window that has the keyboard; it writes down what is typed there.
+class OtherProgram {
+public:
+    OtherProgram() {
+        tool_.start("xev", {"-event", "keyboard", "-name", "Other program"});
+        EXPECT_TRUE(Answers({"search", "--sync", "--onlyvisible", "--name", "^Other program$"}));
+        window_ = answer_.trimmed();
+        Tool({"windowfocus", window_});
+        EXPECT_TRUE(WaitFor([this] { return HasKeyboard(); }));
+    }
+    ~OtherProgram() {
+        tool_.kill();
+        tool_.waitForFinished();
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    bool HasKeyboard() { return Answers({"getwindowfocus", "-f"}) && answer_.trimmed() == window_; }
+    bool WasTyped(const QByteArray& key) {
+        typed_ += tool_.readAllStandardOutput();
+        return typed_.contains("keysym 0x" + QByteArray::number(key[0], 16) + ", " + key);
+    }
+
+private:
+    bool Answers(const QStringList& question) {
+        QProcess tool;
+        tool.start("xdotool", question);
+        const bool ended = WaitFor([&] { return tool.state() == QProcess::NotRunning; });
+        answer_ = tool.readAllStandardOutput();
+        return ended && tool.exitCode() == 0;
+    }
+    void Tool(const QStringList& arguments) { EXPECT_TRUE(Answers(arguments)); }
+
+    QProcess tool_;
+    QString window_;
+    QByteArray answer_;
+    QByteArray typed_;
+};
+
+TEST_F(RealKeys, OfAnotherProgramStayThereThoughABoxComesUp) {
+    OtherProgram other;
+    ASSERT_TRUE(
+        WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
+    {
+        const VisitBox visit([&](QDialog& box) {
+            EXPECT_TRUE(WaitFor([&] { return box.windowHandle()->isExposed(); }));
+            Send({"key", "x"});
+            EXPECT_TRUE(WaitFor([&] { return other.WasTyped("x"); }));
+            EXPECT_TRUE(other.HasKeyboard());
+            EXPECT_FALSE(box.isActiveWindow());
+            box.reject();
+        });
+        MsgBox(Alert("Port closed"));
+    }
+    Send({"key", "y"});
+    EXPECT_TRUE(WaitFor([&] { return other.WasTyped("y"); }));
+    EXPECT_TRUE(other.HasKeyboard());
+    EXPECT_EQ("", screen.First.Text());
 }
 
 } // namespace

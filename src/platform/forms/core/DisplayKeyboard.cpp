@@ -1,0 +1,109 @@
+#include "platform/forms/core/DisplayKeyboard.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+#include <QWindow>
+
+#include <algorithm>
+
+#if QT_CONFIG(xcb)
+#include <xcb/xcb.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#endif
+
+namespace Quillane {
+
+#if QT_CONFIG(xcb)
+
+namespace {
+
+xcb_connection_t* Server() {
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+QWindow* ProgramsWindow(xcb_window_t id) {
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto found = std::ranges::find_if(
+        windows, [id](const QWindow* each) { return each->handle() && each->winId() == id; });
+    return found == windows.end() ? nullptr : *found;
+}
+
+QWindow* AnyWindowShown() {
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto found = std::ranges::find_if(
+        windows, [](const QWindow* each) { return each->handle() && each->isVisible(); });
+    return found == windows.end() ? nullptr : *found;
+}
+
+xcb_window_t KeyboardsWindow(xcb_connection_t& server) {
+    const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> reply(
+        xcb_get_input_focus_reply(&server, xcb_get_input_focus(&server), nullptr), &std::free);
+    return reply ? reply->focus : xcb_window_t{XCB_NONE};
+}
+
+/// Never seen. The keys that it is sent are saved by KeysOfClosedWindows.
+xcb_window_t WaitingWindow(xcb_connection_t& server) {
+    static xcb_window_t id = XCB_NONE;
+    if (id == XCB_NONE) {
+        const xcb_screen_t& display = *xcb_setup_roots_iterator(xcb_get_setup(&server)).data;
+        const std::array<std::uint32_t, 2> values{1,
+                                                  XCB_EVENT_MASK_KEY_PRESS |
+                                                      XCB_EVENT_MASK_KEY_RELEASE};
+        id = xcb_generate_id(&server);
+        xcb_create_window(&server, XCB_COPY_FROM_PARENT, id, display.root, -1, -1, 1, 1, 0,
+                          XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
+                          XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
+        xcb_map_window(&server, id);
+    }
+    return id;
+}
+
+} // namespace
+
+void PassKeyboard(const QWidget* to) {
+    xcb_connection_t* server = Server();
+    if (!server || !ProgramsWindow(KeyboardsWindow(*server))) {
+        return;
+    }
+    const auto next = to ? static_cast<xcb_window_t>(to->winId()) : WaitingWindow(*server);
+    // Refused, and ignored, where the window cannot be seen.
+    const auto request = xcb_set_input_focus_checked(server, XCB_INPUT_FOCUS_PARENT, next,
+                                                     XCB_CURRENT_TIME);
+    xcb_discard_reply(server, request.sequence);
+}
+
+bool KeysOfClosedWindows::nativeEventFilter(const QByteArray& kind, void* message,
+                                            qintptr* /*result*/) {
+    if (kind != "xcb_generic_event_t") {
+        return false;
+    }
+    const auto type = static_cast<xcb_generic_event_t*>(message)->response_type & 0x7F;
+    if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) {
+        return false;
+    }
+    auto& key = *static_cast<xcb_key_press_event_t*>(message);
+    if (!ProgramsWindow(key.event)) {
+        if (const QWindow* window = AnyWindowShown()) {
+            key.event = static_cast<xcb_window_t>(window->winId());
+        }
+    }
+    return false;
+}
+
+#else
+
+void PassKeyboard(const QWidget* /*to*/) {}
+
+bool KeysOfClosedWindows::nativeEventFilter(const QByteArray& /*kind*/, void* /*message*/,
+                                            qintptr* /*result*/) {
+    return false;
+}
+
+#endif
+
+} // namespace Quillane

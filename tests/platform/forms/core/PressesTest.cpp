@@ -1,0 +1,91 @@
+// Presses of the mouse that press nothing: the focus did not come where the hand went, or the
+// button has long been let go.
+
+#include "platform/forms/TrialScreen.h"
+#include "platform/forms/core/Boxes.h"
+#include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
+
+#include <QAbstractButton>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace Quillane::Testing {
+namespace {
+
+class Press : public testing::Test {
+protected:
+    Press() {
+        screen.BtnGo.Click = [this] { ++clicks; };
+        screen.Show();
+    }
+
+    void ExpectNothingPressed(const char* active) {
+        driver.Click(screen.BtnGo);
+        EXPECT_EQ(0, clicks);
+        EXPECT_FALSE(dynamic_cast<QAbstractButton&>(screen.BtnGo.Widget()).isDown());
+        EXPECT_EQ(active, screen.ActiveControlName());
+    }
+
+    void ExpectTheNextIsWhole() {
+        screen.First.Validate = nullptr;
+        screen.First.LostFocus = nullptr;
+        screen.BtnGo.GotFocus = nullptr;
+        driver.Click(screen.BtnGo);
+        EXPECT_EQ(1, clicks);
+    }
+
+    TrialScreen screen;
+    ScreenDriver driver{screen};
+    int clicks = 0;
+};
+
+TEST_F(Press, PressesNothingWhereABoxCameUpAsTheControlWasValidated) {
+    BoxAnswers answers;
+    answers.Expect(Alert("Text"));
+    screen.First.Validate = [] { MsgBox(Alert("Text")); };
+    ExpectNothingPressed("BtnGo");
+    ExpectTheNextIsWhole();
+}
+
+TEST_F(Press, PressesNothingWhereABoxCameUpAsTheControlWasLeft) {
+    BoxAnswers answers;
+    answers.Expect(Alert("Text"));
+    screen.First.LostFocus = [] { MsgBox(Alert("Text")); };
+    ExpectNothingPressed("BtnGo");
+    ExpectTheNextIsWhole();
+}
+
+TEST_F(Press, PressesNothingWhereABoxCameUpAsItsOwnControlGotTheFocus) {
+    BoxAnswers answers;
+    answers.Expect(Alert("Text"));
+    screen.BtnGo.GotFocus = [] { MsgBox(Alert("Text")); };
+    ExpectNothingPressed("BtnGo");
+    ExpectTheNextIsWhole();
+}
+
+TEST_F(Press, PressesNothingWhereAModalScreenCameUp) {
+    TrialScreen above("Above");
+    screen.First.Validate = [&] { RunModal(above, [](Screen& shown) { shown.Unload(); }); };
+    ExpectNothingPressed("BtnGo");
+    ExpectTheNextIsWhole();
+}
+
+// As a list does that does not hold the text typed in it.
+TEST_F(Press, PressesNothingWhereTheControlTakesTheFocusBack) {
+    screen.First.Validate = [this] { screen.First.SetFocus(); };
+    ExpectNothingPressed("First");
+    ExpectTheNextIsWhole();
+}
+
+// As the id does that turns out to be a stored load's.
+TEST_F(Press, PressesNothingWhereLeavingTheControlLeadsElsewhere) {
+    screen.First.Validate = [this] { screen.Second.SetFocus(); };
+    ExpectNothingPressed("Second");
+    ExpectTheNextIsWhole();
+}
+
+} // namespace
+} // namespace Quillane::Testing
