@@ -1,0 +1,97 @@
+#include "office/records/Texts.h"
+
+#include <QString>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <charconv>
+
+namespace Quillane::Office {
+
+namespace {
+
+QString ToQString(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+bool IsAscii(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::string_view WithoutBlanksAtEnd(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+// Letters of a right-to-left script need the joiners among the format characters.
+bool IsUnfit(QChar character) {
+    constexpr char16_t directionFirst = 0x202A;
+    constexpr char16_t directionLast = 0x202E;
+    return character.category() == QChar::Other_Control ||
+           character.category() == QChar::Separator_Line ||
+           character.category() == QChar::Separator_Paragraph ||
+           (character.unicode() >= directionFirst && character.unicode() <= directionLast);
+}
+
+} // namespace
+
+std::string SqlText(std::string_view text) {
+    std::string literal = "N'";
+    for (const char c : text)
+        literal.append(c == '\'' ? 2 : 1, c);
+    return literal + "'";
+}
+
+std::string Folded(std::string_view text) {
+    const std::string_view kept = WithoutBlanksAtEnd(text);
+    if (!IsAscii(kept))
+        return ToQString(kept).toCaseFolded().toStdString();
+    std::string folded(kept);
+    std::ranges::transform(folded, folded.begin(), Lower);
+    return folded;
+}
+
+int Utf16Length(std::string_view text) {
+    return static_cast<int>(ToQString(text).size());
+}
+
+std::string Trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    if (!IsAscii(text))
+        return ToQString(text).trimmed().toStdString();
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
+}
+
+bool HoldsControlCharacter(std::string_view text) {
+    const QString characters = ToQString(text);
+    return std::ranges::any_of(characters, IsUnfit);
+}
+
+bool IsUtf8(std::string_view text) {
+    if (IsAscii(text))
+        return true;
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded =
+        decoder.decode(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+    return !decoder.hasError();
+}
+
+std::optional<std::int32_t> PositiveNumber(std::string_view text) {
+    std::int32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size() || number < 1)
+        return std::nullopt;
+    return number;
+}
+
+std::string Counted(long count, std::string_view one, std::string_view several) {
+    return std::to_string(count) + " " + std::string(count == 1 ? one : several);
+}
+
+} // namespace Quillane::Office

@@ -1,0 +1,182 @@
+#include "OfficeDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace Quillane::Office {
+namespace {
+
+using Weight = Finding::Weight;
+
+/// The rules need no database: a small list of each kind.
+class Checks : public testing::Test {
+protected:
+    Checks() {
+        for (const Row& row : std::vector<Row>{{"6010001", "Zahid", "3", "", "1", "0", "0", "1"},
+                                               {"6010009", "Akbar", "3", "", "1", "0", "0", "1"},
+                                               {"6040001", "Bashir", "", "", "0", "1", "0", "1"}})
+            parties.rows.Put(row);
+        parties.targets.emplace("cities",
+                                KnownRows(CitiesTable(), {{"3", "Okara"}, {"4", "Sahiwal"}}));
+        parties.keysOfOthers.emplace("6010010", "Petty cash");
+        classes.rows.Put({"1", "New"});
+        classes.rows.Put({"7", "Old"});
+    }
+
+    static Row Party(const std::string& column, const std::string& cell) {
+        Row row = NewParty;
+        row[PlaceOf(PartiesTable(), column)] = cell;
+        return row;
+    }
+    std::string Refusal(const Row& party) {
+        return TextOf(Check(parties, std::nullopt, party), Weight::Refuses);
+    }
+    std::string Warning(const Row& party) {
+        return TextOf(Check(parties, std::nullopt, party), Weight::Warns);
+    }
+
+    Snapshot parties{KnownRows(PartiesTable()), {}, {}};
+    Snapshot classes{KnownRows(BagClassesTable()), {}, {}};
+    Snapshot commodities{KnownRows(CommoditiesTable()), {}, {}};
+};
+
+TEST_F(Checks, SoundRowHasNoFindings) {
+    EXPECT_TRUE(Check(parties, std::nullopt, NewParty).empty());
+}
+
+TEST_F(Checks, PartyWithoutACityIsRefused) {
+    EXPECT_EQ(Refusal(Party("CityId", "")),
+              "City is empty: without a city the arrivals of the party can be saved, but never be "
+              "opened or printed again. Please fill it in.");
+    EXPECT_EQ(Refusal(Party("CityId", "9")), "There is no city with the number 9. It may have been "
+                                             "deleted; please choose another.");
+}
+
+TEST_F(Checks, EmptyNameAndEmptyAccountAreRefused) {
+    EXPECT_EQ(Refusal(Party("AccountName", "")),
+              "Name is empty: without a name nobody can choose it. Please fill it in.");
+    EXPECT_EQ(Refusal(Party("PartyId", "")), "Account is empty: the account number tells the party "
+                                             "from all others. Please fill it in.");
+}
+
+TEST_F(Checks, RowThatIsLeftAsItWasIsNotComplainedOf) {
+    const Row withoutCity = *parties.rows.WithKey("6040001");
+    EXPECT_TRUE(Check(parties, withoutCity, withoutCity).empty());
+    Row renamed = withoutCity;
+    renamed[NameCell] = "Bashir & Sons";
+    EXPECT_TRUE(Refuses(Check(parties, withoutCity, renamed)));
+}
+
+TEST_F(Checks, LengthIsCountedAsSqlServerCountsIt) {
+    EXPECT_EQ(Refusal(Party("AccountName", std::string(100, 'x'))), "");
+    EXPECT_EQ(Refusal(Party("AccountName", std::string(101, 'x'))),
+              "Name has 101 characters, at most 100 fit. Please shorten it.");
+    std::string emoji;
+    for (int count = 0; count < 51; ++count)
+        emoji += "🌾";
+    EXPECT_EQ(Refusal(Party("AccountName", emoji)),
+              "Name has 102 characters, at most 100 fit. Please shorten it.");
+}
+
+TEST_F(Checks, ControlCharactersAreRefused) {
+    for (const char* name : {"Ali\nTraders", "Ali\tTraders", "Ali\x01", "Ali\xC2\x85",
+                             "\xE2\x80\xAEilA", "Ali\xE2\x80\xA8Traders"})
+        EXPECT_EQ(Refusal(Party("AccountName", name)),
+                  "Name holds a line break or another control character. Please take it out.")
+            << name;
+    EXPECT_EQ(Refusal(Party("AccountName", "علی\xE2\x80\x8C"
+                                           "زئی")),
+              "");
+}
+
+TEST_F(Checks, TakenAccountIsRefusedWhateverItsCase) {
+    EXPECT_EQ(Refusal(Party("PartyId", "6010001")),
+              "Account 6010001 is taken by \"Zahid\". Please choose another.");
+    EXPECT_EQ(Refusal(Party("PartyId", "6010010")),
+              "Account 6010010 is taken by \"Petty cash\", which is no party. Please choose "
+              "another.");
+    parties.rows.Put({"60A1", "Letters", "3", "", "1", "0", "0", "1"});
+    EXPECT_EQ(Refusal(Party("PartyId", "60a1")),
+              "Account 60a1 is taken by \"Letters\". Please choose another.");
+}
+
+TEST_F(Checks, PartyThatTheStationCouldNotTellFromAnotherIsRefused) {
+    EXPECT_EQ(Refusal(Party("AccountName", "ZAHID")),
+              "Party 6010001 has the same name and city: the station could not tell them apart. "
+              "Please add something to the name.");
+    Row elsewhere = Party("AccountName", "Zahid");
+    elsewhere[PlaceOf(PartiesTable(), "CityId")] = "4";
+    EXPECT_EQ(Refusal(elsewhere), "");
+}
+
+TEST_F(Checks, AccountOutsideTheSearchedBranchIsWarnedOf) {
+    EXPECT_EQ(Warning(Party("PartyId", "3010001")),
+              "The account 3010001 does not begin with 6: the party search of the station does not "
+              "show it.");
+    EXPECT_EQ(Refusal(Party("PartyId", "3010001")), "");
+}
+
+TEST_F(Checks, PartyWithoutARoleIsWarnedOf) {
+    EXPECT_EQ(Warning(Party("IsSeller", "0")),
+              "The party is neither seller nor buyer nor broker: the station shows it under "
+              "\"ALL\" alone.");
+}
+
+TEST_F(Checks, KeyNeverChanges) {
+    const Row before = *classes.rows.WithKey("1");
+    EXPECT_EQ(TextOf(Check(classes, before, {"2", "New"}), Weight::Refuses),
+              "Number never changes.");
+}
+
+TEST_F(Checks, TakenNameOfABagClassIsRefusedWhateverItsCase) {
+    EXPECT_EQ(TextOf(Check(classes, std::nullopt, {"8", "OLD"}), Weight::Refuses),
+              "The name \"OLD\" is taken by bag class 7. Please choose another.");
+    const Row before = *classes.rows.WithKey("7");
+    EXPECT_TRUE(Check(classes, before, {"7", "OLD"}).empty());
+}
+
+TEST_F(Checks, NumberOfANewRowIsAWholeNumber) {
+    for (const char* number : {"x", "0", "-1", "1.5", "1e3", "2147483648", " 8"})
+        EXPECT_EQ(TextOf(Check(classes, std::nullopt, {number, "Torn"}), Weight::Refuses),
+                  "Number \"" + std::string(number) +
+                      "\" is no whole number from 1 to 2147483647.");
+    EXPECT_TRUE(Check(classes, std::nullopt, {"2147483647", "Torn"}).empty());
+}
+
+TEST_F(Checks, CommodityThatTheStationDoesNotOfferIsWarnedOf) {
+    EXPECT_TRUE(Check(commodities, std::nullopt, {"1", "Wheat", "1", "0", "1"}).empty());
+    for (const Row& row :
+         std::vector<Row>{{"1", "Wheat", "0", "0", "1"}, {"1", "Bags", "1", "0", "0"}})
+        EXPECT_EQ(TextOf(Check(commodities, std::nullopt, row), Weight::Warns),
+                  "The station offers only commodities that are marked \"Purchased\" and "
+                  "\"Wheat\". Arrivals of any other can be opened, but not saved again.");
+}
+
+TEST_F(Checks, ProposedAccountFollowsTheHighestOfTheRoleAndPassesOverTakenOnes) {
+    KeyProposals keys(parties);
+    EXPECT_EQ(keys.For(NewParty), "6010011") << "6010010 is no party's, but taken";
+    EXPECT_EQ(keys.For(NewParty), "6010012");
+    Row buyer = Party("IsSeller", "0");
+    buyer[PlaceOf(PartiesTable(), "IsBuyer")] = "1";
+    EXPECT_EQ(keys.For(buyer), "6040002");
+}
+
+TEST_F(Checks, FirstAccountOfAnEmptyListIsInTheSearchedBranch) {
+    const Snapshot none{KnownRows(PartiesTable()), {}, {}};
+    EXPECT_EQ(KeyProposals(none).For(NewParty), "6010001");
+    Row broker = Party("IsSeller", "0");
+    broker[PlaceOf(PartiesTable(), "IsBroker")] = "1";
+    EXPECT_EQ(KeyProposals(none).For(broker), "6060001");
+}
+
+TEST_F(Checks, ProposedAccountStaysInTheBranch) {
+    parties.rows.Put({"6999999", "Last", "3", "", "1", "0", "0", "1"});
+    EXPECT_EQ(KeyProposals(parties).For(NewParty), "69999991");
+}
+
+TEST_F(Checks, ProposedNumberFollowsTheHighest) {
+    EXPECT_EQ(KeyProposals(classes).For({"", "Torn"}), "8");
+    EXPECT_EQ(KeyProposals(commodities).For({"", "Wheat", "1", "0", "1"}), "1");
+}
+
+} // namespace
+} // namespace Quillane::Office
