@@ -1,13 +1,9 @@
 #include "setup/StationSetUp.h"
 
 #include "platform/forms/core/Text.h"
-#include "platform/host/PrivateFile.h"
 #include "platform/host/StationFile.h"
-#include "platform/runtime/Failure.h"
+#include "platform/host/WholeFile.h"
 #include "platform/runtime/Numbers.h"
-
-#include <QFile>
-#include <QSaveFile>
 
 #include <vector>
 
@@ -17,46 +13,18 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-[[noreturn]] void FailOnFile(const QFileDevice& file) {
-    throw Failure(FailureNumber::PathAccess,
-                  "The file " + FromQt(file.fileName()) + ": " + FromQt(file.errorString()));
-}
-
-std::string ReadWhole(const std::string& path) {
-    QFile file(ToQt(path));
-    if (!file.exists())
-        return {};
-    if (!file.open(QIODevice::ReadOnly))
-        FailOnFile(file);
-    return file.readAll().toStdString();
-}
-
-enum class Readers { All, OwnerAndGroup };
-
-// Written under another name, brought to the disk and renamed, so that the file is whole or not
-// there.
-void WriteWhole(const std::string& path, const std::string& text, Readers readers) {
-    QSaveFile file(ToQt(path));
-    if (!file.open(QIODevice::WriteOnly))
-        FailOnFile(file);
-    if (readers == Readers::OwnerAndGroup)
-        MakePrivate(file);
-    if (file.write(text.data(), static_cast<qint64>(text.size())) < 0 || !file.commit())
-        FailOnFile(file);
-}
-
 void StoreCompanyName(const std::string& folder, const std::string& companyName) {
     std::string& current = TheStation().CompanyNames[1];
     if (current == companyName)
         return;
     const std::string path = folder + "/Station.ini";
-    WriteWhole(path, WithCompanyName(ReadWhole(path), companyName), Readers::All);
+    WriteWholeFile(path, WithCompanyName(ReadWholeFile(path), companyName));
     current = companyName;
 }
 
 // It may hold a password.
 void WriteConfigFile(const std::string& folder, const std::string& fragment) {
-    WriteWhole(folder + "/Config.ini", ConfigFileText(fragment), Readers::OwnerAndGroup);
+    WriteWholeFile(folder + "/Config.ini", ConfigFileText(fragment), FileReaders::OwnerAndGroup);
 }
 
 std::string EmbeddedFragment() {

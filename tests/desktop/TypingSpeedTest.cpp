@@ -36,23 +36,23 @@ protected:
 };
 
 const QStringList SignedIn{"N", "a", "d", "i", "a", "Return", "g", "r", "a", "i", "n", "Return"};
-const QStringList UpToTheGrossWeight{"Return", "Return", "Return", "w", "h", "Return", "Return",
-                                     "c",      "h",      "a",      "u", "Return"};
+const QStringList UpToTheGrossWeight{"Return", "Return", "Return", "w", "h", "Return",
+                                     "Return", "c",      "h",      "a", "u", "Return"};
 const QStringList UpToTheSlip{"space", "k", "5", "Return", "b", "1", "Return", "z", "a",
                               // back to the deduction, and to the bags
-                              "shift+Tab", "shift+Tab", "shift+Tab", "1", "7", "shift+Tab",
-                              "j", "u", "t", "e", "space", "n", "Right", "1", "0", "0", "Right",
-                              "6", "0",
+                              "shift+Tab", "shift+Tab", "shift+Tab", "1", "7", "shift+Tab", "j",
+                              "u", "t", "e", "space", "n", "Right", "1", "0", "0", "Right", "6",
+                              "0",
                               // saved, printed
                               "ctrl+s", "y", "y", "Escape"};
 const QStringList ChangedAndSavedAgain{"shift+Tab", "1", "0", "4", "3", "Return",
                                        // on to the driver
                                        "Return", "Return", "Return", "Return", "Return", "Return",
                                        "Return", "Return", "End", "h", "ctrl+s", "y", "n"};
-const QStringList FoundAndPrinted{"ctrl+o", "1",      "0",      "4",     "3", "Return",
-                                  "Return", "Return", "ctrl+l"};
-const QStringList AnotherRemoved{"shift+Tab", "1", "0", "4", "0", "Return", "ctrl+shift+Delete",
-                                 "y"};
+const QStringList FoundAndPrinted{"ctrl+o", "1",      "0",      "4",     "3",
+                                  "Return", "Return", "Return", "ctrl+l"};
+const QStringList AnotherRemoved{"shift+Tab",         "1", "0", "4", "0", "Return",
+                                 "ctrl+shift+Delete", "y"};
 const QStringList ScreenOpenedAgain{"ctrl+q", "Return", "Return", "Return", "w", "h"};
 
 TEST_P(AtAnySpeed, EveryKeyOfTheMainJobGoesWhereItBelongs) {

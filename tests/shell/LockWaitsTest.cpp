@@ -81,9 +81,7 @@ TEST(WaitDuringStart, IsCancelledByEscTheButtonAndTheCloseBoxAndByNoKeyTypedAhea
 }
 
 TEST(WaitDuringStart, IsOverWithTheStart) {
-    {
-        const StartOfStation start;
-    }
+    { const StartOfStation start; }
     const auto wait = WaitForLock();
     wait->GoOn(milliseconds(400));
     EXPECT_EQ(Window(), nullptr);

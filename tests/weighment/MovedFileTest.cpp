@@ -1,5 +1,5 @@
-// The database's file is moved, deleted or replaced while a load is on the screen: the save says so,
-// and what was entered stays.
+// The database's file is moved, deleted or replaced while a load is on the screen: the save says
+// so, and what was entered stays.
 
 #include "weighment/OpeningFixture.h"
 

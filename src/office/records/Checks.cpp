@@ -79,7 +79,8 @@ private:
         const std::string caption(table_.Key().caption);
         const auto other = known_.keysOfOthers.find(Folded(key));
         if (table_.numbersItself && !PositiveNumber(key))
-            Refuse(KeyCell, caption + " \"" + key + "\" is no whole number from 1 to 2147483647.");
+            Refuse(KeyCell, caption + " \"" + Shortened(key) +
+                                "\" is no whole number from 1 to 2147483647.");
         else if (const Row* taken = known_.rows.WithKey(key))
             Refuse(KeyCell, caption + " " + key + " is taken by \"" + (*taken)[NameCell] +
                                 "\". Please choose another.");

@@ -58,6 +58,14 @@ int Utf16Length(std::string_view text) {
     return static_cast<int>(ToQString(text).size());
 }
 
+std::string Shortened(std::string_view text) {
+    constexpr std::size_t most = 60;
+    std::size_t end = std::min(most, text.size());
+    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end;
+    return std::string(text.substr(0, end)) + (end < text.size() ? "..." : "");
+}
+
 std::string Trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r\n";
     if (!IsAscii(text))

@@ -18,6 +18,9 @@ std::string Folded(std::string_view text);
 /// The length as SQL Server counts it, in UTF-16 units.
 int Utf16Length(std::string_view text);
 
+/// At most 60 bytes of a text, with three points where there is more: a cell may hold a book.
+std::string Shortened(std::string_view text);
+
 /// Without the white space at both ends.
 std::string Trimmed(std::string_view text);
 

@@ -61,8 +61,7 @@ int IsNoRow(void* answer, int, char**, char**) {
 bool IsSound(sqlite3* session) {
     bool isWhole = true;
     bool refersWell = true;
-    const int outcome =
-        sqlite3_exec(session, "PRAGMA integrity_check(1)", IsOk, &isWhole, nullptr);
+    const int outcome = sqlite3_exec(session, "PRAGMA integrity_check(1)", IsOk, &isWhole, nullptr);
     sqlite3_exec(session, "PRAGMA foreign_key_check", IsNoRow, &refersWell, nullptr);
     const int code = PrimaryCode(outcome);
     return isWhole && refersWell && code != SQLITE_CORRUPT && code != SQLITE_NOTADB;
@@ -72,8 +71,7 @@ bool IsSound(sqlite3* session) {
 bool IsSoundWithoutLog(const std::string& path) {
     sqlite3* session = nullptr;
     constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
-    const int outcome =
-        sqlite3_open_v2(ImmutableUri(path).c_str(), &session, flags, nullptr);
+    const int outcome = sqlite3_open_v2(ImmutableUri(path).c_str(), &session, flags, nullptr);
     const bool isSound = outcome == SQLITE_OK && IsSound(session);
     sqlite3_close(session);
     return isSound;

@@ -51,9 +51,8 @@ xcb_window_t WaitingWindow(xcb_connection_t& server) {
     static xcb_window_t id = XCB_NONE;
     if (id == XCB_NONE) {
         const xcb_screen_t& display = *xcb_setup_roots_iterator(xcb_get_setup(&server)).data;
-        const std::array<std::uint32_t, 2> values{1,
-                                                  XCB_EVENT_MASK_KEY_PRESS |
-                                                      XCB_EVENT_MASK_KEY_RELEASE};
+        const std::array<std::uint32_t, 2> values{1, XCB_EVENT_MASK_KEY_PRESS |
+                                                         XCB_EVENT_MASK_KEY_RELEASE};
         id = xcb_generate_id(&server);
         xcb_create_window(&server, XCB_COPY_FROM_PARENT, id, display.root, -1, -1, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
@@ -72,8 +71,8 @@ void PassKeyboard(const QWidget* to) {
     }
     const auto next = to ? static_cast<xcb_window_t>(to->winId()) : WaitingWindow(*server);
     // Refused, and ignored, where the window cannot be seen.
-    const auto request = xcb_set_input_focus_checked(server, XCB_INPUT_FOCUS_PARENT, next,
-                                                     XCB_CURRENT_TIME);
+    const auto request =
+        xcb_set_input_focus_checked(server, XCB_INPUT_FOCUS_PARENT, next, XCB_CURRENT_TIME);
     xcb_discard_reply(server, request.sequence);
 }
 

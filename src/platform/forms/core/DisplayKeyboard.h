@@ -6,10 +6,10 @@ class QWidget;
 
 namespace Quillane {
 
-/// Gives the keyboard to a window that is shown, where this program has it: as the last thing before
-/// the window that has it is hidden. Otherwise the X server sends what is typed to nobody, until the
-/// window manager has found the next window. Null stands for the one that is shown next. Does nothing
-/// on other systems.
+/// Gives the keyboard to a window that is shown, where this program has it: as the last thing
+/// before the window that has it is hidden. Otherwise the X server sends what is typed to nobody,
+/// until the window manager has found the next window. Null stands for the one that is shown next.
+/// Does nothing on other systems.
 void PassKeyboard(const QWidget* to);
 
 /// Saves the keys that the X server sent to a window which was closed before they were read: they

@@ -24,9 +24,7 @@ protected:
     fs::path Elsewhere() const { return folder.Folder() / "elsewhere.db"; }
     std::string File() const { return folder.File().string(); }
 
-    void MoveAway() const {
-        fs::rename(File(), Elsewhere());
-    }
+    void MoveAway() const { fs::rename(File(), Elsewhere()); }
     /// Of the same contents, but another file.
     void ReplaceByACopy() const {
         fs::copy_file(File(), Elsewhere());
@@ -131,8 +129,7 @@ TEST_F(SqliteFileWatchTest, WhatOtherStationsStoreIsNoSuchChange) {
     };
     // In every order of two saves and two times of writing back.
     const std::function<void()> acts[] = {[&] { save(station); }, [&] { save(other); },
-                                          [&] { station.WriteBack(); },
-                                          [&] { other.WriteBack(); }};
+                                          [&] { station.WriteBack(); }, [&] { other.WriteBack(); }};
     int saves = 0;
     for (int order = 0; order < 256; ++order)
         for (int act = order, step = 0; step < 4; ++step, act /= 4) {

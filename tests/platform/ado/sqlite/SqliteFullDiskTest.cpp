@@ -61,8 +61,7 @@ TEST_F(SqliteFullDisk, IsReportedAtTheOpening) {
             Fill(left);
             Connection connection;
             EXPECT_EQ(DatabaseFailureOf([&] { Open(connection); }),
-                      "The disk that holds the database file " +
-                          (disk / "Account1.db").string() +
+                      "The disk that holds the database file " + (disk / "Account1.db").string() +
                           " is full. Please make space on it and start the program again.");
             fs::remove(disk / "all");
         }
@@ -73,8 +72,8 @@ TEST_F(SqliteFullDisk, IsReportedWhereARowFindsNoSpace) {
     Connection connection;
     Open(connection);
     Fill(0);
-    const std::string row = "Insert Into Project_Registry Values ('a', '" +
-                            std::string(100'000, 'x') + "')";
+    const std::string row =
+        "Insert Into Project_Registry Values ('a', '" + std::string(100'000, 'x') + "')";
     EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute(row); }), "database or disk is full");
     fs::remove(disk / "all");
     connection.Execute(row);

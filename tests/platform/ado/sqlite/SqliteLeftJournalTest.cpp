@@ -1,5 +1,5 @@
-// A journal that was left next to the file: of a station that was cut off, or of another state of the
-// database.
+// A journal that was left next to the file: of a station that was cut off, or of another state of
+// the database.
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
@@ -35,9 +35,9 @@ protected:
         ASSERT_TRUE(station.WriteBack());
     }
     static void SaveBy(Connection& station, int first, int last) {
-        const std::string numbers =
-            "With N(I) As (Select " + std::to_string(first) +
-            " Union All Select I + 1 From N Where I < " + std::to_string(last) + ") ";
+        const std::string numbers = "With N(I) As (Select " + std::to_string(first) +
+                                    " Union All Select I + 1 From N Where I < " +
+                                    std::to_string(last) + ") ";
         station.Execute(numbers + "Insert Into Arrivals Select I, 'party ' || (I % 90) From N");
         station.Execute(numbers + "Insert Into Lines (ArrivalId) Select I From N");
     }
@@ -154,8 +154,9 @@ TEST_F(SqliteLeftJournal, IsFoundInAFolderOfAnyName) {
     fs::copy_file(Log(), odd / "Account1.db-wal");
     Connection other;
     other.SetEmbeddedSupport({odd.string()});
-    EXPECT_NE(DatabaseFailureOf([&] { other.Open(EmbeddedFolder::connectionString); })
-                  .find("does not belong"),
+    EXPECT_NE(DatabaseFailureOf([&] {
+                  other.Open(EmbeddedFolder::connectionString);
+              }).find("does not belong"),
               std::string::npos);
 }
 

@@ -19,7 +19,8 @@ protected:
     }
 
     void ShowAbove() {
-        RunModal(above, [](Screen& shown) { shown.Unload(); }, &below);
+        RunModal(
+            above, [](Screen& shown) { shown.Unload(); }, &below);
     }
 
     TrialScreen below;
