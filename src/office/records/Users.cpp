@@ -1,0 +1,197 @@
+#include "office/records/Users.h"
+
+#include "office/records/Texts.h"
+#include "office/records/Transaction.h"
+#include "signin/UserLogin.h"
+
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+
+namespace Quillane::Office {
+
+namespace {
+
+constexpr const char* allUsers = "Select * From StationUsers Order By UserName";
+constexpr std::int32_t highestLevel = 32767;
+
+// As the sign-in compares them.
+std::string Comparable(std::string_view name) {
+    return Folded(Trimmed(name));
+}
+
+int CharacterCount(std::string_view text) {
+    return static_cast<int>(
+        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toUcs4().size());
+}
+
+std::string InQuotes(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+std::string NoSuchUser(std::string_view name) {
+    return "There is no user " + InQuotes(name) + ". Please look at the list of users again.";
+}
+
+std::string WhyNameIsUnfit(const std::string& name) {
+    if (name.empty())
+        return "Please give the user a name.";
+    if (Utf16Length(name) > LongestUserName)
+        return "The name has more than " + std::to_string(LongestUserName) +
+               " characters. Please choose a shorter one.";
+    if (HoldsControlCharacter(name))
+        return "The name holds a line break or another control character. Please choose another.";
+    return {};
+}
+
+std::string WhyLevelIsUnfit(std::int32_t level) {
+    if (level >= 0 && level <= highestLevel)
+        return {};
+    return "A level is a number from 0 to " + std::to_string(highestLevel) +
+           ": 1 has full rights, 2 and above are restricted, 0 may not sign in.";
+}
+
+/// All users, open for writing. Whoever else changes users waits until the transaction ends.
+class LockedUsers {
+public:
+    explicit LockedUsers(Connection& connection) {
+        connection.Execute("Update StationUsers Set UserLevel = UserLevel");
+        rows_.Open(allUsers, connection, adOpenStatic, adLockOptimistic);
+    }
+
+    Recordset& Rows() { return rows_; }
+
+    /// False where nobody has the name.
+    bool MoveTo(std::string_view name) {
+        const std::string wanted = Comparable(name);
+        for (rows_.MoveFirst(); !rows_.Eof(); rows_.MoveNext())
+            if (Comparable(rows_.Fields("UserName").TextOrEmpty()) == wanted)
+                return true;
+        return false;
+    }
+    std::int32_t Level() const { return rows_.Fields("UserLevel").Long(); }
+
+    /// On the current user, which must be as it was shown.
+    std::string WhyNotAsShown(const User& shown) const {
+        if (Level() == shown.level)
+            return {};
+        return "Somebody else has changed the level of " + InQuotes(shown.name) + " from " +
+               std::to_string(shown.level) + " to " + std::to_string(Level()) +
+               " meanwhile. Nothing has been written; please look again.";
+    }
+
+    /// Whether the current user is the only one with full rights. Leaves the current user.
+    bool IsLastWithFullRights() {
+        if (Level() != FullRights)
+            return false;
+        long count = 0;
+        for (rows_.MoveFirst(); !rows_.Eof(); rows_.MoveNext())
+            count += Level() == FullRights;
+        return count == 1;
+    }
+
+private:
+    Recordset rows_;
+};
+
+std::string LastOne(std::string_view name) {
+    return InQuotes(name) + " is the last user of level 1: nobody could keep users and lists any "
+                            "more. Please give another user level 1 first.";
+}
+
+} // namespace
+
+std::vector<User> ReadUsers(Connection& connection) {
+    std::vector<User> users;
+    Recordset rows =
+        connection.Execute("Select UserName, UserLevel From StationUsers Order By UserName");
+    for (; !rows.Eof(); rows.MoveNext())
+        users.push_back({rows.Fields("UserName").TextOrEmpty(), rows.Fields("UserLevel").Long()});
+    return users;
+}
+
+std::string PasswordRule() {
+    return "At least " + std::to_string(ShortestPassword) + " characters, at most " +
+           std::to_string(LongestPassword) + ". Capitals and small letters differ.";
+}
+
+std::string WhyPasswordIsUnfit(std::string_view password) {
+    const int length = CharacterCount(password);
+    if (length >= ShortestPassword && length <= LongestPassword)
+        return {};
+    return "The password has " + Counted(length, "character", "characters") + ". " + PasswordRule();
+}
+
+std::string AddUser(Connection& connection, const User& user, std::string_view password,
+                    HashCost cost) {
+    const std::string name = Trimmed(user.name);
+    for (std::string why :
+         {WhyNameIsUnfit(name), WhyLevelIsUnfit(user.level), WhyPasswordIsUnfit(password)})
+        if (!why.empty())
+            return why;
+    const std::string hash = HashPassword(password, cost);
+    Transaction transaction(connection);
+    LockedUsers users(connection);
+    if (users.MoveTo(name))
+        return "There is already a user " +
+               InQuotes(users.Rows().Fields("UserName").TextOrEmpty()) +
+               "; capitals make no other name. Please choose another.";
+    users.Rows().AddNew();
+    users.Rows().Collect("UserName", name);
+    users.Rows().Collect("PasswordHash", hash);
+    users.Rows().Collect("UserLevel", user.level);
+    users.Rows().Update();
+    transaction.Commit();
+    return {};
+}
+
+std::string SetPassword(Connection& connection, std::string_view name, std::string_view password,
+                        HashCost cost) {
+    if (std::string why = WhyPasswordIsUnfit(password); !why.empty())
+        return why;
+    const std::string hash = HashPassword(password, cost);
+    Transaction transaction(connection);
+    LockedUsers users(connection);
+    if (!users.MoveTo(name))
+        return NoSuchUser(name);
+    users.Rows().Collect("PasswordHash", hash);
+    users.Rows().Update();
+    transaction.Commit();
+    return {};
+}
+
+std::string SetLevel(Connection& connection, const User& shown, std::int32_t level) {
+    if (std::string why = WhyLevelIsUnfit(level); !why.empty())
+        return why;
+    Transaction transaction(connection);
+    LockedUsers users(connection);
+    if (!users.MoveTo(shown.name))
+        return NoSuchUser(shown.name);
+    if (std::string why = users.WhyNotAsShown(shown); !why.empty())
+        return why;
+    if (level != FullRights && users.IsLastWithFullRights())
+        return LastOne(shown.name);
+    users.MoveTo(shown.name);
+    users.Rows().Collect("UserLevel", level);
+    users.Rows().Update();
+    transaction.Commit();
+    return {};
+}
+
+std::string RemoveUser(Connection& connection, const User& shown) {
+    Transaction transaction(connection);
+    LockedUsers users(connection);
+    if (!users.MoveTo(shown.name))
+        return NoSuchUser(shown.name);
+    if (std::string why = users.WhyNotAsShown(shown); !why.empty())
+        return why;
+    if (users.IsLastWithFullRights())
+        return LastOne(shown.name);
+    users.MoveTo(shown.name);
+    users.Rows().Delete();
+    transaction.Commit();
+    return {};
+}
+
+} // namespace Quillane::Office

@@ -1,0 +1,150 @@
+#include "office/records/Users.h"
+
+#include "OfficeDatabase.h"
+
+#include "signin/UserLogin.h"
+#include "support/FailureOf.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace Quillane::Office {
+namespace {
+
+using Attempt = UserLoginObject::Attempt;
+
+class Users : public testing::Test {
+protected:
+    Users() { login.SetConnection(database.other); }
+
+    std::string Add(const User& user, std::string_view password = "sack-of-wheat") {
+        return AddUser(database.connection, user, password, HashCost::Minimum);
+    }
+    std::string Reset(std::string_view name, std::string_view password) {
+        return SetPassword(database.connection, name, password, HashCost::Minimum);
+    }
+    std::optional<std::int32_t> LevelOf(const std::string& name) {
+        for (const User& user : ReadUsers(database.other))
+            if (user.name == name)
+                return user.level;
+        return std::nullopt;
+    }
+
+    OfficeDatabase database; ///< Nadia has level 1, "gate" level 2
+    UserLoginObject login;
+};
+
+TEST_F(Users, AddedUserSignsInAtTheStation) {
+    EXPECT_EQ(Add({" Imran ", RestrictedRights}), "");
+    EXPECT_EQ(login.SignIn("imran", "sack-of-wheat"), Attempt::SignedIn);
+    EXPECT_EQ(login.UserLevel(), RestrictedRights);
+    EXPECT_EQ(login.UserName(), "Imran");
+}
+
+TEST_F(Users, NamesAreUniqueWhateverTheirCase) {
+    const std::string taken = "There is already a user \"Nadia\"; capitals make no other name. "
+                              "Please choose another.";
+    EXPECT_EQ(Add({"nadia", 2}), taken);
+    EXPECT_EQ(Add({" NADIA", 1}), taken);
+    EXPECT_EQ(Add({"Élodie", 2}), "");
+    EXPECT_NE(Add({"éLODIE", 2}), "");
+    EXPECT_EQ(ReadUsers(database.other).size(), 3U);
+}
+
+TEST_F(Users, NameMustBeFitToBeTyped) {
+    EXPECT_EQ(Add({"  ", 2}), "Please give the user a name.");
+    EXPECT_EQ(Add({std::string(41, 'x'), 2}),
+              "The name has more than 40 characters. Please choose a shorter one.");
+    EXPECT_EQ(Add({"Ali\nBaba", 2}),
+              "The name holds a line break or another control character. Please choose another.");
+    EXPECT_EQ(Add({"O'Brien محمد", 2}), "");
+    EXPECT_EQ(login.SignIn("o'brien محمد", "sack-of-wheat"), Attempt::SignedIn);
+}
+
+TEST_F(Users, LevelIsANumberThatTheStationCanRead) {
+    EXPECT_NE(Add({"Imran", -1}), "");
+    EXPECT_NE(Add({"Imran", 32768}), "");
+    EXPECT_EQ(Add({"Imran", 32767}), "");
+}
+
+TEST_F(Users, ShortPasswordIsRefusedByTheRuleThatIsToldBefore) {
+    EXPECT_EQ(PasswordRule(),
+              "At least 8 characters, at most 128. Capitals and small letters differ.");
+    EXPECT_EQ(Add({"Imran", 2}, "seven77"), "The password has 7 characters. " + PasswordRule());
+    EXPECT_EQ(Add({"Imran", 2}, std::string(129, 'x')),
+              "The password has 129 characters. " + PasswordRule());
+    EXPECT_EQ(Add({"Imran", 2}, "گندم کی بوری"), "") << "counted in characters";
+    EXPECT_EQ(LevelOf("Imran"), 2);
+}
+
+TEST_F(Users, NewPasswordReplacesTheForgottenOne) {
+    EXPECT_EQ(Reset("GATE", "new-at-the-gate"), "");
+    EXPECT_EQ(login.SignIn("gate", "gate"), Attempt::Wrong);
+    EXPECT_EQ(login.SignIn("gate", "new-at-the-gate"), Attempt::SignedIn);
+    EXPECT_EQ(login.UserLevel(), 2);
+}
+
+TEST_F(Users, PasswordOfNobodyIsNotReset) {
+    EXPECT_EQ(Reset("nobody", "new-at-the-gate"),
+              "There is no user \"nobody\". Please look at the list of users again.");
+    EXPECT_NE(Reset("gate", "short"), "");
+    EXPECT_EQ(login.SignIn("gate", "gate"), Attempt::SignedIn);
+}
+
+TEST_F(Users, LevelIsChanged) {
+    EXPECT_EQ(SetLevel(database.connection, {"gate", 2}, FullRights), "");
+    EXPECT_EQ(LevelOf("gate"), FullRights);
+}
+
+TEST_F(Users, LastUserOfLevelOneStays) {
+    const std::string last = "\"Nadia\" is the last user of level 1: nobody could keep users and "
+                             "lists any more. Please give another user level 1 first.";
+    EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), last);
+    EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 2), last);
+    EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 0), last);
+    EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 1), "");
+    EXPECT_EQ(LevelOf("Nadia"), 1);
+}
+
+TEST_F(Users, OneOfTwoUsersOfLevelOneMayGo) {
+    EXPECT_EQ(SetLevel(database.connection, {"gate", 2}, 1), "");
+    EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), "");
+    EXPECT_EQ(LevelOf("Nadia"), std::nullopt);
+    EXPECT_EQ(LevelOf("gate"), 1);
+}
+
+TEST_F(Users, UserOfARestrictedLevelMayGo) {
+    EXPECT_EQ(RemoveUser(database.connection, {"gate", 2}), "");
+    EXPECT_EQ(ReadUsers(database.other).size(), 1U);
+}
+
+TEST_F(Users, UserChangedByAnotherOfficeIsToldWithBothLevels) {
+    EXPECT_EQ(SetLevel(database.other, {"gate", 2}, 3), "");
+    const std::string changed = "Somebody else has changed the level of \"gate\" from 2 to 3 "
+                                "meanwhile. Nothing has been written; please look again.";
+    EXPECT_EQ(SetLevel(database.connection, {"gate", 2}, 1), changed);
+    EXPECT_EQ(RemoveUser(database.connection, {"gate", 2}), changed);
+    EXPECT_EQ(LevelOf("gate"), 3);
+    EXPECT_EQ(RemoveUser(database.other, {"gate", 3}), "");
+    EXPECT_EQ(SetLevel(database.connection, {"gate", 3}, 1),
+              "There is no user \"gate\". Please look at the list of users again.");
+}
+
+// Each of them sees two users of level 1 on its screen.
+TEST_F(Users, TwoOfficesCannotRemoveTheLastTwoUsersOfLevelOne) {
+    ASSERT_EQ(SetLevel(database.connection, {"gate", 2}, 1), "");
+    EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), "");
+    EXPECT_NE(RemoveUser(database.other, {"gate", 1}), "");
+    EXPECT_EQ(LevelOf("gate"), 1);
+}
+
+TEST_F(Users, RefusedWriteLeavesTheConnectionUsable) {
+    database.Refuse({.write = "INSERT", .table = "StationUsers", .words = "closed"});
+    EXPECT_THROW(Add({"Imran", 2}), Failure);
+    database.AcceptAgain();
+    EXPECT_EQ(Add({"Imran", 2}), "");
+}
+
+} // namespace
+} // namespace Quillane::Office
