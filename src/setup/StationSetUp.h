@@ -4,7 +4,6 @@
 #include "setup/SqlServerPlace.h"
 
 #include <string>
-#include <string_view>
 
 /// What a first start leaves in the station's folder: the database, the company's name in
 /// `Station.ini`, and last `Config.ini`, whose being there says that the set-up is complete.
@@ -28,9 +27,5 @@ void AdoptDatabase(const std::string& folder, const std::string& companyName);
 /// `storedName` and becomes the station's where the station has none.
 void PointToSqlServer(const std::string& folder, const SqlServerPlace& place,
                       const std::string& newName, const std::string& storedName);
-
-/// A station file's text with this name as company 1: the entry replaced, or put under its section,
-/// or both added at the end. Everything else stays as it is.
-std::string WithCompanyName(std::string_view stationText, std::string_view companyName);
 
 } // namespace Quillane

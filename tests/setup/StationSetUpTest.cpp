@@ -20,27 +20,6 @@ protected:
     FreshFolder folder;
 };
 
-TEST(WithCompanyName, ReplacesOrAddsTheEntryAndKeepsTheRest) {
-    struct Case {
-        const char* before;
-        const char* after;
-    };
-    constexpr Case cases[] = {
-        {"", "[CompanyNames]\n1=Mill\n"},
-        {"[CompanyNames]\n1=Old\n2=Other\n", "[CompanyNames]\n1=Mill\n2=Other\n"},
-        {"[companynames]\n 1 = Old\n", "[companynames]\n1=Mill\n"},
-        {"[CompanyNames]\n2=Other\n", "[CompanyNames]\n1=Mill\n2=Other\n"},
-        {"[Ports]\n1=/dev/x", "[Ports]\n1=/dev/x\n\n[CompanyNames]\n1=Mill\n"},
-        {"; note\n[CompanyNames]\n[Ports]\n1=/dev/x\n",
-         "; note\n[CompanyNames]\n1=Mill\n[Ports]\n1=/dev/x\n"},
-        {"[CompanyNames]\n1=Old", "[CompanyNames]\n1=Mill\n"},
-        {"\xEF\xBB\xBF[CompanyNames]\n1=Old\n", "\xEF\xBB\xBF[CompanyNames]\n1=Mill\n"},
-        {"[CompanyNames]\r\n10=x\r\n", "[CompanyNames]\r\n1=Mill\n10=x\r\n"},
-    };
-    for (const Case& each : cases)
-        EXPECT_EQ(WithCompanyName(each.before, "Mill"), each.after) << each.before;
-}
-
 TEST_F(StationSetUp, LeavesTheDatabaseTheNameAndTheConfigFile) {
     SetUpStation(folder.path, SampleParticulars());
     EXPECT_EQ(LookAtEmbeddedDatabase(folder.File("Account1.db")).companyName,
