@@ -20,9 +20,6 @@
 #include "signin/StationSupport.h"
 #include "signin/UserLogin.h"
 
-#include <algorithm>
-#include <fstream>
-
 namespace Quillane {
 
 namespace {
@@ -125,35 +122,6 @@ void Main() {
     }
     TheDesktop = std::make_unique<Desktop>();
     TheDesktop->Show();
-}
-
-std::string ReadFirstField(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string line;
-    std::getline(file, line);
-    if (!FileExists(path))
-        throw Failure(FailureNumber::FileNotFound, "File not found: " + path);
-    // A folder of that name opens, and fails at the first read.
-    if (!file.is_open() || file.bad())
-        throw Failure(FailureNumber::PathAccess, "The file " + path + " cannot be read.");
-    if (line.starts_with("\xEF\xBB\xBF"))
-        line.erase(0, 3);
-    if (line.empty() && file.eof())
-        throw Failure(FailureNumber::InputPastEnd,
-                      "Input past end of file: " + path + " is empty.");
-    line.erase(std::min(line.find('\r'), line.size()));
-    line.erase(0, line.find_first_not_of(' '));
-    if (line.starts_with('"'))
-        return line.substr(1, line.find('"', 1) - 1);
-    return line.substr(0, line.find(','));
-}
-
-std::string ConnectionString(std::string_view osName, std::string_view stationRole,
-                             std::string_view configText) {
-    std::string text = "Driver=SQL Server;" + std::string(configText);
-    if (UpperCase(osName) == UpperCase("Microsoft Windows XP") || stationRole == "Client")
-        text += ";Uid=anonymous";
-    return text;
 }
 
 std::int16_t CompanyNumber(std::string_view databaseName) {

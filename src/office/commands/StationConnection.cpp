@@ -1,0 +1,85 @@
+#include "office/commands/StationConnection.h"
+
+#include "data/ConfigFile.h"
+#include "data/EmbeddedFunctions.h"
+#include "platform/ado/Connection.h"
+#include "platform/host/Files.h"
+#include "platform/host/StationFile.h"
+#include "platform/host/SystemInfo.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/Numbers.h"
+#include "setup/SchemaUpgrade.h"
+
+#include <algorithm>
+
+namespace Quillane::Office {
+
+namespace {
+
+constexpr int connectionTimeoutSeconds = 120;
+
+/// Up to the semicolon that ends the first attribute; one in braces may hold semicolons.
+std::size_t EndOfAttribute(std::string_view text) {
+    const std::size_t equals = text.find('=');
+    const bool inBraces =
+        equals != std::string_view::npos && text.substr(equals + 1).starts_with('{');
+    const std::size_t from = inBraces ? text.find("};", equals) : 0;
+    if (from == std::string_view::npos)
+        return text.size();
+    return std::min(text.find(';', from), text.size());
+}
+
+bool IsOfSignIn(std::string_view attribute) {
+    const std::string_view key = Trim(attribute.substr(0, attribute.find('=')));
+    return EqualIgnoringCase(key, "UID") || EqualIgnoringCase(key, "PWD") ||
+           EqualIgnoringCase(key, "Trusted_Connection");
+}
+
+void CheckSchema(Connection& connection) {
+    const double version = ReadSchemaVersion(connection);
+    if (version == SchemaVersionOfProgram())
+        return;
+    throw Failure(FailureNumber::Database,
+                  "The database has the schema number " + NumberText(version) +
+                      ", this program needs " + NumberText(SchemaVersionOfProgram()) +
+                      ". An older database is brought up to date by a start of the station; for a "
+                      "newer one please install the newer program.",
+                  FailureSource::Database);
+}
+
+} // namespace
+
+std::string WithoutSignIn(std::string_view fragment) {
+    std::string kept;
+    while (!fragment.empty()) {
+        const std::size_t end = EndOfAttribute(fragment);
+        const std::string_view attribute = fragment.substr(0, end);
+        if (!IsOfSignIn(attribute))
+            kept += (kept.empty() ? "" : ";") + std::string(attribute);
+        fragment.remove_prefix(std::min(end + 1, fragment.size()));
+    }
+    return kept;
+}
+
+void OpenStationDatabase(Connection& connection, const std::string& folder,
+                         const ServerSignIn& signIn) {
+    const std::string config = folder + "/Config.ini";
+    if (!FileExists(config))
+        throw Failure(FailureNumber::FileNotFound,
+                      "There is no " + config +
+                          ". Please start the station first, which sets the "
+                          "database up, or name its folder by --station.");
+    connection.SetEmbeddedSupport(
+        {.folder = folder, .registerFunctions = RegisterEmbeddedFunctions});
+    connection.ConnectionTimeout = connectionTimeoutSeconds;
+    const std::string fragment = ReadFirstField(config);
+    if (signIn.name.empty())
+        connection.Open(ConnectionString(SystemInfo::OsName(), TheStation().StationRole, fragment));
+    else
+        connection.Open("Driver=SQL Server;" + WithoutSignIn(fragment), signIn.name,
+                        signIn.password);
+    connection.CursorLocation = adUseClient;
+    CheckSchema(connection);
+}
+
+} // namespace Quillane::Office
