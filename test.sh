@@ -18,7 +18,7 @@ usage() {
   --help           this text
 
   With a SQL Server named in tests/sqlserver.local (see README.md) the station's tests run on it
-  too; without that file they are skipped, and listed so at the end.
+  too; without that file they are not registered.
 
   Ends with the summary of ctest; the exit code is 0 only when every test passed.
 END
@@ -50,6 +50,6 @@ cmake --build "build/$preset" --parallel "$jobs"
 export LSAN_OPTIONS="suppressions=$PWD/tools/setup/leaks.supp:print_suppressions=0"
 export UBSAN_OPTIONS="print_stacktrace=1"
 [ -e tests/sqlserver.local ] ||
-    echo "No file tests/sqlserver.local names a SQL Server: its tests are skipped."
+    echo "No file tests/sqlserver.local names a SQL Server: its tests are left out."
 ctest --test-dir "build/$preset" --output-on-failure --no-tests=error --parallel "$jobs" \
     "${ctest_options[@]}"
