@@ -247,7 +247,8 @@ TEST_F(PrintTest, OfAStoredLoadComesUpByItsKeyAndLeavesTheLoadAsItIs) {
     const std::string mode = screen->ScreenMode;
     for (int times = 0; times < 2; ++times) {
         int slips = 0;
-        Preview([this] { Driver().Press(Qt::Key_F9); }, [&](RptReportViewer&) { ++slips; });
+        Preview([this] { ScreenDriver(*screen).Press(Qt::Key_F9); },
+                [&](RptReportViewer&) { ++slips; });
         EXPECT_EQ(slips, 1);
         EXPECT_TRUE(screen->BtnPrint.Enabled());
         EXPECT_FALSE(screen->BtnSave.Enabled());
@@ -257,13 +258,13 @@ TEST_F(PrintTest, OfAStoredLoadComesUpByItsKeyAndLeavesTheLoadAsItIs) {
 }
 
 TEST_F(PrintTest, DoesNotComeUpByItsKeyWhereNoLoadIsStoredOrItIsChanged) {
-    Driver().Press(Qt::Key_F9);
+    ScreenDriver(*screen).Press(Qt::Key_F9);
     EXPECT_FALSE(screen->BtnSave.Enabled()) << "the key begins no change";
     FillInOpened(1031);
     screen->SetButtonState(3);
-    Driver().Press(Qt::Key_Home);
+    ScreenDriver(*screen).Press(Qt::Key_Home);
     ASSERT_TRUE(screen->BtnSave.Enabled());
-    Driver().Press(Qt::Key_F9);
+    ScreenDriver(*screen).Press(Qt::Key_F9);
     EXPECT_TRUE(screen->BtnSave.Enabled());
 }
 
