@@ -1,6 +1,6 @@
 #include "station/StationDatabase.h"
 
-#include "data/EmbeddedFunctions.h"
+#include "signin/StationSupport.h"
 #include "station/StationStore.h"
 
 namespace Quillane {
@@ -38,8 +38,7 @@ std::string StationDatabase::ConfigText() const {
 }
 
 void StationDatabase::Open(Connection& connection) const {
-    connection.SetEmbeddedSupport(
-        {.folder = folder.path, .registerFunctions = RegisterEmbeddedFunctions});
+    connection.SetEmbeddedSupport(StationSupport(folder.path));
     connection.Open("Driver=SQL Server;" + ConfigText());
     connection.CursorLocation = adUseClient;
 }

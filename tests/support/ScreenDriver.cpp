@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace Quillane::Testing {
@@ -80,6 +81,18 @@ ScreenDriver& ScreenDriver::Click(QWidget& widget, QPoint point) {
 ScreenDriver& ScreenDriver::DoubleClick(QWidget& widget, QPoint point) {
     QWindow* window = widget.window()->windowHandle();
     QTest::mouseDClick(window, Qt::LeftButton, {}, widget.mapTo(widget.window(), point));
+    return *this;
+}
+
+ScreenDriver& ScreenDriver::Drag(QWidget& widget, QPoint from, QPoint to) {
+    QWindow* window = widget.window()->windowHandle();
+    const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
+    const int steps = std::max((to - from).manhattanLength(), 1);
+    QTest::mousePress(window, Qt::LeftButton, {}, corner + from);
+    for (int step = 1; step <= steps; ++step) {
+        QTest::mouseMove(window, corner + from + (to - from) * step / steps);
+    }
+    QTest::mouseRelease(window, Qt::LeftButton, {}, corner + to);
     return *this;
 }
 

@@ -35,6 +35,8 @@ public:
     ScreenDriver& Click(VisualControl& control);
     ScreenDriver& Click(QWidget& widget, QPoint point);
     ScreenDriver& DoubleClick(QWidget& widget, QPoint point);
+    /// Presses at one point of a widget, moves point by point and lets go at another.
+    ScreenDriver& Drag(QWidget& widget, QPoint from, QPoint to);
 
     /// The control of this name; an unknown name fails the test.
     VisualControl& Named(std::string_view name);

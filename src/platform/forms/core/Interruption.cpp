@@ -7,7 +7,9 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QEventLoop>
 #include <QWindow>
+#include <private/qguiapplication_p.h>
 
 namespace Quillane {
 
@@ -63,9 +65,22 @@ void Interruption::Shows() {
 
 int Interruption::Run(QDialog& dialog) {
     Awaits(dialog);
-    dialog.setAttribute(Qt::WA_ShowWithoutActivating, !inFront_);
     Shows();
-    return dialog.exec();
+    return inFront_ ? dialog.exec() : RunUnasked(dialog);
+}
+
+// The toolkit takes the keyboard for whatever is modal as it is shown, so this becomes so
+// afterwards.
+int Interruption::RunUnasked(QDialog& dialog) const {
+    QEventLoop loop;
+    QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
+    dialog.setModal(false);
+    dialog.setAttribute(Qt::WA_ShowWithoutActivating);
+    dialog.show();
+    dialog.windowHandle()->setModality(Qt::ApplicationModal);
+    QGuiApplicationPrivate::showModalWindow(dialog.windowHandle());
+    loop.exec();
+    return dialog.result();
 }
 
 // Runs before the window is shown or hidden on the display.

@@ -37,6 +37,7 @@ public:
     static unsigned Count();
 
 private:
+    int RunUnasked(QDialog& dialog) const;
     void Changes(bool visible) const;
 
     QPointer<QObject> below_;

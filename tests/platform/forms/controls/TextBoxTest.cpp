@@ -11,8 +11,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QTest>
-#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -244,7 +242,6 @@ protected:
     }
 
     QLineEdit& Marked() { return dynamic_cast<QLineEdit&>(screen.Third.Widget()); }
-    QPoint InWindow(QPoint point) { return Marked().mapTo(&screen, point); }
 };
 
 TEST_F(MarkedBoxUnderTheMouse, KeepsItsSelectionUnderThePressThatBringsItTheFocus) {
@@ -256,15 +253,18 @@ TEST_F(MarkedBoxUnderTheMouse, KeepsItsSelectionUnderThePressThatBringsItTheFocu
 }
 
 TEST_F(MarkedBoxUnderTheMouse, KeepsItWhileAnUnsteadyHandHoldsTheButton) {
-    QWindow* window = screen.windowHandle();
-    const QPoint middle = InWindow(Marked().rect().center());
-    QTest::mousePress(window, Qt::LeftButton, {}, middle);
-    for (int step = 1; step < 30; ++step) {
-        QTest::mouseMove(window, middle - QPoint(step, 0));
-    }
+    const QPoint middle = Marked().rect().center();
+    driver.Drag(Marked(), middle, middle - QPoint(30, 0));
     EXPECT_EQ("17", screen.Third.SelectedText());
-    QTest::mouseRelease(window, Qt::LeftButton, {}, middle - QPoint(30, 0));
-    EXPECT_EQ("17", screen.Third.SelectedText());
+}
+
+TEST_F(MarkedBoxUnderTheMouse, IsSelectedFromByTheNextDrag) {
+    screen.Third.SetText("LEA-4521");
+    driver.Click(screen.Third);
+    const int height = Marked().height() / 2;
+    driver.Drag(Marked(), QPoint(4, height), QPoint(20, height));
+    EXPECT_NE("LEA-4521", screen.Third.SelectedText());
+    EXPECT_EQ('L', screen.Third.SelectedText().at(0));
 }
 
 TEST_F(MarkedBoxUnderTheMouse, PlacesTheCaretByTheNextPress) {

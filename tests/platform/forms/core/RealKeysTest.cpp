@@ -8,6 +8,7 @@
 
 #include <QGuiApplication>
 #include <QProcess>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -163,6 +164,82 @@ TEST_P(KeysTypedAheadOfBoxes, GoToAModalScreenAndBackInOrder) {
 INSTANTIATE_TEST_SUITE_P(MillisecondsBetweenKeys, KeysTypedAheadOfBoxes,
                          testing::Values(0, 5, 20, 40, 100, 200),
                          testing::PrintToStringParamName());
+
+/// Another program with a window that has the keyboard; it writes down what is typed there.
+class OtherProgram {
+public:
+    OtherProgram() {
+        tool_.start("xev", {"-event", "keyboard", "-name", "Other program"});
+        EXPECT_TRUE(Answers({"search", "--sync", "--onlyvisible", "--name", "^Other program$"}));
+        window_ = answer_.trimmed();
+        Tool({"windowfocus", window_});
+        EXPECT_TRUE(WaitFor([this] { return HasKeyboard(); }));
+    }
+    ~OtherProgram() {
+        tool_.kill();
+        tool_.waitForFinished();
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    bool HasKeyboard() { return Answers({"getwindowfocus", "-f"}) && answer_.trimmed() == window_; }
+    bool WasTyped(const QByteArray& key) {
+        typed_ += tool_.readAllStandardOutput();
+        return typed_.contains("keysym 0x" + QByteArray::number(key[0], 16) + ", " + key);
+    }
+
+private:
+    bool Answers(const QStringList& question) {
+        QProcess tool;
+        tool.start("xdotool", question);
+        const bool ended = WaitFor([&] { return tool.state() == QProcess::NotRunning; });
+        answer_ = tool.readAllStandardOutput();
+        return ended && tool.exitCode() == 0;
+    }
+    void Tool(const QStringList& arguments) { EXPECT_TRUE(Answers(arguments)); }
+
+    QProcess tool_;
+    QString window_;
+    QByteArray answer_;
+    QByteArray typed_;
+};
+
+TEST_F(RealKeys, OfAnotherProgramStayThereThoughABoxComesUp) {
+    OtherProgram other;
+    ASSERT_TRUE(
+        WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
+    {
+        const VisitBox visit([&](QDialog& box) {
+            EXPECT_TRUE(WaitFor([&] { return box.windowHandle()->isExposed(); }));
+            Send({"key", "x"});
+            EXPECT_TRUE(WaitFor([&] { return other.WasTyped("x"); }));
+            EXPECT_TRUE(other.HasKeyboard());
+            EXPECT_FALSE(box.isActiveWindow());
+            box.reject();
+        });
+        MsgBox(Alert("Port closed"));
+    }
+    Send({"key", "y"});
+    EXPECT_TRUE(WaitFor([&] { return other.WasTyped("y"); }));
+    EXPECT_TRUE(other.HasKeyboard());
+    EXPECT_EQ("", screen.First.Text());
+}
+
+TEST_F(RealKeys, AnswerABoxThatCameUpUnaskedOnceTheProgramIsInFrontAgain) {
+    const OtherProgram other;
+    ASSERT_TRUE(
+        WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
+    {
+        const VisitBox visit([this](QDialog& box) {
+            EXPECT_TRUE(WaitFor([&] { return box.windowHandle()->isExposed(); }));
+            Send({"windowfocus", QString::number(screen.winId()), "key", "Return"});
+            EXPECT_TRUE(WaitFor([&] { return !box.isVisible(); }));
+        });
+        MsgBox(Alert("Port closed"));
+    }
+    Send({"key", "x"});
+    EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "x"; }));
+}
 
 } // namespace
 } // namespace Quillane::Testing
