@@ -1,6 +1,6 @@
 #include "station/StationDatabase.h"
 
-#include "signin/StationSupport.h"
+#include "data/EmbeddedFunctions.h"
 #include "station/StationStore.h"
 
 namespace Quillane {
@@ -38,7 +38,8 @@ std::string StationDatabase::ConfigText() const {
 }
 
 void StationDatabase::Open(Connection& connection) const {
-    connection.SetEmbeddedSupport(StationSupport(folder.path));
+    connection.SetEmbeddedSupport(
+        {.folder = folder.path, .registerFunctions = RegisterEmbeddedFunctions});
     connection.Open("Driver=SQL Server;" + ConfigText());
     connection.CursorLocation = adUseClient;
 }

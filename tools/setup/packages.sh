@@ -5,6 +5,7 @@
 #   tools/setup/packages.sh build walk     and to try it out without a display
 #   tools/setup/packages.sh build test     and to run every test
 #   tools/setup/packages.sh checks bench   format and lint checks, benchmarks
+#   tools/setup/packages.sh build package  to build the Debian package
 #
 # Says nothing and needs no rights when everything is there.
 set -euo pipefail
@@ -18,6 +19,7 @@ walk=(xvfb xauth xdotool x11-utils openbox imagemagick poppler-utils)
 servers=(postgresql odbc-postgresql)
 test=(libgtest-dev "${walk[@]}" sqlite3 procps "${servers[@]}" tdsodbc)
 checks=(git clang-format clang-tidy)
+package=(git dpkg-dev debhelper cmark-gfm lintian)
 bench=(libbenchmark-dev libxcb1-dev xvfb "${servers[@]}" tdsodbc)
 
 is_installed() {
@@ -54,9 +56,9 @@ tell_by_hand() {
 
 for group in "$@"; do
     case $group in
-    build | walk | test | checks | bench) ;;
+    build | walk | test | checks | bench | package) ;;
     *)
-        echo "$0: no such list: $group (build, walk, test, checks, bench)" >&2
+        echo "$0: no such list: $group (build, walk, test, checks, bench, package)" >&2
         exit 2
         ;;
     esac
