@@ -1,10 +1,14 @@
 #!/usr/bin/env bash
 # Runs clang-tidy with the checks of .clang-tidy over the program's sources.
-#   tools/setup/lint.sh build/release [files]      (default: every .cpp under src/)
+#   tools/setup/lint.sh [files]      (default: every .cpp under src/)
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-build=${1:?usage: $0 BUILD_FOLDER [files]}
-shift
+command -v clang-tidy >/dev/null || { echo "lint.sh: clang-tidy is not installed" >&2; exit 1; }
+
+# The commands of a build without precompiled headers, which clang cannot read. Nothing is built.
+build=build/lint
+. tools/setup/build.sh
+configure release -B "$build" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUILLANE_TESTS=OFF >/dev/null
 
 # Whether a file compiles is for the project's own compiler to say: Debian's clang stumbles over the
 # ranges of the newer standard library, so its parse errors are passed over. What it finds is told
