@@ -13,7 +13,7 @@ std::string FaultOfDevice(const std::string& device) {
 #else
     const QFileInfo file(ToQt(device));
     if (!file.exists())
-        return "there is no such device. Is the indicator's adapter plugged in?";
+        return std::string(NoSuchDevice);
     return file.isReadable() ? std::string() : "this user may not use the device.";
 #endif
 }

@@ -47,8 +47,8 @@ public:
     /// and (8002) where a port that is read in whole bursts has not paused for five seconds.
     std::string Input();
 
-    /// Which device a port number means; the start-up fills it from the station file. An empty
-    /// function brings the default back: /dev/ttyS(n-1), or COMn.
+    /// Which device a port number means; the start-up fills it from the station file. With an empty
+    /// function it is the one of a station file that names no ports.
     static void SetDevices(std::function<std::string(int port)> deviceOf);
     /// Which ports are read in whole bursts, likewise; asked at each opening. By default none is.
     static void SetWholeBursts(std::function<bool(int port)> hasWholeBursts);

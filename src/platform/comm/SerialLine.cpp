@@ -1,6 +1,8 @@
 #include "platform/comm/SerialLine.h"
 
+#include "platform/comm/LineDevice.h"
 #include "platform/forms/core/Text.h"
+#include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
 
 #include <QFileInfo>
@@ -21,11 +23,7 @@ constexpr std::size_t bufferSize = 1024;
 std::string DeviceOfPort(int port) {
     if (SerialLine::DeviceOf)
         return SerialLine::DeviceOf(port);
-#ifdef Q_OS_WIN
-    return "COM" + std::to_string(port);
-#else
-    return "/dev/ttyS" + std::to_string(port - 1);
-#endif
+    return StationFile().PortDevice(port);
 }
 
 Bursts::Time Now() {
@@ -98,13 +96,14 @@ void SerialLine::Open() {
 
 void SerialLine::FailToOpen() {
     const auto why = [this]() -> std::string {
-        const QFileInfo file(ToQt(device_));
+        // First: the name of a missing device may be locked all the same.
+        if (std::string fault = FaultOfDevice(device_); !fault.empty())
+            return fault;
         switch (port_.error()) {
         case QSerialPort::DeviceNotFoundError:
-            return "there is no such device. Is the indicator's adapter plugged in?";
+            return std::string(NoSuchDevice);
         case QSerialPort::PermissionError:
-            return !file.isReadable() ? "this user may not use the device."
-                                      : "another program is using it.";
+            return "another program is using it.";
         case QSerialPort::UnsupportedOperationError:
             return "it is no serial line, or does not take the settings " + settings_ + ".";
         default:

@@ -5,6 +5,8 @@
 #include "platform/runtime/Failure.h"
 #include "support/ScreenDriver.h"
 
+#include <QLockFile>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -203,6 +205,18 @@ TEST_F(MSCommTest, TellsThatTheDeviceIsMissing) {
     line.SetCommPort(1);
     line.SetPortOpen(true);
     EXPECT_TRUE(line.PortOpen());
+}
+
+// Another program that looks for the device locks its name, and so does one that was killed.
+TEST_F(MSCommTest, ReportsAMissingDeviceAlsoWhileItsNameIsLocked) {
+    const std::string device = "/dev/no-such-line-" + std::to_string(getpid());
+    MSComm::SetDevices([&](int) { return device; });
+    QLockFile lock(QString::fromStdString(Testing::LockName::LockFile(device)));
+    ASSERT_TRUE(lock.tryLock());
+    ExpectFailure([&] { line.SetPortOpen(true); }, 8002,
+                  "Port 1 (" + device +
+                      ") cannot be opened: there is no such device. Is the indicator's adapter "
+                      "plugged in?");
 }
 
 TEST_F(MSCommTest, TellsThatAnotherHoldsThePortByWhateverName) {
