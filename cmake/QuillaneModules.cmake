@@ -75,6 +75,12 @@ function(quillane_test_options target)
     target_precompile_headers(${target} REUSE_FROM ${headers})
 endfunction()
 
+# Test files that compute for seconds. Compiled otherwise than the rest, they cannot share its headers.
+function(quillane_optimise_tests)
+    set_source_files_properties(${ARGN} PROPERTIES
+        COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
+
 # quillane_tests(Scale LINKS Quillane::Scale ...) builds the folder's files into one program
 # and registers each case. With SCREEN the program brings up an application off screen. With
 # POSTGRES the cases of that name share one server, started for them and stopped after them.
