@@ -1,6 +1,7 @@
 #include "platform/comm/SerialLine.h"
 
 #include "platform/comm/LineDevice.h"
+#include "platform/comm/LineLock.h"
 #include "platform/forms/core/Text.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
@@ -35,6 +36,20 @@ Bursts::Time Now() {
 std::chrono::milliseconds SilenceAfterBurst(const LineSettings& settings) {
     constexpr std::chrono::milliseconds least(50);
     return std::max(least, std::chrono::ceil<std::chrono::milliseconds>(3 * settings.Character()));
+}
+
+/// Why a device that this user may use cannot be opened.
+std::string WhyLocked(const std::string& file) {
+    const LineLock lock = ReadLineLock(file);
+    if (lock.state == LineLock::State::Left)
+        return "a program that has ended left the lock file " + lock.file +
+               ", and this user may not delete it. Please have the person who looks after the "
+               "computer delete the file, or start the computer again.";
+    if (lock.state == LineLock::State::Unreadable)
+        return "the lock file " + lock.file +
+               " is another user's. Please close the other user's program; where none runs, have "
+               "the person who looks after the computer delete the file.";
+    return "another program is using it.";
 }
 
 } // namespace
@@ -81,10 +96,7 @@ void SerialLine::Open() {
     port_.setDataBits(parsed_.dataBits);
     port_.setStopBits(parsed_.stopBits);
     port_.setFlowControl(QSerialPort::NoFlowControl);
-    opening_ = true;
-    const bool opened = port_.open(QIODevice::ReadOnly);
-    opening_ = false;
-    if (!opened)
+    if (!OpenDevice() && !(FreeFromLeftLock() && OpenDevice()))
         FailToOpen();
     if (HasWholeBursts && HasWholeBursts(number_)) {
         const auto silence = SilenceAfterBurst(parsed_);
@@ -92,6 +104,20 @@ void SerialLine::Open() {
         // A timer may fire within the millisecond before its time.
         silenceTimer_.start(silence + std::chrono::milliseconds(1));
     }
+}
+
+bool SerialLine::OpenDevice() {
+    opening_ = true;
+    const bool opened = port_.open(QIODevice::ReadOnly);
+    opening_ = false;
+    return opened;
+}
+
+bool SerialLine::FreeFromLeftLock() {
+    if (port_.error() != QSerialPort::PermissionError)
+        return false;
+    const LineLock lock = ReadLineLock(FromQt(port_.portName()));
+    return lock.state == LineLock::State::Left && RemoveLeftLock(lock);
 }
 
 void SerialLine::FailToOpen() {
@@ -103,7 +129,7 @@ void SerialLine::FailToOpen() {
         case QSerialPort::DeviceNotFoundError:
             return std::string(NoSuchDevice);
         case QSerialPort::PermissionError:
-            return "another program is using it.";
+            return WhyLocked(FromQt(port_.portName()));
         case QSerialPort::UnsupportedOperationError:
             return "it is no serial line, or does not take the settings " + settings_ + ".";
         default:

@@ -40,6 +40,9 @@ public:
     static std::function<Bursts::Time()> Clock;
 
 private:
+    bool OpenDevice();
+    /// True where a process that has ended kept the device locked, and does so no more.
+    bool FreeFromLeftLock();
     [[noreturn]] void FailToOpen();
     void OnError(QSerialPort::SerialPortError error);
     /// Takes what has arrived, also while the event loop does not run.
