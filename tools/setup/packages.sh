@@ -12,7 +12,7 @@ set -euo pipefail
 
 # One list for each purpose. What each library is for stands in README.md.
 build=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-base-private-dev qt6-serialport-dev
-    libgl-dev libxcb1-dev libsqlite3-dev unixodbc-dev libsodium-dev python3
+    libgl-dev libxcb1-dev libsqlite3-dev unixodbc-dev libsodium-dev libxlsxwriter-dev python3
     fontconfig fonts-liberation fonts-dejavu-core fonts-nafees)
 walk=(xvfb xauth xdotool x11-utils openbox imagemagick poppler-utils)
 # A server that the tests start themselves, and its driver.

@@ -1,0 +1,112 @@
+#include "office/daybook/Arrivals.h"
+
+#include "office/records/Texts.h"
+#include "platform/ado/Connection.h"
+
+namespace Quillane::Office {
+
+namespace {
+
+/// In the order of the statement's columns.
+enum Column { Day, Id, Party, Commodity, Vehicle, Bags, Gross, Tare, ScaleDeduction, Net };
+
+/// A text with the characters that mean something to Like made plain by "!".
+std::string PlainInPattern(std::string_view text) {
+    std::string plain;
+    for (const char c : text) {
+        if (std::string_view("!%_[]").find(c) != std::string_view::npos)
+            plain += '!';
+        plain += c;
+    }
+    return plain;
+}
+
+std::string Quoted(const std::string& moment) {
+    return "'" + moment + "'";
+}
+
+/// The number alone is compared within the day of the place, so that the index on the date serves.
+std::string PeriodCondition(const ArrivalFilter& filter, const ArrivalPlace& place) {
+    const std::string first = place.moment.empty() ? DateLiteral(filter.from) : place.moment;
+    std::string condition = "A.ArrivalDate >= " + Quoted(first) + " And A.ArrivalDate < " +
+                            Quoted(DateLiteral(AddDays(filter.to, 1)));
+    if (!place.moment.empty())
+        condition += " And (A.ArrivalDate > " + Quoted(place.moment) +
+                     " Or A.ArrivalID > " + std::to_string(place.id) + ")";
+    return condition;
+}
+
+std::string Condition(const ArrivalFilter& filter, const ArrivalPlace& place) {
+    std::string condition = PeriodCondition(filter, place);
+    if (!filter.party.empty())
+        condition += " And A.SellerId = " + SqlText(filter.party);
+    if (!filter.commodity.empty())
+        condition += " And A.CommodityId = " + SqlText(filter.commodity);
+    if (!filter.vehicle.empty())
+        condition += " And Exists (Select 1 From ArrivalsBody V Where V.ArrivalId = A.ArrivalID "
+                     "And V.VehicleNo Like " +
+                     SqlText("%" + PlainInPattern(filter.vehicle) + "%") + " Escape '!')";
+    if (filter.onlyInside)
+        condition += " And (Select Sum(T.TareWeight) From ArrivalsBody T "
+                     "Where T.ArrivalId = A.ArrivalID) = 0";
+    return condition;
+}
+
+double NumberOrZero(const Value& value) {
+    return value.IsNull() ? 0 : value.Number();
+}
+
+/// Texts of a fixed length are filled up with blanks.
+std::string TextOf(const Value& value) {
+    std::string text = value.TextOrEmpty();
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+Arrival ArrivalOf(const Recordset& rows) {
+    Arrival arrival{.id = rows.Fields(Id).Long(),
+                    .day = rows.Fields(Day).AsDate(),
+                    .party = TextOf(rows.Fields(Party)),
+                    .commodity = TextOf(rows.Fields(Commodity)),
+                    .vehicle = TextOf(rows.Fields(Vehicle))};
+    const Value tare = rows.Fields(Tare);
+    if (tare.IsNull()) // no bag lines at all
+        return arrival;
+    const StoredFigures stored{.bags = NumberOrZero(rows.Fields(Bags)),
+                               .gross = NumberOrZero(rows.Fields(Gross)),
+                               .tare = tare.Number(),
+                               .scaleDeduction = NumberOrZero(rows.Fields(ScaleDeduction)),
+                               .net = NumberOrZero(rows.Fields(Net))};
+    arrival.isInside = stored.tare == 0;
+    arrival.figures = arrival.isInside ? FirstFiguresOf(stored) : FiguresOf(stored);
+    return arrival;
+}
+
+} // namespace
+
+std::string ArrivalsStatement(const ArrivalFilter& filter, const ArrivalPlace& place, int most) {
+    return "Select TOP " + std::to_string(most) +
+           " A.ArrivalDate, A.ArrivalID, Max(A.SellerId) As SellerId, Max(A.CommodityId) As "
+           "CommodityId, Max(B.VehicleNo) As VehicleNo, Sum(B.NoOfBags) As Bags, "
+           "Sum(B.NoOfBags * B.BagWeight) As GrossWeight, Sum(B.TareWeight) As TareWeight, "
+           "Max(B.ScaleDeduction) As ScaleDeduction, Sum(B.NetWeight) As NetWeight "
+           "From Arrivals A Left Outer Join ArrivalsBody B On B.ArrivalId = A.ArrivalID Where " +
+           Condition(filter, place) +
+           " Group By A.ArrivalDate, A.ArrivalID Order By A.ArrivalDate, A.ArrivalID";
+}
+
+std::vector<Arrival> ReadArrivals(Connection& connection, const ArrivalFilter& filter,
+                                  ArrivalPlace& place, int most) {
+    std::vector<Arrival> arrivals;
+    Recordset rows = connection.Execute(ArrivalsStatement(filter, place, most));
+    arrivals.reserve(static_cast<std::size_t>(rows.RecordCount()));
+    for (; !rows.Eof(); rows.MoveNext())
+        arrivals.push_back(ArrivalOf(rows));
+    if (!arrivals.empty()) {
+        const int last = rows.RecordCount() - 1;
+        place = {rows.ValueAt(last, Day).Text(), arrivals.back().id};
+    }
+    return arrivals;
+}
+
+} // namespace Quillane::Office

@@ -1,0 +1,31 @@
+#include "office/daybook/Names.h"
+
+#include "office/records/Texts.h"
+#include "platform/ado/Connection.h"
+
+#include <algorithm>
+
+namespace Quillane::Office {
+
+const std::string& DayBookNames::List::NameOf(const std::string& id) const {
+    const auto found = places.find(Folded(id));
+    return found == places.end() || all[found->second].name.empty() ? id : all[found->second].name;
+}
+
+DayBookNames::List DayBookNames::Read(Connection& connection, const std::string& statement) {
+    List list;
+    for (Recordset rows = connection.Execute(statement); !rows.Eof(); rows.MoveNext())
+        list.all.push_back(
+            {Trimmed(rows.Fields(0).TextOrEmpty()), Trimmed(rows.Fields(1).TextOrEmpty())});
+    std::ranges::stable_sort(list.all, {}, [](const Named& one) { return Folded(one.name); });
+    for (std::size_t place = 0; place < list.all.size(); ++place)
+        list.places.emplace(Folded(list.all[place].id), place);
+    return list;
+}
+
+DayBookNames::DayBookNames(Connection& connection)
+    : parties_(Read(connection, "Select PartyId, dbo.FunGetPartyName(PartyId) From Parties")),
+      commodities_(Read(
+          connection, "Select CommodityId, dbo.FunGetCommodity(CommodityId) From Commodities")) {}
+
+} // namespace Quillane::Office

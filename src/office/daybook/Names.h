@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Quillane {
+class Connection;
+}
+
+namespace Quillane::Office {
+
+/// A party or a commodity.
+struct Named {
+    std::string id;
+    std::string name;
+};
+
+/// The parties and commodities by their names, as the station shows them: "Zahid Traders-Lahore".
+class DayBookNames {
+public:
+    DayBookNames() = default;
+    explicit DayBookNames(Connection& connection);
+
+    /// By name.
+    const std::vector<Named>& Parties() const { return parties_.all; }
+    const std::vector<Named>& Commodities() const { return commodities_.all; }
+
+    /// The id itself where there is no such row, or where it has no name.
+    const std::string& Party(const std::string& id) const { return parties_.NameOf(id); }
+    const std::string& Commodity(const std::string& id) const { return commodities_.NameOf(id); }
+
+private:
+    struct List {
+        std::vector<Named> all;
+        std::unordered_map<std::string, std::size_t> places; ///< by folded id
+        const std::string& NameOf(const std::string& id) const;
+    };
+    static List Read(Connection& connection, const std::string& statement);
+
+    List parties_;
+    List commodities_;
+};
+
+} // namespace Quillane::Office

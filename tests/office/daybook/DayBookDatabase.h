@@ -1,0 +1,91 @@
+#pragma once
+
+#include "office/daybook/DayBook.h"
+#include "platform/ado/Connection.h"
+#include "station/StationDatabase.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace Quillane::Office {
+
+inline Date DayOf(int year, unsigned month, unsigned day) {
+    return std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day);
+}
+
+/// A database with the sample rows, to which arrivals of 2024 are added.
+class DayBookDatabase : public StationDatabase {
+public:
+    DayBookDatabase() { Open(connection); }
+
+    struct Line {
+        double bags = 0;
+        double bagWeight = 0;
+        double tare = 0;
+        double scaleDeduction = 0;
+        double otherDeduction = 0;
+        double net = 0;
+        std::string vehicle{};
+    };
+    void AddArrival(int id, const std::string& day, const std::string& party, int commodity,
+                    const std::vector<Line>& lines) {
+        connection.Execute("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values (" +
+            std::to_string(id) + ", '" + day + "T00:00:00', " + std::to_string(commodity) + ", '" +
+            party + "')");
+        for (const Line& line : lines)
+            connection.Execute("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
+                "NoOfBags, VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, "
+                "OtherDeduction, NetWeight) Values (" +
+                std::to_string(id) + ", " + std::to_string(commodity) + ", 1, 1, " +
+                Exact(line.bags) + ", '" + line.vehicle + "', " + Exact(line.tare) + ", " +
+                Exact(line.scaleDeduction) + ", " + Exact(line.bagWeight) + ", 0, " +
+                Exact(line.otherDeduction) + ", " + Exact(line.net) + ")");
+    }
+    /// Adds in one transaction.
+    void Together(const std::function<void()>& add) {
+        connection.BeginTrans();
+        add();
+        connection.CommitTrans();
+    }
+    /// One line of 100 bags.
+    void AddLoad(int id, const std::string& day, double gross, double tare, double net,
+                 const std::string& vehicle = "LEA-1") {
+        AddArrival(id, day, "6010001", 1,
+                   {{.bags = 100,
+                     .bagWeight = gross / 100,
+                     .tare = tare,
+                     .otherDeduction = gross - net,
+                     .net = net,
+                     .vehicle = vehicle}});
+    }
+    /// The digits that give the same number again.
+    static std::string Exact(double number) {
+        char text[32];
+        std::snprintf(text, sizeof text, "%.17e", number);
+        return text;
+    }
+
+    DayBook ReadAll(const ArrivalFilter& filter) {
+        DayBook book(connection, filter);
+        while (book.ReadOn()) {
+        }
+        return book;
+    }
+    std::vector<int> Ids(const ArrivalFilter& filter) {
+        std::vector<int> ids;
+        DayBook book(connection, filter);
+        book.Visit = [&](const Arrival& arrival) { ids.push_back(arrival.id); };
+        while (book.ReadOn()) {
+        }
+        return ids;
+    }
+
+    Connection connection;
+};
+
+inline ArrivalFilter Year2024() {
+    return {.from = DayOf(2024, 1, 1), .to = DayOf(2024, 12, 31)};
+}
+
+} // namespace Quillane::Office
