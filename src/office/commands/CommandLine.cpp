@@ -1,5 +1,6 @@
 #include "office/commands/CommandLine.h"
 
+#include "office/daybook/Days.h"
 #include "office/records/Tables.h"
 
 #include <QCommandLineParser>
@@ -16,11 +17,14 @@ The office of a flour mill's weighbridge: its lists and its users.
 Commands:
   --import TABLE FILE    compare a CSV file with a list, and write it after a yes
   --export TABLE FILE    write a list as a CSV file
+  --day-book FROM TO     write the arrivals of these days to the file that --csv or
+                         --xlsx names
   --add-user NAME        add a user of the stations; the password is asked for
   --reset-password NAME  give a user a new password, which is asked for
   -h, --help             write this text and end
   -v, --version          write the version and end
 
+Days: 2026-11-20, 20/11/2026, today, yesterday
 Tables: cities, parties, commodities, bag-classes, bag-types
 
 Options:
@@ -28,6 +32,14 @@ Options:
                          by the station itself where it is not given
   --yes                  with --import: write without asking
   --skip-faulty          with --import: write the sound lines, leave the faulty ones
+  --csv FILE             with --day-book: a CSV file
+  --xlsx FILE            with --day-book: a workbook, with the sums on further sheets
+  --sums BY              with --csv: the sums by day, party or commodity in place of
+                         the arrivals
+  --party ACCOUNT        with --day-book: of one party
+  --commodity ID         with --day-book: of one commodity
+  --vehicle TEXT         with --day-book: of vehicles whose number holds the text
+  --inside               with --day-book: trucks alone that have no tare yet
   --level N              with --add-user: 1 full rights, 2 restricted (the default)
   --sign-in NAME         sign in to the database server as NAME, whose password is
                          asked for first, in place of the sign-in in Config.ini
@@ -54,6 +66,14 @@ public:
                             {{"v", "version"}, ""},
                             {"import", "", "table"},
                             {"export", "", "table"},
+                            {"day-book", "", "from"},
+                            {"csv", "", "file"},
+                            {"xlsx", "", "file"},
+                            {"sums", "", "by"},
+                            {"party", "", "account"},
+                            {"commodity", "", "id"},
+                            {"vehicle", "", "text"},
+                            {"inside", ""},
                             {"add-user", "", "name"},
                             {"reset-password", "", "name"},
                             {"station", "", "folder"},
@@ -74,7 +94,10 @@ public:
         request_.signIn = Value("sign-in");
         request_.station = Value("station");
         ReadLevel();
-        ReadFile();
+        if (request_.act == Request::Act::DayBook)
+            ReadDayBook();
+        else
+            ReadFile();
         RefuseLonelyOptions();
         if (request_.act == Request::Act::None)
             Refuse("No command is given.");
@@ -102,6 +125,7 @@ private:
     void ReadCommand() {
         Take("import", Request::Act::Import, &Request::table);
         Take("export", Request::Act::Export, &Request::table);
+        Take("day-book", Request::Act::DayBook, nullptr);
         Take("add-user", Request::Act::AddUser, &Request::user);
         Take("reset-password", Request::Act::ResetPassword, &Request::user);
         if (parser_.isSet("help"))
@@ -135,12 +159,61 @@ private:
             request_.file = rest.first().toStdString();
     }
 
+    Date DayOf(const QString& text) {
+        const std::optional<Date> day = ReadDay(text.toStdString());
+        if (!day)
+            Refuse("\"" + text.toStdString() + "\" is no day. Write it as 2026-11-20.");
+        return day.value_or(Today());
+    }
+
+    void ReadPeriod() {
+        const QStringList rest = parser_.positionalArguments();
+        if (rest.size() != 1)
+            return Refuse("A day book needs a first and a last day.");
+        ArrivalFilter& filter = request_.dayBook.filter;
+        filter.from = DayOf(parser_.value("day-book"));
+        filter.to = DayOf(rest.first());
+        if (filter.to < filter.from)
+            Refuse("The last day of the day book is before its first one.");
+    }
+
+    void ReadSums() {
+        if (!parser_.isSet("sums"))
+            return;
+        request_.dayBook.sums = SumsNamed(Value("sums"));
+        if (!request_.dayBook.sums)
+            Refuse("Sums are by day, party or commodity.");
+        if (request_.dayBook.isWorkbook)
+            Refuse("--sums belongs to --csv: a workbook has all sums.");
+    }
+
+    void ReadDayBook() {
+        ReadPeriod();
+        ArrivalFilter& filter = request_.dayBook.filter;
+        filter.party = Value("party");
+        filter.commodity = Value("commodity");
+        filter.vehicle = Value("vehicle");
+        filter.onlyInside = parser_.isSet("inside");
+        request_.dayBook.isWorkbook = parser_.isSet("xlsx");
+        request_.file = Value(request_.dayBook.isWorkbook ? "xlsx" : "csv");
+        if (parser_.isSet("xlsx") == parser_.isSet("csv") || request_.file.empty())
+            Refuse("A day book needs one file, by --csv or --xlsx.");
+        if (request_.dayBook.isWorkbook && request_.file == "-")
+            Refuse("A workbook needs a file with a name.");
+        ReadSums();
+    }
+
     void RefuseLonelyOptions() {
         const bool isImport = request_.act == Request::Act::Import;
         if (!isImport && (request_.isConfirmed || request_.skipsFaulty))
             Refuse("--yes and --skip-faulty belong to --import.");
         if (request_.act != Request::Act::AddUser && parser_.isSet("level"))
             Refuse("--level belongs to --add-user.");
+        if (request_.act != Request::Act::DayBook)
+            for (const char* option :
+                 {"csv", "xlsx", "sums", "party", "commodity", "vehicle", "inside"})
+                if (parser_.isSet(option))
+                    Refuse("--" + std::string(option) + " belongs to --day-book.");
     }
 
     QCommandLineParser parser_;

@@ -1,20 +1,31 @@
 #pragma once
 
+#include "office/daybook/Sums.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace Quillane::Office {
 
+/// The day book that is asked for. Its file is the request's.
+struct DayBookRequest {
+    ArrivalFilter filter{};
+    std::optional<SumsBy> sums{}; ///< in place of the arrivals
+    bool isWorkbook = false;      ///< --xlsx; else --csv
+};
+
 /// What the command line asks of the office.
 struct Request {
-    enum class Act { None, Help, Version, Import, Export, AddUser, ResetPassword };
+    enum class Act { None, Help, Version, Import, Export, AddUser, ResetPassword, DayBook };
 
     Act act = Act::None;
     std::string table{};      ///< of an import or export, as it was typed
-    std::string file{};       ///< of an import or export; "-" is the terminal
+    std::string file{};       ///< that is read or written; "-" is the terminal
     std::string user{};       ///< who is added or gets a new password
     std::int32_t level = 2;   ///< of a new user
+    DayBookRequest dayBook{}; ///< of a day book
     bool isConfirmed = false; ///< --yes
     bool skipsFaulty = false; ///< --skip-faulty
     std::string station{};    ///< the folder of the station; empty: it is looked for

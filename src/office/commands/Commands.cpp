@@ -1,5 +1,6 @@
 #include "office/commands/Commands.h"
 
+#include "office/commands/DayBookCommand.h"
 #include "office/records/ImportPlan.h"
 #include "office/records/Users.h"
 #include "platform/ado/Connection.h"
@@ -129,6 +130,8 @@ ExitCode RunCommand(Connection& connection, const Request& request, Terminal& te
         return Import(connection, request, terminal);
     case Request::Act::Export:
         return Export(connection, request, terminal);
+    case Request::Act::DayBook:
+        return WriteDayBook(connection, request, terminal);
     case Request::Act::AddUser:
         return AddUserOf(connection, request, terminal);
     case Request::Act::ResetPassword:

@@ -31,8 +31,8 @@ std::string PeriodCondition(const ArrivalFilter& filter, const ArrivalPlace& pla
     std::string condition = "A.ArrivalDate >= " + Quoted(first) + " And A.ArrivalDate < " +
                             Quoted(DateLiteral(AddDays(filter.to, 1)));
     if (!place.moment.empty())
-        condition += " And (A.ArrivalDate > " + Quoted(place.moment) +
-                     " Or A.ArrivalID > " + std::to_string(place.id) + ")";
+        condition += " And (A.ArrivalDate > " + Quoted(place.moment) + " Or A.ArrivalID > " +
+                     std::to_string(place.id) + ")";
     return condition;
 }
 

@@ -37,7 +37,8 @@ struct Arrival {
 
 /// A place between two arrivals in the order of the day book, by day and then by number.
 struct ArrivalPlace {
-    std::string moment{}; ///< of the arrival before it, as statements write it; empty: the beginning
+    std::string
+        moment{}; ///< of the arrival before it, as statements write it; empty: the beginning
     std::int32_t id = 0;
 };
 

@@ -30,7 +30,9 @@ std::int64_t UnitOf(int decimals) {
 /// Without a point where the number is whole.
 std::string NumberText(std::int64_t number, int decimals, bool isShown) {
     const std::int64_t unit = UnitOf(decimals);
-    const auto part = [](std::int64_t value) { return static_cast<std::uint64_t>(std::abs(value)); };
+    const auto part = [](std::int64_t value) {
+        return static_cast<std::uint64_t>(std::abs(value));
+    };
     std::string text = (number < 0 ? "-" : "") + Digits(part(number / unit), isShown);
     const std::int64_t rest = number % unit;
     if (rest == 0)
@@ -141,14 +143,15 @@ const std::vector<Heading>& ArrivalHeadings() {
 }
 
 std::vector<Cell> CellsOf(const Arrival& arrival, const DayBookNames& names) {
-    std::vector<Cell> cells{Count(arrival.id),
-                            {.kind = Cell::Kind::Day, .text = DateLiteral(arrival.day).substr(0, 10)},
-                            TextCell(names.Party(arrival.party)),
-                            TextCell(arrival.party),
-                            TextCell(names.Commodity(arrival.commodity)),
-                            TextCell(arrival.vehicle),
-                            Bags(arrival.figures),
-                            Weight(arrival.figures.firstWeight)};
+    std::vector<Cell> cells{
+        Count(arrival.id),
+        {.kind = Cell::Kind::Day, .text = DateLiteral(arrival.day).substr(0, 10)},
+        TextCell(names.Party(arrival.party)),
+        TextCell(arrival.party),
+        TextCell(names.Commodity(arrival.commodity)),
+        TextCell(arrival.vehicle),
+        Bags(arrival.figures),
+        Weight(arrival.figures.firstWeight)};
     if (!arrival.isInside) {
         AppendWeighed(cells, arrival.figures);
         return cells;
@@ -165,10 +168,10 @@ const std::vector<Heading>& SumHeadings(SumsBy by) {
         return WithFigures(std::move(first));
     };
     static const std::vector<Heading> byDay = headings({{"Date", "", "ArrivalDate", false, 11}});
-    static const std::vector<Heading> byParty = headings(
-        {{"Party", "", "Party", false, 30}, {"Account", "", "PartyId", false, 10}});
-    static const std::vector<Heading> byCommodity = headings(
-        {{"Commodity", "", "Commodity", false, 24}, {"ID", "", "CommodityId", false, 6}});
+    static const std::vector<Heading> byParty =
+        headings({{"Party", "", "Party", false, 30}, {"Account", "", "PartyId", false, 10}});
+    static const std::vector<Heading> byCommodity =
+        headings({{"Commodity", "", "Commodity", false, 24}, {"ID", "", "CommodityId", false, 6}});
     return by == SumsBy::Day ? byDay : by == SumsBy::Party ? byParty : byCommodity;
 }
 

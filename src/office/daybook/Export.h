@@ -15,6 +15,10 @@ using TextSink = std::function<void(std::string_view)>;
 /// Asked after each page; false breaks off.
 using GoOn = std::function<bool(const DayBook&)>;
 
+/// Writes a text file piece by piece. It takes its name when it is whole: where `write` breaks off
+/// (false), as where the disk refuses it (75), what was there is still there.
+bool WriteTextFile(const std::string& path, const std::function<bool(const TextSink&)>& write);
+
 /// A line for each arrival, by RFC 4180 in UTF-8. False where it was broken off.
 bool WriteArrivalsCsv(DayBook& book, const TextSink& sink, const GoOn& goOn);
 

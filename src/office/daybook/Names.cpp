@@ -25,7 +25,7 @@ DayBookNames::List DayBookNames::Read(Connection& connection, const std::string&
 
 DayBookNames::DayBookNames(Connection& connection)
     : parties_(Read(connection, "Select PartyId, dbo.FunGetPartyName(PartyId) From Parties")),
-      commodities_(Read(
-          connection, "Select CommodityId, dbo.FunGetCommodity(CommodityId) From Commodities")) {}
+      commodities_(Read(connection,
+                        "Select CommodityId, dbo.FunGetCommodity(CommodityId) From Commodities")) {}
 
 } // namespace Quillane::Office

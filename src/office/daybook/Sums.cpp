@@ -16,9 +16,8 @@ std::vector<NamedSum> ByName(const Groups& groups,
     sums.reserve(groups.size());
     for (const auto& [folded, group] : groups)
         sums.push_back({group.id, nameOf(group.id), group.sum});
-    std::ranges::sort(sums, {}, [](const NamedSum& each) {
-        return std::pair(Folded(each.name), each.id);
-    });
+    std::ranges::sort(sums, {},
+                      [](const NamedSum& each) { return std::pair(Folded(each.name), each.id); });
     return sums;
 }
 
@@ -57,9 +56,8 @@ void DayBookSums::Add(const Arrival& arrival) {
 
 std::vector<NamedSum> DayBookSums::By(SumsBy by, const DayBookNames& names) const {
     if (by == SumsBy::Party)
-        return ByName(parties_, [&](const std::string& id) -> const std::string& {
-            return names.Party(id);
-        });
+        return ByName(parties_,
+                      [&](const std::string& id) -> const std::string& { return names.Party(id); });
     if (by == SumsBy::Commodity)
         return ByName(commodities_, [&](const std::string& id) -> const std::string& {
             return names.Commodity(id);

@@ -43,8 +43,7 @@ std::string TemporaryName(const std::string& path) {
 } // namespace
 
 Workbook::Workbook(std::string path)
-    : path_(std::move(path)),
-      folder_(std::filesystem::absolute(path_).parent_path().string()),
+    : path_(std::move(path)), folder_(std::filesystem::absolute(path_).parent_path().string()),
       temporary_(TemporaryName(path_)) {
     CheckDisk();
     lxw_workbook_options options{};
@@ -133,8 +132,7 @@ void Workbook::AddCell(const Cell& cell, std::uint16_t column, bool isBold) {
     case Cell::Kind::Empty:
         return CheckCell(worksheet_write_blank(sheet_, row_, column, format));
     default:
-        return CheckCell(
-            worksheet_write_string(sheet_, row_, column, cell.text.c_str(), format));
+        return CheckCell(worksheet_write_string(sheet_, row_, column, cell.text.c_str(), format));
     }
 }
 

@@ -57,5 +57,47 @@ TEST(OfficeCommandLine, WrongArgumentsAreToldApart) {
     EXPECT_NE(Read({"--frobnicate"}).fault, "");
 }
 
+TEST(OfficeCommandLine, DayBookNamesItsDaysFileAndFilters) {
+    SetClock([] { return ParseDate("2026-11-20"); });
+    const Request request =
+        Read({"--day-book", "01/11/2026", "today", "--csv", "book.csv", "--sums", "Party",
+              "--party", "6010001", "--commodity", "2", "--vehicle", "LEA", "--inside"});
+    EXPECT_EQ(request.fault, "");
+    EXPECT_EQ(request.act, Request::Act::DayBook);
+    EXPECT_EQ(request.file, "book.csv");
+    EXPECT_EQ(request.dayBook.sums, SumsBy::Party);
+    EXPECT_FALSE(request.dayBook.isWorkbook);
+    const ArrivalFilter& filter = request.dayBook.filter;
+    EXPECT_EQ(filter.from, ParseDate("2026-11-01"));
+    EXPECT_EQ(filter.to, ParseDate("2026-11-20"));
+    EXPECT_EQ(filter.party, "6010001");
+    EXPECT_EQ(filter.commodity, "2");
+    EXPECT_EQ(filter.vehicle, "LEA");
+    EXPECT_TRUE(filter.onlyInside);
+    EXPECT_EQ(
+        Read({"--day-book", "yesterday", "2026-11-20", "--xlsx", "b.xlsx"}).dayBook.filter.from,
+        ParseDate("2026-11-19"));
+    SetClock({});
+}
+
+TEST(OfficeCommandLine, FaultyDayBooksSayWhatIsMissing) {
+    const auto fault = [](std::vector<std::string> arguments) { return Read(arguments).fault; };
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "--csv", "x"}),
+              "A day book needs a first and a last day.");
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-02-30", "--csv", "x"}),
+              "\"2026-02-30\" is no day. Write it as 2026-11-20.");
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-19", "--csv", "x"}),
+              "The last day of the day book is before its first one.");
+    const std::string oneFile = "A day book needs one file, by --csv or --xlsx.";
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20"}), oneFile);
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20", "--csv", "x", "--xlsx", "y"}),
+              oneFile);
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20", "--xlsx", "-"}),
+              "A workbook needs a file with a name.");
+    EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20", "--csv", "x", "--sums", "week"}),
+              "Sums are by day, party or commodity.");
+    EXPECT_EQ(fault({"--export", "parties", "x", "--csv", "y"}), "--csv belongs to --day-book.");
+}
+
 } // namespace
 } // namespace Quillane::Office

@@ -148,5 +148,22 @@ TEST(ServerSignIns, AttributesOfASignInAreTakenOut) {
     EXPECT_EQ(WithoutSignIn("Server=a;Database={A;UID=1};Pwd={x}"), "Server=a;Database={A;UID=1}");
 }
 
+TEST_F(OfficeCommands, DayBookIsWrittenToTheOutputAndToFiles) {
+    EXPECT_EQ(Run({"--day-book", "2000-01-01", "2999-12-31", "--csv", "-"}), ExitCode::Done);
+    const std::string text = out.str();
+    EXPECT_EQ(std::ranges::count(text, '\n'), 13); // the headings, and the sample's arrivals
+    const std::string file = database.folder.File("book.csv");
+    EXPECT_EQ(Run({"--day-book", "2000-01-01", "2999-12-31", "--csv", file}), ExitCode::Done);
+    EXPECT_EQ(out.str(), "12 arrivals of 01/01/2000 to 31/12/2999 written to " + file + ".\n");
+    EXPECT_EQ(database.folder.Read("book.csv"), text);
+    EXPECT_EQ(Run({"--day-book", "2000-01-01", "2999-12-31", "--sums", "commodity", "--csv", "-"}),
+              ExitCode::Done);
+    EXPECT_TRUE(out.str().starts_with("\xEF\xBB\xBF"
+                                      "Commodity,CommodityId,Arrivals,StillInside,Bags,"));
+    const std::string book = database.folder.File("book.xlsx");
+    EXPECT_EQ(Run({"--day-book", "2000-01-01", "2999-12-31", "--xlsx", book}), ExitCode::Done);
+    EXPECT_TRUE(database.folder.Read("book.xlsx").starts_with("PK"));
+}
+
 } // namespace
 } // namespace Quillane::Office

@@ -30,11 +30,13 @@ public:
     };
     void AddArrival(int id, const std::string& day, const std::string& party, int commodity,
                     const std::vector<Line>& lines) {
-        connection.Execute("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values (" +
+        connection.Execute(
+            "Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values (" +
             std::to_string(id) + ", '" + day + "T00:00:00', " + std::to_string(commodity) + ", '" +
             party + "')");
         for (const Line& line : lines)
-            connection.Execute("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
+            connection.Execute(
+                "Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
                 "NoOfBags, VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, "
                 "OtherDeduction, NetWeight) Values (" +
                 std::to_string(id) + ", " + std::to_string(commodity) + ", 1, 1, " +

@@ -12,8 +12,9 @@ namespace {
 TEST(DayBook, FiguresOfAnArrivalAddUpAsOnItsSlip) {
     // The load of 12540 kg, tare 4320, scale deduction 103, deduction 17: two lines of 60 and 40.
     DayBookDatabase database;
-    database.AddArrival(20001, "2024-05-01", "6010001", 1,
-                        {{60, 81.17, 4320, 103, 10.2, 4860, "LEA-1"}, {40, 81.17, 0, 103, 6.8, 3240}});
+    database.AddArrival(
+        20001, "2024-05-01", "6010001", 1,
+        {{60, 81.17, 4320, 103, 10.2, 4860, "LEA-1"}, {40, 81.17, 0, 103, 6.8, 3240}});
     DayBook book(database.connection, Year2024());
     std::vector<Arrival> arrivals;
     book.Visit = [&](const Arrival& arrival) { arrivals.push_back(arrival); };
@@ -21,13 +22,12 @@ TEST(DayBook, FiguresOfAnArrivalAddUpAsOnItsSlip) {
     ASSERT_EQ(arrivals.size(), 1U);
     EXPECT_EQ(arrivals[0].vehicle, "LEA-1");
     EXPECT_FALSE(arrivals[0].isInside);
-    EXPECT_EQ(arrivals[0].figures,
-              (Figures{.bags = 1'000'000,
-                       .firstWeight = 1'254'000,
-                       .tare = 432'000,
-                       .gross = 822'000,
-                       .deduction = 12'000,
-                       .net = 810'000}));
+    EXPECT_EQ(arrivals[0].figures, (Figures{.bags = 1'000'000,
+                                            .firstWeight = 1'254'000,
+                                            .tare = 432'000,
+                                            .gross = 822'000,
+                                            .deduction = 12'000,
+                                            .net = 810'000}));
 }
 
 TEST(DayBook, TruckWithoutTareIsInsideAndInNoSum) {
@@ -56,9 +56,12 @@ TEST(DayBook, ArrivalWithoutBagLinesIsThereWithoutFigures) {
 
 TEST(DayBook, PeriodIncludesBothItsDaysAndGoesByDayThenNumber) {
     DayBookDatabase database;
-    for (const auto& [id, day] : std::initializer_list<std::pair<int, const char*>>{
-             {20001, "2024-04-30"}, {20005, "2024-05-01"}, {20003, "2024-05-02"},
-             {20002, "2024-05-02"}, {20004, "2024-05-03"}})
+    for (const auto& [id, day] :
+         std::initializer_list<std::pair<int, const char*>>{{20001, "2024-04-30"},
+                                                            {20005, "2024-05-01"},
+                                                            {20003, "2024-05-02"},
+                                                            {20002, "2024-05-02"},
+                                                            {20004, "2024-05-03"}})
         database.AddLoad(id, day, 8000, 4000, 8000);
     EXPECT_EQ(database.Ids({.from = DayOf(2024, 5, 1), .to = DayOf(2024, 5, 2)}),
               (std::vector{20005, 20002, 20003}));
@@ -94,7 +97,8 @@ TEST(DayBook, FiltersNarrowTheArrivals) {
     database.AddArrival(20001, "2024-05-01", "6010001", 1, load);
     database.AddArrival(20002, "2024-05-01", "6010002", 1, load);
     database.AddArrival(20003, "2024-05-01", "6010001", 2, load);
-    database.AddArrival(20004, "2024-05-01", "6010001", 1, {{100, 80, 0, 0, 0, 8000, "mn%[5]_!''x"}});
+    database.AddArrival(20004, "2024-05-01", "6010001", 1,
+                        {{100, 80, 0, 0, 0, 8000, "mn%[5]_!''x"}});
     ArrivalFilter filter = Year2024();
     filter.party = "6010001";
     EXPECT_EQ(database.Ids(filter), (std::vector{20001, 20003, 20004}));

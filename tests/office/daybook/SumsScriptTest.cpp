@@ -53,8 +53,9 @@ private:
         database_.AddArrival(id, day, "601000" + std::to_string(Any(1, 9)), Any(1, 5), lines);
     }
     double Fraction(bool isOfStation) {
-        return isOfStation ? 0 : std::vector<double>{0.125, 0.005, 0.33, 0.994999, 0.5}[
-                                     static_cast<std::size_t>(Any(0, 4))];
+        return isOfStation ? 0
+                           : std::vector<double>{0.125, 0.005, 0.33, 0.994999,
+                                                 0.5}[static_cast<std::size_t>(Any(0, 4))];
     }
 
     DayBookDatabase& database_;
