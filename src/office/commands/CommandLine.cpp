@@ -12,7 +12,8 @@ namespace {
 
 constexpr const char* Help = R"(Usage: quillane-office [command] [options]
 
-The office of a flour mill's weighbridge: its lists and its users.
+The office of a flour mill's weighbridge: its lists and its users. Without a
+command the window opens.
 
 Commands:
   --import TABLE FILE    compare a CSV file with a list, and write it after a yes
@@ -99,8 +100,6 @@ public:
         else
             ReadFile();
         RefuseLonelyOptions();
-        if (request_.act == Request::Act::None)
-            Refuse("No command is given.");
         return request_;
     }
 
@@ -115,7 +114,7 @@ private:
     void Take(const char* option, Request::Act act, std::string Request::*value) {
         if (!parser_.isSet(option))
             return;
-        if (request_.act != Request::Act::None)
+        if (request_.act != Request::Act::Window)
             Refuse("Only one command can be given at a time.");
         request_.act = act;
         if (value)

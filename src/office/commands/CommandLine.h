@@ -18,9 +18,9 @@ struct DayBookRequest {
 
 /// What the command line asks of the office.
 struct Request {
-    enum class Act { None, Help, Version, Import, Export, AddUser, ResetPassword, DayBook };
+    enum class Act { Window, Help, Version, Import, Export, AddUser, ResetPassword, DayBook };
 
-    Act act = Act::None;
+    Act act = Act::Window;    ///< without a command the window opens
     std::string table{};      ///< of an import or export, as it was typed
     std::string file{};       ///< that is read or written; "-" is the terminal
     std::string user{};       ///< who is added or gets a new password

@@ -1,6 +1,9 @@
 #include "office/commands/Commands.h"
 #include "office/commands/StationConnection.h"
+#include "office/window/OfficeBoxes.h"
+#include "office/window/RunOffice.h"
 #include "platform/ado/Connection.h"
+#include "platform/forms/core/Application.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
 #include "platform/host/Version.h"
@@ -15,10 +18,14 @@ namespace {
 using namespace Quillane;
 using namespace Quillane::Office;
 
-ExitCode Run(const Request& request) {
+void FindStation(const Request& request) {
     SetStationFolder(ChooseStationFolder(SourcesOfThisProcess(request.station)));
     CheckStationFolder(StationFolder());
     TheStation() = StationFile::Read(StationFolder() + "/Station.ini");
+}
+
+ExitCode Run(const Request& request) {
+    FindStation(request);
     Terminal terminal = ProcessTerminal();
     ServerSignIn signIn{.name = request.signIn};
     if (!signIn.name.empty())
@@ -45,14 +52,38 @@ ExitCode Answer(const Request& request) {
     return Run(request);
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+int RunCommandLine(int argc, char** argv, const Request& request) {
     const QCoreApplication application(argc, argv);
     try {
-        return static_cast<int>(Answer(ReadArguments({argv, argv + argc})));
+        return static_cast<int>(Answer(request));
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << "\n";
         return static_cast<int>(ExitCode::Failed);
     }
+}
+
+int RunWindow(int argc, char** argv, const Request& request) {
+    Application application(argc, argv);
+    Application::setApplicationName("Quillane");
+    Application::setApplicationDisplayName("Quillane office");
+    int code = static_cast<int>(ExitCode::Failed);
+    Guarded(nullptr, [&] {
+        FindStation(request);
+        ServerSignIn signIn{.name = request.signIn};
+        if (!signIn.name.empty() && !AskServerPassword(signIn.name, signIn.password))
+            return;
+        Connection connection;
+        OpenStationDatabase(connection, StationFolder(), signIn);
+        code = RunOffice(connection, StationFolder());
+    });
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const Request request = ReadArguments({argv, argv + argc});
+    if (request.fault.empty() && request.act == Request::Act::Window)
+        return RunWindow(argc, argv, request);
+    return RunCommandLine(argc, argv, request);
 }

@@ -40,8 +40,16 @@ TEST(OfficeCommandLine, HelpAndVersionNeedNothingElse) {
     EXPECT_NE(HelpText().find("--reset-password NAME"), std::string::npos);
 }
 
+TEST(OfficeCommandLine, WindowOpensWithoutACommand) {
+    const Request request = Read({"--station", "/mill", "--sign-in", "sa"});
+    EXPECT_EQ(request.fault, "");
+    EXPECT_EQ(request.act, Request::Act::Window);
+    EXPECT_EQ(request.station, "/mill");
+    EXPECT_EQ(request.signIn, "sa");
+    EXPECT_EQ(Read({}).act, Request::Act::Window);
+}
+
 TEST(OfficeCommandLine, WrongArgumentsAreToldApart) {
-    EXPECT_EQ(Read({}).fault, "No command is given.");
     EXPECT_EQ(Read({"--import", "cows", "x.csv"}).fault, "There is no table \"cows\".");
     EXPECT_EQ(Read({"--import", "parties"}).fault, "A table and one file are needed.");
     EXPECT_EQ(Read({"--export", "parties", "a", "b"}).fault, "A table and one file are needed.");

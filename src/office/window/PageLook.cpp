@@ -1,0 +1,131 @@
+#include "office/window/PageLook.h"
+
+#include "office/window/OfficeBoxes.h"
+
+#include <QBoxLayout>
+#include <QDialog>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTableView>
+
+namespace Quillane::Office {
+
+namespace {
+
+const QColor headingColour(0x24, 0x4C, 0x44);
+const QColor noteColour(0x55, 0x5F, 0x63);
+
+QLabel* ColouredLabel(const QString& text, int points, bool bold, const QColor& colour) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setPointSize(points);
+    font.setBold(bold);
+    label->setFont(font);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    label->setPalette(palette);
+    return label;
+}
+
+} // namespace
+
+QVBoxLayout* PageColumn(QWidget& page, const QString& title, const QString& purpose) {
+    constexpr int margin = 20;
+    constexpr int titlePoints = 17;
+    auto* column = new QVBoxLayout(&page);
+    column->setContentsMargins(margin, margin / 2, margin, margin / 2);
+    column->setSpacing(10);
+    auto* head = new QVBoxLayout;
+    head->setSpacing(0);
+    head->addWidget(ColouredLabel(title, titlePoints, true, headingColour));
+    QLabel* line = Note(purpose);
+    line->setWordWrap(true);
+    head->addWidget(line);
+    column->addLayout(head);
+    return column;
+}
+
+QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
+                       const QKeySequence& shortcut, std::function<void()> act) {
+    const QString keys = shortcut.toString(QKeySequence::NativeText);
+    auto* button = new QPushButton(keys.isEmpty() ? caption : caption + "  (" + keys + ")");
+    button->setAutoDefault(false);
+    button->setMinimumHeight(32);
+    button->setMinimumWidth(button->sizeHint().width() + 16);
+    QObject::connect(button, &QPushButton::clicked, &page,
+                     [&page, act = std::move(act)] { Guarded(page.window(), act); });
+    if (!keys.isEmpty()) {
+        auto* pressed = new QShortcut(shortcut, &page);
+        pressed->setContext(Qt::WidgetWithChildrenShortcut);
+        QObject::connect(pressed, &QShortcut::activated, button, [button] { button->click(); });
+    }
+    row.addWidget(button);
+    return button;
+}
+
+Notice::Notice(Kind kind, QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setContentsMargins(10, 6, 10, 6);
+    setAutoFillBackground(true);
+    const bool isFault = kind == Kind::Fault;
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, isFault ? QColor(0xF8, 0xE4, 0xE1) : QColor(0xFB, 0xF3, 0xD5));
+    colours.setColor(QPalette::WindowText,
+                     isFault ? QColor(0x8A, 0x16, 0x16) : QColor(0x5C, 0x45, 0x00));
+    setPalette(colours);
+    hide();
+}
+
+void Notice::Say(const QString& text) {
+    setText(text);
+    setVisible(!text.isEmpty());
+}
+
+QString WithLetter(const QString& caption, QString& used) {
+    for (qsizetype place = 0; place < caption.size(); ++place) {
+        const QChar letter = caption[place].toLower();
+        if (!letter.isLetter() || used.contains(letter))
+            continue;
+        used += letter;
+        return QString(caption).insert(place, '&');
+    }
+    return caption;
+}
+
+void GrowToFit(QDialog& dialog) {
+    QLayout& layout = *dialog.layout();
+    layout.activate();
+    const int needed = layout.hasHeightForWidth() ? layout.totalHeightForWidth(dialog.width())
+                                                  : layout.totalSizeHint().height();
+    if (dialog.height() < needed)
+        dialog.resize(dialog.width(), needed);
+}
+
+void LookLikeTable(QTableView& view) {
+    view.setSelectionBehavior(QAbstractItemView::SelectRows);
+    view.setSelectionMode(QAbstractItemView::SingleSelection);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setTabKeyNavigation(false);
+    view.setShowGrid(false);
+    view.setAlternatingRowColors(true);
+    view.setWordWrap(false);
+    view.verticalHeader()->hide();
+    view.verticalHeader()->setDefaultSectionSize(view.fontMetrics().height() + 10);
+    view.horizontalHeader()->setHighlightSections(false);
+    view.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QLabel* Heading(const QString& text) {
+    constexpr int points = 12;
+    return ColouredLabel(text, points, true, headingColour);
+}
+
+QLabel* Note(const QString& text) {
+    constexpr int points = 10;
+    return ColouredLabel(text, points, false, noteColour);
+}
+
+} // namespace Quillane::Office

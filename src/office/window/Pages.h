@@ -1,0 +1,21 @@
+#pragma once
+
+#include "office/window/OfficeSession.h"
+
+#include <span>
+
+class QWidget;
+
+namespace Quillane::Office {
+
+/// One entry of the navigation. Its page is made when it is first shown, and then kept.
+struct PageEntry {
+    const char* title;
+    bool isForEveryone; ///< else for users of level 1 alone
+    QWidget* (*make)(OfficeSession& session);
+};
+
+/// All pages, in the order of the navigation; Ctrl+1 shows the first that the user may see.
+std::span<const PageEntry> AllPages();
+
+} // namespace Quillane::Office

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "office/records/Checks.h"
+#include "office/records/RowWrites.h"
+#include "office/window/PageLook.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+
+#include <optional>
+#include <vector>
+
+class QFormLayout;
+
+namespace Quillane::Office {
+
+/// A form for one row of a list, new or changed. What the rules refuse keeps it open; what they
+/// warn of is shown while it is typed. A row that somebody else has changed meanwhile is told with
+/// both values, and the entries stay.
+class RowDialog : public QDialog {
+public:
+    RowDialog(Connection& connection, const Table& table, std::optional<Row> before,
+              QWidget* parent);
+
+    /// The key of the row as it was saved.
+    const std::string& SavedKey() const { return savedKey_; }
+    /// The field of a column: a line, a box with a list or a check box.
+    QWidget* Field(std::string_view column) const;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    struct Entry {
+        QLineEdit* line = nullptr;
+        QComboBox* list = nullptr;
+        QCheckBox* check = nullptr;
+        QWidget* Widget() const;
+    };
+
+    void LayOut();
+    void AddEntry(QFormLayout& form, std::size_t column);
+    QWidget* ListWithNew(Entry& entry, std::size_t column);
+    void FillList(std::size_t column);
+    void ShowRow(const Row& row);
+    Row Entered() const;
+    std::string EnteredReference(std::size_t column) const;
+
+    void ProposeKey();
+    void ShowWarnings();
+    void AddTarget(std::size_t column);
+    void Save();
+    bool IsRefused(const Row& after);
+    void TakeConflict(const RowChange& change, const Conflict& conflict);
+
+    Connection& connection_;
+    const Table& table_;
+    std::optional<Row> before_;
+    Snapshot known_;
+    std::vector<Entry> entries_;
+    QString letters_{"s"}; ///< of captions that are taken; s is for saving
+    std::string proposedKey_;
+    std::string savedKey_;
+    Notice* refusal_ = new Notice(Notice::Kind::Fault);
+    Notice* warning_ = new Notice(Notice::Kind::Information);
+};
+
+} // namespace Quillane::Office

@@ -1,0 +1,105 @@
+#include "office/window/OfficeWindow.h"
+
+#include "WindowDriver.h"
+
+#include "office/window/Page.h"
+#include "station/SampleDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+
+#include <array>
+
+namespace Quillane::Office {
+namespace {
+
+class UnsavedPage : public Page {
+public:
+    QString Unsaved() const override { return "The notes have"; }
+};
+
+QWidget* MakeLists(OfficeSession&) {
+    return new QLabel("lists");
+}
+QWidget* MakeDayBook(OfficeSession&) {
+    return new QLabel("day book");
+}
+QWidget* MakeUnsaved(OfficeSession&) {
+    return new UnsavedPage;
+}
+QWidget* FailToMake(OfficeSession&) {
+    throw std::runtime_error("The server does not answer.");
+}
+
+constexpr std::array pages{PageEntry{"Lists", false, MakeLists},
+                           PageEntry{"Day book", true, MakeDayBook}};
+
+class OfficeFrame : public testing::Test {
+protected:
+    QString TextOf(const OfficeWindow& window) {
+        return static_cast<QLabel*>(window.CurrentPage())->text();
+    }
+
+    SampleDatabase database;
+    OfficeSession session{.connection = database.connection,
+                          .folder = database.folder.path,
+                          .company = "Veltrane",
+                          .user = "Nadia",
+                          .level = 1};
+};
+
+TEST_F(OfficeFrame, ShowsAllPagesToLevelOneAndTheDayBookAloneToOthers) {
+    EXPECT_EQ(OfficeWindow(session, pages).Titles(), QStringList({"Lists", "Day book"}));
+    for (const int level : {2, 3, -1}) {
+        session.level = level;
+        const OfficeWindow window(session, pages);
+        EXPECT_EQ(window.Titles(), QStringList({"Day book"}));
+        EXPECT_EQ(TextOf(window), "day book");
+    }
+}
+
+TEST_F(OfficeFrame, ChangesThePageByItsShortcut) {
+    OfficeWindow window(session, pages);
+    ShowWindow(window);
+    EXPECT_EQ(TextOf(window), "lists");
+    Press(window, Qt::CTRL | Qt::Key_2);
+    EXPECT_EQ(TextOf(window), "day book");
+    Press(window, Qt::CTRL | Qt::Key_1);
+    EXPECT_EQ(TextOf(window), "lists");
+}
+
+TEST_F(OfficeFrame, GivesAUserWithoutFullRightsNoShortcutToOtherPages) {
+    session.level = 2;
+    OfficeWindow window(session, pages);
+    ShowWindow(window);
+    Press(window, Qt::CTRL | Qt::Key_2);
+    EXPECT_EQ(TextOf(window), "day book");
+}
+
+TEST_F(OfficeFrame, ReportsAPageThatCannotBeMadeAndStays) {
+    constexpr std::array failing{pages[0], PageEntry{"Broken", false, FailToMake}};
+    OfficeWindow window(session, failing);
+    ShowWindow(window);
+    const Answers answer({"OK"});
+    Press(window, Qt::CTRL | Qt::Key_2);
+    EXPECT_EQ(answer.Texts().at(0), "The server does not answer.");
+    EXPECT_EQ(TextOf(window), "lists");
+}
+
+TEST_F(OfficeFrame, AsksBeforeItClosesOverUnsavedEntries) {
+    constexpr std::array unsaved{PageEntry{"Notes", false, MakeUnsaved}};
+    OfficeWindow window(session, unsaved);
+    ShowWindow(window);
+    {
+        const Answers answer({"Cancel"});
+        EXPECT_FALSE(window.close());
+        EXPECT_EQ(answer.Texts().at(0),
+                  "The notes have been changed and not saved. Close the office without saving?");
+    }
+    const Answers answer({"Close without saving"});
+    EXPECT_TRUE(window.close());
+}
+
+} // namespace
+} // namespace Quillane::Office
