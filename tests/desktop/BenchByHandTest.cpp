@@ -46,7 +46,7 @@ TEST_F(BenchByHand, WorksOutALineByKeysAloneAndTheWeighmentReadsByIt) {
         by.Press({"Tab"});
         by.UntilActive("CmdGetWeight");
         const auto hasFrame = [&] {
-            return bench.TxtRawWeight.Text().find("<STX>+012540019<ETX>") != std::string::npos;
+            return bench.TxtRawWeight.Text().find("\x02+012540019\x03") != std::string::npos;
         };
         for (int times = 0; times < 500 && !by.See(hasFrame); ++times)
             by.Press({"space"});
