@@ -142,9 +142,20 @@ VisitBox::~VisitBox() {
     EXPECT_TRUE(tookPlace_) << "No box came up";
 }
 
+// Where another program is in front a box is not modal.
+QDialog* VisitBox::ShownBox() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(window);
+        if (dialog && dialog->isVisible() && !dynamic_cast<Screen*>(dialog)) {
+            return dialog;
+        }
+    }
+    return nullptr;
+}
+
 void VisitBox::Look() {
-    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!BoxIsUp() || !box || dynamic_cast<Screen*>(box) || !box->isVisible()) {
+    QDialog* box = BoxIsUp() ? ShownBox() : nullptr;
+    if (!box) {
         return;
     }
     timer_.stop();

@@ -80,6 +80,7 @@ public:
     VisitBox& operator=(const VisitBox&) = delete;
 
 private:
+    static QDialog* ShownBox();
     void Look();
 
     std::function<void(QDialog&)> act_;

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QStyleFactory>
+#include <QWindow>
 
 namespace Quillane {
 
@@ -69,7 +70,8 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-    if (receiver->isWindowType() && Interruption::IsPending() && IsPressOrClose(event->type())) {
+    if (receiver->isWindowType() && IsPressOrClose(event->type()) &&
+        Interruption::Blocks(static_cast<const QWindow&>(*receiver))) {
         event->ignore();
         return false;
     }

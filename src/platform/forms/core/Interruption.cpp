@@ -9,7 +9,6 @@
 #include <QDialog>
 #include <QEventLoop>
 #include <QWindow>
-#include <private/qguiapplication_p.h>
 
 namespace Quillane {
 
@@ -69,16 +68,21 @@ int Interruption::Run(QDialog& dialog) {
     return inFront_ ? dialog.exec() : RunUnasked(dialog);
 }
 
-// The toolkit takes the keyboard for whatever is modal as it is shown, so this becomes so
-// afterwards.
-int Interruption::RunUnasked(QDialog& dialog) const {
+// The toolkit takes the keyboard for whatever is modal as it is shown. This is not: Blocks and
+// InputWindow do what modality would.
+int Interruption::RunUnasked(QDialog& dialog) {
     QEventLoop loop;
     QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &dialog,
+                     [&dialog](const QWindow* window) {
+                         if (window && Blocks(*window)) {
+                             dialog.activateWindow();
+                         }
+                     });
+    unasked_ = dialog.windowHandle();
     dialog.setModal(false);
     dialog.setAttribute(Qt::WA_ShowWithoutActivating);
     dialog.show();
-    dialog.windowHandle()->setModality(Qt::ApplicationModal);
-    QGuiApplicationPrivate::showModalWindow(dialog.windowHandle());
     loop.exec();
     return dialog.result();
 }
@@ -96,6 +100,22 @@ void Interruption::Changes(bool visible) const {
 bool Interruption::IsPending() {
     return innermost && innermost->awaits_ &&
            !(innermost->window_ && innermost->window_->isVisible());
+}
+
+QWindow* Interruption::InputWindow() {
+    QWindow* unasked = Unasked();
+    QWindow* window = unasked ? unasked : QGuiApplication::modalWindow();
+    return window && window->isVisible() ? window : nullptr;
+}
+
+bool Interruption::Blocks(const QWindow& window) {
+    const QWindow* unasked = Unasked();
+    return IsPending() || (unasked && unasked != &window &&
+                           !unasked->isAncestorOf(&window, QWindow::IncludeTransients));
+}
+
+QWindow* Interruption::Unasked() {
+    return innermost ? innermost->unasked_.data() : nullptr;
 }
 
 unsigned Interruption::Count() {

@@ -5,6 +5,7 @@
 
 class QDialog;
 class QWidget;
+class QWindow;
 
 namespace Quillane {
 
@@ -27,23 +28,31 @@ public:
     /// The awaited window is about to be shown: keys are handed on as soon as it is.
     void Shows();
     /// Shows a dialog and waits for its end; gives its result. It takes the keyboard, but not from
-    /// another program.
+    /// another program: then it is shown below that program's window, and takes the keyboard as
+    /// soon as this program has it.
     int Run(QDialog& dialog);
 
     /// True while the innermost interruption's window is not there.
     static bool IsPending();
+    /// The window that has all input, the box or modal window that is up, or null.
+    static QWindow* InputWindow();
+    /// True while a window of the program takes no press and is not closed. The toolkit itself
+    /// blocks those below a modal window.
+    static bool Blocks(const QWindow& window);
 
     /// How many there have been: tells whether one came up during a procedure.
     static unsigned Count();
 
 private:
-    int RunUnasked(QDialog& dialog) const;
+    int RunUnasked(QDialog& dialog);
+    static QWindow* Unasked();
     void Changes(bool visible) const;
 
     QPointer<QObject> below_;
     bool awaits_ = false;
     QPointer<QWidget> window_;
-    bool inFront_; ///< no other program was, as this began
+    bool inFront_;              ///< no other program was, as this began
+    QPointer<QWindow> unasked_; ///< of the dialog shown while another program was in front
     Interruption* outer_;
     QObject context_; ///< ends what Shows has connected
 };

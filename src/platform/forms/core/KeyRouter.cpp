@@ -25,9 +25,8 @@ using ServerMouse = QWindowSystemInterfacePrivate::MouseEvent;
 // The box or modal screen that is up keeps its own drop-downs' keys where they are.
 QWindow* ReceiverOf(QWindow* window) {
     const bool shown = window && window->isVisible();
-    QWindow* modal = QGuiApplication::modalWindow();
-    if (modal && modal->isVisible()) {
-        return shown && modal->isAncestorOf(window, QWindow::IncludeTransients) ? window : modal;
+    if (QWindow* input = Interruption::InputWindow()) {
+        return shown && input->isAncestorOf(window, QWindow::IncludeTransients) ? window : input;
     }
     return shown || ShownScreens().empty() ? window : ShownScreens().back()->windowHandle();
 }
@@ -43,14 +42,14 @@ public:
     /// True while one goes on that nothing has come up over: what it lets run is no place for the
     /// next key.
     static bool GoesOn() {
-        return innermost && innermost->modal_ == QGuiApplication::modalWindow() &&
+        return innermost && innermost->input_ == Interruption::InputWindow() &&
                innermost->popup_ == QApplication::activePopupWidget();
     }
 
 private:
     static Handling* innermost;
 
-    const QWindow* modal_ = QGuiApplication::modalWindow();
+    const QWindow* input_ = Interruption::InputWindow();
     const QWidget* popup_ = QApplication::activePopupWidget();
     Handling* outer_;
 };

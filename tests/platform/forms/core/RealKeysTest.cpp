@@ -6,6 +6,7 @@
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 
+#include <QAbstractButton>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QWindow>
@@ -32,6 +33,11 @@ protected:
     // Without the event loop: what is sent waits until the screen has time for it.
     static void Send(const QStringList& arguments) {
         ASSERT_EQ(0, QProcess::execute("xdotool", arguments));
+    }
+
+    static void ClickOn(const QWidget& widget) {
+        const QPoint middle = widget.mapToGlobal(widget.rect().center());
+        Send({"mousemove", QString::number(middle.x()), QString::number(middle.y()), "click", "1"});
     }
 
     TrialScreen screen;
@@ -82,8 +88,7 @@ TEST_F(RealKeys, OfABoxStayWithIt) {
 }
 
 TEST_F(RealKeys, ShareTheFocusWithTheMouse) {
-    const QPoint middle = screen.Third.Widget().mapToGlobal(screen.Third.Widget().rect().center());
-    Send({"mousemove", QString::number(middle.x()), QString::number(middle.y()), "click", "1"});
+    ClickOn(screen.Third.Widget());
     EXPECT_TRUE(WaitFor([&] { return screen.ActiveControlName() == "Third"; }));
     EXPECT_EQ((Events{"Validate First", "LostFocus First", "GotFocus Third"}), screen.Taken());
     Send({"key", "shift+Tab", "y"});
@@ -239,6 +244,28 @@ TEST_F(RealKeys, AnswerABoxThatCameUpUnaskedOnceTheProgramIsInFrontAgain) {
     }
     Send({"key", "x"});
     EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "x"; }));
+}
+
+TEST_F(RealKeys, AndPressesLeaveTheScreenBelowABoxThatCameUpUnasked) {
+    int clicks = 0;
+    screen.BtnGo.Click = [&clicks] { ++clicks; };
+    const OtherProgram other;
+    ASSERT_TRUE(
+        WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
+    const VisitBox visit([this](QDialog& box) {
+        box.move(0, 0); // away from the screen
+        EXPECT_TRUE(WaitFor([&] { return box.windowHandle()->isExposed() && box.x() < 100; }));
+        ClickOn(screen.BtnGo.Widget());
+        EXPECT_TRUE(WaitFor([&] { return box.isActiveWindow(); }));
+        screen.windowHandle()->close();
+        EXPECT_TRUE(screen.IsLoaded());
+        ClickOn(*box.findChild<QAbstractButton*>());
+        EXPECT_TRUE(WaitFor([&] { return !box.isVisible(); }));
+    });
+    MsgBox(Alert("Port closed"));
+    EXPECT_EQ(0, clicks);
+    ClickOn(screen.BtnGo.Widget());
+    EXPECT_TRUE(WaitFor([&] { return clicks == 1; }));
 }
 
 } // namespace
