@@ -29,7 +29,11 @@ bool BoxWatch::eventFilter(QObject* watched, QEvent* event) {
     if (!box)
         return false;
     std::erase(up_, box);
-    if (event->type() == QEvent::Show) {
+    if (event->type() == QEvent::Hide) {
+        sinceLast_.start();
+    } else {
+        if (sinceLast_.isValid() && (shortestPause_ < 0 || sinceLast_.elapsed() < shortestPause_))
+            shortestPause_ = sinceLast_.elapsed();
         all_.push_back({FromQt(box->windowTitle()), FromQt(box->text())});
         up_.push_back(box);
         mostAtOnce_ = std::max(mostAtOnce_, up_.size());

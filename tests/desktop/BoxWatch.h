@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 
 #include <string>
@@ -26,6 +27,8 @@ public:
     /// How many are up at once.
     std::size_t CountUp() const { return up_.size(); }
     std::size_t MostAtOnce() const { return mostAtOnce_; }
+    /// Milliseconds from the end of one to the next, the shortest of all; -1 before there are two.
+    qint64 ShortestPause() const { return shortestPause_; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,6 +37,8 @@ private:
     std::vector<Seen> all_;
     std::vector<QMessageBox*> up_;
     std::size_t mostAtOnce_ = 0;
+    QElapsedTimer sinceLast_;
+    qint64 shortestPause_ = -1;
 };
 
 } // namespace Quillane::Testing

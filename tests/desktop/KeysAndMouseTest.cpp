@@ -1,10 +1,13 @@
 // Keys typed ahead, the way through the screen by Enter and back, lists, and the mouse.
 
 #include "Station.h"
+#include "shell/Desktop.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QTableView>
+
+#include <algorithm>
 
 namespace Quillane::Testing {
 namespace {
@@ -73,6 +76,35 @@ TEST_F(KeysTypedAhead, WhileABoxIsUpStayWithTheBox) {
         by.Press({"9"});
         by.Until("the key behind the box", [&] { return screen.TxtVehicleNo.Text() == "k59"; });
     });
+}
+
+class WeighmentOpenedTwice : public Station {
+protected:
+    static auto CountShown() {
+        return std::ranges::count_if(QApplication::topLevelWidgets(), [](const QWidget* window) {
+            return dynamic_cast<const FrmWeighment*>(window) && window->isVisible();
+        });
+    }
+};
+
+// A second screen would find its port in use, and a box would report that.
+TEST_F(WeighmentOpenedTwice, ByPressesWhileItLoadsIsOpenedOnce) {
+    Work([this](Operator& by) {
+        by.SignIn("Nadia", "grain");
+        QWidget& button = TheDesktop->BtnWeighment.Widget();
+        for (int times = 0; times < 5; ++times) {
+            const QPoint place =
+                by.OnDisplay(button, by.See([&] { return button.rect().center(); }));
+            by.WithoutLooking({"mousemove", QString::number(place.x()), QString::number(place.y()),
+                               "click", "--repeat", "4", "--delay", "15", "1"});
+            by.UntilInFront("Weighment for Veltrane");
+            by.UntilReading(12540);
+            EXPECT_EQ(by.See(CountShown), 1);
+            by.Press({"ctrl+q"});
+            by.UntilInFront("Veltrane: Quillane");
+        }
+    });
+    EXPECT_TRUE(boxes->All().empty());
 }
 
 class WayThroughTheScreen : public Station {
@@ -205,6 +237,21 @@ TEST_F(ListsByMouse, AndBoxesTakeTheFocusByAClick) {
         by.UntilActive("TxtVehicleNo");
         // A box that once had the focus stays tinted.
         EXPECT_EQ(by.See([&] { return screen.TxtDeduction.BackColor(); }), 0xC0FFFFU);
+    });
+}
+
+// What the box holds is selected as it gets the focus, by the mouse too.
+TEST_F(ListsByMouse, AndAClickIntoTheDeductionLetsItBeWrittenOver) {
+    WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
+        by.Click(screen.TxtDeduction);
+        by.UntilActive("TxtDeduction");
+        by.Type("17");
+        by.Click(screen.TxtVehicleNo);
+        by.UntilActive("TxtVehicleNo");
+        by.Click(screen.TxtDeduction);
+        by.UntilActive("TxtDeduction");
+        by.Type("5");
+        by.Until("the new deduction", [&] { return screen.TxtDeduction.Text() == "5"; });
     });
 }
 

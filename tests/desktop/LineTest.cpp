@@ -88,6 +88,30 @@ TEST_F(LineUnderHands, ReportsAPulledCableInOneBoxAtATimeUntilManualWeightStopsI
     EXPECT_EQ(boxes->MostAtOnce(), 1U);
 }
 
+// The timer ticks every 300 ms; the toolkit's timers may be 5 per cent early.
+TEST_F(LineUnderHands, LeavesTheOperatorAWholeIntervalAndHisKeysBetweenTwoBoxes) {
+    WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
+        by.Click(screen.TxtDriverName);
+        by.UntilActive("TxtDriverName");
+        by.UntilReading(12540);
+        Indicate(by, "hangup");
+        std::string typed;
+        for (const char* pause : {"0", "5", "0", "5", "0", "5"}) {
+            by.Until("the line's box", [this] { return boxes->CountUp() == 1; });
+            by.WithoutLooking({"key", "--delay", pause, "Return", "a", "b", "c"});
+            typed += "abc";
+            by.Until("the letters", [&] { return screen.TxtDriverName.Text() == typed; });
+        }
+        EXPECT_GE(by.See([this] { return boxes->ShortestPause(); }), 285);
+        Indicate(by, "connect");
+        by.PastLineBoxes(
+            [&] { by.Press({"ctrl+l"}); }, "the question before clearing",
+            [this] { return boxes->All().back().text == "Are you sure to clear the entries?"; });
+        by.Answer("Alert", "Are you sure to clear the entries?", {"Return"});
+        by.UntilReading(12540);
+    });
+}
+
 TEST_F(LineUnderHands, LetsNobodyTypeAWeightWhileItIsLive) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);

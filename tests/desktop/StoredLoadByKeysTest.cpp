@@ -81,7 +81,7 @@ protected:
     static void PrintAgain(Operator& by, FrmWeighment& screen) {
         OpenTyped(by, screen, 1043);
         EXPECT_FALSE(by.See([&] { return screen.CmdTareWeight.Enabled(); }));
-        by.Click(screen.BtnPrint);
+        by.Press({"F9"});
         by.UntilInFront("Previewing Report");
         by.Picture("printed-again");
         by.Press({"Escape"});
