@@ -44,7 +44,8 @@ wait_until() {
     done
 }
 
-Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
+# Without auto-repeat (-r): on a busy machine a key may be held down for long.
+Xvfb -r -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
 server=$!
 wait_until grep -q '[0-9]' "$folder/display"
 DISPLAY=:$(cat "$folder/display")
