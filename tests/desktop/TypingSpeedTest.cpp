@@ -109,8 +109,9 @@ const QStringList FoundPrintedAndCleared{"ctrl+o", "1",      "0",  "4",      "3"
                                          "Return", "Return", "F9", "Escape", "ctrl+l"};
 const QStringList AnotherRemoved{"shift+Tab",         "1", "0", "4", "0", "Return",
                                  "ctrl+shift+Delete", "y"};
-const QStringList ClearedWithItsQuestion{"Return", "w", "h", "ctrl+l", "y"};
-const QStringList ClosedAtTheSecondQuestion{"Return", "w", "h", "ctrl+q", "n", "ctrl+q", "y"};
+const QStringList ClearedAtTheSecondQuestion{"Return", "w", "h", "ctrl+l", "n", "ctrl+l", "y"};
+// A No would leave the line closed, and boxes would report that.
+const QStringList ClosedWithItsQuestion{"Return", "w", "h", "ctrl+q", "y"};
 const QStringList ScreenOpenedAgain{"Return", "Return", "Return", "w", "h"};
 
 TEST_P(AtAnySpeed, EveryKeyOfTheMainJobGoesWhereItBelongs) {
@@ -127,7 +128,8 @@ TEST_P(AtAnySpeed, EveryKeyOfTheMainJobGoesWhereItBelongs) {
         by.UntilReading(4320);
         TypeOn(by, UpToTheDriver + BackToTheDeduction + BagLines + SavedAndPrinted +
                        ChangedAndSavedAgain + FoundPrintedAndCleared + AnotherRemoved +
-                       ClearedWithItsQuestion + ClosedAtTheSecondQuestion + ScreenOpenedAgain);
+                       ClearedAtTheSecondQuestion + ClosedWithItsQuestion + ScreenOpenedAgain);
+        by.Until("every key", [this] { return keys->Arrived() >= sent; });
         by.Until("the next load's commodity", NextScreenIsBegun);
         by.UntilActive("CboCommodity");
         EXPECT_EQ(
@@ -136,8 +138,7 @@ TEST_P(AtAnySpeed, EveryKeyOfTheMainJobGoesWhereItBelongs) {
                 "Are you sure to save this Weighment?", "Do you want to print?",
                 "Are you sure to save this Weighment?", "Do you want to print?",
                 "Are you sure to remove this arrival?", "Are you sure to clear the entries?",
-                "Are you sure to close without save?", "Are you sure to close without save?"}));
-        EXPECT_EQ(by.See([this] { return keys->Arrived(); }), sent);
+                "Are you sure to clear the entries?", "Are you sure to close without save?"}));
     });
     EXPECT_EQ(Stored("Select BagsClassId, BagsTypeId, NoOfBags, TareWeight, BagWeight,"
                      " OtherDeduction, NetWeight, DriverName, BiltyNo, VehicleNoText"
