@@ -1,5 +1,6 @@
 #include "office/commands/CommandLine.h"
 
+#include "office/commands/DriverCommand.h"
 #include "office/daybook/Days.h"
 #include "office/records/Tables.h"
 
@@ -22,6 +23,9 @@ Commands:
                          --xlsx names
   --add-user NAME        add a user of the stations; the password is asked for
   --reset-password NAME  give a user a new password, which is asked for
+  --register-driver PLACE
+                         register the driver of SQL Server, of the package tdsodbc;
+                         PLACE is system (for all users) or user (for this one)
   -h, --help             write this text and end
   -v, --version          write the version and end
 
@@ -77,6 +81,7 @@ public:
                             {"inside", ""},
                             {"add-user", "", "name"},
                             {"reset-password", "", "name"},
+                            {"register-driver", "", "place"},
                             {"station", "", "folder"},
                             {"yes", ""},
                             {"skip-faulty", ""},
@@ -127,6 +132,9 @@ private:
         Take("day-book", Request::Act::DayBook, nullptr);
         Take("add-user", Request::Act::AddUser, &Request::user);
         Take("reset-password", Request::Act::ResetPassword, &Request::user);
+        Take("register-driver", Request::Act::RegisterDriver, &Request::place);
+        if (request_.act == Request::Act::RegisterDriver && !IsDriverPlace(request_.place))
+            Refuse("A driver is registered for the \"system\" or for the \"user\".");
         if (parser_.isSet("help"))
             request_.act = Request::Act::Help;
         else if (parser_.isSet("version"))

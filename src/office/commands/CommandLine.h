@@ -18,12 +18,23 @@ struct DayBookRequest {
 
 /// What the command line asks of the office.
 struct Request {
-    enum class Act { Window, Help, Version, Import, Export, AddUser, ResetPassword, DayBook };
+    enum class Act {
+        Window,
+        Help,
+        Version,
+        Import,
+        Export,
+        AddUser,
+        ResetPassword,
+        DayBook,
+        RegisterDriver
+    };
 
     Act act = Act::Window;    ///< without a command the window opens
     std::string table{};      ///< of an import or export, as it was typed
     std::string file{};       ///< that is read or written; "-" is the terminal
     std::string user{};       ///< who is added or gets a new password
+    std::string place{};      ///< of a driver: "system" or "user"
     std::int32_t level = 2;   ///< of a new user
     DayBookRequest dayBook{}; ///< of a day book
     bool isConfirmed = false; ///< --yes

@@ -1,4 +1,5 @@
 #include "office/commands/Commands.h"
+#include "office/commands/DriverCommand.h"
 #include "office/commands/StationConnection.h"
 #include "office/window/OfficeBoxes.h"
 #include "office/window/RunOffice.h"
@@ -48,6 +49,10 @@ ExitCode Answer(const Request& request) {
     if (request.act == Request::Act::Version) {
         std::cout << "Quillane office " << QuillaneVersion() << "\n";
         return ExitCode::Done;
+    }
+    if (request.act == Request::Act::RegisterDriver) {
+        Terminal terminal = ProcessTerminal();
+        return RegisterDriver(request.place, terminal);
     }
     return Run(request);
 }

@@ -162,9 +162,9 @@ void ListsPage::SizeColumns() {
         header.setSectionResizeMode(column,
                                     isWide ? QHeaderView::Stretch : QHeaderView::Interactive);
         if (!isWide)
-            header.resizeSection(column, isKey                      ? keyWidth
+            header.resizeSection(column, isKey                    ? keyWidth
                                          : kind == CellKind::Flag ? flagWidth
-                                                                    : referenceWidth);
+                                                                  : referenceWidth);
     }
 }
 
@@ -241,16 +241,14 @@ void ListsPage::Retire() {
     RowChange change{*Chosen(), *Chosen()};
     std::string& inUse = change.after[static_cast<std::size_t>(CurrentTable().inUse)];
     inUse = inUse == "0" ? "1" : "0";
-    const WriteResult result =
-        WriteRows(session_.connection, CurrentTable(), std::array{change});
+    const WriteResult result = WriteRows(session_.connection, CurrentTable(), std::array{change});
     const Snapshot& known = model_.Known();
     if (result.end == WriteResult::End::Conflicts)
-        Warn(window(),
-             DescribeConflict(CurrentTable(), change, result.conflict,
-                              [&](std::size_t column, const Row& row) {
-                                  return known.ShownCell(column, row);
-                              }) +
-                 "\nNothing has been written. The list is read again.");
+        Warn(window(), DescribeConflict(CurrentTable(), change, result.conflict,
+                                        [&](std::size_t column, const Row& row) {
+                                            return known.ShownCell(column, row);
+                                        }) +
+                           "\nNothing has been written. The list is read again.");
     Reload();
 }
 
@@ -265,9 +263,8 @@ void ListsPage::Delete() {
     if (result.end == DeleteResult::End::IsReferredTo)
         Warn(window(), DescribeReferences(table, row, result.references));
     else if (result.end == DeleteResult::End::Conflicts)
-        Warn(window(), "Somebody else has " +
-                           std::string(result.stored ? "changed" : "deleted") + " the " +
-                           Called(table, row) +
+        Warn(window(), "Somebody else has " + std::string(result.stored ? "changed" : "deleted") +
+                           " the " + Called(table, row) +
                            " meanwhile. Nothing has been deleted; the list is read again.");
     Reload();
 }

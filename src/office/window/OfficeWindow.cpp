@@ -97,8 +97,8 @@ void OfficeWindow::ShowWho() {
         isEmbedded ? session_.connection.DatabaseFile()
                    : "Database " + session_.connection.DefaultDatabase() + " on a server";
     statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(Note(ToQt(session_.user) + ", level " +
-                                QString::number(session_.level)));
+    statusBar()->addWidget(
+        Note(ToQt(session_.user) + ", level " + QString::number(session_.level)));
     statusBar()->addPermanentWidget(Note(ToQt(database)));
 }
 
@@ -148,11 +148,11 @@ QString OfficeWindow::Unsaved() const {
 
 void OfficeWindow::closeEvent(QCloseEvent* event) {
     const QString unsaved = Unsaved();
-    const bool closes = unsaved.isEmpty() ||
-                        Ask(this,
-                            FromQt(unsaved) + " been changed and not saved. Close the office "
-                                              "without saving?",
-                            "Close &without saving");
+    const bool closes =
+        unsaved.isEmpty() || Ask(this,
+                                 FromQt(unsaved) + " been changed and not saved. Close the office "
+                                                   "without saving?",
+                                 "Close &without saving");
     event->setAccepted(closes);
 }
 

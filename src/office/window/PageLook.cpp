@@ -72,7 +72,8 @@ Notice::Notice(Kind kind, QWidget* parent) : QLabel(parent) {
     setAutoFillBackground(true);
     const bool isFault = kind == Kind::Fault;
     QPalette colours = palette();
-    colours.setColor(QPalette::Window, isFault ? QColor(0xF8, 0xE4, 0xE1) : QColor(0xFB, 0xF3, 0xD5));
+    colours.setColor(QPalette::Window,
+                     isFault ? QColor(0xF8, 0xE4, 0xE1) : QColor(0xFB, 0xF3, 0xD5));
     colours.setColor(QPalette::WindowText,
                      isFault ? QColor(0x8A, 0x16, 0x16) : QColor(0x5C, 0x45, 0x00));
     setPalette(colours);

@@ -189,8 +189,8 @@ void RowDialog::Save() {
     if (IsRefused(after))
         return;
     const RowChange change{before_, after};
-    const WriteResult result = before_ == after ? WriteResult{}
-                                                : WriteRows(connection_, table_, std::array{change});
+    const WriteResult result =
+        before_ == after ? WriteResult{} : WriteRows(connection_, table_, std::array{change});
     if (result.end == WriteResult::End::Conflicts) {
         TakeConflict(change, result.conflict);
         return;
@@ -225,9 +225,10 @@ bool RowDialog::IsRefused(const Row& after) {
 // What was not touched here becomes what the other one has stored.
 void RowDialog::TakeConflict(const RowChange& change, const Conflict& conflict) {
     known_ = ReadSnapshot(connection_, table_);
-    const std::string text = DescribeConflict(
-        table_, change, conflict,
-        [this](std::size_t column, const Row& row) { return known_.ShownCell(column, row); });
+    const std::string text =
+        DescribeConflict(table_, change, conflict, [this](std::size_t column, const Row& row) {
+            return known_.ShownCell(column, row);
+        });
     if (!change.before || !conflict.stored) {
         Warn(this, text + "\nYour entries are still here.");
         before_.reset();
@@ -242,8 +243,9 @@ void RowDialog::TakeConflict(const RowChange& change, const Conflict& conflict) 
             merged[column] = change.after[column];
     before_ = conflict.stored;
     ShowRow(merged);
-    Warn(this, text + "\n\nNothing has been written. Your entries are still here: save again to put "
-                      "them in place of the others, or cancel.");
+    Warn(this, text +
+                   "\n\nNothing has been written. Your entries are still here: save again to put "
+                   "them in place of the others, or cancel.");
 }
 
 void RowDialog::showEvent(QShowEvent* event) {

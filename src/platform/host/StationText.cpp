@@ -101,6 +101,15 @@ std::string LineEndOf(std::string_view text) {
 
 } // namespace
 
+std::string StationEntry(std::string_view text, std::string_view section, std::string_view key) {
+    const std::vector<std::string> lines = Lines(text);
+    const Place place = FindPlace(lines, section, key);
+    if (!place.entry)
+        return {};
+    const std::string_view line = Content(lines[*place.entry]);
+    return std::string(Bare(line.substr(line.find('=') + 1)));
+}
+
 std::string WithStationEntry(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value) {
     std::vector<std::string> lines = Lines(text);

@@ -7,6 +7,9 @@
 /// lines, the order, the line ends.
 namespace Quillane {
 
+/// The value under a key; empty where there is none.
+std::string StationEntry(std::string_view text, std::string_view section, std::string_view key);
+
 /// The text with this value under a key: the entry replaced, or put into its section in the order
 /// of numbered keys, or both added at the end.
 std::string WithStationEntry(std::string_view text, std::string_view section, std::string_view key,

@@ -33,6 +33,18 @@ TEST(OfficeCommandLine, UsersAreNamedWithTheirLevel) {
     EXPECT_EQ(Read({"--reset-password", "Imran"}).act, Request::Act::ResetPassword);
 }
 
+TEST(OfficeCommandLine, DriverIsRegisteredForTheSystemOrTheUser) {
+    const Request request = Read({"--register-driver", "system"});
+    EXPECT_EQ(request.fault, "");
+    EXPECT_EQ(request.act, Request::Act::RegisterDriver);
+    EXPECT_EQ(request.place, "system");
+    EXPECT_EQ(Read({"--register-driver", "user"}).fault, "");
+    EXPECT_EQ(Read({"--register-driver", "all"}).fault,
+              "A driver is registered for the \"system\" or for the \"user\".");
+    EXPECT_EQ(Read({"--register-driver", "user", "--yes"}).fault,
+              "--yes and --skip-faulty belong to --import.");
+}
+
 TEST(OfficeCommandLine, HelpAndVersionNeedNothingElse) {
     EXPECT_EQ(Read({"--help"}).act, Request::Act::Help);
     EXPECT_EQ(Read({"-v"}).act, Request::Act::Version);

@@ -35,11 +35,11 @@ protected:
     std::string Csv() {
         std::string text;
         DayBook book(database.connection, Year2024());
-        WriteArrivalsCsv(book, [&](std::string_view piece) { text += piece; }, GoesOn);
+        WriteArrivalsCsv(
+            book, [&](std::string_view piece) { text += piece; }, GoesOn);
         return text;
     }
-    std::string Name(const std::string& table, const std::string& function,
-                     const std::string& id) {
+    std::string Name(const std::string& table, const std::string& function, const std::string& id) {
         return database.connection
             .Execute("Select TOP 1 dbo." + function + "(" + id + ") From " + table)
             .Fields(0)
@@ -67,10 +67,11 @@ TEST_F(DayBookExport, CsvHasALineForEachArrivalWithoutUnitsOrGroups) {
               "\xEF\xBB\xBF"
               "ArrivalId,ArrivalDate,Party,PartyId,Commodity,VehicleNo,Bags,FirstWeightKg,TareKg,"
               "GrossKg,DeductionKg,NetKg,Mounds,StillInside\r\n"
-              "20001,2024-05-01," + party + ",6010001," + commodity +
+              "20001,2024-05-01," +
+                  party + ",6010001," + commodity +
                   ",\"LEA \"\"7\"\"\",100,12100.5,4000,8100.5,0.5,8100,202.5,0\r\n"
-                  "20002,2024-05-01," + party + ",6010001," + commodity +
-                  ",LEA-1,100,12000,,,,,,1\r\n");
+                  "20002,2024-05-01," +
+                  party + ",6010001," + commodity + ",LEA-1,100,12000,,,,,,1\r\n");
 }
 
 TEST_F(DayBookExport, BrokenOffCsvLeavesTheFileThatWasThere) {
@@ -103,7 +104,8 @@ TEST_F(DayBookExport, WorkbookHasASheetOfArrivalsAndOneForEachKindOfSum) {
     EXPECT_NE(arrivals.find("<v>202.5</v>"), std::string::npos);
     EXPECT_NE(arrivals.find("<t>still inside</t>"), std::string::npos);
     EXPECT_NE(arrivals.find("without 1 still inside"), std::string::npos);
-    EXPECT_NE(arrivals.find("<v>45413</v>"), std::string::npos); // 2024-05-01 as a spreadsheet counts
+    EXPECT_NE(arrivals.find("<v>45413</v>"),
+              std::string::npos); // 2024-05-01 as a spreadsheet counts
 }
 
 TEST_F(DayBookExport, BrokenOffWorkbookLeavesTheFileThatWasThereAndNoOther) {

@@ -108,9 +108,9 @@ TEST_F(OfficeLists, PartyWithoutACityIsRefusedAndTheEntriesStay) {
         Press(dialog, Qt::Key_Return);
         EXPECT_TRUE(dialog.isVisible());
         EXPECT_NE(Notices(dialog).find("City is empty"), std::string::npos);
-        EXPECT_EQ(static_cast<QLineEdit*>(static_cast<RowDialog&>(dialog).Field("AccountName"))
-                      ->text(),
-                  "Hamza Traders");
+        EXPECT_EQ(
+            static_cast<QLineEdit*>(static_cast<RowDialog&>(dialog).Field("AccountName"))->text(),
+            "Hamza Traders");
         Press(dialog, Qt::Key_Escape);
     });
     Press(window, Qt::CTRL | Qt::Key_N);

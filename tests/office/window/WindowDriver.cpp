@@ -60,8 +60,7 @@ Visit::~Visit() {
 
 void Visit::Look() {
     auto* modal = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!modal || modal == below_ || !modal->isVisible() ||
-        QApplication::activeWindow() != modal)
+    if (!modal || modal == below_ || !modal->isVisible() || QApplication::activeWindow() != modal)
         return;
     timer_.stop();
     tookPlace_ = true;

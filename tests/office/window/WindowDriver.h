@@ -15,7 +15,9 @@ namespace Quillane::Office {
 /// Works shown windows by keys, which go to the widget that has the focus in the window. A window
 /// over which a dialog has closed is first made the active one again, as the window system does.
 void Press(QWidget& window, QKeyCombination key);
-inline void Press(QWidget& window, Qt::Key key) { Press(window, QKeyCombination(key)); }
+inline void Press(QWidget& window, Qt::Key key) {
+    Press(window, QKeyCombination(key));
+}
 /// Types an ASCII text.
 void Type(QWidget& window, std::string_view text);
 

@@ -54,5 +54,13 @@ TEST(StationText, EntryIsTakenOutAndItsSectionStays) {
         EXPECT_EQ(WithoutStationEntry(each.before, "Ports", "1"), each.after) << each.before;
 }
 
+TEST(StationText, ReadsTheEntryOfASection) {
+    const char* text = "[Ports]\n1=/dev/ttyS0\n[Backup]\n; 1=no\n 1 = /mnt/a=b \r\n";
+    EXPECT_EQ(StationEntry(text, "ports", "1"), "/dev/ttyS0");
+    EXPECT_EQ(StationEntry(text, "Backup", "1"), "/mnt/a=b");
+    EXPECT_EQ(StationEntry(text, "Backup", "2"), "");
+    EXPECT_EQ(StationEntry("", "Backup", "1"), "");
+}
+
 } // namespace
 } // namespace Quillane
