@@ -3,12 +3,28 @@
 #include <QFile>
 #include <QString>
 
+#include <filesystem>
+
 namespace Quillane {
+
+namespace {
+
+bool FolderHandsItsGroupOn(const std::string& path) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(std::u8string(path.begin(), path.end())).parent_path();
+    std::error_code error;
+    return (fs::status(folder, error).permissions() & fs::perms::set_gid) != fs::perms::none;
+}
+
+} // namespace
 
 void MakePrivateFile(const std::string& path) {
     QFile file(QString::fromStdString(path));
-    if (file.open(QIODevice::WriteOnly))
-        MakePrivate(file);
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    MakePrivate(file);
+    if (FolderHandsItsGroupOn(path))
+        file.setPermissions(file.permissions() | QFileDevice::ReadGroup | QFileDevice::WriteGroup);
 }
 
 void MakePrivate(QFileDevice& file) {
