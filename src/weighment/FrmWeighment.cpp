@@ -94,37 +94,12 @@ void FrmWeighment::Form_GotFocus() {
     Timer.SetEnabled(true);
 }
 
-void FrmWeighment::BtnClear_Click() {
-    try {
-        if (BtnSave.Enabled() && MsgBox({"Are you sure to clear the entries?", "Alert",
-                                         BoxIcon::Question, BoxButtons::YesNo}) == BoxAnswer::No)
-            return;
-        NewWeighment();
-        if (DtpArrivalDate.Enabled())
-            DtpArrivalDate.SetFocus();
-        else
-            TxtArrivalId.SetFocus();
-    } catch (const Failure&) {
-        ShowError();
-    }
-}
-
 void FrmWeighment::BtnClose_Click() {
     Unload();
 }
 
 void FrmWeighment::CboSellerType_RowChange() {
     FillPickList(sellerRows_, sellers_, CboSellerType.ColumnText(1), CboSeller);
-}
-
-void FrmWeighment::ChkFinalized_Click() {
-    if (ChkFinalized.Visible() && HasFocus(ChkFinalized.Name()) && !BtnSave.Enabled())
-        EnterChangeMode();
-}
-
-void FrmWeighment::DtpArrivalDate_Change() {
-    if (ScreenMode != "ChangeMode")
-        EnterChangeMode();
 }
 
 } // namespace Quillane

@@ -84,47 +84,51 @@ public:
     /// Blanks the screen in its control order. Failures are reported.
     void ClearControls();
     /// An empty screen with the next free id and today's date, the line reopened. Failures are
-    /// reported, and what stands behind one is not done.
+    /// reported, and the steps after one are not done.
     void NewWeighment();
+    void BtnClear_Click();
+    void ChkFinalized_Click();
+    void DtpArrivalDate_Change();
 
     // Weights (FrmWeighmentWeights.cpp)
     void ComputeGrossWeight();
     void ComputeNetWeight();
     void RefreshGrossEntry();
-    void OpenScalePort();
-    void ReopenScalePort();
-    void ReadLiveWeight();
-
-    // Saving (FrmWeighmentValidate.cpp, FrmWeighmentSave.cpp)
-    /// True when the screen may be saved; otherwise the operator has been told why.
-    bool ValidateWeighment();
-    /// Validates again, and writes the weighment in one transaction.
-    void SaveWeighment();
-
-    // Opening (FrmWeighmentOpen.cpp)
-    /// Brings a stored arrival onto the screen and replaces what stood there; id 0 asks the
-    /// operator which. One that has no rows leaves the screen as it was, but for `ArrivalNo`.
-    /// Failures are reported; the screen then holds what had been filled so far.
-    void LoadArrival(std::int16_t& id);
-
-    // Event procedures
-    void BtnSave_Click();
-    void BtnPrint_Click();
-    void BtnClear_Click();
-    void BtnOpen_Click();
-    void BtnRemove_Click();
-    void BtnClose_Click();
-    void CmdGrossWeight_Click();
-    void CmdTareWeight_Click();
-    void ChkManualWeight_Click();
-    void ChkFinalized_Click();
-    void DtpArrivalDate_Change();
-    void TxtArrivalId_Change();
-    void TxtArrivalId_Validate();
     void TxtInitialGrossWeight_Change();
     void TxtTareWeight_Change();
     void TxtGrossWeight_Change();
     void TxtNetWeight_Change();
+
+    // The scale (FrmWeighmentScale.cpp)
+    void OpenScalePort();
+    void ReopenScalePort();
+    void ReadLiveWeight();
+    void ChkManualWeight_Click();
+    void CmdGrossWeight_Click();
+    void CmdTareWeight_Click();
+
+    // Saving (FrmWeighmentValidate.cpp, FrmWeighmentSave.cpp)
+    /// True when the screen may be saved; otherwise a box has said why.
+    bool ValidateWeighment();
+    /// Validates again, and writes the weighment in one transaction.
+    void SaveWeighment();
+    void BtnSave_Click();
+
+    // Opening (FrmWeighmentOpen.cpp)
+    /// Brings a stored arrival onto the screen and replaces what was there; id 0 asks the
+    /// operator which. One that has no rows leaves the screen as it was, but for `ArrivalNo`.
+    /// Failures are reported; the screen then holds what had been filled so far.
+    void LoadArrival(std::int16_t& id);
+    void BtnOpen_Click();
+    void TxtArrivalId_Change();
+    void TxtArrivalId_Validate();
+
+    // Removing, printing (FrmWeighmentRemove.cpp, FrmWeighmentPrint.cpp)
+    void BtnRemove_Click();
+    void BtnPrint_Click();
+
+    // Loading and closing, and the seller's list (FrmWeighment.cpp)
+    void BtnClose_Click();
     void CboSellerType_RowChange();
 
 protected:
@@ -135,7 +139,11 @@ protected:
     void Form_KeyPress(int& character) override;
 
 private:
-    // Layout (FrmWeighmentLayout.cpp)
+    // FrmWeighment.cpp
+    void WireBoxes();
+    void WireButtonsAndLists();
+
+    // FrmWeighmentLayout.cpp
     void DesignControls();
     void SetTabOrder();
     void DesignBoxes();
@@ -150,24 +158,25 @@ private:
     QLayout* WeightFields();
     QLayout* ButtonRow();
 
-    // Wiring (FrmWeighment.cpp)
-    void WireBoxes();
-    void WireButtonsAndLists();
-
-    // Keys (FrmWeighmentKeys.cpp)
+    // FrmWeighmentKeys.cpp
     void HandleKeyDown(int& key, int shift);
     void HandleEnter(int& key);
     void HandleShortcut(int& key, int shift);
     void SearchParty(int& key);
-    bool HasFocus(std::string_view name) const;
     std::array<TextBox*, 6> NumberBoxes();
-    void EnterChangeMode();
 
-    void BlankControls();
+    // FrmWeighmentModes.cpp
+    void EnterChangeMode();
     void ApplyWeighRule();
+    void BlankControls();
     void EmptyBagRows();
+    /// None has it while the controls are blanked.
+    bool HasFocus(const VisualControl& control) const;
+
+    // FrmWeighmentWeights.cpp
     void BlankLoneZero(TextBox& box);
 
+    // FrmWeighmentValidate.cpp
     bool HasArrivalId();
     bool HasParty();
     bool HasCommodity();
@@ -179,18 +188,20 @@ private:
     bool IsPosted();
     void TakeNewId();
 
+    // FrmWeighmentSave.cpp
     void WriteHeader();
     bool IsFreeOfDependents();
     void ReplaceBody();
     void WriteBagLine(bool first);
     void FinishSave();
 
+    // FrmWeighmentOpen.cpp
     std::int32_t AskForArrival();
     void ShowRows(Recordset& rows);
     void ShowHeader(const Recordset& rows);
     void ShowBagLine(const Recordset& rows, int line);
 
-    bool blanking_ = false; ///< no control counts as having the focus
+    bool blanking_ = false; ///< `BlankControls` is running
     PortSession session_{*this, CM, Timer, TxtWeight, PortSettingsRows};
     Recordset headerRows_;
     Recordset oldBodyRows_;

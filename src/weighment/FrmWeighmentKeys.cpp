@@ -38,10 +38,6 @@ bool IsShortcut(int key, int shift) {
 
 } // namespace
 
-bool FrmWeighment::HasFocus(std::string_view name) const {
-    return !blanking_ && ActiveControlName() == name;
-}
-
 std::array<TextBox*, 6> FrmWeighment::NumberBoxes() {
     return {&TxtInitialGrossWeight, &TxtTareWeight, &TxtGrossWeight,
             &TxtShortage,           &TxtDeduction,  &TxtHeapNo};
@@ -60,7 +56,7 @@ void FrmWeighment::HandleKeyDown(int& key, int shift) {
         HandleEnter(key);
     else if (IsShortcut(key, shift))
         HandleShortcut(key, shift);
-    else if (key == Key::F1 && HasFocus(CboSeller.Name()))
+    else if (key == Key::F1 && HasFocus(CboSeller))
         SearchParty(key);
     else if (!LeavesModeAlone(key) && !BtnSave.Enabled())
         EnterChangeMode();

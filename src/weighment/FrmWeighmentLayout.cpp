@@ -278,7 +278,7 @@ QLayout* FrmWeighment::WeightFields() {
     figures->setVerticalSpacing(8);
     figures->setHorizontalSpacing(10);
     figures->setColumnStretch(1, 1);
-    // The mounds of the largest load stand whole, also where the display is small.
+    // Wide enough for the mounds of the largest load, also on a small display.
     figures->setColumnMinimumWidth(1, 120);
     AddWeightLine(*figures, 0, "Initial Gross Weight", TxtInitialGrossWeight);
     AddWeightLine(*figures, 1, "Tare Weight", TxtTareWeight);

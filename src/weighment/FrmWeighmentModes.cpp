@@ -3,6 +3,7 @@
 #include "data/Con.h"
 #include "data/modCommon.h"
 #include "platform/forms/controls/ComboBox.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/runtime/Date.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
@@ -82,6 +83,10 @@ void FrmWeighment::EnterChangeMode() {
     SetButtonState(2);
 }
 
+bool FrmWeighment::HasFocus(const VisualControl& control) const {
+    return !blanking_ && ActiveControl() == &control;
+}
+
 // Whichever control has the focus, its handler takes this for a write from elsewhere: a box that
 // computed here would leave the figures of the weighment that goes.
 void FrmWeighment::BlankControls() {
@@ -133,6 +138,31 @@ void FrmWeighment::NewWeighment() {
     } catch (const Failure&) {
         ShowError();
     }
+}
+
+void FrmWeighment::BtnClear_Click() {
+    try {
+        if (BtnSave.Enabled() && MsgBox({"Are you sure to clear the entries?", "Alert",
+                                         BoxIcon::Question, BoxButtons::YesNo}) == BoxAnswer::No)
+            return;
+        NewWeighment();
+        if (DtpArrivalDate.Enabled())
+            DtpArrivalDate.SetFocus();
+        else
+            TxtArrivalId.SetFocus();
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
+void FrmWeighment::ChkFinalized_Click() {
+    if (ChkFinalized.Visible() && HasFocus(ChkFinalized) && !BtnSave.Enabled())
+        EnterChangeMode();
+}
+
+void FrmWeighment::DtpArrivalDate_Change() {
+    if (ScreenMode != "ChangeMode")
+        EnterChangeMode();
 }
 
 } // namespace Quillane

@@ -19,6 +19,14 @@ void FrmWeighment::BtnOpen_Click() {
     }
 }
 
+void FrmWeighment::TxtArrivalId_Change() {
+    try {
+        ArrivalNo = ToLong(Val(TxtArrivalId.Text()));
+    } catch (const Failure&) {
+        ShowError();
+    }
+}
+
 // A free id stays as typed: the arrival is a new one under it. Of a stored one the id passes
 // through 16 bits on this path; the search screen opens those beyond.
 void FrmWeighment::TxtArrivalId_Validate() {

@@ -121,7 +121,7 @@ void FrmWeighment::WriteBagLine(bool first) {
     bodyRows_.Collect("BagsClassId", GetIdOfName(CboBagClass, Grid.ColumnText(0)));
     bodyRows_.Collect("BagsTypeId", GetIdOfName(CboBagType, Grid.ColumnText(1)));
     bodyRows_.Collect("NoOfBags", Val(Grid.ColumnText(2)));
-    // Vehicle and tare stand on the first line only, so that their sum over the lines is right.
+    // Only the first line has vehicle and tare, so that their sum over the lines is right.
     bodyRows_.Collect("VehicleNo", first ? TxtVehicleNo.Text() : std::string());
     bodyRows_.Collect("TareWeight", first ? Val(TxtTareWeight.Text()) : 0.0);
 

@@ -8,56 +8,8 @@
 
 namespace Quillane {
 
-void FrmWeighment::OpenScalePort() {
-    session_.OpenScalePort();
-}
-
-void FrmWeighment::ReopenScalePort() {
-    session_.ReopenScalePort();
-}
-
-void FrmWeighment::ReadLiveWeight() {
-    session_.ReadLiveWeight();
-}
-
-void FrmWeighment::ChkManualWeight_Click() {
-    const bool manual = ChkManualWeight.Value() == 1;
-    Timer.SetEnabled(!manual);
-    TxtWeight.SetLocked(!manual);
-}
-
-// The change handler runs twice: once by the write, with the focus still on the button, and once by
-// hand, with the focus in the box. Only the second computes.
-void FrmWeighment::CmdGrossWeight_Click() {
-    const double reading = Val(TxtWeight.Text());
-    if (!(reading > 0))
-        return;
-    TxtInitialGrossWeight.SetEnabled(true);
-    TxtInitialGrossWeight.SetText(NumberText(reading));
-    TxtInitialGrossWeight.SetFocus();
-    TxtInitialGrossWeight_Change();
-    CmdTareWeight.SetFocus();
-    TxtInitialGrossWeight.SetEnabled(false);
-}
-
-// Not the gross handler with another box: the focus comes before the text, the box stays enabled,
-// and the focus ends on the vehicle.
-void FrmWeighment::CmdTareWeight_Click() {
-    const double reading = Val(TxtWeight.Text());
-    if (!(reading > 0))
-        return;
-    TxtTareWeight.SetEnabled(true);
-    TxtTareWeight.SetFocus();
-    TxtTareWeight.SetText(NumberText(reading));
-    // A change handler may have disabled it.
-    if (TxtTareWeight.Enabled())
-        TxtTareWeight.SetFocus();
-    TxtTareWeight_Change();
-    TxtVehicleNo.SetFocus();
-}
-
 void FrmWeighment::TxtInitialGrossWeight_Change() {
-    if (HasFocus(TxtInitialGrossWeight.Name())) {
+    if (HasFocus(TxtInitialGrossWeight)) {
         ComputeGrossWeight();
         RefreshGrossEntry();
     } else {
@@ -66,7 +18,7 @@ void FrmWeighment::TxtInitialGrossWeight_Change() {
 }
 
 void FrmWeighment::TxtTareWeight_Change() {
-    if (HasFocus(TxtTareWeight.Name())) {
+    if (HasFocus(TxtTareWeight)) {
         ComputeGrossWeight();
         RefreshGrossEntry();
     } else {
@@ -76,7 +28,7 @@ void FrmWeighment::TxtTareWeight_Change() {
 
 void FrmWeighment::TxtGrossWeight_Change() {
     ComputeNetWeight();
-    if (!HasFocus(TxtGrossWeight.Name())) {
+    if (!HasFocus(TxtGrossWeight)) {
         BlankLoneZero(TxtGrossWeight);
         return;
     }
@@ -124,14 +76,6 @@ void FrmWeighment::RefreshGrossEntry() {
     if (TxtGrossWeight.Enabled())
         TxtGrossWeight.SetEnabled(true);
     TxtGrossWeight.SetBackColor(White);
-}
-
-void FrmWeighment::TxtArrivalId_Change() {
-    try {
-        ArrivalNo = ToLong(Val(TxtArrivalId.Text()));
-    } catch (const Failure&) {
-        ShowError();
-    }
 }
 
 } // namespace Quillane
