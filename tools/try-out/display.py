@@ -83,13 +83,6 @@ def write(text):
     subprocess.run(["xdotool", "type", "--delay", "30", "--", text], check=True)
 
 
-def click(window, across, down):
-    """Presses the mouse at a place of a window, given in parts of its width and height."""
-    left, top, width, height = place_of(window)
-    subprocess.run(["xdotool", "mousemove", str(left + round(width * across)),
-                    str(top + round(height * down)), "click", "1"], check=True)
-
-
 def place_of(window):
     """Left, top, width and height of a window's inside."""
     told = run("xwininfo", "-id", window)

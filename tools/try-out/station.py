@@ -5,14 +5,11 @@ import subprocess
 
 import rows
 from conditions import Missed, wait_until
-from display import (Display, active_window, click, coloured_area, crop_to_window, dark_area,
+from display import (Display, active_window, coloured_area, crop_to_window, dark_area,
                      has_keyboard, picture, press, rest, title_of, wait_gone, windows, write)
 from indicator import Indicator
 
 START, WEIGHMENT, PREVIEW = "Veltrane: Quillane", "Weighment for Veltrane", "Previewing Report"
-
-# Where the middle of a button stands on the weighment screen, in parts of its width and height.
-PRINT_BUTTON = (0.544, 0.950)
 
 
 class Station:
@@ -115,12 +112,6 @@ class Station:
             self.look(name)
         press(key)
         wait_gone(box, title)
-
-    def click_print(self):
-        """No key leads to Print without beginning a change, so the mouse does it."""
-        screen = self.window(WEIGHMENT)
-        rest()
-        click(screen, *PRINT_BUTTON)
 
     # ---- the database ----
 

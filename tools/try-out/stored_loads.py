@@ -56,8 +56,9 @@ def open_typed(station, number):
 
 
 def print_again(station):
-    station.tell("Print, by the mouse")
-    station.click_print()
+    station.tell("F9, the slip")
+    station.window(WEIGHMENT)
+    station.press("F9")
     station.window(PREVIEW)
 
 
