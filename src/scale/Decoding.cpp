@@ -33,7 +33,7 @@ struct WeightToken {
 };
 
 /// Takes a text apart as far as needed: separating digits from the rest, dropping the first run
-/// and cutting out the next comes to the same as knowing where the first three runs begin. That
+/// and cutting out the next gives the same as knowing where the first three runs begin. That
 /// is looked for in one pass, which ends at the third.
 struct DigitRuns {
     explicit DigitRuns(std::string_view text) {

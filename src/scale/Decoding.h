@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// How the digits of a weight are read, as a station's settings tell.
+/// How the digits of a weight are read, from a station's settings.
 struct LiveReading {
     std::optional<std::string> direction; ///< absent: the token is not cut
     double length = 0;                    ///< digits kept, rounded half to even; with a direction

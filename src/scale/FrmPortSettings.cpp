@@ -90,7 +90,7 @@ void FrmPortSettings::CmdSave_Click() {
     }
 }
 
-// In no transaction: a failure leaves what stands before it changed.
+// In no transaction: after a failure the settings before it are stored.
 void FrmPortSettings::StoreSettings() {
     const std::string direction = CboDirection.Text();
     Con->Execute(UpdateStatement(PortNameSetting, PortNumber()));

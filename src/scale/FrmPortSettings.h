@@ -16,7 +16,7 @@ namespace Quillane {
 
 /// The bench on which an indicator's line is worked out: line settings, the raw text, a try-out of
 /// direction, length and reversal, and saving. It always comes up with the same defaults, whatever
-/// is stored. Its line closes with the object: make the screen anew for each showing.
+/// is stored. Its line closes with the object: make a new screen for each showing.
 class FrmPortSettings : public Screen {
 public:
     FrmPortSettings();

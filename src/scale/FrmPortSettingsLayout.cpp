@@ -41,7 +41,7 @@ void FrmPortSettings::SetTabOrder() {
 void FrmPortSettings::DesignControls() {
     TxtDataFrom.SetAlignment(TextBox::Alignment::Right);
     TxtDataFrom.SetMaxLength(1);
-    // Of even width, so that the repetitions of a frame can be told apart.
+    // Of even width, so that the repetitions of a frame can be seen.
     const double points = TypeSize();
     TxtRawWeight.SetFont("Courier New", points + 2, false);
     TxtRawWeight.SetControlSymbols(true);
@@ -158,7 +158,7 @@ QLayout* FrmPortSettings::ButtonRow() {
     return row;
 }
 
-// Buttons that are easily hit, and entries about as high beside them.
+// Buttons that are easy to hit, and entries of about the same height.
 void FrmPortSettings::SizeControls() {
     const QSize least = OnSmallDisplay() ? QSize(84, 28) : QSize(120, 40);
     for (VisualControl* button : std::initializer_list<VisualControl*>{

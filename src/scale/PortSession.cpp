@@ -49,8 +49,8 @@ void PortSession::ReadLiveWeight() {
         const std::string rawText = line_.Input();
         if (rawText.empty())
             return;
-        // Twice, since the operator may press a weight button before the decoding and in the
-        // midst of it, and then takes the reading before this one.
+        // Twice: the operator may press a weight button before the decoding or during it, and then
+        // takes the reading before this one.
         screen_.DoEvents();
         screen_.DoEvents();
         if (const auto weight = DecodeLiveWeight(rawText, ReadLiveReading(portSettingsRows_)))

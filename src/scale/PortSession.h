@@ -15,7 +15,7 @@ public:
     PortSession(Screen& screen, MSComm& line, Timer& timer, TextBox& reading,
                 Recordset& portSettingsRows);
 
-    /// Polls every 300 ms from then on. Failures are reported; what stands behind one is not done.
+    /// Polls every 300 ms from then on. Failures are reported; the steps after one are not done.
     void OpenScalePort();
     /// Polls every 200 ms, and opens without asking: not the same procedure, on purpose.
     void ReopenScalePort();

@@ -10,12 +10,12 @@ namespace Quillane {
 
 class Recordset;
 
-/// What finds, and writes, one row of the table `PortSettings`. The five rows stand in the table
+/// What finds, and writes, one row of the table `PortSettings`. The table has its five rows
 /// beforehand: the system updates them and never adds one.
 struct PortSetting {
     std::string_view name;
     std::string_view filter;      ///< finds the row in a recordset of the whole table
-    std::string_view updateClose; ///< of the update statement, behind the value
+    std::string_view updateClose; ///< of the update statement, after the value
 };
 
 /// The serial port's number, 1 or more.
@@ -34,7 +34,7 @@ inline constexpr PortSetting LengthSetting{"DataLength", "Registrykey = 'DataLen
 inline constexpr PortSetting ReversalSetting{"IsReversed", "Registrykey = 'IsReversed'",
                                              "' where registrykey = 'IsReversed'"};
 
-/// The statement that stores one value. The value goes in as it stands: one with an apostrophe
+/// The statement that stores one value. The value is not escaped: one with an apostrophe
 /// breaks the statement.
 std::string UpdateStatement(const PortSetting& setting, std::string_view value);
 

@@ -2,7 +2,7 @@
 
 #include "platform/report/Report.h"
 
-/// Short ways to the objects of the slip's design.
+/// Functions that make the objects of the slip's design.
 namespace Quillane::SlipObjects {
 
 /// Colours, 0xBBGGRR.

@@ -1,5 +1,5 @@
 // The setting screen and the try-out indicator, with nothing between them but the line: each layout
-// that the tool knows, with the settings that the guide to indicators tells.
+// that the tool knows, with the settings of the guide to indicators.
 
 #include "platform/forms/core/Text.h"
 #include "scale/IndicatorGuide.h"
@@ -63,8 +63,8 @@ void ExpectRawText(FrmPortSettings& bench, const Advice& advice) {
         << bench.TxtRawWeight.Text();
 }
 
-/// Starts the try-out with the settings that are told (where none reads right, with the usual ones)
-/// and waits until it shows what is told.
+/// Starts the try-out with the guide's settings (where none reads right, with the usual ones)
+/// and waits until it shows what the guide says.
 void ExpectTryOut(FrmPortSettings& bench, const Advice& advice) {
     bench.CboDirection.SetText(advice.usable ? advice.direction : "Right");
     ScreenDriver(bench).Click(bench.TxtDataFrom).Type(advice.usable ? advice.length : "6");
@@ -79,7 +79,7 @@ void ExpectTryOut(FrmPortSettings& bench, const Advice& advice) {
         << bench.TxtNotModified.Text() << " and " << bench.TxtModifiedWeight.Text();
 }
 
-TEST_F(FrmPortSettingsLayouts, ShowAsTheGuideTells) {
+TEST_F(FrmPortSettingsLayouts, ShowWhatTheGuideSays) {
     for (const auto& [layout, advice] : AdviceOfTheGuide()) {
         SCOPED_TRACE(layout);
         Tell("layout " + layout);

@@ -60,7 +60,7 @@ TEST_F(FrmPortSettingsOpen, ComposesTheSettingsOfEveryEntry) {
     }
 }
 
-TEST_F(FrmPortSettingsOpen, OpensAnewWithOtherSettingsAtAnyTime) {
+TEST_F(FrmPortSettingsOpen, OpensAgainWithOtherSettingsAtAnyTime) {
     ShowWithOpenPort();
     screen.CboBitsPerSecond.SetText("4800 ");
     screen.CmdOpenPort.Click();
@@ -122,7 +122,7 @@ TEST_F(FrmPortSettingsRawText, GrowsByWhatWasReceivedWithEachPress) {
 TEST_F(FrmPortSettingsRawText, TakesFiveLooksWithEachPress) {
     int writes = 0;
     screen.TxtRawWeight.Change = [&] {
-        // What comes in the midst is taken by the next look.
+        // What comes meanwhile is taken by the next look.
         if (++writes < 5)
             terminal.Write(std::to_string(writes));
     };
@@ -131,7 +131,7 @@ TEST_F(FrmPortSettingsRawText, TakesFiveLooksWithEachPress) {
     EXPECT_EQ(screen.TxtRawWeight.Text(), "1234");
 }
 
-TEST_F(FrmPortSettingsRawText, StandsBehindWhatTheOperatorLeftInTheBox) {
+TEST_F(FrmPortSettingsRawText, IsAppendedToWhatTheOperatorLeftInTheBox) {
     ScreenDriver(screen).Click(screen.TxtRawWeight).Type("first: ");
     terminal.Write("+1");
     screen.CmdGetWeight.Click();
@@ -143,7 +143,7 @@ TEST_F(FrmPortSettingsRawText, StandsBehindWhatTheOperatorLeftInTheBox) {
     EXPECT_EQ(screen.TxtRawWeight.Text(), "") << "only the operator empties it";
 }
 
-TEST_F(FrmPortSettingsRawText, HoldsEveryByteThatWasReceivedAndGoesOn) {
+TEST_F(FrmPortSettingsRawText, HoldsEveryByteThatWasReceived) {
     std::string all;
     for (int code = 0; code < 256; ++code)
         all += static_cast<char>(code);

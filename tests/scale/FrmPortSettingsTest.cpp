@@ -82,7 +82,7 @@ TEST_F(FrmPortSettingsTest, HasItsCaptions) {
               (Texts{"Data Direction:", "Length:", "Modified Weight:", "Not Modified:"}));
 }
 
-TEST_F(FrmPortSettingsTest, ListsItsEntriesWithTheBlanksBehindThem) {
+TEST_F(FrmPortSettingsTest, ListsItsEntriesWithTheirTrailingBlanks) {
     EXPECT_EQ(EntriesOf(screen.CboPortName), (Texts{"COM1", "COM2"}));
     EXPECT_EQ(EntriesOf(screen.CboBitsPerSecond),
               (Texts{"110 ", "300 ", "600 ", "1200 ", "2400 ", "4800 ", "9600", "14400 ", "19200 ",

@@ -132,7 +132,7 @@ TEST_F(FrmPortSettingsTryOut, LetsTheOperatorCloseTheScreenBetweenTwoBoxes) {
 }
 
 // The same with real boxes and real keys: Enter answers the box, and the next one is a while away.
-TEST_F(FrmPortSettingsTryOut, LeavesAMomentForAKeyBehindARealBox) {
+TEST_F(FrmPortSettingsTryOut, LeavesAMomentForAKeyAfterARealBox) {
     screen.CM.SetPortOpen(false);
     screen.CmdClose.SetFocus();
     screen.CmdModifiedWeight.Click();

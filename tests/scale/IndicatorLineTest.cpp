@@ -63,7 +63,7 @@ private:
     std::filesystem::path folder_;
 };
 
-TEST_F(IndicatorLineTest, ShowsTheWeightThatStandsOnTheScale) {
+TEST_F(IndicatorLineTest, ShowsTheWeightOnTheScale) {
     Start();
     EXPECT_TRUE(Shows("12540"));
     Tell("weight 4320");

@@ -111,7 +111,7 @@ protected:
     }
 };
 
-TEST_F(LayoutSettings, AreToldForEveryLayoutOfTheTool) {
+TEST_F(LayoutSettings, AreInTheGuideForEveryLayoutOfTheTool) {
     std::vector<std::string> told, known;
     for (const auto& row : guide)
         told.push_back(row.first);
@@ -142,7 +142,7 @@ TEST_F(LayoutSettings, AreTheBestOfAllThatCanBeSaved) {
     }
 }
 
-TEST_F(LayoutSettings, NeverShowAWrongWeightAndReadAsOftenAsTold) {
+TEST_F(LayoutSettings, NeverShowAWrongWeightAndReadAsOftenAsTheGuideSays) {
     for (const auto& [name, frames] : layouts) {
         const Advice& advice = guide.at(name);
         if (!advice.usable)
@@ -201,7 +201,7 @@ TEST_F(LayoutSettings, ReadTheDigitsThatAWrongParityLeaves) {
               Shown{});
 }
 
-TEST_F(LayoutSettings, LookOnTheBenchAsTold) {
+TEST_F(LayoutSettings, LookOnTheBenchAsTheGuideSays) {
     for (const auto& [name, advice] : guide) {
         const Settings settings = advice.usable ? Advised(advice) : Settings{"Right", 6, false};
         Count count;

@@ -119,7 +119,7 @@ TEST_F(PortSessionRead, KeepsTheSettingsThatWereLoadedUntilTheyAreLoadedAgain) {
     EXPECT_EQ(Look(frames), "250");
 }
 
-TEST_F(PortSessionRead, LetsPendingEventsRunTwiceBeforeTheNewReadingStands) {
+TEST_F(PortSessionRead, LetsPendingEventsRunTwiceBeforeTheNewReadingIsShown) {
     std::vector<std::string> seen;
     QTimer pending;
     QObject::connect(&pending, &QTimer::timeout, [&] { seen.push_back(screen.TxtWeight.Text()); });
@@ -139,7 +139,7 @@ TEST_F(PortSessionRead, EndsWhereTheScreenWasUnloadedMeanwhile) {
     EXPECT_EQ(screen.TxtWeight.Text(), "777");
 }
 
-TEST_F(PortSessionRead, StandsAnyNoise) {
+TEST_F(PortSessionRead, ToleratesAnyNoise) {
     std::mt19937 generator(20261121);
     std::uniform_int_distribution<int> any(0, 255);
     for (int round = 0; round < 300; ++round) {

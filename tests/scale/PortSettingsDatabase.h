@@ -24,7 +24,7 @@ public:
 
     /// Replaces all rows of the table.
     void Store(const Settings& rows);
-    /// Opens the rows as the weighment screen does, anew if they are open.
+    /// Opens the rows as the weighment screen does, again if they are open.
     void Load(Recordset& rows);
     std::string ValueOf(std::string_view key);
 

@@ -39,7 +39,7 @@ TEST(LineSettingsText, IsComposedFromTheTextsOfTheLists) {
     EXPECT_EQ(ComposeLineSettings("", "", "", ""), ",,,");
 }
 
-TEST(UpdateStatement, PutsTheValueInAsItStands) {
+TEST(UpdateStatement, PutsTheValueInUnchanged) {
     EXPECT_EQ(UpdateStatement(PortNameSetting, "1"),
               "Update PortSettings set RegistryValue='1' where registrykey = 'PortName'");
     EXPECT_EQ(UpdateStatement(LineSetting, "2400,n,8,1"),
@@ -87,14 +87,14 @@ TEST_F(SettingsTest, AreOneRowOrNone) {
     EXPECT_EQ(SingleFrom({}, LineSetting), std::nullopt);
 }
 
-TEST_F(SettingsTest, TellHowAReadingIsMade) {
+TEST_F(SettingsTest, SayHowAReadingIsMade) {
     const LiveReading reading = ReadFrom(PortSettingsDatabase::UsualRows());
     EXPECT_EQ(reading.direction, "Right");
     EXPECT_EQ(reading.length, 6);
     EXPECT_FALSE(reading.reversed);
 }
 
-TEST_F(SettingsTest, HaveTheDirectionAsItStands) {
+TEST_F(SettingsTest, KeepTheDirectionUnchanged) {
     EXPECT_EQ(ReadFrom(PortSettingsDatabase::With("DataDirection", "right")).direction, "right");
     EXPECT_EQ(ReadFrom(PortSettingsDatabase::With("DataDirection", "")).direction, "");
     EXPECT_EQ(ReadFrom(PortSettingsDatabase::Without("DataDirection")).direction, std::nullopt);

@@ -72,7 +72,7 @@ TEST_P(WholeBursts, ShowNoCutWeightWhereTheStationIsBusyBetweenItsLooks) {
     ExpectNoneWrong({.adapter = 16ms, .busyAtMost = 250ms});
 }
 
-TEST_P(WholeBursts, AreNeededAsOftenAsTheGuideTells) {
+TEST_P(WholeBursts, AreNeededAsOftenAsTheGuideSays) {
     for (const auto& [pause, wrong] : WrongOfPauses()) {
         const PausingLine line{.rate = GetParam(), .pause = pause, .leastBursts = 0, .time = 30s};
         const Readings readings = ReadFromEverywhere(line, 1ms);

@@ -11,7 +11,7 @@
 
 namespace Quillane {
 
-/// A database of its own, with arrivals to print: number 1042 is a usual load of two bag lines,
+/// A new database, with arrivals to print: number 1042 is a usual load of two bag lines,
 /// weighed at 12437 and 4320 kg with a deduction of 17 kg.
 class SlipDatabase : public StationDatabase {
 public:

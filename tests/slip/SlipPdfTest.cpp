@@ -1,4 +1,4 @@
-// What stands in the PDF, as other programs read it.
+// What the PDF holds, as other programs read it.
 
 #include "slip/CrpCottonWeighment.h"
 #include "slip/RptReportViewer.h"
@@ -99,8 +99,8 @@ TEST_F(SlipPdf, TakesAccentedNames) {
     EXPECT_TRUE(Text().contains("Zoë Łukasz Ñandú"));
 }
 
-/// The shapes that letters of this script take are no characters of their own, so the page is
-/// looked at: there must be ink where the party stands.
+/// The shapes that letters of this script take are not characters, so the page is
+/// looked at: there must be ink where the party is.
 TEST_F(SlipPdf, DrawsNamesOfOtherScripts) {
     database_.AddParty("6003", "غلام رسول", "", "2");
     database_.AddArrival(1, "6003");

@@ -111,7 +111,7 @@ Side SideOf(TextBox& box) {
     return alignment & Qt::AlignHCenter ? Side::Centre : Side::Left;
 }
 
-TEST(Controls, StandInTheOrderInWhichTheyAreCleared) {
+TEST(Controls, AreDeclaredInTheOrderInWhichTheyAreCleared) {
     FrmWeighment screen;
     std::vector<std::string> names;
     std::vector<std::string> expected;
@@ -183,7 +183,7 @@ TEST(Controls, CarryTheirCaptions) {
         EXPECT_EQ(FromQt(dynamic_cast<QAbstractButton&>(control->Widget()).text()), caption);
 }
 
-TEST(Controls, HaveTheirCaptionsBesideThem) {
+TEST(Controls, HaveTheirCaptionsNextToThem) {
     FrmWeighment screen;
     std::multiset<std::string> labels;
     for (const QLabel* label : screen.findChildren<QLabel*>())
@@ -216,7 +216,7 @@ TEST(Controls, AreNamedForAssistiveTechnology) {
     }
 }
 
-TEST(Controls, TellTheirShortcutsInToolTips) {
+TEST(Controls, ShowTheirShortcutsInToolTips) {
     FrmWeighment screen;
     const std::pair<VisualControl*, const char*> shortcuts[] = {
         {&screen.BtnSave, "(Ctrl+S)"},  {&screen.BtnClear, "(Ctrl+L)"},

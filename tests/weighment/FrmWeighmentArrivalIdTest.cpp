@@ -63,7 +63,7 @@ TEST_F(FrmWeighmentArrivalId, IsFollowedWithEachKey) {
     EXPECT_EQ(screen->ArrivalNo, 1);
 }
 
-TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsToldAndNotFollowed) {
+TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsReportedAndNotFollowed) {
     for (const char* text : {"2147483648", "9999999999", "-2147483649", "1e300"}) {
         screen->TxtArrivalId.SetText("1040");
         BoxAnswers answers;
@@ -75,7 +75,7 @@ TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsToldAndNotFollowed) {
     screen->TxtArrivalId.SetText("1040");
 }
 
-TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsToldAsItIsTyped) {
+TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsReportedAsItIsTyped) {
     BoxAnswers answers;
     answers.Expect(Critical("Overflow", "Quillane"));
     ScreenDriver(*screen).Type("9999999999");
@@ -83,7 +83,7 @@ TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsToldAsItIsTyped) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "9999999999");
 }
 
-TEST_F(FrmWeighmentArrivalId, ThatIsFreeIsLeftInSilence) {
+TEST_F(FrmWeighmentArrivalId, ThatIsFreeIsLeftWithoutAMessage) {
     for (const auto& [text, number] : {std::pair{"1043", "1043"},
                                        {"5000", "5000"},
                                        {"", "0"},
@@ -103,7 +103,7 @@ TEST_F(FrmWeighmentArrivalId, IsNotLookedUpWhereItIsClosedOrTheScreenGoes) {
     EXPECT_EQ(Leaving("1040", [this] { screen->Unload(); }), Lines{});
 }
 
-TEST_F(FrmWeighmentArrivalId, ThatCannotBeLookedUpIsToldAndLeft) {
+TEST_F(FrmWeighmentArrivalId, ThatCannotBeLookedUpIsReportedAndLeft) {
     database.Rename("Arrivals", "Elsewhere");
     EXPECT_EQ(LeavingByTab("1040"), (Lines{"Validate TxtArrivalId", Counting + "1040",
                                            Testing::DatabaseBox("no such table: Arrivals")}));

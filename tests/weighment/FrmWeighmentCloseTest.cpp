@@ -60,7 +60,7 @@ TEST_P(FrmWeighmentClose, AsksWhereSomethingIsUnsavedAndClosesOnYes) {
     EXPECT_FALSE(screen->CM.PortOpen());
 }
 
-TEST_P(FrmWeighmentClose, StaysOnNoWithTheLineClosedAndEachTickTellingIt) {
+TEST_P(FrmWeighmentClose, StaysOnNoWithTheLineClosedAndAnErrorAtEachTick) {
     FillIn();
     screen->TxtVehicleNo.SetFocus();
     BoxAnswers answers;
@@ -108,7 +108,7 @@ TEST_P(FrmWeighmentClose, TouchesNoRow) {
               (Lines{"Box \"Alert\" [question, Yes*/No] Are you sure to close without save?"}));
 }
 
-TEST_P(FrmWeighmentClose, LoadsAfreshTheNextTime) {
+TEST_P(FrmWeighmentClose, LoadsAgainTheNextTime) {
     Close();
     EXPECT_FALSE(screen->IsLoaded());
     screen->Show();

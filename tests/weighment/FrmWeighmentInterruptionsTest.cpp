@@ -1,4 +1,4 @@
-// One thing coming into the midst of another: a press while a name is refused or a box is up, a
+// One thing that interrupts another: a press while a name is refused or a box is up, a
 // clear while a cell is edited, the line under a preview, a save inside a tick.
 
 #include "weighment/WeighmentFixture.h"
@@ -74,7 +74,7 @@ TEST_F(FrmWeighmentInterruptions, OfACellByAClearThatIsAnsweredNoKeepTheLine) {
     EXPECT_EQ(screen->ActiveControlName(), "Grid");
 }
 
-TEST_F(FrmWeighmentInterruptions, OfACellByAClearLeaveNoLineBehind) {
+TEST_F(FrmWeighmentInterruptions, OfACellByAClearLeaveNoLine) {
     const std::function<void(ScreenDriver&)> clears[] = {
         [](ScreenDriver& driver) { driver.Press(Qt::CTRL | Qt::Key_L); },
         [this](ScreenDriver& driver) { driver.Click(screen->BtnClear); }};

@@ -79,7 +79,7 @@ TEST_F(FrmWeighmentLists, TakeTheFocusBackWithANameThatTheyDoNotHold) {
     }
 }
 
-TEST_F(FrmWeighmentLists, LetANameThatIsWrittenFromCodeStand) {
+TEST_F(FrmWeighmentLists, KeepANameThatIsWrittenFromCode) {
     screen->CboSeller.SetText("Nobody-Nowhere");
     screen->CboSeller.SetFocus();
     ScreenDriver(*screen).Press(Qt::Key_Tab);

@@ -94,7 +94,7 @@ TEST_F(FrmWeighmentLiveWeight, OfALineThatHungUpAreReportedOneBoxATickUntilWeigh
     EXPECT_EQ(screen->TxtWeight.Text(), "777");
 }
 
-TEST_F(FrmWeighmentLiveWeight, TakenInTheMidstOfATickAreThoseBeforeIt) {
+TEST_F(FrmWeighmentLiveWeight, TakenDuringATickAreThoseBeforeIt) {
     screen->Timer.SetEnabled(false);
     screen->TxtWeight.SetText("777");
     line.Write(Frames);

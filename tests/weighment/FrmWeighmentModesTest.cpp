@@ -61,7 +61,7 @@ protected:
         return screen->ScreenMode + (screen->BtnSave.Enabled() ? ", can be saved" : "");
     }
 
-    /// A press on the box itself: beside its caption a wide one takes none.
+    /// A press on the box itself: a wide one takes none next to its caption.
     void ClickOn(CheckBox& box) {
         ScreenDriver(*screen).Click(box.Widget(), QPoint(8, box.Widget().height() / 2));
     }
@@ -326,7 +326,7 @@ TEST_F(MarkedText, IsThatOfTheEightBoxesThatAreMarkedAsTheyGetTheFocus) {
     }
 }
 
-TEST_F(MarkedText, StaysTintedAndIsSelectedAndPaintedAnewEachTime) {
+TEST_F(MarkedText, StaysTintedAndIsSelectedAndPaintedEachTime) {
     TextBox& box = screen->TxtDeduction;
     box.SetText("17");
     box.SetFocus();

@@ -126,7 +126,7 @@ TEST_F(FrmWeighmentWeights, KeepTheMoundsWhereTheNetIsBlanked) {
     EXPECT_EQ(screen->TxtMoundKgs.Text(), "12-20");
 }
 
-TEST_F(FrmWeighmentWeights, BlankedWithTheFocusElsewhereLeaveTheFiguresAsTheyStand) {
+TEST_F(FrmWeighmentWeights, BlankedWithTheFocusElsewhereLeaveTheFiguresUnchanged) {
     FillIn();
     EXPECT_EQ(Writing(screen->TxtInitialGrossWeight, ""), (Lines{"TxtInitialGrossWeight = ''"}));
     screen->ComputeGrossWeight();

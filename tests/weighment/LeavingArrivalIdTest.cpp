@@ -172,7 +172,7 @@ TEST_F(LeavingArrivalId, WithinSixteenBitsOpensAtTheVeryEnds) {
     }
 }
 
-// The id exists, but does not fit the way of opening: told, and nothing is lost.
+// The id exists, but does not fit the 16 bits of opening: reported, and nothing is lost.
 TEST_F(LeavingArrivalId, BeyondSixteenBitsIsAnOverflowAndStaysANewWeighment) {
     for (const long long id : {40000LL, 32768LL, -32769LL, 2147483647LL}) {
         Store(id, {{.bags = "10"}});
@@ -206,8 +206,8 @@ TEST_F(LeavingArrivalId, BeyondSixteenBitsIsRefusedByTheSaveAsExisting) {
     EXPECT_EQ(screen->TxtVehicleNo.Text(), "LEB-4217");
 }
 
-// As typed, the change of the box tells of each text that no longer fits 32 bits.
-TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsIsToldAsItIsTypedAndLeftInSilence) {
+// As typed, the change of the box reports each text that no longer fits 32 bits.
+TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsIsReportedAsItIsTypedAndNotAgain) {
     FillIn();
     screen->TxtArrivalId.SetFocus();
     Trace trace(*screen, line);
@@ -242,7 +242,7 @@ TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsThatExistsIsAnOverflowAgain) {
     screen->TxtArrivalId.SetText("1040");
 }
 
-// Numbered zero by another program: the number stands for "ask".
+// Numbered zero by another program: the number means "ask".
 TEST_F(LeavingArrivalId, WithAnArrivalOfNumberZeroAsksTheOperator) {
     Store(0, {{.bags = "10"}});
     CancelSearch([this] { LeavingByTab("abc"); });

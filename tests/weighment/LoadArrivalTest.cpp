@@ -163,7 +163,7 @@ TEST_F(LoadArrival, AddsTheTareUpUnrounded) {
 }
 
 // The initial gross is rounded, and the gross computed from it again.
-TEST_F(LoadArrival, ComputesTheGrossAnewFromTheRoundedInitialGross) {
+TEST_F(LoadArrival, ComputesTheGrossAgainFromTheRoundedInitialGross) {
     Store(2000, {{.bags = "1", .bagWeight = "301", .tare = "0.5"}});
     Open(2000);
     EXPECT_EQ(Weights(), "302 / 0.5 / 302 / 0 / 302 / 7-22");
@@ -287,7 +287,7 @@ TEST_F(LoadArrival, ReplacesUnsavedEntriesWithoutAQuestion) {
 
 // ---- names and lists ----
 
-TEST_F(LoadArrival, OfAPartyWhoseShownNameStandsTwiceTakesTheFirstOfTheName) {
+TEST_F(LoadArrival, OfAPartyWithADuplicateNameTakesTheFirst) {
     RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019';"
               "UPDATE Arrivals SET SellerId = '6010019' WHERE ArrivalID = 1031");
     screen->Unload();

@@ -159,7 +159,7 @@ TEST_F(LoadArrivalTrace, OfACancelledSearchReadsArrivalZero) {
     EXPECT_EQ(screen->ActiveControlName(), "TxtArrivalId");
 }
 
-TEST_F(LoadArrivalTrace, OfAnArrivalThatTheJoinsDropEndsInSilence) {
+TEST_F(LoadArrivalTrace, OfAnArrivalThatTheJoinsDropShowsNoMessage) {
     RunBeside("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032;"
               "DELETE FROM ArrivalsBody WHERE ArrivalId = 1033;"
               "UPDATE ArrivalsBody SET BagsClassId = 0 WHERE ArrivalId = 1035");
@@ -191,7 +191,7 @@ TEST_F(LoadArrivalTrace, ThatCannotReadIsReportedAndLeavesTheScreenAsItWas) {
     EXPECT_EQ(screen->ArrivalNo, 1031);
 }
 
-// The second row's quantity fails: the first row's figures stand, and nothing is opened.
+// The second row's quantity fails: the first row's figures stay, and nothing is opened.
 TEST_F(LoadArrivalTrace, ThatFailsAtARowLeavesWhatWasFilledSoFar) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE ArrivalId = 1040 AND NoOfBags = 71");
@@ -210,7 +210,7 @@ TEST_F(LoadArrivalTrace, ThatFailsAtARowLeavesWhatWasFilledSoFar) {
     EXPECT_EQ(On(), "Save Clear ") << "as before";
 }
 
-TEST_F(LoadArrivalTrace, OfASearchThatCannotListIsReportedAndEndsInSilence) {
+TEST_F(LoadArrivalTrace, OfASearchThatCannotListReportsItAndNothingMore) {
     SKIP_ON_SQL_SERVER("a function is bound to the table and goes with it");
     database.Rename("Commodities", "Away");
     const Lines before = Screenful();

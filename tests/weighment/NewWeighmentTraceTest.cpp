@@ -147,7 +147,7 @@ TEST_F(NewWeighmentTrace, OfLoadingFillsTheLists) {
         EXPECT_TRUE(list->Layout.LimitToList && list->Layout.AutoDropDown) << list->Name();
 }
 
-TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledGoesOnWithTheNext) {
+TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledContinuesWithTheNext) {
     database.Rename("BagsTypes", "Elsewhere");
     screen = std::make_unique<FrmWeighment>();
     Trace trace(*screen, line);
@@ -159,14 +159,14 @@ TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledGoesOnWithTheNext) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
 }
 
-TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledTellsWhy) {
+TEST_F(NewWeighmentTrace, OfAListThatCannotBeFilledReportsWhy) {
     database.Rename("BagsTypes", "Elsewhere");
     Testing::BoxAnswers answers;
     answers.Expect(Critical(EngineWords("no such table: bagstypes"), "Database"));
     ShowScreen();
 }
 
-TEST_F(NewWeighmentTrace, OfLoadingWithoutADatabaseTellsOfEachStatementAndStays) {
+TEST_F(NewWeighmentTrace, OfLoadingWithoutADatabaseReportsEachStatementAndStays) {
     Con->Close();
     const std::string box = "Operation is not allowed when the object is closed.";
     Testing::BoxAnswers answers;
@@ -268,7 +268,7 @@ TEST_F(NewWeighmentTrace, WithoutLineSettingsDoesNothingMore) {
     EXPECT_TRUE(screen->BtnSave.Enabled());
 }
 
-TEST_F(NewWeighmentTrace, ReadsTheLineSettingsAfresh) {
+TEST_F(NewWeighmentTrace, ReadsTheLineSettingsAgain) {
     ShowScreen();
     RunBeside("UPDATE PortSettings SET RegistryValue = '2400,e,7,1' WHERE RegistryKey = "
               "'PortSettings'");
@@ -276,12 +276,12 @@ TEST_F(NewWeighmentTrace, ReadsTheLineSettingsAfresh) {
     EXPECT_EQ(screen->CM.Settings(), "2400,e,7,1");
 }
 
-TEST_F(NewWeighmentTrace, WithTheLineInUseTellsTwice) {
+TEST_F(NewWeighmentTrace, WithTheLineInUseReportsItTwice) {
     Screen elsewhere("Elsewhere", "Elsewhere");
     MSComm other(elsewhere, "CM");
     other.SetPortOpen(true);
     Lines trace = Loading();
-    // Where the lists take their time the first tick is due before the screen stands.
+    // Where the lists take their time the first tick is due before the screen is shown.
     std::erase(trace, "Box \"Serial line\" [critical, OK] " + Unread);
     const Lines expected = Joined({{PortRows},
                                    FirstButtons,
@@ -338,7 +338,7 @@ TEST_F(NewWeighmentTrace, TakesTheNextFreeIdFromTheTop) {
     EXPECT_EQ(screen->ArrivalNo, 1);
 }
 
-TEST_F(NewWeighmentTrace, TellsOfAnIdBeyondTheRange) {
+TEST_F(NewWeighmentTrace, ReportsAnIdBeyondTheRange) {
     RunBeside("INSERT INTO Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) VALUES "
               "(2147483647, '2026-11-20T00:00:00', 1, '6010001')");
     Testing::BoxAnswers answers;

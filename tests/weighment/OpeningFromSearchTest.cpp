@@ -1,4 +1,4 @@
-// Opening by way of the search screen, and what a cancelled search leaves behind: no current
+// Opening from the search screen, and what a cancelled search leaves: no current
 // arrival, while the box still shows one.
 
 #include "data/Con.h"
@@ -98,7 +98,7 @@ TEST_F(OpeningFromSearch, OpensAndSavesAnIdBeyondSixteenBits) {
     EXPECT_EQ(Body("VehicleNo, NoOfBags", 40000), (std::vector<Lines>{{"'NEW-1'", "10"}}));
 }
 
-// The search lists it, since it asks for no city; the load does, and ends in silence.
+// The search lists it, since it asks for no city; the load does, and ends without a message.
 TEST_F(OpeningFromSearch, OfAnArrivalThatTheJoinsDropKeepsTheScreenAndTheOtherNumber) {
     RunBeside("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
     Open(1031);
@@ -109,7 +109,7 @@ TEST_F(OpeningFromSearch, OfAnArrivalThatTheJoinsDropKeepsTheScreenAndTheOtherNu
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1031");
 }
 
-TEST_F(OpeningFromSearch, OfAnArrivalRemovedMeanwhileEndsInSilence) {
+TEST_F(OpeningFromSearch, OfAnArrivalRemovedMeanwhileShowsNoMessage) {
     VisitModal search([this](Screen& modal) {
         RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1042;"
                   "DELETE FROM Arrivals WHERE ArrivalID = 1042");
@@ -133,7 +133,7 @@ TEST_F(OpeningFromSearch, StartsOverEachTime) {
     ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O);
 }
 
-TEST_F(OpeningFromSearch, StandsOverTheWeighmentScreenWhoseReadingGoesOn) {
+TEST_F(OpeningFromSearch, IsModalWhileTheReadingIsUpdated) {
     VisitModal search([this](Screen& modal) {
         EXPECT_EQ(modal.windowHandle()->transientParent(), screen->windowHandle());
         line.Write("+012345 kg\r\n+012345 kg\r\n+012345 kg\r\n");

@@ -93,7 +93,7 @@ TEST_F(PartySearch, OfAPartyThatTheListDoesNotHoldShowsTheNameAndNoCurrentRow) {
     EXPECT_FALSE(screen->CboSeller.Bookmark());
 }
 
-TEST_F(PartySearch, OfANameThatStandsTwiceMakesItsFirstRowCurrent) {
+TEST_F(PartySearch, OfADuplicateNameMakesItsFirstRowCurrent) {
     RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019'");
     screen->CboSellerType.SetText("Suppliers");
     VisitModal search([](Screen& modal) {
@@ -136,7 +136,7 @@ TEST_F(PartySearch, SwallowsTheKeyOnlyWhereSomethingWasChosen) {
     EXPECT_NE(screen->CboSeller.Text(), "");
 }
 
-TEST_F(PartySearch, StandsOverTheWeighmentScreen) {
+TEST_F(PartySearch, IsModalOverTheWeighmentScreen) {
     VisitModal search([this](Screen& modal) {
         EXPECT_EQ(modal.windowHandle()->transientParent(), screen->windowHandle());
         modal.Unload();
@@ -175,7 +175,7 @@ TEST_F(PartySearch, RunsItsStatementsAndMovesNoFocus) {
                all + " And C.AccountName Like '%Ran%'", all + " And C.AccountName Like '%Rana%'"}));
 }
 
-TEST_F(PartySearch, ThatCannotListIsReportedAndGoesOn) {
+TEST_F(PartySearch, WhoseListFailsReportsItAndStaysOpen) {
     database.Rename("Cities", "Away");
     BoxAnswers boxes;
     boxes.Expect(Critical(EngineWords("no such table: Cities"), "Database"));

@@ -1,4 +1,4 @@
-// Two stations, each a process of its own, that save, open and remove at random against each other
+// Two stations, each in its own process, that save, open and remove at random against each other
 // on one database file. One may be cut off in the middle of it.
 
 #include "weighment/StationEncounter.h"
@@ -16,8 +16,8 @@ constexpr int ActionsOfEach = 1'000;
 constexpr int Rounds = 8;
 constexpr int ActionsOfARound = 60;
 
-/// What may be told when the other station has removed the arrival, or saved it again, between the
-/// reading of its rows and their removal.
+/// What may be reported when the other station has removed the arrival, or saved it again, between
+/// the reading of its rows and their removal.
 const Lines RemovalBoxes{"box The row in arrivalsbody cannot be found for writing: some of its "
                          "values have been changed, or it has been deleted, since it was read.",
                          // A server lets the other at the header, too, between its reading and its
@@ -167,7 +167,7 @@ TEST_F(RandomStations, LeaveEveryArrivalWholeOrGone) {
     EXPECT_EQ(Stored("SELECT * FROM ArrivalsBody WHERE ArrivalId <= 1042"), before);
 }
 
-TEST_F(RandomStations, OfWhichOneIsCutOffLeaveEveryArrivalWholeOrGone) {
+TEST_F(RandomStations, OfWhichOneIsKilledLeaveEveryArrivalWholeOrGone) {
     std::mt19937 chance(GivenSeed());
     for (int round = 0; round < Rounds; ++round) {
         const auto seed = static_cast<unsigned>(chance());

@@ -55,7 +55,7 @@ TEST_F(Removing, TakesTheHeaderAndItsRowsAndNothingElse) {
     EXPECT_EQ(headers.size(), 11U);
 }
 
-TEST_F(Removing, ClearsTheScreenWithoutAWord) {
+TEST_F(Removing, ClearsTheScreenWithoutAMessage) {
     Remove(1034);
     EXPECT_EQ(On(), "Open Clear ");
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
@@ -144,7 +144,7 @@ TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileIsRefusedByTheKeyAndRolledBack)
     ExpectStillOpen(1040);
 }
 
-TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileLeavesItBehindWhereNoKeyTiesIt) {
+TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileLeavesThatRowWithoutAForeignKey) {
     database.Loosen("ArrivalsBody");
     Remove(1040, [this] { RunBeside(ARowMore); });
     EXPECT_EQ(Body("NoOfBags", 1040), Rows{{"99"}});
@@ -152,7 +152,7 @@ TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileLeavesItBehindWhereNoKeyTiesIt)
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
 }
 
-TEST_F(Removing, DoesNotSeeAPurchaseThatComesBehindTheTest) {
+TEST_F(Removing, DoesNotSeeAPurchaseThatComesAfterTheTest) {
     const std::string purchase = "INSERT INTO PurchaseBody (PurchaseId, ArrivalId) VALUES (78, "
                                  "1040)";
     for (const bool tied : {true, false}) {

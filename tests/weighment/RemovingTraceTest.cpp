@@ -159,7 +159,7 @@ TEST_F(RemovingTrace, GoesToTheIdWhereTheDateIsClosedAfterwards) {
 
 class FailingRemoval : public RemovingTrace {
 protected:
-    /// A removal of 1040 that fails behind these lines, with this box; then everything is as it
+    /// A removal of 1040 that fails after these lines, with this box; then everything is as it
     /// was.
     void ExpectRolledBack(const Lines& upToTheFailure, const std::string& box,
                           const std::string& source = "Database") {
@@ -262,7 +262,7 @@ protected:
         return done;
     }
     const Lines ToButton = Moved("DtpArrivalDate", "BtnRemove");
-    /// The runtime's own box. What has led there stands in front.
+    /// The runtime's own box. What led there comes first.
     static std::string RuntimesOwnBox(const std::string& before = {}) {
         return Reported(before + NothingToRollBack, "Quillane");
     }
@@ -292,7 +292,7 @@ TEST_F(UntrappedRemoval, ThatCannotTestForPurchasesEndsTheProcess) {
 }
 
 // What was committed stays; that there is nothing to roll back any more is what ends it.
-TEST_F(UntrappedRemoval, ThatFailsBehindTheCommitEndsTheProcess) {
+TEST_F(UntrappedRemoval, ThatFailsAfterTheCommitEndsTheProcess) {
     Open(1040);
     Trace trace(*screen, line);
     trace.Answer(RemoveText, BoxAnswer::Yes);
@@ -307,8 +307,8 @@ TEST_F(UntrappedRemoval, ThatFailsBehindTheCommitEndsTheProcess) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "0");
 }
 
-// The keys have a trap of their own.
-TEST_F(UntrappedRemoval, ByItsKeysIsReportedAndGoesOn) {
+// The keys have their own trap.
+TEST_F(UntrappedRemoval, ByItsKeysIsReportedAndLeavesTheProcessRunning) {
     Open(1040);
     database.Rename("PurchaseBody", "Away");
     EXPECT_EQ(

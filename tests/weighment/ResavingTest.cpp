@@ -28,7 +28,7 @@ const Lines Dependents1040{"EXEC sp_fkeys @pktable_name = N'Arrivals'",
                            "Select TOP 1 * From LaboratoryReports Where SampleArrivalNo=1040",
                            "Select TOP 1 * From PurchaseBody Where ArrivalId=1040"};
 
-// The focus stands on the commodity, behind the date.
+// The focus is on the commodity, after the date.
 TEST_F(Resaving, RunsEachStatementInItsOrder) {
     OpenToChange(1040);
     EXPECT_EQ(SaveTraced(),
@@ -227,7 +227,7 @@ TEST_F(Resaving, ThatFailsAtAnyOfItsWritesLosesNothing) {
 
 // ---- names ----
 
-TEST_F(Resaving, OfAPartyWhoseNameStandsTwiceWritesTheFirstOfTheName) {
+TEST_F(Resaving, OfAPartyWithADuplicateNameWritesTheFirst) {
     RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019';"
               "UPDATE Arrivals SET SellerId = '6010019' WHERE ArrivalID = 1040");
     screen->Unload();
@@ -255,7 +255,7 @@ TEST_F(Resaving, OfAPartyThatTheListDoesNotHoldFailsAndLosesNothing) {
 // ---- other stations ----
 
 // What is expected to exist is written as new where it has gone.
-TEST_F(Resaving, OfAnArrivalRemovedByAnotherStationWritesItAnew) {
+TEST_F(Resaving, OfAnArrivalRemovedByAnotherStationWritesItAgain) {
     OpenToChange(1040);
     RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"
               "DELETE FROM Arrivals WHERE ArrivalID = 1040");

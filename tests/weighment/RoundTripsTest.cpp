@@ -10,7 +10,7 @@
 namespace Quillane::Testing {
 namespace {
 
-/// Without the values, which drivers write in ways of their own.
+/// Without the values, which each driver writes in another form.
 std::string Named(const std::string& request) {
     std::string statement = ComparedWords(StatementOfTdsRequest(request));
     if (statement.starts_with("INSERT"))
@@ -39,7 +39,7 @@ protected:
         return statements;
     }
 
-    /// Those from the click to the commit, and those of the new weighment behind it.
+    /// Those from the click to the commit, and those of the new weighment after it.
     std::pair<Lines, Lines> RequestsOfSave() {
         Requests();
         Lines ofSave;

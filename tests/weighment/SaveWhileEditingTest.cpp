@@ -136,7 +136,7 @@ TEST_P(SaveWhileEditing, TakesTheOnlyLineWhileItIsBeingTyped) {
 INSTANTIATE_TEST_SUITE_P(By, SaveWhileEditing, testing::ValuesIn(Roads),
                          [](const auto& road) { return std::string(road.param.name); });
 
-/// The same beside the grid.
+/// The same in other controls.
 class SaveWhileTyping : public SaveWhileEditing {};
 
 TEST_P(SaveWhileTyping, StoresTheVehicleAsSeen) {

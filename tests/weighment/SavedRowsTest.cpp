@@ -147,7 +147,7 @@ TEST_F(SavedRows, OfABrokenQuantityTypedInTheGridHoldItWhole) {
               (Rows{{"12.5", "205.5", "2563.4375"}, {"27.5", "205.5", "5639.5625"}}));
 }
 
-TEST_F(SavedRows, StandInTheGridsOrderWhereverItsCurrentLineWas) {
+TEST_F(SavedRows, AreInTheGridsOrderWhicheverLineWasCurrent) {
     FillIn();
     std::vector<BagLine> lines;
     for (int bags = 1; bags <= 40; ++bags)

@@ -15,7 +15,7 @@ std::string IdCount(const std::string& id) {
     return "Select Count(*) From Arrivals Where ArrivalID = " + id;
 }
 
-/// `box` stands in the box of the id, `number` in `ArrivalNo`.
+/// `box` is the text of the id's box, `number` that of `ArrivalNo`.
 Lines UpToDependents(const std::string& box, const std::string& number,
                      const std::string& headerWrite) {
     return {"BeginTrans",
@@ -188,7 +188,7 @@ TEST_F(SavingTrace, RefusedForAPurchaseShowsTheBoxInsideTheTransactionAndRollsBa
     EXPECT_EQ(screen->ActiveControlName(), "BtnSave");
 }
 
-TEST_F(SavingTrace, NamesTheFirstTableThatRestsOnTheArrival) {
+TEST_F(SavingTrace, NamesTheFirstTableThatRefersToTheArrival) {
     FillInOpened(1037);
     const auto header = StoredTable("Arrivals");
     EXPECT_EQ(SaveTraced(),
@@ -212,7 +212,7 @@ TEST_F(SavingTrace, LooksForRecordsOnTheMembersArrivalAndNotOnTheBoxes) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1043"), "0");
 }
 
-TEST_F(SavingTrace, GoesOnWhenTheTestForSuchRecordsItselfFails) {
+TEST_F(SavingTrace, ContinuesWhenTheTestForDependentRecordsFails) {
     RunBeside("CREATE TABLE \"Gate Passes\" (PassId INTEGER PRIMARY KEY, ArrivalId INTEGER "
               "REFERENCES Arrivals (ArrivalID))");
     FillIn();
@@ -234,7 +234,7 @@ TEST_F(SavingTrace, GoesOnWhenTheTestForSuchRecordsItselfFails) {
 
 class FailingSave : public SavingTrace {
 protected:
-    /// A save that fails behind these statements of the body, with this box; then everything is as
+    /// A save that fails after these statements of the body, with this box; then everything is as
     /// it was, in the file and on the screen.
     void ExpectRolledBack(const Lines& bodyWrites, const std::string& box) {
         const auto header = StoredTable("Arrivals");
@@ -328,7 +328,7 @@ TEST_F(FailingSave, OfAnOpenedArrivalBringsItsOldLinesBack) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-// Beside the text of the box the member holds a whole number: going by both would mix the rows of
+// Besides the text of the box the member holds a whole number: going by both would mix the rows of
 // two arrivals.
 TEST_F(FailingSave, UnderANumberThatIsNotWholeEndsBeforeAnyWrite) {
     FillIn();
@@ -349,7 +349,7 @@ TEST_F(FailingSave, UnderANumberThatIsNotWholeEndsBeforeAnyWrite) {
 }
 
 // What was committed stays; that there is nothing to roll back any more is what is reported.
-TEST_F(FailingSave, BehindTheCommitReportsThatThereIsNoTransaction) {
+TEST_F(FailingSave, AfterTheCommitReportsThatThereIsNoTransaction) {
     FillIn();
     Trace trace(*screen, line);
     trace.When("Line opens, timer 300 ms", [this] {
@@ -361,7 +361,7 @@ TEST_F(FailingSave, BehindTheCommitReportsThatThereIsNoTransaction) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
 }
 
-TEST_F(FailingSave, OfTheNewWeighmentBehindItLeavesTheSaveAsItIs) {
+TEST_F(FailingSave, OfTheNewWeighmentAfterItLeavesTheSaveAsItIs) {
     FillIn();
     Trace trace(*screen, line);
     trace.When(PrintQuestion, [this] { database.Rename("PortSettings", "Away"); });

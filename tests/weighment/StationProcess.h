@@ -14,7 +14,7 @@
 
 namespace Quillane::Testing {
 
-/// A station in a process of its own, as station/Main.cpp describes it.
+/// A station in its own process, as station/Main.cpp describes it.
 class Station {
 public:
     static constexpr int Patience = 60'000;

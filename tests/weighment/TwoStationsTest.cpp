@@ -1,4 +1,4 @@
-// Two stations, each a process of its own, on one database file.
+// Two stations, each in its own process, on one database file.
 
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
@@ -42,9 +42,10 @@ protected:
     }
 };
 
-// Both show the same number to begin with. Whoever comes second is told, or overwrites, if the
-// other's row came after its last look: either way each stored weighment is one station's, whole.
-TEST_F(TwoStations, SavingAtOnceClashAsToldAndLeaveNothingHalfWritten) {
+// Both show the same number to begin with. Whoever comes second gets a message, or overwrites, if
+// the other's row came after its last look: either way each stored weighment is one station's,
+// whole.
+TEST_F(TwoStations, SavingAtOnceAreRefusedOneByOneAndLeaveNothingHalfWritten) {
     const auto headers = StoredTable("Arrivals");
     constexpr int Saves = 50;
     const auto east = Start("east", "6010001", 3, Saves);
@@ -99,7 +100,7 @@ TEST_F(TwoStations, OneAfterTheOtherTakeTheNumbersInTurn) {
     ExpectWhole(1044, *second, "west-1");
 }
 
-TEST_F(TwoStations, OneThatIsCutOffLeavesOnlyWholeWeighments) {
+TEST_F(TwoStations, OneThatIsKilledLeavesOnlyWholeWeighments) {
     const auto station = Start("east", "6010001", 3, 100'000);
     station->Go();
     station->Listen(20);
@@ -108,7 +109,7 @@ TEST_F(TwoStations, OneThatIsCutOffLeavesOnlyWholeWeighments) {
     ASSERT_GE(station->Saved().size(), 20U);
     for (const auto& [id, serial] : station->Saved())
         ExpectWhole(id, *station, "east-" + std::to_string(serial));
-    // It may have saved one more than it could tell.
+    // It may have saved one more than it could report.
     for (const Lines& row : Stored("SELECT ArrivalID FROM Arrivals WHERE ArrivalID > 1042"))
         ExpectWhole(std::stoi(row.at(0)), *station, StoredDriver(std::stoi(row.at(0))));
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId NOT IN (SELECT "

@@ -1,4 +1,4 @@
-// Stored rows that cannot be shown: each is told in a box, and nothing in the file is touched.
+// Stored rows that cannot be shown: each is reported in a box, and nothing in the file is touched.
 
 #include "weighment/OpeningFixture.h"
 
@@ -21,7 +21,7 @@ struct BadRow {
     friend void PrintTo(const BadRow& bad, std::ostream* out) { *out << bad.statement; }
 };
 
-// 1040 has two rows, of 45 and 71 bags. Behind the first row's six boxes and their nets come the
+// 1040 has two rows, of 45 and 71 bags. After the first row's six boxes and their nets come the
 // second row's.
 const BadRow BadRows[] = {
     {"Arrivals", "UPDATE Arrivals SET ArrivalDate = Null WHERE ArrivalID = 1040",
@@ -81,7 +81,7 @@ protected:
 
 class EachUnreadableRow : public UnreadableRows, public WithParamInterface<BadRow> {};
 
-TEST_P(EachUnreadableRow, IsToldAndEndsTheLoadWhereItStands) {
+TEST_P(EachUnreadableRow, IsReportedAndEndsTheLoadAtThatRow) {
     const BadRow& bad = GetParam();
     if (bad.neverInATypedColumn)
         SKIP_ON_SQL_SERVER("no column of this type takes such a value");
@@ -127,7 +127,7 @@ TEST_F(UnreadableRows, OpenOnceTheyAreMended) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-// What stands half filled is no opened arrival: a save refuses its number.
+// A half-filled screen is no opened arrival: a save refuses its number.
 TEST_F(UnreadableRows, CannotBeSavedOverTheStoredArrival) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET TareWeight = Null WHERE NoOfBags = 71");

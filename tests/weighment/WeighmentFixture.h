@@ -28,7 +28,7 @@ namespace Quillane::Testing {
 ///     TxtTareWeight = '4320'           a text box is given a text, also the same as before
 ///     Line opens, timer 300 ms
 ///
-/// While it stands it answers the boxes: OK, or No unless `Answer` names the text of the box.
+/// While it exists it answers the boxes: OK, or No unless `Answer` names the text of the box.
 class Trace {
 public:
     /// The screen may be shown or still to be shown; it must outlive the trace.
@@ -66,7 +66,7 @@ private:
 
 using Lines = std::vector<std::string>;
 
-/// Several lists, one behind the other.
+/// Several lists, one after the other.
 Lines Joined(std::initializer_list<Lines> lists);
 /// The lines of a trace that are statements of the database.
 Lines StatementsOf(const Lines& trace);
@@ -103,10 +103,10 @@ protected:
     /// The same on an arrival that is stored already, as if it had been opened.
     void FillInOpened(int arrivalId);
 
-    /// Runs statements in a session beside the station's own.
+    /// Runs statements in another session than the station's.
     void RunBeside(const std::string& statements);
-    /// The rows of a query, read beside the station: each cell as number, 'text' or Null, numbers
-    /// with as many digits as it takes to tell them from all others.
+    /// The rows of a query, read in another session: each cell as number, 'text' or Null, numbers
+    /// with as many digits as make them unique.
     std::vector<std::vector<std::string>> Stored(const std::string& query);
     /// The one cell of a query, so written.
     std::string StoredCell(const std::string& query);

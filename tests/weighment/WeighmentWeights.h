@@ -21,7 +21,7 @@ protected:
         return Doing([&] { box.SetText(text); });
     }
 
-    /// Gross, net and mounds as they stand.
+    /// Gross, net and mounds as they are.
     std::string Figures() {
         return screen->TxtGrossWeight.Text() + " / " + screen->TxtNetWeight.Text() + " / " +
                screen->TxtMoundKgs.Text();

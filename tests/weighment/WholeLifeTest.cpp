@@ -126,7 +126,7 @@ TEST_F(WholeLife, GoesFromTheScaleToTheFileAndOutOfItAgain) {
 }
 
 // Nothing of one weighment hangs over into the next.
-TEST_F(WholeLife, LivedTwiceLeavesTheSameRows) {
+TEST_F(WholeLife, RepeatedLeavesTheSameRows) {
     Rows first;
     for (const bool again : {false, true}) {
         FillIn();

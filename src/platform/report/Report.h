@@ -116,7 +116,7 @@ private:
     std::variant<std::monostate, std::string, double> value_;
 };
 
-/// The data behind a report: one table. The report shares ownership of its recordset.
+/// The data of a report: one table. The report shares ownership of its recordset.
 class ReportDatabase {
 public:
     /// The tag is kept with the data: 3 marks a recordset. A report has one table, number 1;

@@ -28,7 +28,7 @@ QFont FontOf(const ReportFont& font, double size) {
     return made;
 }
 
-/// Left is left for every script: the value stands beside its caption.
+/// Left is left for every script: the value is next to its caption.
 Qt::Alignment AlignmentOf(ReportAlignment alignment) {
     switch (alignment) {
     case ReportAlignment::Centre:
@@ -79,7 +79,7 @@ TextLines::TextLines(const ReportObject& object, const QString& text)
     neededHeight_ = grows ? needed : object.Height;
 }
 
-/// Whatever the script, the first line stands on the line of the caption beside it.
+/// Whatever the script, the first line has the baseline of its caption.
 double TextLines::BreakIntoLines(double width, double left, double baseline) {
     double bottom = 0;
     layout_->beginLayout();

@@ -8,7 +8,7 @@ namespace Quillane {
 
 namespace {
 
-constexpr int width = 24; ///< with room beside the drawing
+constexpr int width = 24; ///< wider than the drawing
 constexpr int height = 20;
 
 /// A filled triangle pointing left (-1) or right (1), its tip at `tip`.

@@ -121,7 +121,7 @@ void ViewerPane::AddScrolling(const QKeySequence& key, int direction) {
     addAction(action);
 }
 
-/// The pages stand below each other, and the current one follows the scrolling.
+/// The pages are below each other; scrolling changes the current one.
 void ViewerPane::ScrollByScreen(int direction) {
     if (preview_->zoomMode() == QPrintPreviewWidget::FitInView)
         return ShowPage(preview_->currentPage() + direction);

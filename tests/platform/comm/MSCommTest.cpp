@@ -161,7 +161,7 @@ TEST_F(MSCommTest, FailsToReadWhileClosed) {
     ExpectFailure([&] { line.Input(); }, 8018, "Port 1 is closed: nothing can be read from it.");
 }
 
-TEST_F(MSCommTest, ClosesTwiceWithoutAWord) {
+TEST_F(MSCommTest, ClosesTwiceWithoutAFailure) {
     line.SetPortOpen(false);
     line.SetPortOpen(true);
     line.SetPortOpen(false);
@@ -196,7 +196,7 @@ TEST_F(MSCommTest, RefusesSettingsAndPortNumbersThatAreNone) {
                   "stop bits, as in 9600,n,8,1.");
 }
 
-TEST_F(MSCommTest, TellsThatTheDeviceIsMissing) {
+TEST_F(MSCommTest, ReportsAMissingDevice) {
     line.SetCommPort(7);
     ExpectFailure([&] { line.SetPortOpen(true); }, 8002,
                   "Port 7 (/dev/no-such-line-7) cannot be opened: there is no such device. Is the "
@@ -219,7 +219,7 @@ TEST_F(MSCommTest, ReportsAMissingDeviceAlsoWhileItsNameIsLocked) {
                       "plugged in?");
 }
 
-TEST_F(MSCommTest, TellsThatAnotherHoldsThePortByWhateverName) {
+TEST_F(MSCommTest, ReportsADeviceThatAnotherProgramUsesByAnyName) {
     const auto link = std::filesystem::temp_directory_path() /
                       ("line-" + std::to_string(getpid()) + "-under-another-name");
     std::filesystem::create_symlink(terminal.Device(), link);
@@ -235,9 +235,9 @@ TEST_F(MSCommTest, TellsThatAnotherHoldsThePortByWhateverName) {
     std::filesystem::remove(link);
 }
 
-TEST_F(MSCommTest, TellsThatTheDeviceMayNotBeUsed) {
+TEST_F(MSCommTest, ReportsADeviceThatThisUserMayNotUse) {
     ASSERT_EQ(chmod(terminal.Device().c_str(), 0), 0);
-    // In a process of its own, since root may use every device.
+    // In another process, since root may use every device.
     const auto openAsNobody = [this] {
         if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0))
             _exit(2);
@@ -249,7 +249,7 @@ TEST_F(MSCommTest, TellsThatTheDeviceMayNotBeUsed) {
                 "Port 1 \\(.*\\) cannot be opened: this user may not use the device\\.");
 }
 
-TEST_F(MSCommTest, TellsThatAFileIsNoSerialLine) {
+TEST_F(MSCommTest, ReportsAFileThatIsNoSerialLine) {
     const auto file = std::filesystem::temp_directory_path() /
                       ("line-" + std::to_string(getpid()) + "-plain-file");
     std::ofstream(file) << "12540";
@@ -280,7 +280,7 @@ TEST_F(MSCommTest, IsClosedByALineThatHungUpBeforeTheRead) {
     EXPECT_FALSE(line.PortOpen());
 }
 
-TEST_F(MSCommTest, OpensAnewAfterAHangUp) {
+TEST_F(MSCommTest, OpensAgainAfterAHangUp) {
     line.SetPortOpen(true);
     terminal.HangUp();
     EXPECT_TRUE(FailureOf([&] { line.Input(); }));

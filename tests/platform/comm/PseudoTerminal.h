@@ -40,7 +40,7 @@ public:
 
     const std::string& Device() const { return device_; }
 
-    /// At most 4,000 bytes may stand unread. Returns when they can be read.
+    /// At most 4,000 bytes may be unread. Returns when they can be read.
     void Write(std::string_view bytes) {
         const int before = Unread();
         ASSERT_EQ(write(indicator_, bytes.data(), bytes.size()),

@@ -41,7 +41,7 @@ Box OfferOfPdf() {
 }
 
 /// A viewer whose desktop is this test: a printer that is there, and files in a fresh folder. The
-/// log holds what was asked in its order; "pages" stands for the first row being read.
+/// log holds what was asked in its order; "pages" means the first row being read.
 class CRViewer9Printing : public testing::Test {
 protected:
     CRViewer9Printing() {

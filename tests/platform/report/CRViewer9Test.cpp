@@ -198,7 +198,7 @@ TEST_F(CRViewer9Test, ZoomsInSteps) {
     EXPECT_EQ(Preview().zoomMode(), QPrintPreviewWidget::FitInView);
 }
 
-TEST_F(CRViewer9Test, NamesEveryButtonAndTellsItsKey) {
+TEST_F(CRViewer9Test, NamesEveryButtonAndItsKey) {
     const std::pair<const char*, const char*> keys[] = {{"First page", "Ctrl+Home"},
                                                         {"Previous page", "Ctrl+PgUp"},
                                                         {"Next page", "Ctrl+PgDown"},

@@ -62,7 +62,7 @@ TEST(ReportLayout, KeepsEverythingBetweenTheMargins) {
     }
 }
 
-TEST(ReportLayout, PutsAReportFooterHigherThanAPageOnAPageOfItsOwn) {
+TEST(ReportLayout, PutsAReportFooterHigherThanAPageOnASeparatePage) {
     RowSource source;
     ListReport report(source.Numbers(3));
     report.Section(ReportSectionKind::ReportFooter).Height = 20000;
@@ -72,7 +72,7 @@ TEST(ReportLayout, PutsAReportFooterHigherThanAPageOnAPageOfItsOwn) {
     EXPECT_EQ(TextsOf(pages[1]), PageTexts(furtherHead, footer, 2, 2));
 }
 
-TEST(ReportLayout, PutsEachRowHigherThanAPageOnAPageOfItsOwn) {
+TEST(ReportLayout, PutsEachRowHigherThanAPageOnASeparatePage) {
     RowSource source;
     ListReport report(source.Numbers(3));
     report.Section(ReportSectionKind::Detail).Height = 20000;

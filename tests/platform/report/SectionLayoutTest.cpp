@@ -18,7 +18,7 @@ ReportSection Rows(std::string value) {
     return {"Rows", 700, {BoxObject(6000, 650, 0), caption, shown, below}, {}};
 }
 
-TEST(SectionLayout, PutsObjectsWhereTheyStand) {
+TEST(SectionLayout, PutsObjectsInTheirPlaces) {
     const PlacedSection placed = LaidOut(Rows("short"), Report(0), nullptr);
     EXPECT_EQ(placed.height, 700);
     ASSERT_EQ(placed.objects.size(), 4U);
@@ -27,7 +27,7 @@ TEST(SectionLayout, PutsObjectsWhereTheyStand) {
     EXPECT_EQ(placed.objects[3].place, QRectF(0, 300, 3000, 300));
 }
 
-TEST(SectionLayout, MovesDownWhatStandsBelowAGrownText) {
+TEST(SectionLayout, MovesDownWhatIsBelowAGrownText) {
     const PlacedSection placed =
         LaidOut(Rows("Messrs. Abdul Rehman Muhammad Siddique and Sons, Commission Agents"),
                 Report(0), nullptr);

@@ -1,4 +1,4 @@
-// A station of its own, for the tests of two stations on one database:
+// A station's process, for the tests of two stations on one database:
 //
 //     WeighmentStation <folder> <what Config.ini holds> <name> <number of the party>
 //                      <bag lines> <actions> [<seed>]
