@@ -14,7 +14,7 @@ protected:
     }
     std::string HungUp() const {
         return "Port 1 (" + folder->File("scale") +
-               ") is closed: the line has hung up. Is the cable in place?";
+               ") is closed: the line was disconnected. Check the cable.";
     }
 };
 

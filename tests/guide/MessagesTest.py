@@ -102,7 +102,7 @@ class FindingTest(unittest.TestCase):
         for wanted in ("Are you sure to save this Weighment?", "Confirmation",
                        "You are not authorised to do this operation",
                        "Cannot updated this invoice because it is used in (",
-                       "is closed: the line has hung up. Is the cable in place?",
+                       "is closed: the line was disconnected. Check the cable.",
                        "The name or the password is wrong.", "It is no database.",
                        "Overflow", "another program is using it.",
                        "Settings Updated Successfully"):

@@ -49,11 +49,11 @@ TEST_F(FrmPortSettingsOpen, ComposesTheSettingsOfEveryEntry) {
     screen.Show();
     for (const auto& [rate, parity, dataBits, stopBits, composed] : cases) {
         Choose("COM1", rate, parity, dataBits, stopBits);
-        boxes.Allow(Critical(Named() +
-                                 " cannot be opened: it is no serial line, or does not take "
-                                 "the settings " +
-                                 composed + ".",
-                             "Serial line"));
+        boxes.Allow(Critical(
+            Named() +
+                " cannot be opened: it is not a serial line, or does not support the settings " +
+                composed + ".",
+            "Serial line"));
         screen.CmdOpenPort.Click();
         EXPECT_EQ(screen.LineSettings, composed);
         EXPECT_EQ(screen.CM.Settings(), composed);
@@ -71,8 +71,8 @@ TEST_F(FrmPortSettingsOpen, OpensAgainWithOtherSettingsAtAnyTime) {
 TEST_F(FrmPortSettingsOpen, LeavesTheLineClosedWhereThePortIsMissing) {
     ShowWithOpenPort();
     Choose("COM2", "1200 ", "Even ", "7", "2");
-    boxes.Expect(Critical("Port 2 (/dev/no-such-line-2) cannot be opened: there is no such device. "
-                          "Is the indicator's adapter plugged in?",
+    boxes.Expect(Critical("Port 2 (/dev/no-such-line-2) cannot be opened: the device does not "
+                          "exist. Check that the indicator's adapter is plugged in.",
                           "Serial line"));
     screen.CmdOpenPort.Click();
     EXPECT_FALSE(screen.CM.PortOpen());

@@ -108,13 +108,13 @@ TEST_F(IndicatorLineTest, ReportsAPulledCableAndReadsAgainWhenItIsBack) {
     EXPECT_TRUE(Shows("12540"));
     BoxAnswers answers;
     const std::string device = "Port 1 (" + Link() + ")";
-    answers.Expect(Critical(device + " is closed: the line has hung up. Is the cable in place?",
-                            "Serial line"),
-                   BoxAnswer::Ok, [this] { screen.Timer.SetEnabled(false); });
+    answers.Expect(
+        Critical(device + " is closed: the line was disconnected. Check the cable.", "Serial line"),
+        BoxAnswer::Ok, [this] { screen.Timer.SetEnabled(false); });
     indicator.write("hangup\n");
     EXPECT_TRUE(WaitFor([&] { return answers.Remaining() == 0; }, std::chrono::seconds(20)));
-    answers.Expect(Critical(device + " cannot be opened: there is no such device. Is the "
-                                     "indicator's adapter plugged in?",
+    answers.Expect(Critical(device + " cannot be opened: the device does not exist. Check that the "
+                                     "indicator's adapter is plugged in.",
                             "Serial line"));
     screen.Session.OpenScalePort();
     ASSERT_TRUE(WaitFor([&] { return indicator.canReadLine(); }));

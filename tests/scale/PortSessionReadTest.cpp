@@ -166,7 +166,7 @@ TEST_F(PortSessionRead, ShowsTheOldestOfWhatPiledUpAndThenWhatIsFresh) {
 TEST_F(PortSessionRead, ReportsALineThatHungUp) {
     terminal.HangUp();
     BoxAnswers answers;
-    const auto box = Critical(Named() + " is closed: the line has hung up. Is the cable in place?",
+    const auto box = Critical(Named() + " is closed: the line was disconnected. Check the cable.",
                               "Serial line");
     answers.Expect(box).Expect(box);
     screen.Session.ReadLiveWeight();

@@ -52,7 +52,7 @@ protected:
 
     std::string Named() const { return "Port 1 (" + terminal.Device() + ")"; }
     Box HungUp() const {
-        return Critical(Named() + " is closed: the line has hung up. Is the cable in place?",
+        return Critical(Named() + " is closed: the line was disconnected. Check the cable.",
                         "Serial line");
     }
 

@@ -248,10 +248,10 @@ TEST_F(CreateDatabase, NamesThePortsThatCannotBeUsedBeforeTheFormIsFilledIn) {
     TheStation().Ports = {{1, folder.File("line")}, {2, "/dev/no-such-line"}, {7, "/dev/none"}};
     const VisitModal visit([](Screen& screen) {
         EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).Notice(),
-                  "Port 2 (/dev/no-such-line) cannot be used yet: there is no such device. Is the "
-                  "indicator's adapter plugged in?\n"
-                  "Port 7 (/dev/none) cannot be used yet: there is no such device. Is the "
-                  "indicator's adapter plugged in?");
+                  "Port 2 (/dev/no-such-line) cannot be used yet: the device does not exist. Check "
+                  "that the indicator's adapter is plugged in.\n"
+                  "Port 7 (/dev/none) cannot be used yet: the device does not exist. Check that "
+                  "the indicator's adapter is plugged in.");
         ScreenDriver driver(screen);
         FillIn(driver);
         driver.Press(Qt::Key_Return);

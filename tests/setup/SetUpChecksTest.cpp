@@ -122,7 +122,7 @@ TEST_F(SetUpChecks, LookAtTheFirstPortWhereTheStationFileNamesNone) {
     const bool there = std::filesystem::exists("/dev/ttyS0");
     const std::string faults = PortFaults(station);
     EXPECT_EQ(
-        faults.starts_with("Port 1 (/dev/ttyS0) cannot be used yet: there is no such device."),
+        faults.starts_with("Port 1 (/dev/ttyS0) cannot be used yet: the device does not exist."),
         !there)
         << faults;
 }
@@ -141,7 +141,8 @@ TEST_F(SetUpChecks, NameAPortThatThisUserMayNotUse) {
         std::_Exit(0);
     };
     EXPECT_EXIT(asNobody(), testing::ExitedWithCode(0),
-                "Port 3 \\(.*/line\\) cannot be used yet: this user may not use the device\\.");
+                "Port 3 \\(.*/line\\) cannot be used yet: this user has no permission to use the "
+                "device\\.");
 }
 
 } // namespace

@@ -71,7 +71,7 @@ TEST_F(FrmWeighmentLiveWeight, OfALineThatHungUpAreReportedOneBoxATickUntilWeigh
     screen->TxtWeight.SetText("777");
     BoxAnswers answers;
     const auto box = Critical("Port 1 (" + line.Device() +
-                                  ") is closed: the line has hung up. Is the cable in place?",
+                                  ") is closed: the line was disconnected. Check the cable.",
                               "Serial line");
     // While a box is up further ticks are due, and none comes.
     screen->Timer.SetInterval(20);

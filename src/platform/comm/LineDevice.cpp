@@ -6,6 +6,10 @@
 
 namespace Quillane {
 
+std::string NoSuchDevice() {
+    return "the device does not exist. Check that the indicator's adapter is plugged in.";
+}
+
 std::string FaultOfDevice(const std::string& device) {
 #ifdef Q_OS_WIN
     // Its devices are no files.
@@ -13,8 +17,8 @@ std::string FaultOfDevice(const std::string& device) {
 #else
     const QFileInfo file(ToQt(device));
     if (!file.exists())
-        return std::string(NoSuchDevice);
-    return file.isReadable() ? std::string() : "this user may not use the device.";
+        return NoSuchDevice();
+    return file.isReadable() ? std::string() : "this user has no permission to use the device.";
 #endif
 }
 

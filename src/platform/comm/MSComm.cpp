@@ -32,10 +32,11 @@ std::int16_t MSComm::CommPort() const {
 }
 
 void MSComm::SetCommPort(std::int16_t port) {
-    FailWhileOpen(" is open: its number cannot be changed.");
+    FailWhileOpen(" is open, so its number cannot be changed.");
     if (port < 1)
         throw Failure(FailureNumber::InvalidCall,
-                      std::to_string(port) + " is no port number: ports count from 1.",
+                      std::to_string(port) +
+                          " is not a valid port number. Port numbers start at 1.",
                       FailureSource::SerialLine);
     line_->SetNumber(port);
 }
@@ -45,7 +46,7 @@ const std::string& MSComm::Settings() const {
 }
 
 void MSComm::SetSettings(std::string_view settings) {
-    FailWhileOpen(" is open: its settings cannot be changed.");
+    FailWhileOpen(" is open, so its settings cannot be changed.");
     line_->SetSettings(settings);
 }
 

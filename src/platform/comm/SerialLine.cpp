@@ -74,8 +74,8 @@ void SerialLine::SetSettings(std::string_view settings) {
     if (!parsed)
         FailLine(FailureNumber::InvalidCall,
                  "\"" + std::string(settings) +
-                     "\" is no line setting. It must give rate, parity letter, data bits and stop "
-                     "bits, as in 9600,n,8,1.");
+                     "\" is not a valid line setting. Use rate,parity,data bits,stop bits, for "
+                     "example 9600,n,8,1.");
     parsed_ = *parsed;
     settings_ = settings;
 }
@@ -127,11 +127,11 @@ void SerialLine::FailToOpen() {
             return fault;
         switch (port_.error()) {
         case QSerialPort::DeviceNotFoundError:
-            return std::string(NoSuchDevice);
+            return NoSuchDevice();
         case QSerialPort::PermissionError:
             return WhyLocked(FromQt(port_.portName()));
         case QSerialPort::UnsupportedOperationError:
-            return "it is no serial line, or does not take the settings " + settings_ + ".";
+            return "it is not a serial line, or does not support the settings " + settings_ + ".";
         default:
             return FromQt(port_.errorString()) + ".";
         }
@@ -199,7 +199,7 @@ std::string SerialLine::Input() {
     Look();
     if (hungUp_)
         FailLine(FailureNumber::PortNotOpen,
-                 Named() + " is closed: the line has hung up. Is the cable in place?");
+                 Named() + " is closed: the line was disconnected. Check the cable.");
     if (!IsOpen())
         FailLine(FailureNumber::PortNotOpen,
                  "Port " + std::to_string(number_) + " is closed: nothing can be read from it.");
@@ -207,9 +207,8 @@ std::string SerialLine::Input() {
         return std::exchange(received_, {});
     if (bursts_->NeverPauses())
         FailLine(FailureNumber::PortUnusable,
-                 Named() +
-                     " sends without a pause, and [WholeBursts] in Station.ini waits for one. "
-                     "Please take the port out of that section and start the program again.");
+                 Named() + " sends without a pause, but [WholeBursts] in Station.ini expects "
+                           "pauses. Remove the port from that section and restart the program.");
     return bursts_->Take();
 }
 

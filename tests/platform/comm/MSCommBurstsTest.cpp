@@ -164,8 +164,8 @@ TEST_F(MSCommBurstsTest, FailsWhereTheLineNeverPauses) {
         EXPECT_EQ(failure.Source(), "Serial line");
         EXPECT_EQ(failure.Description(),
                   "Port 1 (" + terminal +
-                      ") sends without a pause, and [WholeBursts] in Station.ini waits for one. "
-                      "Please take the port out of that section and start the program again.");
+                      ") sends without a pause, but [WholeBursts] in Station.ini expects pauses. "
+                      "Remove the port from that section and restart the program.");
     }
     EXPECT_TRUE(line.PortOpen());
     PassSilently();

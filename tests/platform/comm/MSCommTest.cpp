@@ -173,9 +173,9 @@ TEST_F(MSCommTest, CanBeChangedOnlyWhileClosed) {
     line.SetPortOpen(true);
     ExpectFailure([&] { line.SetPortOpen(true); }, 8005, Named() + " is already open.");
     ExpectFailure([&] { line.SetCommPort(2); }, 8005,
-                  Named() + " is open: its number cannot be changed.");
+                  Named() + " is open, so its number cannot be changed.");
     ExpectFailure([&] { line.SetSettings("2400,n,8,1"); }, 8005,
-                  Named() + " is open: its settings cannot be changed.");
+                  Named() + " is open, so its settings cannot be changed.");
     EXPECT_TRUE(line.PortOpen());
     EXPECT_EQ(line.CommPort(), 1);
     EXPECT_EQ(line.Settings(), "9600,n,8,1");
@@ -185,22 +185,24 @@ TEST_F(MSCommTest, CanBeChangedOnlyWhileClosed) {
 
 TEST_F(MSCommTest, RefusesSettingsAndPortNumbersThatAreNone) {
     ExpectFailure([&] { line.SetSettings("fast"); }, 5,
-                  "\"fast\" is no line setting. It must give rate, parity letter, data bits and "
-                  "stop bits, as in 9600,n,8,1.");
+                  "\"fast\" is not a valid line setting. Use rate,parity,data bits,stop bits, for "
+                  "example 9600,n,8,1.");
     EXPECT_EQ(line.Settings(), "9600,n,8,1");
-    ExpectFailure([&] { line.SetCommPort(0); }, 5, "0 is no port number: ports count from 1.");
-    ExpectFailure([&] { line.SetCommPort(-3); }, 5, "-3 is no port number: ports count from 1.");
+    ExpectFailure([&] { line.SetCommPort(0); }, 5,
+                  "0 is not a valid port number. Port numbers start at 1.");
+    ExpectFailure([&] { line.SetCommPort(-3); }, 5,
+                  "-3 is not a valid port number. Port numbers start at 1.");
     EXPECT_EQ(line.CommPort(), 1);
     ExpectFailure([&] { MSComm(screen, "Bad", 1, "x"); }, 5,
-                  "\"x\" is no line setting. It must give rate, parity letter, data bits and "
-                  "stop bits, as in 9600,n,8,1.");
+                  "\"x\" is not a valid line setting. Use rate,parity,data bits,stop bits, for "
+                  "example 9600,n,8,1.");
 }
 
 TEST_F(MSCommTest, ReportsAMissingDevice) {
     line.SetCommPort(7);
     ExpectFailure([&] { line.SetPortOpen(true); }, 8002,
-                  "Port 7 (/dev/no-such-line-7) cannot be opened: there is no such device. Is the "
-                  "indicator's adapter plugged in?");
+                  "Port 7 (/dev/no-such-line-7) cannot be opened: the device does not exist. Check "
+                  "that the indicator's adapter is plugged in.");
     EXPECT_FALSE(line.PortOpen());
     line.SetCommPort(1);
     line.SetPortOpen(true);
@@ -215,8 +217,8 @@ TEST_F(MSCommTest, ReportsAMissingDeviceAlsoWhileItsNameIsLocked) {
     ASSERT_TRUE(lock.tryLock());
     ExpectFailure([&] { line.SetPortOpen(true); }, 8002,
                   "Port 1 (" + device +
-                      ") cannot be opened: there is no such device. Is the indicator's adapter "
-                      "plugged in?");
+                      ") cannot be opened: the device does not exist. Check that the indicator's "
+                      "adapter is plugged in.");
 }
 
 TEST_F(MSCommTest, ReportsADeviceThatAnotherProgramUsesByAnyName) {
@@ -245,8 +247,9 @@ TEST_F(MSCommTest, ReportsADeviceThatThisUserMayNotUse) {
         std::fputs(failure ? failure->Description().c_str() : "opened", stderr);
         _exit(0);
     };
-    EXPECT_EXIT(openAsNobody(), testing::ExitedWithCode(0),
-                "Port 1 \\(.*\\) cannot be opened: this user may not use the device\\.");
+    EXPECT_EXIT(
+        openAsNobody(), testing::ExitedWithCode(0),
+        "Port 1 \\(.*\\) cannot be opened: this user has no permission to use the device\\.");
 }
 
 TEST_F(MSCommTest, ReportsAFileThatIsNoSerialLine) {
@@ -254,10 +257,11 @@ TEST_F(MSCommTest, ReportsAFileThatIsNoSerialLine) {
                       ("line-" + std::to_string(getpid()) + "-plain-file");
     std::ofstream(file) << "12540";
     MSComm::SetDevices([&](int) { return file.string(); });
-    ExpectFailure([&] { line.SetPortOpen(true); }, 8002,
-                  "Port 1 (" + file.string() +
-                      ") cannot be opened: it is no serial line, or does not take the settings "
-                      "9600,n,8,1.");
+    ExpectFailure(
+        [&] { line.SetPortOpen(true); }, 8002,
+        "Port 1 (" + file.string() +
+            ") cannot be opened: it is not a serial line, or does not support the settings "
+            "9600,n,8,1.");
     EXPECT_FALSE(line.PortOpen());
     std::filesystem::remove(file);
 }
@@ -266,7 +270,7 @@ TEST_F(MSCommTest, IsClosedByALineThatHangsUpWhileEventsRun) {
     line.SetPortOpen(true);
     terminal.HangUp();
     EXPECT_TRUE(WaitFor([&] { return !line.PortOpen(); }));
-    const std::string text = Named() + " is closed: the line has hung up. Is the cable in place?";
+    const std::string text = Named() + " is closed: the line was disconnected. Check the cable.";
     ExpectFailure([&] { line.Input(); }, 8018, text);
     ExpectFailure([&] { line.Input(); }, 8018, text);
 }
@@ -276,7 +280,7 @@ TEST_F(MSCommTest, IsClosedByALineThatHungUpBeforeTheRead) {
     terminal.Write("last words");
     terminal.HangUp();
     ExpectFailure([&] { line.Input(); }, 8018,
-                  Named() + " is closed: the line has hung up. Is the cable in place?");
+                  Named() + " is closed: the line was disconnected. Check the cable.");
     EXPECT_FALSE(line.PortOpen());
 }
 
