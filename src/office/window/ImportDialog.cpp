@@ -49,13 +49,20 @@ public:
         dialog_.setAutoReset(false);
     }
 
+    // Each look at the screen costs more than a row: so many looks are enough for any work.
     bool operator()(int done) {
-        dialog_.setValue(std::min(done, dialog_.maximum()));
+        constexpr int looks = 200;
+        const int look =
+            static_cast<int>(std::int64_t{done} * looks / std::max(dialog_.maximum(), 1));
+        if (look != lastLook_)
+            dialog_.setValue(std::min(done, dialog_.maximum()));
+        lastLook_ = look;
         return !dialog_.wasCanceled();
     }
 
 private:
     QProgressDialog dialog_;
+    int lastLook_ = -1;
 };
 
 } // namespace
@@ -153,12 +160,20 @@ void ImportDialog::LayOut() {
     view_->setColumnWidth(NameColumn, 240);
     view_->horizontalHeader()->setStretchLastSection(true);
     column->addWidget(view_, 1);
+    remark_->setWordWrap(true);
+    remark_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    remark_->setMinimumHeight(remark_->fontMetrics().height() * 2);
+    column->addWidget(remark_);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     write_ = AddAction(*buttons, *this, {}, Qt::CTRL | Qt::Key_S, [this] { Write(); });
     AddAction(*buttons, *this, "Cancel  (Esc)", {}, [this] { reject(); });
     column->addLayout(buttons);
     connect(kinds_, &QComboBox::currentIndexChanged, this, [this] { ShowKind(); });
+    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& row) {
+                remark_->setText(row.siblingAtColumn(RemarkColumn).data().toString());
+            });
     connect(skips_, &QCheckBox::toggled, this, [this] { ShowState(); });
     resize(size);
 }
@@ -192,6 +207,7 @@ long ImportDialog::Changes() const {
 void ImportDialog::ShowState() {
     const bool isHeldUp = plan_.Count(Kind::Faulty) > 0 && !skips_->isChecked();
     write_->setText(ToQt("&Write " + Counted(Changes(), "row", "rows") + "  (Ctrl+S)"));
+    FitToText(*write_);
     write_->setEnabled(Changes() > 0 && !isHeldUp);
     write_->setToolTip(isHeldUp ? "Correct the faulty lines in the file, or leave them out." : "");
 }

@@ -60,6 +60,7 @@ private:
 
     QComboBox* kinds_ = new QComboBox;
     QTableView* view_ = new QTableView;
+    QLabel* remark_ = Note({}); ///< of the chosen line, whole
     QCheckBox* skips_ = new QCheckBox("&Leave the faulty lines out");
     QPushButton* write_ = nullptr;
 };

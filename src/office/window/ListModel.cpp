@@ -69,8 +69,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
         if (isFlag)
             return int(Qt::AlignCenter);
-        return int(Qt::AlignVCenter |
-                   (column.kind == CellKind::Number ? Qt::AlignRight : Qt::AlignLeft));
+        return int(Qt::AlignVCenter | Qt::AlignLeft);
     case Qt::ForegroundRole:
         return IsRetired(row) ? QVariant(retiredColour) : QVariant();
     default:
@@ -86,8 +85,6 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
         return ToQt(ColumnAt(section).caption);
     if (role == Qt::TextAlignmentRole && kind == CellKind::Flag)
         return int(Qt::AlignCenter);
-    if (role == Qt::TextAlignmentRole && kind == CellKind::Number)
-        return int(Qt::AlignRight | Qt::AlignVCenter);
     return {};
 }
 

@@ -4,7 +4,6 @@
 #include "office/records/References.h"
 #include "office/records/RowWrites.h"
 #include "office/records/Texts.h"
-#include "office/records/WriteRights.h"
 #include "office/window/ImportDialog.h"
 #include "office/window/OfficeBoxes.h"
 #include "office/window/RowDialog.h"
@@ -38,11 +37,11 @@ QString ChosenToWrite(QWidget* over, const QString& proposed) {
                                         "CSV files (*.csv);;All files (*)");
 }
 
-std::string WhyListIsReadOnly(Connection& connection, const Table& table) {
+std::vector<std::string_view> TablesOf(const Table& list) {
     std::vector<std::string_view> names;
-    for (const Part& part : table.parts)
+    for (const Part& part : list.parts)
         names.push_back(part.table);
-    return WhyReadOnly(connection, names);
+    return names;
 }
 
 } // namespace
@@ -100,6 +99,7 @@ void ListsPage::AddTopRow(QBoxLayout& column) {
     search_->setAccessibleName("Search");
     search_->setClearButtonEnabled(true);
     search_->setMinimumHeight(32);
+    search_->setTextMargins(4, 0, 4, 0);
     row->addWidget(search_, 1);
     count_->setMinimumWidth(110);
     row->addWidget(count_);
@@ -132,7 +132,7 @@ const Table& ListsPage::CurrentTable() const {
 void ListsPage::ChangeList() {
     search_->clear();
     mayWrite_ = true;
-    const std::string why = WhyListIsReadOnly(session_.connection, CurrentTable());
+    const std::string why = session_.whyReadOnly(session_.connection, TablesOf(CurrentTable()));
     mayWrite_ = why.empty();
     readOnly_->Say(ToQt(why));
     model_.Show(ReadSnapshot(session_.connection, CurrentTable()));
@@ -179,6 +179,7 @@ void ListsPage::ShowState() {
         button->setEnabled(mayWrite_ && row);
     retire_->setVisible(inUse >= 0);
     retire_->setText(isRetired ? "Put &back in use  (Ctrl+R)" : "&Retire  (Ctrl+R)");
+    FitToText(*retire_);
 }
 
 const Row* ListsPage::Chosen() const {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "office/records/WriteRights.h"
 #include "signin/PasswordHash.h"
 
+#include <functional>
 #include <string>
 
 namespace Quillane {
@@ -18,6 +20,11 @@ struct OfficeSession {
     std::string user{};
     int level = 0; ///< of the user: 1 has full rights
     HashCost hashCost = HashCost::Interactive;
+    /// Why tables may only be read, whose they are and what to do; empty where they may be written.
+    std::function<std::string(Connection&, std::span<const std::string_view> tables)> whyReadOnly =
+        [](Connection& asked, std::span<const std::string_view> tables) {
+            return WhyReadOnly(asked, tables);
+        };
 };
 
 } // namespace Quillane::Office

@@ -39,7 +39,7 @@ void LookLikeNavigation(QTreeWidget& list) {
     list.setAccessibleName("Pages");
     list.setStyleSheet("QTreeWidget { background: #2f6b5e; color: white; outline: 0; "
                        "padding-top: 12px; font-size: 12pt; }"
-                       "QTreeWidget::item { padding: 8px 10px; color: white; }"
+                       "QTreeWidget::item { padding: 8px 10px; border: 0px; color: white; }"
                        "QTreeWidget::item:hover { background: #3a7d6e; }"
                        "QTreeWidget::item:selected { background: #1e4a41; color: white; }");
 }

@@ -53,7 +53,7 @@ QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
     auto* button = new QPushButton(keys.isEmpty() ? caption : caption + "  (" + keys + ")");
     button->setAutoDefault(false);
     button->setMinimumHeight(32);
-    button->setMinimumWidth(button->sizeHint().width() + 16);
+    FitToText(*button);
     QObject::connect(button, &QPushButton::clicked, &page,
                      [&page, act = std::move(act)] { Guarded(page.window(), act); });
     if (!keys.isEmpty()) {
@@ -63,6 +63,11 @@ QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
     }
     row.addWidget(button);
     return button;
+}
+
+void FitToText(QPushButton& button) {
+    constexpr int besideText = 16;
+    button.setMinimumWidth(button.sizeHint().width() + besideText);
 }
 
 Notice::Notice(Kind kind, QWidget* parent) : QLabel(parent) {

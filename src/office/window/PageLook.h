@@ -23,6 +23,9 @@ QVBoxLayout* PageColumn(QWidget& page, const QString& title, const QString& purp
 QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
                        const QKeySequence& shortcut, std::function<void()> act);
 
+/// After a change of its text: makes a button wide enough for it.
+void FitToText(QPushButton& button);
+
 /// Wrapped text on a coloured ground, for what a user should know of the page; hidden while empty.
 class Notice : public QLabel {
 public:

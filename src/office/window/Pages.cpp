@@ -1,6 +1,9 @@
 #include "office/window/Pages.h"
 
+#include "office/window/CompanyPage.h"
 #include "office/window/ListsPage.h"
+#include "office/window/StationPage.h"
+#include "office/window/UsersPage.h"
 
 #include <array>
 
@@ -15,6 +18,9 @@ QWidget* Make(OfficeSession& session) {
 
 constexpr std::array pages{
     PageEntry{"Lists", false, Make<ListsPage>},
+    PageEntry{"Users", false, Make<UsersPage>},
+    PageEntry{"Company", false, Make<CompanyPage>},
+    PageEntry{"Station", false, Make<StationPage>},
 };
 
 } // namespace

@@ -67,6 +67,7 @@ void RowDialog::AddEntry(QFormLayout& form, std::size_t place) {
     } else {
         field = entry.line = new QLineEdit;
         entry.line->setMinimumHeight(30);
+        entry.line->setTextMargins(4, 0, 4, 0);
         entry.line->setReadOnly(place == KeyCell && before_);
         if (entry.line->isReadOnly())
             entry.line->setFocusPolicy(Qt::ClickFocus);

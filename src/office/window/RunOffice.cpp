@@ -3,7 +3,9 @@
 #include "data/CompanyProfile.h"
 #include "office/window/OfficeWindow.h"
 #include "platform/ado/Connection.h"
+#include "platform/comm/MSComm.h"
 #include "platform/forms/core/Text.h"
+#include "platform/host/StationFile.h"
 #include "signin/UserLogin.h"
 
 #include <QApplication>
@@ -22,6 +24,8 @@ int RunOffice(Connection& connection, const std::string& folder) {
                           .company = CompanyProfile->CompanyTitle(),
                           .user = UserLogin->UserName(),
                           .level = UserLogin->UserLevel()};
+    MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
+    MSComm::SetWholeBursts([](int port) { return TheStation().WholeBursts.contains(port); });
     OfficeWindow window(session);
     QApplication::setQuitOnLastWindowClosed(true);
     window.show();

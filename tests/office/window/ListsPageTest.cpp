@@ -140,7 +140,7 @@ TEST_F(OfficeLists, NewCityIsAddedFromThePartysForm) {
                 const Visit inner([](QDialog& city) { Press(city, Qt::CTRL | Qt::Key_S); });
                 Press(dialog, Qt::CTRL | Qt::Key_N);
             }
-            TakePicture(dialog, "party-form");
+            LookAt(dialog, "party-form");
             Press(dialog, Qt::CTRL | Qt::Key_S);
         });
         Press(window, Qt::CTRL | Qt::Key_N);
@@ -288,10 +288,30 @@ TEST_F(OfficeLists, ExportWritesTheListAsAFile) {
     EXPECT_NE(database.folder.Read("list.csv").find("CommodityName"), std::string::npos);
 }
 
+TEST_F(OfficeLists, ListOfAnotherProgramIsShownReadOnlyAndSaysWhoseItIs) {
+    session.whyReadOnly = [](Connection&, std::span<const std::string_view> tables) {
+        return tables.back() == "Parties" ? std::string("It belongs to the accounting database.")
+                                          : std::string();
+    };
+    GoTo(PartiesTable());
+    EXPECT_EQ(page->ReadOnlyText(), "It belongs to the accounting database.");
+    EXPECT_GT(page->Shown().rowCount(), 0);
+    const Row before = database.Stored(PartiesTable(), Cell(0, "PartyId"));
+    page->View()->setFocus();
+    for (const QKeyCombination key :
+         {QKeyCombination(Qt::Key_Delete), Qt::CTRL | Qt::Key_R, Qt::CTRL | Qt::Key_N,
+          QKeyCombination(Qt::Key_Return), QKeyCombination(Qt::Key_F2), Qt::CTRL | Qt::Key_I})
+        Press(window, key);
+    EXPECT_EQ(database.Stored(PartiesTable(), before[KeyCell]), before);
+    LookAt(window, "lists-read-only");
+    GoTo(CitiesTable());
+    EXPECT_EQ(page->ReadOnlyText(), "");
+}
+
 TEST_F(OfficeLists, ListsAreChangedByKeys) {
     Press(window, Qt::CTRL | Qt::Key_PageDown);
     EXPECT_EQ(page->Lists()->currentIndex(), 1);
-    TakePicture(window, "lists-parties");
+    LookAt(window, "lists-parties");
     Press(window, Qt::CTRL | Qt::Key_PageUp);
     Press(window, Qt::CTRL | Qt::Key_PageUp);
     EXPECT_EQ(page->Lists()->currentIndex(), page->Lists()->count() - 1);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QLabel>
 
 #include <array>
@@ -99,6 +100,47 @@ TEST_F(OfficeFrame, AsksBeforeItClosesOverUnsavedEntries) {
     }
     const Answers answer({"Close without saving"});
     EXPECT_TRUE(window.close());
+}
+
+TEST_F(OfficeFrame, EveryPageFitsSmallDisplaysWithNothingCut) {
+    constexpr int frame = 40; // of the desktop around the window
+    for (const QSize display : {QSize(1280, 720), QSize(1366, 768)}) {
+        OfficeWindow window(session);
+        const QSize size = display - QSize(0, frame);
+        window.resize(size);
+        ShowWindow(window);
+        for (int place = 0; place < window.Titles().size(); ++place) {
+            window.ShowPage(place);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(window.size(), size) << window.Titles()[place].toStdString();
+            LookAt(window, "page-" + std::to_string(display.width()) + "-" +
+                               window.Titles()[place].toLower().toStdString());
+        }
+    }
+}
+
+TEST_F(OfficeFrame, LongTextsOfNoticesAreWrappedWhole) {
+    session.whyReadOnly = [](Connection&, std::span<const std::string_view>) {
+        return std::string(
+            "Die Anmeldung \"Waagenhaus-Sued\" darf diese Liste lesen, aber nicht aendern. Sie "
+            "gehoert zur Buchhaltungsdatenbank Betriebsabrechnungsverwaltung, Eigentuemer dbo: "
+            "bitte "
+            "aendern Sie sie in dem Programm, das sie dort fuehrt und verwaltet, und starten Sie "
+            "neu.");
+    };
+    OfficeWindow window(session);
+    window.resize(1280, 680);
+    ShowWindow(window);
+    for (int place = 0; place < window.Titles().size(); ++place) {
+        window.ShowPage(place);
+        QCoreApplication::processEvents();
+        for (const auto* label : window.CurrentPage()->findChildren<QLabel*>())
+            if (label->isVisible() && label->wordWrap()) {
+                EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                    << label->text().toStdString();
+            }
+        LookAt(window, "long-" + window.Titles()[place].toLower().toStdString());
+    }
 }
 
 } // namespace

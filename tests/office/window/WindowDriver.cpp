@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTest>
@@ -40,11 +41,29 @@ void ShowWindow(QWidget& window) {
     Activate(window);
 }
 
-void TakePicture(QWidget& window, const std::string& name) {
+namespace {
+
+QStringList CutTexts(const QWidget& window) {
+    QStringList cut;
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+        if (button->isVisible() && button->width() < button->sizeHint().width())
+            cut.append(button->text());
+    for (const auto* label : window.findChildren<QLabel*>())
+        if (label->isVisible() &&
+            (label->wordWrap() ? label->height() < label->heightForWidth(label->width())
+                               : label->width() < label->sizeHint().width()))
+            cut.append(label->text());
+    return cut;
+}
+
+} // namespace
+
+void LookAt(QWidget& window, const std::string& name) {
+    QCoreApplication::processEvents();
+    EXPECT_EQ(FromQt(CutTexts(window).join(" / ")), "");
     const QString folder = qEnvironmentVariable("QUILLANE_PICTURES");
     if (folder.isEmpty())
         return;
-    QCoreApplication::processEvents();
     window.grab().save(folder + "/" + ToQt(name) + ".png");
 }
 

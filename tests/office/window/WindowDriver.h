@@ -24,8 +24,9 @@ void Type(QWidget& window, std::string_view text);
 /// Shows a window and waits until it is there.
 void ShowWindow(QWidget& window);
 
-/// Saves a picture of a window in the folder that QUILLANE_PICTURES names; without it nothing.
-void TakePicture(QWidget& window, const std::string& name);
+/// No button or label of the window is too small for its text. With a folder in QUILLANE_PICTURES a
+/// picture of the window is saved there under this name.
+void LookAt(QWidget& window, const std::string& name);
 
 /// Acts inside the next dialog or box that comes up, once it is shown. One that the act leaves open
 /// is closed, and fails the test; so does a visit that never took place. Visits nest: one for a box

@@ -1,0 +1,90 @@
+#include "office/window/CompanyPage.h"
+
+#include "WindowDriver.h"
+
+#include "../records/OfficeDatabase.h"
+#include "platform/forms/core/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <QMainWindow>
+
+namespace Quillane::Office {
+namespace {
+
+class OfficeCompany : public testing::Test {
+protected:
+    void Open() {
+        page = new CompanyPage(session);
+        window.setCentralWidget(page);
+        window.resize(1090, 640);
+        ShowWindow(window);
+        page->setFocus();
+    }
+    void Enter(std::string_view key, const char* text) {
+        page->Box(key)->setFocus();
+        Press(window, Qt::CTRL | Qt::Key_A);
+        Type(window, text);
+    }
+    std::string Stored(const std::string& key) {
+        return database.Text("Select value From Project_Registry Where registrykey = '" + key +
+                             "'");
+    }
+
+    OfficeDatabase database;
+    OfficeSession session{.connection = database.connection,
+                          .folder = database.folder.path,
+                          .user = "Nadia",
+                          .level = 1};
+    QMainWindow window;
+    CompanyPage* page = nullptr;
+};
+
+TEST_F(OfficeCompany, AddressIsChangedWithTheNameLeftAlone) {
+    database.folder.Write("Station.ini", "[CompanyNames]\n1=Veltrane\n");
+    Open();
+    const std::string name = Stored("CompanyName");
+    Enter(CompanyAddress, "12 Mill Road");
+    EXPECT_EQ(page->Unsaved(), "The company's particulars have");
+    Press(window, Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(Stored("CompanyAddress"), "12 Mill Road");
+    EXPECT_EQ(Stored("CompanyName"), name);
+    EXPECT_EQ(database.folder.Read("Station.ini"), "[CompanyNames]\n1=Veltrane\n");
+    EXPECT_EQ(page->Unsaved(), "");
+    LookAt(window, "company");
+}
+
+TEST_F(OfficeCompany, NameGoesToTheStationsFileToo) {
+    database.folder.Write("Station.ini", "; ours\n[CompanyNames]\n1=Veltrane\n");
+    Open();
+    Enter(CompanyName, "Riverside Mills");
+    Press(window, Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(Stored("CompanyName"), "RIVERSIDE MILLS");
+    EXPECT_EQ(database.folder.Read("Station.ini"), "; ours\n[CompanyNames]\n1=Riverside Mills\n");
+}
+
+TEST_F(OfficeCompany, RefusedNameKeepsTheEntries) {
+    Open();
+    const std::string before = Stored("CompanyName");
+    Enter(CompanyName, "Owner's Mills");
+    Enter(CompanyPhone, "0300");
+    Press(window, Qt::CTRL | Qt::Key_S);
+    EXPECT_EQ(page->Refusal(), "The company's name cannot hold an apostrophe.");
+    EXPECT_EQ(page->Box(CompanyPhone)->text(), "0300");
+    EXPECT_EQ(Stored("CompanyName"), before);
+    EXPECT_NE(Stored("CompanyPhone"), "0300");
+}
+
+TEST_F(OfficeCompany, SecondOfficeIsToldBothValues) {
+    Open();
+    Enter(CompanyAddress, "Ours");
+    database.Run("Update Project_Registry Set value = 'Theirs' Where registrykey = "
+                 "'CompanyAddress'");
+    Press(window, Qt::CTRL | Qt::Key_S);
+    EXPECT_TRUE(page->Refusal().contains("it is now \"Theirs\", you have entered \"Ours\""))
+        << FromQt(page->Refusal());
+    EXPECT_EQ(Stored("CompanyAddress"), "Theirs");
+}
+
+} // namespace
+} // namespace Quillane::Office

@@ -1,0 +1,138 @@
+#include "office/window/ImportDialog.h"
+
+#include "WindowDriver.h"
+
+#include "../records/OfficeDatabase.h"
+#include "office/window/ListsPage.h"
+#include "platform/forms/core/Text.h"
+#include "support/ScreenDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QMainWindow>
+#include <QPushButton>
+
+namespace Quillane::Office {
+namespace {
+
+class OfficeImport : public testing::Test {
+protected:
+    OfficeImport() {
+        page->AskFileToRead = [this](QWidget*) { return ToQt(database.folder.File("list.csv")); };
+        window.setCentralWidget(page);
+        window.resize(1090, 640);
+        ShowWindow(window);
+        page->setFocus();
+    }
+
+    static QTableView& View(QDialog& dialog) { return *dialog.findChild<QTableView*>(); }
+    static std::string Shown(QDialog& dialog, int row) {
+        std::string text;
+        for (int column = 0; column < 4; ++column)
+            text += (column ? " | " : "") +
+                    FromQt(View(dialog).model()->index(row, column).data().toString());
+        return text;
+    }
+    static QPushButton& WriteButton(QDialog& dialog) {
+        for (auto* each : dialog.findChildren<QPushButton*>())
+            if (each->text().contains("Write"))
+                return *each;
+        throw std::runtime_error("no button to write");
+    }
+    long Cities() { return static_cast<long>(ReadRows(database.other, CitiesTable()).size()); }
+
+    OfficeDatabase database;
+    OfficeSession session{.connection = database.connection,
+                          .folder = database.folder.path,
+                          .user = "Nadia",
+                          .level = 1};
+    QMainWindow window;
+    ListsPage* page = new ListsPage(session);
+};
+
+TEST_F(OfficeImport, PreviewTellsNewChangedUnchangedAndFaultyAndWritesNothing) {
+    const Row city = ReadRows(database.other, CitiesTable()).at(0);
+    const Row second = ReadRows(database.other, CitiesTable()).at(1);
+    database.folder.Write("list.csv", "CityId;CityName\n;Rahwali\n" + city[0] + ";Renamed\n" +
+                                          second[0] + ";" + second[1] + "\n77;\n");
+    const long before = Cities();
+    const Visit visit([&](QDialog& dialog) {
+        LookAt(dialog, "import");
+        EXPECT_EQ(View(dialog).model()->rowCount(), 1); // the faulty ones first
+        EXPECT_NE(Shown(dialog, 0).find("5 | Faulty"), std::string::npos) << Shown(dialog, 0);
+        EXPECT_FALSE(WriteButton(dialog).isEnabled());
+        dialog.findChild<QComboBox*>()->setFocus();
+        Press(dialog, Qt::Key_Home);
+        EXPECT_EQ(View(dialog).model()->rowCount(), 4);
+        EXPECT_EQ(Shown(dialog, 0), "2 | New | Rahwali | ");
+        EXPECT_EQ(Shown(dialog, 1),
+                  "3 | Changed | Renamed | City: \"" + city[1] + "\" becomes \"Renamed\". ");
+        Press(dialog, Qt::Key_Escape);
+    });
+    Press(window, Qt::CTRL | Qt::Key_I);
+    EXPECT_EQ(Cities(), before);
+}
+
+TEST_F(OfficeImport, FaultyLinesAreLeftOutOnlyWhenTheUserSaysSo) {
+    database.folder.Write("list.csv", "CityId,CityName\n,Rahwali\n77,\n");
+    const long before = Cities();
+    {
+        const Visit visit([](QDialog& dialog) {
+            Press(dialog, Qt::CTRL | Qt::Key_S);
+            EXPECT_TRUE(dialog.isVisible());
+            Press(dialog, Qt::ALT | Qt::Key_L);
+            EXPECT_TRUE(Testing::WaitFor([&] { return WriteButton(dialog).isEnabled(); }));
+            Press(dialog, Qt::CTRL | Qt::Key_S);
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        const Answers told({"OK"});
+        Press(window, Qt::CTRL | Qt::Key_I);
+        EXPECT_EQ(told.Texts().at(0), "1 row written.");
+    }
+    EXPECT_EQ(Cities(), before + 1);
+}
+
+TEST_F(OfficeImport, FileThatCannotBeTakenIsToldWithTheReason) {
+    for (const char* text : {"CityName\nM\xFCnchen\n", ""}) {
+        database.folder.Write("list.csv", text);
+        const Answers told({"OK"});
+        Press(window, Qt::CTRL | Qt::Key_I);
+        EXPECT_FALSE(told.Texts().at(0).empty());
+    }
+}
+
+TEST_F(OfficeImport, RowThatSomebodyElseChangesMeanwhileKeepsTheWholeImportOut) {
+    const Row city = ReadRows(database.other, CitiesTable()).at(0);
+    database.folder.Write("list.csv", "CityId,CityName\n,Rahwali\n" + city[0] + ",Ours\n");
+    const long before = Cities();
+    const Visit visit([&](QDialog& dialog) {
+        WriteRows(database.other, CitiesTable(),
+                  std::vector{database.Changed(CitiesTable(), city[0], "CityName", "Theirs")});
+        const Answers told({"OK"});
+        Press(dialog, Qt::CTRL | Qt::Key_S);
+        EXPECT_NE(told.Texts().at(0).find("it is now \"Theirs\", you have entered \"Ours\""),
+                  std::string::npos);
+    });
+    Press(window, Qt::CTRL | Qt::Key_I);
+    EXPECT_EQ(Cities(), before);
+    EXPECT_EQ(database.Stored(CitiesTable(), city[0])[1], "Theirs");
+}
+
+TEST_F(OfficeImport, FailureOfTheDatabaseLeavesThePreviewOpen) {
+    database.folder.Write("list.csv", "CityName\nRahwali\nKamoke\n");
+    database.Refuse({.write = "INSERT", .table = "Cities", .words = "the disk is full"});
+    const long before = Cities();
+    const Visit visit([&](QDialog& dialog) {
+        {
+            const Answers told({"OK"});
+            Press(dialog, Qt::CTRL | Qt::Key_S);
+        }
+        EXPECT_TRUE(dialog.isVisible());
+        Press(dialog, Qt::Key_Escape);
+    });
+    Press(window, Qt::CTRL | Qt::Key_I);
+    EXPECT_EQ(Cities(), before);
+}
+
+} // namespace
+} // namespace Quillane::Office
