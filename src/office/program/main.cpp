@@ -70,7 +70,6 @@ int RunCommandLine(int argc, char** argv, const Request& request) {
 int RunWindow(int argc, char** argv, const Request& request) {
     Application application(argc, argv);
     Application::setApplicationName("Quillane");
-    Application::setApplicationDisplayName("Quillane office");
     int code = static_cast<int>(ExitCode::Failed);
     Guarded(nullptr, [&] {
         FindStation(request);

@@ -125,8 +125,9 @@ std::string SaveCompanyName(Connection& connection, const std::string& folder,
                              .wanted = wanted};
     if (std::string why = SaveStationEntries(folder, std::array{entry}); !why.empty())
         return why;
-    std::string why = SaveSettings(connection, CompanySettings(), {{std::string(CompanyName), shown}},
-                                   {{std::string(CompanyName), Capitals(wanted)}});
+    std::string why =
+        SaveSettings(connection, CompanySettings(), {{std::string(CompanyName), shown}},
+                     {{std::string(CompanyName), Capitals(wanted)}});
     if (why.empty())
         file.Keep();
     return why;

@@ -33,8 +33,8 @@ std::string SaveStationEntries(const std::string& folder, std::span<const Statio
 /// character of the database's name, and 1 where that is none from 2 to 9.
 int CompanyNameEntry(Connection& connection);
 
-/// Stores the company's name where the station has it from: in `Station.ini`, and in the database in
-/// capitals, as the next start of the station writes it. Gives the reason where it is refused or
+/// Stores the company's name where the station has it from: in `Station.ini`, and in the database
+/// in capitals, as the next start of the station writes it. Gives the reason where it is refused or
 /// somebody else has changed it meanwhile; then nothing is written.
 std::string SaveCompanyName(Connection& connection, const std::string& folder,
                             const std::string& shown, const std::string& wanted);

@@ -25,8 +25,8 @@ std::string CellOf(const Settings& settings, std::string_view key) {
 
 CompanyPage::CompanyPage(OfficeSession& session) : session_(session) {
     LayOut();
-    const std::string why =
-        session.whyReadOnly(session.connection, std::array<std::string_view, 1>{"Project_Registry"});
+    const std::string why = session.whyReadOnly(
+        session.connection, std::array<std::string_view, 1>{"Project_Registry"});
     mayWrite_ = why.empty();
     readOnly_->Say(ToQt(why));
     if (StationFile::Read(session.folder + "/Station.ini").AskCompanyName == -1)
@@ -41,8 +41,8 @@ CompanyPage::CompanyPage(OfficeSession& session) : session_(session) {
 
 void CompanyPage::LayOut() {
     constexpr int widest = 640;
-    QVBoxLayout* column =
-        PageColumn(*this, "Company", "The heading of the slip. A station takes it at its next start.");
+    QVBoxLayout* column = PageColumn(
+        *this, "Company", "The heading of the slip. A station takes it at its next start.");
     column->addWidget(readOnly_);
     column->addWidget(asks_);
     auto* form = new QFormLayout;

@@ -137,8 +137,8 @@ QLayout* LinePanel::ReadingRow() {
 QLayout* LinePanel::Actions() {
     auto* row = new QHBoxLayout;
     listen_ = AddAction(*row, page_, "Listen", Qt::Key_F9, [this] { ToggleListening(); });
-    save_ = AddAction(*row, page_, "&Save for all stations", Qt::CTRL | Qt::Key_S,
-                      [this] { Save(); });
+    save_ =
+        AddAction(*row, page_, "&Save for all stations", Qt::CTRL | Qt::Key_S, [this] { Save(); });
     row->addWidget(state_);
     row->addStretch();
     return row;
@@ -208,8 +208,8 @@ std::string LinePanel::ShowLine(const std::string& settings) {
 
 std::string LinePanel::LineSettings() const {
     return ComposeLineSettings(FromQt(rate_->currentData().toString()),
-                               FromQt(parity_->currentText()),
-                               FromQt(dataBits_->currentText()), FromQt(stopBits_->currentText()));
+                               FromQt(parity_->currentText()), FromQt(dataBits_->currentText()),
+                               FromQt(stopBits_->currentText()));
 }
 
 Settings LinePanel::Entered() const {
@@ -288,13 +288,14 @@ void LinePanel::Look() {
             return;
         ShowRaw(bytes);
         const std::string direction = FromQt(direction_->currentText());
-        bench_->setText(Kilograms(DecodeTestWeight(bytes, direction,
-                                                   std::to_string(length_->value()),
-                                                   reversed_->isChecked())
-                                      .modified));
-        const auto weight = DecodeLiveWeight(bytes, {.direction = direction,
-                                                     .length = static_cast<double>(length_->value()),
-                                                     .reversed = reversed_->isChecked()});
+        bench_->setText(
+            Kilograms(DecodeTestWeight(bytes, direction, std::to_string(length_->value()),
+                                       reversed_->isChecked())
+                          .modified));
+        const auto weight =
+            DecodeLiveWeight(bytes, {.direction = direction,
+                                     .length = static_cast<double>(length_->value()),
+                                     .reversed = reversed_->isChecked()});
         if (weight)
             live_->setText(Kilograms(*weight));
     } catch (const std::exception& failure) {

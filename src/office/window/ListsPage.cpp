@@ -150,9 +150,9 @@ void ListsPage::Reload() {
 }
 
 void ListsPage::SizeColumns() {
-    constexpr int flagWidth = 92;
-    constexpr int keyWidth = 130;
-    constexpr int referenceWidth = 170;
+    constexpr int flagWidth = 76;
+    constexpr int keyWidth = 100;
+    constexpr int referenceWidth = 150;
     QHeaderView& header = *view_->horizontalHeader();
     const Table& table = CurrentTable();
     for (int column = 0; column < model_.columnCount(); ++column) {

@@ -83,7 +83,8 @@ void PortsPanel::ShowPorts() {
     for (const int port : numbers) {
         auto* number = new QStandardItem(QString::number(port));
         number->setData(port);
-        const QString device = ToQt(DeviceOf(port)) + (shownPorts_.contains(port) ? "" : " (usual)");
+        const QString device =
+            ToQt(DeviceOf(port)) + (shownPorts_.contains(port) ? "" : " (usual)");
         const QString state = ToQt(DescribeAccess(DeviceOf(port)));
         auto* stateItem = new QStandardItem(state);
         stateItem->setToolTip(state);
@@ -161,16 +162,16 @@ void PortsPanel::ToggleBursts() {
 void PortsPanel::Store(int port, const std::optional<std::string>& device, bool readsBursts) {
     const std::optional<std::string> yes("yes");
     const auto shown = shownPorts_.find(port);
-    const std::array entries{
-        StationEntry{.section = "Ports",
-                     .number = port,
-                     .shown = shown == shownPorts_.end() ? std::nullopt
-                                                         : std::optional<std::string>(shown->second),
-                     .wanted = device},
-        StationEntry{.section = "WholeBursts",
-                     .number = port,
-                     .shown = shownBursts_.contains(port) ? yes : std::nullopt,
-                     .wanted = readsBursts ? yes : std::nullopt}};
+    const std::array entries{StationEntry{.section = "Ports",
+                                          .number = port,
+                                          .shown = shown == shownPorts_.end()
+                                                       ? std::nullopt
+                                                       : std::optional<std::string>(shown->second),
+                                          .wanted = device},
+                             StationEntry{.section = "WholeBursts",
+                                          .number = port,
+                                          .shown = shownBursts_.contains(port) ? yes : std::nullopt,
+                                          .wanted = readsBursts ? yes : std::nullopt}};
     if (const std::string why = SaveStationEntries(session_.folder, entries); !why.empty())
         Warn(window(), why);
     Reload();

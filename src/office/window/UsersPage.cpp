@@ -23,8 +23,8 @@ QString DescribeLevel(std::int32_t level) {
 
 UsersPage::UsersPage(OfficeSession& session) : session_(session) {
     LayOut();
-    readOnly_->Say(
-        ToQt(session.whyReadOnly(session.connection, std::array<std::string_view, 1>{"StationUsers"})));
+    readOnly_->Say(ToQt(
+        session.whyReadOnly(session.connection, std::array<std::string_view, 1>{"StationUsers"})));
     for (QPushButton* button : writing_)
         button->setEnabled(readOnly_->text().isEmpty());
     Reload();
@@ -42,12 +42,11 @@ void UsersPage::LayOut() {
     view_->installEventFilter(this);
     column->addWidget(view_, 1);
     auto* row = new QHBoxLayout;
-    writing_ = {
-        AddAction(*row, *this, "&Add...", Qt::CTRL | Qt::Key_N, [this] { Add(); }),
-        AddAction(*row, *this, "Change &level...", Qt::Key_F2, [this] { ChangeLevel(); }),
-        AddAction(*row, *this, "New &password...", Qt::CTRL | Qt::Key_P,
-                  [this] { ChangePassword(); }),
-        AddAction(*row, *this, "&Remove...", Qt::Key_Delete, [this] { Remove(); })};
+    writing_ = {AddAction(*row, *this, "&Add...", Qt::CTRL | Qt::Key_N, [this] { Add(); }),
+                AddAction(*row, *this, "Change &level...", Qt::Key_F2, [this] { ChangeLevel(); }),
+                AddAction(*row, *this, "New &password...", Qt::CTRL | Qt::Key_P,
+                          [this] { ChangePassword(); }),
+                AddAction(*row, *this, "&Remove...", Qt::Key_Delete, [this] { Remove(); })};
     row->addStretch();
     AddAction(*row, *this, "Read again", Qt::Key_F5, [this] { Reload(); });
     column->addLayout(row);
@@ -66,8 +65,8 @@ void UsersPage::Reload() {
     for (const User& user : users_) {
         if (user.name == name)
             place = model_.rowCount();
-        model_.appendRow({new QStandardItem(ToQt(user.name)),
-                          new QStandardItem(DescribeLevel(user.level))});
+        model_.appendRow(
+            {new QStandardItem(ToQt(user.name)), new QStandardItem(DescribeLevel(user.level))});
     }
     view_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     view_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);

@@ -19,7 +19,8 @@ protected:
         return SaveStationEntries(database.folder.path, std::array{entry});
     }
     std::string StoredName() {
-        return database.Text("Select value From Project_Registry Where registrykey = 'CompanyName'");
+        return database.Text(
+            "Select value From Project_Registry Where registrykey = 'CompanyName'");
     }
     std::string SaveName(const std::string& name) {
         return SaveCompanyName(database.connection, database.folder.path, StoredName(), name);
@@ -42,10 +43,11 @@ TEST_F(StationEntries, PortIsAddedWithCommentsKept) {
 
 TEST_F(StationEntries, EntryThatSomebodyElseHasChangedIsToldWithAllValues) {
     database.folder.Write("Station.ini", "[Ports]\n1=/dev/ttyUSB7\n");
-    EXPECT_EQ(Save({"Ports", 1, "/dev/ttyUSB0", "/dev/ttyS3"}),
-              "Somebody else has changed Station.ini meanwhile: [Ports] 1 was \"/dev/ttyUSB0\", it is "
-              "now \"/dev/ttyUSB7\", you have entered \"/dev/ttyS3\". Nothing has been written; please "
-              "look again.");
+    EXPECT_EQ(
+        Save({"Ports", 1, "/dev/ttyUSB0", "/dev/ttyS3"}),
+        "Somebody else has changed Station.ini meanwhile: [Ports] 1 was \"/dev/ttyUSB0\", it is "
+        "now \"/dev/ttyUSB7\", you have entered \"/dev/ttyS3\". Nothing has been written; please "
+        "look again.");
     EXPECT_EQ(File(), "[Ports]\n1=/dev/ttyUSB7\n");
 }
 

@@ -30,9 +30,9 @@ protected:
     void Open() {
         page = new StationPage(session);
         page->Ports()->FindDevices = [] {
-            return std::vector<SerialDevice>{
-                {"/dev/serial/by-id/usb-FTDI-0", "/dev/ttyUSB0", "FT232R USB UART, FTDI",
-                 "May be opened (group dialout)"}};
+            return std::vector<SerialDevice>{{"/dev/serial/by-id/usb-FTDI-0", "/dev/ttyUSB0",
+                                              "FT232R USB UART, FTDI",
+                                              "May be opened (group dialout)"}};
         };
         window.setCentralWidget(page);
         window.resize(1090, 640);
