@@ -1,5 +1,6 @@
 #include "setup/EmbeddedFile.h"
 
+#include "platform/ado/sqlite/SqliteOpening.h"
 #include "platform/runtime/Failure.h"
 
 namespace Quillane {
@@ -48,7 +49,7 @@ EmbeddedFile::EmbeddedFile(const std::string& file, int openFlags) {
 
 void EmbeddedFile::Check(int outcome) {
     if (outcome != SQLITE_OK)
-        throw Failure(FailureNumber::Database, sqlite3_errmsg(session_), FailureSource::Database);
+        throw Failure(FailureNumber::Database, SqliteWords(session_), FailureSource::Database);
 }
 
 void EmbeddedFile::Run(const char* script) {

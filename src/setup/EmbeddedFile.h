@@ -28,6 +28,8 @@ public:
     /// The first cell of the first row as text; empty for Null and where there is no row.
     std::string FirstText(const char* query);
     long FirstNumber(const char* query);
+    /// For what else the engine offers; valid as long as this.
+    sqlite3* Session() { return session_; }
 
 private:
     class Statement;

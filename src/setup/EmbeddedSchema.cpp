@@ -80,15 +80,14 @@ void ReadParticulars(EmbeddedFile& file, EmbeddedDatabase& found) {
     found.users = file.FirstNumber("SELECT count(*) FROM StationUsers");
 }
 
-EmbeddedDatabase::Kind KindOf(EmbeddedFile& file) {
-    const long ours = file.FirstNumber(
-        "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name COLLATE NOCASE IN"
-        " ('Arrivals', 'ArrivalsBody', 'PortSettings', 'Project_Registry', 'StationUsers',"
-        " 'StationSchema')");
-    return ours == 6 ? EmbeddedDatabase::Kind::OfStations : EmbeddedDatabase::Kind::Foreign;
-}
-
 } // namespace
+
+bool HoldsStationTables(EmbeddedFile& file) {
+    return file.FirstNumber(
+               "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name COLLATE NOCASE IN"
+               " ('Arrivals', 'ArrivalsBody', 'PortSettings', 'Project_Registry', 'StationUsers',"
+               " 'StationSchema')") == 6;
+}
 
 void CreateEmbeddedDatabase(const std::string& file, const NewDatabase& particulars) {
     if (QFile::exists(ToQt(file)))
@@ -118,7 +117,8 @@ EmbeddedDatabase LookAtEmbeddedDatabase(const std::string& file) {
         if (HasLogWithContents(file))
             session.LeaveJournal();
         session.Run("PRAGMA schema_version");
-        found.kind = KindOf(session);
+        found.kind = HoldsStationTables(session) ? EmbeddedDatabase::Kind::OfStations
+                                                 : EmbeddedDatabase::Kind::Foreign;
         if (found.kind == EmbeddedDatabase::Kind::OfStations)
             ReadParticulars(session, found);
     } catch (const Failure& failure) {

@@ -31,6 +31,11 @@ inline constexpr const char* SampleUserName = "gate";
 /// name.
 void CreateEmbeddedDatabase(const std::string& file, const NewDatabase& particulars);
 
+class EmbeddedFile;
+
+/// Whether the database holds the station's own tables.
+bool HoldsStationTables(EmbeddedFile& file);
+
 /// What stands under the name of an embedded database.
 struct EmbeddedDatabase {
     enum class Kind {

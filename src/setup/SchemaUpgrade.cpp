@@ -4,6 +4,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Text.h"
 #include "platform/host/PrivateFile.h"
+#include "platform/host/WholeFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/EmbeddedScripts.h"
@@ -16,12 +17,6 @@
 #include <array>
 #include <functional>
 #include <vector>
-
-#ifndef _WIN32
-#include <unistd.h>
-#else
-#include <io.h>
-#endif
 
 namespace Quillane {
 
@@ -105,18 +100,6 @@ std::string NameOfCopy(const std::string& file, double toVersion) {
     return FromQt(name);
 }
 
-void BringToDisk(QFile& file) {
-#ifndef _WIN32
-    const bool done = file.open(QIODevice::ReadWrite) && ::fsync(file.handle()) == 0;
-#else
-    const bool done = file.open(QIODevice::ReadWrite) && ::_commit(file.handle()) == 0;
-#endif
-    if (!done)
-        throw Failure(FailureNumber::PathAccess,
-                      "The copy " + FromQt(file.fileName()) + " cannot be brought to the disk");
-    file.close();
-}
-
 } // namespace
 
 std::span<const SchemaStep> SchemaSteps() {
@@ -174,8 +157,8 @@ std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, d
     QFile::remove(ToQt(unfinished));
     MakePrivateFile(unfinished);
     connection.Execute("VACUUM INTO " + Quoted(unfinished));
+    BringToDisk(unfinished);
     QFile copy(ToQt(unfinished));
-    BringToDisk(copy);
     if (!copy.rename(ToQt(name)))
         throw Failure(FailureNumber::PathAccess, FromQt(copy.errorString()) + ": " + name);
     return name;

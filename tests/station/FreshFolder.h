@@ -20,8 +20,10 @@ public:
 
     std::string File(const std::string& name) const { return path + "/" + name; }
     bool Has(const std::string& name) const { return std::filesystem::exists(File(name)); }
-    void Write(const std::string& name, const std::string& text) const {
+    /// Gives the path of the file.
+    std::string Write(const std::string& name, const std::string& text) const {
         std::ofstream(File(name), std::ios::binary) << text;
+        return File(name);
     }
     std::string Read(const std::string& name) const {
         std::ifstream file(File(name), std::ios::binary);

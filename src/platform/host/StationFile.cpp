@@ -19,6 +19,8 @@ namespace {
 
 constexpr int firstPort = 1;
 constexpr int lastPort = 32767;
+constexpr int mostBackups = 9999;
+constexpr int mostDays = 366;
 
 std::string_view Bare(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";
@@ -66,7 +68,7 @@ private:
             Refuse("the section's closing bracket is missing.");
         section_ = UpperCase(Bare(line.substr(1, line.size() - 2)));
         if (section_ != "STATION" && section_ != "COMPANYNAMES" && section_ != "PORTS" &&
-            section_ != "WHOLEBURSTS")
+            section_ != "WHOLEBURSTS" && section_ != "BACKUP")
             Refuse("there is no section " + std::string(line) + ".");
     }
 
@@ -89,6 +91,8 @@ private:
             StorePort(Whole(key, firstPort, lastPort), std::move(value));
         else if (section_ == "WHOLEBURSTS")
             StoreWholeBursts(Whole(key, firstPort, lastPort), UpperCase(value));
+        else if (section_ == "BACKUP")
+            StoreBackup(key, std::move(value));
         else if (key == "STATIONROLE")
             station_.StationRole = std::move(value);
         else if (key == "ASKCOMPANYNAME")
@@ -108,6 +112,19 @@ private:
             station_.WholeBursts.insert(port);
         else if (value != "NO")
             Refuse("a port in [WholeBursts] takes yes or no.");
+    }
+
+    void StoreBackup(const std::string& key, std::string value) {
+        if (key == "FOLDER" && !value.empty())
+            station_.BackupFolder = std::move(value);
+        else if (key == "FOLDER")
+            Refuse("the backups have no folder.");
+        else if (key == "KEEP")
+            station_.BackupsKept = Whole(value, 1, mostBackups);
+        else if (key == "WARNAFTERDAYS")
+            station_.WarnAfterBackupDays = Whole(value, 1, mostDays);
+        else
+            Refuse("there is no key " + key + " in [Backup].");
     }
 
     int Whole(const std::string& text, int least, int most) const {

@@ -18,6 +18,10 @@ namespace Quillane {
 ///     1=/dev/ttyUSB0
 ///     [WholeBursts]
 ///     1=yes
+///     [Backup]
+///     Folder=/mnt/backups
+///     Keep=30
+///     WarnAfterDays=3
 ///
 /// Blanks around a name or a value do not count, lines that begin with ; or # are notes, and the
 /// names of sections and keys may be in any case. A value runs to the end of its line. The text is
@@ -30,6 +34,10 @@ struct StationFile {
     int AskCompanyName = 0;
     std::map<int, std::string> Ports; ///< device by port number
     std::set<int> WholeBursts;        ///< ports whose indicator pauses between its frames
+    /// Where backups go; a relative path counts from the station's folder. Empty: its `backups`.
+    std::string BackupFolder;
+    int BackupsKept = 0;         ///< 0: all
+    int WarnAfterBackupDays = 0; ///< the sign-in reports a last backup that is older; 0: never
 
     /// A missing file gives the defaults. A damaged one is a failure that names the file and the
     /// line; nothing is guessed. A section or key that nothing reads, or that stands twice, counts

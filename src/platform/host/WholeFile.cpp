@@ -4,7 +4,18 @@
 #include "platform/runtime/Failure.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
+
+#include <cerrno>
+#include <system_error>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace Quillane {
 
@@ -38,5 +49,26 @@ void WriteWholeFile(const std::string& path, const std::string& bytes, FileReade
     if (file.write(bytes.data(), static_cast<qint64>(bytes.size())) < 0 || !file.commit())
         FailOnFile(file);
 }
+
+#ifndef _WIN32
+// Some file systems have nothing to bring to the disk for a folder, and say so by EINVAL.
+void BringToDisk(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int code = file < 0 || ::fsync(file) != 0 ? errno : 0;
+    if (file >= 0)
+        ::close(file);
+    if (code != 0 && code != EINVAL)
+        throw Failure(FailureNumber::PathAccess, path + " cannot be brought to the disk: " +
+                                                     std::system_category().message(code) + ".");
+}
+#else
+void BringToDisk(const std::string& path) {
+    QFile file(QString::fromStdString(path));
+    if (QFileInfo(file).isDir())
+        return;
+    if (!file.open(QIODevice::ReadWrite) || ::_commit(file.handle()) != 0)
+        FailOnFile(file);
+}
+#endif
 
 } // namespace Quillane

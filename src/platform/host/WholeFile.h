@@ -15,4 +15,9 @@ enum class FileReaders { All, OwnerAndGroup };
 void WriteWholeFile(const std::string& path, const std::string& bytes,
                     FileReaders readers = FileReaders::All);
 
+/// Brings what a file holds, or the names in a folder, to the disk: a power cut does not undo it.
+/// Fails (75) with the name. No session of a database may have the file open: closing it here would
+/// drop that session's locks.
+void BringToDisk(const std::string& path);
+
 } // namespace Quillane

@@ -11,7 +11,7 @@ class PrivateFile : public testing::Test {
 protected:
     /// Under the usual mask, which takes the right to write from the group.
     mode_t RightsInFolderOf(mode_t folderRights) {
-        ::chmod(fresh.Path().c_str(), folderRights);
+        ::chmod(fresh.path.c_str(), folderRights);
         const mode_t before = ::umask(0022);
         MakePrivateFile(fresh.File("Account1.db"));
         ::umask(before);

@@ -57,6 +57,22 @@ TEST(StationFile, NamesThePortsWhoseIndicatorPauses) {
     EXPECT_EQ(station.WholeBursts, (std::set<int>{1, 12}));
 }
 
+TEST(StationFile, SaysWhereBackupsGoAndHowManyStay) {
+    const FreshFolder folder;
+    const StationFile none = StationFile::Read(folder.Write("Station.ini", "[Backup]\n"));
+    EXPECT_EQ(none.BackupFolder, "");
+    EXPECT_EQ(none.BackupsKept, 0);
+    EXPECT_EQ(none.WarnAfterBackupDays, 0);
+    const StationFile station =
+        StationFile::Read(folder.Write("Station.ini", "[Backup]\n"
+                                                      "Folder=/mnt/my disk\n"
+                                                      "keep = 30\n"
+                                                      "WarnAfterDays=3\n"));
+    EXPECT_EQ(station.BackupFolder, "/mnt/my disk");
+    EXPECT_EQ(station.BackupsKept, 30);
+    EXPECT_EQ(station.WarnAfterBackupDays, 3);
+}
+
 struct Damage {
     std::string text;
     int line;
@@ -94,7 +110,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"[Ports]\n-1=/dev/ttyS0\n", 2}, Damage{"[Ports]\n1.5=/dev/ttyS0\n", 2},
                     Damage{"[WholeBursts]\n1=\n", 2}, Damage{"[WholeBursts]\n1=-1\n", 2},
                     Damage{"[WholeBursts]\n1=yes\n1=no\n", 3}, Damage{"[WholeBursts]\n0=yes\n", 2},
-                    Damage{"[WholeBursts]\nyes\n", 2}, Damage{std::string("\0\0\0\0", 4), 1}));
+                    Damage{"[WholeBursts]\nyes\n", 2}, Damage{"[Backup]\nFolder=\n", 2},
+                    Damage{"[Backup]\nKeep=0\n", 2}, Damage{"[Backup]\nKeep=some\n", 2},
+                    Damage{"[Backup]\nWarnAfterDays=0\n", 2}, Damage{"[Backup]\nTo=/mnt\n", 2},
+                    Damage{std::string("\0\0\0\0", 4), 1}));
 
 TEST(StationFile, ThatCannotBeReadFails) {
     const FreshFolder folder;

@@ -61,7 +61,7 @@ TEST_F(StationFolderTest, IsTheOneNamedAlsoWhereAnotherHoldsTheConfigFile) {
 
 TEST_F(StationFolderTest, IsAbsoluteAndWithoutASeparatorAtItsEnd) {
     const std::string before = std::filesystem::current_path();
-    std::filesystem::current_path(fresh.Path());
+    std::filesystem::current_path(fresh.path);
     const std::string here = std::filesystem::current_path();
     for (const char* given : {"option", "option/", "./option//", "program/../option"}) {
         sources.option = given;

@@ -10,7 +10,7 @@ namespace {
 /// Each test has a configuration folder of its own.
 class UserSettings : public testing::Test {
 protected:
-    void SetUp() override { ::setenv("XDG_CONFIG_HOME", folder.Path().c_str(), 1); }
+    void SetUp() override { ::setenv("XDG_CONFIG_HOME", folder.path.c_str(), 1); }
     void TearDown() override { ::unsetenv("XDG_CONFIG_HOME"); }
 
     void Damage(const std::string& text) {
@@ -46,7 +46,7 @@ TEST_F(UserSettings, KeepApplicationsSectionsAndKeysApart) {
 
 TEST_F(UserSettings, LieInTheUsersOwnFolderAtOnce) {
     SaveSetting("Mill", "Printer", "Page", "Printed");
-    EXPECT_TRUE(SettingsFile("Mill").starts_with(folder.Path() + "/"));
+    EXPECT_TRUE(SettingsFile("Mill").starts_with(folder.path + "/"));
     std::ifstream file(SettingsFile("Mill"));
     const std::string text(std::istreambuf_iterator<char>(file), {});
     EXPECT_NE(text.find("Page=Printed"), std::string::npos) << text;
@@ -64,7 +64,7 @@ TEST_P(AnyText, ServesAsAName) {
         return;
     SaveSetting(GetParam(), GetParam(), GetParam(), "kept");
     EXPECT_EQ(GetSetting(GetParam(), GetParam(), GetParam(), ""), "kept");
-    EXPECT_TRUE(SettingsFile(GetParam()).starts_with(folder.Path() + "/"));
+    EXPECT_TRUE(SettingsFile(GetParam()).starts_with(folder.path + "/"));
 }
 
 INSTANTIATE_TEST_SUITE_P(OfEveryKind, AnyText,

@@ -30,6 +30,17 @@ TEST(WholeFile, FolderCannotBeReadAsAFile) {
     EXPECT_EQ(FailureNumberOf([&] { ReadWholeFile(folder.path); }), FailureNumber::PathAccess);
 }
 
+TEST(WholeFile, FileOrFolderIsBroughtToTheDisk) {
+    const FreshFolder folder;
+    folder.Write("note", "text");
+    BringToDisk(folder.File("note"));
+    BringToDisk(folder.path);
+    const Failure failure = FailureOf([&] { BringToDisk(folder.File("none")); });
+    EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
+    EXPECT_NE(failure.Description().find(folder.File("none") + " cannot be brought to the disk: "),
+              std::string::npos);
+}
+
 TEST(WholeFile, WriteThatFailsNamesTheFileAndLeavesNothing) {
     const FreshFolder folder;
     const std::string path = folder.File("missing/note");

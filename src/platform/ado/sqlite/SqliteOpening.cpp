@@ -89,6 +89,16 @@ bool IsSoundWithoutLog(const std::string& path) {
                  " to another folder and start the program again.");
 }
 
+// Whoever puts another file in its place holds the lock meanwhile: from the first read on, which
+// keeps a lock of this session, nobody can.
+void RefuseReplacedFile(sqlite3* session, const std::string& path) {
+    int hasMoved = 0;
+    sqlite3_file_control(session, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    if (hasMoved != 0)
+        FailDatabase("The database file " + path +
+                     " was replaced while it was being opened. Please start the program again.");
+}
+
 void KeepLogAtClose(sqlite3* session, bool keeps) {
     sqlite3_db_config(session, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, keeps ? 1 : 0, nullptr);
 }
@@ -126,6 +136,7 @@ void PrepareSqliteSession(sqlite3* session, const std::string& path) {
         FailOnLog(file);
     if (outcome != SQLITE_OK || sqlite3_db_readonly(session, "main") == 1)
         FailToUse(session, path);
+    RefuseReplacedFile(session, path);
     KeepLogAtClose(session, false);
 }
 

@@ -18,23 +18,6 @@ constexpr std::chrono::milliseconds moment{400};
 
 } // namespace
 
-void LongWork::Begin(const std::string& step, int parts) {
-    const std::lock_guard lock(guard_);
-    step_ = step;
-    done_ = 0;
-    parts_ = parts;
-}
-
-bool LongWork::Advance(int done) {
-    done_ = done;
-    return !brokenOff_;
-}
-
-std::string LongWork::Step() const {
-    const std::lock_guard lock(guard_);
-    return step_;
-}
-
 bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>& work) {
     LongWork shared;
     std::future<void> end = std::async(std::launch::async, [&] { work(shared); });

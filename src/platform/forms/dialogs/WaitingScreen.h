@@ -4,38 +4,15 @@
 #include "platform/forms/controls/Label.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/forms/core/Timer.h"
+#include "platform/runtime/LongWork.h"
 
-#include <atomic>
 #include <functional>
 #include <future>
-#include <mutex>
 #include <string>
 
 class QProgressBar;
 
 namespace Quillane {
-
-/// What a long piece of work tells of itself, and hears: shared by its thread and the screen's.
-class LongWork {
-public:
-    /// Begins a step of so many parts; 0 where nobody knows how many.
-    void Begin(const std::string& step, int parts = 0);
-    /// So many parts of the step are done. False where the work is to be broken off.
-    bool Advance(int done);
-    bool IsBrokenOff() const { return brokenOff_; }
-
-    void BreakOff() { brokenOff_ = true; }
-    std::string Step() const;
-    int Done() const { return done_; }
-    int Parts() const { return parts_; }
-
-private:
-    mutable std::mutex guard_; ///< of the step's text
-    std::string step_;
-    std::atomic<int> done_ = 0;
-    std::atomic<int> parts_ = 0;
-    std::atomic<bool> brokenOff_ = false;
-};
 
 /// Runs a piece of work that waits for a server on a thread of its own, and returns when it has
 /// ended. Work that takes longer than a moment is shown with its progress, and Esc breaks it off:

@@ -100,6 +100,39 @@ TEST_F(SqliteFile, IsWaitedForNoLongerThanTheBusyWait) {
     holder.CommitTrans();
 }
 
+/// Puts a copy in the place of the file while a station waits for its lock.
+class ReplacingWait : public LockWait {
+public:
+    ReplacingWait(Connection& holder, const fs::path& file) : holder_(holder), file_(file) {}
+    bool GoOn(std::chrono::milliseconds) override {
+        fs::copy_file(file_, file_.string() + ".copy");
+        fs::rename(file_.string() + ".copy", file_);
+        holder_.RollbackTrans();
+        holder_.Close();
+        return true;
+    }
+
+private:
+    Connection& holder_;
+    fs::path file_;
+};
+
+// It would go on working in the file that has no name any more.
+TEST_F(SqliteFile, ReplacedWhileItIsBeingOpenedIsRefused) {
+    Connection holder;
+    folder.Open(holder);
+    holder.Execute("PRAGMA locking_mode=EXCLUSIVE");
+    holder.BeginTrans();
+    holder.Execute("Insert Into Project_Registry Values ('a', 'b')");
+    Connection station;
+    station.SetEmbeddedSupport({.folder = folder.Folder().string(), .waitForLock = [&] {
+                                    return std::make_unique<ReplacingWait>(holder, folder.File());
+                                }});
+    EXPECT_EQ(DatabaseFailureOf([&] { station.Open(EmbeddedFolder::connectionString); }),
+              "The database file " + folder.File().string() +
+                  " was replaced while it was being opened. Please start the program again.");
+}
+
 TEST_F(SqliteFile, MayLieInAFolderWithLettersBeyondAscii) {
     const fs::path inner = folder.Folder() / "کانٹا Müller";
     fs::create_directory(inner);
