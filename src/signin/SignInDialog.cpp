@@ -54,12 +54,18 @@ void SignInDialog::LayOut() {
     column->addLayout(fields);
     column->addWidget(&message_);
     column->addLayout(buttons);
+    LookLikeText(reminder_, 2);
+    column->addWidget(&reminder_);
+    reminder_.hide();
     setFixedWidth(440);
 }
 
 void SignInDialog::Form_Load() {
     const bool known = CompanyProfile.Exists() && !CompanyProfile->CompanyTitle().empty();
     company_.setText(known ? ToQt(CompanyProfile->CompanyTitle()) : "Weighbridge station");
+    const std::string reminder = login_.ReminderOfBackup();
+    reminder_.setText(ToQt(reminder));
+    reminder_.setVisible(!reminder.empty());
     if (login_.PauseLeft().count() > 0)
         ShowPause();
 }
@@ -136,6 +142,10 @@ void SignInDialog::TmrPause_Tick() {
 
 std::string SignInDialog::Message() const {
     return FromQt(message_.text());
+}
+
+std::string SignInDialog::Reminder() const {
+    return FromQt(reminder_.text());
 }
 
 } // namespace Quillane

@@ -25,6 +25,8 @@ public:
 
     /// What the dialog says below the boxes.
     std::string Message() const;
+    /// What it says of the database's backups; empty where nothing is to be said.
+    std::string Reminder() const;
 
 protected:
     void Form_Load() override;
@@ -42,6 +44,7 @@ private:
     UserLoginObject& login_;
     Label company_{""};
     Label message_{""};
+    Label reminder_{""};
     std::string reason_;
 };
 

@@ -4,8 +4,11 @@
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
+#include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "signin/BackupReminder.h"
 #include "signin/PasswordHash.h"
 #include "signin/SignInDialog.h"
 
@@ -102,6 +105,13 @@ std::chrono::milliseconds UserLoginObject::PauseLeft() const {
     using std::chrono::milliseconds;
     const auto left = std::chrono::ceil<milliseconds>(pauseEnd_ - std::chrono::steady_clock::now());
     return std::max(left, milliseconds(0));
+}
+
+std::string UserLoginObject::ReminderOfBackup() const {
+    if (!connection_ || connection_->DatabaseFile().empty())
+        return {};
+    return BackupReminder(StationFolder(), TheStation().WarnAfterBackupDays,
+                          std::chrono::system_clock::now());
 }
 
 } // namespace Quillane

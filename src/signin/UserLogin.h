@@ -43,6 +43,9 @@ public:
     /// What is left of the pause that wrong attempts have earned; 0 when the next may come.
     std::chrono::milliseconds PauseLeft() const;
 
+    /// What is to be said of the backups of an embedded database; runs no statement.
+    std::string ReminderOfBackup() const;
+
     /// What F1 shows in the dialog; nothing where it is empty.
     std::function<void()> About;
 

@@ -3,6 +3,9 @@
 #include "station/SampleDatabase.h"
 
 #include "platform/forms/core/Text.h"
+#include "platform/host/BackupRecord.h"
+#include "platform/host/StationFile.h"
+#include "platform/host/StationFolder.h"
 #include "platform/host/Version.h"
 #include "signin/UserLogin.h"
 #include "support/BoxAnswers.h"
@@ -45,6 +48,47 @@ TEST_F(SignIn, MovesByEnterAndSignsInFromThePassword) {
         EXPECT_FALSE(dialog.IsLoaded());
     });
     EXPECT_EQ(login.UserLevel(), 1);
+}
+
+/// The station's file and folder, as they were afterwards.
+class OldBackup {
+public:
+    explicit OldBackup(const std::string& folder) {
+        SetStationFolder(folder);
+        TheStation().WarnAfterBackupDays = 3;
+        WriteBackupRecord(folder, {}, "Account1-19700101-000000.db");
+    }
+    ~OldBackup() {
+        TheStation() = {};
+        SetStationFolder({});
+    }
+};
+
+TEST_F(SignIn, SaysWithoutAnyStatementThatTheBackupIsOld) {
+    const OldBackup old(database.folder.path);
+    std::vector<std::string> statements;
+    database.connection.StatementObserver = [&](std::string_view text) {
+        statements.emplace_back(text);
+    };
+    RunModal(dialog, [&](Screen& screen) {
+        ScreenDriver driver(screen);
+        if (OnSqlServer()) {
+            EXPECT_EQ(dialog.Reminder(), "");
+        } else {
+            EXPECT_NE(dialog.Reminder().find("01/01/1970"), std::string::npos);
+        }
+        EXPECT_TRUE(statements.empty());
+        driver.Press(Qt::Key_Tab).Press(Qt::Key_Tab).Press(Qt::Key_Tab).Press(Qt::Key_Tab);
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName") << "no further tab stop";
+        driver.Press(Qt::Key_Escape);
+    });
+}
+
+TEST_F(SignIn, SaysNothingOfBackupsWhereNoDaysAreSet) {
+    RunModal(dialog, [&](Screen& screen) {
+        EXPECT_EQ(dialog.Reminder(), "");
+        ScreenDriver(screen).Press(Qt::Key_Escape);
+    });
 }
 
 TEST_F(SignIn, WalksByTabAndPressesAButtonByEnterOrSpace) {

@@ -1,0 +1,26 @@
+#include "signin/BackupReminder.h"
+
+#include "platform/host/BackupRecord.h"
+
+#include <QDateTime>
+
+namespace Quillane {
+
+std::string BackupReminder(const std::string& stationFolder, int days,
+                           std::chrono::system_clock::time_point now) {
+    constexpr std::chrono::hours day{24};
+    if (days == 0)
+        return {};
+    const auto last = ReadBackupRecord(stationFolder);
+    if (!last)
+        return "There is no backup of the database yet. Please tell the person who looks after the "
+               "station.";
+    if (now - *last <= days * day)
+        return {};
+    const auto seconds = std::chrono::system_clock::to_time_t(*last);
+    return "The last good backup of the database is of " +
+           QDateTime::fromSecsSinceEpoch(seconds).toString("dd/MM/yyyy").toStdString() +
+           ". Please tell the person who looks after the station.";
+}
+
+} // namespace Quillane
