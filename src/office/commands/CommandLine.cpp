@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* Help = R"(Usage: quillane-office [command] [options]
 
-The office of a flour mill's weighbridge: its lists and its users. Without a
-command the window opens.
+The office of a flour mill's weighbridge: its lists, its users and its backups.
+Without a command the window opens.
 
 Commands:
   --import TABLE FILE    compare a CSV file with a list, and write it after a yes
@@ -26,6 +26,9 @@ Commands:
   --register-driver PLACE
                          register the driver of SQL Server, of the package tdsodbc;
                          PLACE is system (for all users) or user (for this one)
+  --backup [FOLDER]      make a backup of the station's database, also while it works;
+                         without FOLDER where [Backup] in Station.ini says
+  --restore FILE         put a backup in the place of the database, after a yes
   -h, --help             write this text and end
   -v, --version          write the version and end
 
@@ -35,7 +38,7 @@ Tables: cities, parties, commodities, bag-classes, bag-types
 Options:
   --station FOLDER       the folder of the station, where Config.ini lies; found as
                          by the station itself where it is not given
-  --yes                  with --import: write without asking
+  --yes                  with --import and --restore: write without asking
   --skip-faulty          with --import: write the sound lines, leave the faulty ones
   --csv FILE             with --day-book: a CSV file
   --xlsx FILE            with --day-book: a workbook, with the sums on further sheets
@@ -45,6 +48,8 @@ Options:
   --commodity ID         with --day-book: of one commodity
   --vehicle TEXT         with --day-book: of vehicles whose number holds the text
   --inside               with --day-book: trucks alone that have no tare yet
+  --keep N               with --backup: remove the oldest backups beyond N; without it
+                         as [Backup] in Station.ini says, or none
   --level N              with --add-user: 1 full rights, 2 restricted (the default)
   --sign-in NAME         sign in to the database server as NAME, whose password is
                          asked for first, in place of the sign-in in Config.ini
@@ -54,7 +59,7 @@ terminal, or a line each from the standard input; never from an argument.
 
 Exit codes: 0 done; 1 a failure of the database or of a file; 2 wrong arguments;
 3 refused, nothing is written: faulty lines, or a rule of users; 4 not confirmed,
-nothing is written.
+nothing is written; 5 broken off, nothing is written.
 )";
 
 QString ToQString(const std::string& text) {
@@ -82,6 +87,9 @@ public:
                             {"add-user", "", "name"},
                             {"reset-password", "", "name"},
                             {"register-driver", "", "place"},
+                            {"backup", ""},
+                            {"restore", "", "file"},
+                            {"keep", "", "number"},
                             {"station", "", "folder"},
                             {"yes", ""},
                             {"skip-faulty", ""},
@@ -99,7 +107,8 @@ public:
         request_.skipsFaulty = parser_.isSet("skip-faulty");
         request_.signIn = Value("sign-in");
         request_.station = Value("station");
-        ReadLevel();
+        request_.level = WholeNumber("level", request_.level);
+        request_.keep = WholeNumber("keep", request_.keep);
         if (request_.act == Request::Act::DayBook)
             ReadDayBook();
         else
@@ -135,19 +144,22 @@ private:
         Take("register-driver", Request::Act::RegisterDriver, &Request::place);
         if (request_.act == Request::Act::RegisterDriver && !IsDriverPlace(request_.place))
             Refuse("A driver is registered for the \"system\" or for the \"user\".");
+        Take("backup", Request::Act::Backup, nullptr);
+        Take("restore", Request::Act::Restore, &Request::file);
         if (parser_.isSet("help"))
             request_.act = Request::Act::Help;
         else if (parser_.isSet("version"))
             request_.act = Request::Act::Version;
     }
 
-    void ReadLevel() {
-        if (!parser_.isSet("level"))
-            return;
+    int WholeNumber(const char* option, int otherwise) {
+        if (!parser_.isSet(option))
+            return otherwise;
         bool isNumber = false;
-        request_.level = parser_.value("level").toInt(&isNumber);
+        const int number = parser_.value(option).toInt(&isNumber);
         if (!isNumber)
-            Refuse("The option --level needs a number.");
+            Refuse("The option --" + std::string(option) + " needs a number.");
+        return number;
     }
 
     bool IsOfTable() const {
@@ -160,6 +172,8 @@ private:
             Refuse("There is no table \"" + request_.table + "\".");
         if (IsOfTable() && rest.size() != 1)
             Refuse("A table and one file are needed.");
+        else if (request_.act == Request::Act::Backup)
+            ReadFolder(rest);
         else if (!IsOfTable() && !rest.isEmpty())
             Refuse("Unexpected argument \"" + rest.first().toStdString() + "\".");
         if (IsOfTable() && !rest.isEmpty())
@@ -210,10 +224,23 @@ private:
         ReadSums();
     }
 
+    void ReadFolder(const QStringList& rest) {
+        if (rest.size() > 1)
+            Refuse("A backup goes into one folder.");
+        else if (!rest.isEmpty())
+            request_.folder = rest.first().toStdString();
+    }
+
     void RefuseLonelyOptions() {
         const bool isImport = request_.act == Request::Act::Import;
-        if (!isImport && (request_.isConfirmed || request_.skipsFaulty))
-            Refuse("--yes and --skip-faulty belong to --import.");
+        if (!isImport && request_.skipsFaulty)
+            Refuse("--skip-faulty belongs to --import.");
+        if (!isImport && request_.act != Request::Act::Restore && request_.isConfirmed)
+            Refuse("--yes belongs to --import and --restore.");
+        if (parser_.isSet("keep") && request_.act != Request::Act::Backup)
+            Refuse("--keep belongs to --backup.");
+        if (parser_.isSet("keep") && request_.keep < 1)
+            Refuse("The option --keep needs a number from 1 on.");
         if (request_.act != Request::Act::AddUser && parser_.isSet("level"))
             Refuse("--level belongs to --add-user.");
         if (request_.act != Request::Act::DayBook)

@@ -27,7 +27,9 @@ struct Request {
         AddUser,
         ResetPassword,
         DayBook,
-        RegisterDriver
+        RegisterDriver,
+        Backup,
+        Restore
     };
 
     Act act = Act::Window;    ///< without a command the window opens
@@ -37,6 +39,8 @@ struct Request {
     std::string place{};      ///< of a driver: "system" or "user"
     std::int32_t level = 2;   ///< of a new user
     DayBookRequest dayBook{}; ///< of a day book
+    std::string folder{};     ///< of a backup; empty: as Station.ini says
+    int keep = 0;             ///< backups that stay; 0: as Station.ini says
     bool isConfirmed = false; ///< --yes
     bool skipsFaulty = false; ///< --skip-faulty
     std::string station{};    ///< the folder of the station; empty: it is looked for

@@ -9,11 +9,21 @@
 
 namespace Quillane {
 class Connection;
-}
+class LongWork;
+} // namespace Quillane
 
 namespace Quillane::Office {
 
-enum class ExitCode { Done = 0, Failed = 1, WrongArguments = 2, Refused = 3, NotConfirmed = 4 };
+enum class ExitCode {
+    Done = 0,
+    Failed = 1,
+    WrongArguments = 2,
+    Refused = 3,
+    NotConfirmed = 4,
+    BrokenOff = 5
+};
+
+using LongTask = std::function<void(LongWork& work)>;
 
 /// What a command reads from and writes to.
 struct Terminal {
@@ -25,6 +35,9 @@ struct Terminal {
     /// Asks for a yes; false also where nobody can be asked.
     std::function<bool(const std::string& question)> confirm;
     HashCost hashCost = HashCost::Interactive;
+    /// Runs work that takes long, shows its progress, and breaks it off where that is asked for.
+    /// What it fails with is thrown here.
+    std::function<void(const LongTask& task)> runLong{};
 };
 
 /// The terminal of this process. Passwords are lines of the standard input where that is none.

@@ -1,7 +1,12 @@
 #include "office/commands/Commands.h"
 
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/LongWork.h"
 
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <future>
 #include <iostream>
 
 #ifndef _WIN32
@@ -71,6 +76,65 @@ bool Confirm(const std::string& question) {
     return answer == "y" || answer == "Y" || answer == "yes";
 }
 
+LongWork* workThatRuns = nullptr;
+
+void BreakOffWork(int) {
+    workThatRuns->BreakOff();
+}
+
+/// Ctrl+C and the system's end of the session break the work off, for as long as this lives.
+class Signals {
+public:
+    explicit Signals(LongWork& work) {
+        workThatRuns = &work;
+        for (std::size_t i = 0; i < numbers.size(); ++i)
+            before_[i] = std::signal(numbers[i], BreakOffWork);
+    }
+    ~Signals() {
+        for (std::size_t i = 0; i < numbers.size(); ++i)
+            std::signal(numbers[i], before_[i]);
+        workThatRuns = nullptr;
+    }
+    Signals(const Signals&) = delete;
+    Signals& operator=(const Signals&) = delete;
+
+private:
+    static constexpr std::array numbers{SIGINT, SIGTERM};
+    std::array<void (*)(int), numbers.size()> before_{};
+};
+
+bool IsShown() {
+#ifdef _WIN32
+    return false;
+#else
+    return ::isatty(STDERR_FILENO) == 1;
+#endif
+}
+
+/// Writes over its line; the blanks cover a longer one of before.
+void ShowProgress(const LongWork& work) {
+    std::cerr << "\r" << work.Step();
+    if (work.Parts() > 0)
+        std::cerr << ": " << 100LL * work.Done() / work.Parts() << " %";
+    std::cerr << "      " << std::flush;
+}
+
+void RunLong(const LongTask& task) {
+    constexpr std::chrono::milliseconds betweenLooks{200};
+    LongWork work;
+    const Signals breakingOff(work);
+    std::future<void> end = std::async(std::launch::async, [&] { task(work); });
+    bool hasShown = false;
+    while (IsShown() && end.wait_for(betweenLooks) != std::future_status::ready) {
+        ShowProgress(work);
+        hasShown = true;
+    }
+    end.wait();
+    if (hasShown)
+        std::cerr << "\n";
+    end.get();
+}
+
 } // namespace
 
 Terminal ProcessTerminal() {
@@ -78,7 +142,8 @@ Terminal ProcessTerminal() {
             .out = std::cout,
             .err = std::cerr,
             .password = ReadPassword,
-            .confirm = Confirm};
+            .confirm = Confirm,
+            .runLong = RunLong};
 }
 
 } // namespace Quillane::Office

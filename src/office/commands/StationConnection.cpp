@@ -3,12 +3,14 @@
 #include "data/ConfigFile.h"
 #include "data/EmbeddedFunctions.h"
 #include "platform/ado/Connection.h"
+#include "platform/ado/ConnectionString.h"
 #include "platform/host/Files.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/SystemInfo.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/SchemaUpgrade.h"
+#include "setup/StationSetUp.h"
 
 #include <algorithm>
 
@@ -59,6 +61,16 @@ std::string WithoutSignIn(std::string_view fragment) {
         fragment.remove_prefix(std::min(end + 1, fragment.size()));
     }
     return kept;
+}
+
+std::string EmbeddedDatabaseOf(const std::string& folder) {
+    const std::string config = folder + "/Config.ini";
+    if (!FileExists(config))
+        return EmbeddedDatabasePath(folder);
+    const class ConnectionString entries(ReadFirstField(config));
+    if (!EqualIgnoringCase(entries.Get("Server"), "(embedded)"))
+        return {};
+    return folder + "/" + entries.Get("Database") + ".db";
 }
 
 void OpenStationDatabase(Connection& connection, const std::string& folder,

@@ -21,6 +21,10 @@ struct ServerSignIn {
 void OpenStationDatabase(Connection& connection, const std::string& folder,
                          const ServerSignIn& signIn);
 
+/// The file of the database that `Config.ini` names, which may be missing; empty where the database
+/// is on a server. A station that has not been set up will look for its first one there.
+std::string EmbeddedDatabaseOf(const std::string& folder);
+
 /// A connection string's part without the attributes of a sign-in.
 std::string WithoutSignIn(std::string_view fragment);
 

@@ -1,3 +1,4 @@
+#include "office/commands/BackupCommands.h"
 #include "office/commands/Commands.h"
 #include "office/commands/DriverCommand.h"
 #include "office/commands/StationConnection.h"
@@ -28,6 +29,10 @@ void FindStation(const Request& request) {
 ExitCode Run(const Request& request) {
     FindStation(request);
     Terminal terminal = ProcessTerminal();
+    if (request.act == Request::Act::Backup)
+        return RunBackup(StationFolder(), request, terminal);
+    if (request.act == Request::Act::Restore)
+        return RunRestore(StationFolder(), request, terminal);
     ServerSignIn signIn{.name = request.signIn};
     if (!signIn.name.empty())
         signIn.password =

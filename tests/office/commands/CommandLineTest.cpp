@@ -42,7 +42,27 @@ TEST(OfficeCommandLine, DriverIsRegisteredForTheSystemOrTheUser) {
     EXPECT_EQ(Read({"--register-driver", "all"}).fault,
               "A driver is registered for the \"system\" or for the \"user\".");
     EXPECT_EQ(Read({"--register-driver", "user", "--yes"}).fault,
-              "--yes and --skip-faulty belong to --import.");
+              "--yes belongs to --import and --restore.");
+}
+
+TEST(OfficeCommandLine, BackupNamesAFolderAndANumberOrNeither) {
+    const Request named = Read({"--backup", "/mnt/usb", "--keep", "30"});
+    EXPECT_EQ(named.fault, "");
+    EXPECT_EQ(named.act, Request::Act::Backup);
+    EXPECT_EQ(named.folder, "/mnt/usb");
+    EXPECT_EQ(named.keep, 30);
+    const Request plain = Read({"--backup"});
+    EXPECT_EQ(plain.fault, "");
+    EXPECT_EQ(plain.folder, "");
+    EXPECT_EQ(plain.keep, 0);
+}
+
+TEST(OfficeCommandLine, RestoreNamesItsFile) {
+    const Request request = Read({"--restore", "/mnt/usb/Account1.db", "--yes"});
+    EXPECT_EQ(request.fault, "");
+    EXPECT_EQ(request.act, Request::Act::Restore);
+    EXPECT_EQ(request.file, "/mnt/usb/Account1.db");
+    EXPECT_TRUE(request.isConfirmed);
 }
 
 TEST(OfficeCommandLine, HelpAndVersionNeedNothingElse) {
@@ -69,11 +89,18 @@ TEST(OfficeCommandLine, WrongArgumentsAreToldApart) {
     EXPECT_EQ(Read({"--add-user", "a", "--level", "x"}).fault,
               "The option --level needs a number.");
     EXPECT_EQ(Read({"--export", "parties", "a", "--yes"}).fault,
-              "--yes and --skip-faulty belong to --import.");
+              "--yes belongs to --import and --restore.");
     EXPECT_EQ(Read({"--reset-password", "a", "--level", "1"}).fault,
               "--level belongs to --add-user.");
     EXPECT_EQ(Read({"--add-user", "a", "--reset-password", "b"}).fault,
               "Only one command can be given at a time.");
+    EXPECT_EQ(Read({"--add-user", "a", "--skip-faulty"}).fault,
+              "--skip-faulty belongs to --import.");
+    EXPECT_EQ(Read({"--backup", "a", "b"}).fault, "A backup goes into one folder.");
+    EXPECT_EQ(Read({"--backup", "--keep", "0"}).fault,
+              "The option --keep needs a number from 1 on.");
+    EXPECT_EQ(Read({"--backup", "--keep", "many"}).fault, "The option --keep needs a number.");
+    EXPECT_EQ(Read({"--restore", "a", "--keep", "3"}).fault, "--keep belongs to --backup.");
     EXPECT_NE(Read({"--frobnicate"}).fault, "");
 }
 

@@ -1,0 +1,98 @@
+#include "office/commands/BackupCommands.h"
+
+#include "office/backup/Backup.h"
+#include "office/backup/BackupFiles.h"
+#include "office/backup/Restore.h"
+#include "office/commands/StationConnection.h"
+#include "office/records/Texts.h"
+#include "platform/host/StationFile.h"
+
+#include <memory>
+#include <ostream>
+
+namespace Quillane::Office {
+
+namespace {
+
+std::string Described(const Contents& contents) {
+    return Counted(contents.RowsOf("Arrivals"), "arrival", "arrivals") +
+           (contents.lastArrival.empty() ? "" : ", the last one " + contents.lastArrival);
+}
+
+ExitCode TellBrokenOff(Terminal& terminal) {
+    terminal.err << "Broken off. Nothing has been changed.\n";
+    return ExitCode::BrokenOff;
+}
+
+BackupOrder OrderOf(const std::string& stationFolder, const std::string& database,
+                    const Request& request) {
+    return {.database = database,
+            .folder = request.folder.empty() ? BackupFolderOf(stationFolder, TheStation())
+                                             : request.folder,
+            .keep = request.keep == 0 ? TheStation().BackupsKept : request.keep};
+}
+
+void TellBackup(const Backup& backup, Terminal& terminal) {
+    terminal.out << "Backup " << backup.file << ": " << Described(backup.contents) << ".\n";
+    for (const std::string& file : backup.removed)
+        terminal.out << "Removed " << file << ".\n";
+    for (const std::string& note : backup.notes)
+        terminal.err << note << "\n";
+}
+
+bool IsConfirmed(const Restoration& restoration, const Request& request, Terminal& terminal) {
+    terminal.out << "The copy " << request.file << " is sound: " << Described(restoration.OfCopy())
+                 << ".\n"
+                 << std::flush;
+    return request.isConfirmed ||
+           terminal.confirm("Put it in the place of the station's database?");
+}
+
+} // namespace
+
+ExitCode RunBackup(const std::string& stationFolder, const Request& request, Terminal& terminal) {
+    const std::string database = EmbeddedDatabaseOf(stationFolder);
+    if (database.empty()) {
+        terminal.out << "The database is on a database server: whoever owns it backs it up there. "
+                        "There is nothing to do on this station.\n";
+        return ExitCode::Done;
+    }
+    std::optional<Backup> backup;
+    terminal.runLong(
+        [&](LongWork& work) { backup = BackUp(OrderOf(stationFolder, database, request), work); });
+    if (!backup)
+        return TellBrokenOff(terminal);
+    TellBackup(*backup, terminal);
+    return ExitCode::Done;
+}
+
+ExitCode RunRestore(const std::string& stationFolder, const Request& request, Terminal& terminal) {
+    const std::string database = EmbeddedDatabaseOf(stationFolder);
+    if (database.empty()) {
+        terminal.err << "The database is on a database server: whoever owns it restores it there. "
+                        "Nothing has been changed.\n";
+        return ExitCode::Refused;
+    }
+    std::unique_ptr<Restoration> restoration;
+    terminal.runLong([&](LongWork& work) {
+        try {
+            restoration = std::make_unique<Restoration>(database, request.file, work);
+        } catch (const BrokenOff&) {
+            // There is no restoration then.
+        }
+    });
+    if (!restoration)
+        return TellBrokenOff(terminal);
+    if (!IsConfirmed(*restoration, request, terminal)) {
+        terminal.err << "Nothing has been changed. Answer yes, or give --yes.\n";
+        return ExitCode::NotConfirmed;
+    }
+    const std::string old = restoration->PutInPlace();
+    terminal.out << "The copy is now the station's database.\n";
+    if (!old.empty())
+        terminal.out << "The database of before is kept in " << old << ". To undo this: "
+                     << "quillane-office --restore " << old << "\n";
+    return ExitCode::Done;
+}
+
+} // namespace Quillane::Office
