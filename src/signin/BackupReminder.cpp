@@ -18,8 +18,9 @@ std::string BackupReminder(const std::string& stationFolder, int days,
     if (now - *last <= days * day)
         return {};
     const auto seconds = std::chrono::system_clock::to_time_t(*last);
-    return "The last good backup of the database is of " +
-           QDateTime::fromSecsSinceEpoch(seconds).toString("dd/MM/yyyy").toStdString() +
+    const std::string date =
+        QDateTime::fromSecsSinceEpoch(seconds).toString("dd/MM/yyyy").toStdString();
+    return "The last good backup of the database is of " + date +
            ". Please tell the person who looks after the station.";
 }
 
