@@ -6,9 +6,12 @@
 // The last line for each pause gives its counts.
 
 #include "Station.h"
+#include "platform/forms/core/Text.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QKeySequence>
+#include <QWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -21,20 +24,34 @@ namespace {
 class KeyCounter : public QObject {
 public:
     KeyCounter() { QCoreApplication::instance()->installEventFilter(this); }
-    int Arrived() const { return arrived_; }
+    int Arrived() const { return static_cast<int>(arrived_.size()); }
+    std::string Names() const { return FromQt(arrived_.join(' ')); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::KeyPress && watched->isWindowType()) {
-            const int key = static_cast<const QKeyEvent*>(event)->key();
-            const bool modifier = key == Qt::Key_Shift || key == Qt::Key_Control;
-            arrived_ += modifier ? 0 : 1;
+            const auto& pressed = static_cast<const QKeyEvent&>(*event);
+            const bool modifier =
+                pressed.key() == Qt::Key_Shift || pressed.key() == Qt::Key_Control;
+            if (!modifier)
+                arrived_ +=
+                    QKeySequence(pressed.keyCombination()).toString() + '@' + PlaceOf(watched);
         }
         return false;
     }
 
 private:
-    int arrived_ = 0;
+    /// The control that has the focus where a key arrives, or the window's title.
+    static QString PlaceOf(const QObject* window) {
+        for (const QWidget* shown : QApplication::topLevelWidgets())
+            if (shown->windowHandle() == window) {
+                const auto* screen = dynamic_cast<const Screen*>(shown);
+                return screen ? ToQt(screen->ActiveControlName()) : shown->windowTitle();
+            }
+        return {};
+    }
+
+    QStringList arrived_;
 };
 
 /// Of all runs for one pause.
@@ -60,6 +77,8 @@ protected:
         campaign.keysLost += sent - keys->Arrived();
         std::printf("pause %d ms: %d loads, %d differ, %d keys sent, %d lost\n", GetParam(),
                     campaign.loads, campaign.loadsThatDiffer, campaign.keysSent, campaign.keysLost);
+        if (HasFailure())
+            std::printf("arrived: %s\n", keys->Names().c_str());
         keys.reset();
         Station::TearDown();
     }

@@ -7,9 +7,13 @@
 #include <algorithm>
 
 #if QT_CONFIG(xcb)
+#include <QDeadlineTimer>
+#include <QThread>
+
 #include <xcb/xcb.h>
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -62,11 +66,41 @@ xcb_window_t WaitingWindow(xcb_connection_t& server) {
     return id;
 }
 
+bool IsPrograms(xcb_connection_t& server, xcb_window_t id) {
+    return ProgramsWindow(id) || id == WaitingWindow(server);
+}
+
+bool HasWindowManager(xcb_connection_t& server) {
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(&server)).data->root;
+    const std::unique_ptr<xcb_get_window_attributes_reply_t, decltype(&std::free)> reply(
+        xcb_get_window_attributes_reply(&server, xcb_get_window_attributes(&server, root), nullptr),
+        &std::free);
+    return reply && reply->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
+}
+
+// A window manager gives the keyboard to each new window. Were the window hidden just then, the
+// manager would take the keyboard itself for a moment, and what is typed would be lost.
+void WaitUntilGiven(xcb_connection_t& server, xcb_window_t window) {
+    constexpr std::chrono::milliseconds limit{300}; // for a manager that gives it to another window
+    const QDeadlineTimer end(limit);
+    xcb_window_t now = KeyboardsWindow(server);
+    while (now != window && IsPrograms(server, now) && !end.hasExpired()) {
+        QThread::msleep(1);
+        now = KeyboardsWindow(server);
+    }
+}
+
 } // namespace
 
-void PassKeyboard(const QWidget* to) {
+void PassKeyboard(const QWidget& from, const QWidget* to) {
     xcb_connection_t* server = Server();
-    if (!server || !ProgramsWindow(KeyboardsWindow(*server))) {
+    if (!server) {
+        return;
+    }
+    if (HasWindowManager(*server)) {
+        WaitUntilGiven(*server, static_cast<xcb_window_t>(from.winId()));
+    }
+    if (!IsPrograms(*server, KeyboardsWindow(*server))) {
         return;
     }
     const auto next = to ? static_cast<xcb_window_t>(to->winId()) : WaitingWindow(*server);
@@ -82,6 +116,10 @@ bool KeysOfClosedWindows::nativeEventFilter(const QByteArray& kind, void* messag
         return false;
     }
     const auto type = static_cast<xcb_generic_event_t*>(message)->response_type & 0x7F;
+    if (type == XCB_FOCUS_IN) {
+        const QWindow* window = ProgramsWindow(static_cast<xcb_focus_in_event_t*>(message)->event);
+        return window && !window->isVisible();
+    }
     if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) {
         return false;
     }
@@ -96,7 +134,7 @@ bool KeysOfClosedWindows::nativeEventFilter(const QByteArray& kind, void* messag
 
 #else
 
-void PassKeyboard(const QWidget* /*to*/) {}
+void PassKeyboard(const QWidget& /*from*/, const QWidget* /*to*/) {}
 
 bool KeysOfClosedWindows::nativeEventFilter(const QByteArray& /*kind*/, void* /*message*/,
                                             qintptr* /*result*/) {

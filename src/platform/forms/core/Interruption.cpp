@@ -10,6 +10,8 @@
 #include <QEventLoop>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace Quillane {
 
 namespace {
@@ -17,11 +19,14 @@ namespace {
 unsigned interruptions = 0;
 Interruption* innermost = nullptr;
 
+// The toolkit may still take a screen for the active one that has just been closed.
 Screen* ScreenInFront() {
-    if (auto* active = dynamic_cast<Screen*>(QApplication::activeWindow())) {
+    const std::vector<Screen*>& shown = ShownScreens();
+    auto* active = dynamic_cast<Screen*>(QApplication::activeWindow());
+    if (std::ranges::find(shown, active) != shown.end()) {
         return active;
     }
-    return ShownScreens().empty() ? nullptr : ShownScreens().back();
+    return shown.empty() ? nullptr : shown.back();
 }
 
 // Before the first screen is shown the program is about to come to the front.
@@ -93,7 +98,7 @@ void Interruption::Changes(bool visible) const {
         KeyRouter::Resume();
     } else {
         const Screen* below = Below();
-        PassKeyboard(below && below->shown_ ? below : nullptr);
+        PassKeyboard(*window_, below && below->shown_ ? below : nullptr);
     }
 }
 
