@@ -6,6 +6,7 @@
 #   tools/setup/packages.sh build test     and to run every test
 #   tools/setup/packages.sh checks bench   format and lint checks, benchmarks
 #   tools/setup/packages.sh build package  to build the Debian package
+#   tools/setup/packages.sh trial          to try it out in a bare system
 #
 # Says nothing and needs no rights when everything is there.
 set -euo pipefail
@@ -20,6 +21,8 @@ servers=(postgresql odbc-postgresql)
 test=(libgtest-dev "${walk[@]}" sqlite3 procps "${servers[@]}" tdsodbc)
 checks=(git clang-format clang-tidy)
 package=(git dpkg-dev debhelper cmark-gfm lintian)
+# A bare system in which the package is tried out.
+trial=(mmdebstrap)
 bench=(libbenchmark-dev libxcb1-dev xvfb "${servers[@]}" tdsodbc)
 
 is_installed() {
@@ -56,9 +59,9 @@ tell_by_hand() {
 
 for group in "$@"; do
     case $group in
-    build | walk | test | checks | bench | package) ;;
+    build | walk | test | checks | bench | package | trial) ;;
     *)
-        echo "$0: no such list: $group (build, walk, test, checks, bench, package)" >&2
+        echo "$0: no such list: $group (build, walk, test, checks, bench, package, trial)" >&2
         exit 2
         ;;
     esac

@@ -15,12 +15,15 @@ START, WEIGHMENT, PREVIEW = "Veltrane: Quillane", "Weighment for Veltrane", "Pre
 class Station:
     """Started in a prepared folder; leaves its pictures in the folder's `out`.
 
+    `program` is an installed one, which finds the folder by itself; without it the folder holds one.
     `guide` is a folder that gets those pictures again, cut to their windows, that `guide_names`
     holds.
     """
 
-    def __init__(self, folder, size, scale, layout, weight, guide=None, guide_names=()):
+    def __init__(self, folder, size, scale, layout, weight, guide=None, guide_names=(),
+                 program=None):
         self.folder = folder
+        self.command = [program] if program else [folder / "quillane", "--station", folder]
         self.out = folder / "out"
         self.guide, self.guide_names = guide, guide_names
         self.database = folder / "Account1.db"
@@ -34,9 +37,8 @@ class Station:
 
     def start(self):
         with open(self.out / "station.log", "a") as log:
-            self.process = subprocess.Popen(
-                [self.folder / "quillane", "--station", self.folder], stdin=subprocess.DEVNULL,
-                stdout=log, stderr=log)
+            self.process = subprocess.Popen(self.command, stdin=subprocess.DEVNULL, stdout=log,
+                                            stderr=log)
 
     def wait_for_end(self):
         if self.process.wait(20) != 0:
