@@ -12,6 +12,7 @@ extern const char* const UpgradeTo2;
 extern const char* const SqlServerSchema;
 extern const char* const SqlServerSampleRows;
 extern const char* const SqlServerRoles;
+extern const char* const SqlServerGuards;
 extern const char* const SqlServerUpgradeTo1;
 extern const char* const SqlServerUpgradeTo2;
 

@@ -138,10 +138,18 @@ void RunSqlServerSchemaSteps(Connection& connection, double from,
                 return;
             RunScript(connection, step.script);
             if (step.version == steps.back().version)
-                RunScript(connection, EmbeddedScripts::SqlServerRoles);
+                RenewRights(connection);
             WriteVersion(connection, step.version);
         });
     }
+}
+
+void RenewRights(Connection& connection) {
+    RunScript(connection, EmbeddedScripts::SqlServerRoles);
+    const Recordset own = connection.Execute("Select OBJECT_ID(N'dbo.StationKeyOfArrivals'), "
+                                             "OBJECT_ID(N'dbo.StationKeyOfArrivalsBody')");
+    if (!own.Fields(0).IsNull() && !own.Fields(1).IsNull())
+        RunScript(connection, EmbeddedScripts::SqlServerGuards);
 }
 
 bool MayChangeSchema(Connection& connection) {

@@ -38,6 +38,11 @@ void RunSchemaSteps(Connection& connection, double from, std::span<const SchemaS
 void RunSqlServerSchemaSteps(Connection& connection, double from,
                              std::span<const SchemaStep> steps);
 
+/// Brings the roles on SQL Server, their views and their rights up to date. Adds the triggers of
+/// guards.sql to the two tables of weighments where the set-up has created both. Needs the rights
+/// of the database's owner.
+void RenewRights(Connection& connection);
+
 /// Whether whoever has signed in to SQL Server may run those steps. The role of stations may not.
 bool MayChangeSchema(Connection& connection);
 

@@ -23,10 +23,10 @@ std::string IdOf(const char* name) {
     return " OBJECT_ID(N'dbo." + std::string(name) + "')";
 }
 
-// Who may read some columns of a table alone need not be told its number.
+// As the statements of a station name it: a table of dbo, or the station's view of it.
 bool MayBeRead(Connection& connection, const std::string& table) {
     try {
-        connection.Execute("Select Count(*) From dbo." + table + " Where 1 = 0");
+        connection.Execute("Select Count(*) From " + table + " Where 1 = 0");
         return true;
     } catch (const Failure&) {
         return false;
@@ -34,20 +34,18 @@ bool MayBeRead(Connection& connection, const std::string& table) {
 }
 
 void FindMissing(Connection& connection, SqlServerContents& found) {
-    std::string query;
     for (const char* name : neededTables)
-        query += (query.empty() ? "Select" : ",") + IdOf(name);
+        if (!MayBeRead(connection, name))
+            found.missing.emplace_back(name);
+    std::string query;
     for (const char* name : neededFunctions)
-        query += "," + IdOf(name);
+        query += (query.empty() ? "Select" : ",") + IdOf(name);
     const Recordset ids = connection.Execute(query);
     int field = 0;
-    for (const char* name : neededTables)
-        if (ids.Fields(field++).IsNull() && !MayBeRead(connection, name))
-            found.missing.emplace_back(name);
     for (const char* name : neededFunctions)
         if (ids.Fields(field++).IsNull())
             found.missing.emplace_back(name);
-    found.isEmpty = found.missing.size() == static_cast<std::size_t>(ids.FieldCount());
+    found.isEmpty = found.missing.size() == std::size(neededTables) + std::size(neededFunctions);
 }
 
 bool IsThere(const SqlServerContents& found, std::string_view name) {

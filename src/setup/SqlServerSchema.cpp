@@ -134,7 +134,6 @@ SetUpOutcome SetUpSqlServerDatabase(Connection& connection, const NewDatabase& p
     // Behind the users, since these rows are what tells the next run that there is nothing to do.
     if (withSampleRows)
         RunScript(connection, EmbeddedScripts::SqlServerSampleRows);
-    RunScript(connection, EmbeddedScripts::SqlServerRoles);
     outcome.isFinished = true;
     return outcome;
 }

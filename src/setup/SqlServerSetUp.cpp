@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/forms/dialogs/WaitingScreen.h"
 #include "platform/runtime/Failure.h"
+#include "setup/SchemaUpgrade.h"
 #include "setup/SqlServerSchema.h"
 
 namespace Quillane {
@@ -44,14 +45,20 @@ void AdmitStation(Connection& owner, const SqlServerPlace& station) {
     std::string user = UserOfStation(station);
     if (user == "dbo")
         return;
+    bool isNew = false;
     if (user.empty()) {
         user = station.userName;
-        if (IsNull(owner, "DATABASE_PRINCIPAL_ID(" + InQuotes(user) + ")"))
-            owner.Execute("CREATE USER " + InBrackets(user) + " FOR LOGIN " + InBrackets(user));
+        isNew = IsNull(owner, "DATABASE_PRINCIPAL_ID(" + InQuotes(user) + ")");
+        if (isNew)
+            owner.Execute("CREATE USER " + InBrackets(user) + " FOR LOGIN " + InBrackets(user) +
+                          " WITH DEFAULT_SCHEMA = Station");
     }
     const std::string isMember = "IS_ROLEMEMBER(N'StationOperator', " + InQuotes(user) + ")";
     if (owner.Execute("Select IsNull(" + isMember + ", 0)").Fields(0).Number() == 0)
         owner.Execute("ALTER ROLE StationOperator ADD MEMBER " + InBrackets(user));
+    // Gives a user who existed before the default schema of the role.
+    if (!isNew)
+        RenewRights(owner);
 }
 
 void TryAsStation(const SqlServerPlace& station) {
@@ -84,6 +91,8 @@ SetUpOutcome MakeSqlServerDatabaseReady(const SqlServerPlace& station, const Own
     outcome.isFinished = !work.IsBrokenOff();
     if (!outcome)
         return outcome;
+    if (particulars || owner.IsGiven())
+        RenewRights(*connection);
     if (owner.IsGiven())
         AdmitStation(*connection, station);
     TryAsStation(station);

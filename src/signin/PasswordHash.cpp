@@ -6,7 +6,9 @@
 
 #include <array>
 #include <charconv>
+#include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace Quillane {
 
@@ -15,6 +17,31 @@ namespace {
 /// A hash at the interactive cost that no password of anybody's is behind.
 constexpr const char* NobodysHash = "$argon2id$v=19$m=65536,t=2,p=1$AAAAAAAAAAAAAAAAAAAAAA$"
                                     "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
+
+constexpr std::size_t hashBytes = 32;
+constexpr int base64 = sodium_base64_VARIANT_ORIGINAL_NO_PADDING;
+
+struct SaltAndCost {
+    unsigned long kibibytes = 0;
+    unsigned long rounds = 0;
+    std::array<unsigned char, crypto_pwhash_argon2id_SALTBYTES> salt{};
+};
+
+std::optional<SaltAndCost> SaltAndCostOf(const std::string& text) {
+    SaltAndCost found;
+    int saltBegin = 0;
+    if (std::sscanf(text.c_str(), "$argon2id$v=19$m=%lu,t=%lu,p=1$%n", &found.kibibytes,
+                    &found.rounds, &saltBegin) != 2 ||
+        saltBegin == 0)
+        return std::nullopt;
+    const std::string salt = text.substr(static_cast<std::size_t>(saltBegin));
+    std::size_t bytes = 0;
+    if (sodium_base642bin(found.salt.data(), found.salt.size(), salt.data(), salt.size(), nullptr,
+                          &bytes, nullptr, base64) != 0 ||
+        bytes != found.salt.size())
+        return std::nullopt;
+    return found;
+}
 
 void StartSodium() {
     if (sodium_init() < 0)
@@ -71,6 +98,22 @@ bool PasswordMatches(const std::string& storedHash, std::string_view password) {
     RefuseWithoutMemory(MemoryOf(storedHash));
     return crypto_pwhash_argon2id_str_verify(storedHash.c_str(), password.data(),
                                              password.size()) == 0;
+}
+
+std::string HashOf(std::string_view password, const std::string& salt) {
+    StartSodium();
+    const std::optional<SaltAndCost> with = SaltAndCostOf(salt);
+    if (!with)
+        return {};
+    RefuseWithoutMemory(MemoryOf(salt));
+    std::array<unsigned char, hashBytes> hash{};
+    if (crypto_pwhash_argon2id(hash.data(), hash.size(), password.data(), password.size(),
+                               with->salt.data(), with->rounds, with->kibibytes * 1024,
+                               crypto_pwhash_argon2id_ALG_ARGON2ID13) != 0)
+        return {};
+    std::array<char, sodium_base64_ENCODED_LEN(hashBytes, base64)> text{};
+    return salt + "$" +
+           sodium_bin2base64(text.data(), text.size(), hash.data(), hash.size(), base64);
 }
 
 void SpendPasswordTime(std::string_view password) {

@@ -17,6 +17,10 @@ std::string HashPassword(std::string_view password, HashCost cost = HashCost::In
 /// nothing. Fails where the memory that the hash asks for is not to be had.
 bool PasswordMatches(const std::string& storedHash, std::string_view password);
 
+/// The hash of a password with the salt and cost of a stored one, which is that hash up to its last
+/// "$". Empty for a text that is no such beginning.
+std::string HashOf(std::string_view password, const std::string& salt);
+
 /// Takes as long as a wrong password takes, so that an unknown name cannot be told from one.
 void SpendPasswordTime(std::string_view password);
 

@@ -10,6 +10,7 @@
 #include "platform/runtime/Numbers.h"
 #include "signin/BackupReminder.h"
 #include "signin/PasswordHash.h"
+#include "signin/ServerSignIn.h"
 #include "signin/SignInDialog.h"
 
 #include <algorithm>
@@ -21,22 +22,20 @@ Service<UserLoginObject> UserLogin;
 
 namespace {
 
-struct StationUser {
-    std::string name;
-    std::string hash;
-    std::int32_t level = 0;
-};
-
 // The table is small, and looking through it here spares joining a typed name to a statement.
-std::optional<StationUser> FindUser(Connection& connection, std::string_view name) {
-    const QString wanted = ToQt(name).trimmed();
+std::optional<StationUser> SignInByTable(Connection& connection, std::string_view name,
+                                         std::string_view password) {
+    const QString wanted = ToQt(name);
     Recordset users = connection.Execute(ReadsUsers);
     for (; !users.Eof(); users.MoveNext()) {
         const std::string found = users.Fields("UserName").TextOrEmpty();
-        if (ToQt(found).trimmed().compare(wanted, Qt::CaseInsensitive) == 0)
-            return StationUser{found, users.Fields("PasswordHash").TextOrEmpty(),
-                               users.Fields("UserLevel").Long()};
+        if (ToQt(found).trimmed().compare(wanted, Qt::CaseInsensitive) != 0)
+            continue;
+        if (!PasswordMatches(users.Fields("PasswordHash").TextOrEmpty(), password))
+            return std::nullopt;
+        return StationUser{found, users.Fields("UserLevel").Long()};
     }
+    SpendPasswordTime(password);
     return std::nullopt;
 }
 
@@ -86,10 +85,11 @@ bool UserLoginObject::Login() {
 }
 
 UserLoginObject::Attempt UserLoginObject::SignIn(std::string_view name, std::string_view password) {
-    const std::optional<StationUser> user = FindUser(*connection_, name);
-    if (!user)
-        SpendPasswordTime(password);
-    if (!user || !PasswordMatches(user->hash, password)) {
+    const std::string wanted = FromQt(ToQt(name).trimmed());
+    const std::optional<StationUser> user = ServerChecksPasswords(*connection_)
+                                                ? SignInAtServer(*connection_, wanted, password)
+                                                : SignInByTable(*connection_, wanted, password);
+    if (!user) {
         pauseEnd_ = std::chrono::steady_clock::now() + SignInPause(++wrongInARow_);
         return Attempt::Wrong;
     }

@@ -7,6 +7,7 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/EmbeddedScripts.h"
+#include "setup/SchemaUpgrade.h"
 #include "signin/UserLogin.h"
 #include "station/SystemStatements.h"
 
@@ -40,58 +41,116 @@ std::string SearchedName(const std::string& pasted) {
 
 const std::vector<std::string>& RefusedToStations() {
     static const std::vector<std::string> statements{
-        // Other tables, and columns that no statement of a station reads
-        "Select * From Payroll",
-        "Select * From Sales",
-        "Select * From SaleRecoveryBody",
-        "Select ContractDate From PContracts",
-        "Select CreditLimit From Parties",
-        "Select * From Parties",
-        "Select Count(*) From Arrivals; Select Salary From Payroll",
+        // Tables of dbo, which a station reaches through its views alone
+        "Select * From dbo.Arrivals",
+        "Select * From dbo.ArrivalsBody",
+        "Select * From dbo.Parties",
+        "Select * From dbo.PurchaseBody",
+        "Select * From dbo.LaboratoryReports",
+        "Select * From dbo.PortSettings",
+        "Select * From dbo.Project_Registry",
+        "Select * From dbo.StationUsers",
+        "Select PasswordHash From dbo.StationUsers",
+        "Update dbo.Arrivals Set IsPosted = 0",
+        "Delete From dbo.ArrivalsBody",
+        "Update dbo.Project_Registry Set value = 'x' Where registrykey = 'FiscalYear'",
+        "Select * From dbo.Payroll",
+        "Select * From dbo.Sales",
+        "Select * From dbo.SaleRecoveryBody",
+        "Select Count(*) From Arrivals; Select Salary From dbo.Payroll",
         "Exec (N'Select Salary From dbo.Payroll')",
         "Exec sp_executesql N'Select Salary From dbo.Payroll'",
-        SearchedName("' Union All Select EmployeeNo, Null, 'x', 'x' From Payroll --"),
-        // The books' own figures and what hangs on an arrival
-        "Update Arrivals Set NoOfBags = 1, BagWeight = 1 Where ArrivalID = 1034",
-        "Update Arrivals Set TareWeight = 0 Where ArrivalID = 1036",
+        SearchedName("' Union All Select EmployeeNo, Null, 'x', 'x' From dbo.Payroll --"),
+        SearchedName("' Union All Select 1, Null, UserName, PasswordHash From dbo.StationUsers --"),
+        // What the functions read, and no more of it
+        "Select CreditLimit From dbo.Parties",
+        "Select IsEditable From dbo.ChartOfAccounts",
+        "Update dbo.ChartOfAccounts Set AccountName = 'x'",
+        // The books' own figures and what refers to an arrival
         "Update Arrivals Set ArrivalID = ArrivalID",
         "Update ArrivalsBody Set NetWeight = 1",
-        "Update PurchaseBody Set Rate = 0",
-        "Insert Into PurchaseBody (PurchaseId) Values (1)",
+        "Insert Into PurchaseBody (ArrivalId) Select ArrivalId From PurchaseBody Where 1 = 0",
+        "Update PurchaseBody Set ArrivalId = 1031",
         "Delete From PurchaseBody",
         "Delete From LaboratoryReports",
         // The mill's lists
-        "Insert Into ChartOfAccounts (AccountNo, AccountName) Values ('1', 'Mine')",
+        "Insert Into ChartOfAccounts (AccountNo, AccountName, IsEditable) Values ('1', 'Mine', 1)",
         "Update Parties Set IsSeller = 1",
         "Delete From Cities Where CityId = 99",
         "Update Commodities Set IsPurchaseable = 1",
+        "Delete From BagsTypes",
         // The station's own tables
         "Delete From StationUsers",
-        "Insert Into StationUsers (UserName, PasswordHash, UserLevel) Values ('me', '', 1)",
         "Update StationUsers Set UserLevel = 1",
+        "Delete From dbo.StationUsers",
+        "Insert Into dbo.StationUsers (UserName, PasswordHash, UserLevel) Values ('me', '', 1)",
+        "Update dbo.StationUsers Set UserLevel = 1",
+        "Update Station.SignedInUser Set userlevel = 1",
         "Insert Into PortSettings (RegistryKey, RegistryValue) Values ('PortName', '9')",
-        "Update PortSettings Set RegistryKey = 'x'",
+        "Update PortSettings Set RegistryKey = 'PortName' Where RegistryKey = 'PortName'",
         "Delete From PortSettings",
-        "Insert Into Project_Registry (registrykey, value) Values ('x', 'y')",
+        "Insert Into Project_Registry (registrykey, value) Select registrykey, value From "
+        "Project_Registry Where 1 = 0",
+        "Update Project_Registry Set registrykey = 'CompanyName' Where registrykey = 'CompanyName'",
         "Delete From Project_Registry",
         "Update StationSchema Set SchemaVersion = 99",
         // The schema
-        "Truncate Table ArrivalsBody",
-        "Drop Table ArrivalsBody",
-        "Alter Table Arrivals Add Mine int",
-        "Create Table Loot (Id int)",
+        "Truncate Table dbo.ArrivalsBody",
+        "Drop Table dbo.Payroll",
+        "Drop View Station.Arrivals",
+        "Drop Trigger dbo.StationGuardOfArrivals",
+        "Alter Table dbo.Arrivals Add Mine int",
         "Create Table dbo.Loot (Id int)",
+        "Create Table Station.Loot (Id int)",
         "Create View dbo.Loot As Select * From dbo.Payroll",
+        "Create View Station.Payroll As Select * From dbo.Payroll",
         "Create Procedure dbo.Loot As Select * From dbo.Payroll",
-        "Create Index Mine On Arrivals (PermitNo)",
+        "Create Procedure Station.Loot As Select * From dbo.Payroll",
+        "Create Index Mine On dbo.Arrivals (PermitNo)",
         "Drop Function dbo.FunGetPartyName",
-        SearchedName("'; Drop Table PurchaseBody --"),
+        SearchedName("'; Drop Table dbo.Payroll --"),
         // Rights
-        "Grant Select On Payroll To StationOperator",
+        "Grant Select On dbo.Payroll To StationOperator",
         "Alter Role StationReader Add Member StationOperator",
         "Create Role Mine",
         "Exec master..xp_cmdshell 'dir'",
         "Exec sp_configure 'xp_cmdshell', 1",
+    };
+    return statements;
+}
+
+/// Names that no view of a station has, or that it computes: unknown to it whatever its rights.
+const std::vector<std::string>& UnknownToStations() {
+    static const std::vector<std::string> statements{
+        "Select CreditLimit From Parties",
+        "Select Quantity From PurchaseBody",
+        "Select PurchaseLineId From PurchaseBody",
+        "Select Moisture From LaboratoryReports",
+        "Select ContractDate From PContracts",
+        "Select PasswordHash From StationUsers",
+        "Select * From Payroll",
+        "Select * From Sales",
+        "Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId, IsPosted, NoOfBags) "
+        "Values (3000, '2026-11-20T00:00:00', 1, '6010001', 0, 5)",
+        "Update Arrivals Set NoOfBags = 1, BagWeight = 1 Where ArrivalID = 1034",
+        "Update Arrivals Set TareWeight = 0 Where ArrivalID = 1036",
+    };
+    return statements;
+}
+
+/// What the guards refuse to a user of another level than 1, by row: 1036 is posted.
+const std::vector<std::string>& GuardedRows() {
+    static const std::vector<std::string> statements{
+        "Update Arrivals Set SellerId = '6010002', IsPosted = 0 Where ArrivalID = 1036",
+        "Update Arrivals Set IsPosted = 0 Where ArrivalID = 1036",
+        "Update Arrivals Set IsPosted = 0",
+        "Delete From ArrivalsBody Where ArrivalId = 1036",
+        "Delete From ArrivalsBody",
+        "Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags, "
+        "TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, NetWeight) Values "
+        "(1036, 1, 1, 1, 1, 0, 0, 1, 0, 0, 1)",
+        "Delete From Arrivals Where ArrivalID = 2000",
+        SearchedName("'; Delete From ArrivalsBody Where ArrivalId = 1036 --"),
     };
     return statements;
 }
@@ -112,7 +171,7 @@ const std::vector<std::string>& RefusedToReaders() {
         "Update PortSettings set RegistryValue='2' where registrykey = 'PortName'",
         "Update Project_Registry set value ='MINE' Where registrykey ='CompanyName'",
         "Create Table dbo.Loot (Id int)",
-        "Drop Table ArrivalsBody",
+        "Drop Table Payroll",
     };
     return statements;
 }
@@ -144,8 +203,10 @@ protected:
         return refusal.empty();
     }
 
+    using IsRefusal = bool (*)(const std::string& words);
     /// How many of them this server could show to be refused.
-    int ExpectRefused(RoleMember& member, const std::vector<std::string>& statements) {
+    int ExpectRefused(RoleMember& member, const std::vector<std::string>& statements,
+                      IsRefusal isRefusal = TellsOfRights) {
         const auto catalogue = CatalogueOf(*Con);
         const auto contents = ContentsOf(*Con);
         int refused = 0;
@@ -153,12 +214,18 @@ protected:
             if (!OwnerMay(statement))
                 continue;
             const std::string words = RefusalOf(*member.connection, statement);
-            EXPECT_TRUE(TellsOfRights(words)) << statement << "\n" << words;
-            refused += TellsOfRights(words) ? 1 : 0;
+            EXPECT_TRUE(isRefusal(words)) << statement << "\n" << words;
+            refused += isRefusal(words) ? 1 : 0;
         }
         EXPECT_EQ(CatalogueOf(*Con), catalogue);
         EXPECT_EQ(ContentsOf(*Con), contents);
         return refused;
+    }
+
+    static void SignIn(RoleMember& station, const char* name, const char* password) {
+        UserLoginObject login;
+        login.SetConnection(*station.connection);
+        ASSERT_EQ(login.SignIn(name, password), UserLoginObject::Attempt::SignedIn);
     }
 };
 
@@ -171,9 +238,8 @@ TEST_F(SqlServerRoles, AStationRunsEveryQuery) {
         EXPECT_EQ(station.connection->Execute(query.text).RecordCount(), query.rows) << query.text;
     }
     for (const char* query :
-         {"Select SchemaVersion From StationSchema",
-          "Select UserName, PasswordHash, UserLevel From StationUsers",
-          "Select Count(*) From StationUsers", "Select registrykey, value From Project_Registry",
+         {"Select SchemaVersion From StationSchema", "Select Count(*) From StationUsers",
+          "Select registrykey, value From Project_Registry",
           "Select value From Project_Registry Where registrykey ='CompanyName'"})
         EXPECT_GT(station.connection->Execute(query).RecordCount(), 0) << query;
 }
@@ -192,17 +258,60 @@ TEST_F(SqlServerRoles, AStationWritesItsSettings) {
               "BRELLIX");
 }
 
-TEST_F(SqlServerRoles, AStationSignsItsUsersIn) {
+TEST_F(SqlServerRoles, AStationSignsItsUsersInAndSeesNoHash) {
     RoleMember station(*Con, *database, "StationOperator");
     UserLoginObject login;
     login.SetConnection(*station.connection);
-    EXPECT_EQ(login.SignIn("Nadia", "grain"), UserLoginObject::Attempt::SignedIn);
+    EXPECT_EQ(login.SignIn(" nadia ", "grain"), UserLoginObject::Attempt::SignedIn);
+    EXPECT_EQ(login.UserName(), "Nadia");
+    EXPECT_EQ(login.UserLevel(), 1);
+    EXPECT_EQ(login.SignIn("Nadia", "Grain"), UserLoginObject::Attempt::Wrong);
+    EXPECT_EQ(login.SignIn("it's nobody", "grain"), UserLoginObject::Attempt::Wrong);
+    EXPECT_EQ(login.SignIn("gate", "gate"), UserLoginObject::Attempt::SignedIn);
+    EXPECT_EQ(login.UserLevel(), 2);
+    const std::string hash = Ask("Select PasswordHash From StationUsers Where UserName = 'gate'");
+    for (const char* query :
+         {"Select * From SigningUser", "Select * From SignedInUser", "Select * From StationUsers"})
+        for (const std::string& row : RowsOf(*station.connection, query))
+            EXPECT_EQ(row.find(hash.substr(hash.rfind('$'))), row.npos) << query;
+}
+
+TEST_F(SqlServerRoles, ASessionCannotNameALevelWithoutThePassword) {
+    RoleMember station(*Con, *database, "StationOperator");
+    Connection& connection = *station.connection;
+    const auto provedAs = [&](const std::string& proof) {
+        connection.Execute("Exec sp_set_session_context @key = N'StationUser', @value = N'Nadia'");
+        connection.Execute("Exec sp_set_session_context @key = N'StationProof', @value = " + proof);
+        return connection.Execute("Select userlevel From SignedInUser").RecordCount();
+    };
+    const std::string hash = Ask("Select PasswordHash From StationUsers Where UserName = 'Nadia'");
+    EXPECT_EQ(provedAs("N''"), 0);
+    EXPECT_EQ(provedAs("N'%'"), 0);
+    EXPECT_EQ(provedAs("N'" + UpperCase(hash) + "'"), 0);
+    EXPECT_EQ(provedAs("1"), 0);
+    EXPECT_EQ(provedAs("N'" + hash + "'"), 1);
+}
+
+TEST_F(SqlServerRoles, ASecondSignInTakesTheLevelOfTheFirst) {
+    RoleMember station(*Con, *database, "StationOperator");
+    const std::string change = "Update Arrivals Set IsPosted=0 where arrivalid=1036";
+    SignIn(station, "Nadia", "grain");
+    EXPECT_EQ(RefusalOf(*station.connection, change), "");
+    UserLoginObject login;
+    login.SetConnection(*station.connection);
+    EXPECT_EQ(login.SignIn("gate", "wrong"), UserLoginObject::Attempt::Wrong);
+    EXPECT_NE(RefusalOf(*station.connection, change), "");
+    SignIn(station, "gate", "gate");
+    EXPECT_NE(RefusalOf(*station.connection, change), "");
 }
 
 // Row by row, as saving and removing write.
 TEST_F(SqlServerRoles, AStationWritesWeighments) {
     RoleMember station(*Con, *database, "StationOperator");
+    SignIn(station, "Nadia", "grain");
     Connection& connection = *station.connection;
+    std::vector<std::string> observed;
+    connection.StatementObserver = [&](std::string_view text) { observed.emplace_back(text); };
     connection.BeginTrans();
     Recordset header;
     header.Open("Select * from Arrivals Where ArrivalId=2000", connection, adOpenDynamic,
@@ -242,7 +351,10 @@ TEST_F(SqlServerRoles, AStationWritesWeighments) {
     line.Close();
     line.Open("Select * From arrivalsbody where arrivalid=2000", connection, adOpenStatic,
               adLockOptimistic);
+    observed.clear();
     line.Delete();
+    ASSERT_EQ(observed.size(), 1U);
+    EXPECT_EQ(UpperCase(observed[0]), "DELETE FROM ARRIVALSBODY WHERE LINEID = ?");
     connection.Execute("Delete From arrivals where arrivalid=2000");
     connection.CommitTrans();
     EXPECT_EQ(Ask("Select Count(*) From Arrivals Where ArrivalID = 2000"), "0");
@@ -250,7 +362,96 @@ TEST_F(SqlServerRoles, AStationWritesWeighments) {
 
 TEST_F(SqlServerRoles, AStationMayDoNothingElse) {
     RoleMember station(*Con, *database, "StationOperator");
-    EXPECT_GE(ExpectRefused(station, RefusedToStations()), 30);
+    SignIn(station, "Nadia", "grain");
+    EXPECT_GE(ExpectRefused(station, RefusedToStations()), 50);
+}
+
+TEST_F(SqlServerRoles, AStationKnowsNothingBeyondItsViews) {
+    RoleMember station(*Con, *database, "StationOperator");
+    SignIn(station, "Nadia", "grain");
+    EXPECT_EQ(ExpectRefused(station, UnknownToStations(),
+                            [](const std::string& words) { return !words.empty(); }),
+              static_cast<int>(UnknownToStations().size()));
+}
+
+TEST_F(SqlServerRoles, OnlyAUserOfLevelOneChangesAPostedLoadOrRemovesOne) {
+    RoleMember station(*Con, *database, "StationOperator");
+    Con->Execute("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values "
+                 "(2000, '2026-11-20T00:00:00', 1, '6010001')");
+    const auto tellsOfLevel = [](const std::string& words) {
+        return words.find("of level 1") != words.npos;
+    };
+    const int guarded = static_cast<int>(GuardedRows().size());
+    EXPECT_EQ(ExpectRefused(station, GuardedRows(), tellsOfLevel), guarded) << "nobody signed in";
+    SignIn(station, "gate", "gate");
+    EXPECT_EQ(ExpectRefused(station, GuardedRows(), tellsOfLevel), guarded);
+    SignIn(station, "Nadia", "grain");
+    for (const std::string& statement : GuardedRows()) {
+        station.connection->BeginTrans();
+        EXPECT_EQ(RefusalOf(*station.connection, statement), "") << statement;
+        station.connection->RollbackTrans();
+    }
+}
+
+TEST_F(SqlServerRoles, AUserOfAnyLevelChangesALoadThatIsNotPosted) {
+    RoleMember station(*Con, *database, "StationOperator");
+    SignIn(station, "gate", "gate");
+    for (const char* statement :
+         {"Update Arrivals Set SellerId = '6010002' Where ArrivalID = 1034",
+          "Delete From ArrivalsBody Where ArrivalId = 1034",
+          "Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId, IsPosted) Values "
+          "(2001, '2026-11-20T00:00:00', 1, '6010001', 0)"})
+        EXPECT_EQ(RefusalOf(*station.connection, statement), "") << statement;
+}
+
+TEST_F(SqlServerRoles, NoStationPostsALoad) {
+    RoleMember station(*Con, *database, "StationOperator");
+    for (const char* name : {"gate", "Nadia"}) {
+        SignIn(station, name, std::string_view(name) == "gate" ? "gate" : "grain");
+        const std::string words = RefusalOf(
+            *station.connection, "Update Arrivals Set IsPosted = 1 Where ArrivalID = 1034");
+        EXPECT_NE(words.find("A station does not post arrivals."), words.npos) << words;
+    }
+}
+
+TEST_F(SqlServerRoles, TheGuardsConcernStationsAlone) {
+    RenewRights(*Con);
+    for (const std::string& statement : GuardedRows())
+        EXPECT_TRUE(OwnerMay(statement));
+    EXPECT_TRUE(OwnerMay("Update Arrivals Set IsPosted = 1"));
+}
+
+TEST_F(SqlServerRoles, SettingsOfOtherModulesAreOutOfReachByRow) {
+    Con->Execute("Insert Into Project_Registry (registrykey, value) Values ('FiscalYear', '2026')");
+    Con->Execute("Insert Into PortSettings (RegistryKey, RegistryValue) Values ('Camera', '7')");
+    RoleMember station(*Con, *database, "StationOperator");
+    for (const char* statement :
+         {"Update Project_Registry Set value = 'x'",
+          "Update Project_Registry set value ='x' Where registrykey ='FiscalYear'",
+          "Update PortSettings Set RegistryValue = '8'",
+          "Update PortSettings set RegistryValue='8' where registrykey = 'Camera'"})
+        EXPECT_EQ(RefusalOf(*station.connection, statement), "") << statement;
+    EXPECT_EQ(Ask("Select value From Project_Registry Where registrykey = 'FiscalYear'"), "2026");
+    EXPECT_EQ(Ask("Select RegistryValue From PortSettings Where RegistryKey = 'Camera'"), "7");
+    EXPECT_EQ(RowsOf(*station.connection, "Select registrykey From Project_Registry").size(), 4U);
+    EXPECT_EQ(RowsOf(*station.connection, "Select * From PortSettings").size(), 5U);
+}
+
+TEST_F(SqlServerRoles, WhatRefersToAnArrivalShowsItsForeignKeyAlone) {
+    RoleMember station(*Con, *database, "StationOperator");
+    for (const char* table : {"PurchaseBody", "LaboratoryReports"})
+        EXPECT_EQ(
+            station.connection->Execute("Select TOP 1 * From " + std::string(table)).FieldCount(),
+            1)
+            << table;
+}
+
+TEST_F(SqlServerRoles, RunningTheScriptAgainMakesAMemberWhoWasThereBeforeAStation) {
+    RoleMember station(*Con, *database, "StationOperator", "dbo");
+    EXPECT_NE(RefusalOf(*station.connection, "Select * from PortSettings"), "");
+    RunScript(*Con, EmbeddedScripts::SqlServerRoles);
+    station.SignInAgain();
+    EXPECT_EQ(station.connection->Execute("Select * from PortSettings").RecordCount(), 5);
 }
 
 TEST_F(SqlServerRoles, AReaderReadsWeighmentsAndNames) {

@@ -150,6 +150,7 @@ TEST_F(SqlServerSchema, MakesNoRowsOfAMillWhereNoSampleIsWanted) {
 
 TEST_F(SqlServerSchema, ASecondRunChangesNothing) {
     SetUpStation();
+    RenewRights(*Con);
     const auto catalogue = CatalogueOf(*Con);
     const auto contents = ContentsOf(*Con);
     NewDatabase others = ParticularsOfServer();
@@ -157,6 +158,7 @@ TEST_F(SqlServerSchema, ASecondRunChangesNothing) {
     others.companyPhone = "1";
     others.userName = "stranger";
     SetUpSqlServerDatabase(*Con, others);
+    RenewRights(*Con);
     EXPECT_EQ(CatalogueOf(*Con), catalogue);
     EXPECT_EQ(ContentsOf(*Con), contents);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "setup/SchemaUpgrade.h"
 
 #include <algorithm>
 #include <chrono>
@@ -119,12 +120,22 @@ void SqlServerSite::MakeUntidySite() {
 
 RoleMember::RoleMember(Connection& owner, const SqlServerDatabase& database,
                        const std::string& role)
-    : owner_(owner), name_("Gate_" + owner.DefaultDatabase()) {
+    : RoleMember(owner, database, role, role == "StationOperator" ? "Station" : "dbo") {}
+
+RoleMember::RoleMember(Connection& owner, const SqlServerDatabase& database,
+                       const std::string& role, const std::string& defaultSchema)
+    : owner_(owner), database_(database), name_("Gate_" + owner.DefaultDatabase()) {
+    RenewRights(owner_);
     owner_.Execute("CREATE LOGIN " + name_ + " WITH PASSWORD = '" + password + "'");
-    owner_.Execute("CREATE USER " + name_ + " FOR LOGIN " + name_);
+    owner_.Execute("CREATE USER " + name_ + " FOR LOGIN " + name_ +
+                   " WITH DEFAULT_SCHEMA = " + defaultSchema);
     owner_.Execute("ALTER ROLE " + role + " ADD MEMBER " + name_);
+    SignInAgain();
+}
+
+void RoleMember::SignInAgain() {
     connection = std::make_unique<Connection>();
-    connection->Open(WithoutSignIn(database.ConnectionString()), name_, password);
+    connection->Open(WithoutSignIn(database_.ConnectionString()), name_, password);
     connection->CursorLocation = adUseClient;
 }
 

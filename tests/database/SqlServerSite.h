@@ -55,9 +55,13 @@ protected:
 class RoleMember {
 public:
     RoleMember(Connection& owner, const SqlServerDatabase& database, const std::string& role);
+    RoleMember(Connection& owner, const SqlServerDatabase& database, const std::string& role,
+               const std::string& defaultSchema);
     ~RoleMember();
     RoleMember(const RoleMember&) = delete;
     RoleMember& operator=(const RoleMember&) = delete;
+
+    void SignInAgain();
 
     std::unique_ptr<Connection> connection;
 
@@ -65,6 +69,7 @@ private:
     void DropLogin();
 
     Connection& owner_;
+    const SqlServerDatabase& database_;
     std::string name_;
 };
 

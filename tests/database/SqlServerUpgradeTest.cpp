@@ -82,9 +82,9 @@ TEST_F(SqlServerUpgrade, TheOwnerBringsAnOlderNumberUpToDateAndKeepsAllRows) {
 
 TEST_F(SqlServerUpgrade, AStationWithoutTheRightIsToldWhatToDo) {
     Run("Update StationSchema Set SchemaVersion = 0.5");
+    RoleMember station(*Con, *database, "StationOperator");
     const auto catalogue = CatalogueOf(*Con);
     const auto contents = ContentsOf(*Con);
-    RoleMember station(*Con, *database, "StationOperator");
     BoxAnswers answers;
     answers.Expect(Warned(
         "The database has the schema number 0.5, this program needs 2.\r\nThis station's sign-in "
@@ -119,6 +119,7 @@ TEST_F(SqlServerUpgrade, RunsTheMissingStepsInOrder) {
         SchemaStep{1.5, "Create Table Half (Id int)\nGO\nInsert Into Half Values (1)\nGO\n"},
         SchemaStep{2,
                    "Insert Into Half Values (2)\nGO\nUpdate Half Set Id = 9 Where 'a;b' = 'a;b'"}};
+    Run("Update StationSchema Set SchemaVersion = 1");
     RunSqlServerSchemaSteps(*Con, 1, steps);
     EXPECT_EQ(ReadSchemaVersion(*Con), 2);
     EXPECT_FALSE(Has("Never"));
@@ -130,6 +131,7 @@ TEST_F(SqlServerUpgrade, RollsAFailedStepBackAndKeepsTheStepsBefore) {
         SchemaStep{2, "Create Table Good (Id int)"},
         SchemaStep{3, "Create Table Lost (Id int)\nGO\nInsert Into NoSuchTable Values (1)"},
         SchemaStep{4, "Create Table Later (Id int)"}};
+    Run("Update StationSchema Set SchemaVersion = 1");
     EXPECT_THROW(RunSqlServerSchemaSteps(*Con, 1, steps), Failure);
     EXPECT_EQ(ReadSchemaVersion(*Con), 2);
     EXPECT_TRUE(Has("Good"));
@@ -141,15 +143,29 @@ TEST_F(SqlServerUpgrade, TheLastStepBringsTheRightsOfTheRolesUpToDate) {
     constexpr std::array steps{SchemaStep{
         2, "Create Table GateSamples (Id int, TakenFrom int References Arrivals (ArrivalID))"}};
     RoleMember station(*Con, *database, "StationOperator");
+    Run("Update StationSchema Set SchemaVersion = 1");
     RunSqlServerSchemaSteps(*Con, 1, steps);
     EXPECT_EQ(
         station.connection->Execute("Select TOP 1 * From GateSamples Where TakenFrom=1034").State(),
         adStateOpen);
 }
 
+TEST_F(SqlServerUpgrade, RevokesTheRightsOnTablesThatStationsHadBefore) {
+    const std::string query = "Select * From dbo.PurchaseBody";
+    RoleMember station(*Con, *database, "StationOperator");
+    Run("Grant Select, Delete On dbo.PurchaseBody To StationOperator");
+    EXPECT_GT(station.connection->Execute(query).RecordCount(), 0);
+    Run("Update StationSchema Set SchemaVersion = 1");
+    UpgradeAs(*Con);
+    EXPECT_THROW(station.connection->Execute(query), Failure);
+    EXPECT_THROW(station.connection->Execute("Delete From dbo.PurchaseBody"), Failure);
+    EXPECT_GT(station.connection->Execute("Select * From PurchaseBody").RecordCount(), 0);
+}
+
 TEST_F(SqlServerUpgrade, OfStationsThatStartTogetherOneRunsTheStep) {
     Run("Create Table Once (Id int)");
     constexpr std::array steps{SchemaStep{2, "Insert Into Once Values (1)"}};
+    Run("Update StationSchema Set SchemaVersion = 1");
     std::vector<std::thread> stations;
     for (int count = 0; count < 4; ++count)
         stations.emplace_back([&] {

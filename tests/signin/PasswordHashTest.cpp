@@ -91,4 +91,21 @@ TEST(PasswordHash, AnUnknownUserTakesAsLongAsAWrongPassword) {
     EXPECT_LT(unknown, wrong * 2);
 }
 
+TEST(PasswordHash, IsWorkedOutAgainFromItsSaltAndCost) {
+    const std::string stored = HashPassword("wheat", HashCost::Minimum);
+    const std::string salt = stored.substr(0, stored.rfind('$'));
+    EXPECT_EQ(HashOf("wheat", salt), stored);
+    EXPECT_NE(HashOf("Wheat", salt), stored);
+    EXPECT_NE(HashOf("", salt), stored);
+}
+
+TEST(PasswordHash, IsWorkedOutOfNothingElse) {
+    for (const char* salt :
+         {"", "$", "grain", "$argon2id$v=19$m=8,t=1,p=1$", "$argon2id$v=19$m=8,t=1,p=1$c2FsdA",
+          "$argon2id$v=19$m=8,t=1,p=2$AAAAAAAAAAAAAAAAAAAAAA",
+          "$argon2i$v=19$m=8,t=1,p=1$AAAAAAAAAAAAAAAAAAAAAA",
+          "$argon2id$v=19$m=8,t=1,p=1$AAAAAAAAAAAAAAAAAAAAAA$AAAA"})
+        EXPECT_EQ(HashOf("wheat", salt), "") << salt;
+}
+
 } // namespace Quillane

@@ -1,5 +1,6 @@
 #include "platform/ado/odbc/OdbcCatalogue.h"
 
+#include "platform/ado/SqlTokens.h"
 #include "platform/ado/odbc/OdbcText.h"
 
 #include <algorithm>
@@ -41,6 +42,29 @@ std::vector<std::string> OdbcPrimaryKey(const OdbcHandle& statement, const OdbcT
     for (auto& [place, column] : key)
         columns.push_back(std::move(column));
     return columns;
+}
+
+std::string ViewQuestion(std::string_view name) {
+    std::string text;
+    for (const char character : name)
+        text.append(character == '\'' ? 2 : 1, character);
+    return "SELECT 1 WHERE OBJECT_ID(N'" + text + "', N'V') IS NOT NULL";
+}
+
+std::string ForeignKeysOfViewedTable(std::string_view statement) {
+    SqlTokens tokens(statement);
+    for (const std::string_view word : {"exec", "sp_fkeys", "@pktable_name"})
+        if (!tokens.IsWord(tokens.Next(), word))
+            return {};
+    if (!tokens.IsSymbol(tokens.Next(), '=') || !tokens.IsWord(tokens.Next(), "n"))
+        return {};
+    const SqlToken name = tokens.Next();
+    if (name.kind != SqlTokenKind::String || tokens.Next().kind != SqlTokenKind::End)
+        return {};
+    const std::string literal = "N" + std::string(tokens.TextOf(name));
+    return "IF OBJECT_ID(" + literal +
+           ", N'V') IS NOT NULL EXEC sp_fkeys @pktable_name = " + literal +
+           ", @pktable_owner = N'dbo'";
 }
 
 std::vector<OdbcColumn> OdbcColumnsOfTable(const OdbcHandle& statement, const std::string& table) {

@@ -42,7 +42,10 @@ OdbcHandle OdbcEngine::TakeStatement() {
 long OdbcEngine::Run(std::string_view statement, std::span<const Value> parameters,
                      ResultSet& result) {
     try {
-        return Execute(statement, parameters, result);
+        const long changed = Execute(statement, parameters, result);
+        if (dialect_.server == OdbcDialect::Server::TSql && result.RowCount() == 0)
+            ReadKeysOfViewedTable(statement, result);
+        return changed;
     } catch (const Failure& failure) {
         // The statement is closed by now, so the connection is free to be asked.
         FailAfter(failure);
@@ -172,11 +175,38 @@ std::vector<std::string> OdbcEngine::KeyColumns(std::string_view table) {
     if (known != keys_.end())
         return known->second;
     try {
-        std::vector<std::string> key = OdbcPrimaryKey(NewStatement(), names_.Table(table), block_);
-        return keys_.emplace(knownAs, std::move(key)).first->second;
+        return keys_.emplace(knownAs, LookUpKey(table)).first->second;
     } catch (const Failure& failure) {
         FailAfter(failure);
     }
+}
+
+// The first answer, without rows, stays where the name means no view.
+void OdbcEngine::ReadKeysOfViewedTable(std::string_view statement, ResultSet& result) {
+    const std::string question = ForeignKeysOfViewedTable(statement);
+    if (question.empty())
+        return;
+    ResultSet keys;
+    Execute(question, {}, keys);
+    if (keys.FieldCount() > 0)
+        result = std::move(keys);
+}
+
+bool OdbcEngine::MeansView(const std::string& name) {
+    ResultSet view;
+    Execute(ViewQuestion(name), {}, view);
+    return view.RowCount() == 1;
+}
+
+std::vector<std::string> OdbcEngine::LookUpKey(std::string_view table) {
+    OdbcTable named = names_.Table(table);
+    std::vector<std::string> key = OdbcPrimaryKey(NewStatement(), named, block_);
+    const bool mayMeanView = key.empty() && named.schema.empty();
+    if (mayMeanView && dialect_.server == OdbcDialect::Server::TSql && MeansView(named.name)) {
+        named.schema = "dbo";
+        key = OdbcPrimaryKey(NewStatement(), named, block_);
+    }
+    return key;
 }
 
 std::string OdbcEngine::ColumnInStatement(std::string_view column) {

@@ -14,9 +14,10 @@ namespace Quillane {
 class Failure;
 
 /// A database server behind an ODBC driver: SQL Server, or whatever else has a driver. Statements
-/// go out as they are. Of a text with several statements the first result with columns is kept; the
-/// others are read past, so that nothing unread ever stays behind on the connection, and a failure
-/// in any of them is the failure of the whole.
+/// go out as they are; where SQL Server finds no keys because a name means a view, it is asked for
+/// those of the table of that name in dbo. Of a text with several statements the first result with
+/// columns is kept; the others are read past, so that nothing unread ever stays behind on the
+/// connection, and a failure in any of them is the failure of the whole.
 ///
 /// A failure tells every diagnostic record of the driver. After one inside a transaction the server
 /// is asked whether it has ended the transaction; where it cannot be asked, it counts as ended.
@@ -45,6 +46,9 @@ private:
     long ReadResults(const OdbcHandle& statement, ResultSet& result);
     OdbcHandle NewStatement();
     OdbcHandle TakeStatement();
+    void ReadKeysOfViewedTable(std::string_view statement, ResultSet& result);
+    bool MeansView(const std::string& name);
+    std::vector<std::string> LookUpKey(std::string_view table);
     std::string KnownAs(std::string_view table) const;
     const std::vector<OdbcColumn>& ColumnsOf(const std::string& table);
     void Leave();

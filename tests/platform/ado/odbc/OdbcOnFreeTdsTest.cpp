@@ -157,6 +157,7 @@ TEST_F(OdbcOnFreeTds, MatchesATableWithoutAKeyOnEveryColumnAndOneRow) {
     rows.Delete();
     EXPECT_EQ(server->TakeArrived(),
               Texts({"Select * From ArrivalsBody", "sp_pkeys nvarchar:ArrivalsBody",
+                     "SELECT 1 WHERE OBJECT_ID(N'ArrivalsBody', N'V') IS NOT NULL",
                      "SELECT * FROM ArrivalsBody WHERE 1 = 0",
                      "DELETE TOP (1) FROM ArrivalsBody WHERE ArrivalId = @P1 AND "
                      "CAST(CAST(VehicleNo AS nvarchar(max)) AS varbinary(max)) = "
@@ -180,7 +181,43 @@ TEST_F(OdbcOnFreeTds, LooksEachTableUpOnce) {
             Recordset rows = Writing(std::string("Select * From ") + table);
             rows.Delete();
         }
-    EXPECT_EQ(server->TakeArrived().size(), 11U) << "four reads, four deletes, three look-ups";
+    EXPECT_EQ(server->TakeArrived().size(), 12U) << "four reads, four deletes, four look-ups";
+}
+
+// A station's own schema holds a view of the name of each table of dbo.
+
+TEST_F(OdbcOnFreeTds, FindsARowOfAViewByTheKeyOfTheTableOfThatName) {
+    Recordset rows = Writing("Select * From Viewed");
+    rows.Delete();
+    EXPECT_EQ(server->TakeArrived(), Texts({"Select * From Viewed", "sp_pkeys nvarchar:Viewed",
+                                            "SELECT 1 WHERE OBJECT_ID(N'Viewed', N'V') IS NOT NULL",
+                                            "sp_pkeys nvarchar:dbo | nvarchar:Viewed",
+                                            "DELETE FROM Viewed WHERE ArrivalId = @P1 | int:7"}));
+}
+
+TEST_F(OdbcOnFreeTds, AsksForTheForeignKeysOfTheTableWhereTheNameMeansAView) {
+    struct Case {
+        const char* table;
+        int rows;
+        bool isAskedAgain;
+    };
+    constexpr Case cases[] = {{"Arrivals", 1, false}, {"Viewed", 1, true}, {"Lonely", 0, true}};
+    for (const Case& each : cases) {
+        const std::string name = "N'" + std::string(each.table) + "'";
+        const std::string told = "EXEC sp_fkeys @pktable_name = " + name;
+        EXPECT_EQ(connection.Execute(told).RecordCount(), each.rows) << each.table;
+        Texts wanted{told};
+        if (each.isAskedAgain)
+            wanted.push_back("IF OBJECT_ID(" + name + ", N'V') IS NOT NULL " + told +
+                             ", @pktable_owner = N'dbo'");
+        EXPECT_EQ(server->TakeArrived(), wanted);
+    }
+}
+
+TEST_F(OdbcOnFreeTds, AsksNothingAgainWhereTheOwnerIsNamed) {
+    const std::string statement = "EXEC sp_fkeys @pktable_name = N'Viewed', @pktable_owner = N'x'";
+    EXPECT_EQ(connection.Execute(statement).RecordCount(), 0);
+    EXPECT_EQ(server->TakeArrived(), Texts{statement});
 }
 
 TEST_F(OdbcOnFreeTds, CountsTheRowsOfTheStatementAndNotOfItsTrigger) {
