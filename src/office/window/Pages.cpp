@@ -1,5 +1,6 @@
 #include "office/window/Pages.h"
 
+#include "office/window/BackupPage.h"
 #include "office/window/CompanyPage.h"
 #include "office/window/ListsPage.h"
 #include "office/window/StationPage.h"
@@ -17,10 +18,9 @@ QWidget* Make(OfficeSession& session) {
 }
 
 constexpr std::array pages{
-    PageEntry{"Lists", false, Make<ListsPage>},
-    PageEntry{"Users", false, Make<UsersPage>},
-    PageEntry{"Company", false, Make<CompanyPage>},
-    PageEntry{"Station", false, Make<StationPage>},
+    PageEntry{"Lists", false, Make<ListsPage>},     PageEntry{"Users", false, Make<UsersPage>},
+    PageEntry{"Company", false, Make<CompanyPage>}, PageEntry{"Station", false, Make<StationPage>},
+    PageEntry{"Backup", false, Make<BackupPage>},
 };
 
 } // namespace

@@ -1,0 +1,67 @@
+#include "office/window/BackupPage.h"
+
+#include "WindowDriver.h"
+
+#include "../records/OfficeDatabase.h"
+#include "support/TestedEngine.h"
+
+#include <gtest/gtest.h>
+
+#include <QMainWindow>
+
+#include <filesystem>
+
+namespace Quillane::Office {
+namespace {
+
+class OfficeBackupPage : public testing::Test {
+protected:
+    void Open() {
+        page = new BackupPage(session);
+        window.setCentralWidget(page);
+        window.resize(1090, 640);
+        ShowWindow(window);
+        page->setFocus();
+    }
+
+    OfficeDatabase database;
+    OfficeSession session{.connection = database.connection,
+                          .folder = database.folder.path,
+                          .user = "Nadia",
+                          .level = 1};
+    QMainWindow window;
+    BackupPage* page = nullptr;
+};
+
+TEST_F(OfficeBackupPage, BackupIsMadeByItsKeysWhileTheOfficeHasTheDatabaseOpen) {
+    Open();
+    if (OnSqlServer()) {
+        EXPECT_TRUE(page->Place().startsWith("The database is on a database server."));
+        return;
+    }
+    EXPECT_EQ(page->Backups()->count(), 0);
+    const Answers answers({"OK"});
+    Press(window, Qt::CTRL | Qt::Key_B);
+    ASSERT_EQ(answers.Texts().size(), 1U);
+    EXPECT_TRUE(answers.Texts()[0].starts_with("The backup is complete and has been checked:\n"))
+        << answers.Texts()[0];
+    EXPECT_EQ(page->Backups()->count(), 1);
+    EXPECT_EQ(page->Place().toStdString(), "Folder: " + database.folder.File("backups"));
+    LookAt(window, "backup");
+}
+
+TEST_F(OfficeBackupPage, FolderThatIsMissingIsNamedInABox) {
+    if (OnSqlServer())
+        GTEST_SKIP() << "about the file of an embedded database";
+    database.folder.Write("Station.ini", "[Backup]\nFolder=/mnt/no such disk\n");
+    Open();
+    const Answers answers({"OK"});
+    Press(window, Qt::CTRL | Qt::Key_B);
+    ASSERT_EQ(answers.Texts().size(), 1U);
+    EXPECT_TRUE(
+        answers.Texts()[0].starts_with("The backup folder /mnt/no such disk does not exist."))
+        << answers.Texts()[0];
+}
+
+} // namespace
+} // namespace Quillane::Office
