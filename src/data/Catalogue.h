@@ -7,7 +7,8 @@ namespace Quillane {
 
 class Connection;
 
-/// Whether the database has a table of this name, case aside.
+/// True if the database has a table with this name. Names are not case-sensitive.
+/// Requires: `table` holds no apostrophe.
 bool TableExists(Connection& connection, std::string_view table);
 
 } // namespace Quillane

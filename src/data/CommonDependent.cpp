@@ -1,6 +1,7 @@
 #include "data/Common.h"
 #include "data/Con.h"
 #include "data/modCommon.h"
+#include "platform/runtime/Text.h"
 
 #include <string>
 #include <vector>
@@ -24,7 +25,7 @@ std::string ReplaceAll(std::string text, std::string_view what, std::string_view
     return text;
 }
 
-// A piece keeps the blanks around its comma, so "A, B" leaves out A alone.
+// Blanks beside a comma belong to the name, so "A, B" excludes only A.
 std::string ExclusionFilter(std::string_view exclusions) {
     std::string filter;
     if (Trim(exclusions).empty())
@@ -37,8 +38,9 @@ std::string ExclusionFilter(std::string_view exclusions) {
     return filter;
 }
 
-/// The condition as it reads for one foreign table, whose key columns `keys` shows. Each
-/// replacement starts from the condition as given: of several key columns the last one counts.
+/// Replaces the column name in the condition by that of one foreign table. `keys` holds the rows of
+/// its foreign key. Each replacement starts from the original condition, so with several key
+/// columns the last one counts.
 std::string ProbeCriteria(const std::string& criteria, Recordset& keys, std::string_view table) {
     std::string probe = criteria;
     for (; !keys.Eof(); keys.MoveNext()) {
@@ -46,7 +48,7 @@ std::string ProbeCriteria(const std::string& criteria, Recordset& keys, std::str
         if (criteria.find(primary) != std::string::npos)
             probe = ReplaceAll(criteria, primary, keys.Fields("FKColumn_Name").Text() + "=");
     }
-    // The one table whose key column goes by a name of its own.
+    // The foreign keys do not cover this table; its column has another name.
     if (table == "SaleRecoveryBody")
         probe = ReplaceAll(probe, "Salesid", "SaleId");
     return probe;
@@ -59,7 +61,7 @@ std::string FindDependentTable(std::string_view table, const std::string& criter
     std::string filter = ExclusionFilter(exclusions);
     outer.SetFilter(filter);
     inner.SetFilter(filter);
-    // Only to be extended below; the outer list stays unfiltered.
+    // A condition that is always true, for `inner` alone: it is extended below.
     if (filter.empty())
         filter = "FKTABLE_NAME <> '' ";
     for (; !outer.Eof(); outer.MoveNext()) {

@@ -14,7 +14,7 @@ struct SellerType {
     std::string_view statement;
 };
 
-// One party list for each role. All but the first leave out accounts that are not editable.
+// One party list for each type. All but the first exclude accounts that are not editable.
 constexpr std::array<SellerType, 4> sellerTypes{{
     {"ALL",
      "SELECT ChartOfAccounts.AccountNo AS ID, dbo.FunGetPartyName(ChartOfAccounts.AccountNo) AS "
@@ -73,7 +73,7 @@ void Bind(const std::shared_ptr<RowArray>& array, TDBCombo& list) {
     list.ReBind();
 }
 
-/// The steps that all lists from the database share; failures are the caller's.
+/// The common part of all lists that come from the database. Throws on failure.
 void Fill(Recordset& rows, const std::shared_ptr<RowArray>& array, std::string_view statement,
           TDBCombo& list) {
     array->Clear();
@@ -96,7 +96,7 @@ std::string CommodityStatement(bool isPurchaseable, bool isSaleable, bool isWhea
         statement += " and IsSaleable = 1";
     if (isWheat)
         statement += " and IsWheatCommodity = 1";
-    // Asking for all three means every commodity, on purpose.
+    // All three flags together mean every commodity. This is intended.
     if (isPurchaseable && isSaleable && isWheat)
         statement = "select commodityid as id, dbo.fungetcommodity(commodityid) as name from "
                     "commodities Where 1 = 1";

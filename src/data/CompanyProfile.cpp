@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <cmath>
 
@@ -37,7 +38,7 @@ std::string CompanyProfileObject::MoundKgsText(double weight, double kgsPerMound
     const double kilograms = std::fabs(RoundWeight(weight));
     double mounds = std::floor(Divide(kilograms, kgsPerMound));
     double rest = RoundWeight(kilograms - mounds * kgsPerMound);
-    // With a mound of a fractional weight the rest may round up to a whole one.
+    // If a mound has a fraction of a kilogram, the rest may round up to a whole mound.
     if (rest >= kgsPerMound) {
         mounds += 1;
         rest = 0;

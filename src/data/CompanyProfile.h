@@ -8,20 +8,22 @@ namespace Quillane {
 
 class Connection;
 
-/// The company's particulars for the slip, and one conversion.
+/// The name and address of the company, which the slip shows, and the conversion to mounds.
 class CompanyProfileObject {
 public:
     void SetConnection(Connection& connection);
-    /// Reads the particulars from `Project_Registry`; a row that is missing leaves its text empty.
+    /// Reads all texts from `Project_Registry`; the text of a missing row is empty. Requires:
+    /// `SetConnection` has been called.
     void Load();
     const std::string& CompanyEmail() const { return email_; }
     const std::string& CompanyPhone() const { return phone_; }
     const std::string& CompanyAddress() const { return address_; }
     const std::string& CompanyTitle() const { return title_; }
 
-    /// Whole mounds, a hyphen and the remaining kilograms: 8100 and 40 give "202-20"; a negative
-    /// weight has one leading minus: "-1-0". The weight is first rounded to whole kilograms, ties
-    /// to even. No kilograms to the mound is a division by zero.
+    /// Formats a weight in kilograms as whole mounds, a hyphen and the remaining kilograms: 8100
+    /// and 40 give "202-20". A negative weight has one leading minus: "-1-0". The weight is first
+    /// rounded to whole kilograms, ties to even. A mound is 40 kg in the wheat trade. Errors:
+    /// division by zero (11) or overflow (6) if `kgsPerMound` is 0.
     std::string MoundKgsText(double weight, double kgsPerMound) const;
 
 private:

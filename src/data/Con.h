@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// The one connection of the process. The start-up makes and opens it; it is never reopened, and
+/// The only database connection of the process. `Main` creates and opens it. It is never reopened;
 /// the end of the process closes it.
 extern std::unique_ptr<Connection> Con;
 

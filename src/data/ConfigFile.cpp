@@ -2,7 +2,7 @@
 
 #include "platform/host/Files.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <fstream>
@@ -15,9 +15,10 @@ std::string ReadFirstField(const std::string& path) {
     std::getline(file, line);
     if (!FileExists(path))
         throw Failure(FailureNumber::FileNotFound, "File not found: " + path);
-    // A folder of that name opens, and fails at the first read.
+    // Opening a folder succeeds; the first read fails.
     if (!file.is_open() || file.bad())
-        throw Failure(FailureNumber::PathAccess, "The file " + path + " cannot be read.");
+        throw Failure(FailureNumber::PathAccess,
+                      "The file " + path + " cannot be read. Check the rights of this user.");
     if (line.starts_with("\xEF\xBB\xBF"))
         line.erase(0, 3);
     if (line.empty() && file.eof())
@@ -30,10 +31,10 @@ std::string ReadFirstField(const std::string& path) {
     return line.substr(0, line.find(','));
 }
 
-std::string ConnectionString(std::string_view osName, std::string_view stationRole,
-                             std::string_view configText) {
+std::string StationConnectionString(std::string_view osName, std::string_view stationRole,
+                                    std::string_view configText) {
     std::string text = "Driver=SQL Server;" + std::string(configText);
-    if (UpperCase(osName) == UpperCase("Microsoft Windows XP") || stationRole == "Client")
+    if (EqualIgnoringCase(osName, "Microsoft Windows XP") || stationRole == "Client")
         text += ";Uid=anonymous";
     return text;
 }

@@ -3,18 +3,18 @@
 #include <string>
 #include <string_view>
 
-/// The file `Config.ini` and what the connection makes of it.
+/// Reads `Config.ini` and composes the connection string of the station from it.
 namespace Quillane {
 
-/// The first delimited field of a text file: leading blanks are skipped; it ends at the first comma
-/// or at the end of the line, and one that opens with a double quote runs to the closing quote and
-/// loses the quotes. An empty file fails (62), one that is missing (53) or cannot be
-/// read (75) too.
+/// Reads the first field of the first line of a text file. Leading blanks are skipped. The field
+/// ends at the first comma or at the end of the line; a field in double quotes ends at the closing
+/// quote, and the quotes are removed. Errors: file not found (53), input past end (62) if the file
+/// is empty, path access (75) if it cannot be read.
 std::string ReadFirstField(const std::string& path);
 
-/// The connection string. A station with the role "Client", and one on the operating system of this
-/// name in any mix of capitals, signs in as the anonymous user.
-std::string ConnectionString(std::string_view osName, std::string_view stationRole,
-                             std::string_view configText);
+/// Composes the connection string of the station. A station with the role "Client", and one that
+/// runs on "Microsoft Windows XP" (not case-sensitive), signs in as the user "anonymous".
+std::string StationConnectionString(std::string_view osName, std::string_view stationRole,
+                                    std::string_view configText);
 
 } // namespace Quillane

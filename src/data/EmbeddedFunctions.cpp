@@ -36,18 +36,18 @@ void Return(sqlite3_context* context, const Name& name) {
         sqlite3_result_text64(context, name->data(), name->size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-/// The names that a session has looked up, as long as nobody can have changed one.
+/// A cache of the names that a session has looked up.
 ///
-/// Within a read transaction a session sees one state of the database, and the data version tells
-/// that state from every other: it counts this session's commits, and at the begin of a transaction
-/// whatever others have committed since. A session that writes sees changes that no version counts,
-/// and may yet roll them back: then nothing is kept or taken from here.
-class KnownNames {
+/// Within a read transaction a session sees one state of the database. The data version of SQLite
+/// identifies that state: it changes with each commit of this session and, when a transaction
+/// begins, if another session has committed. A session that writes sees uncommitted changes that do
+/// not change the version and can be rolled back, so the cache is not used then.
+class NameCache {
 public:
-    explicit KnownNames(sqlite3* session) : session_(session) {}
+    explicit NameCache(sqlite3* session) : session_(session) {}
 
-    /// False where a name has to be looked up at each call. Forgets what may be out of date.
-    bool MayKeep() {
+    /// False if the cache must not be used for this call. Removes names that may be out of date.
+    bool IsUsable() {
         if (sqlite3_txn_state(session_, "main") != SQLITE_TXN_READ)
             return false;
         unsigned version = 0;
@@ -96,11 +96,11 @@ private:
     std::unordered_map<std::int64_t, Name> byNumber_;
 };
 
-/// One look-up of a session. It is prepared at its first use, since the tables need not be there
-/// when the session opens.
+/// One prepared query of a session. It is prepared at its first use, because the tables may not
+/// exist yet when the session opens.
 class LookUp {
 public:
-    LookUp(sqlite3* session, const char* text) : session_(session), text_(text), known_(session) {}
+    LookUp(sqlite3* session, const char* text) : session_(session), text_(text), cache_(session) {}
     ~LookUp() { Finalize(); }
     LookUp(const LookUp&) = delete;
     LookUp& operator=(const LookUp&) = delete;
@@ -111,27 +111,27 @@ public:
     }
 
     void Answer(sqlite3_context* context, sqlite3_value* key) {
-        const bool keeps = KnownNames::CanBeKey(key) && known_.MayKeep();
-        const Name* known = keeps ? known_.Find(key) : nullptr;
-        if (known)
-            return Return(context, *known);
+        const bool usesCache = NameCache::CanBeKey(key) && cache_.IsUsable();
+        const Name* cached = usesCache ? cache_.Find(key) : nullptr;
+        if (cached)
+            return Return(context, *cached);
         Name name;
         if (!LookFor(key, name))
             return sqlite3_result_error(context, sqlite3_errmsg(session_), -1);
-        if (keeps)
-            known_.Add(key, name);
+        if (usesCache)
+            cache_.Add(key, name);
         Return(context, name);
     }
 
 private:
-    /// False where the engine refuses; it then holds the reason.
+    /// False if the engine reports an error; sqlite3_errmsg returns it.
     bool LookFor(sqlite3_value* key, Name& name) {
         if (!Prepare() || sqlite3_bind_value(statement_, 1, key) != SQLITE_OK)
             return false;
         if (sqlite3_step(statement_) == SQLITE_ROW &&
             sqlite3_column_type(statement_, 0) != SQLITE_NULL)
             name = TextOf(sqlite3_column_value(statement_, 0));
-        return sqlite3_reset(statement_) == SQLITE_OK; // a failed step's outcome
+        return sqlite3_reset(statement_) == SQLITE_OK; // reports a failed step
     }
 
     bool Prepare() {
@@ -141,12 +141,13 @@ private:
 
     sqlite3* session_;
     const char* text_;
-    KnownNames known_;
+    NameCache cache_;
     sqlite3_stmt* statement_ = nullptr;
 };
 
-/// What a session keeps for its functions. A session with open statements cannot close, so they are
-/// finalized when the closing begins; the functions' user data goes only after that.
+/// The data of the SQL functions of one session. A session with open statements cannot close, so
+/// the statements are finalized when closing begins. SQLite destroys the user data of functions
+/// later.
 struct LookUps {
     explicit LookUps(sqlite3* session)
         : party(session, PartyName), commodity(session, CommodityName) {}
@@ -176,8 +177,8 @@ void Check(sqlite3* session, int outcome) {
 } // namespace
 
 void RegisterEmbeddedFunctions(sqlite3* session) {
-    // The last function registered owns the look-ups: its destructor runs when the session has
-    // closed, also when registering it fails.
+    // The function that is registered last owns the data. SQLite calls its destructor when the
+    // session has closed, and also if the registration fails.
     auto* lookUps = new LookUps(session);
     const int flags = SQLITE_UTF8;
     const int first = sqlite3_create_function_v2(session, "FunGetCommodity", 1, flags, lookUps,

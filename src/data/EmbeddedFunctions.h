@@ -4,15 +4,17 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// Gives a session of the embedded database the functions that the accounting database has:
+/// Registers the SQL functions of the accounting database in a session of the embedded database:
 ///
-/// - `FunGetPartyName(accountNo)`: the account's name, a hyphen and the party's city; just the name
-///   where there is no city; Null for an account that does not exist.
-/// - `FunGetCommodity(commodityId)`: the commodity's name; Null for one that does not exist.
+/// - `FunGetPartyName(accountNo)`: the name of the account, a hyphen and the city of the party;
+/// only
+///   the name if there is no city; Null for an account that does not exist.
+/// - `FunGetCommodity(commodityId)`: the name of the commodity; Null if it does not exist.
 ///
-/// Searches call them for every row. Each keeps the names that it has found until this session or
-/// another commits a change, and one prepared look-up for the session, which it lets go when the
-/// session closes (by the session's one trace hook, which this takes for itself).
+/// Searches call them for every row, so each function caches the names until this session or
+/// another one commits a change. The prepared statements are finalized when the session closes.
+/// This uses the trace callback of the session, of which SQLite allows only one. Errors: a database
+/// failure.
 void RegisterEmbeddedFunctions(sqlite3* session);
 
 } // namespace Quillane

@@ -9,26 +9,28 @@ namespace Quillane {
 class Screen;
 class VisualControl;
 
-/// Reports the failure in flight, from inside a catch clause: a critical box with OK, its text the
-/// failure's description and its title the failure's source. Changes no state.
+/// Shows the exception that is being handled in a critical box with OK. The text is the description
+/// of the failure, the title its source. Requires: the caller is inside a catch clause.
 void ShowError();
 
-/// The key filter of number boxes. A digit or Backspace (8) passes; a point (46) passes only where
-/// `allowPoint` is true and the control's text holds none yet; any other key becomes 0.
+/// The key filter of number boxes. Digits and Backspace (8) are accepted. A point (46) is accepted
+/// if `allowPoint` is true and the text of the control has none yet. Any other key is set to 0.
 void AllowNumericKey(int& key, const VisualControl& control, bool allowPoint);
 
-/// Whether that filter lets each character of a text through, without a point. Backspace is a key
-/// and no character.
+/// True if `AllowNumericKey` without a point accepts every character of a text. Backspace is not
+/// accepted here: it is a key, not a character.
 bool AllowNumericText(std::string_view text, const VisualControl& control);
 
-/// The got-focus routine of text boxes: on a visible screen, selects the whole text of a visible
-/// and enabled text box, tints it 0xC0FFFF and gives it the focus.
+/// The got-focus handler of text boxes. If the screen is visible and its active control is a
+/// visible, enabled text box, selects all its text, sets its background to 0xC0FFFF and gives it
+/// the focus.
 void MarkActiveText(Screen& screen);
 
-/// Capitals of any script that has them.
+/// Converts a text to capitals, in every script that has them.
 std::string Capitals(std::string_view text);
 
-/// The company's name by its number, in capitals; asks the operator where the station says so.
+/// Returns the name of a company by its number, in capitals. Asks the operator for it if
+/// `AskCompanyName` in `Station.ini` is -1.
 std::string GetCompanyName(std::int16_t companyNo);
 
 } // namespace Quillane

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <cstddef>
 

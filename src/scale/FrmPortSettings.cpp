@@ -6,6 +6,7 @@
 #include "platform/forms/core/Text.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "scale/Decoding.h"
 #include "scale/Settings.h"
 

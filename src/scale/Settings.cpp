@@ -2,6 +2,7 @@
 
 #include "platform/ado/Recordset.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 namespace Quillane {
 

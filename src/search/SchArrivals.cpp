@@ -4,7 +4,7 @@
 #include "data/modCommon.h"
 #include "platform/forms/core/KeyCodes.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "search/SearchLook.h"
 #include "search/SearchStatements.h"
 
@@ -69,7 +69,7 @@ void SchArrivals::LayOut() {
 
 void SchArrivals::Form_Load() {
     try {
-        // Each showing starts over, also one of a screen that was shown before.
+        // The same screen object may be shown again: reset everything.
         Blank(TxtFilterId);
         Blank(TxtFilter);
         SelectedArrivalId = 0;
@@ -105,7 +105,7 @@ void SchArrivals::RefreshArrivals() {
         GrdSch.Columns("PartyName").dataField = "AccountName";
         GrdSch.Columns("Commodity").dataField = "Commodity";
     } catch (const Failure&) {
-        // The list that no longer fits the filters goes before the box comes up.
+        // Clears the list before the message is shown: it no longer matches the filters.
         GrdSch.SetDataSource(rows_);
         ShowError();
     }
@@ -132,7 +132,7 @@ void SchArrivals::GrdSch_DblClick() {
         BtnSelect_Click();
 }
 
-// The screen's rule for Enter goes before this one and the next, and uses the key up.
+// Form_KeyDown handles Enter before this handler and the next one, and consumes it.
 void SchArrivals::GrdSch_KeyDown(int key, int shift) {
     if (key == Key::Return && shift == ShiftState::None)
         BtnSelect_Click();
@@ -154,7 +154,7 @@ void SchArrivals::Form_KeyDown(int& key, int shift) {
     }
 }
 
-// On a button the Enter is left to the button.
+// Enter on a button is not consumed: the button handles it.
 void SchArrivals::HandleEnter(int& key) {
     const std::string name = UpperCase(ActiveControlName());
     if (name.starts_with("BTN"))

@@ -12,8 +12,8 @@
 
 namespace Quillane {
 
-/// Finds a stored arrival by date range, id and party name. Shown modally; its whole result is
-/// `SelectedArrivalId`. Each showing starts over: the last 365 days, all parties.
+/// The modal screen that finds a stored arrival by date range, id and party name. Its only result
+/// is `SelectedArrivalId`. Each time it is shown it starts with the last 365 days and all parties.
 class SchArrivals : public Screen {
 public:
     SchArrivals();
@@ -26,11 +26,11 @@ public:
     TDBDate DtpFromDate{*this, "DtpFromDate"};
     TDBDate DtpToDate{*this, "DtpToDate"};
 
-    /// The chosen arrival, to be read after the screen has closed; 0: none was chosen.
+    /// The selected arrival, valid after the screen has closed; 0 if none was selected.
     std::int32_t SelectedArrivalId = 0;
 
-    /// Lists the arrivals that fit the filters, the newest first. Failures are reported; the list
-    /// then stays empty.
+    /// Lists the arrivals that match the filters, the newest first. A failure is reported; the list
+    /// is then empty.
     void RefreshArrivals();
 
     void BtnSelect_Click();
@@ -50,7 +50,7 @@ private:
     void TxtFilter_KeyDown(int key, int shift);
     void HandleEnter(int& key);
 
-    std::shared_ptr<Recordset> rows_; ///< none before the first refresh and after unloading
+    std::shared_ptr<Recordset> rows_; ///< null before the first refresh and after unloading
 };
 
 } // namespace Quillane

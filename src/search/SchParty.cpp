@@ -4,7 +4,7 @@
 #include "data/modCommon.h"
 #include "platform/forms/core/KeyCodes.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "search/SearchLook.h"
 #include "search/SearchStatements.h"
 
@@ -60,7 +60,7 @@ void SchParty::LayOut() {
 
 void SchParty::Form_Load() {
     try {
-        // Each showing starts over, also one of a screen that was shown before.
+        // The same screen object may be shown again: reset everything.
         Blank(TxtFilter);
         Blank(TxtFilterId);
         RefreshParties();
@@ -102,8 +102,8 @@ void SchParty::TxtFilterId_Change() {
             return;
         }
         rows_->Find(PartyIdCriterion(id));
-        // Blanks at the end of a stored id may be the padding of its column, and are passed over.
-        // Those that were typed belong to the id.
+        // Find ignores blanks at the end of a stored id, since they may be padding of the column.
+        // Blanks that were typed are part of the id, so no stored id can match.
         if (rows_->Eof() || id.back() == ' ')
             Grid.MoveLast();
     } catch (const Failure&) {

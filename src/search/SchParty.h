@@ -11,8 +11,9 @@
 
 namespace Quillane {
 
-/// Finds a party by name or id, among the accounts whose id begins with 6: the branch of the chart
-/// of accounts that holds the parties. Shown modally; its result is the three `Selected...` texts.
+/// The modal screen that finds a party by name or id, among the accounts whose id begins with 6:
+/// this branch of the chart of accounts holds the parties. Its result is the three `Selected...`
+/// texts.
 class SchParty : public Screen {
 public:
     SchParty();
@@ -23,13 +24,14 @@ public:
     JeweledButton CmdClose{*this, "CmdClose", "Cancel"};
     TextBox TxtFilterId{*this, "TxtFilterId"};
 
-    // The chosen party, to be read after the screen has closed; empty: none was chosen.
+    // The selected party, valid after the screen has closed; empty if none was selected.
     std::string SelectedPartyId;
     std::string SelectedPartyName;
     std::string SelectedPartyCity;
 
-    /// Lists the parties whose name holds the filter's text. A failure is the caller's: the list
-    /// then goes on showing the earlier parties, and none of them can be selected or looked for.
+    /// Lists the parties whose name contains the text of the filter. Errors: throws the failure of
+    /// the statement. The list then still shows the previous parties, but none can be selected or
+    /// searched for.
     void RefreshParties();
 
     void TxtFilter_Change();

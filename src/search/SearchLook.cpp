@@ -16,21 +16,21 @@ namespace {
 constexpr int LeastDigits = 10;
 constexpr int AroundDigits = 18; // the frame of a box, and the caret
 
-QSize RoomOnDisplay(const Screen& screen) {
+QSize AvailableSize(const Screen& screen) {
     return screen.screen()->availableSize() - QSize(8, 40); // less the window's frame
 }
 
-// A display of few points, such as 1280 by 800 at twice the scale.
+// A display with few logical pixels, such as 1280 x 800 at a scale of 2.
 bool OnSmallDisplay(const Screen& screen) {
-    const QSize room = RoomOnDisplay(screen);
-    return room.width() < 900 || room.height() < 560;
+    const QSize available = AvailableSize(screen);
+    return available.width() < 900 || available.height() < 560;
 }
 
 int LetterSize(const Screen& screen) {
     if (OnSmallDisplay(screen))
         return 9;
-    const QSize room = RoomOnDisplay(screen);
-    return room.width() < 1590 || room.height() < 860 ? 11 : 13;
+    const QSize available = AvailableSize(screen);
+    return available.width() < 1590 || available.height() < 860 ? 11 : 13;
 }
 
 QLayout* ButtonRow(std::initializer_list<VisualControl*> buttons, QSize least) {
@@ -56,8 +56,8 @@ void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& fi
     if (filters.count() > 0)
         filters.addSpacing(16);
     QWidget& box = filter.Widget();
-    const int room = box.fontMetrics().horizontalAdvance(QString(LeastDigits, '0')) + AroundDigits;
-    box.setMinimumWidth(std::max(room, box.minimumSizeHint().width() + AroundDigits / 2));
+    const int width = box.fontMetrics().horizontalAdvance(QString(LeastDigits, '0')) + AroundDigits;
+    box.setMinimumWidth(std::max(width, box.minimumSizeHint().width() + AroundDigits / 2));
     filters.addWidget(new Label(caption, &box));
     filters.addWidget(&box, stretch);
     filter.SetAccessibleName(caption);
@@ -74,8 +74,8 @@ void LayOutSearch(Screen& screen, QHBoxLayout& filters, VisualControl& list,
     rows->addLayout(&filters);
     rows->addWidget(&list.Widget(), 1);
     rows->addLayout(ButtonRow(buttons, small ? QSize(84, 32) : QSize(104, 40)));
-    const QSize room = RoomOnDisplay(screen);
-    screen.resize(least.expandedTo(room * 2 / 3).boundedTo(room));
+    const QSize available = AvailableSize(screen);
+    screen.resize(least.expandedTo(available * 2 / 3).boundedTo(available));
 }
 
 void SetTabOrder(std::initializer_list<VisualControl*> controls) {

@@ -10,24 +10,25 @@
 
 class QHBoxLayout;
 
-/// What the search screens share: filters above, the list, the buttons below it.
+/// The common layout of the search screens: filters at the top, then the list, then the buttons.
 namespace Quillane {
 
-/// Letters of a size that is legible at arm's length where the display has room for it. To be
-/// called before anything is laid out.
+/// Sets a font size that is legible at arm's length, or a smaller one on a small display. Requires:
+/// nothing of the screen has been laid out yet.
 void SetLetterSize(Screen& screen);
 
-/// A caption, and beside it the filter that it names, with room for ten digits at least.
+/// Adds a caption and its filter to the row of filters. The filter is at least ten digits wide.
 void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& filter,
                int stretch = 0);
 
-/// Lays the screen out and gives it two thirds of the display, at least `least` where it fits.
+/// Lays out the screen and resizes it to two thirds of the display, but not below `least` pixels if
+/// the display is large enough.
 void LayOutSearch(Screen& screen, QHBoxLayout& filters, VisualControl& list,
                   std::initializer_list<VisualControl*> buttons, QSize least);
 
 void SetTabOrder(std::initializer_list<VisualControl*> controls);
 
-/// Empties a box without running its change handler.
+/// Clears a text box without calling its change handler.
 void Blank(TextBox& box);
 
 } // namespace Quillane

@@ -1,6 +1,7 @@
 #include "search/SearchStatements.h"
 
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 namespace Quillane {
 
@@ -42,10 +43,7 @@ std::string PartySearchStatement(std::string_view name) {
 }
 
 std::string PartyIdCriterion(std::string_view id) {
-    std::string criterion = "PartyId='";
-    for (const char character : id)
-        criterion.append(character == '\'' ? 2 : 1, character);
-    return criterion + "'";
+    return "PartyId='" + Doubled(id, '\'') + "'";
 }
 
 } // namespace Quillane

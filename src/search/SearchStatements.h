@@ -7,22 +7,22 @@
 
 namespace Quillane {
 
-/// What the operator has filled in on the arrival search: both days count, texts as typed.
+/// The filters of the arrival search. Both dates are included; the texts are as typed.
 struct ArrivalFilters {
     Date fromDate;
     Date toDate;
-    std::string id;   ///< empty: all; otherwise its leading number, 0 where it has none
-    std::string name; ///< empty: all; part of a party's name, sent as it stands
+    std::string id;   ///< empty: all ids; otherwise its leading number counts, 0 if it has none
+    std::string name; ///< empty: all parties; otherwise part of a party name, not escaped
 };
 
-/// Lists the arrivals that fit all filters, the newest first.
+/// The statement that lists the arrivals that match all filters, the newest first.
 std::string ArrivalSearchStatement(const ArrivalFilters& filters);
 
-/// Lists the parties whose id begins with 6 and whose name holds this text, sent as it stands; the
-/// empty text lists all of them.
+/// The statement that lists the parties whose id begins with 6 and whose name contains this text.
+/// The text is not escaped; an empty one lists all parties.
 std::string PartySearchStatement(std::string_view name);
 
-/// The criterion that finds a party by its whole id.
+/// The criterion of `Recordset::Find` for a party id. The whole id is compared.
 std::string PartyIdCriterion(std::string_view id);
 
 } // namespace Quillane

@@ -4,7 +4,7 @@
 #include "platform/forms/core/Text.h"
 #include "platform/host/PrivateFile.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/EmbeddedFile.h"
 #include "setup/EmbeddedScripts.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 namespace Quillane {
 

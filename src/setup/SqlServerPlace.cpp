@@ -2,6 +2,7 @@
 
 #include "platform/forms/core/Text.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 

@@ -3,19 +3,13 @@
 #include "platform/ado/Connection.h"
 #include "platform/forms/dialogs/WaitingScreen.h"
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/Text.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/SqlServerSchema.h"
 
 namespace Quillane {
 
 namespace {
-
-std::string Doubled(std::string_view text, char mark) {
-    std::string doubled;
-    for (const char character : text)
-        doubled.append(character == mark ? 2 : 1, character);
-    return doubled;
-}
 
 std::string InQuotes(std::string_view text) {
     return "N'" + Doubled(text, '\'') + "'";

@@ -2,7 +2,7 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <optional>

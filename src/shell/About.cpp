@@ -19,8 +19,8 @@ namespace Quillane {
 
 namespace {
 
-/// What the database says, or that it says nothing: the other facts are wanted all the more then.
-std::string Asked(const std::function<std::string()>& ask) {
+/// The answer of the database, or the failure text: the other facts are needed in that case too.
+std::string AnswerOrFailure(const std::function<std::string()>& ask) {
     try {
         return ask();
     } catch (const Failure& failure) {
@@ -32,7 +32,7 @@ std::string FirstLine(const std::string& text) {
     return text.substr(0, text.find_first_of("\r\n"));
 }
 
-std::string PlaceOfDatabase() {
+std::string DatabaseLocation() {
     const std::string file = Con->DatabaseFile();
     return file.empty() ? Con->DefaultDatabase() + " on a database server" : file;
 }
@@ -54,12 +54,14 @@ std::string AboutText() {
     return "Quillane " + std::string(QuillaneVersion()) + "\r\nSystem: " + SystemInfo::OsName() +
            ", " + FromQt(QSysInfo::currentCpuArchitecture()) + "\r\nToolkit: Qt " + qVersion() +
            ", display " + FromQt(QGuiApplication::platformName()) +
-           "\r\nStation folder: " + StationFolder() + "\r\nDatabase: " + Asked(PlaceOfDatabase) +
-           "\r\nEngine: " + Asked(EngineVersion) + "\r\nSchema number: " + Asked(SchemaNumbers);
+           "\r\nStation folder: " + StationFolder() +
+           "\r\nDatabase: " + AnswerOrFailure(DatabaseLocation) +
+           "\r\nEngine: " + AnswerOrFailure(EngineVersion) +
+           "\r\nSchema number: " + AnswerOrFailure(SchemaNumbers);
 }
 
 void ShowAbout() {
-    MsgBox({.text = AboutText() + "\r\n\r\nCtrl+C copies this text, for a report of a fault.",
+    MsgBox({.text = AboutText() + "\r\n\r\nPress Ctrl+C to copy this text for a fault report.",
             .title = "About Quillane",
             .icon = BoxIcon::Information,
             .buttons = BoxButtons::Ok});

@@ -4,11 +4,12 @@
 
 namespace Quillane {
 
-/// What a report of a fault should name: the program, its libraries, the system, the station and
-/// its database, one fact in a line. It holds no password. `Con` may be closed.
+/// Lists the facts that a fault report needs, one in each line: the program, its libraries, the
+/// operating system, the station folder and the database. It contains no password. `Con` may be
+/// closed.
 std::string AboutText();
 
-/// Shows it in a box, whose text can be copied.
+/// Shows `AboutText` in a box; the operator can copy the text.
 void ShowAbout();
 
 } // namespace Quillane

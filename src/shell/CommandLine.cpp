@@ -14,15 +14,16 @@ constexpr const char* Help = R"(Usage: quillane [options]
 The weighbridge station of a flour mill.
 
 Options:
-  --station FOLDER  the folder of the station: Config.ini, Station.ini and the
-                    embedded database lie there
-  -h, --help        write this text and end
-  -v, --version     write the version and end
+  --station FOLDER  use this station folder; it holds Config.ini, Station.ini
+                    and the embedded database
+  -h, --help        show this help and exit
+  -v, --version     show the version and exit
 
-Without --station the folder is the one that the environment variable
-QUILLANE_STATION names; else the program's own, where it holds a Config.ini;
-else the one that the system keeps, /var/lib/quillane (on Windows
-%ProgramData%\Quillane). A station without a Config.ini is set up first.
+Without --station the program uses the first of these folders:
+  1. the folder named by the environment variable QUILLANE_STATION
+  2. the folder of the program, if it holds a Config.ini
+  3. /var/lib/quillane (on Windows %ProgramData%\Quillane)
+If the folder holds no Config.ini, the station is set up first.
 )";
 
 QStringList ToQtList(const std::vector<std::string>& texts) {

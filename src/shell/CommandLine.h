@@ -5,16 +5,16 @@
 
 namespace Quillane {
 
-/// What the command line asks for.
+/// The parsed command line.
 struct CommandLine {
-    std::string station; ///< the folder that --station names; empty: it names none
-    std::string answer;  ///< what --help or --version writes instead of a start; empty: a start
-    std::string fault;   ///< what is wrong with the arguments; empty: nothing
+    std::string station; ///< the value of --station; empty if it is not given
+    std::string answer;  ///< the output of --help or --version; empty if the program is to start
+    std::string fault;   ///< the error in the arguments; empty if they are valid
 };
 
-/// Reads the arguments, the program's name being the first. Runs without an application, so that
-/// --help and --version need no display. The options of the toolkit are a fault here: an
-/// application takes them off the arguments.
+/// Parses the arguments; the first one is the name of the program. Needs no QApplication, so that
+/// --help and --version work without a display. The options of Qt are a fault here, because a
+/// QApplication removes them from the arguments.
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
 
 } // namespace Quillane

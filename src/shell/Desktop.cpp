@@ -61,13 +61,13 @@ void Desktop::BtnWeighment_Click() {
     screen.ShowModal(this);
 }
 
-// Made anew each time: it always begins with its defaults, and its line closes with it.
+// A new screen each time: it starts with its defaults, and closing it closes its serial line.
 void Desktop::CmdScaleSetting_Click() {
     FrmPortSettings screen;
     screen.ShowModal();
 }
 
-// The connection is given after the dialog here, the other way round than at the start.
+// At the start the connection is set before the dialog; here it is set after it.
 void Desktop::Image1_Click() {
     UserLogin->ResetLogin(0);
     UserLogin->Login();

@@ -13,9 +13,9 @@ class QVBoxLayout;
 
 namespace Quillane {
 
-/// The start screen, which stays for the whole life of the program: it leads to the working
-/// screens, keeps the user's paper choice, lets another user sign in, and ends the program. Closing
-/// it by any means ends the process. None of its procedures sets a trap.
+/// The start screen. It exists until the program ends. It opens the other screens, stores the paper
+/// choice of the user and lets another user sign in. Closing it in any way ends the process. None
+/// of its handlers has an error trap.
 class Desktop : public Screen {
 public:
     Desktop();
@@ -30,8 +30,8 @@ public:
     Image Image1{*this, "Image1"};
 
 protected:
-    /// Selects the stored paper choice; its click stores it again, so a first start stores the
-    /// default.
+    /// Selects the stored paper choice. The click handler stores it again, so the first start
+    /// stores the default.
     void Form_Load() override;
     void Form_Unload(bool& cancel) override;
     void paintEvent(QPaintEvent* event) override;
@@ -53,10 +53,10 @@ private:
     QWidget* panel_ = nullptr;
     Label company_{""};
     Label user_{""};
-    QPixmap background_; ///< the picture at the window's size
+    QPixmap background_; ///< the picture, scaled to the window
 };
 
-/// The start screen of the process, from the sign-in to the end.
+/// The start screen of the process. Null before the user has signed in.
 extern std::unique_ptr<Desktop> TheDesktop;
 
 } // namespace Quillane

@@ -18,20 +18,20 @@ constexpr int iconSize = 48;
 constexpr QSize usualSize(1080, 675);
 constexpr int titleBar = 40;
 
-/// How large things are: a small display, or one whose text is enlarged, has less room for them.
+/// Sizes in pixels and points. A small display, or one with enlarged text, needs smaller ones.
 struct Measures {
     int margin, padding, spacing, leadingButton, button, leadingPoints, points;
 };
-constexpr Measures roomy{40, 26, 14, 68, 44, 17, 12};
-constexpr Measures tight{8, 12, 6, 44, 30, 14, 11};
+constexpr Measures large{40, 26, 14, 68, 44, 17, 12};
+constexpr Measures small{8, 12, 6, 44, 30, 14, 11};
 
-QSize RoomOnDisplay() {
+QSize AvailableSize() {
     const QScreen* display = QGuiApplication::primaryScreen();
     return display ? display->availableSize() - QSize(0, titleBar) : usualSize;
 }
 
 const Measures& MeasuresInUse() {
-    return RoomOnDisplay().height() < 600 ? tight : roomy;
+    return AvailableSize().height() < 600 ? small : large;
 }
 
 void SetFontSize(QWidget& widget, int points, bool bold) {
@@ -63,7 +63,7 @@ void MakeLeading(QWidget& button) {
 
 void Desktop::LayOut() {
     setWindowFlags(Qt::Window);
-    resize(usualSize.boundedTo(RoomOnDisplay()));
+    resize(usualSize.boundedTo(AvailableSize()));
     panel_ = new QWidget(this);
     panel_->setFixedWidth(380);
     auto* row = new QHBoxLayout(this);

@@ -11,13 +11,13 @@ namespace Quillane {
 
 namespace {
 
-/// Long enough that the disk is not busy when the operator goes on to the next load.
-constexpr std::chrono::milliseconds moment{1500};
+/// Long enough that the checkpoint does not delay the next load.
+constexpr std::chrono::milliseconds idleTime{1500};
 
 QTimer* MakeTimer() {
     auto* timer = new QTimer(QCoreApplication::instance());
     timer->setSingleShot(true);
-    timer->setInterval(moment);
+    timer->setInterval(idleTime);
     QObject::connect(timer, &QTimer::timeout, timer, [timer] {
         const bool isOpen = Con && Con->State() == adStateOpen;
         if (isOpen && !Con->WriteBack())

@@ -2,9 +2,9 @@
 
 namespace Quillane {
 
-/// Brings what an embedded database's journal holds into its file, once nothing has been stored for
-/// a moment: a copy of the file alone is complete then. While others are at work in the database it
-/// tries again, after the same moment.
+/// Starts a timer of 1.5 seconds, or restarts it. When it expires, the journal of an embedded
+/// database is written back (checkpointed) into the database file, so that a copy of this file
+/// alone is complete. If another session is using the database, the timer starts again.
 void WriteBackWhenIdle();
 
 } // namespace Quillane

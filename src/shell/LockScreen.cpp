@@ -32,7 +32,7 @@ void LockScreen::LayOut() {
     setFixedWidth(440);
 }
 
-// Whoever waits closes it.
+// The owner of the window closes it.
 void LockScreen::Form_Unload(bool& cancel) {
     cancel = true;
     BtnCancel_Click();

@@ -6,9 +6,9 @@
 
 namespace Quillane {
 
-/// Says that the start waits for whoever holds the database. Esc, the button by the mouse or its
-/// letter, and the window's close box cancel the wait; Enter and the blank do not, since they may
-/// have been typed ahead.
+/// The window that is shown while the start waits for the lock of the database. Esc, the button
+/// (by mouse or Alt+C) and closing the window cancel the wait. Enter and the space bar do not,
+/// because they may have been typed ahead.
 class LockScreen : public Screen {
 public:
     LockScreen();
@@ -26,9 +26,10 @@ private:
     void LayOut();
     void BtnCancel_Click();
 
-    Label subtitle_{"One moment, please"};
-    Label text_{"The database is being used by another station or program, which has not let go of "
-                "it yet. The start goes on as soon as it is free."};
+    Label subtitle_{"Please wait"};
+    Label text_{
+        "Another station or program has locked the database. The start continues as soon as "
+        "the lock is released."};
 };
 
 } // namespace Quillane

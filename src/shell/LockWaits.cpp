@@ -17,7 +17,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds step{20};
 constexpr milliseconds longestDuringWork{30'000};
-/// What is over sooner is not worth a window that comes and goes.
+/// A shorter wait shows no window, so that none flashes up.
 constexpr milliseconds untilWindow{400};
 
 bool isStarting = false;

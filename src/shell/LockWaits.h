@@ -6,12 +6,12 @@
 
 namespace Quillane {
 
-/// How the program waits for whoever holds the lock of an embedded database. During work the
-/// hourglass is shown from the first moment on, and half a minute is the most. During the start no
-/// screen is there yet: a window says what is waited for, as long as it takes, and can cancel it.
+/// Creates the wait for the lock of an embedded database. After the start it shows the hourglass
+/// and ends after 30 seconds. During the start there is no screen yet: a window is shown until the
+/// lock is free or the user cancels.
 std::unique_ptr<LockWait> WaitForLock();
 
-/// The start, as long as it lives.
+/// Marks the start of the program: `WaitForLock` shows its window while such an object exists.
 class StartOfStation {
 public:
     StartOfStation();

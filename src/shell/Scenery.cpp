@@ -9,7 +9,7 @@ namespace Quillane {
 
 namespace {
 
-// The picture is composed on a sheet of this size; its sides are cut where the window is narrower.
+// The size of the picture. A narrower window cuts off its left side.
 constexpr qreal sheetWidth = 1600;
 constexpr qreal sheetHeight = 1000;
 constexpr qreal horizon = 640;
@@ -58,7 +58,7 @@ void PaintSilo(QPainter& painter, qreal left) {
     painter.setPen(Qt::NoPen);
 }
 
-void PaintMillHouse(QPainter& painter) {
+void PaintMillBuilding(QPainter& painter) {
     const QRectF house(1250, 300, 250, 360);
     FillGradient(painter, house, QColor(0xF4, 0xE7, 0xD0), QColor(0xE2, 0xCF, 0xB0));
     QPainterPath roof(QPointF(1232, 304));
@@ -68,7 +68,7 @@ void PaintMillHouse(QPainter& painter) {
     painter.fillPath(roof, QColor(0xA6, 0x5B, 0x45));
     painter.fillRect(QRectF(1340, 196, 70, 40), QColor(0x8C, 0x4B, 0x3A));
     for (int row = 0; row < 4; ++row)
-        // The door stands between the outer windows of the ground floor.
+        // The ground floor has only the outer windows; the door is between them.
         for (int column = 0; column < 4; column += row < 3 ? 1 : 3)
             painter.fillRect(QRectF(1278 + column * 54, 338 + row * 72, 30, 42),
                              QColor(0x6F, 0x8A, 0x98));
@@ -78,15 +78,15 @@ void PaintMillHouse(QPainter& painter) {
 void PaintMill(QPainter& painter) {
     for (const qreal left : {930.0, 1034.0, 1138.0})
         PaintSilo(painter, left);
-    // The gallery that carries the wheat from the silos into the house.
+    // The conveyor from the silos to the mill.
     painter.fillRect(QRectF(968, 306, 300, 17), QColor(0xB9, 0x8E, 0x66));
-    PaintMillHouse(painter);
+    PaintMillBuilding(painter);
 }
 
 void PaintWheat(QPainter& painter) {
     FillGradient(painter, QRectF(0, horizon, sheetWidth, sheetHeight - horizon),
                  QColor(0xEA, 0xD3, 0x8E), QColor(0xC2, 0x97, 0x42));
-    // Rows of the field run together towards the horizon.
+    // The rows converge towards the horizon.
     for (int row = -16; row <= 16; ++row) {
         QPainterPath furrow(QPointF(700 + row * 34, horizon));
         furrow.quadTo(700 + row * 70, 760, 700 + row * 170, sheetHeight);
@@ -141,7 +141,7 @@ void PaintScenery(QPainter& painter, const QRectF& area) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    // The mill and the weighbridge stand right of the middle: what does not fit goes on the left.
+    // The mill and the weighbridge are right of the middle, so the left side is cut off.
     painter.translate(area.right() - sheetWidth * scale, area.bottom() - sheetHeight * scale);
     painter.scale(scale, scale);
     PaintSky(painter);

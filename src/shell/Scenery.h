@@ -5,8 +5,8 @@ class QRectF;
 
 namespace Quillane {
 
-/// Paints the start screen's picture: the mill behind its wheat on a clear morning, and a loaded
-/// truck on the weighbridge.
+/// Paints the picture of the start screen: a flour mill, its wheat field and a loaded truck on the
+/// weighbridge.
 void PaintScenery(QPainter& painter, const QRectF& area);
 
 } // namespace Quillane

@@ -42,12 +42,12 @@ void OpenCon(const std::string& configText) {
     if (Con->State() == adStateOpen)
         Con->Close();
     Con->ConnectionTimeout = connectionTimeoutSeconds;
-    Con->Open(ConnectionString(SystemInfo::OsName(), TheStation().StationRole, configText), "", "",
-              -1);
+    Con->Open(StationConnectionString(SystemInfo::OsName(), TheStation().StationRole, configText),
+              "", "", -1);
     Con->CursorLocation = adUseClient;
 }
 
-void UpgradeWhereVersionsDiffer() {
+void UpgradeIfVersionsDiffer() {
     DatabaseSetup->SetConnection(*Con);
     const double databaseVersion = DatabaseSetup->DatabaseVersion();
     const double programVersion = DatabaseSetup->ProgramVersion();
@@ -55,8 +55,8 @@ void UpgradeWhereVersionsDiffer() {
         DatabaseSetup->UpgradeDatabase();
 }
 
-// A station that was never told a company's name must not blank the one that the database has.
-void TakeStoredNameWhereNoneIsGiven() {
+// A station without a configured company name must not erase the name in the database.
+void UseStoredNameIfNoneIsConfigured() {
     std::string& first = TheStation().CompanyNames[1];
     if (!first.empty())
         return;
@@ -67,35 +67,35 @@ void TakeStoredNameWhereNoneIsGiven() {
 }
 
 void WriteCompanyName() {
-    TakeStoredNameWhereNoneIsGiven();
+    UseStoredNameIfNoneIsConfigured();
     const std::int16_t companyNo = CompanyNumber(Con->DefaultDatabase());
     Con->Execute("Update Project_Registry set value ='" + GetCompanyName(companyNo) +
                      "' Where registrykey ='CompanyName'",
                  -1);
 }
 
-EmbeddedSupport SupportOfProgram() {
+EmbeddedSupport EmbeddedSupportOfProgram() {
     EmbeddedSupport support = StationSupport(StationFolder());
     support.waitForLock = WaitForLock;
     support.afterChange = WriteBackWhenIdle;
     return support;
 }
 
-// The last station to close it brings its journal into the file. A server's connection is left to
-// the end of the process: a server that does not answer must not hold it up.
+// SQLite writes the journal back when the last session closes the database. The connection to a
+// server is not closed here: a server that does not respond must not delay the end of the process.
 void CloseEmbeddedDatabase() {
     if (Con && Con->State() == adStateOpen && !Con->DatabaseFile().empty())
         Con->Close();
 }
 
-/// All up to the sign-in. False where there is no database and none was made.
+/// Does everything before the sign-in. False if there is no database and the set-up made none.
 bool PrepareSession() {
     const StartOfStation start;
     const std::string configFile = StationFolder() + "/Config.ini";
     if (!FileExists(configFile) && !MakeDatabase())
         return false;
     OpenCon(ReadFirstField(configFile));
-    UpgradeWhereVersionsDiffer();
+    UpgradeIfVersionsDiffer();
     UserLogin->SetConnection(*Con);
     UserLogin->About = ShowAbout;
     CompanyProfile->SetConnection(*Con);
@@ -108,7 +108,7 @@ bool PrepareSession() {
 
 void Main() {
     Con = std::make_unique<Connection>();
-    Con->SetEmbeddedSupport(SupportOfProgram());
+    Con->SetEmbeddedSupport(EmbeddedSupportOfProgram());
     SetLastAct(CloseEmbeddedDatabase);
     if (!PrepareSession()) {
         EndProcess(1);
@@ -129,9 +129,9 @@ std::int16_t CompanyNumber(std::string_view databaseName) {
     try {
         return ToInteger(eighth);
     } catch (const Failure& failure) {
-        throw Failure(failure.Number(), failure.Description() +
-                                            ": the eighth character of the database name \"" +
-                                            std::string(databaseName) + "\" is no company number.");
+        throw Failure(failure.Number(),
+                      failure.Description() + ": the eighth character of the database name \"" +
+                          std::string(databaseName) + "\" is not a company number.");
     }
 }
 

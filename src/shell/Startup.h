@@ -8,17 +8,17 @@
 
 namespace Quillane {
 
-/// The entry procedure, run once before any screen exists: finds the database through `Config.ini`
-/// in the station's folder, opens `Con`, has the schema brought up to date, writes the company's
-/// name, signs the user in and shows the start screen. It has no trap: a failure ends the process
-/// through the runtime's box. Nobody signing in ends the process without a message.
+/// The entry procedure. It reads `Config.ini` in the station folder, opens `Con`, upgrades the
+/// schema, writes the company name, signs the user in and shows the start screen. It has no error
+/// trap: a failure shows the error box of the runtime and ends the process. If nobody signs in, the
+/// process ends without a message. Requires: the station folder is set, and no screen exists yet.
 void Main();
 
-/// The company's number: the eighth character of the database's name. Fails (13) where that is no
-/// digit.
+/// Returns the company number, the eighth character of the database name: 1 for Account1. Errors:
+/// type mismatch (13) if it is not a digit.
 std::int16_t CompanyNumber(std::string_view databaseName);
 
-/// Releases the service objects in their order: the last act before the process ends.
+/// Releases the service objects, in a fixed order, before the process ends.
 void ReleaseServices();
 
 } // namespace Quillane

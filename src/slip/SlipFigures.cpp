@@ -1,7 +1,7 @@
 #include "slip/SlipFigures.h"
 
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "slip/SlipRounding.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "slip/SlipFilling.h"
 
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "slip/SlipDesign.h"
 
 namespace Quillane {

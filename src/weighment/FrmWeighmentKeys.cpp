@@ -1,10 +1,10 @@
+#include "platform/runtime/Text.h"
 #include "weighment/FrmWeighment.h"
 
 #include "data/modCommon.h"
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/KeyCodes.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
 #include "search/SchParty.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+#include "platform/runtime/Text.h"
 #include "weighment/FrmWeighment.h"
 
 #include "data/CompanyProfile.h"

@@ -40,12 +40,12 @@ protected:
     std::string criteria;
 };
 
-TEST_F(DependentTable, OfATableThatNothingRefersToIsNoneAndNothingIsProbed) {
+TEST_F(DependentTable, NoForeignKeyMeansNoTableAndNoQuery) {
     EXPECT_EQ(Find("Bills", "LoadID=12"), "");
     EXPECT_EQ(database.statements, Statements{KeysOf("Bills")});
 }
 
-TEST_F(DependentTable, IsProbedInTheOrderOfTheKeysUntilOneHolds) {
+TEST_F(DependentTable, TablesAreSearchedInOrderUntilARowIsFound) {
     EXPECT_EQ(Find("Loads", "LoadID=12"), "");
     EXPECT_EQ(database.statements,
               (Statements{KeysOf("Loads"), "Select TOP 1 * From Bills Where LoadID=12",
@@ -58,24 +58,24 @@ TEST_F(DependentTable, IsProbedInTheOrderOfTheKeysUntilOneHolds) {
               (Statements{KeysOf("Loads"), "Select TOP 1 * From Bills Where LoadID=12"}));
 }
 
-TEST_F(DependentTable, IsNotOneThatHoldsARowOfAnotherRecord) {
+TEST_F(DependentTable, RowOfAnotherRecordDoesNotCount) {
     database.Run("Insert Into Bills (LoadID) Values (13)");
     database.Run("Insert Into Checks (CheckedLoad) Values (12)");
     EXPECT_EQ(Find("Loads", "LoadID=12"), "Checks");
 }
 
-TEST_F(DependentTable, TakesTheBlanksOutOfTheCallersCriteria) {
+TEST_F(DependentTable, BlanksAreRemovedFromTheCallersCriteria) {
     Find("Loads", " LoadID = 12 ", "Checks");
     EXPECT_EQ(criteria, "LoadID=12");
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Bills Where LoadID=12");
 }
 
-TEST_F(DependentTable, IsProbedByItsOwnColumnWhereTheNamesDiffer) {
+TEST_F(DependentTable, ForeignColumnNameReplacesTheKeyName) {
     Find("Loads", "LoadID=12", "Bills");
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Checks Where CheckedLoad=12");
 }
 
-TEST_F(DependentTable, IsProbedByTheGivenColumnWhereTheKeyDiffersInCaseOnly) {
+TEST_F(DependentTable, KeyNameInAnotherCaseIsNotReplaced) {
     boxes.Expect(Critical(EngineWords("no such column: LOADID"), "Database"));
     EXPECT_EQ(Find("Loads", "LOADID=12"), "");
     EXPECT_EQ(database.statements,
@@ -83,7 +83,7 @@ TEST_F(DependentTable, IsProbedByTheGivenColumnWhereTheKeyDiffersInCaseOnly) {
                           "Select TOP 1 * From Checks Where LOADID=12"}));
 }
 
-TEST_F(DependentTable, FailsOpen) {
+TEST_F(DependentTable, FailureGivesNoTable) {
     database.Run("Insert Into Checks (CheckedLoad) Values (12)");
     boxes.Expect(Critical(EngineWords("no such column: Weight"), "Database"));
     // The probe of Bills fails, so nobody looks at Checks.
@@ -91,7 +91,7 @@ TEST_F(DependentTable, FailsOpen) {
     EXPECT_EQ(database.statements.size(), 2U);
 }
 
-TEST_F(DependentTable, LeavesTheQuotesToTheCaller) {
+TEST_F(DependentTable, QuotesInTheCriteriaAreNotChanged) {
     Find("Loads", "LoadID='12'", "Checks");
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Bills Where LoadID='12'");
     boxes.Expect(Critical(EngineWords("no such column: twelve"), "Database"));
@@ -109,7 +109,7 @@ struct Exclusion {
 
 class Exclusions : public DependentTable, public testing::WithParamInterface<Exclusion> {};
 
-TEST_P(Exclusions, LeaveOutTheTablesThatTheyNameExactly) {
+TEST_P(Exclusions, ExactTableNamesAreExcluded) {
     Find("Loads", "LoadID=12", GetParam().names);
     std::vector<std::string> probed;
     for (const std::string& statement : database.statements)
@@ -128,14 +128,14 @@ INSTANTIATE_TEST_SUITE_P(
                     Exclusion{"Bills, Checks", {"Checks"}}, Exclusion{"Bills,", {"Checks"}},
                     Exclusion{"Loads", {"Bills", "Checks"}}));
 
-TEST_F(DependentTable, OfAllThatReferToItExcludedIsNoneAndNothingIsProbed) {
+TEST_F(DependentTable, AllTablesExcludedMeansNoTableAndNoQuery) {
     EXPECT_EQ(Find("Loads", "LoadID=12", "Bills,Checks"), "");
     EXPECT_EQ(database.statements, Statements{KeysOf("Loads")});
 }
 
 // ---- keys of several columns, and the one table by name ----
 
-TEST_F(DependentTable, WithAKeyOfTwoColumnsIsProbedOncePerColumnByTheLastThatFits) {
+TEST_F(DependentTable, KeyOfTwoColumnsIsSearchedByTheLastMatchingColumn) {
     database.Run("Create Table Trips (Truck Integer, Day Integer, Primary Key (Truck, Day))");
     database.Run("Create Table Tolls (TollTruck Integer, TollDay Integer, "
                  "Foreign Key (TollTruck, TollDay) References Trips (Truck, Day))");
@@ -150,7 +150,7 @@ TEST_F(DependentTable, WithAKeyOfTwoColumnsIsProbedOncePerColumnByTheLastThatFit
                           "Select TOP 1 * From Tolls Where TollDay=2"}));
 }
 
-TEST_F(DependentTable, CalledSaleRecoveryBodyGoesByAKeyNameOfItsOwn) {
+TEST_F(DependentTable, SaleRecoveryBodyHasAnotherKeyName) {
     SKIP_ON_SQL_SERVER("its catalogue may spell the table in another case");
     // Keys that the database does not name leave the criteria as given, and one name is mended.
     database.Run("Create Table Deals (Dealid Integer Primary Key)");
@@ -165,7 +165,7 @@ TEST_F(DependentTable, CalledSaleRecoveryBodyGoesByAKeyNameOfItsOwn) {
 
 // ---- the station's own schema ----
 
-TEST_F(DependentTable, OfAnArrivalIsFoundByTheSchemasOwnKeys) {
+TEST_F(DependentTable, ArrivalIsFoundByTheForeignKeysOfTheSchema) {
     EXPECT_EQ(Find("Arrivals", "ArrivalID=12", "ArrivalsBody"), "");
     EXPECT_EQ(database.statements,
               (Statements{KeysOf("Arrivals"),
@@ -178,7 +178,7 @@ TEST_F(DependentTable, OfAnArrivalIsFoundByTheSchemasOwnKeys) {
     EXPECT_EQ(Find("Arrivals", "ArrivalID=13", "ArrivalsBody"), "LaboratoryReports");
 }
 
-TEST_F(DependentTable, IsFoundInsideTheCallersTransaction) {
+TEST_F(DependentTable, IsFoundInsideTheTransactionOfTheCaller) {
     Con->BeginTrans();
     database.Run("Insert Into PurchaseBody (PurchaseId, ArrivalId) Values (1, 12)");
     EXPECT_EQ(Find("Arrivals", "ArrivalID=12", "ArrivalsBody"), "PurchaseBody");

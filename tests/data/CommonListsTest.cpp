@@ -43,7 +43,7 @@ protected:
     }
 };
 
-TEST_F(PickLists, GetTheStandardSetUp) {
+TEST_F(PickLists, FormatPickListsSetsTheStandardLayout) {
     FormatPickLists(screen);
     for (const TDBCombo* list : {&screen.CboFirst, &screen.CboSecond}) {
         EXPECT_FALSE(list->Layout.ColumnHeaders);
@@ -73,7 +73,7 @@ public:
     TextBox TxtName{*this, "TxtName"};
 };
 
-TEST_F(PickLists, ThatAScreenDoesNotHaveAreNotMissed) {
+TEST_F(PickLists, ScreenWithoutListsIsAccepted) {
     BareScreen bare;
     bare.TxtName.SetText("kept");
     FormatPickLists(bare);
@@ -81,7 +81,7 @@ TEST_F(PickLists, ThatAScreenDoesNotHaveAreNotMissed) {
     EXPECT_EQ(bare.TxtName.BackColor(), White);
 }
 
-TEST_F(PickLists, AreFilledFromAStatementWhateverTheSpellingOfItsAliases) {
+TEST_F(PickLists, AliasesAreNotCaseSensitive) {
     for (const char* statement : {"select BagsClassId as ID, BagsClass as Name from BagsClasses",
                                   "select BagsClassId as id, BagsClass as name from BagsClasses",
                                   "select BagsClass As NAME, BagsClassId as Id from BagsClasses"}) {
@@ -90,7 +90,7 @@ TEST_F(PickLists, AreFilledFromAStatementWhateverTheSpellingOfItsAliases) {
     }
 }
 
-TEST_F(PickLists, LoseTheirTextAndCurrentRowWhenTheyAreFilled) {
+TEST_F(PickLists, FillingClearsTextAndCurrentRow) {
     FillBefore();
     FillPickList(rows, array, "select 7 as ID, 'Earlier' as Name", screen.CboFirst);
     EXPECT_EQ(screen.CboFirst.Text(), "");
@@ -99,14 +99,14 @@ TEST_F(PickLists, LoseTheirTextAndCurrentRowWhenTheyAreFilled) {
     EXPECT_EQ(screen.CboFirst.Array(), array);
 }
 
-TEST_F(PickLists, LeaveTheirRecordsetClosedAndTakeAnOpenOne) {
+TEST_F(PickLists, OpenRecordsetIsAcceptedAndClosedAfterwards) {
     rows.Open("select 1", *Con);
     FillPickList(rows, array, "select 7 as ID, 'Seven' as Name", screen.CboFirst);
     EXPECT_EQ(rows.State(), adStateClosed);
     EXPECT_EQ(Filled(), (NamesAndIds{{"Seven", "7"}}));
 }
 
-TEST_F(PickLists, OfAStatementWithoutRowsAreEmptyWithoutAnError) {
+TEST_F(PickLists, NoRowsGiveAnEmptyListWithoutAnError) {
     FillBefore();
     FillPickList(rows, array, "select 1 as ID, 'x' as Name where 1 = 0", screen.CboFirst);
     EXPECT_EQ(Filled(), NamesAndIds{});
@@ -114,7 +114,7 @@ TEST_F(PickLists, OfAStatementWithoutRowsAreEmptyWithoutAnError) {
     EXPECT_EQ(screen.CboFirst.Text(), "");
 }
 
-TEST_F(PickLists, WhoseStatementFailsAreLeftClearedWithABox) {
+TEST_F(PickLists, FailedStatementLeavesAnEmptyListAndShowsABox) {
     FillBefore();
     boxes.Expect(Critical(EngineWords("no such table: Nowhere"), "Database"));
     FillPickList(rows, array, "select ID, Name from Nowhere", screen.CboFirst);
@@ -122,7 +122,7 @@ TEST_F(PickLists, WhoseStatementFailsAreLeftClearedWithABox) {
     EXPECT_EQ(array->RowCount(), 0);
 }
 
-TEST_F(PickLists, WithANullAreLeftPartlyWrittenAndUnbound) {
+TEST_F(PickLists, NullLeavesTheListPartlyFilledAndUnbound) {
     boxes.Expect(Critical("Invalid use of Null", "Quillane"));
     FillPickList(rows, array, "select 1 as ID, 'First' as Name union all select Null, 'Second'",
                  screen.CboFirst);
@@ -139,7 +139,7 @@ const std::string partiesFrom =
     "FROM ChartOfAccounts INNER JOIN Parties ON ChartOfAccounts.AccountNo = Parties.PartyId LEFT "
     "OUTER JOIN Cities ON Parties.CityId = Cities.CityId ";
 
-TEST_F(PickLists, OfRolesCarryStatementsAndRunNone) {
+TEST_F(PickLists, SellerTypesHoldStatementsAndRunNone) {
     FillSellerTypes(nullptr, screen.CboFirst);
     EXPECT_EQ(Filled(),
               (NamesAndIds{{"ALL", partiesFrom + " ORDER BY ChartOfAccounts.AccountName"},
@@ -155,13 +155,13 @@ TEST_F(PickLists, OfRolesCarryStatementsAndRunNone) {
     EXPECT_TRUE(database.statements.empty());
 }
 
-TEST_F(PickLists, OfRolesTakeTheArrayThatIsGiven) {
+TEST_F(PickLists, SellerTypesUseTheGivenArray) {
     FillSellerTypes(array, screen.CboFirst);
     EXPECT_EQ(screen.CboFirst.Array(), array);
     EXPECT_EQ(array->RowCount(), 4);
 }
 
-TEST_F(PickLists, OfARoleHoldItsPartiesOrderedByTheAccountsName) {
+TEST_F(PickLists, SellersOfATypeAreOrderedByAccountName) {
     const auto roles = std::make_shared<RowArray>();
     FillSellerTypes(roles, screen.CboSecond);
     const auto partiesOf = [&](int role) {
@@ -190,7 +190,7 @@ struct CommodityCase {
 
 class Commodities : public PickLists, public testing::WithParamInterface<CommodityCase> {};
 
-TEST_P(Commodities, FollowTheirFlags) {
+TEST_P(Commodities, AreSelectedByTheirFlags) {
     const auto& [isPurchaseable, isSaleable, isWheat, statement, expected] = GetParam();
     FillCommodities(nullptr, nullptr, screen.CboFirst, isPurchaseable, isSaleable, isWheat);
     EXPECT_EQ(database.statements, std::vector<std::string>{statement});
@@ -236,14 +236,14 @@ INSTANTIATE_TEST_SUITE_P(
                       {{"Flour", "2"}}},
         CommodityCase{true, true, true, commodities, everyCommodity}));
 
-TEST_F(PickLists, OfCommoditiesTakeTheRecordsetAndTheArrayThatAreGiven) {
+TEST_F(PickLists, CommoditiesUseTheGivenRecordsetAndArray) {
     rows.Open("select 1", *Con);
     FillCommodities(&rows, array, screen.CboFirst, true, false, true);
     EXPECT_EQ(screen.CboFirst.Array(), array);
     EXPECT_EQ(rows.State(), adStateClosed);
 }
 
-TEST_F(PickLists, OfBagClassesAskForNoOrder) {
+TEST_F(PickLists, BagClassesHaveNoOrder) {
     FillBagClasses(rows, array, screen.CboFirst);
     EXPECT_EQ(
         database.statements,
@@ -251,7 +251,7 @@ TEST_F(PickLists, OfBagClassesAskForNoOrder) {
     EXPECT_EQ(FilledSorted(), (NamesAndIds{{"New", "1"}, {"Old", "2"}}));
 }
 
-TEST_F(PickLists, OfBagTypesAreOrderedByName) {
+TEST_F(PickLists, BagTypesAreOrderedByName) {
     FillBagTypes(rows, array, screen.CboFirst);
     EXPECT_EQ(database.statements,
               std::vector<std::string>{
@@ -259,7 +259,7 @@ TEST_F(PickLists, OfBagTypesAreOrderedByName) {
     EXPECT_EQ(Filled(), (NamesAndIds{{"Jute", "2"}, {"Plastic", "1"}}));
 }
 
-TEST_F(PickLists, ThatCannotBeReadEachShowTheirOwnBox) {
+TEST_F(PickLists, EachUnreadableListShowsItsBox) {
     for (const char* table : {"Commodities", "BagsClasses", "BagsTypes"})
         database.Rename(table, std::string("Gone") + table);
     for (const char* table : {"commodities", "bagsclasses", "bagstypes"})
@@ -271,7 +271,7 @@ TEST_F(PickLists, ThatCannotBeReadEachShowTheirOwnBox) {
 
 // ---- id of a name ----
 
-TEST_F(PickLists, GiveTheIdOfTheFirstRowWithExactlyThatName) {
+TEST_F(PickLists, GetIdOfNameFindsTheFirstExactMatch) {
     FillPickList(rows, array,
                  "select 1 as ID, 'Jute' as Name union all select 2, 'Plastic' "
                  "union all select 3, 'Plastic'",
@@ -283,7 +283,7 @@ TEST_F(PickLists, GiveTheIdOfTheFirstRowWithExactlyThatName) {
 }
 
 // The list shows and gives back the name whole.
-TEST_F(PickLists, GiveTheIdOfANameThatBeginsWithAByteOrderMark) {
+TEST_F(PickLists, NameMayBeginWithAByteOrderMark) {
     const std::string name = "\xEF\xBB\xBFJute";
     FillPickList(rows, array, "select 1 as ID, '" + name + "' as Name union all select 2, 'Jute'",
                  screen.CboFirst);
@@ -294,7 +294,7 @@ TEST_F(PickLists, GiveTheIdOfANameThatBeginsWithAByteOrderMark) {
     EXPECT_EQ(GetIdOfName(screen.CboFirst, screen.CboFirst.Text()), "1");
 }
 
-TEST_F(PickLists, GiveZeroForANameThatTheyDoNotHold) {
+TEST_F(PickLists, UnknownNameGivesZero) {
     FillBagTypes(rows, array, screen.CboFirst);
     for (const char* name : {"", "jute", "Jut", "Jute "}) {
         EXPECT_EQ(GetIdOfName(screen.CboFirst, name), "0") << name;
@@ -302,7 +302,7 @@ TEST_F(PickLists, GiveZeroForANameThatTheyDoNotHold) {
     }
 }
 
-TEST_F(PickLists, WithoutAnIdColumnGiveNoIdAndABox) {
+TEST_F(PickLists, MissingIdColumnGivesNoIdAndShowsABox) {
     array->ReDim(0, 0);
     array->Set(0, 0, "Jute");
     screen.CboFirst.SetArray(array);
@@ -321,7 +321,7 @@ double SumOf(const std::vector<std::string>& cells) {
     return SumColumn(2, array).ToDouble();
 }
 
-TEST_F(PickLists, SumAColumnByTheLeadingNumbersOfItsCells) {
+TEST_F(PickLists, SumColumnAddsTheLeadingNumbersOfTheCells) {
     EXPECT_EQ(SumOf({}), 0);
     EXPECT_EQ(SumOf({"100", "", "bags", "20 bags", " 3"}), 123);
     EXPECT_EQ(SumOf({"0.5", "-2"}), -1.5);
@@ -330,7 +330,7 @@ TEST_F(PickLists, SumAColumnByTheLeadingNumbersOfItsCells) {
     EXPECT_EQ(SumOf({"0.00006", "0.00006"}), 0.0002);
 }
 
-TEST_F(PickLists, SumToZeroWithABoxAfterAFailure) {
+TEST_F(PickLists, SumColumnGivesZeroAndShowsABoxAfterAFailure) {
     for (int failures = 0; failures < 2; ++failures)
         boxes.Expect(Critical(failures == 0 ? "Overflow" : "Subscript out of range", "Quillane"));
     EXPECT_EQ(SumOf({"1", "1e30"}), 0);

@@ -7,8 +7,9 @@
 #include <gtest/gtest.h>
 
 namespace Quillane {
+namespace {
 
-TEST(MoundKgsText, GivesWholeMoundsAndTheRest) {
+TEST(MoundKgsText, HasWholeMoundsAndTheRest) {
     struct Case {
         double weight, kgsPerMound;
         const char* text;
@@ -25,11 +26,11 @@ TEST(MoundKgsText, GivesWholeMoundsAndTheRest) {
             << each.weight << " by " << each.kgsPerMound;
 }
 
-TEST(MoundKgsText, FailsWhereAMoundHasNoKilograms) {
+TEST(MoundKgsText, MoundOfZeroKilogramsFails) {
     EXPECT_THROW(CompanyProfileObject().MoundKgsText(100, 0), Failure);
 }
 
-TEST(CompanyProfile, LoadsTheParticulars) {
+TEST(CompanyProfile, LoadReadsAllTexts) {
     SampleDatabase database;
     CompanyProfileObject profile;
     profile.SetConnection(database.connection);
@@ -40,7 +41,7 @@ TEST(CompanyProfile, LoadsTheParticulars) {
     EXPECT_EQ(profile.CompanyEmail(), "gate@veltrane.example");
 }
 
-TEST(CompanyProfile, LeavesEmptyWhatIsMissingOrNull) {
+TEST(CompanyProfile, MissingOrNullTextIsEmpty) {
     SampleDatabase database;
     CompanyProfileObject profile;
     profile.SetConnection(database.connection);
@@ -54,8 +55,9 @@ TEST(CompanyProfile, LeavesEmptyWhatIsMissingOrNull) {
     EXPECT_EQ(profile.CompanyAddress(), "14 Canal Road, Okara");
 }
 
-TEST(CompanyProfile, FailsWithoutAConnection) {
+TEST(CompanyProfile, LoadWithoutAConnectionFails) {
     EXPECT_THROW(CompanyProfileObject().Load(), Failure);
 }
 
+} // namespace
 } // namespace Quillane

@@ -8,8 +8,9 @@
 #include <sqlite3.h>
 
 namespace Quillane {
+namespace {
 
-TEST(EmbeddedFunctions, GiveDisplayNames) {
+TEST(EmbeddedFunctions, ReturnDisplayNames) {
     struct Case {
         const char* expression;
         const char* name; ///< null: Null
@@ -36,7 +37,7 @@ TEST(EmbeddedFunctions, GiveDisplayNames) {
     }
 }
 
-TEST(EmbeddedFunctions, FollowAChangedName) {
+TEST(EmbeddedFunctions, ChangedNameIsReturned) {
     SampleDatabase database;
     EXPECT_EQ(database.Ask("Select dbo.FunGetCommodity(1)").Text(), "Wheat");
     database.connection.Execute("Update Commodities Set CommodityName = 'Corn' Where "
@@ -64,7 +65,7 @@ constexpr const char* NameOf4 =
 constexpr const char* NameOf19 =
     "Select dbo.FunGetPartyName(PartyId) From Parties Where PartyId = '6010019'";
 
-TEST(EmbeddedFunctions, FollowNamesThatAnotherStationChanges) {
+TEST(EmbeddedFunctions, NameChangedByAnotherStationIsReturned) {
     SampleDatabase database;
     OtherStation other(database);
     ASSERT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
@@ -86,7 +87,7 @@ TEST(EmbeddedFunctions, FollowNamesThatAnotherStationChanges) {
     }
 }
 
-TEST(EmbeddedFunctions, FollowAPartyThatAnotherStationAddsAndRemoves) {
+TEST(EmbeddedFunctions, PartyAddedAndRemovedByAnotherStationIsSeen) {
     SampleDatabase database;
     OtherStation other(database);
     constexpr const char* ask =
@@ -98,7 +99,7 @@ TEST(EmbeddedFunctions, FollowAPartyThatAnotherStationAddsAndRemoves) {
     EXPECT_TRUE(database.Ask(ask).IsNull());
 }
 
-TEST(EmbeddedFunctions, FollowTablesThatAnotherStationAlters) {
+TEST(EmbeddedFunctions, TableAlteredByAnotherStationIsSeen) {
     SampleDatabase database;
     OtherStation other(database);
     ASSERT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Lahore");
@@ -111,7 +112,7 @@ TEST(EmbeddedFunctions, FollowTablesThatAnotherStationAlters) {
     EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor Brothers-Kasur");
 }
 
-TEST(EmbeddedFunctions, SeeTheChangesOfAnOpenTransactionAndTheirRollback) {
+TEST(EmbeddedFunctions, OpenTransactionAndItsRollbackAreSeen) {
     SampleDatabase database;
     constexpr const char* rename =
         "Update ChartOfAccounts Set AccountName = 'Noor & Co' Where AccountNo = '6010004'";
@@ -128,7 +129,7 @@ TEST(EmbeddedFunctions, SeeTheChangesOfAnOpenTransactionAndTheirRollback) {
     EXPECT_EQ(database.Ask(NameOf4).Text(), "Noor & Co-Lahore");
 }
 
-TEST(EmbeddedFunctions, ForgetNothingThatARefusedStatementTookBack) {
+TEST(EmbeddedFunctions, RefusedStatementLeavesNoStaleName) {
     SampleDatabase database;
     ASSERT_EQ(database.Ask(NameOf19).Text(), "Noor Brothers-Sahiwal");
     // The rows come in the order of their numbers: the first is renamed, the second refused.
@@ -177,7 +178,7 @@ constexpr const char* Name4 =
 constexpr const char* Rename = "UPDATE ChartOfAccounts SET AccountName = 'Noor & Co'";
 
 // Names are kept while the transaction only reads, and none of what it writes and takes back.
-TEST(EmbeddedFunctions, ForgetWhatATransactionThatBeganByReadingTakesBack) {
+TEST(EmbeddedFunctions, RollbackOfATransactionThatBeganAsAReadIsSeen) {
     SampleDatabase database;
     BareSession session(database);
     session.Run("BEGIN");
@@ -189,7 +190,7 @@ TEST(EmbeddedFunctions, ForgetWhatATransactionThatBeganByReadingTakesBack) {
     EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
 }
 
-TEST(EmbeddedFunctions, ForgetWhatIsTakenBackToASavepoint) {
+TEST(EmbeddedFunctions, RollbackToASavepointIsSeen) {
     SampleDatabase database;
     BareSession session(database);
     EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
@@ -204,7 +205,7 @@ TEST(EmbeddedFunctions, ForgetWhatIsTakenBackToASavepoint) {
 }
 
 // A transaction that reads keeps to its one state of the database, however often others commit.
-TEST(EmbeddedFunctions, StayWithTheStateThatATransactionReads) {
+TEST(EmbeddedFunctions, ReadTransactionSeesOneState) {
     SampleDatabase database;
     OtherStation other(database);
     BareSession session(database);
@@ -226,7 +227,7 @@ std::string StepFor(sqlite3_stmt* statement) {
     return reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
 }
 
-TEST(EmbeddedFunctions, KeepTheNamesOfOneReadingToItsEnd) {
+TEST(EmbeddedFunctions, OpenStatementSeesOneState) {
     SampleDatabase database;
     OtherStation other(database);
     BareSession session(database);
@@ -246,7 +247,7 @@ TEST(EmbeddedFunctions, KeepTheNamesOfOneReadingToItsEnd) {
 }
 
 // One's own change shows at once, also in what is being read; the engine reads on in the new state.
-TEST(EmbeddedFunctions, ShowAChangeThatTheirSessionMakesWhileItReads) {
+TEST(EmbeddedFunctions, ChangeByTheSameSessionIsSeenWhileAStatementIsOpen) {
     SampleDatabase database;
     BareSession session(database);
     EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Lahore");
@@ -263,7 +264,7 @@ TEST(EmbeddedFunctions, ShowAChangeThatTheirSessionMakesWhileItReads) {
     EXPECT_EQ(session.Ask(Name4), "Noor & Co-Lahore");
 }
 
-TEST(EmbeddedFunctions, LetTheirSessionClose) {
+TEST(EmbeddedFunctions, SessionCloses) {
     SampleDatabase database;
     sqlite3* session = nullptr;
     ASSERT_EQ(sqlite3_open(database.folder.File("Account1.db").c_str(), &session), SQLITE_OK);
@@ -275,7 +276,7 @@ TEST(EmbeddedFunctions, LetTheirSessionClose) {
     EXPECT_EQ(sqlite3_close(session), SQLITE_OK);
 }
 
-TEST(EmbeddedFunctions, SayWhatIsMissing) {
+TEST(EmbeddedFunctions, MissingTableIsNamed) {
     sqlite3* session = nullptr;
     ASSERT_EQ(sqlite3_open(":memory:", &session), SQLITE_OK);
     RegisterEmbeddedFunctions(session);
@@ -285,4 +286,5 @@ TEST(EmbeddedFunctions, SayWhatIsMissing) {
     EXPECT_EQ(sqlite3_close(session), SQLITE_OK);
 }
 
+} // namespace
 } // namespace Quillane

@@ -24,15 +24,13 @@ std::vector<std::string> PlanOf(SampleDatabase& database, const std::string& sta
     return plan;
 }
 
-} // namespace
-
-TEST(EmbeddedStatements, EveryQueryRunsAndFindsItsRows) {
+TEST(EmbeddedStatements, EveryQueryReturnsRows) {
     SampleDatabase database;
     for (const SystemQuery& query : SystemQueries())
         EXPECT_EQ(database.connection.Execute(query.text).RecordCount(), query.rows) << query.text;
 }
 
-TEST(EmbeddedStatements, EveryWriteHitsItsRow) {
+TEST(EmbeddedStatements, EveryWriteChangesItsRow) {
     SampleDatabase database;
     struct Write {
         const char* statement;
@@ -57,7 +55,7 @@ TEST(EmbeddedStatements, EveryWriteHitsItsRow) {
     }
 }
 
-TEST(EmbeddedStatements, ReadNoArrivalBeyondThoseAskedFor) {
+TEST(EmbeddedStatements, OnlyTheRequestedArrivalsAreRead) {
     SampleDatabase database;
     const std::vector<std::string> lookUps{
         "Select Count(*) From Arrivals Where ArrivalID = 1034",
@@ -86,4 +84,5 @@ TEST(EmbeddedStatements, ReadNoArrivalBeyondThoseAskedFor) {
                     << step;
 }
 
+} // namespace
 } // namespace Quillane

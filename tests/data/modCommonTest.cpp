@@ -29,19 +29,19 @@ void Trap(const Thrown& thrown) {
     }
 }
 
-TEST(ShowError, ShowsTheDescriptionUnderTheSource) {
+TEST(ShowError, TextIsTheDescriptionAndTitleTheSource) {
     BoxAnswers boxes;
     boxes.Expect(Critical("Incorrect syntax near 's'.", "Database"));
     Trap(Failure(FailureNumber::Database, "Incorrect syntax near 's'.", FailureSource::Database));
 }
 
-TEST(ShowError, ShowsAnEmptyTitleForAnEmptySource) {
+TEST(ShowError, EmptySourceGivesAnEmptyTitle) {
     BoxAnswers boxes;
     boxes.Expect(Critical("Something went wrong.", ""));
     Trap(Failure(1, "Something went wrong.", ""));
 }
 
-TEST(ShowError, KnowsWhatTheLanguageItselfThrows) {
+TEST(ShowError, StandardExceptionsAreShown) {
     BoxAnswers boxes;
     boxes.Expect(Critical("Out of memory", "Quillane"));
     boxes.Expect(Critical("a broken rule", "Quillane"));
@@ -49,7 +49,7 @@ TEST(ShowError, KnowsWhatTheLanguageItselfThrows) {
     Trap(std::runtime_error("a broken rule"));
 }
 
-TEST(ShowError, LetsTheEndOfAScreenPass) {
+TEST(ShowError, EndOfAScreenIsNotCaught) {
     const BoxAnswers boxes;
     EXPECT_THROW(Trap(ScreenGone()), ScreenGone);
 }
@@ -67,7 +67,7 @@ struct KeyCase {
 
 class AllowNumericKeyTest : public testing::TestWithParam<KeyCase> {};
 
-TEST_P(AllowNumericKeyTest, SwallowsWhatIsNoNumber) {
+TEST_P(AllowNumericKeyTest, OtherKeysAreSetToZero) {
     ListScreen screen;
     screen.TxtWeight.SetText(GetParam().text);
     int key = GetParam().key;
@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(OfEveryKind, AllowNumericKeyTest,
                                          KeyCase{27, "", false, 0}, KeyCase{0x0665, "", true, 0},
                                          KeyCase{0, "", true, 0}));
 
-TEST(AllowNumericText, LetsDigitsThroughAndNoTextWithAnythingElse) {
+TEST(AllowNumericText, OnlyDigitsAreAccepted) {
     ListScreen screen;
     for (const char* text : {"", "0", "12540", "0042"})
         EXPECT_TRUE(AllowNumericText(text, screen.TxtWeight)) << text;
@@ -105,7 +105,7 @@ protected:
     ListScreen screen;
 };
 
-TEST_F(MarkActiveTextTest, SelectsAndTintsTheBoxWithTheFocus) {
+TEST_F(MarkActiveTextTest, ActiveBoxIsSelectedAndTinted) {
     screen.TxtWeight.SetText("12540");
     screen.Show();
     ASSERT_EQ(screen.ActiveControl(), &screen.TxtWeight);
@@ -116,7 +116,7 @@ TEST_F(MarkActiveTextTest, SelectsAndTintsTheBoxWithTheFocus) {
     EXPECT_EQ(screen.TxtName.BackColor(), White);
 }
 
-TEST_F(MarkActiveTextTest, LeavesTheTintWhenTheFocusGoesOn) {
+TEST_F(MarkActiveTextTest, TintStaysWhenTheFocusMoves) {
     screen.TxtWeight.GotFocus = [this] { MarkActiveText(screen); };
     screen.TxtName.GotFocus = [this] { MarkActiveText(screen); };
     screen.Show();
@@ -126,13 +126,13 @@ TEST_F(MarkActiveTextTest, LeavesTheTintWhenTheFocusGoesOn) {
     EXPECT_EQ(screen.ActiveControl(), &screen.TxtName);
 }
 
-TEST_F(MarkActiveTextTest, LeavesAScreenThatIsNotSeenAlone) {
+TEST_F(MarkActiveTextTest, HiddenScreenIsNotChanged) {
     screen.Load();
     MarkActiveText(screen);
     EXPECT_EQ(screen.TxtWeight.BackColor(), White);
 }
 
-TEST_F(MarkActiveTextTest, LeavesOtherKindsOfControlsAlone) {
+TEST_F(MarkActiveTextTest, OtherControlsAreNotChanged) {
     screen.CboFirst.SetTabIndex(2);
     screen.Show();
     screen.CboFirst.SetFocus();
@@ -164,35 +164,35 @@ protected:
     BoxAnswers boxes;
 };
 
-TEST_F(CompanyName, GoesByTheNumberInCapitals) {
+TEST_F(CompanyName, IsInCapitalsByItsNumber) {
     EXPECT_EQ(GetCompanyName(2), "BRELLIX");
     EXPECT_EQ(GetCompanyName(9), "MÁLAGA ملز");
     for (const int number : {1, 0, -1, -32768, 10, 32767})
         EXPECT_EQ(GetCompanyName(static_cast<std::int16_t>(number)), "VELTRANE MILLS") << number;
 }
 
-TEST_F(CompanyName, ThatIsEmptyIsTheFirstExactlyAsStored) {
+TEST_F(CompanyName, EmptyNameIsReplacedByTheFirstAsStored) {
     EXPECT_EQ(GetCompanyName(5), "Veltrane Mills");
     TheStation().CompanyNames[1] = "";
     EXPECT_EQ(GetCompanyName(5), "");
     EXPECT_EQ(GetCompanyName(1), "");
 }
 
-TEST_F(CompanyName, IsAskedForOnlyByMinusOne) {
+TEST_F(CompanyName, OnlyMinusOneAsksTheOperator) {
     for (const int ask : {0, 1, -2}) {
         TheStation().AskCompanyName = ask;
         EXPECT_EQ(GetCompanyName(2), "BRELLIX");
     }
 }
 
-TEST_F(CompanyName, FromTheOperatorIsInCapitalsAndBecomesTheFirst) {
+TEST_F(CompanyName, AnswerIsStoredInCapitalsAsTheFirstName) {
     ExpectQuestion("mill of the north");
     EXPECT_EQ(GetCompanyName(2), "MILL OF THE NORTH");
     EXPECT_EQ(TheStation().CompanyNames[1], "MILL OF THE NORTH");
     EXPECT_EQ(TheStation().CompanyNames[2], "Brellix");
 }
 
-TEST_F(CompanyName, StaysWhenTheOperatorLeavesTheQuestionEmpty) {
+TEST_F(CompanyName, EmptyAnswerKeepsTheName) {
     ExpectQuestion("");
     EXPECT_EQ(GetCompanyName(5), "Veltrane Mills");
     EXPECT_EQ(TheStation().CompanyNames[1], "Veltrane Mills");

@@ -3,6 +3,7 @@
 #include "database/SchemaLines.h"
 #include "platform/ado/SqlTokens.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/EmbeddedScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/ScriptBatches.h"

@@ -1,7 +1,7 @@
 #include "database/SchemaLines.h"
 #include "database/SqlServerSite.h"
 
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 namespace Quillane {
 

@@ -5,7 +5,7 @@
 
 #include "data/Common.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/EmbeddedScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "signin/UserLogin.h"

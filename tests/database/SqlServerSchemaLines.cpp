@@ -1,7 +1,7 @@
 #include "database/SchemaLines.h"
 
 #include "platform/ado/SqlTokens.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <map>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "database/SqlServerSite.h"
 
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/SchemaUpgrade.h"
 
 #include <algorithm>

@@ -5,7 +5,7 @@
 #include "data/CompanyProfile.h"
 #include "platform/comm/PseudoTerminal.h"
 #include "platform/runtime/Date.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "scale/FrmPortSettings.h"
 #include "search/SchArrivals.h"
 #include "search/SchParty.h"

@@ -4,7 +4,7 @@
 #include "database/SqlServerSite.h"
 
 #include "data/Common.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/EmbeddedScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "station/SystemStatements.h"

@@ -3,7 +3,7 @@
 
 #include "data/Con.h"
 #include "faults/FaultsFixture.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <chrono>
 #include <functional>

@@ -11,7 +11,7 @@ namespace {
 
 using SchArrivalsKeys = ArrivalSearch;
 
-TEST_F(SchArrivalsKeys, TabGoesFromTheTextsToTheListTheButtonsAndTheDates) {
+TEST_F(SchArrivalsKeys, TabOrderIsTextsListButtonsDates) {
     Open();
     Lines visited{screen->ActiveControlName()};
     for (int press = 0; press < 7; ++press) {
@@ -23,7 +23,7 @@ TEST_F(SchArrivalsKeys, TabGoesFromTheTextsToTheListTheButtonsAndTheDates) {
     EXPECT_EQ(Sent(), Lines{}) << "moving about sends nothing";
 }
 
-TEST_F(SchArrivalsKeys, EnterWalksThroughTheBoxesLikeTab) {
+TEST_F(SchArrivalsKeys, EnterMovesToTheNextBox) {
     Open();
     for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
         for (VisualControl* control : {static_cast<VisualControl*>(&screen->TxtFilterId),
@@ -39,13 +39,13 @@ TEST_F(SchArrivalsKeys, EnterWalksThroughTheBoxesLikeTab) {
     EXPECT_TRUE(screen->IsLoaded()) << "Enter in the name selects nothing";
 }
 
-TEST_F(SchArrivalsKeys, EnterIsTabWithShiftTooButGoesForward) {
+TEST_F(SchArrivalsKeys, ShiftEnterMovesForwardToo) {
     Open();
     Driver().Press(Qt::SHIFT | Qt::Key_Return);
     EXPECT_EQ(screen->ActiveControlName(), "TxtFilter");
 }
 
-TEST_F(SchArrivalsKeys, TheNamesOwnEnterRuleSelectsWhereTheScreenLeavesItTheKey) {
+TEST_F(SchArrivalsKeys, NameBoxSelectsOnEnterIfTheScreenDoesNotConsumeIt) {
     Open();
     int key = Key::Return;
     screen->TxtFilter.KeyDown(key, ShiftState::None);
@@ -53,7 +53,7 @@ TEST_F(SchArrivalsKeys, TheNamesOwnEnterRuleSelectsWhereTheScreenLeavesItTheKey)
     EXPECT_EQ(screen->SelectedArrivalId, 1042);
 }
 
-TEST_F(SchArrivalsKeys, TheGridsOwnRuleSelectsOnEnterWithoutShiftOnly) {
+TEST_F(SchArrivalsKeys, GridHandlerSelectsOnlyOnEnterWithoutShift) {
     Open();
     int key = Key::Return;
     for (const int shift : {ShiftState::Shift, ShiftState::Ctrl, ShiftState::Alt}) {
@@ -65,7 +65,7 @@ TEST_F(SchArrivalsKeys, TheGridsOwnRuleSelectsOnEnterWithoutShiftOnly) {
     EXPECT_EQ(screen->SelectedArrivalId, 1042);
 }
 
-TEST_F(SchArrivalsKeys, EnterInTheListSelectsTheCurrentLineAndNotTheFirst) {
+TEST_F(SchArrivalsKeys, EnterInTheListSelectsTheCurrentLine) {
     Open();
     Driver().Press(Qt::Key_Tab).Press(Qt::Key_Tab).Press(Qt::Key_Down).Press(Qt::Key_Down);
     EXPECT_EQ(screen->ActiveControlName(), "GrdSch");
@@ -74,7 +74,7 @@ TEST_F(SchArrivalsKeys, EnterInTheListSelectsTheCurrentLineAndNotTheFirst) {
     EXPECT_EQ(screen->SelectedArrivalId, 1040);
 }
 
-TEST_F(SchArrivalsKeys, AnyShiftWithEnterInTheListSelectsToo) {
+TEST_F(SchArrivalsKeys, EnterWithModifiersInTheListSelectsToo) {
     for (const auto shift : {Qt::SHIFT, Qt::CTRL}) {
         Open();
         screen->GrdSch.SetFocus();
@@ -84,7 +84,7 @@ TEST_F(SchArrivalsKeys, AnyShiftWithEnterInTheListSelectsToo) {
     }
 }
 
-TEST_F(SchArrivalsKeys, ADoubleClickSelectsTheLineUnderTheMouse) {
+TEST_F(SchArrivalsKeys, DoubleClickSelectsTheLineUnderTheMouse) {
     Open();
     screen->GrdSch.SetFocus();
     Driver().Press(Qt::Key_End);
@@ -110,7 +110,7 @@ TEST_F(SchArrivalsKeys, EnterOnAButtonPressesIt) {
     EXPECT_FALSE(screen->IsLoaded());
 }
 
-TEST_F(SchArrivalsKeys, EscAndCtrlQCloseWithNoughtFromEveryControl) {
+TEST_F(SchArrivalsKeys, EscAndCtrlQCloseWithZeroFromEveryControl) {
     for (const QKeyCombination key :
          {QKeyCombination(Qt::Key_Escape), Qt::SHIFT | Qt::Key_Escape, Qt::CTRL | Qt::Key_Q}) {
         for (const std::string_view name : {"TxtFilterId", "TxtFilter", "GrdSch", "BtnSelect",
@@ -124,7 +124,7 @@ TEST_F(SchArrivalsKeys, EscAndCtrlQCloseWithNoughtFromEveryControl) {
     }
 }
 
-TEST_F(SchArrivalsKeys, QClosesWithCtrlAloneOnly) {
+TEST_F(SchArrivalsKeys, OnlyCtrlWithoutOtherModifiersClosesOnQ) {
     Open();
     screen->GrdSch.SetFocus();
     for (const QKeyCombination key :
@@ -134,14 +134,14 @@ TEST_F(SchArrivalsKeys, QClosesWithCtrlAloneOnly) {
     EXPECT_TRUE(screen->IsLoaded());
 }
 
-TEST_F(SchArrivalsKeys, EscAndCtrlQDoNothingWhileTheCloseButtonIsDisabled) {
+TEST_F(SchArrivalsKeys, EscAndCtrlQDoNothingIfTheCloseButtonIsDisabled) {
     Open();
     screen->BtnClose.SetEnabled(false);
     Driver().Press(Qt::Key_Escape).Press(Qt::CTRL | Qt::Key_Q);
     EXPECT_TRUE(screen->IsLoaded());
 }
 
-TEST_F(SchArrivalsKeys, EscPutsAnOpenCalendarAwayAndThenCloses) {
+TEST_F(SchArrivalsKeys, EscClosesAnOpenCalendarFirst) {
     Open();
     screen->DtpFromDate.SetFocus();
     auto& edit = dynamic_cast<QDateEdit&>(screen->DtpFromDate.Widget());
@@ -155,7 +155,7 @@ TEST_F(SchArrivalsKeys, EscPutsAnOpenCalendarAwayAndThenCloses) {
     EXPECT_FALSE(screen->IsLoaded());
 }
 
-TEST_F(SchArrivalsKeys, NothingIsSelectedWhereNothingIsListed) {
+TEST_F(SchArrivalsKeys, EmptyListSelectsNothing) {
     Open();
     Driver().Type("x");
     screen->BtnSelect.Click();
@@ -170,7 +170,7 @@ TEST_F(SchArrivalsKeys, NothingIsSelectedWhereNothingIsListed) {
     EXPECT_EQ(screen->SelectedArrivalId, 0);
 }
 
-TEST_F(SchArrivalsKeys, HandsBackIdsOfUpTo32Bits) {
+TEST_F(SchArrivalsKeys, IdOf32BitsIsReturned) {
     AddArrival("40000", "2026-11-20");
     AddArrival("2147483647", "2026-11-20");
     for (const std::int32_t id : {40000, 2147483647}) {
@@ -183,7 +183,7 @@ TEST_F(SchArrivalsKeys, HandsBackIdsOfUpTo32Bits) {
     }
 }
 
-TEST_F(SchArrivalsKeys, ReportsAnIdBeyond32BitsOnceAndStays) {
+TEST_F(SchArrivalsKeys, IdBeyond32BitsIsReportedOnceAndTheScreenStays) {
     SKIP_ON_SQL_SERVER("its column holds no such id");
     AddArrival("9999999999", "2026-11-20");
     Open();
@@ -199,7 +199,7 @@ TEST_F(SchArrivalsKeys, ReportsAnIdBeyond32BitsOnceAndStays) {
     EXPECT_EQ(screen->SelectedArrivalId, 0);
 }
 
-TEST_F(SchArrivalsKeys, TheCloseBoxLeavesNought) {
+TEST_F(SchArrivalsKeys, ClosingTheWindowReturnsZero) {
     Open();
     screen->GrdSch.SetFocus();
     Driver().Press(Qt::Key_Down);
@@ -208,7 +208,7 @@ TEST_F(SchArrivalsKeys, TheCloseBoxLeavesNought) {
     EXPECT_EQ(screen->SelectedArrivalId, 0);
 }
 
-TEST_F(SchArrivalsKeys, LetsGoOfItsRowsAsItCloses) {
+TEST_F(SchArrivalsKeys, ClosingReleasesTheRows) {
     Open();
     ASSERT_EQ(screen->GrdSch.Rows(), 12);
     screen->BtnClose.Click();
@@ -216,7 +216,7 @@ TEST_F(SchArrivalsKeys, LetsGoOfItsRowsAsItCloses) {
     EXPECT_EQ(Sent(), Lines{});
 }
 
-TEST_F(SchArrivalsKeys, EachShowingStartsOver) {
+TEST_F(SchArrivalsKeys, ScreenIsResetEachTimeItIsShown) {
     SchArrivals search;
     RunModal(search, [&](Screen& shown) {
         ScreenDriver driver(shown);

@@ -10,7 +10,7 @@ namespace {
 
 using SchArrivalsTest = ArrivalSearch;
 
-TEST_F(SchArrivalsTest, OpensOnTheLastYearWithOneStatement) {
+TEST_F(SchArrivalsTest, OpensWithTheLastYearInOneStatement) {
     SchArrivals search;
     EXPECT_EQ(Sent(), Lines{});
     search.Show();
@@ -23,7 +23,7 @@ TEST_F(SchArrivalsTest, OpensOnTheLastYearWithOneStatement) {
     EXPECT_EQ(search.ActiveControlName(), "TxtFilterId");
 }
 
-TEST_F(SchArrivalsTest, ListsTheNewestFirstAndDatesDayByMonth) {
+TEST_F(SchArrivalsTest, NewestIsFirstAndDatesAreDayMonthYear) {
     Open();
     EXPECT_EQ(Ids(), (Lines{"1042", "1041", "1040", "1039", "1038", "1037", "1036", "1035", "1034",
                             "1033", "1032", "1031"}));
@@ -31,7 +31,7 @@ TEST_F(SchArrivalsTest, ListsTheNewestFirstAndDatesDayByMonth) {
                                            "Grain House-Sahiwal, Commodity Wheat Seed");
 }
 
-TEST_F(SchArrivalsTest, TakesBothDaysOfTheRangeWithIt) {
+TEST_F(SchArrivalsTest, BothDatesOfTheRangeAreIncluded) {
     AddArrival("9", "2025-11-19");
     AddArrival("10", "2025-11-20");
     AddArrival("2001", "2026-11-20");
@@ -42,7 +42,7 @@ TEST_F(SchArrivalsTest, TakesBothDaysOfTheRangeWithIt) {
     EXPECT_EQ(ids.back(), "10");
 }
 
-TEST_F(SchArrivalsTest, SendsAStatementForEveryKeyInTheId) {
+TEST_F(SchArrivalsTest, EachKeyInTheIdSendsAStatement) {
     Open();
     Driver().Type("12x");
     EXPECT_EQ(Sent(), (Lines{Statement(" And Arrivals.ArrivalId = 1"),
@@ -51,7 +51,7 @@ TEST_F(SchArrivalsTest, SendsAStatementForEveryKeyInTheId) {
     EXPECT_EQ(Ids(), Lines{});
 }
 
-TEST_F(SchArrivalsTest, FindsAnArrivalByItsWholeId) {
+TEST_F(SchArrivalsTest, WholeIdFindsTheArrival) {
     Open();
     Driver().Type("103");
     EXPECT_EQ(Ids(), Lines{});
@@ -61,7 +61,7 @@ TEST_F(SchArrivalsTest, FindsAnArrivalByItsWholeId) {
     EXPECT_EQ(Ids(), Lines{});
 }
 
-TEST_F(SchArrivalsTest, TakesLettersAndABlankForTheIdNought) {
+TEST_F(SchArrivalsTest, LettersAndABlankAreTheIdZero) {
     Open();
     for (const std::string_view typed : {"abc", " ", "   "}) {
         screen->TxtFilterId.SetText("");
@@ -72,7 +72,7 @@ TEST_F(SchArrivalsTest, TakesLettersAndABlankForTheIdNought) {
     }
 }
 
-TEST_F(SchArrivalsTest, LooksForTheIdWithinTheRangeOnly) {
+TEST_F(SchArrivalsTest, IdIsSearchedOnlyWithinTheRange) {
     AddArrival("77", "2025-11-19");
     Open();
     Driver().Type("77");
@@ -82,7 +82,7 @@ TEST_F(SchArrivalsTest, LooksForTheIdWithinTheRangeOnly) {
     EXPECT_EQ(Ids(), Lines{"77"});
 }
 
-TEST_F(SchArrivalsTest, NarrowsByPartOfAPartysNameWithItsCity) {
+TEST_F(SchArrivalsTest, PartOfNameOrCityFilters) {
     Open();
     EnterName("noor");
     EXPECT_EQ(Sent(), (Lines{Statement(Named("n")), Statement(Named("no")), Statement(Named("noo")),
@@ -92,7 +92,7 @@ TEST_F(SchArrivalsTest, NarrowsByPartOfAPartysNameWithItsCity) {
     EXPECT_EQ(Ids(), Lines{"1042"});
 }
 
-TEST_F(SchArrivalsTest, JoinsAllThreeFilters) {
+TEST_F(SchArrivalsTest, AllFiltersAreCombined) {
     Open();
     Driver().Type("1042");
     screen->TxtFilter.SetText("Sitara");
@@ -102,7 +102,7 @@ TEST_F(SchArrivalsTest, JoinsAllThreeFilters) {
     EXPECT_EQ(Ids(), Lines{});
 }
 
-TEST_F(SchArrivalsTest, ShowsTheWholeRangeAgainOnceBothTextsAreEmpty) {
+TEST_F(SchArrivalsTest, EmptyTextsListTheWholeRange) {
     Open();
     Driver().Type("1042");
     EnterName("noor");
@@ -113,7 +113,7 @@ TEST_F(SchArrivalsTest, ShowsTheWholeRangeAgainOnceBothTextsAreEmpty) {
     EXPECT_EQ(Ids().size(), 12U);
 }
 
-TEST_F(SchArrivalsTest, FindsNamesOfAnyScript) {
+TEST_F(SchArrivalsTest, NamesOfAnyScriptAreFound) {
     Open();
     screen->TxtFilter.SetFocus();
     Driver().Commit("محمد اسلم");
@@ -123,7 +123,7 @@ TEST_F(SchArrivalsTest, FindsNamesOfAnyScript) {
     EXPECT_EQ(Ids(), Lines{"1039"});
 }
 
-TEST_F(SchArrivalsTest, LetsWildCardsWorkInTheName) {
+TEST_F(SchArrivalsTest, WildcardsWorkInTheName) {
     Open();
     EnterName("noo_ b");
     EXPECT_EQ(Ids(), Lines{"1040"});
@@ -136,7 +136,7 @@ TEST_F(SchArrivalsTest, LetsWildCardsWorkInTheName) {
     EXPECT_EQ(Sent().back(), Statement(Named("[")));
 }
 
-TEST_F(SchArrivalsTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
+TEST_F(SchArrivalsTest, ApostropheIsReportedAtEachChangeUntilItIsRemoved) {
     Open();
     const Box openQuote =
         DatabaseFailure(EngineWords("unrecognized token: \"' Order By Arrivals.ArrivalId desc\""));
@@ -161,7 +161,7 @@ TEST_F(SchArrivalsTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
     EXPECT_EQ(Ids(), Lines{"1040"}) << "the text is mended";
 }
 
-TEST_F(SchArrivalsTest, RunsNoSecondStatementThatIsTypedIntoTheName) {
+TEST_F(SchArrivalsTest, SecondStatementInTheNameIsNotRun) {
     SKIP_ON_SQL_SERVER("it runs them both; the rights of its users stand before the second");
     Open();
     screen->TxtFilter.SetFocus();
@@ -175,7 +175,7 @@ TEST_F(SchArrivalsTest, RunsNoSecondStatementThatIsTypedIntoTheName) {
     EXPECT_EQ(lines(), before);
 }
 
-TEST_F(SchArrivalsTest, ListsAgainForEveryPartOfATypedDate) {
+TEST_F(SchArrivalsTest, EachPartOfATypedDateRefreshesTheList) {
     Open();
     EnterDate(screen->DtpFromDate, "15112026");
     const Lines sent = Sent();
@@ -187,7 +187,7 @@ TEST_F(SchArrivalsTest, ListsAgainForEveryPartOfATypedDate) {
     EXPECT_EQ(Ids(), (Lines{"1039", "1038", "1037"}));
 }
 
-TEST_F(SchArrivalsTest, ListsNothingAndSaysNothingForARangeTheWrongWayRound) {
+TEST_F(SchArrivalsTest, ReversedRangeGivesAnEmptyListWithoutAMessage) {
     Open();
     EnterDate(screen->DtpFromDate, "18112026");
     EnterDate(screen->DtpToDate, "17112026");
@@ -195,7 +195,7 @@ TEST_F(SchArrivalsTest, ListsNothingAndSaysNothingForARangeTheWrongWayRound) {
     EXPECT_EQ(screen->GrdSch.Rows(), 0);
 }
 
-TEST_F(SchArrivalsTest, ListsAgainAsTheCalendarGoesFromDayToDay) {
+TEST_F(SchArrivalsTest, EachDayInTheCalendarRefreshesTheList) {
     Open();
     screen->DtpFromDate.SetFocus();
     Sent();
@@ -203,7 +203,7 @@ TEST_F(SchArrivalsTest, ListsAgainAsTheCalendarGoesFromDayToDay) {
     EXPECT_EQ(Sent(), Lines{Statement("", "2025-11-21")});
 }
 
-TEST_F(SchArrivalsTest, KeepsToItsSnapshotUntilAFilterChanges) {
+TEST_F(SchArrivalsTest, ListIsASnapshotUntilAFilterChanges) {
     Open();
     AddArrival("1043", "2026-11-20");
     EXPECT_EQ(Ids().front(), "1042");
@@ -211,7 +211,7 @@ TEST_F(SchArrivalsTest, KeepsToItsSnapshotUntilAFilterChanges) {
     EXPECT_EQ(Ids().front(), "1043");
 }
 
-TEST_F(SchArrivalsTest, StaysOpenAndEmptyWhereTheTablesCannotBeRead) {
+TEST_F(SchArrivalsTest, UnreadableTablesLeaveAnEmptyList) {
     database.Rename("Commodities", "Goods");
     BoxAnswers answers;
     answers.Expect(DatabaseFailure(EngineWords("no such table: Commodities")));

@@ -17,7 +17,7 @@ protected:
 const Lines Nothing{"", "", ""};
 const Lines Sitara{"6010014", "Sitara Grain House", "Sahiwal"};
 
-TEST_F(SchPartyKeys, TabGoesFromTheNameToTheListTheButtonsAndTheId) {
+TEST_F(SchPartyKeys, TabOrderIsNameListButtonsId) {
     Open();
     Lines visited{screen->ActiveControlName()};
     for (int press = 0; press < 5; ++press) {
@@ -29,7 +29,7 @@ TEST_F(SchPartyKeys, TabGoesFromTheNameToTheListTheButtonsAndTheId) {
     EXPECT_EQ(Sent(), Lines{});
 }
 
-TEST_F(SchPartyKeys, DownLeadsFromTheBoxesToTheListWithoutMovingItsLine) {
+TEST_F(SchPartyKeys, DownMovesFromTheBoxesToTheListWithoutChangingItsLine) {
     Open();
     const Lines ids = Ids();
     for (TextBox* box : {&screen->TxtFilter, &screen->TxtFilterId}) {
@@ -42,14 +42,14 @@ TEST_F(SchPartyKeys, DownLeadsFromTheBoxesToTheListWithoutMovingItsLine) {
     EXPECT_EQ(CurrentId(), ids[1]);
 }
 
-TEST_F(SchPartyKeys, DownLeadsToAnEmptyListToo) {
+TEST_F(SchPartyKeys, DownMovesToAnEmptyListToo) {
     Open();
     Enter(screen->TxtFilter, "nobody at all");
     Driver().Press(Qt::Key_Down).Press(Qt::Key_Down);
     EXPECT_EQ(screen->ActiveControlName(), "Grid");
 }
 
-TEST_F(SchPartyKeys, HasNoRuleOfItsOwnForEnterEscOrCtrlQ) {
+TEST_F(SchPartyKeys, EnterEscAndCtrlQHaveNoSpecialMeaning) {
     Open();
     for (const QKeyCombination key :
          {QKeyCombination(Qt::Key_Return), QKeyCombination(Qt::Key_Enter),
@@ -69,7 +69,7 @@ TEST_F(SchPartyKeys, HasNoRuleOfItsOwnForEnterEscOrCtrlQ) {
     EXPECT_EQ(Selected(), Nothing);
 }
 
-TEST_F(SchPartyKeys, EnterOnSelectHandsTheCurrentLineBack) {
+TEST_F(SchPartyKeys, EnterOnSelectReturnsTheCurrentLine) {
     Open();
     Enter(screen->TxtFilterId, "6010014");
     screen->CmdSelect.SetFocus();
@@ -78,7 +78,7 @@ TEST_F(SchPartyKeys, EnterOnSelectHandsTheCurrentLineBack) {
     EXPECT_EQ(Selected(), Sitara);
 }
 
-TEST_F(SchPartyKeys, HandsBackTheLineChosenByArrows) {
+TEST_F(SchPartyKeys, LineChosenByArrowsIsReturned) {
     Open();
     Enter(screen->TxtFilter, "noor");
     Driver().Press(Qt::Key_Down).Press(Qt::Key_Down).Press(Qt::Key_Tab).Press(Qt::Key_Space);
@@ -86,7 +86,7 @@ TEST_F(SchPartyKeys, HandsBackTheLineChosenByArrows) {
     EXPECT_EQ(Selected(), (Lines{"6010019", "Noor Brothers", "Sahiwal"}));
 }
 
-TEST_F(SchPartyKeys, ADoubleClickSelects) {
+TEST_F(SchPartyKeys, DoubleClickSelects) {
     Open();
     Enter(screen->TxtFilter, "sitara");
     DoubleClickFirstLine();
@@ -94,7 +94,7 @@ TEST_F(SchPartyKeys, ADoubleClickSelects) {
     EXPECT_EQ(Selected(), Sitara);
 }
 
-TEST_F(SchPartyKeys, EnterOnCancelHandsNothingBack) {
+TEST_F(SchPartyKeys, EnterOnCancelReturnsNothing) {
     Open();
     screen->SelectedPartyName = "left from before";
     screen->CmdClose.SetFocus();
@@ -103,7 +103,7 @@ TEST_F(SchPartyKeys, EnterOnCancelHandsNothingBack) {
     EXPECT_EQ(Selected(), Nothing);
 }
 
-TEST_F(SchPartyKeys, TheCloseBoxHandsNothingBack) {
+TEST_F(SchPartyKeys, ClosingTheWindowReturnsNothing) {
     Open();
     screen->Grid.SetFocus();
     Driver().Press(Qt::Key_Down);
@@ -112,7 +112,7 @@ TEST_F(SchPartyKeys, TheCloseBoxHandsNothingBack) {
     EXPECT_EQ(Selected(), Nothing);
 }
 
-TEST_F(SchPartyKeys, ReportsACityWithoutANameAndKeepsWhatWasFilledBefore) {
+TEST_F(SchPartyKeys, CityWithoutANameIsReportedAndIdAndNameAreKept) {
     ChangeUnbound("Cities", "Update Cities Set CityName = Null Where CityId = 4");
     Open();
     Enter(screen->TxtFilterId, "6010014");
@@ -123,7 +123,7 @@ TEST_F(SchPartyKeys, ReportsACityWithoutANameAndKeepsWhatWasFilledBefore) {
     EXPECT_EQ(Selected(), (Lines{"6010014", "Sitara Grain House", ""}));
 }
 
-TEST_F(SchPartyKeys, ReportsAPartyWithoutANameAndKeepsItsId) {
+TEST_F(SchPartyKeys, PartyWithoutANameIsReportedAndItsIdIsKept) {
     ChangeUnbound("ChartOfAccounts",
                   "Update ChartOfAccounts Set AccountName = Null Where AccountNo = '6010014'");
     Open();
@@ -135,7 +135,7 @@ TEST_F(SchPartyKeys, ReportsAPartyWithoutANameAndKeepsItsId) {
     EXPECT_EQ(Selected(), (Lines{"6010014", "", ""}));
 }
 
-TEST_F(SchPartyKeys, EachShowingStartsOver) {
+TEST_F(SchPartyKeys, ScreenIsResetEachTimeItIsShown) {
     SchParty search;
     RunModal(search, [&](Screen& shown) {
         ScreenDriver(shown).Type("sit");

@@ -11,7 +11,7 @@ using SchPartyTest = PartySearch;
 
 const Lines Nothing{"", "", ""};
 
-TEST_F(SchPartyTest, OpensOnTheWholeBranchWithOneStatement) {
+TEST_F(SchPartyTest, OpensWithTheWholeBranchInOneStatement) {
     SchParty search;
     EXPECT_EQ(Sent(), Lines{});
     search.Show();
@@ -22,7 +22,7 @@ TEST_F(SchPartyTest, OpensOnTheWholeBranchWithOneStatement) {
     EXPECT_EQ(search.Grid.Rows(), 38) << "every party of the branch that has a city";
 }
 
-TEST_F(SchPartyTest, ListsOnlyAccountsThatBeginWith6WhateverIsTyped) {
+TEST_F(SchPartyTest, ListsOnlyAccountsThatBeginWith6) {
     AddParty("5016000", "Mill Farm Six");
     Open();
     const auto beginsWith6 = [](const std::string& id) { return id.starts_with('6'); };
@@ -38,7 +38,7 @@ TEST_F(SchPartyTest, ListsOnlyAccountsThatBeginWith6WhateverIsTyped) {
     EXPECT_EQ(CurrentId(), all.back());
 }
 
-TEST_F(SchPartyTest, SendsAStatementForEveryKeyInTheName) {
+TEST_F(SchPartyTest, EachKeyInTheNameSendsAStatement) {
     Open();
     Driver().Type("sit");
     EXPECT_EQ(Sent(), (Lines{Named("s"), Named("si"), Named("sit")}));
@@ -48,13 +48,13 @@ TEST_F(SchPartyTest, SendsAStatementForEveryKeyInTheName) {
     EXPECT_EQ(Sent(), Lines{Statement()});
 }
 
-TEST_F(SchPartyTest, SearchesTheNameAloneAndNotTheCity) {
+TEST_F(SchPartyTest, CityIsNotSearched) {
     Open();
     Driver().Type("lahore");
     EXPECT_EQ(Ids(), Lines{});
 }
 
-TEST_F(SchPartyTest, TakesNoMoreThanThirtyCharacters) {
+TEST_F(SchPartyTest, TextIsLimitedToThirtyCharacters) {
     Open();
     for (TextBox* box : {&screen->TxtFilter, &screen->TxtFilterId}) {
         Enter(*box, "123456789012345678901234567890123");
@@ -62,7 +62,7 @@ TEST_F(SchPartyTest, TakesNoMoreThanThirtyCharacters) {
     }
 }
 
-TEST_F(SchPartyTest, LetsWildCardsWorkInTheName) {
+TEST_F(SchPartyTest, WildcardsWorkInTheName) {
     Open();
     Enter(screen->TxtFilter, "n__r b");
     EXPECT_EQ(Ids(), (Lines{"6010004", "6010019"}));
@@ -74,7 +74,7 @@ TEST_F(SchPartyTest, LetsWildCardsWorkInTheName) {
     EXPECT_EQ(Sent(), Lines{Named("[")});
 }
 
-TEST_F(SchPartyTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
+TEST_F(SchPartyTest, ApostropheIsReportedAtEachChangeUntilItIsRemoved) {
     Open();
     Enter(screen->TxtFilter, "sit");
     Sent();
@@ -91,7 +91,7 @@ TEST_F(SchPartyTest, ReportsAnApostropheAtEachChangeUntilItIsMended) {
     EXPECT_EQ(Ids(), Lines{"6010014"});
 }
 
-TEST_F(SchPartyTest, SelectsNothingFromAListThatCouldNotBeRefreshed) {
+TEST_F(SchPartyTest, NothingCanBeSelectedAfterAFailedRefresh) {
     Open();
     Enter(screen->TxtFilter, "sit");
     BoxAnswers answers;
@@ -106,7 +106,7 @@ TEST_F(SchPartyTest, SelectsNothingFromAListThatCouldNotBeRefreshed) {
     EXPECT_EQ(Selected(), Nothing);
 }
 
-TEST_F(SchPartyTest, ReportsAnIdThatIsLookedForWhileNothingCouldBeListed) {
+TEST_F(SchPartyTest, SearchingAnIdAfterAFailedRefreshIsReported) {
     Open();
     BoxAnswers answers;
     answers.Expect(DatabaseFailure(OpenQuote)).Expect(DatabaseFailure(Closed));
@@ -116,7 +116,7 @@ TEST_F(SchPartyTest, ReportsAnIdThatIsLookedForWhileNothingCouldBeListed) {
     EXPECT_TRUE(screen->IsLoaded());
 }
 
-TEST_F(SchPartyTest, AnIdMovesTheCurrentLineAndSendsNothing) {
+TEST_F(SchPartyTest, IdMovesTheCurrentLineWithoutAStatement) {
     Open();
     const std::string last = Ids().back();
     Enter(screen->TxtFilterId, "601001");
@@ -129,7 +129,7 @@ TEST_F(SchPartyTest, AnIdMovesTheCurrentLineAndSendsNothing) {
     EXPECT_EQ(screen->Grid.Rows(), 38);
 }
 
-TEST_F(SchPartyTest, EachPartOfAnIdLandsOnTheLastLine) {
+TEST_F(SchPartyTest, PartOfAnIdMovesToTheLastLine) {
     Open();
     const std::string last = Ids().back();
     screen->TxtFilterId.SetFocus();
@@ -139,7 +139,7 @@ TEST_F(SchPartyTest, EachPartOfAnIdLandsOnTheLastLine) {
     }
 }
 
-TEST_F(SchPartyTest, AnEmptiedIdMakesTheFirstLineCurrent) {
+TEST_F(SchPartyTest, EmptyIdMovesToTheFirstLine) {
     Open();
     const std::string first = Ids().front();
     Enter(screen->TxtFilterId, "6010014");
@@ -151,7 +151,7 @@ TEST_F(SchPartyTest, AnEmptiedIdMakesTheFirstLineCurrent) {
     EXPECT_EQ(CurrentId(), first) << "blanks are no id";
 }
 
-TEST_F(SchPartyTest, BlanksAroundAnIdBelongToIt) {
+TEST_F(SchPartyTest, BlanksAroundAnIdAreCompared) {
     Open();
     const std::string last = Ids().back();
     for (const std::string_view id : {" 6010014", "6010014 ", "6010014  "}) {
@@ -162,14 +162,14 @@ TEST_F(SchPartyTest, BlanksAroundAnIdBelongToIt) {
     EXPECT_EQ(CurrentId(), "6010014");
 }
 
-TEST_F(SchPartyTest, FindsAnIdThatItsColumnPadsWithBlanks) {
+TEST_F(SchPartyTest, PaddedIdIsFound) {
     AddParty("6050001   ", "Padded");
     Open();
     Enter(screen->TxtFilterId, "6050001");
     EXPECT_EQ(CurrentLine(screen->Grid), "Party ID 6050001   , Name Padded, City Okara");
 }
 
-TEST_F(SchPartyTest, AnApostropheInTheIdIsDoubledAndFindsNothing) {
+TEST_F(SchPartyTest, ApostropheInTheIdIsDoubled) {
     Open();
     const std::string last = Ids().back();
     for (const std::string_view id : {"'", "60'1", "6' or '1'='1", "''"}) {
@@ -179,14 +179,14 @@ TEST_F(SchPartyTest, AnApostropheInTheIdIsDoubledAndFindsNothing) {
     EXPECT_EQ(Sent(), Lines{});
 }
 
-TEST_F(SchPartyTest, FindsAnIdThatHoldsAnApostrophe) {
+TEST_F(SchPartyTest, IdWithAnApostropheIsFound) {
     AddParty("6''1", "Odd Number");
     Open();
     Enter(screen->TxtFilterId, "6'1");
     EXPECT_EQ(CurrentId(), "6'1");
 }
 
-TEST_F(SchPartyTest, WildCardsInAnIdStandForThemselves) {
+TEST_F(SchPartyTest, WildcardsInAnIdAreLiteral) {
     Open();
     const std::string last = Ids().back();
     for (const std::string_view id : {"601%", "6010___", "*"}) {
@@ -195,7 +195,7 @@ TEST_F(SchPartyTest, WildCardsInAnIdStandForThemselves) {
     }
 }
 
-TEST_F(SchPartyTest, AnIdIsLookedForInWhatIsListedOnly) {
+TEST_F(SchPartyTest, IdIsSearchedOnlyInTheList) {
     Open();
     Enter(screen->TxtFilter, "noor");
     Enter(screen->TxtFilterId, "6010014");
@@ -203,7 +203,7 @@ TEST_F(SchPartyTest, AnIdIsLookedForInWhatIsListedOnly) {
     EXPECT_EQ(Ids(), (Lines{"6010004", "6010019"}));
 }
 
-TEST_F(SchPartyTest, ANewNameGoesBackToTheFirstLine) {
+TEST_F(SchPartyTest, NewNameMovesToTheFirstLine) {
     Open();
     Enter(screen->TxtFilterId, "6010014");
     ASSERT_EQ(CurrentId(), "6010014");
@@ -213,7 +213,7 @@ TEST_F(SchPartyTest, ANewNameGoesBackToTheFirstLine) {
     EXPECT_EQ(screen->TxtFilterId.Text(), "6010014") << "the id box keeps its text";
 }
 
-TEST_F(SchPartyTest, AnIdInAnEmptyListIsNoFailure) {
+TEST_F(SchPartyTest, IdInAnEmptyListIsNotAFailure) {
     Open();
     Enter(screen->TxtFilter, "nobody at all");
     Enter(screen->TxtFilterId, "6010014");
@@ -222,7 +222,7 @@ TEST_F(SchPartyTest, AnIdInAnEmptyListIsNoFailure) {
     EXPECT_EQ(CurrentId(), "");
 }
 
-TEST_F(SchPartyTest, NothingIsSelectedWhereNothingIsListed) {
+TEST_F(SchPartyTest, EmptyListSelectsNothing) {
     Open();
     Enter(screen->TxtFilter, "nobody at all");
     EXPECT_EQ(screen->Grid.Rows(), 0);
@@ -232,7 +232,7 @@ TEST_F(SchPartyTest, NothingIsSelectedWhereNothingIsListed) {
     EXPECT_EQ(Selected(), Nothing);
 }
 
-TEST_F(SchPartyTest, EmptiesTheEarlierChoiceAfterTheListIsThere) {
+TEST_F(SchPartyTest, SelectionIsClearedAfterTheListIsFilled) {
     Open();
     Enter(screen->TxtFilterId, "6010014");
     screen->CmdSelect.Click();
@@ -248,7 +248,7 @@ TEST_F(SchPartyTest, EmptiesTheEarlierChoiceAfterTheListIsThere) {
     EXPECT_EQ(Selected(), Nothing);
 }
 
-TEST_F(SchPartyTest, StaysOpenAndEmptyWhereTheTablesCannotBeRead) {
+TEST_F(SchPartyTest, UnreadableTablesLeaveAnEmptyList) {
     database.Rename("Cities", "Towns");
     BoxAnswers answers;
     answers.Expect(DatabaseFailure(EngineWords("no such table: Cities")));

@@ -64,7 +64,7 @@ bool HasLineIn(SSOleDBGrid& grid, const QColor& colour) {
     return false;
 }
 
-TEST_F(SearchLook, ArrivalSearchSaysWhatItIs) {
+TEST_F(SearchLook, ArrivalSearchHasItsCaptionsAndColumns) {
     SchArrivals search;
     search.Show();
     EXPECT_EQ(search.windowTitle(), "Search Arrivals");
@@ -79,7 +79,7 @@ TEST_F(SearchLook, ArrivalSearchSaysWhatItIs) {
                    {"Commodity", "Commodity", "Commodity", 4419, ""}});
 }
 
-TEST_F(SearchLook, PartySearchSaysWhatItIs) {
+TEST_F(SearchLook, PartySearchHasItsCaptionsAndColumns) {
     SchParty search;
     search.Show();
     EXPECT_EQ(search.windowTitle(), "Search Parties");
@@ -92,7 +92,7 @@ TEST_F(SearchLook, PartySearchSaysWhatItIs) {
                                 {"City", "City", "CityName", 3200, ""}});
 }
 
-TEST_F(SearchLook, EveryFilterIsNamedByItsCaption) {
+TEST_F(SearchLook, EachFilterHasItsCaptionAsAccessibleName) {
     SchArrivals arrivals;
     EXPECT_EQ(arrivals.TxtFilterId.Widget().accessibleName(), "ID");
     EXPECT_EQ(arrivals.TxtFilter.Widget().accessibleName(), "Name:");
@@ -105,7 +105,7 @@ TEST_F(SearchLook, EveryFilterIsNamedByItsCaption) {
     EXPECT_EQ(parties.Grid.Widget().accessibleName(), "Parties found");
 }
 
-TEST_F(SearchLook, TheCurrentArrivalStandsOnGreyAndTheCurrentPartyOnTheHighlight) {
+TEST_F(SearchLook, CurrentArrivalIsGreyAndCurrentPartyHighlighted) {
     SchArrivals arrivals;
     arrivals.Show();
     EXPECT_TRUE(HasLineIn(arrivals.GrdSch, QColor(207, 207, 207)));
@@ -114,7 +114,7 @@ TEST_F(SearchLook, TheCurrentArrivalStandsOnGreyAndTheCurrentPartyOnTheHighlight
     EXPECT_TRUE(HasLineIn(parties.Grid, parties.palette().color(QPalette::Highlight)));
 }
 
-TEST_F(SearchLook, BothFitTheDisplayAndCutNothingOff) {
+TEST_F(SearchLook, BothScreensFitTheDisplay) {
     SchArrivals arrivals;
     arrivals.Show();
     ExpectAllInView(arrivals);

@@ -30,14 +30,14 @@ ArrivalFilters Filters(std::string id, std::string name) {
             .name = std::move(name)};
 }
 
-TEST(ArrivalSearchStatement, KeepsEveryBlankAndCapital) {
+TEST(ArrivalSearchStatement, HasTheExactText) {
     EXPECT_EQ(ArrivalSearchStatement(Filters("", "")), ArrivalsWith(""));
     EXPECT_EQ(ArrivalSearchStatement(Filters("1042", "Noor")),
               ArrivalsWith(" And Arrivals.ArrivalId = 1042 And "
                            "dbo.FunGetPartyName(ChartOfAccounts.AccountNo) Like '%Noor%'"));
 }
 
-TEST(ArrivalSearchStatement, WritesTheLeadingNumberOfTheIdAsANumber) {
+TEST(ArrivalSearchStatement, IdIsItsLeadingNumber) {
     const std::vector<std::pair<std::string, std::string>> cases{
         {"1042", "1042"},
         {"12x", "12"},
@@ -67,7 +67,7 @@ TEST(ArrivalSearchStatement, WritesTheLeadingNumberOfTheIdAsANumber) {
             << "typed: \"" << typed << '"';
 }
 
-TEST(ArrivalSearchStatement, SendsTheNameAsItStands) {
+TEST(ArrivalSearchStatement, NameIsNotEscaped) {
     for (const std::string name :
          {"Noor", " ", "O'Neil", "50%", "A_B", "[A-M]", "\"", "--", "محمد", "Café", " Noor "})
         EXPECT_EQ(ArrivalSearchStatement(Filters("", name)),
@@ -75,7 +75,7 @@ TEST(ArrivalSearchStatement, SendsTheNameAsItStands) {
                                name + "%'"));
 }
 
-TEST(ArrivalSearchStatement, SendsARangeTheWrongWayRoundAsItIs) {
+TEST(ArrivalSearchStatement, ReversedRangeIsSentUnchanged) {
     ArrivalFilters filters = Filters("", "");
     std::swap(filters.fromDate, filters.toDate);
     EXPECT_NE(ArrivalSearchStatement(filters).find(
@@ -84,7 +84,7 @@ TEST(ArrivalSearchStatement, SendsARangeTheWrongWayRoundAsItIs) {
               std::string::npos);
 }
 
-TEST(PartySearchStatement, KeepsItsSpelling) {
+TEST(PartySearchStatement, HasTheExactText) {
     const std::string all = "Select P.PartyId,C.AccountName,Ct.CityName from Parties P Inner Join "
                             "ChartofAccounts C On P.PartyId = C.AccountNo Inner Join Cities CT On "
                             "P.CityId = CT.CityId wHERE p.PartyId Like '6%'";
@@ -93,7 +93,7 @@ TEST(PartySearchStatement, KeepsItsSpelling) {
         EXPECT_EQ(PartySearchStatement(name), all + " And C.AccountName Like '%" + name + "%'");
 }
 
-TEST(PartyIdCriterion, DoublesApostrophesAndTrimsNothing) {
+TEST(PartyIdCriterion, ApostrophesAreDoubledAndBlanksKept) {
     EXPECT_EQ(PartyIdCriterion("6010001"), "PartyId='6010001'");
     EXPECT_EQ(PartyIdCriterion(" 601 "), "PartyId=' 601 '");
     EXPECT_EQ(PartyIdCriterion("6'1''"), "PartyId='6''1'''''");

@@ -1,7 +1,7 @@
 #include "servers/RelayLines.h"
 
 #include "platform/ado/ConnectionString.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <netdb.h>
 #include <netinet/in.h>

@@ -1,7 +1,7 @@
 #include "servers/SqlServerDatabase.h"
 
 #include "platform/ado/Connection.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <unistd.h>
 

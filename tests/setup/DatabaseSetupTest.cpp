@@ -25,8 +25,6 @@ Box Told(const std::string& text) {
     return {.text = text, .title = Title, .icon = BoxIcon::Exclamation, .buttons = BoxButtons::Ok};
 }
 
-} // namespace
-
 // ---- the dialog ----
 
 class CreateDatabase : public testing::Test {
@@ -391,4 +389,5 @@ TEST_F(DatabaseVersions, AFailedUpgradeIsToldAndLosesNothing) {
     EXPECT_EQ(database.Ask("Select Count(*) From Arrivals").Number(), 12);
 }
 
+} // namespace
 } // namespace Quillane

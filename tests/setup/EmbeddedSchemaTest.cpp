@@ -1,9 +1,9 @@
 #include "setup/EmbeddedSchema.h"
+#include "platform/runtime/Text.h"
 
 #include "station/SampleDatabase.h"
 
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
 #include "signin/UserLogin.h"
 
 #include <gtest/gtest.h>
@@ -14,6 +14,7 @@
 #include <vector>
 
 namespace Quillane {
+namespace {
 
 class Schema : public testing::Test {
 protected:
@@ -256,4 +257,5 @@ TEST(LookAtEmbeddedDatabase, TellsWhatStandsThere) {
     EXPECT_EQ(ours.users, 2);
 }
 
+} // namespace
 } // namespace Quillane

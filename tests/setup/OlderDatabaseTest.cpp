@@ -203,5 +203,4 @@ TEST_F(DatabaseOfVersion1, IsUpgradedWhereItsBagLinesHaveNoKey) {
 }
 
 } // namespace
-
 } // namespace Quillane

@@ -10,6 +10,7 @@
 #include <array>
 
 namespace Quillane {
+namespace {
 
 class Upgrade : public testing::Test {
 protected:
@@ -113,4 +114,5 @@ TEST_F(Upgrade, FindsTablesWithoutCase) {
     EXPECT_FALSE(TableExists(database.connection, "arrival"));
 }
 
+} // namespace
 } // namespace Quillane

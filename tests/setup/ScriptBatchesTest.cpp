@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 namespace Quillane {
+namespace {
 
 TEST(ScriptBatches, EndAtLinesThatHoldNothingButGo) {
     struct Case {
@@ -73,4 +74,5 @@ TEST_F(RunScriptOnADatabase, EndsAtTheFirstFailure) {
     EXPECT_FALSE(Has(8));
 }
 
+} // namespace
 } // namespace Quillane

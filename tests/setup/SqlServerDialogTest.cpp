@@ -28,8 +28,6 @@ Box Told(const std::string& text) {
             .buttons = BoxButtons::Ok};
 }
 
-} // namespace
-
 /// Without a server.
 class SqlServerDialogTest : public testing::Test {
 protected:
@@ -190,4 +188,5 @@ TEST_F(SqlServerDialogTest, GoesBackToThisComputerWhereNoServerIsTaken) {
     EXPECT_FALSE(folder.Has("Config.ini"));
 }
 
+} // namespace
 } // namespace Quillane

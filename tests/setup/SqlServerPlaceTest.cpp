@@ -179,5 +179,4 @@ TEST(FaultOf, LetsNoQuoteIntoALineForTheWindowsDriver) {
 }
 
 } // namespace
-
 } // namespace Quillane

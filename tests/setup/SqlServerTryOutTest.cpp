@@ -81,5 +81,4 @@ TEST(PlaceForSetUp, SignsInAsTheOwnerWhereThereIsOne) {
 }
 
 } // namespace
-
 } // namespace Quillane

@@ -12,6 +12,7 @@
 #include <filesystem>
 
 namespace Quillane {
+namespace {
 
 class StationSetUp : public testing::Test {
 protected:
@@ -65,4 +66,5 @@ TEST_F(StationSetUp, AdoptsADatabaseWithItsName) {
     EXPECT_EQ(TheStation().CompanyNames[1], "Brellix");
 }
 
+} // namespace
 } // namespace Quillane

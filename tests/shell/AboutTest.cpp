@@ -34,7 +34,7 @@ protected:
     StationDatabase database;
 };
 
-TEST_F(About, NamesTheProgramTheStationAndItsDatabase) {
+TEST_F(About, TextNamesProgramStationAndDatabase) {
     database.Open(*Con);
     EXPECT_TRUE(AboutText().starts_with("Quillane " + std::string(QuillaneVersion()) + "\r\n"));
     EXPECT_NE(AboutText().find("System: " + SystemInfo::OsName()), std::string::npos);
@@ -44,20 +44,20 @@ TEST_F(About, NamesTheProgramTheStationAndItsDatabase) {
     EXPECT_EQ(AboutText().find("unknown"), std::string::npos) << AboutText();
 }
 
-TEST_F(About, NamesTheFileAndTheEngineOfAnEmbeddedDatabase) {
+TEST_F(About, TextNamesFileAndEngineOfAnEmbeddedDatabase) {
     SKIP_ON_SQL_SERVER("a file");
     database.Open(*Con);
     EXPECT_TRUE(Tells("Database: " + database.folder.File("Account1.db")));
     EXPECT_NE(AboutText().find("Engine: SQLite 3."), std::string::npos);
 }
 
-TEST_F(About, HoldsNoPassword) {
+TEST_F(About, TextContainsNoPassword) {
     database.Open(*Con);
     EXPECT_EQ(AboutText().find("PWD"), std::string::npos);
     EXPECT_EQ(AboutText().find("UID"), std::string::npos);
 }
 
-TEST_F(About, TellsTheRestWhereTheDatabaseSaysNothing) {
+TEST_F(About, TextIsCompleteIfTheDatabaseFails) {
     const std::string closed = "unknown (Operation is not allowed when the object is closed.)";
     EXPECT_TRUE(Tells("Database: " + closed)) << AboutText();
     EXPECT_TRUE(Tells("Engine: " + closed));
@@ -65,11 +65,11 @@ TEST_F(About, TellsTheRestWhereTheDatabaseSaysNothing) {
     EXPECT_TRUE(Tells("Station folder: /gate/north"));
 }
 
-TEST_F(About, IsShownInABox) {
+TEST_F(About, TextIsShownInABox) {
     database.Open(*Con);
     BoxAnswers answers;
     answers.Expect(
-        {.text = AboutText() + "\r\n\r\nCtrl+C copies this text, for a report of a fault.",
+        {.text = AboutText() + "\r\n\r\nPress Ctrl+C to copy this text for a fault report.",
          .title = "About Quillane",
          .icon = BoxIcon::Information,
          .buttons = BoxButtons::Ok});

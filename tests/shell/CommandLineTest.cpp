@@ -12,14 +12,14 @@ CommandLine Read(std::vector<std::string> arguments) {
     return ReadCommandLine(arguments);
 }
 
-TEST(CommandLine, IsAPlainStartWithoutArguments) {
+TEST(CommandLine, NoArgumentsStartTheProgram) {
     const CommandLine command = Read({});
     EXPECT_EQ(command.station, "");
     EXPECT_EQ(command.answer, "");
     EXPECT_EQ(command.fault, "");
 }
 
-TEST(CommandLine, NamesTheStationsFolderInBothForms) {
+TEST(CommandLine, StationFolderIsReadInBothForms) {
     for (const std::vector<std::string>& form :
          {std::vector<std::string>{"--station", "/gate/گیٹ north"},
           std::vector<std::string>{"--station=/gate/گیٹ north"}}) {
@@ -28,13 +28,13 @@ TEST(CommandLine, NamesTheStationsFolderInBothForms) {
     }
 }
 
-TEST(CommandLine, AnswersWithTheVersion) {
+TEST(CommandLine, VersionIsAnswered) {
     for (const char* option : {"--version", "-v"})
         EXPECT_EQ(Read({option}).answer, "Quillane " + std::string(QuillaneVersion()) + "\n");
     EXPECT_EQ(QuillaneVersion(), PROJECT_VERSION);
 }
 
-TEST(CommandLine, AnswersWithItsOptions) {
+TEST(CommandLine, HelpListsTheOptions) {
     for (const char* option : {"--help", "-h"}) {
         const std::string help = Read({option}).answer;
         for (const char* named : {"--station", "--help", "--version", "QUILLANE_STATION"})
@@ -42,7 +42,7 @@ TEST(CommandLine, AnswersWithItsOptions) {
     }
 }
 
-TEST(CommandLine, RefusesWhatItDoesNotKnow) {
+TEST(CommandLine, UnknownArgumentsAreRefused) {
     EXPECT_EQ(Read({"--staton", "/gate"}).fault, "Unknown option 'staton'.");
     EXPECT_EQ(Read({"/gate"}).fault, "Unexpected argument '/gate'.");
     EXPECT_EQ(Read({"--station"}).fault, "Missing value after '--station'.");
@@ -51,7 +51,7 @@ TEST(CommandLine, RefusesWhatItDoesNotKnow) {
 }
 
 // Before an application has taken them off the arguments.
-TEST(CommandLine, AnswersAmongTheToolkitsOptionsToo) {
+TEST(CommandLine, HelpAndVersionWorkWithOptionsOfQt) {
     EXPECT_EQ(Read({"-platform", "xcb", "--station", "/gate"}).answer, "");
     EXPECT_EQ(Read({"-style", "fusion", "-stylesheet", "x"}).answer, "");
     EXPECT_NE(Read({"-platform", "xcb", "--version"}).answer, "");

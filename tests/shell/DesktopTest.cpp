@@ -71,7 +71,7 @@ protected:
     std::string settings_;
 };
 
-TEST_F(StartScreen, HasItsControlsWithTheirCaptions) {
+TEST_F(StartScreen, ControlsHaveTheirCaptions) {
     EXPECT_EQ(desktop.windowTitle(), "Veltrane: Quillane");
     std::vector<std::string> names;
     for (const Control* control : desktop.Controls())
@@ -90,7 +90,7 @@ TEST_F(StartScreen, HasItsControlsWithTheirCaptions) {
     EXPECT_EQ(captionOf(desktop.OptPrintedPaper, "text"), "Print on printed paper");
 }
 
-TEST_F(StartScreen, HasAnEmptyBoxInBoldRedOnBlack) {
+TEST_F(StartScreen, WeightBoxIsEmptyBoldRedOnBlack) {
     EXPECT_EQ(desktop.TxtWeight.Text(), "");
     EXPECT_EQ(desktop.TxtWeight.ForeColor(), 0x0000FFU);
     EXPECT_EQ(desktop.TxtWeight.BackColor(), 0x000000U);
@@ -103,7 +103,7 @@ TEST_F(StartScreen, HasAnEmptyBoxInBoldRedOnBlack) {
                  desktop.TxtWeight.LostFocus || desktop.TxtWeight.Validate);
 }
 
-TEST_F(StartScreen, NamesEveryControlForAssistiveTechnology) {
+TEST_F(StartScreen, EveryControlHasAnAccessibleName) {
     for (Control* control : desktop.Controls()) {
         QWidget& widget = dynamic_cast<VisualControl&>(*control).Widget();
         const bool named = !widget.accessibleName().isEmpty() ||
@@ -114,7 +114,7 @@ TEST_F(StartScreen, NamesEveryControlForAssistiveTechnology) {
     EXPECT_EQ(desktop.Image1.ToolTip(), "Sign in as another user");
 }
 
-TEST_F(StartScreen, IsWalkedByTabFromTheWeighmentOn) {
+TEST_F(StartScreen, TabOrderStartsAtTheWeighment) {
     desktop.Show();
     std::vector<std::string> walked;
     for (int step = 0; step < 7; ++step) {
@@ -126,7 +126,7 @@ TEST_F(StartScreen, IsWalkedByTabFromTheWeighmentOn) {
                                                 "BtnWeighment"}));
 }
 
-TEST_F(StartScreen, ShowsTheCompanyAndTheUser) {
+TEST_F(StartScreen, CompanyAndUserAreShown) {
     desktop.Show();
     QStringList texts;
     for (const QLabel* label : desktop.findChildren<QLabel*>())
@@ -137,14 +137,14 @@ TEST_F(StartScreen, ShowsTheCompanyAndTheUser) {
 
 // ---- paper ----
 
-TEST_F(StartScreen, StoresWhitePaperOnAFirstStart) {
+TEST_F(StartScreen, FirstStartStoresWhitePaper) {
     desktop.Show();
     EXPECT_TRUE(desktop.OptWhitePage.Value());
     EXPECT_FALSE(desktop.OptPrintedPaper.Value());
     EXPECT_EQ(StoredPaper(), "WhitePaper");
 }
 
-TEST_F(StartScreen, TakesAnyOtherStoredTextAsPrintedPaper) {
+TEST_F(StartScreen, OtherStoredTextMeansPrintedPaper) {
     for (const char* stored : {"PrintedPaper", "whitepaper", "", "WhitePaper "}) {
         StorePaper(stored);
         Desktop other;
@@ -155,7 +155,7 @@ TEST_F(StartScreen, TakesAnyOtherStoredTextAsPrintedPaper) {
     }
 }
 
-TEST_F(StartScreen, StoresEachChoice) {
+TEST_F(StartScreen, EachChoiceIsStored) {
     desktop.Show();
     ScreenDriver operatorHand(desktop);
     operatorHand.Click(desktop.OptPrintedPaper);
@@ -164,19 +164,20 @@ TEST_F(StartScreen, StoresEachChoice) {
     EXPECT_EQ(StoredPaper(), "WhitePaper");
 }
 
-TEST_F(StartScreen, EndsTheProcessOnADamagedStore) {
+TEST_F(StartScreen, DamagedSettingsEndTheProcess) {
     StorePaper("WhitePaper");
     std::ofstream(SettingsFile("Riobrepiona")) << "rubbish";
-    boxes.Expect(Critical("The settings file " + SettingsFile("Riobrepiona") +
-                              " is damaged. Rename it, and the choices kept in it are made anew.",
-                          "Quillane"));
+    boxes.Expect(
+        Critical("The settings file " + SettingsFile("Riobrepiona") +
+                     " is damaged. Rename it; the program then starts with the default choices.",
+                 "Quillane"));
     RunEvent([&] { desktop.Show(); });
     EXPECT_EQ(end.Codes(), std::vector<int>{1});
 }
 
 // ---- the other screens ----
 
-TEST_F(StartScreen, ShowsTheWeighmentScreenAboveItself) {
+TEST_F(StartScreen, WeighmentScreenIsModal) {
     TheStation().Ports[1] = "/nowhere/indicator";
     desktop.Show();
     std::string shown;
@@ -199,7 +200,7 @@ TEST_F(StartScreen, ShowsTheWeighmentScreenAboveItself) {
 
 // ---- signing in anew ----
 
-TEST_F(StartScreen, SignsInAnotherUserWhoseLevelHoldsFromThenOn) {
+TEST_F(StartScreen, AnotherUserCanSignIn) {
     database.Run("Insert Into StationUsers (UserName, PasswordHash, UserLevel) Values ('gate', '" +
                  HashPassword("truck", HashCost::Minimum) + "', 2)");
     desktop.Show();
@@ -219,7 +220,7 @@ TEST_F(StartScreen, SignsInAnotherUserWhoseLevelHoldsFromThenOn) {
 }
 
 // The other way round than the start-up does it.
-TEST_F(StartScreen, GivesTheConnectionOnlyBehindTheNewSignIn) {
+TEST_F(StartScreen, ConnectionIsSetAfterTheNewSignIn) {
     CreateEmbeddedDatabase(settings_ + "/Account2.db", {.companyName = "Other",
                                                         .companyAddress = "",
                                                         .companyPhone = "",
@@ -239,7 +240,7 @@ TEST_F(StartScreen, GivesTheConnectionOnlyBehindTheNewSignIn) {
     }
 }
 
-TEST_F(StartScreen, EndsTheProgramWhereTheNewSignInIsGivenUp) {
+TEST_F(StartScreen, CancelledSignInEndsTheProgram) {
     desktop.Show();
     const VisitModal visit(GiveUp());
     ScreenDriver(desktop).Click(desktop.Image1);
@@ -248,19 +249,19 @@ TEST_F(StartScreen, EndsTheProgramWhereTheNewSignInIsGivenUp) {
 
 // ---- the end ----
 
-TEST_F(StartScreen, EndsTheProcessByItsExitButton) {
+TEST_F(StartScreen, ExitButtonEndsTheProcess) {
     desktop.Show();
     ScreenDriver(desktop).Click(desktop.BtnExit);
     ExpectEnd();
 }
 
-TEST_F(StartScreen, EndsTheProcessByItsCloseBox) {
+TEST_F(StartScreen, ClosingTheWindowEndsTheProcess) {
     desktop.Show();
     desktop.close();
     ExpectEnd();
 }
 
-TEST_F(StartScreen, EndsTheProcessByUnloading) {
+TEST_F(StartScreen, UnloadingEndsTheProcess) {
     desktop.Show();
     desktop.Unload();
     ExpectEnd();

@@ -23,7 +23,7 @@ LockScreen* Window() {
     return nullptr;
 }
 
-TEST(WaitDuringWork, ShowsTheHourglassFromItsFirstMoment) {
+TEST(WaitDuringWork, HourglassIsShownAtOnce) {
     {
         const auto wait = WaitForLock();
         EXPECT_EQ(CurrentMousePointer(), MousePointer::Hourglass);
@@ -33,20 +33,20 @@ TEST(WaitDuringWork, ShowsTheHourglassFromItsFirstMoment) {
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
-TEST(WaitDuringWork, LeavesAnHourglassThatWasThereBefore) {
+TEST(WaitDuringWork, EarlierHourglassIsKept) {
     SetMousePointer(MousePointer::Hourglass);
     WaitForLock().reset();
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Hourglass);
     SetMousePointer(MousePointer::Default);
 }
 
-TEST(WaitDuringWork, IsGivenUpAfterHalfAMinute) {
+TEST(WaitDuringWork, EndsAfterThirtySeconds) {
     const auto wait = WaitForLock();
     EXPECT_TRUE(wait->GoOn(milliseconds(29'999)));
     EXPECT_FALSE(wait->GoOn(milliseconds(30'000)));
 }
 
-TEST(WaitDuringStart, ShowsItsWindowAfterAMoment) {
+TEST(WaitDuringStart, WindowIsShownAfterADelay) {
     const StartOfStation start;
     {
         const auto wait = WaitForLock();
@@ -62,7 +62,7 @@ TEST(WaitDuringStart, ShowsItsWindowAfterAMoment) {
     EXPECT_TRUE(ShownScreens().empty());
 }
 
-TEST(WaitDuringStart, IsCancelledByEscTheButtonAndTheCloseBoxAndByNoKeyTypedAhead) {
+TEST(WaitDuringStart, EscButtonAndCloseCancelButKeysTypedAheadDoNot) {
     const StartOfStation start;
     const std::function<void(LockScreen&)> ways[] = {
         [](LockScreen& window) { ScreenDriver(window).Press(Qt::Key_Escape); },
@@ -80,7 +80,7 @@ TEST(WaitDuringStart, IsCancelledByEscTheButtonAndTheCloseBoxAndByNoKeyTypedAhea
     }
 }
 
-TEST(WaitDuringStart, IsOverWithTheStart) {
+TEST(WaitDuringStart, EndsWithTheStart) {
     { const StartOfStation start; }
     const auto wait = WaitForLock();
     wait->GoOn(milliseconds(400));

@@ -69,7 +69,7 @@ protected:
     Desktop desktop;
 };
 
-TEST_F(ScaleSetting, IsShownModallyAboveTheStartScreen) {
+TEST_F(ScaleSetting, ScreenIsModal) {
     VisitBench([&](FrmPortSettings& bench) {
         EXPECT_EQ(bench.windowTitle(), "Port Testing");
         EXPECT_TRUE(bench.isModal());
@@ -79,7 +79,7 @@ TEST_F(ScaleSetting, IsShownModallyAboveTheStartScreen) {
     EXPECT_EQ(desktop.ActiveControlName(), "CmdScaleSetting");
 }
 
-TEST_F(ScaleSetting, StartsAfreshEachTimeWithItsLineClosed) {
+TEST_F(ScaleSetting, ScreenStartsWithDefaultsAndAClosedLineEachTime) {
     VisitBench([&](FrmPortSettings& bench) {
         ScreenDriver(bench).Click(bench.CmdOpenPort);
         EXPECT_TRUE(bench.CM.PortOpen());
@@ -97,7 +97,7 @@ TEST_F(ScaleSetting, StartsAfreshEachTimeWithItsLineClosed) {
     });
 }
 
-TEST_F(ScaleSetting, IsReadByTheNextNewWeighment) {
+TEST_F(ScaleSetting, NextNewWeighmentReadsTheSettings) {
     VisitBench([&](FrmPortSettings& bench) {
         bench.CboPortName.SetText("COM2");
         bench.CboBitsPerSecond.SetText("4800 ");
@@ -116,7 +116,7 @@ TEST_F(ScaleSetting, IsReadByTheNextNewWeighment) {
     });
 }
 
-TEST_F(ScaleSetting, GivesTheLineItHadOpenToTheWeighmentScreen) {
+TEST_F(ScaleSetting, LineIsReleasedForTheWeighmentScreen) {
     VisitBench([&](FrmPortSettings& bench) {
         ScreenDriver(bench).Click(bench.CmdOpenPort);
         bench.CboDirection.SetText("Right");
@@ -130,7 +130,7 @@ TEST_F(ScaleSetting, GivesTheLineItHadOpenToTheWeighmentScreen) {
 }
 
 // An empty length is stored as 0, and the screen says nothing of it.
-TEST_F(ScaleSetting, StopsTheLiveWeightWhereTheLengthWasLeftEmpty) {
+TEST_F(ScaleSetting, EmptyLengthStopsTheLiveWeight) {
     VisitBench([&](FrmPortSettings& bench) { Save(bench); });
     VisitWeighment([&](FrmWeighment& weighment) {
         const std::string shown = weighment.TxtWeight.Text();

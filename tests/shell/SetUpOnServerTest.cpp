@@ -35,8 +35,6 @@ NewDatabase Particulars() {
             .hashCost = HashCost::Minimum};
 }
 
-} // namespace
-
 class SetUpOnServer : public StationOnServer {
 protected:
     SqlServerPlace Place() const {
@@ -97,7 +95,7 @@ protected:
 
 // ---- the way through ----
 
-TEST_F(SetUpOnServer, MakesAnEmptyDatabaseAStationsAndStartsOnIt) {
+TEST_F(SetUpOnServer, EmptyDatabaseIsSetUpAndUsed) {
     SetUpStation(
         [&](SqlServerDialog& dialog, ScreenDriver& driver) {
             dialog.Offer(Place(), {});
@@ -125,7 +123,7 @@ TEST_F(SetUpOnServer, MakesAnEmptyDatabaseAStationsAndStartsOnIt) {
     EXPECT_NE(TheDesktop, nullptr);
 }
 
-TEST_F(SetUpOnServer, UsesACompleteDatabaseAsItIsForTheNextStation) {
+TEST_F(SetUpOnServer, CompleteDatabaseIsUsedUnchangedByAnotherStation) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     BoxAnswers answers;
     answers.Expect(UseExisting(), BoxAnswer::Yes);
@@ -190,7 +188,7 @@ protected:
     }
 };
 
-TEST_F(SetUpOnServerWithParticulars, FillsTheBoxesAndKeepsWhatIsLeftAsItIs) {
+TEST_F(SetUpOnServerWithParticulars, StoredDetailsFillTheBoxesAndAreKept) {
     Change([](CreateDatabaseDialog& dialog) {
         EXPECT_EQ(dialog.TxtCompanyName.Text(), "Veltrane");
         EXPECT_EQ(dialog.TxtCompanyAddress.Text(), "14 Canal Road");
@@ -203,7 +201,7 @@ TEST_F(SetUpOnServerWithParticulars, FillsTheBoxesAndKeepsWhatIsLeftAsItIs) {
     EXPECT_EQ(Stored("CompanyEmail"), "new@v.example");
 }
 
-TEST_F(SetUpOnServerWithParticulars, WritesWhatWasChangedOnceTheUserHasAgreed) {
+TEST_F(SetUpOnServerWithParticulars, ChangedDetailsAreWrittenAfterYes) {
     BoxAnswers answers;
     answers.Expect(Replace("\r\nCompany name: \"Veltrane\" becomes \"Brellix\"\r\n"
                            "Phone: \"044\" becomes \"\""),
@@ -219,7 +217,7 @@ TEST_F(SetUpOnServerWithParticulars, WritesWhatWasChangedOnceTheUserHasAgreed) {
     EXPECT_EQ(StationFile::Read(folder.File("Station.ini")).CompanyNames[1], "Brellix");
 }
 
-TEST_F(SetUpOnServerWithParticulars, ShowsWhatIsStoredAgainWhereTheUserSaysNo) {
+TEST_F(SetUpOnServerWithParticulars, StoredDetailsAreShownAgainAfterNo) {
     BoxAnswers answers;
     answers.Expect(Replace("\r\nAddress: \"14 Canal Road\" becomes \"Mall Road\""), BoxAnswer::No);
     Change([](CreateDatabaseDialog& dialog) { dialog.TxtCompanyAddress.SetText("Mall Road"); },
@@ -234,7 +232,7 @@ TEST_F(SetUpOnServerWithParticulars, ShowsWhatIsStoredAgainWhereTheUserSaysNo) {
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "0");
 }
 
-TEST_F(SetUpOnServerWithParticulars, AnotherServersParticularsTakeThePlaceOfTheFirstOnes) {
+TEST_F(SetUpOnServerWithParticulars, DetailsOfAnotherServerReplaceTheFirstOnes) {
     SetUpStation(
         [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
         [&](Screen& screen, ScreenDriver& driver) {
@@ -254,7 +252,7 @@ TEST_F(SetUpOnServerWithParticulars, AnotherServersParticularsTakeThePlaceOfTheF
         });
 }
 
-TEST_F(SetUpOnServer, NamesTheRowsThatTheDatabaseDidNotTakeAndGoesOn) {
+TEST_F(SetUpOnServer, RejectedRowsAreNamedAndTheSetUpContinues) {
     Owner().Execute("Create Table Project_Registry (registrykey nvarchar(40) Not Null Primary Key, "
                     "value nvarchar(100) Null, Branch int Not Null)");
     Owner().Execute("Insert Into Project_Registry Values ('CompanyName', 'Veltrane', 1)");
@@ -284,7 +282,7 @@ TEST_F(SetUpOnServer, NamesTheRowsThatTheDatabaseDidNotTakeAndGoesOn) {
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "1");
 }
 
-TEST_F(SetUpOnServer, LeavesACompleteDatabaseWhereTheUserSaysNo) {
+TEST_F(SetUpOnServer, CompleteDatabaseIsNotUsedAfterNo) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     BoxAnswers answers;
     answers.Expect(UseExisting(), BoxAnswer::No);
@@ -299,7 +297,7 @@ TEST_F(SetUpOnServer, LeavesACompleteDatabaseWhereTheUserSaysNo) {
     EXPECT_FALSE(folder.Has("Config.ini"));
 }
 
-TEST_F(SetUpOnServer, AdmitsTheStationsSignInWithTheOperatorsRoleAlone) {
+TEST_F(SetUpOnServer, StationSignInGetsOnlyTheOperatorRole) {
     const ServerLogin gate(Owner(), oddPassword);
     SqlServerPlace place = Place();
     place.userName = gate.name;
@@ -340,7 +338,7 @@ TEST_F(SetUpOnServer, AdmitsTheStationsSignInWithTheOperatorsRoleAlone) {
 
 // ---- what stands in the way ----
 
-TEST_F(SetUpOnServer, AnswersPlainlyAndTakesNothingThatDoesNotWork) {
+TEST_F(SetUpOnServer, FailedConnectionIsExplainedAndNotAccepted) {
     const ServerLogin gate(Owner(), "Weigh_2026");
     struct Case {
         std::function<void(SqlServerPlace&)> change;
@@ -377,7 +375,7 @@ TEST_F(SetUpOnServer, AnswersPlainlyAndTakesNothingThatDoesNotWork) {
     EXPECT_FALSE(folder.Has("Config.ini"));
 }
 
-TEST_F(SetUpOnServer, AsksForTheOwnerWhereTheSignInMayNotMakeWhatIsMissing) {
+TEST_F(SetUpOnServer, OwnerIsRequestedIfTheSignInMayNotCreateTables) {
     const ServerLogin gate(Owner(), "Weigh_2026");
     Owner().Execute("CREATE USER [" + gate.name + "] FOR LOGIN [" + gate.name + "]");
     SqlServerPlace place = Place();
@@ -392,7 +390,7 @@ TEST_F(SetUpOnServer, AsksForTheOwnerWhereTheSignInMayNotMakeWhatIsMissing) {
     EXPECT_TRUE(TrySqlServer(place, OwnersSignIn()).works);
 }
 
-TEST_F(SetUpOnServer, TellsOfAStationsSignInThatIsWrongBesideARightOwner) {
+TEST_F(SetUpOnServer, WrongStationSignInIsReportedDespiteACorrectOwner) {
     SqlServerPlace place = Place();
     place.userName = "nobody_" + Part("Database");
     const TryOut tried = TrySqlServer(place, OwnersSignIn());
@@ -401,7 +399,7 @@ TEST_F(SetUpOnServer, TellsOfAStationsSignInThatIsWrongBesideARightOwner) {
         << tried.answer;
 }
 
-TEST_F(SetUpOnServer, NamesWhatIsMissingOfAnIncompleteDatabase) {
+TEST_F(SetUpOnServer, MissingTablesAreNamed) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     Owner().Execute("DROP FUNCTION dbo.FunGetCommodity");
     Owner().Execute("DROP TABLE dbo.StationSchema");
@@ -417,7 +415,7 @@ TEST_F(SetUpOnServer, NamesWhatIsMissingOfAnIncompleteDatabase) {
 
 // ---- breaking off ----
 
-TEST_F(SetUpOnServer, IsBrokenOffWithoutHarmAndGoesOnWithTheNextTry) {
+TEST_F(SetUpOnServer, CancelledSetUpCanBeRepeated) {
     Connection other;
     other.Open("Driver=SQL Server;" + Fragment());
     SetUpStation(
@@ -449,7 +447,7 @@ TEST_F(SetUpOnServer, IsBrokenOffWithoutHarmAndGoesOnWithTheNextTry) {
     EXPECT_TRUE(TrySqlServer(Place(), {}).contents.isComplete);
 }
 
-TEST_F(SetUpOnServer, WritesNothingWhereTheServerRefusesInTheMidst) {
+TEST_F(SetUpOnServer, ServerErrorDuringTheSetUpWritesNothing) {
     Owner().Execute("CREATE VIEW dbo.Arrivals AS SELECT 1 AS ArrivalID");
     SetUpStation(
         [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
@@ -467,4 +465,5 @@ TEST_F(SetUpOnServer, WritesNothingWhereTheServerRefusesInTheMidst) {
     EXPECT_FALSE(succeeded);
 }
 
+} // namespace
 } // namespace Quillane

@@ -52,9 +52,7 @@ protected:
     }
 };
 
-} // namespace
-
-TEST_F(StartUpOnServer, SignsInAndShowsTheStartScreen) {
+TEST_F(StartUpOnServer, UserSignsInAndTheStartScreenIsShown) {
     Configure(Fragment());
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
@@ -64,7 +62,7 @@ TEST_F(StartUpOnServer, SignsInAndShowsTheStartScreen) {
               "VELTRANE MILLS");
 }
 
-TEST_F(StartUpOnServer, ReadsBehindACommaInQuotesOnly) {
+TEST_F(StartUpOnServer, CommaIsReadOnlyInsideQuotes) {
     std::string line = Fragment();
     line.insert(line.find(";Database="), ";APP=Gate 1, mill");
     Configure("\"" + line + "\"");
@@ -80,29 +78,29 @@ TEST_F(StartUpOnServer, ReadsBehindACommaInQuotesOnly) {
     ExpectToEndWith("nable to connect");
 }
 
-TEST_F(StartUpOnServer, EndsWhereTheServerIsAway) {
+TEST_F(StartUpOnServer, UnreachableServerEndsTheProcess) {
     const DeafPort nobody(false);
     Configure(nobody.Entry().substr(1) + ";Database=Account1;UID=gate;PWD=x;TDS_Version=7.4");
     ExpectToEndWith("nable to connect");
 }
 
-TEST_F(StartUpOnServer, EndsOnAWrongPassword) {
+TEST_F(StartUpOnServer, WrongPasswordEndsTheProcess) {
     Configure(Fragment(Part("Database"), Part("UID"), "wrong"));
     ExpectToEndWith("Login failed for user");
 }
 
-TEST_F(StartUpOnServer, EndsOnAnUnknownDatabase) {
+TEST_F(StartUpOnServer, UnknownDatabaseEndsTheProcess) {
     Configure(Fragment("Account1_that_nobody_made", Part("UID"), Part("PWD")));
     ExpectToEndWith("ccount1_that_nobody_made");
 }
 
-TEST_F(StartUpOnServer, EndsForAClientThatTheServerDoesNotKnow) {
+TEST_F(StartUpOnServer, UnknownAnonymousUserEndsTheProcess) {
     TheStation().StationRole = "Client";
     Configure(Fragment());
     ExpectToEndWith("anonymous");
 }
 
-TEST_F(StartUpOnServer, EndsOnADatabaseNameWithoutACompanyNumber) {
+TEST_F(StartUpOnServer, DatabaseNameWithoutCompanyNumberEndsTheProcess) {
     // "master" has six characters, and stands on every server.
     Configure(Fragment("master", Part("UID"), Part("PWD")));
     const BoxNotes notes;
@@ -115,13 +113,13 @@ TEST_F(StartUpOnServer, EndsOnADatabaseNameWithoutACompanyNumber) {
     EXPECT_EQ(end.Codes(), std::vector<int>{1});
 }
 
-TEST_F(StartUpOnServer, EndsWhereTheTableOfTheCompanysNameIsMissing) {
+TEST_F(StartUpOnServer, MissingRegistryTableEndsTheProcess) {
     Owner().Execute("DROP TABLE dbo.Project_Registry");
     Configure(Fragment());
     ExpectToEndWith("roject_");
 }
 
-TEST_F(StartUpOnServer, TellsThatNobodyCanSignInWhereTheTableOfUsersIsMissing) {
+TEST_F(StartUpOnServer, MissingUserTableIsReported) {
     Owner().Execute("DROP TABLE dbo.StationUsers");
     Configure(Fragment());
     const BoxNotes notes;
@@ -133,7 +131,7 @@ TEST_F(StartUpOnServer, TellsThatNobodyCanSignInWhereTheTableOfUsersIsMissing) {
     EXPECT_EQ(end.Codes(), std::vector<int>{0});
 }
 
-TEST_F(StartUpOnServer, TurnsToTheUpgradeWhereTheSchemaNumberIsMissing) {
+TEST_F(StartUpOnServer, MissingSchemaNumberStartsTheUpgrade) {
     Owner().Execute("DROP TABLE dbo.StationSchema");
     Configure(Fragment());
     const VisitModal visit(SignInAs("ali", "wheat"));
@@ -142,4 +140,5 @@ TEST_F(StartUpOnServer, TurnsToTheUpgradeWhereTheSchemaNumberIsMissing) {
     EXPECT_NE(TheDesktop, nullptr);
 }
 
+} // namespace
 } // namespace Quillane

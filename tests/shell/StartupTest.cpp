@@ -104,7 +104,7 @@ private:
 
 // ---- the way in ----
 
-TEST_F(StartUp, OpensTheDatabaseSignsInAndShowsTheStartScreen) {
+TEST_F(StartUp, UserSignsInAndTheStartScreenIsShown) {
     MakeDatabase();
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
@@ -118,7 +118,7 @@ TEST_F(StartUp, OpensTheDatabaseSignsInAndShowsTheStartScreen) {
     EXPECT_TRUE(end.Codes().empty());
 }
 
-TEST_F(StartUp, WritesTheCompanysNameInCapitalsAndLoadsItAfterwards) {
+TEST_F(StartUp, CompanyNameIsWrittenInCapitalsBeforeItIsLoaded) {
     MakeDatabase();
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
@@ -126,7 +126,7 @@ TEST_F(StartUp, WritesTheCompanysNameInCapitalsAndLoadsItAfterwards) {
     EXPECT_EQ(CompanyProfile->CompanyTitle(), "VELTRANE MILLS");
 }
 
-TEST_F(StartUp, RunsItsStatementsInOrder) {
+TEST_F(StartUp, StatementsRunInOrder) {
     MakeDatabase();
     TheStation().AskCompanyName = -1;
     std::vector<std::string> statements;
@@ -161,7 +161,7 @@ TEST_F(StartUp, RunsItsStatementsInOrder) {
     EXPECT_EQ(TheStation().CompanyNames[1], "MILL OF THE NORTH");
 }
 
-TEST_F(StartUp, EndsWithoutAMessageWhereNobodySignsIn) {
+TEST_F(StartUp, CancelledSignInEndsWithoutAMessage) {
     MakeDatabase();
     const VisitModal visit(GiveUp());
     Main();
@@ -172,7 +172,7 @@ TEST_F(StartUp, EndsWithoutAMessageWhereNobodySignsIn) {
     EXPECT_FALSE(UserLogin.Exists());
 }
 
-TEST_F(StartUp, TakesTheCompanyFromTheDatabasesEighthCharacter) {
+TEST_F(StartUp, CompanyNumberIsTheEighthCharacterOfTheDatabaseName) {
     MakeFile("Account5");
     TheStation().CompanyNames[5] = "Brellix";
     const VisitModal visit(SignInAs("ali", "wheat"));
@@ -180,14 +180,14 @@ TEST_F(StartUp, TakesTheCompanyFromTheDatabasesEighthCharacter) {
     EXPECT_EQ(StoredName(), "BRELLIX");
 }
 
-TEST_F(StartUp, KeepsTheFirstCompanyAsStoredWhereTheEntryIsEmpty) {
+TEST_F(StartUp, EmptyEntryUsesTheFirstNameAsStored) {
     MakeFile("Account5");
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
     EXPECT_EQ(StoredName(), "Veltrane Mills");
 }
 
-TEST_F(StartUp, KeepsTheDatabasesNameWhereTheStationGivesNone) {
+TEST_F(StartUp, StationWithoutANameKeepsTheStoredOne) {
     MakeDatabase();
     TheStation() = StationFile();
     const VisitModal visit(SignInAs("ali", "wheat"));
@@ -196,7 +196,7 @@ TEST_F(StartUp, KeepsTheDatabasesNameWhereTheStationGivesNone) {
     EXPECT_EQ(TheStation().CompanyNames[1], "Earlier");
 }
 
-TEST_F(StartUp, WorksForAClientStationToo) {
+TEST_F(StartUp, ClientStationStarts) {
     SKIP_ON_SQL_SERVER("a client signs in as anonymous, whom the tests' server need not know");
     MakeDatabase();
     TheStation().StationRole = "Client";
@@ -205,7 +205,7 @@ TEST_F(StartUp, WorksForAClientStationToo) {
     EXPECT_NE(TheDesktop, nullptr);
 }
 
-TEST_F(StartUp, GoesOnWithoutTheRowOfTheCompanysName) {
+TEST_F(StartUp, MissingCompanyRowIsAccepted) {
     MakeDatabase();
     Change("Delete From Project_Registry Where registrykey = 'CompanyName'");
     const VisitModal visit(SignInAs("ali", "wheat"));
@@ -217,7 +217,7 @@ TEST_F(StartUp, GoesOnWithoutTheRowOfTheCompanysName) {
     EXPECT_NE(TheDesktop, nullptr);
 }
 
-TEST_F(StartUp, TurnsToTheUpgradeAlsoWhereTheDatabaseIsNewerThanTheProgram) {
+TEST_F(StartUp, NewerDatabaseStartsTheUpgradeToo) {
     MakeDatabase();
     Change("Update StationSchema Set SchemaVersion = 99");
     std::vector<Box> shown;
@@ -282,7 +282,7 @@ private:
 constexpr const char* StationThatSaves = "BEGIN IMMEDIATE";
 constexpr const char* ProgramThatHoldsTheFile = "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE";
 
-TEST_F(StartUp, GoesOnOnceTheDatabaseIsFree) {
+TEST_F(StartUp, StartContinuesWhenTheLockIsReleased) {
     for (const char* holder : {StationThatSaves, ProgramThatHoldsTheFile}) {
         MakeFile("Account1");
         HeldLock(File("Account1.db"), "PRAGMA journal_mode = WAL");
@@ -298,7 +298,7 @@ TEST_F(StartUp, GoesOnOnceTheDatabaseIsFree) {
     }
 }
 
-TEST_F(StartUp, EndsWhereTheWaitForTheDatabaseIsCancelled) {
+TEST_F(StartUp, CancelledWaitEndsTheProcess) {
     MakeFile("Account1");
     HeldLock(File("Account1.db"), "PRAGMA journal_mode = WAL");
     const auto cancel = [](LockScreen& window) { ScreenDriver(window).Press(Qt::Key_Escape); };
@@ -315,7 +315,7 @@ TEST_F(StartUp, EndsWhereTheWaitForTheDatabaseIsCancelled) {
     EXPECT_EQ(end.Codes().size(), 2U);
 }
 
-TEST_F(StartUp, WritesTheJournalBackOnceTheStationIsIdle) {
+TEST_F(StartUp, JournalIsWrittenBackWhenTheStationIsIdle) {
     MakeFile("Account1");
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
@@ -334,7 +334,7 @@ TEST_F(StartUp, WritesTheJournalBackOnceTheStationIsIdle) {
     EXPECT_TRUE(WaitFor([&] { return std::filesystem::file_size(log) == 0; }));
 }
 
-TEST_F(StartUp, TriesToWriteBackUntilTheOtherStationsAreDone) {
+TEST_F(StartUp, WriteBackIsRepeatedUntilTheDatabaseIsFree) {
     MakeFile("Account1");
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
@@ -349,7 +349,7 @@ TEST_F(StartUp, TriesToWriteBackUntilTheOtherStationsAreDone) {
 }
 
 // In another process, since it really ends.
-TEST_F(StartUp, TheEndOfTheProcessClosesTheDatabase) {
+TEST_F(StartUp, EndOfTheProcessClosesTheDatabase) {
     MakeFile("Account1");
     EXPECT_EXIT(
         {
@@ -367,7 +367,7 @@ TEST_F(StartUp, TheEndOfTheProcessClosesTheDatabase) {
     EXPECT_FALSE(std::filesystem::exists(File("Account1.db-shm")));
 }
 
-TEST_F(StartUp, EndsOnAJournalOfAnotherStateOfTheDatabase) {
+TEST_F(StartUp, JournalOfAnotherStateEndsTheProcess) {
     MakeFile("Account1");
     const std::string file = File("Account1.db");
     HeldLock(file, "PRAGMA journal_mode = WAL; INSERT INTO Cities VALUES (1, 'Okara')");
@@ -389,7 +389,7 @@ TEST_F(StartUp, EndsOnAJournalOfAnotherStateOfTheDatabase) {
                     " to another folder and start the program again.");
 }
 
-TEST_F(StartUp, LetsOnlyTheSignInReadThePasswordsHashes) {
+TEST_F(StartUp, OnlyTheSignInReadsPasswordHashes) {
     MakeFile("Account1");
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
@@ -398,7 +398,7 @@ TEST_F(StartUp, LetsOnlyTheSignInReadThePasswordsHashes) {
 
 // ---- what ends it ----
 
-TEST_F(StartUp, EndsWithItsMessageWhereTheSetUpIsGivenUp) {
+TEST_F(StartUp, CancelledSetUpEndsWithItsMessage) {
     boxes.Expect(Alert("Error occured in databse creation. \r\nPlease contact to your software "
                        "vendor for further assistance",
                        BoxIcon::Critical));
@@ -409,7 +409,7 @@ TEST_F(StartUp, EndsWithItsMessageWhereTheSetUpIsGivenUp) {
     EXPECT_EQ(Con->State(), 0);
 }
 
-TEST_F(StartUp, EndsWhereASetUpThatSucceededLeavesNoConfigFile) {
+TEST_F(StartUp, SetUpWithoutAConfigFileEndsTheProcess) {
     const VisitModal visit([this](Screen& screen) {
         ScreenDriver driver(screen);
         for (const char* text : {"Veltrane", "", "", "", "nadia", "grain", "grain"})
@@ -421,39 +421,40 @@ TEST_F(StartUp, EndsWhereASetUpThatSucceededLeavesNoConfigFile) {
     ExpectToEndWith("File not found: " + File("Config.ini"));
 }
 
-TEST_F(StartUp, EndsOnAnApostropheInTheCompanysName) {
+TEST_F(StartUp, ApostropheInTheCompanyNameEndsTheProcess) {
     MakeDatabase();
     TheStation().CompanyNames[1] = "O'Neill";
     ExpectToEndWith(EngineWords("near \"NEILL\": syntax error"));
 }
 
-TEST_F(StartUp, EndsOnAConfigFileThatCannotBeRead) {
+TEST_F(StartUp, UnreadableConfigFileEndsTheProcess) {
     std::filesystem::create_directory(File("Config.ini"));
-    ExpectToEndWith("The file " + File("Config.ini") + " cannot be read.");
+    ExpectToEndWith("The file " + File("Config.ini") +
+                    " cannot be read. Check the rights of this user.");
 }
 
-TEST_F(StartUp, EndsOnAnEmptyConfigFile) {
+TEST_F(StartUp, EmptyConfigFileEndsTheProcess) {
     Write("Config.ini", "");
     ExpectToEndWith("Input past end of file: " + File("Config.ini") + " is empty.");
 }
 
-TEST_F(StartUp, EndsOnAConfigFileCutAtItsComma) {
+TEST_F(StartUp, ConfigFileCutAtItsCommaEndsTheProcess) {
     Write("Config.ini", "Server=(embedded),1433;Database=Account1");
     ExpectToEndWith("The connection string names no database.");
 }
 
-TEST_F(StartUp, EndsOnADatabaseThatIsNotThere) {
+TEST_F(StartUp, MissingDatabaseEndsTheProcess) {
     Write("Config.ini", "Server=(embedded);Database=Account7");
     ExpectToEndWith("The database file " + File("Account7.db") + " does not exist.");
 }
 
-TEST_F(StartUp, EndsOnAFileThatIsNoDatabase) {
+TEST_F(StartUp, FileThatIsNotADatabaseEndsTheProcess) {
     Write("Config.ini", "Server=(embedded);Database=Account1");
     Write("Account1.db", std::string(4096, 'x'));
     ExpectToEndWith("The file " + File("Account1.db") + " is not a database.");
 }
 
-TEST_F(StartUp, EndsOnADatabaseNameWithoutACompanyNumber) {
+TEST_F(StartUp, DatabaseNameWithoutCompanyNumberEndsTheProcess) {
     MakeFile("Mill");
     ExpectToEndWith("Type mismatch: the eighth character of the database name \"Mill\" is no "
                     "company number.");
@@ -470,7 +471,7 @@ struct FieldCase {
 
 class FirstField : public StartUp, public testing::WithParamInterface<FieldCase> {};
 
-TEST_P(FirstField, EndsAtTheCommaTheLineOrTheClosingQuote) {
+TEST_P(FirstField, EndsAtCommaLineEndOrClosingQuote) {
     Write("Config.ini", GetParam().text);
     EXPECT_EQ(ReadFirstField(File("Config.ini")), GetParam().field);
 }
@@ -499,7 +500,7 @@ int NumberOf(const std::function<void()>& action) {
     return 0;
 }
 
-TEST_F(StartUp, FailsToReadAFieldOfAMissingAndOfAnEmptyFile) {
+TEST_F(StartUp, MissingOrEmptyFileFails) {
     EXPECT_EQ(NumberOf([&] { ReadFirstField(File("Config.ini")); }), FailureNumber::FileNotFound);
     Write("Config.ini", "");
     EXPECT_EQ(NumberOf([&] { ReadFirstField(File("Config.ini")); }), FailureNumber::InputPastEnd);
@@ -513,15 +514,16 @@ struct StringCase {
     friend void PrintTo(const StringCase& each, std::ostream* out) { *out << each.osName; }
 };
 
-class ConnectionStringTest : public testing::TestWithParam<StringCase> {};
+class StationConnectionStringTest : public testing::TestWithParam<StringCase> {};
 
-TEST_P(ConnectionStringTest, NamesTheAnonymousUserForThatSystemAndForClients) {
-    EXPECT_EQ(ConnectionString(GetParam().osName, GetParam().stationRole, "Server=a;Database=b"),
-              GetParam().text);
+TEST_P(StationConnectionStringTest, WindowsXpAndClientsUseTheAnonymousUser) {
+    EXPECT_EQ(
+        StationConnectionString(GetParam().osName, GetParam().stationRole, "Server=a;Database=b"),
+        GetParam().text);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    OfEveryStation, ConnectionStringTest,
+    OfEveryStation, StationConnectionStringTest,
     testing::Values(StringCase{"Debian GNU/Linux 12 (bookworm)", "",
                                "Driver=SQL Server;Server=a;Database=b"},
                     StringCase{"Debian GNU/Linux 12 (bookworm)", "Client",

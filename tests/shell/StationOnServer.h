@@ -6,6 +6,7 @@
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/Text.h"
 #include "servers/SqlServerDatabase.h"
 #include "shell/Desktop.h"
 #include "shell/Startup.h"
@@ -83,10 +84,8 @@ class ServerLogin {
 public:
     ServerLogin(Connection& owner, const std::string& password)
         : name("Gate_" + owner.DefaultDatabase()), owner_(owner) {
-        std::string literal;
-        for (const char character : password)
-            literal.append(character == '\'' ? 2 : 1, character);
-        owner_.Execute("CREATE LOGIN [" + name + "] WITH PASSWORD = '" + literal + "'");
+        owner_.Execute("CREATE LOGIN [" + name + "] WITH PASSWORD = '" + Doubled(password, '\'') +
+                       "'");
     }
     ~ServerLogin() {
         try {

@@ -13,6 +13,7 @@
 #include <fstream>
 
 namespace Quillane {
+namespace {
 
 TEST(PasswordHash, IsArgon2idAndMatchesOnlyItsPassword) {
     const std::string hash = HashPassword("Grain & chaff دانہ", HashCost::Minimum);
@@ -91,7 +92,7 @@ TEST(PasswordHash, AnUnknownUserTakesAsLongAsAWrongPassword) {
     EXPECT_LT(unknown, wrong * 2);
 }
 
-TEST(PasswordHash, IsWorkedOutAgainFromItsSaltAndCost) {
+TEST(PasswordHash, IsComputedAgainFromItsSaltAndCost) {
     const std::string stored = HashPassword("wheat", HashCost::Minimum);
     const std::string salt = stored.substr(0, stored.rfind('$'));
     EXPECT_EQ(HashOf("wheat", salt), stored);
@@ -99,7 +100,7 @@ TEST(PasswordHash, IsWorkedOutAgainFromItsSaltAndCost) {
     EXPECT_NE(HashOf("", salt), stored);
 }
 
-TEST(PasswordHash, IsWorkedOutOfNothingElse) {
+TEST(PasswordHash, InvalidSaltGivesNoHash) {
     for (const char* salt :
          {"", "$", "grain", "$argon2id$v=19$m=8,t=1,p=1$", "$argon2id$v=19$m=8,t=1,p=1$c2FsdA",
           "$argon2id$v=19$m=8,t=1,p=2$AAAAAAAAAAAAAAAAAAAAAA",
@@ -108,4 +109,5 @@ TEST(PasswordHash, IsWorkedOutOfNothingElse) {
         EXPECT_EQ(HashOf("wheat", salt), "") << salt;
 }
 
+} // namespace
 } // namespace Quillane

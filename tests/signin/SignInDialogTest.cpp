@@ -18,13 +18,14 @@
 #include <algorithm>
 
 namespace Quillane {
+namespace {
 
 using Testing::BoxAnswers;
 using Testing::RunModal;
 using Testing::ScreenDriver;
 using Testing::WaitFor;
 
-class SignIn : public testing::Test {
+class SignInDialogTest : public testing::Test {
 protected:
     void SetUp() override { login.SetConnection(database.connection); }
 
@@ -38,7 +39,7 @@ protected:
     SignInDialog dialog{login};
 };
 
-TEST_F(SignIn, MovesByEnterAndSignsInFromThePassword) {
+TEST_F(SignInDialogTest, MovesByEnterAndSignsInFromThePassword) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName");
@@ -64,7 +65,7 @@ public:
     }
 };
 
-TEST_F(SignIn, SaysWithoutAnyStatementThatTheBackupIsOld) {
+TEST_F(SignInDialogTest, SaysWithoutAnyStatementThatTheBackupIsOld) {
     const OldBackup old(database.folder.path);
     std::vector<std::string> statements;
     database.connection.StatementObserver = [&](std::string_view text) {
@@ -84,14 +85,14 @@ TEST_F(SignIn, SaysWithoutAnyStatementThatTheBackupIsOld) {
     });
 }
 
-TEST_F(SignIn, SaysNothingOfBackupsWhereNoDaysAreSet) {
+TEST_F(SignInDialogTest, SaysNothingOfBackupsWhereNoDaysAreSet) {
     RunModal(dialog, [&](Screen& screen) {
         EXPECT_EQ(dialog.Reminder(), "");
         ScreenDriver(screen).Press(Qt::Key_Escape);
     });
 }
 
-TEST_F(SignIn, WalksByTabAndPressesAButtonByEnterOrSpace) {
+TEST_F(SignInDialogTest, WalksByTabAndPressesAButtonByEnterOrSpace) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Tab).Type("grain").Press(Qt::Key_Tab);
@@ -105,14 +106,14 @@ TEST_F(SignIn, WalksByTabAndPressesAButtonByEnterOrSpace) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-TEST_F(SignIn, GivesUpByEscapeButtonAndCloseBox) {
+TEST_F(SignInDialogTest, GivesUpByEscapeButtonAndCloseBox) {
     RunModal(dialog, [](Screen& screen) { ScreenDriver(screen).Press(Qt::Key_Escape); });
     RunModal(dialog, [this](Screen& screen) { ScreenDriver(screen).Click(dialog.BtnCancel); });
     RunModal(dialog, [this](Screen&) { dialog.close(); });
     EXPECT_EQ(login.UserLevel(), 0);
 }
 
-TEST_F(SignIn, KeepsTheNameAndAsksForThePasswordAgain) {
+TEST_F(SignInDialogTest, KeepsTheNameAndAsksForThePasswordAgain) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return).Type("chaff").Press(Qt::Key_Return);
@@ -125,13 +126,13 @@ TEST_F(SignIn, KeepsTheNameAndAsksForThePasswordAgain) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-TEST_F(SignIn, ShowsTheVersionInItsHead) {
+TEST_F(SignInDialogTest, ShowsTheVersionInItsHead) {
     const auto labels = dialog.findChildren<QLabel*>();
     const QString version = "Version " + ToQt(QuillaneVersion());
     EXPECT_TRUE(std::ranges::any_of(labels, [&](QLabel* each) { return each->text() == version; }));
 }
 
-TEST_F(SignIn, ShowsWhatProgramThisIsOnF1AndKeepsTheEntries) {
+TEST_F(SignInDialogTest, ShowsWhatProgramThisIsOnF1AndKeepsTheEntries) {
     int shown = 0;
     login.About = [&shown] { ++shown; };
     RunModal(dialog, [&](Screen& screen) {
@@ -146,7 +147,7 @@ TEST_F(SignIn, ShowsWhatProgramThisIsOnF1AndKeepsTheEntries) {
     EXPECT_EQ(shown, 1);
 }
 
-TEST_F(SignIn, SaysTheSameOfAnUnknownName) {
+TEST_F(SignInDialogTest, SaysTheSameOfAnUnknownName) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nobody").Press(Qt::Key_Return).Type("grain").Press(Qt::Key_Return);
@@ -155,7 +156,7 @@ TEST_F(SignIn, SaysTheSameOfAnUnknownName) {
     });
 }
 
-TEST_F(SignIn, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
+TEST_F(SignInDialogTest, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return);
@@ -173,7 +174,7 @@ TEST_F(SignIn, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-TEST_F(SignIn, IsNotOpenedAnewToEscapeThePause) {
+TEST_F(SignInDialogTest, IsNotOpenedAnewToEscapeThePause) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return);
@@ -188,7 +189,7 @@ TEST_F(SignIn, IsNotOpenedAnewToEscapeThePause) {
     });
 }
 
-TEST_F(SignIn, TellsAFailureOfTheDatabaseAndStays) {
+TEST_F(SignInDialogTest, TellsAFailureOfTheDatabaseAndStays) {
     database.connection.Execute("Drop Table StationUsers");
     BoxAnswers answers;
     answers.Expect(Testing::Critical(EngineWords("no such table: StationUsers"), "Database"));
@@ -200,4 +201,5 @@ TEST_F(SignIn, TellsAFailureOfTheDatabaseAndStays) {
     });
 }
 
+} // namespace
 } // namespace Quillane

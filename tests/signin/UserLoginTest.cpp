@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 namespace Quillane {
+namespace {
 
 using Attempt = UserLoginObject::Attempt;
 using Testing::BoxAnswers;
@@ -120,4 +121,5 @@ TEST(UserLogin, FailsWithoutAConnection) {
     EXPECT_THROW(UserLoginObject().Login(), Failure);
 }
 
+} // namespace
 } // namespace Quillane

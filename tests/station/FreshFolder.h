@@ -7,7 +7,7 @@
 
 namespace Quillane {
 
-/// A fresh folder that goes with it.
+/// A new temporary folder. The destructor removes it with its contents.
 class FreshFolder {
 public:
     FreshFolder() {
@@ -20,7 +20,7 @@ public:
 
     std::string File(const std::string& name) const { return path + "/" + name; }
     bool Has(const std::string& name) const { return std::filesystem::exists(File(name)); }
-    /// Gives the path of the file.
+    /// Returns the path of the file.
     std::string Write(const std::string& name, const std::string& text) const {
         std::ofstream(File(name), std::ios::binary) << text;
         return File(name);

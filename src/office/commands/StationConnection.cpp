@@ -9,6 +9,7 @@
 #include "platform/host/SystemInfo.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/StationSetUp.h"
 
@@ -86,7 +87,8 @@ void OpenStationDatabase(Connection& connection, const std::string& folder,
     connection.ConnectionTimeout = connectionTimeoutSeconds;
     const std::string fragment = ReadFirstField(config);
     if (signIn.name.empty())
-        connection.Open(ConnectionString(SystemInfo::OsName(), TheStation().StationRole, fragment));
+        connection.Open(
+            StationConnectionString(SystemInfo::OsName(), TheStation().StationRole, fragment));
     else
         connection.Open("Driver=SQL Server;" + WithoutSignIn(fragment), signIn.name,
                         signIn.password);

@@ -1,6 +1,8 @@
 #include "office/records/Csv.h"
 
 #include "office/records/Texts.h"
+#include "platform/host/Utf8.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -166,10 +168,7 @@ std::string CsvLine(const std::vector<std::string>& cells) {
             line += cell;
             continue;
         }
-        line += quote;
-        for (const char c : cell)
-            line.append(c == quote ? 2 : 1, c);
-        line += quote;
+        line += quote + Doubled(cell, quote) + quote;
     }
     return line + "\r\n";
 }

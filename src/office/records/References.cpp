@@ -4,7 +4,7 @@
 #include "office/records/Rows.h"
 #include "office/records/Texts.h"
 #include "office/records/Transaction.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 
@@ -13,10 +13,7 @@ namespace Quillane::Office {
 namespace {
 
 std::string InBrackets(const std::string& name) {
-    std::string text = "[";
-    for (const char c : name)
-        text.append(c == ']' ? 2 : 1, c);
-    return text + "]";
+    return "[" + Doubled(name, ']') + "]";
 }
 
 /// A column that refers to a column of a part.

@@ -2,7 +2,7 @@
 
 #include "office/records/Texts.h"
 #include "office/records/Transaction.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <array>
 #include <optional>

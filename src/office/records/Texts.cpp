@@ -1,7 +1,8 @@
 #include "office/records/Texts.h"
 
+#include "platform/runtime/Text.h"
+
 #include <QString>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <charconv>
@@ -22,10 +23,6 @@ std::string_view WithoutBlanksAtEnd(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
 // Letters of a right-to-left script need the joiners among the format characters.
 bool IsUnfit(QChar character) {
     constexpr char16_t directionFirst = 0x202A;
@@ -39,10 +36,7 @@ bool IsUnfit(QChar character) {
 } // namespace
 
 std::string SqlText(std::string_view text) {
-    std::string literal = "N'";
-    for (const char c : text)
-        literal.append(c == '\'' ? 2 : 1, c);
-    return literal + "'";
+    return "N'" + Doubled(text, '\'') + "'";
 }
 
 std::string Folded(std::string_view text) {
@@ -50,7 +44,7 @@ std::string Folded(std::string_view text) {
     if (!IsAscii(kept))
         return ToQString(kept).toCaseFolded().toStdString();
     std::string folded(kept);
-    std::ranges::transform(folded, folded.begin(), Lower);
+    std::ranges::transform(folded, folded.begin(), LowerCase);
     return folded;
 }
 
@@ -67,27 +61,14 @@ std::string Shortened(std::string_view text) {
 }
 
 std::string Trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
     if (!IsAscii(text))
         return ToQString(text).trimmed().toStdString();
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
+    return std::string(TrimWhiteSpace(text));
 }
 
 bool HoldsControlCharacter(std::string_view text) {
     const QString characters = ToQString(text);
     return std::ranges::any_of(characters, IsUnfit);
-}
-
-bool IsUtf8(std::string_view text) {
-    if (IsAscii(text))
-        return true;
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded =
-        decoder.decode(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
-    return !decoder.hasError();
 }
 
 std::optional<std::int32_t> PositiveNumber(std::string_view text) {

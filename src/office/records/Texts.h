@@ -28,8 +28,6 @@ std::string Trimmed(std::string_view text);
 /// without being seen.
 bool HoldsControlCharacter(std::string_view text);
 
-bool IsUtf8(std::string_view text);
-
 /// The number that a text of digits alone gives; none below 1 or beyond 32 bits.
 std::optional<std::int32_t> PositiveNumber(std::string_view text);
 

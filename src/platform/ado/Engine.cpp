@@ -5,7 +5,7 @@
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/odbc/OdbcEngine.h"
 #include "platform/ado/sqlite/SqliteEngine.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 namespace Quillane {
 

@@ -5,7 +5,7 @@
 #include "platform/ado/RecordsetView.h"
 #include "platform/ado/Session.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <utility>

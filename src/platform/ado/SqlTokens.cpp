@@ -1,6 +1,6 @@
 #include "platform/ado/SqlTokens.h"
 
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <array>

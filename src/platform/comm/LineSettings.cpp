@@ -1,6 +1,6 @@
 #include "platform/comm/LineSettings.h"
 
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <array>
 #include <charconv>

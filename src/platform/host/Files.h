@@ -4,8 +4,8 @@
 
 namespace Quillane {
 
-/// True where something has this name, also where this user may not look at it: nothing must be
-/// made in the place of what is only out of reach for the moment. Paths are UTF-8.
+/// True if a file or folder with this path exists, or if this user may not find out: a file that is
+/// inaccessible for the moment must not be created again. Paths are UTF-8.
 bool FileExists(const std::string& path);
 
 } // namespace Quillane

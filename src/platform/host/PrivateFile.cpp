@@ -9,7 +9,7 @@ namespace Quillane {
 
 namespace {
 
-bool FolderHandsItsGroupOn(const std::string& path) {
+bool FolderSharesItsGroup(const std::string& path) {
     namespace fs = std::filesystem;
     const fs::path folder = fs::path(std::u8string(path.begin(), path.end())).parent_path();
     std::error_code error;
@@ -23,7 +23,7 @@ void MakePrivateFile(const std::string& path) {
     if (!file.open(QIODevice::WriteOnly))
         return;
     MakePrivate(file);
-    if (FolderHandsItsGroupOn(path))
+    if (FolderSharesItsGroup(path))
         file.setPermissions(file.permissions() | QFileDevice::ReadGroup | QFileDevice::WriteGroup);
 }
 

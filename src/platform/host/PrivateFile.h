@@ -6,12 +6,12 @@ class QFileDevice;
 
 namespace Quillane {
 
-/// Makes an empty file that its owner and group alone may use, for what others must not read. In a
-/// folder that hands its group on the group may write it as well: several users share what is
-/// there. Where it cannot be made, whoever writes it will say so.
+/// Creates an empty file that only its owner and group can read and write. In a folder with the
+/// set-group-id bit the group can write it too, because several users share such a folder. An error
+/// is not reported here: writing to the file reports it.
 void MakePrivateFile(const std::string& path);
 
-/// The same for a file that is open for writing and holds nothing yet.
+/// Removes the access of other users from an open file. Requires: the file is still empty.
 void MakePrivate(QFileDevice& file);
 
 } // namespace Quillane

@@ -1,10 +1,8 @@
 #include "platform/host/StationFile.h"
 
+#include "platform/host/Utf8.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
-
-#include <QString>
-#include <QStringDecoder>
+#include "platform/runtime/Text.h"
 
 #include <charconv>
 #include <filesystem>
@@ -22,23 +20,7 @@ constexpr int lastPort = 32767;
 constexpr int mostBackups = 9999;
 constexpr int mostDays = 366;
 
-std::string_view Bare(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-// Letters of another encoding would reach the company's name, and so the database, as rubbish.
-bool IsUtf8(std::string_view line) {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded =
-        decoder.decode(QByteArrayView(line.data(), static_cast<qsizetype>(line.size())));
-    return !decoder.hasError();
-}
-
-/// Puts one line after the other into a station's file, and knows where it stands.
+/// Reads the lines of a station file in order into a `StationFile` and counts them for messages.
 class LineReader {
 public:
     LineReader(const std::string& path, StationFile& station) : path_(path), station_(station) {}
@@ -46,42 +28,42 @@ public:
     void Read(std::string_view line) {
         ++number_;
         if (!IsUtf8(line))
-            Refuse("it is no UTF-8 text. Please save the file as UTF-8.");
-        const std::string_view bare = Bare(line);
-        if (bare.empty() || bare.front() == ';' || bare.front() == '#')
+            Refuse("The text is not UTF-8. Save the file as UTF-8.");
+        const std::string_view content = TrimWhiteSpace(line);
+        if (content.empty() || content.front() == ';' || content.front() == '#')
             return;
-        if (bare.front() == '[')
-            EnterSection(bare);
+        if (content.front() == '[')
+            EnterSection(content);
         else
-            ReadEntry(bare);
+            ReadEntry(content);
     }
 
 private:
     [[noreturn]] void Refuse(std::string_view reason) const {
         throw Failure(FailureNumber::InvalidCall,
-                      "The station file " + path_ + " is damaged, line " + std::to_string(number_) +
-                          ": " + std::string(reason));
+                      "The station file " + path_ + " has an error in line " +
+                          std::to_string(number_) + ": " + std::string(reason));
     }
 
     void EnterSection(std::string_view line) {
         if (line.back() != ']')
-            Refuse("the section's closing bracket is missing.");
-        section_ = UpperCase(Bare(line.substr(1, line.size() - 2)));
+            Refuse("The closing bracket of the section is missing.");
+        section_ = UpperCase(TrimWhiteSpace(line.substr(1, line.size() - 2)));
         if (section_ != "STATION" && section_ != "COMPANYNAMES" && section_ != "PORTS" &&
             section_ != "WHOLEBURSTS" && section_ != "BACKUP")
-            Refuse("there is no section " + std::string(line) + ".");
+            Refuse("The section " + std::string(line) + " is unknown.");
     }
 
     void ReadEntry(std::string_view line) {
         const auto equals = line.find('=');
         if (equals == std::string_view::npos)
-            Refuse("neither a section nor key=value.");
+            Refuse("The line is neither a section nor key=value.");
         if (section_.empty())
-            Refuse("a key before the first section.");
-        const std::string key = UpperCase(Bare(line.substr(0, equals)));
+            Refuse("The key is not in a section.");
+        const std::string key = UpperCase(TrimWhiteSpace(line.substr(0, equals)));
         if (!seen_.insert(section_ + "=" + key).second)
-            Refuse("the key " + key + " stands twice.");
-        Store(key, std::string(Bare(line.substr(equals + 1))));
+            Refuse("The key " + key + " occurs twice.");
+        Store(key, std::string(TrimWhiteSpace(line.substr(equals + 1))));
     }
 
     void Store(const std::string& key, std::string value) {
@@ -98,12 +80,12 @@ private:
         else if (key == "ASKCOMPANYNAME")
             station_.AskCompanyName = Whole(value, -32768, 32767);
         else
-            Refuse("there is no key " + key + " in [Station].");
+            Refuse("The key " + key + " is unknown in [Station].");
     }
 
     void StorePort(int port, std::string device) {
         if (device.empty())
-            Refuse("the port has no device.");
+            Refuse("The device of the port is missing.");
         station_.Ports[port] = std::move(device);
     }
 
@@ -111,28 +93,28 @@ private:
         if (value == "YES")
             station_.WholeBursts.insert(port);
         else if (value != "NO")
-            Refuse("a port in [WholeBursts] takes yes or no.");
+            Refuse("The value must be yes or no.");
     }
 
     void StoreBackup(const std::string& key, std::string value) {
         if (key == "FOLDER" && !value.empty())
             station_.BackupFolder = std::move(value);
         else if (key == "FOLDER")
-            Refuse("the backups have no folder.");
+            Refuse("The folder of the backups is missing.");
         else if (key == "KEEP")
             station_.BackupsKept = Whole(value, 1, mostBackups);
         else if (key == "WARNAFTERDAYS")
             station_.WarnAfterBackupDays = Whole(value, 1, mostDays);
         else
-            Refuse("there is no key " + key + " in [Backup].");
+            Refuse("The key " + key + " is unknown in [Backup].");
     }
 
     int Whole(const std::string& text, int least, int most) const {
         int value = 0;
         const auto error = std::from_chars(text.data(), text.data() + text.size(), value).ec;
-        // One spelling for each number: a second one would slip past the look for doubles.
+        // Only one spelling of each number is allowed, so that a repeated key is found.
         if (error != std::errc() || std::to_string(value) != text || value < least || value > most)
-            Refuse("\"" + text + "\" is no whole number from " + std::to_string(least) + " to " +
+            Refuse("\"" + text + "\" is not a whole number from " + std::to_string(least) + " to " +
                    std::to_string(most) + ".");
         return value;
     }
@@ -164,9 +146,11 @@ StationFile StationFile::Read(const std::string& path) {
             SkipByteOrderMark(line);
         reader.Read(line);
     }
-    // A folder of that name opens, and fails at the first read.
+    // Opening a folder succeeds; the first read fails.
     if (!file.is_open() || file.bad())
-        throw Failure(FailureNumber::PathAccess, "The station file " + path + " cannot be read.");
+        throw Failure(FailureNumber::PathAccess, "The station file " + path +
+                                                     " cannot be read. "
+                                                     "Check the rights of this user.");
     return station;
 }
 

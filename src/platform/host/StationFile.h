@@ -7,7 +7,7 @@
 
 namespace Quillane {
 
-/// What a station knows of itself, from `Station.ini` in its folder.
+/// The settings of one station, read from `Station.ini` in the station folder.
 ///
 ///     [Station]
 ///     StationRole=Client
@@ -23,13 +23,13 @@ namespace Quillane {
 ///     Keep=30
 ///     WarnAfterDays=3
 ///
-/// Blanks around a name or a value do not count, lines that begin with ; or # are notes, and the
-/// names of sections and keys may be in any case. A value runs to the end of its line. The text is
-/// UTF-8.
+/// Blanks around a name or a value are ignored, lines that begin with ; or # are comments, and the
+/// names of sections and keys are not case-sensitive. A value ends at the end of its line. The text
+/// is UTF-8.
 struct StationFile {
     std::string StationRole;
-    /// 1 to 9; entry 0 is not used. An empty entry 1 takes the name that the database has, once
-    /// that is open.
+    /// By company number, 1 to 9; entry 0 is not used. If entry 1 is empty, it gets the name stored
+    /// in the database once the database is open.
     std::array<std::string, 10> CompanyNames;
     int AskCompanyName = 0;
     std::map<int, std::string> Ports; ///< device by port number
@@ -39,17 +39,16 @@ struct StationFile {
     int BackupsKept = 0;         ///< 0: all
     int WarnAfterBackupDays = 0; ///< the sign-in reports a last backup that is older; 0: never
 
-    /// A missing file gives the defaults. A damaged one is a failure that names the file and the
-    /// line; nothing is guessed. A section or key that nothing reads, or that stands twice, counts
-    /// as damage too: a misspelt name would otherwise be passed over without a word, and the
-    /// station would run with another role or port than its owner wrote down.
+    /// Reads a station file; a missing one gives the defaults. Errors: a failure that names the
+    /// file and the line. An unknown or repeated section or key is an error too: if a misspelt name
+    /// were ignored, the station would run with another role or port than its owner has configured.
     static StationFile Read(const std::string& path);
 
-    /// The device behind a port number: what [Ports] names, else /dev/ttyS(n-1), or COMn.
+    /// The device of a port number: the one given in [Ports], otherwise /dev/ttyS(n-1) or COMn.
     std::string PortDevice(int number) const;
 };
 
-/// The station's file, read once at start; the start-up fills it.
+/// The settings of this station. The program reads them once at start.
 StationFile& TheStation();
 
 } // namespace Quillane

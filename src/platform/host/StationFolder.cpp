@@ -29,7 +29,7 @@ std::string SystemFolder() {
 #endif
 }
 
-// Without dots, and without a separator at its end unless it is the root.
+// The result has no "." or ".." and, unless it is the root, no separator at its end.
 std::string Absolute(const std::string& path) {
     return QDir::cleanPath(QDir().absoluteFilePath(QString::fromStdString(path))).toStdString();
 }
@@ -71,15 +71,15 @@ void CheckStationFolder(const std::string& folder) {
     std::error_code error;
     const fs::file_type type = fs::status(PathOf(folder), error).type();
     if (type == fs::file_type::not_found)
-        Refuse(folder, "does not exist. Please create it, or name another one with the option "
+        Refuse(folder, "does not exist. Create it, or name another folder with the option "
                        "--station.");
     if (type != fs::file_type::directory && type != fs::file_type::none)
-        Refuse(folder, "is not a folder. Please name another one with the option --station.");
+        Refuse(folder, "is not a folder. Name a folder with the option --station.");
     static_cast<void>(fs::status(PathOf(folder + "/Config.ini"), error));
     if (error == std::errc::permission_denied)
-        Refuse(folder, "cannot be opened: this user has no rights in it. Please ask the person who "
-                       "looks after the computer for the rights, or name another folder with the "
-                       "option --station.");
+        Refuse(folder, "cannot be opened: this user has no rights in it. Ask the administrator of "
+                       "the computer for the rights, or name another folder with the option "
+                       "--station.");
 }
 
 } // namespace Quillane

@@ -4,28 +4,28 @@
 
 namespace Quillane {
 
-/// The folder of this station, absolute and without a separator at its end: `Config.ini`,
-/// `Station.ini` and embedded databases lie there. The program's `main` sets it, before anything
-/// asks for it.
+/// The folder that holds `Config.ini`, `Station.ini` and embedded databases; an absolute path
+/// without a separator at its end. Requires: `main` has called `SetStationFolder`.
 std::string StationFolder();
 void SetStationFolder(std::string folder);
 
-/// Where a station's folder may be named, and where it may lie. An empty text names none.
+/// The places that can name the station folder, and its default locations. Empty: not given.
 struct StationFolderSources {
     std::string option;   ///< the program's option --station
     std::string variable; ///< the environment variable QUILLANE_STATION
     std::string program;  ///< the folder of the executable
-    std::string system;   ///< the folder that the system keeps for the station
+    std::string system;   ///< the default folder of the operating system
 };
 
-/// Those of this process; the option is what the command line gave.
+/// Reads them for this process. `option` is the value of --station, or empty.
 StationFolderSources SourcesOfThisProcess(std::string option);
 
-/// The option's folder; else the variable's; else the program's where it holds a `Config.ini`; else
-/// the system's. A relative path counts from the working folder.
+/// Chooses the first of these: the option's folder, the variable's folder, the program's folder if
+/// it holds a `Config.ini`, the system's folder. Relative paths start at the working folder.
 std::string ChooseStationFolder(const StationFolderSources& sources);
 
-/// Fails (75) where the folder is missing, is no folder, or may not be entered by this user.
+/// Errors: path access (75) if the folder does not exist, is not a folder, or is closed to this
+/// user.
 void CheckStationFolder(const std::string& folder);
 
 } // namespace Quillane

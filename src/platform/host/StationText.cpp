@@ -1,6 +1,6 @@
 #include "platform/host/StationText.h"
 
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// The lines with their ends.
+/// Splits a text into lines that keep their line ends.
 std::vector<std::string> Lines(std::string_view text) {
     std::vector<std::string> lines;
     while (!text.empty()) {
@@ -31,33 +31,25 @@ std::string Joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-std::string_view Bare(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 std::string_view Content(std::string_view line) {
     if (line.starts_with(byteOrderMark))
         line.remove_prefix(byteOrderMark.size());
-    return Bare(line);
+    return TrimWhiteSpace(line);
 }
 
 bool IsSection(std::string_view line, std::string_view name) {
     const std::string_view content = Content(line);
     return content.starts_with('[') && content.ends_with(']') &&
-           EqualIgnoringCase(Bare(content.substr(1, content.size() - 2)), name);
+           EqualIgnoringCase(TrimWhiteSpace(content.substr(1, content.size() - 2)), name);
 }
 
-/// Of a line that is an entry; empty otherwise.
+/// The key of an entry; empty if the line is not an entry.
 std::string_view KeyOf(std::string_view line) {
     const std::string_view content = Content(line);
     const auto equals = content.find('=');
     const bool isEntry = equals != std::string_view::npos && !content.starts_with(';') &&
                          !content.starts_with('#') && !content.starts_with('[');
-    return isEntry ? Bare(content.substr(0, equals)) : std::string_view();
+    return isEntry ? TrimWhiteSpace(content.substr(0, equals)) : std::string_view();
 }
 
 int NumberOf(std::string_view key) {
@@ -66,15 +58,16 @@ int NumberOf(std::string_view key) {
     return number;
 }
 
-/// Where an entry is among the lines, or where it would go.
-struct Place {
+/// The lines of an entry and of its insertion point.
+struct EntryLine {
     std::optional<std::size_t> entry;
-    std::optional<std::size_t> next; ///< the line before which it goes; none without its section
+    std::optional<std::size_t>
+        next; ///< a new entry is inserted before it; none if there is no section
 };
 
-Place FindPlace(const std::vector<std::string>& lines, std::string_view section,
-                std::string_view key) {
-    Place place;
+EntryLine FindEntry(const std::vector<std::string>& lines, std::string_view section,
+                    std::string_view key) {
+    EntryLine at;
     bool inSection = false;
     bool isBeforeGreater = false;
     for (std::size_t line = 0; line < lines.size(); ++line) {
@@ -85,13 +78,13 @@ Place FindPlace(const std::vector<std::string>& lines, std::string_view section,
         if (!inSection || (!isHeader && found.empty()))
             continue;
         if (!found.empty() && EqualIgnoringCase(found, key))
-            place.entry = line;
+            at.entry = line;
         const bool isGreater = !found.empty() && NumberOf(found) > NumberOf(key);
         if (!isBeforeGreater)
-            place.next = isGreater ? line : line + 1;
+            at.next = isGreater ? line : line + 1;
         isBeforeGreater = isBeforeGreater || isGreater;
     }
-    return place;
+    return at;
 }
 
 std::string LineEndOf(std::string_view text) {
@@ -103,11 +96,11 @@ std::string LineEndOf(std::string_view text) {
 
 std::string StationEntry(std::string_view text, std::string_view section, std::string_view key) {
     const std::vector<std::string> lines = Lines(text);
-    const Place place = FindPlace(lines, section, key);
-    if (!place.entry)
+    const EntryLine at = FindEntry(lines, section, key);
+    if (!at.entry)
         return {};
-    const std::string_view line = Content(lines[*place.entry]);
-    return std::string(Bare(line.substr(line.find('=') + 1)));
+    const std::string_view line = Content(lines[*at.entry]);
+    return std::string(TrimWhiteSpace(line.substr(line.find('=') + 1)));
 }
 
 std::string WithStationEntry(std::string_view text, std::string_view section, std::string_view key,
@@ -117,11 +110,11 @@ std::string WithStationEntry(std::string_view text, std::string_view section, st
     if (!lines.empty() && !lines.back().ends_with('\n'))
         lines.back() += lineEnd;
     const std::string entry = std::string(key) + "=" + std::string(value) + lineEnd;
-    const Place place = FindPlace(lines, section, key);
-    if (place.entry) {
-        lines[*place.entry] = entry;
-    } else if (place.next) {
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*place.next), entry);
+    const EntryLine at = FindEntry(lines, section, key);
+    if (at.entry) {
+        lines[*at.entry] = entry;
+    } else if (at.next) {
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*at.next), entry);
     } else {
         lines.push_back((lines.empty() ? "" : lineEnd) + "[" + std::string(section) + "]" +
                         lineEnd + entry);
@@ -132,8 +125,8 @@ std::string WithStationEntry(std::string_view text, std::string_view section, st
 std::string WithoutStationEntry(std::string_view text, std::string_view section,
                                 std::string_view key) {
     std::vector<std::string> lines = Lines(text);
-    if (const Place place = FindPlace(lines, section, key); place.entry)
-        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(*place.entry));
+    if (const EntryLine at = FindEntry(lines, section, key); at.entry)
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(*at.entry));
     return Joined(lines);
 }
 

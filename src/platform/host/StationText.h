@@ -3,19 +3,19 @@
 #include <string>
 #include <string_view>
 
-/// Changes in the text of a `Station.ini`. Everything else in it stays as it is: comments, blank
-/// lines, the order, the line ends.
+/// Edits of the text of a `Station.ini`. Comments, blank lines, the order and the line ends are
+/// kept.
 namespace Quillane {
 
-/// The value under a key; empty where there is none.
+/// Returns the value of a key; empty if there is none.
 std::string StationEntry(std::string_view text, std::string_view section, std::string_view key);
 
-/// The text with this value under a key: the entry replaced, or put into its section in the order
-/// of numbered keys, or both added at the end.
+/// Returns the text with a value stored under a key. An existing entry is replaced; a new one is
+/// inserted into its section in numerical order of the keys. A missing section is appended.
 std::string WithStationEntry(std::string_view text, std::string_view section, std::string_view key,
                              std::string_view value);
 
-/// The text without the entry; its section stays.
+/// Returns the text without the entry. The section is kept even if it is now empty.
 std::string WithoutStationEntry(std::string_view text, std::string_view section,
                                 std::string_view key);
 

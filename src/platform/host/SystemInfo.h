@@ -4,7 +4,7 @@
 
 namespace Quillane {
 
-/// Facts of the operating system.
+/// Information about the operating system.
 struct SystemInfo {
     /// The product name of the running system, for example "Microsoft Windows XP".
     static std::string OsName();

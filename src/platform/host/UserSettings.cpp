@@ -14,7 +14,7 @@
 #include <map>
 #include <utility>
 
-// QSettings is not used: it passes over a damaged file at the second look and writes over it.
+// QSettings is not used: it ignores a damaged file on the second access and overwrites it.
 
 namespace Quillane {
 
@@ -23,7 +23,7 @@ namespace {
 using SectionAndKey = std::pair<std::string, std::string>;
 using Settings = std::map<SectionAndKey, std::string>;
 
-/// In front of what some editors write.
+/// Some editors write it at the beginning of a file.
 constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
 constexpr qint64 lengthOfMark = 3;
 
@@ -31,8 +31,8 @@ QString FromUtf8(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Percent signs and control characters never stand bare in the file, and in names nothing that has
-// a meaning there or in a path.
+// The file holds percent signs and control characters only in encoded form. In names, every
+// character with a meaning in the file or in a path is encoded too.
 std::string EncodedName(std::string_view name) {
     if (name.empty())
         Fail(FailureNumber::InvalidCall);
@@ -64,8 +64,8 @@ bool HoldsControlCharacter(std::string_view line) {
                        [](unsigned char c) { return c < ' ' || c == 0x7F; });
 }
 
-/// Takes one line of the file; false if it is neither a section nor a key of its own with a value.
-bool TakeLine(std::string_view line, std::string& section, Settings& settings) {
+/// Reads one line of the file. False if it is neither a section nor a new key with a value.
+bool ReadLine(std::string_view line, std::string& section, Settings& settings) {
     if (line.empty())
         return true;
     if (HoldsControlCharacter(line))
@@ -87,18 +87,19 @@ Settings ReadAll(const std::string& path) {
     if (!QFileInfo::exists(file.fileName()))
         return settings;
     if (!file.open(QIODevice::ReadOnly))
-        Refuse(path, "cannot be read.");
+        Refuse(path, "cannot be read. Check the rights of this user.");
     std::string section;
     if (file.peek(lengthOfMark) == byteOrderMark)
         file.skip(lengthOfMark);
     for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine()) {
         if (line.endsWith('\n'))
             line.chop(1);
-        if (!TakeLine({line.constData(), static_cast<std::size_t>(line.size())}, section, settings))
-            Refuse(path, "is damaged. Rename it, and the choices kept in it are made anew.");
+        if (!ReadLine({line.constData(), static_cast<std::size_t>(line.size())}, section, settings))
+            Refuse(path,
+                   "is damaged. Rename it; the program then starts with the default choices.");
     }
     if (file.error() != QFileDevice::NoError)
-        Refuse(path, "cannot be read.");
+        Refuse(path, "cannot be read. Check the rights of this user.");
     return settings;
 }
 
@@ -114,7 +115,7 @@ std::string Written(const Settings& settings) {
     return text;
 }
 
-// A new file beside the old one, brought to the disk and then put in its place.
+// Writes a new file, flushes it to the disk and renames it over the old one.
 void WriteAll(const std::string& path, const Settings& settings) {
     const QString name = FromUtf8(path);
     QDir().mkpath(QFileInfo(name).path());

@@ -4,14 +4,15 @@
 
 namespace Quillane {
 
-/// All bytes of a file; empty where there is none. One that cannot be read fails (75) with its
-/// name.
+/// Reads all bytes of a file; empty if the file does not exist. Errors: path access (75), naming
+/// the file.
 std::string ReadWholeFile(const std::string& path);
 
 enum class FileReaders { All, OwnerAndGroup };
 
-/// Writes a temporary file in the same folder, flushes it to the disk and renames it: afterwards,
-/// and after a failure (75) or a power cut, the file holds the old or the new bytes.
+/// Writes a temporary file in the same folder, flushes it to the disk and renames it. After an
+/// error or a power failure the file holds the old or the new bytes. Errors: path access (75),
+/// naming the file.
 void WriteWholeFile(const std::string& path, const std::string& bytes,
                     FileReaders readers = FileReaders::All);
 

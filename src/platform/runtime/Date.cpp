@@ -1,6 +1,7 @@
 #include "platform/runtime/Date.h"
 
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/Text.h"
 
 #include <array>
 #include <cstdio>
@@ -43,7 +44,7 @@ int Day(Date date) {
 int Digits(std::string_view text, std::size_t at, std::size_t count) {
     int value = 0;
     for (const char c : text.substr(at, count)) {
-        if (c < '0' || c > '9')
+        if (!IsDigit(c))
             Fail(FailureNumber::TypeMismatch);
         value = value * 10 + (c - '0');
     }

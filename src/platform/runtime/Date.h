@@ -7,25 +7,26 @@
 
 namespace Quillane {
 
-/// A day of the calendar, with no time of day.
+/// A calendar date without a time of day.
 using Date = std::chrono::year_month_day;
 
-/// Today by the local clock, or by the clock that `SetClock` gave.
+/// The current date of the local clock, or of the clock that `SetClock` has set.
 Date Today();
 
-/// Replaces the clock behind `Today`; an empty function brings the local clock back.
+/// Replaces the clock that `Today` reads. An empty function restores the local clock.
 void SetClock(std::function<Date()> clock);
 
 Date AddDays(Date date, int days);
 
-/// YYYY-MM-DDT00:00:00, the one form that every language setting of SQL Server reads the same.
+/// Formats a date as YYYY-MM-DDT00:00:00. SQL Server reads this form alike under every language
+/// setting.
 std::string DateLiteral(Date date);
 
-/// dd/MM/yyyy, as dates are shown to the operator.
+/// Formats a date as dd/MM/yyyy, the form that the operator sees.
 std::string ShownDate(Date date);
 
-/// Reads the date part of a text that begins YYYY-MM-DD; a time behind it is ignored. Anything
-/// else is a type mismatch (13).
+/// Reads the date from a text that begins with YYYY-MM-DD and ignores the rest, such as a time.
+/// Errors: type mismatch (13) for any other text and for a date that does not exist.
 Date ParseDate(std::string_view text);
 
 } // namespace Quillane

@@ -4,7 +4,7 @@ namespace Quillane {
 
 namespace {
 
-std::string_view DescriptionOf(int number) {
+std::string_view StandardDescription(int number) {
     switch (number) {
     case FailureNumber::InvalidCall:
         return "Invalid procedure call or argument";
@@ -35,7 +35,7 @@ Failure::Failure(int number, std::string_view description, std::string_view sour
     : std::runtime_error(std::string(description)), number_(number), source_(source) {}
 
 void Fail(int number) {
-    throw Failure(number, DescriptionOf(number));
+    throw Failure(number, StandardDescription(number));
 }
 
 } // namespace Quillane

@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// Numbers of the failures that the runtime and the platform raise.
+/// Error numbers of the failures that the runtime and the platform report.
 namespace FailureNumber {
 inline constexpr int InvalidCall = 5;
 inline constexpr int Overflow = 6;
@@ -22,21 +22,21 @@ inline constexpr int ItemNotFound = 3265;
 inline constexpr int ObjectClosed = 3704;
 inline constexpr int ObjectOpen = 3705;
 inline constexpr int InvalidArgument = 3001;
-inline constexpr int Database = -2147467259; ///< what an engine itself refuses
+inline constexpr int Database = -2147467259; ///< any error of the database engine
 inline constexpr int PortAlreadyOpen = 8005;
 inline constexpr int PortNotOpen = 8018;
 inline constexpr int PortUnusable = 8002;
 } // namespace FailureNumber
 
-/// Who speaks in a failure: the title of the box that reports it.
+/// The component that reports a failure. It is the title of the box that shows the failure.
 namespace FailureSource {
 inline constexpr std::string_view Runtime = "Quillane";
 inline constexpr std::string_view Database = "Database";
 inline constexpr std::string_view SerialLine = "Serial line";
 } // namespace FailureSource
 
-/// The one exception type. A procedure that is to trap catches it and calls `ShowError`; a
-/// procedure that does not lets it reach the event boundary, which ends the process.
+/// The only exception type of the program. A procedure with an error trap catches it and calls
+/// `ShowError`. A procedure without one lets it reach the event boundary, which ends the process.
 class Failure : public std::runtime_error {
 public:
     Failure(int number, std::string_view description,
@@ -51,7 +51,7 @@ private:
     std::string source_;
 };
 
-/// A failure of the runtime itself, with the description that belongs to its number.
+/// Throws a failure of the runtime with the standard description of its number.
 [[noreturn]] void Fail(int number);
 
 } // namespace Quillane

@@ -1,6 +1,7 @@
 #include "platform/runtime/Numbers.h"
 
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -15,19 +16,11 @@ namespace Quillane {
 
 namespace {
 
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 bool IsSkipped(char c) {
     return c == ' ' || c == '\t' || c == '\n';
 }
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-/// Takes the characters of one number off the front of a text that holds no blanks.
+/// Finds the longest number at the beginning of a text. Requires: the text has no blanks.
 class NumberScanner {
 public:
     explicit NumberScanner(std::string_view text) : text_(text) {}
@@ -62,9 +55,9 @@ private:
         return TakeDigits();
     }
 
-    // The letter D is the older spelling of a double's exponent.
+    // D is an older letter for the exponent of a double.
     void TakeExponent() {
-        if (at_ == text_.size() || (Lower(text_[at_]) != 'e' && Lower(text_[at_]) != 'd'))
+        if (at_ == text_.size() || (LowerCase(text_[at_]) != 'e' && LowerCase(text_[at_]) != 'd'))
             return;
         const std::size_t before = at_++;
         TakeSign();
@@ -76,12 +69,13 @@ private:
     std::size_t at_ = 0;
 };
 
-/// Where the first significant digit stands: 1 just before the point, 0 just behind it.
-/// Only called for numbers beyond the range of a double, which have such a digit.
+/// The position of the first significant digit: 1 for the last digit before the point, 0 for the
+/// first one after it. Requires: the number has a digit other than 0, as every number beyond the
+/// range of a double has.
 long Magnitude(std::string_view mantissa, std::string_view exponent) {
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = mantissa.find_first_of("123456789");
-    const auto place = static_cast<long>(point) - static_cast<long>(first);
+    const auto position = static_cast<long>(point) - static_cast<long>(first);
     if (!exponent.empty() && exponent.front() == '+')
         exponent.remove_prefix(1);
     long shift = 0;
@@ -90,22 +84,22 @@ long Magnitude(std::string_view mantissa, std::string_view exponent) {
     constexpr long beyondAnyText = std::numeric_limits<long>::max() / 4;
     if (error == std::errc::result_out_of_range)
         return exponent.front() == '-' ? -beyondAnyText : beyondAnyText;
-    return place + std::clamp(shift, -beyondAnyText, beyondAnyText);
+    return position + std::clamp(shift, -beyondAnyText, beyondAnyText);
 }
 
 struct Reading {
     double value = 0;
-    bool tooLarge = false; ///< and the value is then the largest there is
+    bool tooLarge = false; ///< if so, the value is the largest double with this sign
 };
 
-/// Reads what NumberScanner took: nothing but the characters of one number.
+/// Converts a number that NumberScanner has found.
 Reading ReadNumber(std::string_view number) {
     if (number.empty())
         return {};
     if (number.front() == '+')
         number.remove_prefix(1);
     const std::size_t mark = std::min(number.find_first_of("eEdD"), number.size());
-    if (mark < number.size() && Lower(number[mark]) == 'd') {
+    if (mark < number.size() && LowerCase(number[mark]) == 'd') {
         std::string spelledWithE(number);
         spelledWithE[mark] = 'e';
         return ReadNumber(spelledWithE);
@@ -114,7 +108,7 @@ Reading ReadNumber(std::string_view number) {
     const char* const end = number.data() + number.size();
     if (std::from_chars(number.data(), end, value).ec != std::errc::result_out_of_range)
         return {value};
-    // Too large and too small are told alike.
+    // std::from_chars reports the same error for a number that is too large or too small.
     if (Magnitude(number.substr(0, mark), number.substr(std::min(mark + 1, number.size()))) <= 0)
         return {};
     constexpr double largest = std::numeric_limits<double>::max();
@@ -134,8 +128,8 @@ void FailUnlessFinite(double value) {
         Fail(FailureNumber::Overflow);
 }
 
-/// Writes significant digits, the first of which stands for ten to the `exponent`.
-void AppendPlaced(std::string& text, const std::string& digits, int exponent) {
+/// Appends significant digits. The first of them counts ten to the power of `exponent`.
+void AppendDigits(std::string& text, const std::string& digits, int exponent) {
     const auto count = static_cast<int>(digits.size());
     if (exponent >= 15 || (exponent < 0 && count - exponent > 16)) {
         text.append(digits, 0, 1);
@@ -172,7 +166,7 @@ double RoundWeight(double value) {
 std::string WeightText(double value) {
     FailUnlessFinite(value);
     std::array<char, 400> buffer{};
-    // Adding zero turns minus zero into zero.
+    // Adding zero changes minus zero to zero.
     const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
                                             value + 0.0, std::chars_format::fixed, 0);
     return {buffer.data(), end};
@@ -195,7 +189,7 @@ std::string NumberText(double value) {
     digits.erase(digits.find_last_not_of('0') + 1);
 
     std::string text = value < 0 ? "-" : "";
-    AppendPlaced(text, digits, exponent);
+    AppendDigits(text, digits, exponent);
     return text;
 }
 
@@ -246,26 +240,6 @@ Currency ToCurrency(double value) {
 
 std::int16_t ToInteger(Currency value) {
     return ToInteger(value.ToDouble());
-}
-
-std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-std::string UpperCase(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    return upper;
-}
-
-bool EqualIgnoringCase(std::string_view left, std::string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
 } // namespace Quillane

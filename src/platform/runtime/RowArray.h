@@ -7,21 +7,21 @@
 
 namespace Quillane {
 
-/// The two-dimensional array of text behind a pick list or the bag grid. Rows and columns count
-/// from 0. A cell outside the bounds is a failure (9).
+/// A two-dimensional array of text; it holds the data of a pick list or of the bag grid. Rows and
+/// columns are counted from 0. Errors: subscript out of range (9) for a cell outside the bounds.
 class RowArray {
 public:
-    /// No rows and no columns.
+    /// Removes all rows and columns.
     void Clear();
 
-    /// Sets the upper bounds, both from 0; a bound of -1 means none. Cells within both the old and
-    /// the new bounds keep their text, new cells are empty.
+    /// Sets the index of the last row and of the last column; -1 means none. Cells within the old
+    /// and the new bounds keep their text; new cells are empty.
     void ReDim(int lastRow, int lastColumn);
 
     void Set(int row, int column, std::string_view text);
     const std::string& Get(int row, int column) const;
 
-    /// Adds one row of empty cells at the end.
+    /// Adds a row of empty cells at the end.
     void AppendRow();
     void DeleteRow(int row);
 

@@ -25,11 +25,11 @@ std::vector<std::string> ArgumentsOf(const Application& application) {
     return texts;
 }
 
-/// What a run is called by and looks like, on every box and screen.
+/// Sets the name and the icon that boxes and windows show.
 void NameProgram() {
     Application::setApplicationName("Quillane");
     Application::setApplicationVersion(ToQt(QuillaneVersion()));
-    // Small, since the first window waits for it.
+    // A small icon: decoding it delays the first window.
     Application::setWindowIcon(QIcon(":/shell/window-icon.png"));
 }
 
@@ -43,7 +43,7 @@ void Start(const std::string& stationOption) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // Before there is an application, which needs a display.
+    // Before creating an Application, which needs a display.
     if (const std::string answer = ReadCommandLine({argv, argv + argc}).answer; !answer.empty()) {
         std::fputs(answer.c_str(), stdout);
         return 0;
@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
     MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
     MSComm::SetWholeBursts([](int port) { return TheStation().WholeBursts.contains(port); });
     RunEvent([&command] { Start(command.station); });
-    // The screens outlive this procedure: the process ends without taking them down.
+    // Ends the process without destroying the screens.
     EndProcess(Application::exec());
     return 0;
 }

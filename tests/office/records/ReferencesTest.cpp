@@ -2,7 +2,7 @@
 
 #include "OfficeDatabase.h"
 
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/ado/ConnectionContract.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "platform/ado/AdoFailure.h"
 #include "platform/ado/ConnectionContract.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 namespace Quillane {
 

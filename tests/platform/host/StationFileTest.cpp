@@ -1,11 +1,15 @@
 #include "platform/host/StationFile.h"
 
-#include "HostFolder.h"
+#include "platform/runtime/Failure.h"
+#include "station/FreshFolder.h"
+#include "support/FailureOf.h"
+
+#include <gtest/gtest.h>
 
 namespace Quillane {
 namespace {
 
-TEST(StationFile, ThatIsMissingGivesTheDefaults) {
+TEST(StationFile, MissingFileGivesTheDefaults) {
     const FreshFolder folder;
     const StationFile station = StationFile::Read(folder.File("Station.ini"));
     EXPECT_EQ(station.StationRole, "");
@@ -15,7 +19,7 @@ TEST(StationFile, ThatIsMissingGivesTheDefaults) {
     EXPECT_TRUE(station.WholeBursts.empty());
 }
 
-TEST(StationFile, GivesRoleNamesQuestionAndPorts) {
+TEST(StationFile, AllSectionsAreRead) {
     const FreshFolder folder;
     const StationFile station = StationFile::Read(folder.Write("Station.ini", "; the gate\n"
                                                                               "[Station]\n"
@@ -37,7 +41,7 @@ TEST(StationFile, GivesRoleNamesQuestionAndPorts) {
     EXPECT_EQ(station.Ports, (std::map<int, std::string>{{1, "/dev/ttyUSB0"}, {12, "/dev/ttyS7"}}));
 }
 
-TEST(StationFile, TakesBlanksLineEndsMarksAndTheCaseOfNamesAsTheyCome) {
+TEST(StationFile, BlanksLineEndsByteOrderMarkAndCaseOfNamesAreIgnored) {
     const FreshFolder folder;
     const StationFile station = StationFile::Read(folder.Write(
         "Station.ini",
@@ -46,7 +50,7 @@ TEST(StationFile, TakesBlanksLineEndsMarksAndTheCaseOfNamesAsTheyCome) {
     EXPECT_EQ(station.AskCompanyName, -1);
 }
 
-TEST(StationFile, NamesThePortsWhoseIndicatorPauses) {
+TEST(StationFile, PortsWithWholeBurstsAreRead) {
     const FreshFolder folder;
     const StationFile station = StationFile::Read(folder.Write("Station.ini", "[WholeBursts]\n"
                                                                               "1=yes\n"
@@ -82,7 +86,7 @@ struct Damage {
 
 class DamagedStationFile : public testing::TestWithParam<Damage> {};
 
-TEST_P(DamagedStationFile, NamesTheFileAndTheLine) {
+TEST_P(DamagedStationFile, FailureNamesTheFileAndTheLine) {
     const FreshFolder folder;
     const std::string path = folder.Write("Station.ini", GetParam().text);
     const Failure failure = FailureOf([&] { StationFile::Read(path); });
@@ -115,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"[Backup]\nWarnAfterDays=0\n", 2}, Damage{"[Backup]\nTo=/mnt\n", 2},
                     Damage{std::string("\0\0\0\0", 4), 1}));
 
-TEST(StationFile, ThatCannotBeReadFails) {
+TEST(StationFile, UnreadableFileFails) {
     const FreshFolder folder;
     std::filesystem::create_directory(folder.File("Station.ini"));
     const Failure failure = FailureOf([&] { StationFile::Read(folder.File("Station.ini")); });
@@ -123,7 +127,7 @@ TEST(StationFile, ThatCannotBeReadFails) {
     EXPECT_NE(failure.Description().find(folder.File("Station.ini")), std::string::npos);
 }
 
-TEST(StationFile, NamesTheDeviceOfAPort) {
+TEST(StationFile, PortWithoutAnEntryHasTheDefaultDevice) {
     StationFile station;
     station.Ports[2] = "/dev/ttyUSB0";
     EXPECT_EQ(station.PortDevice(2), "/dev/ttyUSB0");
@@ -131,7 +135,7 @@ TEST(StationFile, NamesTheDeviceOfAPort) {
     EXPECT_EQ(station.PortDevice(3), "/dev/ttyS2");
 }
 
-TEST(TheStation, IsOneForTheProcess) {
+TEST(TheStation, IsTheSameObjectForTheWholeProcess) {
     TheStation().StationRole = "Client";
     EXPECT_EQ(TheStation().StationRole, "Client");
     TheStation() = StationFile();

@@ -1,8 +1,10 @@
 #include "platform/host/StationFolder.h"
 
-#include "HostFolder.h"
+#include "station/FreshFolder.h"
+#include "support/FailureOf.h"
 
 #include <QCoreApplication>
+#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <sys/stat.h>
@@ -11,7 +13,7 @@
 namespace Quillane {
 namespace {
 
-/// A folder for the option, one for the variable, and the program's.
+/// An existing folder for each source; the program folder holds a Config.ini.
 class StationFolderTest : public testing::Test {
 protected:
     StationFolderTest() {
@@ -31,35 +33,35 @@ private:
     std::size_t folders_ = 0;
 };
 
-TEST_F(StationFolderTest, IsTheOptionsBeforeAnyOther) {
+TEST_F(StationFolderTest, OptionHasPriorityOverTheOtherSources) {
     EXPECT_EQ(ChooseStationFolder(sources), fresh.File("option"));
 }
 
-TEST_F(StationFolderTest, IsTheVariablesWhereThereIsNoOption) {
+TEST_F(StationFolderTest, VariableIsUsedWithoutTheOption) {
     sources.option = "";
     EXPECT_EQ(ChooseStationFolder(sources), fresh.File("variable"));
 }
 
-TEST_F(StationFolderTest, IsTheProgramsWhereNothingNamesOneAndItHoldsAConfigFile) {
+TEST_F(StationFolderTest, ProgramFolderIsUsedIfItHoldsAConfigFile) {
     sources.option = sources.variable = "";
     EXPECT_EQ(ChooseStationFolder(sources), fresh.File("program"));
 }
 
-TEST_F(StationFolderTest, IsTheSystemsWhereTheProgramsHoldsNoConfigFile) {
+TEST_F(StationFolderTest, SystemFolderIsUsedIfTheProgramFolderHoldsNoConfigFile) {
     sources.option = sources.variable = "";
     std::filesystem::remove(fresh.File("program/Config.ini"));
     fresh.Write("system/Config.ini", "");
     EXPECT_EQ(ChooseStationFolder(sources), fresh.File("system"));
 }
 
-TEST_F(StationFolderTest, IsTheOneNamedAlsoWhereAnotherHoldsTheConfigFile) {
+TEST_F(StationFolderTest, NamedFolderIsUsedEvenIfAnotherHoldsTheConfigFile) {
     fresh.Write("system/Config.ini", "");
     EXPECT_EQ(ChooseStationFolder(sources), fresh.File("option"));
     sources.option = fresh.File("missing");
     EXPECT_EQ(ChooseStationFolder(sources), fresh.File("missing"));
 }
 
-TEST_F(StationFolderTest, IsAbsoluteAndWithoutASeparatorAtItsEnd) {
+TEST_F(StationFolderTest, PathIsAbsoluteWithoutATrailingSeparator) {
     const std::string before = std::filesystem::current_path();
     std::filesystem::current_path(fresh.path);
     const std::string here = std::filesystem::current_path();
@@ -70,7 +72,7 @@ TEST_F(StationFolderTest, IsAbsoluteAndWithoutASeparatorAtItsEnd) {
     std::filesystem::current_path(before);
 }
 
-TEST_F(StationFolderTest, OfThisProcessComesFromItsArgumentsItsEnvironmentAndItsExecutable) {
+TEST_F(StationFolderTest, SourcesComeFromArgumentsEnvironmentAndExecutable) {
     int count = 1;
     char name[] = "test";
     char* arguments[] = {name, nullptr};
@@ -85,7 +87,7 @@ TEST_F(StationFolderTest, OfThisProcessComesFromItsArgumentsItsEnvironmentAndIts
     EXPECT_EQ(SourcesOfThisProcess("").variable, "");
 }
 
-TEST_F(StationFolderTest, IsGoodWhateverItIsCalled) {
+TEST_F(StationFolderTest, FolderNameMayHoldAnyCharacters) {
     for (const char* name : {"gate north", " blanks ", "گیٹ شمالی", "comma, \"quote\" 'n' %41;"}) {
         std::filesystem::create_directory(fresh.File(name));
         sources.option = fresh.File(name);
@@ -96,25 +98,28 @@ TEST_F(StationFolderTest, IsGoodWhateverItIsCalled) {
     }
 }
 
-TEST_F(StationFolderTest, ThatIsMissingIsRefused) {
+TEST_F(StationFolderTest, MissingFolderIsRefused) {
     const Failure failure = FailureOf([&] { CheckStationFolder(fresh.File("missing")); });
     EXPECT_EQ(failure.Number(), 75);
     EXPECT_EQ(failure.Description(), "The station folder " + fresh.File("missing") +
-                                         " does not exist. Please create it, or name another one "
-                                         "with the option --station.");
+                                         " does not exist. Create it, or name another folder with "
+                                         "the option --station.");
     std::filesystem::create_symlink(fresh.File("missing"), fresh.File("link"));
     EXPECT_EQ(FailureOf([&] { CheckStationFolder(fresh.File("link")); }).Number(), 75);
 }
 
-TEST_F(StationFolderTest, ThatIsAFileIsRefused) {
-    EXPECT_EQ(FailureOf([&] { CheckStationFolder(fresh.Write("file", "")); }).Description(),
+TEST_F(StationFolderTest, FileIsRefused) {
+    EXPECT_EQ(FailureOf([&] {
+                  fresh.Write("file", "");
+                  CheckStationFolder(fresh.File("file"));
+              }).Description(),
               "The station folder " + fresh.File("file") +
-                  " is not a folder. Please name another one with the option --station.");
+                  " is not a folder. Name a folder with the option --station.");
 }
 
-TEST_F(StationFolderTest, ThatThisUserMayNotEnterIsRefused) {
+TEST_F(StationFolderTest, FolderWithoutRightsIsRefused) {
     ::chmod(fresh.File("option").c_str(), 0);
-    // In a process of its own, since root may enter every folder.
+    // In a child process without root rights, since root may enter every folder.
     const auto enterAsNobody = [&] {
         if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
             ::_exit(2);

@@ -16,9 +16,9 @@ std::string ReleaseName() {
     return "";
 }
 
-TEST(OsName, IsTheSystemsOwnProductName) {
+TEST(OsName, IsThePrettyNameOfTheRelease) {
     if (ReleaseName().empty())
-        GTEST_SKIP() << "this system does not name itself in /etc/os-release";
+        GTEST_SKIP() << "/etc/os-release has no PRETTY_NAME";
     EXPECT_EQ(SystemInfo::OsName(), ReleaseName());
 }
 

@@ -1,13 +1,19 @@
 #include "platform/host/UserSettings.h"
 
-#include "HostFolder.h"
+#include "platform/runtime/Failure.h"
+#include "station/FreshFolder.h"
+#include "support/FailureOf.h"
+
+#include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <functional>
 
 namespace Quillane {
 namespace {
 
-/// Each test has a configuration folder of its own.
+/// Gives each test a new configuration folder.
 class UserSettings : public testing::Test {
 protected:
     void SetUp() override { ::setenv("XDG_CONFIG_HOME", folder.path.c_str(), 1); }
@@ -21,19 +27,19 @@ protected:
     FreshFolder folder;
 };
 
-TEST_F(UserSettings, GiveTheDefaultWhereNothingIsStored) {
+TEST_F(UserSettings, MissingEntryGivesTheDefault) {
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", "White"), "White");
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", ""), "");
 }
 
-TEST_F(UserSettings, GiveBackWhatWasStored) {
+TEST_F(UserSettings, StoredValueIsReadBack) {
     SaveSetting("Mill", "Printer", "Page", "Printed");
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", "White"), "Printed");
     SaveSetting("Mill", "Printer", "Page", "");
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", "White"), "");
 }
 
-TEST_F(UserSettings, KeepApplicationsSectionsAndKeysApart) {
+TEST_F(UserSettings, ApplicationsSectionsAndKeysAreSeparate) {
     SaveSetting("Mill", "Printer", "Page", "one");
     SaveSetting("Gate", "Printer", "Page", "two");
     SaveSetting("Mill", "Scale", "Page", "three");
@@ -44,7 +50,7 @@ TEST_F(UserSettings, KeepApplicationsSectionsAndKeysApart) {
     EXPECT_EQ(GetSetting("Mill", "Printer", "page", ""), "four");
 }
 
-TEST_F(UserSettings, LieInTheUsersOwnFolderAtOnce) {
+TEST_F(UserSettings, ValueIsInTheUsersFileAtOnce) {
     SaveSetting("Mill", "Printer", "Page", "Printed");
     EXPECT_TRUE(SettingsFile("Mill").starts_with(folder.path + "/"));
     std::ifstream file(SettingsFile("Mill"));
@@ -54,12 +60,12 @@ TEST_F(UserSettings, LieInTheUsersOwnFolderAtOnce) {
 
 class AnyText : public UserSettings, public testing::WithParamInterface<std::string> {};
 
-TEST_P(AnyText, ComesBackAsAValue) {
+TEST_P(AnyText, CanBeAValue) {
     SaveSetting("Mill", "Printer", "Page", GetParam());
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", "missing"), GetParam());
 }
 
-TEST_P(AnyText, ServesAsAName) {
+TEST_P(AnyText, CanBeAName) {
     if (GetParam().empty())
         return;
     SaveSetting(GetParam(), GetParam(), GetParam(), "kept");
@@ -77,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(OfEveryKind, AnyText,
 
 class DamagedStore : public UserSettings, public testing::WithParamInterface<std::string> {};
 
-TEST_P(DamagedStore, IsToldAndLeftAsItIs) {
+TEST_P(DamagedStore, IsReportedAndNotChanged) {
     Damage(GetParam());
     for (const auto& use :
          {std::function<void()>([] { GetSetting("Mill", "Printer", "Page", ""); }),
@@ -86,7 +92,7 @@ TEST_P(DamagedStore, IsToldAndLeftAsItIs) {
         EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
         EXPECT_EQ(failure.Description(),
                   "The settings file " + SettingsFile("Mill") +
-                      " is damaged. Rename it, and the choices kept in it are made anew.");
+                      " is damaged. Rename it; the program then starts with the default choices.");
     }
     std::ifstream file(SettingsFile("Mill"), std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), GetParam());
@@ -98,14 +104,14 @@ INSTANTIATE_TEST_SUITE_P(OfEveryKind, DamagedStore,
                                          "Page=White\n", "[Printer]\n=White\n", "[]\nPage=White\n",
                                          "[Printer]\nPage=White\nPage=Printed\n"));
 
-TEST_F(UserSettings, ThatCannotBeReadFail) {
+TEST_F(UserSettings, UnreadableFileFails) {
     std::filesystem::create_directories(SettingsFile("Mill"));
     const Failure failure = FailureOf([] { GetSetting("Mill", "Printer", "Page", ""); });
-    EXPECT_EQ(failure.Description(),
-              "The settings file " + SettingsFile("Mill") + " cannot be read.");
+    EXPECT_EQ(failure.Description(), "The settings file " + SettingsFile("Mill") +
+                                         " cannot be read. Check the rights of this user.");
 }
 
-TEST_F(UserSettings, ThatCannotBeWrittenFail) {
+TEST_F(UserSettings, UnwritableFileFails) {
     folder.Write("Mill", "a file where the folder should be");
     const Failure failure = FailureOf([] { SaveSetting("Mill", "Printer", "Page", "White"); });
     EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
@@ -113,14 +119,14 @@ TEST_F(UserSettings, ThatCannotBeWrittenFail) {
               "The settings file " + SettingsFile("Mill") + " cannot be written: Not a directory.");
 }
 
-TEST_F(UserSettings, AreReadWhereAnEditorHasPutAByteOrderMarkInFront) {
+TEST_F(UserSettings, ByteOrderMarkIsIgnored) {
     Damage("\xEF\xBB\xBF[Printer]\nPage=Printed\n");
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", "White"), "Printed");
     SaveSetting("Mill", "Printer", "Page", "White");
     EXPECT_EQ(GetSetting("Mill", "Printer", "Page", ""), "White");
 }
 
-TEST_F(UserSettings, RefuseAnEmptyName) {
+TEST_F(UserSettings, EmptyNameIsRefused) {
     EXPECT_EQ(FailureOf([] { GetSetting("", "Printer", "Page", ""); }).Number(),
               FailureNumber::InvalidCall);
     EXPECT_EQ(FailureOf([] { SaveSetting("Mill", "", "Page", ""); }).Number(),

@@ -11,7 +11,7 @@
 namespace Quillane {
 namespace {
 
-TEST(WholeFile, IsReadBackAsItWasWritten) {
+TEST(WholeFile, BytesAreReadBackUnchanged) {
     const FreshFolder folder;
     const std::string bytes("a\r\n\0b\xFF", 6);
     WriteWholeFile(folder.File("note"), bytes);
@@ -30,7 +30,7 @@ TEST(WholeFile, FolderCannotBeReadAsAFile) {
     EXPECT_EQ(FailureNumberOf([&] { ReadWholeFile(folder.path); }), FailureNumber::PathAccess);
 }
 
-TEST(WholeFile, FileOrFolderIsBroughtToTheDisk) {
+TEST(WholeFile, FileOrFolderIsFlushedToTheDisk) {
     const FreshFolder folder;
     folder.Write("note", "text");
     BringToDisk(folder.File("note"));
@@ -41,7 +41,7 @@ TEST(WholeFile, FileOrFolderIsBroughtToTheDisk) {
               std::string::npos);
 }
 
-TEST(WholeFile, WriteThatFailsNamesTheFileAndLeavesNothing) {
+TEST(WholeFile, FailedWriteNamesTheFileAndLeavesNoFile) {
     const FreshFolder folder;
     const std::string path = folder.File("missing/note");
     const Failure failure = FailureOf([&] { WriteWholeFile(path, "text"); });

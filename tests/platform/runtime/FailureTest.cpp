@@ -5,19 +5,19 @@
 namespace Quillane {
 namespace {
 
-TEST(Failure, CarriesNumberDescriptionAndSource) {
+TEST(Failure, HasNumberDescriptionAndSource) {
     const Failure failure(8018, "Port 1 is closed.", FailureSource::SerialLine);
     EXPECT_EQ(failure.Number(), 8018);
     EXPECT_EQ(failure.Description(), "Port 1 is closed.");
     EXPECT_EQ(failure.Source(), "Serial line");
 }
 
-TEST(Failure, OfTheRuntimeNamesTheProgramAsItsSource) {
+TEST(Failure, DefaultSourceIsTheProgram) {
     EXPECT_EQ(Failure(5, "x").Source(), "Quillane");
     EXPECT_EQ(Failure(5, "x", "").Source(), "");
 }
 
-TEST(Fail, GivesTheDescriptionOfTheNumber) {
+TEST(Fail, DescriptionBelongsToTheNumber) {
     const std::pair<int, const char*> cases[] = {
         {5, "Invalid procedure call or argument"},
         {6, "Overflow"},

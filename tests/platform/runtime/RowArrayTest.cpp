@@ -18,14 +18,14 @@ RowArray Numbered(int rows, int columns) {
     return array;
 }
 
-TEST(RowArray, StartsWithoutRowsAndColumns) {
+TEST(RowArray, NewArrayIsEmpty) {
     const RowArray array;
     EXPECT_EQ(array.RowCount(), 0);
     EXPECT_EQ(array.ColumnCount(), 0);
     EXPECT_EQ(FailureNumberOf([&] { array.Get(0, 0); }), 9);
 }
 
-TEST(RowArray, CountsRowsAndColumnsFromZero) {
+TEST(RowArray, RowsAndColumnsStartAtZero) {
     const RowArray array = Numbered(3, 2);
     EXPECT_EQ(array.RowCount(), 3);
     EXPECT_EQ(array.ColumnCount(), 2);
@@ -33,7 +33,7 @@ TEST(RowArray, CountsRowsAndColumnsFromZero) {
     EXPECT_EQ(array.Get(2, 1), "2.1");
 }
 
-TEST(RowArray, FailsOnACellOutsideItsBounds) {
+TEST(RowArray, CellOutsideTheBoundsFails) {
     RowArray array = Numbered(3, 2);
     EXPECT_EQ(FailureNumberOf([&] { array.Get(3, 0); }), 9);
     EXPECT_EQ(FailureNumberOf([&] { array.Get(0, 2); }), 9);
@@ -45,7 +45,7 @@ TEST(RowArray, FailsOnACellOutsideItsBounds) {
     EXPECT_EQ(array.RowCount(), 3);
 }
 
-TEST(RowArray, KeepsWhatLiesWithinBothOldAndNewBounds) {
+TEST(RowArray, ReDimKeepsCellsWithinOldAndNewBounds) {
     RowArray array = Numbered(2, 2);
     array.ReDim(2, 2);
     EXPECT_EQ(array.Get(1, 1), "1.1");
@@ -55,10 +55,10 @@ TEST(RowArray, KeepsWhatLiesWithinBothOldAndNewBounds) {
     EXPECT_EQ(array.RowCount(), 1);
     EXPECT_EQ(array.Get(0, 1), "0.1");
     array.ReDim(1, 1);
-    EXPECT_EQ(array.Get(1, 1), "") << "what was cut off does not come back";
+    EXPECT_EQ(array.Get(1, 1), "") << "a removed cell does not come back";
 }
 
-TEST(RowArray, TakesAnUpperBoundOfMinusOneAsNone) {
+TEST(RowArray, UpperBoundOfMinusOneMeansNone) {
     RowArray array = Numbered(2, 2);
     array.ReDim(-1, 1);
     EXPECT_EQ(array.RowCount(), 0);
@@ -67,7 +67,7 @@ TEST(RowArray, TakesAnUpperBoundOfMinusOneAsNone) {
     EXPECT_EQ(array.Get(0, 1), "");
 }
 
-TEST(RowArray, ClearsToNothing) {
+TEST(RowArray, ClearRemovesRowsAndColumns) {
     RowArray array = Numbered(2, 2);
     array.Clear();
     EXPECT_EQ(array.RowCount(), 0);

@@ -7,7 +7,7 @@
 #include "platform/ado/odbc/OdbcParameters.h"
 #include "platform/ado/odbc/OdbcText.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <cstdint>

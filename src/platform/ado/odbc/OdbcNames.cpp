@@ -2,7 +2,7 @@
 
 #include "platform/ado/SqlTokens.h"
 #include "platform/ado/odbc/OdbcText.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 
@@ -12,10 +12,6 @@ namespace {
 
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 void AddWords(std::string_view list, std::vector<std::string>& words) {

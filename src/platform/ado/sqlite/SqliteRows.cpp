@@ -1,7 +1,7 @@
 #include "platform/ado/sqlite/SqliteRows.h"
 
 #include "platform/ado/AdoFailure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <sqlite3.h>
 

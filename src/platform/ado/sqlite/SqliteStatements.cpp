@@ -5,6 +5,7 @@
 #include "platform/ado/sqlite/SqliteOpening.h"
 #include "platform/ado/sqlite/SqliteRows.h"
 #include "platform/ado/sqlite/TSqlTranslator.h"
+#include "platform/runtime/Text.h"
 
 #include <sqlite3.h>
 
@@ -23,10 +24,6 @@ struct KeyedText {
     std::string text;
     std::int64_t key = 0;
 };
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 /// Read from the end alone: whether the number belongs to a condition has still to be seen.
 std::optional<KeyedText> KeyedByItsEnd(std::string_view statement) {

@@ -4,7 +4,7 @@
 #include "platform/forms/grids/SSOleDBGridHeader.h"
 #include "platform/forms/grids/SSOleDBGridView.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <QMetaObject>
 #include <QPaintEvent>

@@ -7,7 +7,7 @@
 #include "platform/forms/grids/SSOleDBGridHeader.h"
 #include "platform/forms/grids/SSOleDBGridScrollBar.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
