@@ -48,31 +48,32 @@ private:
         const std::string& cell = after_[place];
         const std::string caption(column.caption);
         if (cell.empty() && !column.whyNeeded.empty())
-            Refuse(place, caption + " is empty: " + std::string(column.whyNeeded) +
-                              ". Please fill it in.");
+            Refuse(place,
+                   caption + " is empty: " + std::string(column.whyNeeded) + ". Fill it in.");
         if (column.kind == CellKind::Text && IsNewOrDiffers(place))
             CheckText(place, caption, cell);
         if (column.kind == CellKind::Reference && !cell.empty() &&
             !known_.targets.at(column.target->name).WithKey(cell))
             Refuse(place, "There is no " + std::string(column.target->one) + " with the number " +
-                              cell + ". It may have been deleted; please choose another.");
+                              cell + ". It may have been deleted; choose another.");
     }
 
     void CheckText(std::size_t place, const std::string& caption, const std::string& cell) {
         const int length = Utf16Length(cell);
         const int longest = table_.columns[place].longest;
         if (length > longest)
-            Refuse(place, caption + " has " + std::to_string(length) + " characters, at most " +
-                              std::to_string(longest) + " fit. Please shorten it.");
+            Refuse(place, caption + " has " + std::to_string(length) +
+                              " characters; the maximum is " + std::to_string(longest) +
+                              ". Shorten it.");
         else if (HoldsControlCharacter(cell))
-            Refuse(place, caption + " holds a line break or another control character. Please "
-                                    "take it out.");
+            Refuse(place, caption + " contains a line break or another control character. Remove "
+                                    "it.");
     }
 
     void CheckKey() {
         if (before_) {
             if (Folded((*before_)[KeyCell]) != Folded(after_[KeyCell]))
-                Refuse(KeyCell, std::string(table_.Key().caption) + " never changes.");
+                Refuse(KeyCell, std::string(table_.Key().caption) + " cannot be changed.");
             return;
         }
         const std::string& key = after_[KeyCell];
@@ -80,29 +81,29 @@ private:
         const auto other = known_.keysOfOthers.find(Folded(key));
         if (table_.numbersItself && !PositiveNumber(key))
             Refuse(KeyCell, caption + " \"" + Shortened(key) +
-                                "\" is no whole number from 1 to 2147483647.");
+                                "\" is not a whole number from 1 to 2147483647.");
         else if (const Row* taken = known_.rows.WithKey(key))
-            Refuse(KeyCell, caption + " " + key + " is taken by \"" + (*taken)[NameCell] +
-                                "\". Please choose another.");
+            Refuse(KeyCell, caption + " " + key + " is already used by \"" + (*taken)[NameCell] +
+                                "\". Choose another.");
         else if (other != known_.keysOfOthers.end())
-            Refuse(KeyCell, caption + " " + key + " is taken by \"" + other->second +
-                                "\", which is no " + std::string(table_.one) +
-                                ". Please choose another.");
+            Refuse(KeyCell, caption + " " + key + " is already used by \"" + other->second +
+                                "\", which is not a " + std::string(table_.one) +
+                                ". Choose another.");
     }
 
     bool IsItself(const Row& row) const {
         return before_ && Folded(row[KeyCell]) == Folded((*before_)[KeyCell]);
     }
 
-    // The station finds a stored bag class and type by its name alone, and a commodity too.
+    // The station finds bag classes, bag types and commodities by their names alone.
     void CheckNameIsFree() {
         if (after_[NameCell].empty() || !IsNewOrDiffers(NameCell))
             return;
         for (const Row* row : known_.rows.WithName(after_[NameCell]))
             if (!IsItself(*row))
-                return Refuse(NameCell, "The name \"" + after_[NameCell] + "\" is taken by " +
-                                            std::string(table_.one) + " " + (*row)[KeyCell] +
-                                            ". Please choose another.");
+                return Refuse(NameCell, "The name \"" + after_[NameCell] +
+                                            "\" is already used by " + std::string(table_.one) +
+                                            " " + (*row)[KeyCell] + ". Choose another.");
     }
 
     void CheckParty() {
@@ -111,24 +112,24 @@ private:
             CheckPartyIsDistinct(city);
         if (!before_ && !after_[KeyCell].empty() && after_[KeyCell].front() != searchedBranch)
             Warn(KeyCell, "The account " + after_[KeyCell] +
-                              " does not begin with 6: the party search of the station does not "
-                              "show it.");
+                              " does not begin with 6, so the party search of the station does "
+                              "not show it.");
         constexpr std::array roles{"IsSeller", "IsBuyer", "IsBroker"};
         if (std::ranges::all_of(
                 roles, [&](const char* role) { return after_[PlaceOf(table_, role)] == "0"; }))
             Warn(PlaceOf(table_, roles[0]),
-                 "The party is neither seller nor buyer nor broker: the station shows it under "
-                 "\"ALL\" alone.");
+                 "The party is not a seller, buyer or broker, so the station shows it only under "
+                 "\"ALL\".");
     }
 
-    // A stored arrival comes back with name and city of its party, and is saved again by them.
+    // An opened arrival shows the name and city of its party; saving finds the party by them.
     void CheckPartyIsDistinct(std::size_t city) {
         for (const Row* row : known_.rows.WithName(after_[NameCell]))
             if (!IsItself(*row) && (*row)[city] == after_[city])
                 return Refuse(NameCell,
                               "Party " + (*row)[KeyCell] +
-                                  " has the same name and city: the station could not tell them "
-                                  "apart. Please add something to the name.");
+                                  " has the same name and city, so the station could not tell "
+                                  "them apart. Add something to the name.");
     }
 
     void CheckCommodity() {
@@ -136,8 +137,8 @@ private:
                                after_[PlaceOf(table_, "IsWheatCommodity")] == "1";
         if (!isOffered)
             Warn(PlaceOf(table_, "IsPurchaseable"),
-                 "The station offers only commodities that are marked \"Purchased\" and "
-                 "\"Wheat\". Arrivals of any other can be opened, but not saved again.");
+                 "The station lists only commodities that are marked \"Purchased\" and \"Wheat\". "
+                 "Arrivals of any other commodity can be opened, but not saved again.");
     }
 
     const Snapshot& known_;
@@ -151,8 +152,8 @@ bool IsDigits(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// The next number of the same length: 6010042 gives 6010043. Where that would leave the branch, a
-/// digit more is taken: 6999 gives 69991.
+/// The next number of the same length: 6010042 gives 6010043. If that number would not begin with
+/// 6, a digit is appended instead: 6999 gives 69991.
 std::string NextAccount(const std::string& account) {
     std::string next = account;
     for (auto digit = next.rbegin(); digit != next.rend(); ++digit) {
@@ -165,7 +166,7 @@ std::string NextAccount(const std::string& account) {
     return next.front() == searchedBranch ? next : account + "1";
 }
 
-/// The column of the first role that the row has; the seller's where it has none.
+/// The column of the first role of the row; the seller column if it has no role.
 std::size_t RoleOf(const Table& table, const Row& row) {
     for (const char* role : {"IsSeller", "IsBuyer", "IsBroker"})
         if (row[PlaceOf(table, role)] == "1")

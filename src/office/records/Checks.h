@@ -9,33 +9,33 @@
 
 namespace Quillane::Office {
 
-/// What a rule says of a row that is to be written.
+/// The violation of one rule by a row that is to be written.
 struct Finding {
     enum class Weight {
-        Warns,  ///< the row may be written, if that is meant
-        Refuses ///< the row is not written
+        Warns,  ///< the row may be written after confirmation
+        Refuses ///< the row must not be written
     };
     Weight weight = Weight::Refuses;
-    std::size_t column = 0; ///< the cell to mend
-    std::string text;       ///< a whole sentence: what is wrong, and what to do
+    std::size_t column = 0; ///< the cell to correct
+    std::string text;       ///< whole sentences: what is wrong and what to do
 };
 
-/// What the rules say of a row in place of the stored one, or of a new one. Cells are brought into
-/// form before (Formed). Nothing is found in a row that is left as it was.
+/// Checks a changed or new row against the rules. `before` is the stored row, none for a new one.
+/// An unchanged row has no findings.
 std::vector<Finding> Check(const Snapshot& known, const std::optional<Row>& before,
                            const Row& after);
 
 bool Refuses(const std::vector<Finding>& findings);
 
-/// All texts, one after the other.
+/// The texts of all findings of this weight, one in each line.
 std::string TextOf(const std::vector<Finding>& findings, Finding::Weight weight);
 
-/// The keys that new rows get, one after the other: the next number, or for a party an account
-/// number. That one is the first free one above the accounts of the same role, which begin with 6
-/// as the station's party search wants it.
+/// Proposes the keys of new rows: the next number, or for a party the first free account number
+/// above the accounts of its role. Accounts of parties begin with 6, because the party search of
+/// the station shows no others.
 class KeyProposals {
 public:
-    /// The snapshot may grow meanwhile, and must outlive this.
+    /// Rows may be added to the snapshot. Requires: it outlives this object.
     explicit KeyProposals(const Snapshot& known) : known_(known) {}
 
     std::string For(const Row& row);

@@ -30,7 +30,7 @@ char SeparatorOf(std::string_view line) {
     return separators[static_cast<std::size_t>(std::ranges::max_element(counts) - counts.begin())];
 }
 
-/// Walks through the text, and knows the line where it is.
+/// Reads records and counts lines.
 class Reader {
 public:
     Reader(std::string_view text, char separator) : text_(text), separator_(separator) {}
@@ -65,13 +65,13 @@ private:
         if (!Take(quote))
             return ReadPlain();
         std::string cell = ReadQuoted();
-        const std::string behind = ReadPlain();
-        if (!behind.empty())
+        const std::string rest = ReadPlain();
+        if (!rest.empty())
             record.fault = "There is text after the closing quote of a cell.";
         return cell;
     }
 
-    /// Up to the separator or the end of the line.
+    /// Reads up to the separator or the end of the line.
     std::string ReadPlain() {
         const std::size_t begin = at_;
         while (!AtEnd() && text_[at_] != separator_ && text_[at_] != '\n')
@@ -120,12 +120,12 @@ int FirstLineOfAnotherEncoding(std::string_view text) {
 }
 
 std::string FaultOfEncoding(std::string_view text) {
-    const std::string advice = "Please save it as \"CSV UTF-8\".";
+    const std::string advice = "Save it as \"CSV UTF-8\".";
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") ||
         FirstLine(text).find('\0') != std::string_view::npos)
-        return "The file is UTF-16 or no text at all. " + advice;
+        return "The file is UTF-16 or not a text file. " + advice;
     if (!IsUtf8(text))
-        return InLine(FirstLineOfAnotherEncoding(text), "The file is not in UTF-8. " + advice);
+        return InLine(FirstLineOfAnotherEncoding(text), "The file is not UTF-8. " + advice);
     return {};
 }
 
@@ -147,8 +147,7 @@ CsvFile ReadCsv(std::string_view text) {
     while (!reader.AtEnd()) {
         CsvRecord record = reader.ReadRecord();
         if (reader.IsUnclosed()) {
-            file.fault = InLine(record.line, "A cell begins with a quote that is never closed. "
-                                             "Please close it.");
+            file.fault = InLine(record.line, "The closing quote of a cell is missing. Add it.");
             file.records.clear();
             return file;
         }

@@ -39,7 +39,7 @@ std::string FlagCell(const Column& column, const std::string& cell) {
         return "1";
     if (std::ranges::find(no, folded) != no.end())
         return "0";
-    throw Faulty{std::string(column.caption) + " must be 1 or 0, yes or no. Please correct it."};
+    throw Faulty{std::string(column.caption) + " must be 1 or 0, yes or no. Correct it."};
 }
 
 std::string KeyNamed(const KnownRows& target, const std::string& name) {
@@ -51,9 +51,9 @@ std::string KeyNamed(const KnownRows& target, const std::string& name) {
         return (*row)[KeyCell];
     if (!named.empty())
         throw Faulty{"There are several rows named \"" + Shortened(name) + "\" in the list of " +
-                     std::string(table.name) + ". Please give the number in place of the name."};
+                     std::string(table.name) + ". Enter the number instead of the name."};
     throw Faulty{"There is no " + std::string(table.one) + " \"" + Shortened(name) +
-                 "\". Please add it to the list of " + std::string(table.name) +
+                 "\". Add it to the list of " + std::string(table.name) +
                  " first, or correct the name."};
 }
 

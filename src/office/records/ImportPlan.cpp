@@ -26,8 +26,8 @@ public:
         for (const std::string& name : header.cells) {
             const auto column = ColumnOf(table_, name);
             if (column && Has(*column))
-                plan_.fault = "Line " + std::to_string(header.line) + ": the column \"" + name +
-                              "\" is there twice. Please take one out.";
+                plan_.fault = "Line " + std::to_string(header.line) + ": The column \"" + name +
+                              "\" occurs twice. Remove one of them.";
             if (!column && !Trimmed(name).empty())
                 plan_.unreadColumns.push_back(Trimmed(name));
             columns_.push_back(column);
@@ -36,7 +36,7 @@ public:
             plan_.fault = "Line " + std::to_string(header.line) + " names neither " +
                           std::string(table_.Key().header) + " nor " +
                           std::string(table_.Name().header) +
-                          ". The first line must hold names of columns: " + HeadersOf(table_) + ".";
+                          ". The first line must hold column names: " + HeadersOf(table_) + ".";
     }
 
     void Add(const CsvRecord& record) {
@@ -58,12 +58,11 @@ private:
 
     void Read(const CsvRecord& record, ImportLine& line) {
         if (!record.fault.empty())
-            throw Faulty{record.fault + " Please correct the line."};
+            throw Faulty{record.fault + " Correct the line."};
         if (record.cells.size() != columns_.size())
-            throw Faulty{"The line has " +
-                         Counted(static_cast<long>(record.cells.size()), "cell", "cells") +
-                         ", the first line has " + std::to_string(columns_.size()) +
-                         ". Please correct the line."};
+            throw Faulty{
+                "The line has " + Counted(static_cast<long>(record.cells.size()), "cell", "cells") +
+                ", the first line has " + std::to_string(columns_.size()) + ". Correct the line."};
         const Row cells = CellsOf(record);
         line.shown = ShownName(cells);
         const Row* before = FindRow(cells);
@@ -73,10 +72,10 @@ private:
         if (!before && line.change.after[KeyCell].empty())
             line.change.after[KeyCell] = keys_.For(line.change.after);
         RefuseSecondOfTheSameKey(line);
-        Judge(line);
+        Classify(line);
     }
 
-    /// In the order of the table's columns, trimmed; what the file does not have is empty.
+    /// The cells in the column order of the table, trimmed. Missing columns are empty.
     Row CellsOf(const CsvRecord& record) const {
         Row cells(table_.columns.size());
         for (std::size_t place = 0; place < columns_.size(); ++place)
@@ -93,8 +92,8 @@ private:
         std::vector<const Row*> found = known_.rows.WithName(cells[NameCell]);
         std::erase_if(found, [&](const Row* row) { return !NamesSameReferences(*row, cells); });
         if (found.size() > 1)
-            throw Faulty{"There are several rows of this name. Please give " +
-                         std::string(table_.Key().header) + "."};
+            throw Faulty{"Several rows have this name. Enter " + std::string(table_.Key().header) +
+                         "."};
         return found.empty() ? nullptr : found.front();
     }
 
@@ -120,7 +119,7 @@ private:
             return FlagCell(column, cell);
         if (!column.target || cell.empty())
             return cell;
-        // Of several of one name, the one that the row has already is meant.
+        // If several rows have this name, the one that the row refers to now is meant.
         if (!row[place].empty() && Folded(known_.ShownCell(place, row)) == Folded(cell))
             return row[place];
         return KeyNamed(known_.targets.at(column.target->name), cell);
@@ -131,10 +130,10 @@ private:
             lines_.try_emplace(Folded(line.change.after[KeyCell]), line.line);
         if (!isFirst)
             throw Faulty{"The same " + std::string(table_.one) + " is in line " +
-                         std::to_string(place->second) + " already. Please take one out."};
+                         std::to_string(place->second) + " already. Remove one of them."};
     }
 
-    void Judge(ImportLine& line) {
+    void Classify(ImportLine& line) {
         if (line.change.before == line.change.after) {
             line.kind = Kind::Unchanged;
             line.change = {};
@@ -157,7 +156,7 @@ private:
     Snapshot& known_;
     const Table& table_;
     KeyProposals keys_;
-    std::vector<std::optional<std::size_t>> columns_; ///< of the file's columns
+    std::vector<std::optional<std::size_t>> columns_; ///< of each column of the file
     std::unordered_map<std::string, int> lines_;      ///< by folded key
 };
 
@@ -186,8 +185,9 @@ ImportPlan PlanImport(Snapshot known, std::string_view csvText, const Progress& 
     const CsvFile file = ReadCsv(csvText);
     plan.fault = file.fault;
     if (plan.fault.empty() && file.records.empty())
-        plan.fault = "The file is empty. Its first line must hold names of columns: " +
-                     HeadersOf(*plan.table) + ".";
+        plan.fault =
+            "The file is empty. Its first line must hold column names: " + HeadersOf(*plan.table) +
+            ".";
     if (!plan.fault.empty())
         return plan;
     Planner planner(plan, known);
@@ -196,7 +196,7 @@ ImportPlan PlanImport(Snapshot known, std::string_view csvText, const Progress& 
         planner.Add(file.records[record]);
         const int done = static_cast<int>(record);
         if (progress && done % progressStep == 0 && !progress(done))
-            plan.fault = "The import has been broken off. Nothing has been written.";
+            plan.fault = "The import was cancelled. Nothing was written.";
     }
     return plan;
 }

@@ -10,22 +10,22 @@
 
 namespace Quillane::Office {
 
-/// What a record of a CSV file would do to a list.
+/// The change that one record of a CSV file would make to a list.
 struct ImportLine {
     enum class Kind { New, Changed, Unchanged, Faulty };
 
     int line = 0; ///< of the file, from 1
     Kind kind = Kind::Faulty;
     RowChange change{};  ///< of a new or changed row
-    std::string shown{}; ///< what the row is called, as far as the file says it
-    std::string text{};  ///< the reasons of a fault, or what the rules warn of
+    std::string shown{}; ///< the name of the row in the preview, as given in the file
+    std::string text{};  ///< the reason of a fault, or the warnings
 };
 
-/// What a CSV file would do to a list; nothing is written yet.
+/// The changes that a CSV file would make to a list. Nothing is written yet.
 struct ImportPlan {
     const Table* table = nullptr;
-    std::string fault{};                      ///< why nothing of the file can be taken; else empty
-    std::vector<std::string> unreadColumns{}; ///< of the file, which the list does not have
+    std::string fault{};                      ///< why the file cannot be imported; empty if it can
+    std::vector<std::string> unreadColumns{}; ///< columns of the file that the list does not have
     std::vector<ImportLine> lines{};
 
     long Count(ImportLine::Kind kind) const;
@@ -35,13 +35,13 @@ struct ImportPlan {
     std::string Summary() const;
 };
 
-/// Compares a file with a list. A row is found by its key; where the file gives none, by its name,
-/// a party by name and city. A new row without a key gets the proposed one. A column that the file
-/// does not have stays as it is. The rules are those of the screens. `progress` is told how many
-/// records are done; where it breaks the work off, the plan has a fault that says so.
+/// Compares a file with a list. A row is found by its key. Without a key it is found by its name, a
+/// party by name and city. A new row without a key gets a proposed one. Columns that the file does
+/// not have are not changed. The rules are the same as on the screens. `progress` receives the
+/// number of records done; if it returns false, the import is cancelled and the plan has a fault.
 ImportPlan PlanImport(Snapshot known, std::string_view csvText, const Progress& progress = {});
 
-/// A list as a CSV file: UTF-8 with a byte order mark, names in place of the numbers of references.
+/// Formats a list as a CSV file: UTF-8 with a byte order mark; references are written as names.
 std::string ExportText(const Snapshot& known);
 
 } // namespace Quillane::Office

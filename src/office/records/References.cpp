@@ -16,11 +16,11 @@ std::string InBrackets(const std::string& name) {
     return "[" + Doubled(name, ']') + "]";
 }
 
-/// A column that refers to a column of a part.
+/// A column of another table that refers to a column of a part.
 struct Link {
     KeyColumn from;
-    std::string table; ///< as a statement names it
-    std::string to;    ///< the part's column
+    std::string table; ///< with its owner, quoted for a statement
+    std::string to;    ///< the column of the part
 };
 
 bool IsPartOf(const Table& table, const std::string& name) {
@@ -35,7 +35,7 @@ bool IsAmong(const std::vector<Link>& links, const std::string& table, const std
     });
 }
 
-/// A key of several columns gives a link for each: a row that holds one of them counts.
+/// A key of several columns gives one link for each column: a row counts if one of them matches.
 std::vector<Link> ForeignKeysOn(Connection& connection, const Table& table, const Part& part) {
     std::vector<Link> links;
     Recordset keys = connection.Execute("EXEC sp_fkeys @pktable_name = " + SqlText(part.table));
@@ -102,14 +102,14 @@ DeleteResult DeleteRow(Connection& connection, const Table& table, const Row& ro
 std::string DescribeReferences(const Table& table, const Row& row,
                                const std::vector<Reference>& references) {
     std::string text =
-        "The " + Called(table, row) + " cannot be deleted, since other rows refer to it:";
+        "The " + Called(table, row) + " cannot be deleted, because other rows refer to it:";
     for (const Reference& reference : references)
         text += "\n" + reference.from.table + ", column " + reference.from.column + ": " +
                 Counted(reference.rows, "row", "rows");
     return text + "\n" +
-           (table.inUse >= 0 ? "Retire it instead: the station then leaves it out of its lists of "
-                               "suppliers, buyers and brokers."
-                             : "It stays as long as they do; it can be renamed.");
+           (table.inUse >= 0 ? "Take it out of use instead: the station then does not show it in "
+                               "its lists of suppliers, buyers and brokers."
+                             : "Delete these rows first, or rename it.");
 }
 
 } // namespace Quillane::Office

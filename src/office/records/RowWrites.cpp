@@ -30,7 +30,7 @@ Value Stored(const Table& table, const Column& column, const std::string& cell) 
     return cell;
 }
 
-/// The rows of one part that are to be written, open for it.
+/// A recordset of the rows of one part that are to be written.
 class PartRows {
 public:
     PartRows(Connection& connection, const Table& table, std::size_t part,
@@ -40,17 +40,17 @@ public:
         rows_.Open(source + " Where " + Condition(changes), connection, adOpenStatic,
                    adLockOptimistic);
         for (; !rows_.Eof(); rows_.MoveNext())
-            places_.emplace(Folded(Key()), rows_.Position());
+            positions_.emplace(Folded(Key()), rows_.Position());
     }
 
     void Write(const RowChange& change) {
-        const auto place = places_.find(Folded(change.after[KeyCell]));
-        if (place == places_.end()) {
+        const auto position = positions_.find(Folded(change.after[KeyCell]));
+        if (position == positions_.end()) {
             rows_.AddNew();
             rows_.Collect(table_.parts[part_].key,
                           Stored(table_, table_.Key(), change.after[KeyCell]));
         } else {
-            rows_.SetPosition(place->second);
+            rows_.SetPosition(position->second);
         }
         for (std::size_t column = 1; column < table_.columns.size(); ++column)
             if (table_.columns[column].part == part_ &&
@@ -74,10 +74,10 @@ private:
     const Table& table_;
     std::size_t part_;
     Recordset rows_;
-    std::unordered_map<std::string, int> places_;
+    std::unordered_map<std::string, int> positions_; ///< by folded key
 };
 
-/// What is stored by now under the keys of the changes.
+/// The rows that are stored now under the keys of the changes.
 KnownRows StoredNow(Connection& connection, const Table& table,
                     std::span<const RowChange> changes) {
     if (changes.size() > 1)
@@ -133,7 +133,7 @@ WriteResult WriteRows(Connection& connection, const Table& table,
     return WriteWithin(transaction, connection, table, changes, progress);
 }
 
-// By an update that changes nothing, a form that both engines know.
+// An update that changes nothing locks the row in both engines.
 void LockRow(Connection& connection, const Table& table, const std::string& key) {
     for (std::size_t part = 0; part < table.parts.size(); ++part) {
         const std::string column(AnyColumn(table, part));
@@ -147,11 +147,11 @@ std::string DescribeConflict(const Table& table, const RowChange& change, const 
                              const std::function<std::string(std::size_t, const Row&)>& shown) {
     const std::string called = Called(table, change.before.value_or(change.after));
     if (!conflict.stored)
-        return "Somebody else has deleted " + called + " meanwhile. Nothing has been written.";
+        return "Another user has deleted " + called + " in the meantime. Nothing was written.";
     if (!change.before)
-        return "Somebody else has added " + Called(table, *conflict.stored) +
-               " meanwhile. Nothing has been written.";
-    std::string text = "Somebody else has changed " + called + " meanwhile:";
+        return "Another user has added " + Called(table, *conflict.stored) +
+               " in the meantime. Nothing was written.";
+    std::string text = "Another user has changed " + called + " in the meantime:";
     for (std::size_t column = 0; column < table.columns.size(); ++column) {
         const bool isTheirs = (*change.before)[column] != (*conflict.stored)[column];
         const bool isOurs = (*change.before)[column] != change.after[column];
@@ -161,7 +161,7 @@ std::string DescribeConflict(const Table& table, const RowChange& change, const 
                 InQuotes(shown(column, *change.before)) + ", it is now " +
                 InQuotes(shown(column, *conflict.stored));
         if (isOurs)
-            text += ", you have entered " + InQuotes(shown(column, change.after));
+            text += ", your entry is " + InQuotes(shown(column, change.after));
     }
     return text;
 }

@@ -14,16 +14,16 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// A new row, or one in place of another.
+/// A new or changed row.
 struct RowChange {
-    std::optional<Row> before; ///< as it was shown; none for a new row
-    Row after;                 ///< same key
+    std::optional<Row> before; ///< the row as it was read; none for a new row
+    Row after;                 ///< has the same key
 };
 
-/// What another session has stored since `before` was read.
+/// A row that another session has changed since `before` was read.
 struct Conflict {
-    std::size_t change = 0;    ///< which of the changes
-    std::optional<Row> stored; ///< none: the row has been deleted
+    std::size_t change = 0;    ///< the index among the changes
+    std::optional<Row> stored; ///< none if the row has been deleted
 };
 
 struct WriteResult {
@@ -32,20 +32,20 @@ struct WriteResult {
     Conflict conflict; ///< the first one
 };
 
-/// So many changes are made; false breaks the work off.
+/// Receives the number of changes made; returns false to cancel.
 using Progress = std::function<bool(int done)>;
 
-/// Writes all of the changes or none, in one transaction. A row that is not as it was shown, and a
-/// new one whose key is there by now, is a conflict. The rules are not looked at here. A failure of
-/// the database is thrown after the rollback.
+/// Writes all changes or none, in one transaction. A row that differs from `before`, or a new row
+/// whose key exists now, is a conflict. Requires: the rows have been checked (Checks.h). Errors:
+/// throws the failure of the database after the rollback.
 WriteResult WriteRows(Connection& connection, const Table& table,
                       std::span<const RowChange> changes, const Progress& progress = {});
 
-/// Waits for whoever is writing the row, and keeps others from it until the open transaction ends.
+/// Locks the row until the open transaction ends. Waits while another session writes it.
 void LockRow(Connection& connection, const Table& table, const std::string& key);
 
-/// What a conflict means, cell by cell: "Address: it was "A", it is now "B", yours is "C"."
-/// `shown` gives a cell as text.
+/// Describes a conflict cell by cell: "Address: it was "A", it is now "B", your entry is "C"."
+/// `shown` returns a cell as text.
 std::string DescribeConflict(const Table& table, const RowChange& change, const Conflict& conflict,
                              const std::function<std::string(std::size_t, const Row&)>& shown);
 

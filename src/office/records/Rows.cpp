@@ -13,7 +13,7 @@ std::string Qualified(const Part& part, std::string_view column) {
     return std::string(part.table) + "." + std::string(column);
 }
 
-/// The key comes from the last part: what has no row there is no row of this list.
+/// The key comes from the last part: a record without a row there is not in this list.
 std::string SourceOf(const Table& table, const Column& column) {
     return Qualified(table.parts[column.part], column.name);
 }

@@ -18,33 +18,33 @@ class Value;
 
 namespace Quillane::Office {
 
-/// All rows of a table, by name.
+/// Reads all rows of a table, ordered by name.
 std::vector<Row> ReadRows(Connection& connection, const Table& table);
 
-/// The row with this key; none where there is none.
+/// Reads the row with this key, if it exists.
 std::optional<Row> ReadRow(Connection& connection, const Table& table, const std::string& key);
 
-/// A condition on one part that finds the row with this key: PartyId = N'6010001'.
+/// The condition that finds the row with this key in one part: PartyId = N'6010001'.
 std::string KeyCondition(const Table& table, const Part& part, const std::string& key);
 
-/// A field as a cell of the column. Blanks at the end, with which some tables fill up, go.
+/// Converts a field to a cell of the column. Blanks at the end are removed: they may be padding.
 std::string CellOf(const Column& column, const Value& value);
 
-/// The rows that a table has, or will have, found by key and by name as the database compares them.
+/// An index of the rows of a table, by key and by name. Texts are compared as the database does.
 class KnownRows {
 public:
     explicit KnownRows(const Table& table, const std::vector<Row>& rows = {});
 
     const Table& Described() const { return *table_; }
 
-    /// Puts a row in, or in the place of the one with its key.
+    /// Adds a row, or replaces the row with the same key.
     void Put(const Row& row);
-    /// Null where there is none. Valid until the next Put.
+    /// Null if there is none. Valid until the next Put.
     const Row* WithKey(std::string_view key) const;
     std::vector<const Row*> WithName(std::string_view name) const;
     const std::vector<Row>& Rows() const { return rows_; }
 
-    /// The number that a new row gets: one above the highest.
+    /// The number of the next new row: the highest number plus 1.
     std::string NextNumber() const;
 
 private:
@@ -55,15 +55,16 @@ private:
     std::int32_t highest_ = 0;
 };
 
-/// A table's rows, and those of the tables that its references name.
+/// The rows of a table and of the tables that it refers to.
 struct Snapshot {
     KnownRows rows;
-    /// Of the reference columns' targets, by the target's name.
+    /// The rows of the tables that reference columns refer to, by table name.
     std::unordered_map<std::string_view, KnownRows> targets;
-    /// Names by folded key: what the first part holds under keys that no row of this list has.
+    /// The names of rows that are only in the first part, so not in this list, by folded key.
     std::unordered_map<std::string, std::string> keysOfOthers;
 
-    /// The name of what a reference cell names; the cell itself where there is no such row.
+    /// The name of the row that a reference cell refers to; the cell itself if there is no such
+    /// row.
     std::string ShownCell(std::size_t column, const Row& row) const;
 };
 

@@ -47,12 +47,12 @@ std::string DescribeChanges(const Settings& shown, const Settings& stored, const
         text += "\n" + key + ": it was " + InQuotes(ValueOf(shown, key)) + ", it is now " +
                 InQuotes(ValueOf(stored, key));
         if (value != ValueOf(shown, key))
-            text += ", you have entered " + InQuotes(value);
+            text += ", your entry is " + InQuotes(value);
     }
     return text;
 }
 
-/// Stores one value: the first of its rows takes it, further ones go.
+/// Stores a value in the first row of its key and deletes further rows of the key.
 void Store(Recordset& rows, const SettingsTable& table, std::string_view key,
            const std::string& value) {
     bool isStored = false;
@@ -75,7 +75,7 @@ void Store(Recordset& rows, const SettingsTable& table, std::string_view key,
     rows.Update();
 }
 
-/// By an update that changes nothing: others wait from here on until the transaction ends.
+/// Locks the settings until the transaction ends, by an update that changes nothing.
 void Lock(Connection& connection, const SettingsTable& table) {
     std::string keys;
     for (const std::string_view key : table.keys)
@@ -111,8 +111,8 @@ std::string SaveSettings(Connection& connection, const SettingsTable& table, con
               adLockOptimistic);
     const Settings stored = ReadFrom(rows, table);
     if (std::string changes = DescribeChanges(shown, stored, wanted); !changes.empty())
-        return "Somebody else has changed the settings meanwhile:" + changes +
-               "\nNothing has been written. Please look again.";
+        return "Another user has changed the settings in the meantime:" + changes +
+               "\nNothing was written. Check the values and try again.";
     for (const auto& [key, value] : wanted)
         if (value != ValueOf(shown, key))
             Store(rows, table, key, value);

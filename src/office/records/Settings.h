@@ -11,8 +11,7 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// A table that keeps settings as rows of a key and a value, and those of its keys that are kept
-/// here.
+/// A table that stores settings as rows of a key and a value, and the keys that the office edits.
 struct SettingsTable {
     std::string_view table;
     std::string_view key;
@@ -20,24 +19,24 @@ struct SettingsTable {
     std::span<const std::string_view> keys;
 };
 
-/// Name, address, phone and e-mail of the company.
+/// The name, address, phone number and e-mail address of the company.
 const SettingsTable& CompanySettings();
 inline constexpr std::string_view CompanyName = "CompanyName";
 inline constexpr std::string_view CompanyAddress = "CompanyAddress";
 inline constexpr std::string_view CompanyPhone = "CompanyPhone";
 inline constexpr std::string_view CompanyEmail = "CompanyEmail";
 
-/// The five settings of the indicator's line.
+/// The five settings of the serial line to the indicator.
 const SettingsTable& LineSettingsTable();
 
-/// Values by key; a key without a row has none. Of doubled rows the first counts.
+/// Values by key. A key without a row is missing. If a key has several rows, the first one counts.
 using Settings = std::map<std::string, std::string, std::less<>>;
 
 Settings ReadSettings(Connection& connection, const SettingsTable& table);
 
-/// Stores what differs between `shown` and `wanted`, in one transaction; a missing row is added,
-/// and doubled rows become one. Gives the reason where another session has changed one of these
-/// values meanwhile, with both values; then nothing is written.
+/// Stores the differences between `shown` and `wanted` in one transaction. A missing row is added;
+/// repeated rows are reduced to one. Returns the empty text, or, if another session has changed one
+/// of these values since it was read, a message with both values; then nothing is written.
 std::string SaveSettings(Connection& connection, const SettingsTable& table, const Settings& shown,
                          const Settings& wanted);
 

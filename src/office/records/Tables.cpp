@@ -16,9 +16,9 @@ constexpr int longestAddress = 200;
 constexpr int longestName = 60;
 constexpr int longestBagName = 40;
 
-constexpr std::string_view needsName = "without a name nobody can choose it";
+constexpr std::string_view needsName = "without a name it cannot be selected";
 constexpr std::string_view needsCity =
-    "without a city the arrivals of the party can be saved, but never be opened or printed again";
+    "without a city, arrivals of the party can be saved, but not opened or printed again";
 
 Column NumberColumn(std::string_view name) {
     return {.name = name, .header = name, .caption = "Number", .kind = CellKind::Number};
@@ -48,7 +48,7 @@ std::vector<Column> PartyColumns() {
              .caption = "Account",
              .part = 1,
              .longest = longestAccountNo,
-             .whyNeeded = "the account number tells the party from all others"},
+             .whyNeeded = "the account number identifies the party"},
             NameColumn("AccountName", "Name", longestAccountName),
             {.name = "CityId",
              .header = "City",

@@ -23,7 +23,7 @@ std::string_view WithoutBlanksAtEnd(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-// Letters of a right-to-left script need the joiners among the format characters.
+// Format characters are not refused in general: right-to-left scripts need the joiners.
 bool IsUnfit(QChar character) {
     constexpr char16_t directionFirst = 0x202A;
     constexpr char16_t directionLast = 0x202E;

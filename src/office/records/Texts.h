@@ -5,30 +5,30 @@
 #include <string>
 #include <string_view>
 
-/// Texts of the office: all are UTF-8.
+/// Text functions of the office. All texts are UTF-8.
 namespace Quillane::Office {
 
-/// A text as a statement holds it, apostrophes doubled: N'O''Brien'.
+/// Formats a text as a literal of a statement: N'O''Brien'.
 std::string SqlText(std::string_view text);
 
-/// Equal for two texts that a database takes for the same key or name: case and blanks at the end
-/// do not count.
+/// Returns the form in which keys and names are compared. Two texts that a database considers equal
+/// have the same form: case and blanks at the end are ignored.
 std::string Folded(std::string_view text);
 
-/// The length as SQL Server counts it, in UTF-16 units.
+/// The length in UTF-16 units, as SQL Server counts it.
 int Utf16Length(std::string_view text);
 
-/// At most 60 bytes of a text, with three points where there is more: a cell may hold a book.
+/// The first 60 bytes of a text, followed by "..." if it is longer. For messages that quote a cell.
 std::string Shortened(std::string_view text);
 
-/// Without the white space at both ends.
+/// Removes white space from both ends.
 std::string Trimmed(std::string_view text);
 
-/// Holds a line break, a tab or another control character, or one that breaks or turns a line
-/// without being seen.
+/// True if the text contains a line break, a tab or another control character, or an invisible
+/// character that breaks a line or changes the writing direction.
 bool HoldsControlCharacter(std::string_view text);
 
-/// The number that a text of digits alone gives; none below 1 or beyond 32 bits.
+/// Reads a whole number from a text of digits; none if it is below 1 or beyond 32 bits.
 std::optional<std::int32_t> PositiveNumber(std::string_view text);
 
 /// "1 row", "2 rows".

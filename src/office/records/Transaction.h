@@ -17,13 +17,14 @@ public:
         try {
             connection_.RollbackTrans();
         } catch (const Failure&) {
-            // The session is gone, and with it the transaction; what went wrong is on its way.
+            // The connection is lost, and the transaction with it. The exception that is being
+            // handled reports this.
         }
     }
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    /// Where it fails, the transaction is rolled back.
+    /// If it fails, the destructor rolls the transaction back.
     void Commit() {
         connection_.CommitTrans();
         isOpen_ = false;

@@ -16,7 +16,7 @@ namespace {
 constexpr const char* allUsers = "Select * From StationUsers Order By UserName";
 constexpr std::int32_t highestLevel = 32767;
 
-// As the sign-in compares them.
+// The sign-in compares names in the same way.
 std::string Comparable(std::string_view name) {
     return Folded(Trimmed(name));
 }
@@ -31,28 +31,28 @@ std::string InQuotes(std::string_view text) {
 }
 
 std::string NoSuchUser(std::string_view name) {
-    return "There is no user " + InQuotes(name) + ". Please look at the list of users again.";
+    return "There is no user " + InQuotes(name) + ". Update the list of users.";
 }
 
 std::string WhyNameIsUnfit(const std::string& name) {
     if (name.empty())
-        return "Please give the user a name.";
+        return "The name of the user is missing. Enter a name.";
     if (Utf16Length(name) > LongestUserName)
         return "The name has more than " + std::to_string(LongestUserName) +
-               " characters. Please choose a shorter one.";
+               " characters. Choose a shorter one.";
     if (HoldsControlCharacter(name))
-        return "The name holds a line break or another control character. Please choose another.";
+        return "The name contains a line break or another control character. Remove it.";
     return {};
 }
 
 std::string WhyLevelIsUnfit(std::int32_t level) {
     if (level >= 0 && level <= highestLevel)
         return {};
-    return "A level is a number from 0 to " + std::to_string(highestLevel) +
-           ": 1 has full rights, 2 and above are restricted, 0 may not sign in.";
+    return "The level must be a number from 0 to " + std::to_string(highestLevel) +
+           ". Level 1 has full rights, 2 and above have restricted rights, 0 cannot sign in.";
 }
 
-/// All users, open for writing. Whoever else changes users waits until the transaction ends.
+/// All users, locked for writing until the transaction ends.
 class LockedUsers {
 public:
     explicit LockedUsers(Connection& connection) {
@@ -62,7 +62,7 @@ public:
 
     Recordset& Rows() { return rows_; }
 
-    /// False where nobody has the name.
+    /// False if no user has this name.
     bool MoveTo(std::string_view name) {
         const std::string wanted = Comparable(name);
         for (rows_.MoveFirst(); !rows_.Eof(); rows_.MoveNext())
@@ -72,16 +72,16 @@ public:
     }
     std::int32_t Level() const { return rows_.Fields("UserLevel").Long(); }
 
-    /// On the current user, which must be as it was shown.
+    /// The reason why the current user may not be changed; empty if nobody has changed it.
     std::string WhyNotAsShown(const User& shown) const {
         if (Level() == shown.level)
             return {};
-        return "Somebody else has changed the level of " + InQuotes(shown.name) + " from " +
+        return "Another user has changed the level of " + InQuotes(shown.name) + " from " +
                std::to_string(shown.level) + " to " + std::to_string(Level()) +
-               " meanwhile. Nothing has been written; please look again.";
+               " in the meantime. Nothing was written. Check the level and try again.";
     }
 
-    /// Whether the current user is the only one with full rights. Leaves the current user.
+    /// True if the current user is the only one with full rights. Changes the current row.
     bool IsLastWithFullRights() {
         if (Level() != FullRights)
             return false;
@@ -96,8 +96,9 @@ private:
 };
 
 std::string LastOne(std::string_view name) {
-    return InQuotes(name) + " is the last user of level 1: nobody could keep users and lists any "
-                            "more. Please give another user level 1 first.";
+    return InQuotes(name) +
+           " is the last user of level 1. Without one, nobody could edit users and "
+           "lists. Give another user level 1 first.";
 }
 
 } // namespace
@@ -113,7 +114,7 @@ std::vector<User> ReadUsers(Connection& connection) {
 
 std::string PasswordRule() {
     return "At least " + std::to_string(ShortestPassword) + " characters, at most " +
-           std::to_string(LongestPassword) + ". Capitals and small letters differ.";
+           std::to_string(LongestPassword) + ". The password is case-sensitive.";
 }
 
 std::string WhyPasswordIsUnfit(std::string_view password) {
@@ -136,7 +137,7 @@ std::string AddUser(Connection& connection, const User& user, std::string_view p
     if (users.MoveTo(name))
         return "There is already a user " +
                InQuotes(users.Rows().Fields("UserName").TextOrEmpty()) +
-               "; capitals make no other name. Please choose another.";
+               ". Names are not case-sensitive. Choose another.";
     users.Rows().AddNew();
     users.Rows().Collect("UserName", name);
     users.Rows().Collect("PasswordHash", hash);

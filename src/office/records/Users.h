@@ -11,8 +11,8 @@ namespace Quillane {
 class Connection;
 }
 
-/// The users of the stations. Each write is one transaction, and gives the reason where it is
-/// refused: what is wrong and what to do, in whole sentences. It is empty where all is done.
+/// The users of the stations. Each write is one transaction. It returns the empty text, or, if it
+/// is refused, whole sentences: what is wrong and what to do.
 namespace Quillane::Office {
 
 struct User {
@@ -24,21 +24,21 @@ inline constexpr std::int32_t FullRights = 1;
 inline constexpr std::int32_t RestrictedRights = 2;
 inline constexpr int ShortestPassword = 8; ///< characters
 
-/// In the order of their names.
+/// Reads all users, ordered by name.
 std::vector<User> ReadUsers(Connection& connection);
 
-/// What is asked of a password, told before it is typed.
+/// The rule for passwords, which is shown before one is entered.
 std::string PasswordRule();
 std::string WhyPasswordIsUnfit(std::string_view password);
 
-/// The name is taken without blanks around it; two users never have the same name, whatever its
-/// case.
+/// White space around the name is removed. Names are unique and not case-sensitive.
 std::string AddUser(Connection& connection, const User& user, std::string_view password,
                     HashCost cost = HashCost::Interactive);
 std::string SetPassword(Connection& connection, std::string_view name, std::string_view password,
                         HashCost cost = HashCost::Interactive);
 
-// Refused where the user is not as shown, and where nobody with full rights would be left.
+// Refused if the user has been changed since it was read, or if no user with full rights would
+// remain.
 std::string SetLevel(Connection& connection, const User& shown, std::int32_t level);
 std::string RemoveUser(Connection& connection, const User& shown);
 

@@ -45,20 +45,20 @@ TEST_F(Checks, SoundRowHasNoFindings) {
 
 TEST_F(Checks, PartyWithoutACityIsRefused) {
     EXPECT_EQ(Refusal(Party("CityId", "")),
-              "City is empty: without a city the arrivals of the party can be saved, but never be "
-              "opened or printed again. Please fill it in.");
-    EXPECT_EQ(Refusal(Party("CityId", "9")), "There is no city with the number 9. It may have been "
-                                             "deleted; please choose another.");
+              "City is empty: without a city, arrivals of the party can be saved, but not opened "
+              "or printed again. Fill it in.");
+    EXPECT_EQ(Refusal(Party("CityId", "9")),
+              "There is no city with the number 9. It may have been deleted; choose another.");
 }
 
 TEST_F(Checks, EmptyNameAndEmptyAccountAreRefused) {
     EXPECT_EQ(Refusal(Party("AccountName", "")),
-              "Name is empty: without a name nobody can choose it. Please fill it in.");
-    EXPECT_EQ(Refusal(Party("PartyId", "")), "Account is empty: the account number tells the party "
-                                             "from all others. Please fill it in.");
+              "Name is empty: without a name it cannot be selected. Fill it in.");
+    EXPECT_EQ(Refusal(Party("PartyId", "")),
+              "Account is empty: the account number identifies the party. Fill it in.");
 }
 
-TEST_F(Checks, RowThatIsLeftAsItWasIsNotComplainedOf) {
+TEST_F(Checks, UnchangedRowHasNoFindings) {
     const Row withoutCity = *parties.rows.WithKey("6040001");
     EXPECT_TRUE(Check(parties, withoutCity, withoutCity).empty());
     Row renamed = withoutCity;
@@ -66,92 +66,92 @@ TEST_F(Checks, RowThatIsLeftAsItWasIsNotComplainedOf) {
     EXPECT_TRUE(Refuses(Check(parties, withoutCity, renamed)));
 }
 
-TEST_F(Checks, LengthIsCountedAsSqlServerCountsIt) {
+TEST_F(Checks, LengthIsCountedInUtf16Units) {
     EXPECT_EQ(Refusal(Party("AccountName", std::string(100, 'x'))), "");
     EXPECT_EQ(Refusal(Party("AccountName", std::string(101, 'x'))),
-              "Name has 101 characters, at most 100 fit. Please shorten it.");
+              "Name has 101 characters; the maximum is 100. Shorten it.");
     std::string emoji;
     for (int count = 0; count < 51; ++count)
         emoji += "🌾";
     EXPECT_EQ(Refusal(Party("AccountName", emoji)),
-              "Name has 102 characters, at most 100 fit. Please shorten it.");
+              "Name has 102 characters; the maximum is 100. Shorten it.");
 }
 
 TEST_F(Checks, ControlCharactersAreRefused) {
     for (const char* name : {"Ali\nTraders", "Ali\tTraders", "Ali\x01", "Ali\xC2\x85",
                              "\xE2\x80\xAEilA", "Ali\xE2\x80\xA8Traders"})
         EXPECT_EQ(Refusal(Party("AccountName", name)),
-                  "Name holds a line break or another control character. Please take it out.")
+                  "Name contains a line break or another control character. Remove it.")
             << name;
     EXPECT_EQ(Refusal(Party("AccountName", "علی\xE2\x80\x8C"
                                            "زئی")),
               "");
 }
 
-TEST_F(Checks, TakenAccountIsRefusedWhateverItsCase) {
+TEST_F(Checks, UsedAccountIsRefusedInAnyCase) {
     EXPECT_EQ(Refusal(Party("PartyId", "6010001")),
-              "Account 6010001 is taken by \"Zahid\". Please choose another.");
-    EXPECT_EQ(Refusal(Party("PartyId", "6010010")),
-              "Account 6010010 is taken by \"Petty cash\", which is no party. Please choose "
-              "another.");
+              "Account 6010001 is already used by \"Zahid\". Choose another.");
+    EXPECT_EQ(
+        Refusal(Party("PartyId", "6010010")),
+        "Account 6010010 is already used by \"Petty cash\", which is not a party. Choose another.");
     parties.rows.Put({"60A1", "Letters", "3", "", "1", "0", "0", "1"});
     EXPECT_EQ(Refusal(Party("PartyId", "60a1")),
-              "Account 60a1 is taken by \"Letters\". Please choose another.");
+              "Account 60a1 is already used by \"Letters\". Choose another.");
 }
 
-TEST_F(Checks, PartyThatTheStationCouldNotTellFromAnotherIsRefused) {
+TEST_F(Checks, SecondPartyOfTheSameNameAndCityIsRefused) {
     EXPECT_EQ(Refusal(Party("AccountName", "ZAHID")),
-              "Party 6010001 has the same name and city: the station could not tell them apart. "
-              "Please add something to the name.");
+              "Party 6010001 has the same name and city, so the station could not tell them apart. "
+              "Add something to the name.");
     Row elsewhere = Party("AccountName", "Zahid");
     elsewhere[PlaceOf(PartiesTable(), "CityId")] = "4";
     EXPECT_EQ(Refusal(elsewhere), "");
 }
 
-TEST_F(Checks, AccountOutsideTheSearchedBranchIsWarnedOf) {
+TEST_F(Checks, AccountThatDoesNotBeginWith6GivesAWarning) {
     EXPECT_EQ(Warning(Party("PartyId", "3010001")),
-              "The account 3010001 does not begin with 6: the party search of the station does not "
-              "show it.");
+              "The account 3010001 does not begin with 6, so the party search of the station does "
+              "not show it.");
     EXPECT_EQ(Refusal(Party("PartyId", "3010001")), "");
 }
 
-TEST_F(Checks, PartyWithoutARoleIsWarnedOf) {
-    EXPECT_EQ(Warning(Party("IsSeller", "0")),
-              "The party is neither seller nor buyer nor broker: the station shows it under "
-              "\"ALL\" alone.");
+TEST_F(Checks, PartyWithoutARoleGivesAWarning) {
+    EXPECT_EQ(
+        Warning(Party("IsSeller", "0")),
+        "The party is not a seller, buyer or broker, so the station shows it only under \"ALL\".");
 }
 
-TEST_F(Checks, KeyNeverChanges) {
+TEST_F(Checks, KeyCannotBeChanged) {
     const Row before = *classes.rows.WithKey("1");
     EXPECT_EQ(TextOf(Check(classes, before, {"2", "New"}), Weight::Refuses),
-              "Number never changes.");
+              "Number cannot be changed.");
 }
 
-TEST_F(Checks, TakenNameOfABagClassIsRefusedWhateverItsCase) {
+TEST_F(Checks, UsedNameOfABagClassIsRefusedInAnyCase) {
     EXPECT_EQ(TextOf(Check(classes, std::nullopt, {"8", "OLD"}), Weight::Refuses),
-              "The name \"OLD\" is taken by bag class 7. Please choose another.");
+              "The name \"OLD\" is already used by bag class 7. Choose another.");
     const Row before = *classes.rows.WithKey("7");
     EXPECT_TRUE(Check(classes, before, {"7", "OLD"}).empty());
 }
 
-TEST_F(Checks, NumberOfANewRowIsAWholeNumber) {
+TEST_F(Checks, NumberOfANewRowMustBeAWholeNumber) {
     for (const char* number : {"x", "0", "-1", "1.5", "1e3", "2147483648", " 8"})
         EXPECT_EQ(TextOf(Check(classes, std::nullopt, {number, "Torn"}), Weight::Refuses),
                   "Number \"" + std::string(number) +
-                      "\" is no whole number from 1 to 2147483647.");
+                      "\" is not a whole number from 1 to 2147483647.");
     EXPECT_TRUE(Check(classes, std::nullopt, {"2147483647", "Torn"}).empty());
 }
 
-TEST_F(Checks, CommodityThatTheStationDoesNotOfferIsWarnedOf) {
+TEST_F(Checks, CommodityThatTheStationDoesNotListGivesAWarning) {
     EXPECT_TRUE(Check(commodities, std::nullopt, {"1", "Wheat", "1", "0", "1"}).empty());
     for (const Row& row :
          std::vector<Row>{{"1", "Wheat", "0", "0", "1"}, {"1", "Bags", "1", "0", "0"}})
         EXPECT_EQ(TextOf(Check(commodities, std::nullopt, row), Weight::Warns),
-                  "The station offers only commodities that are marked \"Purchased\" and "
-                  "\"Wheat\". Arrivals of any other can be opened, but not saved again.");
+                  "The station lists only commodities that are marked \"Purchased\" and \"Wheat\". "
+                  "Arrivals of any other commodity can be opened, but not saved again.");
 }
 
-TEST_F(Checks, ProposedAccountFollowsTheHighestOfTheRoleAndPassesOverTakenOnes) {
+TEST_F(Checks, ProposedAccountIsTheNextFreeOneOfTheRole) {
     KeyProposals keys(parties);
     EXPECT_EQ(keys.For(NewParty), "6010011") << "6010010 is no party's, but taken";
     EXPECT_EQ(keys.For(NewParty), "6010012");
@@ -160,7 +160,7 @@ TEST_F(Checks, ProposedAccountFollowsTheHighestOfTheRoleAndPassesOverTakenOnes) 
     EXPECT_EQ(keys.For(buyer), "6040002");
 }
 
-TEST_F(Checks, FirstAccountOfAnEmptyListIsInTheSearchedBranch) {
+TEST_F(Checks, FirstAccountOfAnEmptyListBeginsWith6) {
     const Snapshot none{KnownRows(PartiesTable()), {}, {}};
     EXPECT_EQ(KeyProposals(none).For(NewParty), "6010001");
     Row broker = Party("IsSeller", "0");
@@ -168,12 +168,12 @@ TEST_F(Checks, FirstAccountOfAnEmptyListIsInTheSearchedBranch) {
     EXPECT_EQ(KeyProposals(none).For(broker), "6060001");
 }
 
-TEST_F(Checks, ProposedAccountStaysInTheBranch) {
+TEST_F(Checks, ProposedAccountAlwaysBeginsWith6) {
     parties.rows.Put({"6999999", "Last", "3", "", "1", "0", "0", "1"});
     EXPECT_EQ(KeyProposals(parties).For(NewParty), "69999991");
 }
 
-TEST_F(Checks, ProposedNumberFollowsTheHighest) {
+TEST_F(Checks, ProposedNumberIsTheHighestPlusOne) {
     EXPECT_EQ(KeyProposals(classes).For({"", "Torn"}), "8");
     EXPECT_EQ(KeyProposals(commodities).For({"", "Wheat", "1", "0", "1"}), "1");
 }

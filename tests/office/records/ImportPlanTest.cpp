@@ -33,7 +33,7 @@ protected:
 
 constexpr const char* partyHeader = "PartyId,AccountName,City,Address,IsSeller,IsBuyer,IsBroker\n";
 
-TEST_F(ImportPlans, NewPartyOfAFileIsReadWithItsCity) {
+TEST_F(ImportPlans, NewPartyHasItsCity) {
     const ImportLine line =
         OnlyLine(PartiesTable(),
                  std::string(partyHeader) + "6010099,Hamza Traders, okara ,Shop 8,yes,,no\n");
@@ -43,7 +43,7 @@ TEST_F(ImportPlans, NewPartyOfAFileIsReadWithItsCity) {
     EXPECT_FALSE(line.change.before);
 }
 
-TEST_F(ImportPlans, PlannedChangesAreWrittenInOneTransaction) {
+TEST_F(ImportPlans, ChangesAreWrittenInOneTransaction) {
     const ImportPlan plan =
         Plan(CitiesTable(), "CityId,CityName\n77,Jhang\n3,Okara Sadar\n,Kasur\n");
     std::vector<std::string> transactions;
@@ -63,7 +63,7 @@ TEST_F(ImportPlans, PreviewWritesNothing) {
     EXPECT_EQ(database.Text("Select Count(*) From Cities Where CityName = 'Jhang'"), "0");
 }
 
-TEST_F(ImportPlans, RowIsFoundByItsKeyAndElseByItsName) {
+TEST_F(ImportPlans, RowIsFoundByKeyOtherwiseByName) {
     EXPECT_EQ(OnlyLine(CitiesTable(), "CityId,CityName\n3,Okara\n").kind, Kind::Unchanged);
     EXPECT_EQ(OnlyLine(CitiesTable(), "CityName\nOkara\n").kind, Kind::Unchanged);
     EXPECT_EQ(OnlyLine(CitiesTable(), "CityId,CityName\n03,Okara\n").kind, Kind::Unchanged);
@@ -83,12 +83,12 @@ TEST_F(ImportPlans, PartyWithoutAnAccountIsFoundByNameAndCity) {
     EXPECT_EQ(added.change.after[KeyCell], "6010029");
 }
 
-TEST_F(ImportPlans, SeveralRowsOfOneNameAreFaultyWithoutAKey) {
+TEST_F(ImportPlans, NameOfSeveralRowsIsFaultyWithoutAKey) {
     EXPECT_EQ(Fault(PartiesTable(), "AccountName,Address\nNoor Brothers,Shop 1\n"),
-              "There are several rows of this name. Please give PartyId.");
+              "Several rows have this name. Enter PartyId.");
 }
 
-TEST_F(ImportPlans, ColumnsThatTheFileDoesNotHaveStayAsTheyAre) {
+TEST_F(ImportPlans, MissingColumnsAreNotChanged) {
     const ImportLine line = OnlyLine(PartiesTable(), "PartyId,Address\n6010001,Shop 15\n");
     EXPECT_EQ(line.kind, Kind::Changed);
     RowChange expected = database.Changed(PartiesTable(), "6010001", "Address", "Shop 15");
@@ -96,105 +96,102 @@ TEST_F(ImportPlans, ColumnsThatTheFileDoesNotHaveStayAsTheyAre) {
     EXPECT_EQ(line.change.after, expected.after);
 }
 
-TEST_F(ImportPlans, EmptyCellOfAColumnThatIsThereEmptiesTheText) {
+TEST_F(ImportPlans, EmptyCellClearsTheText) {
     const ImportLine line = OnlyLine(PartiesTable(), "PartyId,Address\n6010001,\n");
     EXPECT_EQ(line.change.after[PlaceOf(PartiesTable(), "Address")], "");
 }
 
-TEST_F(ImportPlans, ColumnsAreKnownByHeaderColumnOrCaption) {
+TEST_F(ImportPlans, ColumnsAreFoundByHeaderColumnNameOrCaption) {
     EXPECT_EQ(OnlyLine(PartiesTable(), "account;NAME; city ;Seller\n6010099;A;Okara;1\n").kind,
               Kind::New);
     EXPECT_EQ(OnlyLine(PartiesTable(), "PartyId,AccountName,CityId,IsSeller\n6010099,A,3,1\n").kind,
               Kind::New);
 }
 
-TEST_F(ImportPlans, ColumnsOfAnotherProgramAreNamedAndNotRead) {
+TEST_F(ImportPlans, UnknownColumnsAreNamedAndIgnored) {
     const ImportPlan plan = Plan(CitiesTable(), "CityName,Region,,District\nJhang,Punjab,,x\n");
     EXPECT_EQ(plan.unreadColumns, (std::vector<std::string>{"Region", "District"}));
     EXPECT_EQ(plan.Count(Kind::New), 1);
 }
 
-TEST_F(ImportPlans, FirstLineWithoutKeyAndNameRefusesTheFile) {
+TEST_F(ImportPlans, FileWithoutKeyAndNameColumnsIsRefused) {
     EXPECT_EQ(Plan(CitiesTable(), "1,Lahore\n2,Multan\n").fault,
-              "Line 1 names neither CityId nor CityName. The first line must hold names of "
-              "columns: CityId, CityName.");
+              "Line 1 names neither CityId nor CityName. The first line must hold column names: "
+              "CityId, CityName.");
     EXPECT_EQ(Plan(CitiesTable(), "").fault,
-              "The file is empty. Its first line must hold names of columns: CityId, CityName.");
+              "The file is empty. Its first line must hold column names: CityId, CityName.");
     EXPECT_EQ(Plan(CitiesTable(), "CityName,City\nLahore,Multan\n").fault,
-              "Line 1: the column \"City\" is there twice. Please take one out.");
+              "Line 1: The column \"City\" occurs twice. Remove one of them.");
 }
 
-TEST_F(ImportPlans, RaggedLinesAreFaultyAndTheOthersAreNot) {
+TEST_F(ImportPlans, LineWithAnotherNumberOfCellsIsFaulty) {
     const ImportPlan plan = Plan(CitiesTable(), "CityId,CityName\n77,Jhang,x\n78\n79,Kasur\n");
     ASSERT_EQ(plan.lines.size(), 3U);
-    EXPECT_EQ(plan.lines[0].text,
-              "The line has 3 cells, the first line has 2. Please correct the line.");
-    EXPECT_EQ(plan.lines[1].text,
-              "The line has 1 cell, the first line has 2. Please correct the line.");
+    EXPECT_EQ(plan.lines[0].text, "The line has 3 cells, the first line has 2. Correct the line.");
+    EXPECT_EQ(plan.lines[1].text, "The line has 1 cell, the first line has 2. Correct the line.");
     EXPECT_EQ(plan.lines[2].kind, Kind::New);
     EXPECT_EQ(plan.Summary(), "1 new, 0 changed, 0 unchanged, 2 faulty");
 }
 
-TEST_F(ImportPlans, SecondLineOfTheSameKeyIsFaulty) {
+TEST_F(ImportPlans, SecondLineWithTheSameKeyIsFaulty) {
     const ImportPlan plan =
         Plan(CitiesTable(), "CityId,CityName\n77,Jhang\n77,Kasur\n3,Okara\n,Okara\n");
-    EXPECT_EQ(plan.lines[1].text, "The same city is in line 2 already. Please take one out.");
-    EXPECT_EQ(plan.lines[3].text, "The same city is in line 4 already. Please take one out.");
+    EXPECT_EQ(plan.lines[1].text, "The same city is in line 2 already. Remove one of them.");
+    EXPECT_EQ(plan.lines[3].text, "The same city is in line 4 already. Remove one of them.");
     EXPECT_EQ(plan.lines[2].kind, Kind::Unchanged);
 }
 
-TEST_F(ImportPlans, NameThatAnEarlierLineTakesIsFaulty) {
+TEST_F(ImportPlans, NameUsedInAnEarlierLineIsFaulty) {
     const ImportPlan plan = Plan(CitiesTable(), "CityId,CityName\n77,Jhang\n78,JHANG\n");
-    EXPECT_EQ(plan.lines[1].text, "The name \"JHANG\" is taken by city 77. Please choose another.");
+    EXPECT_EQ(plan.lines[1].text, "The name \"JHANG\" is already used by city 77. Choose another.");
 }
 
 TEST_F(ImportPlans, UnknownCityIsFaulty) {
     EXPECT_EQ(
         Fault(PartiesTable(), "PartyId,AccountName,City\n6010099,A,Atlantis\n"),
-        "There is no city \"Atlantis\". Please add it to the list of cities first, or correct "
-        "the name.");
+        "There is no city \"Atlantis\". Add it to the list of cities first, or correct the name.");
 }
 
-TEST_F(ImportPlans, CityOfADoubledNameIsFaultyExceptWhereThePartyHasIt) {
+TEST_F(ImportPlans, AmbiguousCityIsFaultyUnlessThePartyHasItAlready) {
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Okara')");
-    EXPECT_EQ(
-        Fault(PartiesTable(), "PartyId,AccountName,City\n6010099,A,Okara\n"),
-        "There are several rows named \"Okara\" in the list of cities. Please give the number "
-        "in place of the name.");
+    EXPECT_EQ(Fault(PartiesTable(), "PartyId,AccountName,City\n6010099,A,Okara\n"),
+              "There are several rows named \"Okara\" in the list of cities. Enter the number "
+              "instead of the name.");
     EXPECT_EQ(OnlyLine(PartiesTable(), "PartyId,City\n6010001,Okara\n").kind, Kind::Unchanged);
     EXPECT_EQ(OnlyLine(PartiesTable(), "PartyId,City\n6010001,77\n").kind, Kind::Changed);
 }
 
-TEST_F(ImportPlans, RulesOfTheScreensHoldForAFile) {
+TEST_F(ImportPlans, RulesOfTheScreensApplyToAFile) {
     EXPECT_EQ(Fault(PartiesTable(), "PartyId,AccountName,City\n6010099,A,\n"),
-              "City is empty: without a city the arrivals of the party can be saved, but never be "
-              "opened or printed again. Please fill it in.");
+              "City is empty: without a city, arrivals of the party can be saved, but not opened "
+              "or printed again. Fill it in.");
     EXPECT_EQ(Fault(CitiesTable(), "CityId,CityName\n77,\"Jha\nng\"\n"),
-              "City holds a line break or another control character. Please take it out.");
+              "City contains a line break or another control character. Remove it.");
     EXPECT_EQ(Fault(CitiesTable(), "CityId,CityName\nx,Jhang\n"),
-              "Number \"x\" is no whole number from 1 to 2147483647.");
+              "Number \"x\" is not a whole number from 1 to 2147483647.");
     EXPECT_EQ(Fault(PartiesTable(), "PartyId,IsSeller\n6010001,perhaps\n"),
-              "Seller must be 1 or 0, yes or no. Please correct it.");
+              "Seller must be 1 or 0, yes or no. Correct it.");
 }
 
-TEST_F(ImportPlans, WarningsAreToldAndDoNotStopTheRow) {
+TEST_F(ImportPlans, RowWithAWarningIsWritten) {
     const ImportLine line = OnlyLine(CommoditiesTable(), "CommodityName,IsSaleable\nBran Mash,1\n");
     EXPECT_EQ(line.kind, Kind::New);
-    EXPECT_EQ(line.text, "The station offers only commodities that are marked \"Purchased\" and "
-                         "\"Wheat\". Arrivals of any other can be opened, but not saved again.");
+    EXPECT_EQ(line.text,
+              "The station lists only commodities that are marked \"Purchased\" and \"Wheat\". "
+              "Arrivals of any other commodity can be opened, but not saved again.");
 }
 
-TEST_F(ImportPlans, CellOfAMegabyteIsFaultyAndNotRepeatedInTheReason) {
+TEST_F(ImportPlans, CellOfOneMegabyteIsFaultyAndNotQuotedInTheMessage) {
     const std::string large(1 << 20, 'x');
     EXPECT_EQ(Fault(CitiesTable(), "CityName\n" + large + "\n"),
-              "City has 1048576 characters, at most 60 fit. Please shorten it.");
+              "City has 1048576 characters; the maximum is 60. Shorten it.");
     EXPECT_LT(Fault(PartiesTable(), "PartyId,AccountName,City\n6010099,A," + large + "\n").size(),
               300U);
     EXPECT_LT(Fault(CitiesTable(), "CityId,CityName\n" + large + ",A\n").size(), 300U);
     EXPECT_EQ(OnlyLine(CitiesTable(), "CityName\n" + large + "\n").shown.size(), 63U);
 }
 
-TEST_F(ImportPlans, ExportedListComesBackUnchanged) {
+TEST_F(ImportPlans, ExportedListIsImportedUnchanged) {
     for (const Table* table : AllTables()) {
         const Snapshot known = ReadSnapshot(database.connection, *table);
         const ImportPlan plan = PlanImport(known, ExportText(known));
@@ -204,7 +201,7 @@ TEST_F(ImportPlans, ExportedListComesBackUnchanged) {
     }
 }
 
-TEST_F(ImportPlans, ExportNamesTheCity) {
+TEST_F(ImportPlans, ExportWritesTheNameOfTheCity) {
     const std::string text = ExportText(ReadSnapshot(database.connection, PartiesTable()));
     EXPECT_TRUE(text.starts_with("\xEF\xBB\xBF"
                                  "PartyId,AccountName,City,Address,IsSeller,IsBuyer,"
@@ -214,13 +211,13 @@ TEST_F(ImportPlans, ExportNamesTheCity) {
               std::string::npos);
 }
 
-TEST_F(ImportPlans, BrokenOffPlanHoldsNoChangesToBeWritten) {
+TEST_F(ImportPlans, CancelledPlanHasNoChanges) {
     std::string text = "CityName\n";
     for (int row = 0; row < 2000; ++row)
         text += "City " + std::to_string(row) + "\n";
     const ImportPlan plan = PlanImport(ReadSnapshot(database.connection, CitiesTable()), text,
                                        [](int done) { return done < 500; });
-    EXPECT_EQ(plan.fault, "The import has been broken off. Nothing has been written.");
+    EXPECT_EQ(plan.fault, "The import was cancelled. Nothing was written.");
     EXPECT_LT(plan.lines.size(), 1000U);
 }
 

@@ -37,7 +37,7 @@ TEST_F(References, RowWithoutReferencesIsDeletedFromAllItsTables) {
               "0");
 }
 
-TEST_F(References, PartyWithArrivalsIsRefusedAndTheRefusalNamesThem) {
+TEST_F(References, PartyWithArrivalsIsNotDeleted) {
     const std::string seller =
         database.Text("Select SellerId From Arrivals Where ArrivalID = 1035");
     const std::string count =
@@ -51,7 +51,7 @@ TEST_F(References, PartyWithArrivalsIsRefusedAndTheRefusalNamesThem) {
     EXPECT_EQ(std::to_string(result.references[0].rows), count);
 }
 
-TEST_F(References, TableOfTheSiteThatRefersByAForeignKeyIsFound) {
+TEST_F(References, TableOfTheSiteWithAForeignKeyIsFound) {
     database.Run("Create Table Tolls (TollId int Not Null Primary Key, Payer nvarchar(20) "
                  "References Parties (PartyId))");
     database.Write(PartiesTable(), {{std::nullopt, NewParty}});
@@ -61,7 +61,7 @@ TEST_F(References, TableOfTheSiteThatRefersByAForeignKeyIsFound) {
     EXPECT_EQ(Delete(PartiesTable(), "6010099").end, End::IsReferredTo);
 }
 
-TEST_F(References, ReferenceToTheAccountOfAPartyIsFoundToo) {
+TEST_F(References, ReferenceToTheAccountOfAPartyIsFound) {
     database.Run("Create Table Bills (BillId int Not Null Primary Key, Account nvarchar(20) "
                  "References ChartOfAccounts (AccountNo))");
     database.Write(PartiesTable(), {{std::nullopt, NewParty}});
@@ -69,7 +69,7 @@ TEST_F(References, ReferenceToTheAccountOfAPartyIsFoundToo) {
     EXPECT_EQ(To(PartiesTable(), "6010099"), std::vector<std::string>{"Bills.Account 1"});
 }
 
-TEST_F(References, OddNamesOfTablesAndColumnsAreQuoted) {
+TEST_F(References, TableAndColumnNamesAreQuoted) {
     database.Run("Create Table [Gate Passes] ([Pass No] int Not Null Primary Key, [For City] int "
                  "References Cities (CityId))");
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
@@ -77,14 +77,14 @@ TEST_F(References, OddNamesOfTablesAndColumnsAreQuoted) {
     EXPECT_EQ(To(CitiesTable(), "77"), std::vector<std::string>{"Gate Passes.For City 1"});
 }
 
-TEST_F(References, CityOfAPartyIsRefused) {
+TEST_F(References, CityOfAPartyIsNotDeleted) {
     EXPECT_EQ(Delete(CitiesTable(), "3").end, End::IsReferredTo);
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
     EXPECT_EQ(Delete(CitiesTable(), "77").end, End::Deleted);
 }
 
 // No foreign key ties bag lines to these two: they may hold 0.
-TEST_F(References, BagClassAndTypeOfAStoredLineAreRefused) {
+TEST_F(References, BagClassAndTypeOfAStoredLineAreNotDeleted) {
     const std::string bagClass = database.Text("Select Min(BagsClassId) From ArrivalsBody");
     const std::string bagType = database.Text("Select Min(BagsTypeId) From ArrivalsBody");
     EXPECT_EQ(Delete(BagClassesTable(), bagClass).end, End::IsReferredTo);
@@ -93,7 +93,7 @@ TEST_F(References, BagClassAndTypeOfAStoredLineAreRefused) {
     EXPECT_EQ(Delete(BagClassesTable(), "77").end, End::Deleted);
 }
 
-TEST_F(References, ArrivalsCountOnASiteWithoutForeignKeys) {
+TEST_F(References, ArrivalsAreFoundWithoutForeignKeys) {
     SKIP_ON_SQL_SERVER("a table is loosened together with those that refer to it");
     database.Loosen("Arrivals");
     const std::string commodity = database.Text("Select Min(CommodityId) From Arrivals");
@@ -101,7 +101,7 @@ TEST_F(References, ArrivalsCountOnASiteWithoutForeignKeys) {
     EXPECT_EQ(Delete(CommoditiesTable(), commodity).end, End::IsReferredTo);
 }
 
-TEST_F(References, RowThatAnotherOfficeHasChangedIsNotDeleted) {
+TEST_F(References, RowChangedByAnotherSessionIsNotDeleted) {
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
     const Row shown = database.Stored(CitiesTable(), "77");
     database.Run("Update Cities Set CityName = 'Jhang Sadar' Where CityId = 77");
@@ -111,7 +111,7 @@ TEST_F(References, RowThatAnotherOfficeHasChangedIsNotDeleted) {
     EXPECT_TRUE(database.Has(CitiesTable(), "77"));
 }
 
-TEST_F(References, RowThatIsGoneAlreadyIsToldAsGone) {
+TEST_F(References, DeletedRowIsReportedAsDeleted) {
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
     const Row shown = database.Stored(CitiesTable(), "77");
     database.Run("Delete From Cities Where CityId = 77");
@@ -120,18 +120,19 @@ TEST_F(References, RowThatIsGoneAlreadyIsToldAsGone) {
     EXPECT_FALSE(result.stored);
 }
 
-TEST(DescribedReferences, NameTableColumnAndCountAndSayWhatToDo) {
-    EXPECT_EQ(DescribeReferences(PartiesTable(), NewParty,
-                                 {{{"Arrivals", "SellerId"}, 12}, {{"Sales", "BuyerId"}, 1}}),
-              "The party 6010099 (Hamza Traders) cannot be deleted, since other rows refer to it:\n"
-              "Arrivals, column SellerId: 12 rows\n"
-              "Sales, column BuyerId: 1 row\n"
-              "Retire it instead: the station then leaves it out of its lists of suppliers, buyers "
-              "and brokers.");
+TEST(DescribedReferences, NameTableColumnAndCountAndTheRemedy) {
+    EXPECT_EQ(
+        DescribeReferences(PartiesTable(), NewParty,
+                           {{{"Arrivals", "SellerId"}, 12}, {{"Sales", "BuyerId"}, 1}}),
+        "The party 6010099 (Hamza Traders) cannot be deleted, because other rows refer to it:\n"
+        "Arrivals, column SellerId: 12 rows\n"
+        "Sales, column BuyerId: 1 row\n"
+        "Take it out of use instead: the station then does not show it in its lists of suppliers, "
+        "buyers and brokers.");
     EXPECT_EQ(DescribeReferences(CitiesTable(), {"3", "Okara"}, {{{"Parties", "CityId"}, 2}}),
-              "The city 3 (Okara) cannot be deleted, since other rows refer to it:\n"
+              "The city 3 (Okara) cannot be deleted, because other rows refer to it:\n"
               "Parties, column CityId: 2 rows\n"
-              "It stays as long as they do; it can be renamed.");
+              "Delete these rows first, or rename it.");
 }
 
 } // namespace

@@ -31,7 +31,7 @@ TEST_F(RowWrites, EmptyTextIsStoredAsNull) {
     EXPECT_EQ(database.Stored(PartiesTable(), "6010099"), party);
 }
 
-TEST_F(RowWrites, NamesKeepApostrophesUrduAndEmoji) {
+TEST_F(RowWrites, NamesMayHoldApostrophesUrduAndEmoji) {
     for (const char* name :
          {"O'Brien & Sons", "محمد اسلم اینڈ سنز", "Mill 🌾 No. 1", "''", "a;b--"}) {
         database.Write(CitiesTable(), {{std::nullopt, {"77", name}}});
@@ -85,7 +85,7 @@ TEST_F(RowWrites, EachKindOfRowCanBeAddedAndRenamed) {
     }
 }
 
-TEST_F(RowWrites, RowChangedByAnotherOfficeIsAConflictWithBothValues) {
+TEST_F(RowWrites, RowChangedByAnotherSessionIsAConflictWithBothValues) {
     const RowChange ours = database.Changed(PartiesTable(), "6010001", "Address", "Shop 20");
     const RowChange theirs = database.Changed(PartiesTable(), "6010001", "Address", "Shop 15");
     ASSERT_EQ(WriteRows(database.other, PartiesTable(), {{theirs}}).end, End::Written);
@@ -95,12 +95,12 @@ TEST_F(RowWrites, RowChangedByAnotherOfficeIsAConflictWithBothValues) {
     EXPECT_EQ(database.Stored(PartiesTable(), "6010001"), theirs.after);
     EXPECT_EQ(DescribeConflict(PartiesTable(), ours, result.conflict,
                                [](std::size_t column, const Row& row) { return row[column]; }),
-              "Somebody else has changed party 6010001 (Chaudhry Grain Traders) meanwhile:\n"
-              "Address: it was \"Shop 14, Grain Market\", it is now \"Shop 15\", you have entered "
+              "Another user has changed party 6010001 (Chaudhry Grain Traders) in the meantime:\n"
+              "Address: it was \"Shop 14, Grain Market\", it is now \"Shop 15\", your entry is "
               "\"Shop 20\"");
 }
 
-TEST_F(RowWrites, ChangeOfTheAccountAloneIsAConflictToo) {
+TEST_F(RowWrites, ChangeOfOnlyTheAccountTableIsAConflict) {
     const RowChange ours = database.Changed(PartiesTable(), "6010001", "Address", "Shop 20");
     database.Run("Update ChartOfAccounts Set AccountName = 'Renamed' Where AccountNo = '6010001'");
     const WriteResult result = database.Write(PartiesTable(), {ours});
@@ -108,7 +108,7 @@ TEST_F(RowWrites, ChangeOfTheAccountAloneIsAConflictToo) {
     EXPECT_EQ((*result.conflict.stored)[NameCell], "Renamed");
 }
 
-TEST_F(RowWrites, RowDeletedByAnotherOfficeIsAConflict) {
+TEST_F(RowWrites, RowDeletedByAnotherSessionIsAConflict) {
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
     const RowChange ours = database.Changed(CitiesTable(), "77", "CityName", "Jhang Sadar");
     database.Run("Delete From Cities Where CityId = 77");
@@ -117,20 +117,20 @@ TEST_F(RowWrites, RowDeletedByAnotherOfficeIsAConflict) {
     EXPECT_FALSE(result.conflict.stored);
     EXPECT_FALSE(database.Has(CitiesTable(), "77"));
     EXPECT_EQ(DescribeConflict(CitiesTable(), ours, result.conflict, {}),
-              "Somebody else has deleted city 77 (Jhang) meanwhile. Nothing has been written.");
+              "Another user has deleted city 77 (Jhang) in the meantime. Nothing was written.");
 }
 
-TEST_F(RowWrites, NewRowUnderANumberThatIsTakenByNowIsAConflict) {
+TEST_F(RowWrites, NewRowWithANumberUsedMeanwhileIsAConflict) {
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
     const RowChange ours{std::nullopt, {"77", "Kasur"}};
     const WriteResult result = database.Write(CitiesTable(), {ours});
     EXPECT_EQ(result.end, End::Conflicts);
     EXPECT_EQ(database.Stored(CitiesTable(), "77"), (Row{"77", "Jhang"}));
     EXPECT_EQ(DescribeConflict(CitiesTable(), ours, result.conflict, {}),
-              "Somebody else has added city 77 (Jhang) meanwhile. Nothing has been written.");
+              "Another user has added city 77 (Jhang) in the meantime. Nothing was written.");
 }
 
-TEST_F(RowWrites, OneConflictAmongManyChangesLeavesAllUnwritten) {
+TEST_F(RowWrites, OneConflictPreventsAllChanges) {
     const std::vector<RowChange> changes{
         {std::nullopt, {"77", "Jhang"}},
         database.Changed(CitiesTable(), "1", "CityName", "Lahore Cantonment"),
@@ -153,7 +153,7 @@ TEST_F(RowWrites, ManyChangesAreWrittenTogether) {
         EXPECT_EQ(database.Stored(CitiesTable(), change.after[KeyCell]), change.after);
 }
 
-TEST_F(RowWrites, BrokenOffWorkLeavesNothingBehind) {
+TEST_F(RowWrites, CancelledWriteIsRolledBack) {
     const std::vector<RowChange> changes{{std::nullopt, {"77", "Jhang"}},
                                          {std::nullopt, {"78", "Kasur"}}};
     std::vector<int> told;
@@ -167,7 +167,7 @@ TEST_F(RowWrites, BrokenOffWorkLeavesNothingBehind) {
     EXPECT_FALSE(database.Has(CitiesTable(), "77"));
 }
 
-TEST_F(RowWrites, RefusalByTheDatabaseRollsAllBackAndLeavesTheConnectionUsable) {
+TEST_F(RowWrites, DatabaseErrorRollsBackAndLeavesTheConnectionUsable) {
     database.Refuse({.write = "INSERT", .table = "Parties", .words = "closed"});
     EXPECT_THROW(database.Write(PartiesTable(), {{std::nullopt, NewParty}}), Failure);
     EXPECT_EQ(database.Text("Select Count(*) From ChartOfAccounts Where AccountNo = '6010099'"),

@@ -20,14 +20,14 @@ protected:
     OfficeDatabase database;
 };
 
-TEST_F(OfficeSettings, ParticularsOfTheCompanyAreRead) {
+TEST_F(OfficeSettings, CompanyDetailsAreRead) {
     EXPECT_EQ(Read(CompanySettings()), (Settings{{"CompanyName", "Veltrane Flour Mills"},
                                                  {"CompanyAddress", "14 Canal Road, Okara"},
                                                  {"CompanyPhone", "044 555 0147"},
                                                  {"CompanyEmail", "gate@veltrane.example"}}));
 }
 
-TEST_F(OfficeSettings, ChangedValuesAloneAreWritten) {
+TEST_F(OfficeSettings, OnlyChangedValuesAreWritten) {
     const Settings shown = Read(CompanySettings());
     Settings wanted = shown;
     wanted["CompanyPhone"] = "044 555 0199";
@@ -51,7 +51,7 @@ TEST_F(OfficeSettings, MissingRowIsAdded) {
     EXPECT_EQ(Read(LineSettingsTable()), wanted);
 }
 
-TEST_F(OfficeSettings, DoubledRowsBecomeOne) {
+TEST_F(OfficeSettings, RepeatedRowsAreReducedToOne) {
     database.Run("Insert Into PortSettings (RegistryKey, RegistryValue) Values ('portname', '2')");
     const Settings shown = Read(LineSettingsTable());
     Settings wanted = shown;
@@ -61,7 +61,7 @@ TEST_F(OfficeSettings, DoubledRowsBecomeOne) {
     EXPECT_EQ(Read(LineSettingsTable()), wanted);
 }
 
-TEST_F(OfficeSettings, OtherRowsOfTheTableAreLeftAlone) {
+TEST_F(OfficeSettings, OtherRowsOfTheTableAreNotChanged) {
     database.Run("Insert Into Project_Registry (registrykey, value) Values ('Other', 'x')");
     const Settings shown = Read(CompanySettings());
     Settings wanted = shown;
@@ -70,15 +70,15 @@ TEST_F(OfficeSettings, OtherRowsOfTheTableAreLeftAlone) {
     EXPECT_EQ(database.Text("Select value From Project_Registry Where registrykey = 'Other'"), "x");
 }
 
-TEST_F(OfficeSettings, ValueChangedByAnotherOfficeIsToldWithBothValues) {
+TEST_F(OfficeSettings, ValueChangedByAnotherSessionIsReportedWithBothValues) {
     const Settings shown = Read(CompanySettings());
     database.Run("Update Project_Registry Set value = '1' Where registrykey = 'CompanyPhone'");
     Settings wanted = shown;
     wanted["CompanyPhone"] = "2";
     EXPECT_EQ(Save(CompanySettings(), shown, wanted),
-              "Somebody else has changed the settings meanwhile:\n"
-              "CompanyPhone: it was \"044 555 0147\", it is now \"1\", you have entered \"2\"\n"
-              "Nothing has been written. Please look again.");
+              "Another user has changed the settings in the meantime:\n"
+              "CompanyPhone: it was \"044 555 0147\", it is now \"1\", your entry is \"2\"\n"
+              "Nothing was written. Check the values and try again.");
     EXPECT_EQ(Read(CompanySettings())["CompanyPhone"], "1");
 }
 

@@ -35,16 +35,16 @@ protected:
     UserLoginObject login;
 };
 
-TEST_F(Users, AddedUserSignsInAtTheStation) {
+TEST_F(Users, AddedUserCanSignInAtTheStation) {
     EXPECT_EQ(Add({" Imran ", RestrictedRights}), "");
     EXPECT_EQ(login.SignIn("imran", "sack-of-wheat"), Attempt::SignedIn);
     EXPECT_EQ(login.UserLevel(), RestrictedRights);
     EXPECT_EQ(login.UserName(), "Imran");
 }
 
-TEST_F(Users, NamesAreUniqueWhateverTheirCase) {
-    const std::string taken = "There is already a user \"Nadia\"; capitals make no other name. "
-                              "Please choose another.";
+TEST_F(Users, NamesAreUniqueInAnyCase) {
+    const std::string taken =
+        "There is already a user \"Nadia\". Names are not case-sensitive. Choose another.";
     EXPECT_EQ(Add({"nadia", 2}), taken);
     EXPECT_EQ(Add({" NADIA", 1}), taken);
     EXPECT_EQ(Add({"Élodie", 2}), "");
@@ -52,25 +52,25 @@ TEST_F(Users, NamesAreUniqueWhateverTheirCase) {
     EXPECT_EQ(ReadUsers(database.other).size(), 3U);
 }
 
-TEST_F(Users, NameMustBeFitToBeTyped) {
-    EXPECT_EQ(Add({"  ", 2}), "Please give the user a name.");
+TEST_F(Users, InvalidNameIsRefused) {
+    EXPECT_EQ(Add({"  ", 2}), "The name of the user is missing. Enter a name.");
     EXPECT_EQ(Add({std::string(41, 'x'), 2}),
-              "The name has more than 40 characters. Please choose a shorter one.");
+              "The name has more than 40 characters. Choose a shorter one.");
     EXPECT_EQ(Add({"Ali\nBaba", 2}),
-              "The name holds a line break or another control character. Please choose another.");
+              "The name contains a line break or another control character. Remove it.");
     EXPECT_EQ(Add({"O'Brien محمد", 2}), "");
     EXPECT_EQ(login.SignIn("o'brien محمد", "sack-of-wheat"), Attempt::SignedIn);
 }
 
-TEST_F(Users, LevelIsANumberThatTheStationCanRead) {
+TEST_F(Users, InvalidLevelIsRefused) {
     EXPECT_NE(Add({"Imran", -1}), "");
     EXPECT_NE(Add({"Imran", 32768}), "");
     EXPECT_EQ(Add({"Imran", 32767}), "");
 }
 
-TEST_F(Users, ShortPasswordIsRefusedByTheRuleThatIsToldBefore) {
+TEST_F(Users, PasswordOfInvalidLengthIsRefusedWithTheRule) {
     EXPECT_EQ(PasswordRule(),
-              "At least 8 characters, at most 128. Capitals and small letters differ.");
+              "At least 8 characters, at most 128. The password is case-sensitive.");
     EXPECT_EQ(Add({"Imran", 2}, "seven77"), "The password has 7 characters. " + PasswordRule());
     EXPECT_EQ(Add({"Imran", 2}, std::string(129, 'x')),
               "The password has 129 characters. " + PasswordRule());
@@ -78,16 +78,16 @@ TEST_F(Users, ShortPasswordIsRefusedByTheRuleThatIsToldBefore) {
     EXPECT_EQ(LevelOf("Imran"), 2);
 }
 
-TEST_F(Users, NewPasswordReplacesTheForgottenOne) {
+TEST_F(Users, NewPasswordReplacesTheOldOne) {
     EXPECT_EQ(Reset("GATE", "new-at-the-gate"), "");
     EXPECT_EQ(login.SignIn("gate", "gate"), Attempt::Wrong);
     EXPECT_EQ(login.SignIn("gate", "new-at-the-gate"), Attempt::SignedIn);
     EXPECT_EQ(login.UserLevel(), 2);
 }
 
-TEST_F(Users, PasswordOfNobodyIsNotReset) {
+TEST_F(Users, PasswordOfAnUnknownUserIsNotReset) {
     EXPECT_EQ(Reset("nobody", "new-at-the-gate"),
-              "There is no user \"nobody\". Please look at the list of users again.");
+              "There is no user \"nobody\". Update the list of users.");
     EXPECT_NE(Reset("gate", "short"), "");
     EXPECT_EQ(login.SignIn("gate", "gate"), Attempt::SignedIn);
 }
@@ -97,9 +97,9 @@ TEST_F(Users, LevelIsChanged) {
     EXPECT_EQ(LevelOf("gate"), FullRights);
 }
 
-TEST_F(Users, LastUserOfLevelOneStays) {
-    const std::string last = "\"Nadia\" is the last user of level 1: nobody could keep users and "
-                             "lists any more. Please give another user level 1 first.";
+TEST_F(Users, LastUserOfLevelOneCannotBeRemoved) {
+    const std::string last = "\"Nadia\" is the last user of level 1. Without one, nobody could "
+                             "edit users and lists. Give another user level 1 first.";
     EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), last);
     EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 2), last);
     EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 0), last);
@@ -107,32 +107,32 @@ TEST_F(Users, LastUserOfLevelOneStays) {
     EXPECT_EQ(LevelOf("Nadia"), 1);
 }
 
-TEST_F(Users, OneOfTwoUsersOfLevelOneMayGo) {
+TEST_F(Users, OneOfTwoUsersOfLevelOneCanBeRemoved) {
     EXPECT_EQ(SetLevel(database.connection, {"gate", 2}, 1), "");
     EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), "");
     EXPECT_EQ(LevelOf("Nadia"), std::nullopt);
     EXPECT_EQ(LevelOf("gate"), 1);
 }
 
-TEST_F(Users, UserOfARestrictedLevelMayGo) {
+TEST_F(Users, UserOfARestrictedLevelCanBeRemoved) {
     EXPECT_EQ(RemoveUser(database.connection, {"gate", 2}), "");
     EXPECT_EQ(ReadUsers(database.other).size(), 1U);
 }
 
-TEST_F(Users, UserChangedByAnotherOfficeIsToldWithBothLevels) {
+TEST_F(Users, LevelChangedByAnotherSessionIsReported) {
     EXPECT_EQ(SetLevel(database.other, {"gate", 2}, 3), "");
-    const std::string changed = "Somebody else has changed the level of \"gate\" from 2 to 3 "
-                                "meanwhile. Nothing has been written; please look again.";
+    const std::string changed = "Another user has changed the level of \"gate\" from 2 to 3 in the "
+                                "meantime. Nothing was written. Check the level and try again.";
     EXPECT_EQ(SetLevel(database.connection, {"gate", 2}, 1), changed);
     EXPECT_EQ(RemoveUser(database.connection, {"gate", 2}), changed);
     EXPECT_EQ(LevelOf("gate"), 3);
     EXPECT_EQ(RemoveUser(database.other, {"gate", 3}), "");
     EXPECT_EQ(SetLevel(database.connection, {"gate", 3}, 1),
-              "There is no user \"gate\". Please look at the list of users again.");
+              "There is no user \"gate\". Update the list of users.");
 }
 
 // Each of them sees two users of level 1 on its screen.
-TEST_F(Users, TwoOfficesCannotRemoveTheLastTwoUsersOfLevelOne) {
+TEST_F(Users, TwoSessionsCannotRemoveTheLastTwoUsersOfLevelOne) {
     ASSERT_EQ(SetLevel(database.connection, {"gate", 2}, 1), "");
     EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), "");
     EXPECT_NE(RemoveUser(database.other, {"gate", 1}), "");
