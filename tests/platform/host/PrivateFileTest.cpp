@@ -1,6 +1,8 @@
 #include "platform/host/PrivateFile.h"
 
-#include "HostFolder.h"
+#include "station/FreshFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
@@ -9,7 +11,7 @@ namespace {
 
 class PrivateFile : public testing::Test {
 protected:
-    /// Under the usual mask, which takes the right to write from the group.
+    /// Creates the file under the usual umask, which removes the write permission of the group.
     mode_t RightsInFolderOf(mode_t folderRights) {
         ::chmod(fresh.path.c_str(), folderRights);
         const mode_t before = ::umask(0022);
@@ -23,11 +25,11 @@ protected:
     FreshFolder fresh;
 };
 
-TEST_F(PrivateFile, IsForItsOwnerAndGroupAlone) {
+TEST_F(PrivateFile, OnlyOwnerAndGroupHaveAccess) {
     EXPECT_EQ(RightsInFolderOf(0755), 0640u);
 }
 
-TEST_F(PrivateFile, IsWrittenByTheGroupInAFolderThatHandsItsGroupOn) {
+TEST_F(PrivateFile, GroupCanWriteInAFolderWithTheSetGroupIdBit) {
     EXPECT_EQ(RightsInFolderOf(02770), 0660u);
 }
 
