@@ -1,7 +1,7 @@
 #include "office/daybook/Days.h"
 
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <string>
