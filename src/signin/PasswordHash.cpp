@@ -14,9 +14,9 @@ namespace Quillane {
 
 namespace {
 
-/// A hash at the interactive cost that no password of anybody's is behind.
-constexpr const char* NobodysHash = "$argon2id$v=19$m=65536,t=2,p=1$AAAAAAAAAAAAAAAAAAAAAA$"
-                                    "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
+/// A hash with the interactive cost that belongs to no password.
+constexpr const char* UnmatchableHash = "$argon2id$v=19$m=65536,t=2,p=1$AAAAAAAAAAAAAAAAAAAAAA$"
+                                        "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA";
 
 constexpr std::size_t hashBytes = 32;
 constexpr int base64 = sodium_base64_VARIANT_ORIGINAL_NO_PADDING;
@@ -45,12 +45,14 @@ std::optional<SaltAndCost> SaltAndCostOf(const std::string& text) {
 
 void StartSodium() {
     if (sodium_init() < 0)
-        throw Failure(FailureNumber::InvalidCall, "The password library cannot be started");
+        throw Failure(FailureNumber::InvalidCall,
+                      "The password library cannot be started. Restart the computer.");
 }
 
 constexpr int OutOfMemory = 7;
 
-/// The bytes that checking a hash takes: "$argon2id$v=19$m=65536,t=2,p=1$...", in units of 1,024.
+/// The memory in bytes that checking a hash needs. The hash "$argon2id$v=19$m=65536,t=2,p=1$..."
+/// gives it in KiB.
 std::size_t MemoryOf(std::string_view hash) {
     constexpr std::string_view name = "$m=";
     const std::size_t at = hash.find(name);
@@ -60,18 +62,18 @@ std::size_t MemoryOf(std::string_view hash) {
     return units * 1024;
 }
 
-// The library calls a password wrong where it finds no memory to check it.
+// Without enough memory libsodium reports a wrong password, so test the allocation first.
 void RefuseWithoutMemory(std::size_t bytes) {
     if (bytes == 0)
         return;
-    // Written to, so that no compiler takes it for memory that nobody uses.
+    // The write keeps the compiler from removing the allocation.
     volatile char* const memory = static_cast<char*>(std::malloc(bytes));
     if (memory)
         *memory = 0;
     std::free(const_cast<char*>(memory));
     if (!memory)
-        throw Failure(OutOfMemory, "There is not enough memory to check the password. Please "
-                                   "close other programs and try again.");
+        throw Failure(OutOfMemory, "There is not enough memory to check the password. Close "
+                                   "other programs and try again.");
 }
 
 } // namespace
@@ -86,8 +88,8 @@ std::string HashPassword(std::string_view password, HashCost cost) {
         minimum ? crypto_pwhash_argon2id_MEMLIMIT_MIN
                 : crypto_pwhash_argon2id_MEMLIMIT_INTERACTIVE);
     if (outcome != 0)
-        throw Failure(OutOfMemory, "There is not enough memory to protect the password. Please "
-                                   "close other programs and try again.");
+        throw Failure(OutOfMemory, "There is not enough memory to protect the password. Close "
+                                   "other programs and try again.");
     return text.data();
 }
 
@@ -117,7 +119,7 @@ std::string HashOf(std::string_view password, const std::string& salt) {
 }
 
 void SpendPasswordTime(std::string_view password) {
-    PasswordMatches(NobodysHash, password);
+    PasswordMatches(UnmatchableHash, password);
 }
 
 } // namespace Quillane

@@ -5,23 +5,24 @@
 
 namespace Quillane {
 
-/// What one hash costs. `Interactive` is for people who sign in; `Minimum` is as cheap as the
-/// algorithm allows, for trials that make users by the dozen.
+/// The computing cost of a hash. `Interactive` is for real users; `Minimum` is the lowest that the
+/// algorithm allows, for tests that create many users.
 enum class HashCost { Interactive, Minimum };
 
-/// The Argon2id hash of a password, with its salt and cost, as text to be stored. Fails where the
-/// memory that the cost asks for is not to be had.
+/// Computes the Argon2id hash of a password as a text that contains its salt and cost. Errors: out
+/// of memory (7).
 std::string HashPassword(std::string_view password, HashCost cost = HashCost::Interactive);
 
-/// Whether the password is the one that the stored hash was made of. A text that is no hash matches
-/// nothing. Fails where the memory that the hash asks for is not to be had.
+/// True if the stored hash was computed from this password. False if the text is not a hash.
+/// Errors: out of memory (7).
 bool PasswordMatches(const std::string& storedHash, std::string_view password);
 
-/// The hash of a password with the salt and cost of a stored one, which is that hash up to its last
-/// "$". Empty for a text that is no such beginning.
+/// Computes the hash of a password with the salt and cost of a stored hash. `salt` is the stored hash up
+/// to its last "$". Empty if `salt` is not of this form.
 std::string HashOf(std::string_view password, const std::string& salt);
 
-/// Takes as long as a wrong password takes, so that an unknown name cannot be told from one.
+/// Takes as long as checking a wrong password, so that the time does not reveal whether a user name
+/// exists.
 void SpendPasswordTime(std::string_view password);
 
 } // namespace Quillane

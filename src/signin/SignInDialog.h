@@ -10,9 +10,9 @@ namespace Quillane {
 
 class UserLoginObject;
 
-/// Asks for a name and a password. Enter moves from the name to the password and from there signs
-/// in; Esc gives up; F1 shows what program and station this is. After repeated wrong passwords the
-/// button waits, counting down, while the dialog stays alive.
+/// Asks for a user name and a password. Enter moves from the name to the password; from the
+/// password it signs in. Esc cancels. F1 shows the versions and the station. After repeated wrong
+/// passwords the button is disabled for some seconds, with a countdown.
 class SignInDialog : public Screen {
 public:
     explicit SignInDialog(UserLoginObject& login);
@@ -23,7 +23,7 @@ public:
     CommandButton BtnCancel{*this, "BtnCancel", "Cancel"};
     Timer TmrPause{*this, "TmrPause", 200, false};
 
-    /// What the dialog says below the boxes.
+    /// The message below the boxes.
     std::string Message() const;
     /// What it says of the database's backups; empty where nothing is to be said.
     std::string Reminder() const;

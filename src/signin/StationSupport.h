@@ -6,8 +6,8 @@
 
 namespace Quillane {
 
-/// What a station's connection brings along for an embedded database in this folder: the functions
-/// that its statements call, and the passwords' hashes, which the sign-in alone may read.
+/// The settings of a station for an embedded database in this folder: the SQL functions that the
+/// statements call, and the column of password hashes, which only the sign-in may read.
 EmbeddedSupport StationSupport(const std::string& folder);
 
 } // namespace Quillane

@@ -22,7 +22,7 @@ Service<UserLoginObject> UserLogin;
 
 namespace {
 
-// The table is small, and looking through it here spares joining a typed name to a statement.
+// The table is small. Searching it here avoids a statement that contains the typed name.
 std::optional<StationUser> SignInByTable(Connection& connection, std::string_view name,
                                          std::string_view password) {
     const QString wanted = ToQt(name);
@@ -45,8 +45,8 @@ bool HasUsers(Connection& connection) {
 }
 
 void ReportNoUsers() {
-    MsgBox({.text = "No user is set up in this database, so nobody can sign in.\r\n"
-                    "Please ask the person who looks after the database.",
+    MsgBox({.text = "This database has no users, so nobody can sign in.\r\n"
+                    "Ask the administrator of the database to add one.",
             .title = "Sign in",
             .icon = BoxIcon::Exclamation,
             .buttons = BoxButtons::Ok});

@@ -15,38 +15,39 @@ class Connection;
 inline constexpr int LongestUserName = 40;  ///< characters
 inline constexpr int LongestPassword = 128; ///< characters
 
-/// How long the next attempt to sign in has to wait after so many wrong ones in a row: not at all
-/// after the first two, then twice as long each time, up to half a minute. Nobody is locked out.
+/// The pause before the next attempt after this many wrong attempts in a row: none after the first
+/// two, then 2 seconds, doubled each time up to 30 seconds. Nobody is locked out.
 std::chrono::seconds SignInPause(int wrongInARow);
 
-/// The statement of the sign-in, the only one that reads the passwords' hashes.
+/// The statement of the sign-in. It is the only statement that may read the password hashes.
 inline constexpr const char* ReadsUsers =
     "Select UserName, PasswordHash, UserLevel From StationUsers";
 
 /// The signed-in user.
 class UserLoginObject {
 public:
-    /// Puts up the sign-in dialog, modally, and returns when the user has signed in or given up.
-    /// The value says whether someone is signed in; the system ignores it.
+    /// Shows the modal sign-in dialog. Returns true if a user has signed in; no caller uses the
+    /// result. Requires: `SetConnection` has been called.
     bool Login();
     void SetConnection(Connection& connection);
-    /// Forgets the signed-in user.
+    /// Signs the user out. `value` is not used.
     void ResetLogin(int value);
-    /// 0: nobody. 1: full rights. Any other: a signed-in user with restricted rights.
+    /// 0: nobody is signed in. 1: full rights. Any other value: restricted rights.
     std::int16_t UserLevel() const { return level_; }
-    const std::string& UserName() const { return name_; } ///< as it is stored
+    const std::string& UserName() const { return name_; } ///< as stored in the database
 
     enum class Attempt { SignedIn, Wrong, NoRights };
-    /// What the dialog runs: signs in the user of this name (case and blanks around it do not
-    /// matter) and password. A name that nobody has takes as long as a wrong password.
+    /// Signs in the user with this name and password. The name is not case-sensitive, and blanks
+    /// around it are ignored. An unknown name takes as long as a wrong password.
     Attempt SignIn(std::string_view name, std::string_view password);
-    /// What is left of the pause that wrong attempts have earned; 0 when the next may come.
+    /// The rest of the pause after wrong attempts; 0 if the next attempt is allowed.
     std::chrono::milliseconds PauseLeft() const;
 
-    /// What is to be said of the backups of an embedded database; runs no statement.
+    /// The reminder that the last backup of an embedded database is old; empty if there is none. Runs
+    /// no statement.
     std::string ReminderOfBackup() const;
 
-    /// What F1 shows in the dialog; nothing where it is empty.
+    /// Called by F1 in the dialog. May be empty.
     std::function<void()> About;
 
 private:

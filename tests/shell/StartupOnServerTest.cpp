@@ -126,8 +126,8 @@ TEST_F(StartUpOnServer, MissingUserTableIsReported) {
     const ProcessEnd end;
     RunEvent(Main);
     ASSERT_EQ(notes.boxes.size(), 1U);
-    EXPECT_EQ(notes.boxes[0].text, "No user is set up in this database, so nobody can sign in.\r\n"
-                                   "Please ask the person who looks after the database.");
+    EXPECT_EQ(notes.boxes[0].text, "This database has no users, so nobody can sign in.\r\n"
+                                   "Ask the administrator of the database to add one.");
     EXPECT_EQ(end.Codes(), std::vector<int>{0});
 }
 

@@ -23,11 +23,11 @@ TEST(PasswordHash, IsArgon2idAndMatchesOnlyItsPassword) {
     EXPECT_FALSE(PasswordMatches(hash, ""));
 }
 
-TEST(PasswordHash, HasASaltOfItsOwn) {
+TEST(PasswordHash, HasItsOwnSalt) {
     EXPECT_NE(HashPassword("same", HashCost::Minimum), HashPassword("same", HashCost::Minimum));
 }
 
-TEST(PasswordHash, NothingMatchesATextThatIsNoHash) {
+TEST(PasswordHash, TextThatIsNotAHashMatchesNothing) {
     for (const std::string& text :
          {std::string(), std::string("grain"), std::string("$argon2id$"), std::string(5000, 'x')})
         EXPECT_FALSE(PasswordMatches(text, "grain"));
@@ -60,22 +60,22 @@ bool IsSanitized() {
 #endif
 }
 
-TEST(PasswordHashDeathTest, TooLittleMemoryIsReportedAndNotAsAWrongPassword) {
+TEST(PasswordHashDeathTest, TooLittleMemoryIsNotReportedAsAWrongPassword) {
     if (IsSanitized())
         GTEST_SKIP() << "the sanitizer needs more memory than may be left";
     const std::string hash = HashPassword("grain");
-    const char* words = "There is not enough memory to check the password. Please close other "
-                        "programs and try again.$";
+    const char* words =
+        "There is not enough memory to check the password. Close other programs and try again.$";
     const auto ended = testing::ExitedWithCode(0);
     EXPECT_EXIT(EndInWordsWithoutMemory([&] { PasswordMatches(hash, "grain"); }), ended, words);
     EXPECT_EXIT(EndInWordsWithoutMemory([&] { PasswordMatches(hash, "chaff"); }), ended, words);
     EXPECT_EXIT(EndInWordsWithoutMemory([&] { SpendPasswordTime("grain"); }), ended, words);
-    EXPECT_EXIT(EndInWordsWithoutMemory([&] { HashPassword("grain"); }), ended,
-                "There is not enough memory to protect the password. Please close other programs "
-                "and try again.$");
+    EXPECT_EXIT(
+        EndInWordsWithoutMemory([&] { HashPassword("grain"); }), ended,
+        "There is not enough memory to protect the password. Close other programs and try again.$");
 }
 
-TEST(PasswordHash, AnUnknownUserTakesAsLongAsAWrongPassword) {
+TEST(PasswordHash, UnknownUserTakesAsLongAsAWrongPassword) {
     const std::string hash = HashPassword("grain");
     const auto timed = [](const auto& act) {
         auto best = std::chrono::steady_clock::duration::max();

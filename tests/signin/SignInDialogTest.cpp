@@ -39,7 +39,7 @@ protected:
     SignInDialog dialog{login};
 };
 
-TEST_F(SignInDialogTest, MovesByEnterAndSignsInFromThePassword) {
+TEST_F(SignInDialogTest, EnterMovesToThePasswordAndThenSignsIn) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName");
@@ -65,7 +65,7 @@ public:
     }
 };
 
-TEST_F(SignInDialogTest, SaysWithoutAnyStatementThatTheBackupIsOld) {
+TEST_F(SignInDialogTest, OldBackupIsReportedWithoutAStatement) {
     const OldBackup old(database.folder.path);
     std::vector<std::string> statements;
     database.connection.StatementObserver = [&](std::string_view text) {
@@ -85,14 +85,14 @@ TEST_F(SignInDialogTest, SaysWithoutAnyStatementThatTheBackupIsOld) {
     });
 }
 
-TEST_F(SignInDialogTest, SaysNothingOfBackupsWhereNoDaysAreSet) {
+TEST_F(SignInDialogTest, NoReminderWithoutConfiguredDays) {
     RunModal(dialog, [&](Screen& screen) {
         EXPECT_EQ(dialog.Reminder(), "");
         ScreenDriver(screen).Press(Qt::Key_Escape);
     });
 }
 
-TEST_F(SignInDialogTest, WalksByTabAndPressesAButtonByEnterOrSpace) {
+TEST_F(SignInDialogTest, TabVisitsAllControlsAndEnterOrSpacePressesAButton) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Tab).Type("grain").Press(Qt::Key_Tab);
@@ -106,14 +106,14 @@ TEST_F(SignInDialogTest, WalksByTabAndPressesAButtonByEnterOrSpace) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-TEST_F(SignInDialogTest, GivesUpByEscapeButtonAndCloseBox) {
+TEST_F(SignInDialogTest, EscapeButtonAndCloseCancel) {
     RunModal(dialog, [](Screen& screen) { ScreenDriver(screen).Press(Qt::Key_Escape); });
     RunModal(dialog, [this](Screen& screen) { ScreenDriver(screen).Click(dialog.BtnCancel); });
     RunModal(dialog, [this](Screen&) { dialog.close(); });
     EXPECT_EQ(login.UserLevel(), 0);
 }
 
-TEST_F(SignInDialogTest, KeepsTheNameAndAsksForThePasswordAgain) {
+TEST_F(SignInDialogTest, WrongPasswordKeepsTheName) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return).Type("chaff").Press(Qt::Key_Return);
@@ -126,13 +126,13 @@ TEST_F(SignInDialogTest, KeepsTheNameAndAsksForThePasswordAgain) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-TEST_F(SignInDialogTest, ShowsTheVersionInItsHead) {
+TEST_F(SignInDialogTest, VersionIsShown) {
     const auto labels = dialog.findChildren<QLabel*>();
     const QString version = "Version " + ToQt(QuillaneVersion());
     EXPECT_TRUE(std::ranges::any_of(labels, [&](QLabel* each) { return each->text() == version; }));
 }
 
-TEST_F(SignInDialogTest, ShowsWhatProgramThisIsOnF1AndKeepsTheEntries) {
+TEST_F(SignInDialogTest, F1ShowsTheProgramInformationAndKeepsTheEntries) {
     int shown = 0;
     login.About = [&shown] { ++shown; };
     RunModal(dialog, [&](Screen& screen) {
@@ -147,7 +147,7 @@ TEST_F(SignInDialogTest, ShowsWhatProgramThisIsOnF1AndKeepsTheEntries) {
     EXPECT_EQ(shown, 1);
 }
 
-TEST_F(SignInDialogTest, SaysTheSameOfAnUnknownName) {
+TEST_F(SignInDialogTest, UnknownNameGivesTheSameMessage) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nobody").Press(Qt::Key_Return).Type("grain").Press(Qt::Key_Return);
@@ -156,7 +156,7 @@ TEST_F(SignInDialogTest, SaysTheSameOfAnUnknownName) {
     });
 }
 
-TEST_F(SignInDialogTest, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
+TEST_F(SignInDialogTest, CountdownStartsAfterTheThirdWrongPassword) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return);
@@ -174,7 +174,7 @@ TEST_F(SignInDialogTest, CountsDownAfterTheThirdWrongPasswordAndStaysAlive) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-TEST_F(SignInDialogTest, IsNotOpenedAnewToEscapeThePause) {
+TEST_F(SignInDialogTest, ReopeningTheDialogKeepsThePause) {
     RunModal(dialog, [this](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("nadia").Press(Qt::Key_Return);
@@ -189,7 +189,7 @@ TEST_F(SignInDialogTest, IsNotOpenedAnewToEscapeThePause) {
     });
 }
 
-TEST_F(SignInDialogTest, TellsAFailureOfTheDatabaseAndStays) {
+TEST_F(SignInDialogTest, DatabaseFailureIsReportedAndTheDialogStays) {
     database.connection.Execute("Drop Table StationUsers");
     BoxAnswers answers;
     answers.Expect(Testing::Critical(EngineWords("no such table: StationUsers"), "Database"));

@@ -25,14 +25,14 @@ protected:
     UserLoginObject login;
 };
 
-TEST(SignInPause, DoublesFromTheThirdWrongAttemptUpToHalfAMinute) {
+TEST(SignInPause, DoublesFromTheThirdWrongAttemptUpTo30Seconds) {
     constexpr int seconds[] = {0, 0, 0, 2, 4, 8, 16, 30, 30, 30};
     for (int wrong = 0; wrong < 10; ++wrong)
         EXPECT_EQ(SignInPause(wrong).count(), seconds[wrong]) << wrong;
     EXPECT_EQ(SignInPause(1000000).count(), 30);
 }
 
-TEST_F(Login, TakesANameInAnyCaseAndAPasswordAsItIs) {
+TEST_F(Login, NameIsNotCaseSensitiveButThePasswordIs) {
     EXPECT_EQ(login.SignIn(" nADIA ", "grain"), Attempt::SignedIn);
     EXPECT_EQ(login.UserLevel(), 1);
     EXPECT_EQ(login.UserName(), "Nadia");
@@ -43,23 +43,23 @@ TEST_F(Login, TakesANameInAnyCaseAndAPasswordAsItIs) {
     EXPECT_EQ(login.UserLevel(), 0);
 }
 
-TEST_F(Login, SignsInTheSecondUserOfTheSampleRows) {
+TEST_F(Login, SecondUserOfTheSampleRowsCanSignIn) {
     EXPECT_EQ(login.SignIn("GATE", "gate"), Attempt::SignedIn);
     EXPECT_EQ(login.UserLevel(), 2);
 }
 
-TEST_F(Login, ComparesNamesBeyondAsciiWithoutCase) {
+TEST_F(Login, NonAsciiNamesAreNotCaseSensitive) {
     Run("Update StationUsers Set UserName = 'Élodie' Where UserName = 'Nadia'");
     EXPECT_EQ(login.SignIn("éLODIE", "grain"), Attempt::SignedIn);
 }
 
-TEST_F(Login, TakesATypedNameForNothingButAName) {
+TEST_F(Login, NameIsNotInterpretedAsSql) {
     EXPECT_EQ(login.SignIn("' Or 1=1 --", "grain"), Attempt::Wrong);
     EXPECT_EQ(login.SignIn("", ""), Attempt::Wrong);
     EXPECT_EQ(login.SignIn("nobody", "grain"), Attempt::Wrong);
 }
 
-TEST_F(Login, WorksOnThePasswordOfANameThatNobodyHasToo) {
+TEST_F(Login, UnknownNameStillComputesAHash) {
     // Far less than a hash takes, and far more than the look for a name.
     constexpr std::chrono::milliseconds work(8);
     const auto begin = std::chrono::steady_clock::now();
@@ -67,7 +67,7 @@ TEST_F(Login, WorksOnThePasswordOfANameThatNobodyHasToo) {
     EXPECT_GE(std::chrono::steady_clock::now() - begin, work);
 }
 
-TEST_F(Login, PausesAfterWrongAttemptsAndForgetsThemAfterARightOne) {
+TEST_F(Login, CorrectPasswordResetsThePause) {
     login.SignIn("Nadia", "x");
     login.SignIn("Nadia", "x");
     EXPECT_EQ(login.PauseLeft().count(), 0);
@@ -80,15 +80,15 @@ TEST_F(Login, PausesAfterWrongAttemptsAndForgetsThemAfterARightOne) {
     EXPECT_LE(login.PauseLeft().count(), 2000);
 }
 
-TEST_F(Login, RefusesAUserOfLevelZero) {
+TEST_F(Login, UserOfLevelZeroIsRefused) {
     Run("Update StationUsers Set UserLevel = 0 Where UserName = 'Nadia'");
     EXPECT_EQ(login.SignIn("Nadia", "grain"), Attempt::NoRights);
     EXPECT_EQ(login.UserLevel(), 0);
 }
 
-TEST_F(Login, TellsThatThereAreNoUsersAndShowsNoDialog) {
-    const Box noUsers{.text = "No user is set up in this database, so nobody can sign in.\r\n"
-                              "Please ask the person who looks after the database.",
+TEST_F(Login, NoUsersAreReportedWithoutADialog) {
+    const Box noUsers{.text = "This database has no users, so nobody can sign in.\r\n"
+                              "Ask the administrator of the database to add one.",
                       .title = "Sign in",
                       .icon = BoxIcon::Exclamation,
                       .buttons = BoxButtons::Ok};
@@ -102,14 +102,14 @@ TEST_F(Login, TellsThatThereAreNoUsersAndShowsNoDialog) {
     EXPECT_EQ(login.UserLevel(), 0);
 }
 
-TEST_F(Login, ForgetsWhoWasSignedInWhenTheDialogIsGivenUp) {
+TEST_F(Login, CancelledDialogSignsTheUserOut) {
     login.SignIn("Nadia", "grain");
     const VisitModal visit([](Screen& screen) { ScreenDriver(screen).Press(Qt::Key_Escape); });
     EXPECT_FALSE(login.Login());
     EXPECT_EQ(login.UserLevel(), 0);
 }
 
-TEST_F(Login, SignsInThroughTheDialog) {
+TEST_F(Login, DialogSignsIn) {
     const VisitModal visit([](Screen& screen) {
         ScreenDriver(screen).Type("gate").Press(Qt::Key_Return).Type("gate").Press(Qt::Key_Enter);
     });
@@ -117,7 +117,7 @@ TEST_F(Login, SignsInThroughTheDialog) {
     EXPECT_EQ(login.UserLevel(), 2);
 }
 
-TEST(UserLogin, FailsWithoutAConnection) {
+TEST(UserLogin, LoginWithoutAConnectionFails) {
     EXPECT_THROW(UserLoginObject().Login(), Failure);
 }
 
