@@ -7,8 +7,8 @@
 
 namespace Quillane {
 
-/// One of the company's particulars: its key in `Project_Registry`, what a person calls it, and
-/// where a new database's is.
+/// One text about the company: its key in `Project_Registry`, its caption and its member of
+/// `NewDatabase`.
 struct CompanyParticular {
     const char* key;
     const char* caption;

@@ -10,13 +10,14 @@ class Connection;
 class DatabaseSetupObject {
 public:
     void SetConnection(Connection& connection);
-    /// Makes the database when `Config.ini` is missing, by a dialog, and writes `Config.ini` last,
-    /// so that a broken-off set-up is simply done again. A station folder that takes no files is
-    /// told instead of the dialog. Runs without a connection.
+    /// Shows the set-up dialog, creates the database and writes `Config.ini` last, so that a cancelled
+    /// set-up can be repeated. If the station folder cannot be written, it shows a message instead of
+    /// the dialog. Needs no connection.
     void CreateDatabase();
-    /// Runs the missing schema steps in order, each in a transaction, after a copy of an embedded
-    /// file. A database newer than the program is told and left alone; so is an older one on SQL
-    /// Server where this station's sign-in may not change the schema.
+    /// Copies an embedded database and runs the missing schema steps in order, each in a transaction.
+    /// A database that is newer than the program is reported and not changed, and so is an older one
+    /// on SQL Server if this user may not change the schema. Requires: `SetConnection` has been
+    /// called.
     void UpgradeDatabase();
     bool Succeeded() const { return succeeded_; }
     double ProgramVersion() const;

@@ -8,8 +8,8 @@
 
 namespace Quillane {
 
-/// A bare session on an embedded database's file, for making and judging one before `Con` opens it.
-/// Every refusal is a Failure with the engine's own words.
+/// A SQLite session on the file of an embedded database, for creating or examining it before `Con`
+/// opens it. Errors: a Failure with the message of SQLite.
 class EmbeddedFile {
 public:
     EmbeddedFile(const std::string& file, int openFlags);
@@ -17,15 +17,15 @@ public:
     EmbeddedFile(const EmbeddedFile&) = delete;
     EmbeddedFile& operator=(const EmbeddedFile&) = delete;
 
-    /// Leaves what lies in the journal there: by itself the last session to close a file brings it
-    /// into the file.
+    /// Keeps the journal when this session closes. By default the last session that closes a file
+    /// writes the journal back into it.
     void LeaveJournal() {
         sqlite3_db_config(session_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     }
     void Run(const char* script);
-    /// Runs one statement with texts and numbers for its question marks.
+    /// Runs one statement with the values of its parameters.
     void Run(const char* statement, std::initializer_list<std::string_view> values);
-    /// The first cell of the first row as text; empty for Null and where there is no row.
+    /// The first cell of the first row as text; empty if it is Null or if there is no row.
     std::string FirstText(const char* query);
     long FirstNumber(const char* query);
     /// For what else the engine offers; valid as long as this.

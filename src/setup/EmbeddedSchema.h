@@ -6,44 +6,43 @@
 
 namespace Quillane {
 
-/// What a new database is made from.
+/// The entries for a new database.
 struct NewDatabase {
     std::string companyName;
     std::string companyAddress;
     std::string companyPhone;
     std::string companyEmail;
-    std::string userName; ///< the first user, of level 1
+    std::string userName; ///< the first user; gets level 1
     std::string password;
-    /// Rows to try the station with, among them a second user of level 2: `SampleUserName`, whose
-    /// password is his name.
+    /// Adds sample rows, among them a second user with level 2: `SampleUserName`, whose password is
+    /// the same as the name.
     bool sampleRows = false;
-    /// On SQL Server: the company's particulars take the place of those that the database holds.
+    /// On SQL Server: the company details replace those in the database.
     bool replaceParticulars = false;
     HashCost hashCost = HashCost::Interactive;
 };
 
 inline constexpr const char* SampleUserName = "gate";
 
-/// Makes an embedded database. It is built in a file beside, "<file>.new", which takes the name
-/// when it is complete and on the disk: set-up that breaks off leaves nothing behind under the
-/// name, and what it leaves beside is replaced by the next try. A file that already has the name is
-/// never touched: that is a failure (58), and so is the journal of an earlier database of that
-/// name.
+/// Creates an embedded database. It is built in the file "<file>.new", which is renamed when it is
+/// complete and on the disk. A set-up that is interrupted therefore leaves no incomplete database; the
+/// next attempt replaces the ".new" file. Errors: file already exists (58) if there is a file with this
+/// name, or the journal of an earlier database with this name; neither is changed.
 void CreateEmbeddedDatabase(const std::string& file, const NewDatabase& particulars);
 
 class EmbeddedFile;
 
-/// Whether the database holds the station's own tables.
+/// True if the database contains the tables of a station.
 bool HoldsStationTables(EmbeddedFile& file);
 
-/// What stands under the name of an embedded database.
+/// The contents of a file with the name of an embedded database.
 struct EmbeddedDatabase {
     enum class Kind {
         None,      ///< no file
-        NoAccess,  ///< a file that cannot be opened or is in use
-        Unknown,   ///< a file that is no database
-        Foreign,   ///< a database of something else
-        OfStations ///< a database with the station's tables
+        NoAccess,  ///< a file that cannot be opened, or is in use
+        Unknown,   ///< a file that is not a database
+        Foreign,   ///< a database of another program
+        OfStations ///< a database with the tables of a station
     };
     Kind kind = Kind::None;
     std::string companyName;
@@ -51,7 +50,7 @@ struct EmbeddedDatabase {
     long users = 0;
 };
 
-/// Looks without changing anything. Never fails.
+/// Examines the file without changing it. Never fails.
 EmbeddedDatabase LookAtEmbeddedDatabase(const std::string& file);
 
 } // namespace Quillane

@@ -6,15 +6,14 @@ namespace Quillane {
 
 struct StationFile;
 
-/// What is looked at before the form of the set-up is shown, so that nobody fills it in for
-/// nothing.
+/// Checks that are made before the set-up dialog is shown, so that nobody fills it in for nothing.
 
-/// Fails (75) where this user cannot store a database and its files in the station's folder: for
-/// want of rights, or because the disk is full or can only be read.
+/// Errors: path access (75) if this user cannot write files of the size of a database in the station
+/// folder: missing rights, a full disk or a read-only disk.
 void CheckFolderTakesFiles(const std::string& folder);
 
-/// The station's ports that cannot be opened as they are, each with the reason, a line for each.
-/// Empty where all can. A station without the indicator can be set up all the same.
+/// Lists the serial ports of the station that cannot be opened now, with the reason, one in each line.
+/// Empty if all can be opened. The station can be set up nevertheless.
 std::string PortFaults(const StationFile& station);
 
 } // namespace Quillane

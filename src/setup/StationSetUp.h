@@ -5,21 +5,21 @@
 
 #include <string>
 
-/// What a first start leaves in the station's folder: the database, the company's name in
-/// `Station.ini`, and last `Config.ini`, whose being there says that the set-up is complete.
+/// Writes the files of a first start into the station folder: the database, the company name in
+/// `Station.ini`, and last `Config.ini`, which marks the set-up as complete.
 namespace Quillane {
 
-/// The eighth character is the company's number.
+/// The eighth character is the company number.
 inline constexpr const char* EmbeddedDatabaseName = "Account1";
 
-/// The file of the embedded database in this folder.
+/// The path of the embedded database in this folder.
 std::string EmbeddedDatabasePath(const std::string& folder);
 
-/// Makes the database and points the station to it.
+/// Creates the database and writes `Config.ini` for it.
 void SetUpStation(const std::string& folder, const NewDatabase& particulars);
 
-/// Points the station to the database that is there already. `companyName` is the name that the
-/// database holds; it becomes the station's where the station has none.
+/// Writes `Config.ini` for the existing database. `companyName` is the name in the database; a station
+/// without a company name gets it.
 void AdoptDatabase(const std::string& folder, const std::string& companyName);
 
 /// Points the station to a database on SQL Server that is ready for it. `newName` is the company's

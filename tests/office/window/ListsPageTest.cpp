@@ -176,7 +176,7 @@ TEST_F(OfficeLists, PartyWithoutARoleIsWarnedOfWhileItIsTyped) {
     GoTo(PartiesTable());
     const Visit visit([](QDialog& dialog) {
         Type(dialog, "Hamza");
-        EXPECT_NE(Notices(dialog).find("neither seller nor buyer nor broker"), std::string::npos);
+        EXPECT_NE(Notices(dialog).find("not a seller, buyer or broker"), std::string::npos);
         static_cast<RowDialog&>(dialog).Field("IsSeller")->setFocus();
         Press(dialog, Qt::Key_Space);
         EXPECT_EQ(Notices(dialog).find("neither seller"), std::string::npos);
@@ -252,7 +252,7 @@ TEST_F(OfficeLists, SecondOfficeIsToldBothValuesAndKeepsWhatItHasNotTouched) {
         });
         Press(window, Qt::Key_F2);
     }
-    EXPECT_NE(told.find("it is now \"Theirs\", you have entered \"Ours\""), std::string::npos)
+    EXPECT_NE(told.find("it is now \"Theirs\", your entry is \"Ours\""), std::string::npos)
         << told;
     const Row stored = database.Stored(PartiesTable(), key);
     EXPECT_EQ(stored[PlaceOf(PartiesTable(), "Address")], "Ours");
