@@ -101,15 +101,14 @@ TEST_F(StartUpOnServer, UnknownAnonymousUserEndsTheProcess) {
 }
 
 TEST_F(StartUpOnServer, DatabaseNameWithoutCompanyNumberEndsTheProcess) {
-    // "master" has six characters, and stands on every server.
+    // "master" has six characters, and exists on every server.
     Configure(Fragment("master", Part("UID"), Part("PWD")));
     const BoxNotes notes;
     const ProcessEnd end;
     RunEvent(Main);
     ASSERT_FALSE(notes.boxes.empty());
-    EXPECT_EQ(notes.boxes.back().text,
-              "Type mismatch: the eighth character of the database name \"master\" is no company "
-              "number.");
+    EXPECT_EQ(notes.boxes.back().text, "Type mismatch: the eighth character of the database name "
+                                       "\"master\" is not a company number.");
     EXPECT_EQ(end.Codes(), std::vector<int>{1});
 }
 

@@ -456,7 +456,7 @@ TEST_F(StartUp, FileThatIsNotADatabaseEndsTheProcess) {
 
 TEST_F(StartUp, DatabaseNameWithoutCompanyNumberEndsTheProcess) {
     MakeFile("Mill");
-    ExpectToEndWith("Type mismatch: the eighth character of the database name \"Mill\" is no "
+    ExpectToEndWith("Type mismatch: the eighth character of the database name \"Mill\" is not a "
                     "company number.");
 }
 
