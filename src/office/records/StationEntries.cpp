@@ -39,10 +39,10 @@ std::string Shown(const std::optional<std::string>& value) {
 }
 
 std::string DescribeChange(const StationEntry& entry, const std::optional<std::string>& stored) {
-    return "Somebody else has changed Station.ini meanwhile: [" + entry.section + "] " +
+    return "Another user has changed Station.ini in the meantime: [" + entry.section + "] " +
            std::to_string(entry.number) + " was " + Shown(entry.shown) + ", it is now " +
-           Shown(stored) + ", you have entered " + Shown(entry.wanted) +
-           ". Nothing has been written; please look again.";
+           Shown(stored) + ", your entry is " + Shown(entry.wanted) +
+           ". Nothing was written. Check the entry and try again.";
 }
 
 /// Puts the file back as it was, unless it is kept.
@@ -110,13 +110,12 @@ int CompanyNameEntry(Connection& connection) {
 std::string SaveCompanyName(Connection& connection, const std::string& folder,
                             const std::string& shown, const std::string& wanted) {
     if (wanted.empty())
-        return "The company's name is empty. Please fill it in.";
+        return "The company name is empty. Fill it in.";
     // The station joins the name to a statement as it is.
     if (wanted.find('\'') != std::string::npos)
-        return "The company's name cannot hold an apostrophe.";
+        return "The company name contains an apostrophe. Remove it.";
     if (HoldsControlCharacter(wanted))
-        return "The company's name holds a line break or another control character. Please take it "
-               "out.";
+        return "The company name contains a line break or another control character. Remove it.";
     const int number = CompanyNameEntry(connection);
     FileGuard file(PathIn(folder));
     const StationEntry entry{.section = "CompanyNames",

@@ -41,13 +41,12 @@ TEST_F(StationEntries, PortIsAddedWithCommentsKept) {
     EXPECT_FALSE(ReadStationEntry(database.folder.path, "Ports", 12));
 }
 
-TEST_F(StationEntries, EntryThatSomebodyElseHasChangedIsToldWithAllValues) {
+TEST_F(StationEntries, EntryChangedByAnotherUserIsReportedWithAllValues) {
     database.folder.Write("Station.ini", "[Ports]\n1=/dev/ttyUSB7\n");
-    EXPECT_EQ(
-        Save({"Ports", 1, "/dev/ttyUSB0", "/dev/ttyS3"}),
-        "Somebody else has changed Station.ini meanwhile: [Ports] 1 was \"/dev/ttyUSB0\", it is "
-        "now \"/dev/ttyUSB7\", you have entered \"/dev/ttyS3\". Nothing has been written; please "
-        "look again.");
+    EXPECT_EQ(Save({"Ports", 1, "/dev/ttyUSB0", "/dev/ttyS3"}),
+              "Another user has changed Station.ini in the meantime: [Ports] 1 was "
+              "\"/dev/ttyUSB0\", it is now \"/dev/ttyUSB7\", your entry is \"/dev/ttyS3\". Nothing "
+              "was written. Check the entry and try again.");
     EXPECT_EQ(File(), "[Ports]\n1=/dev/ttyUSB7\n");
 }
 
@@ -60,8 +59,8 @@ TEST_F(StationEntries, CompanyNameGoesToTheFileAndInCapitalsToTheDatabase) {
 
 TEST_F(StationEntries, CompanyNameThatWouldEndTheStationsStartIsRefused) {
     const std::string before = StoredName();
-    EXPECT_EQ(SaveName("Owner's Mills"), "The company's name cannot hold an apostrophe.");
-    EXPECT_EQ(SaveName(""), "The company's name is empty. Please fill it in.");
+    EXPECT_EQ(SaveName("Owner's Mills"), "The company name contains an apostrophe. Remove it.");
+    EXPECT_EQ(SaveName(""), "The company name is empty. Fill it in.");
     EXPECT_NE(SaveName("Two\nlines"), "");
     EXPECT_EQ(StoredName(), before);
     EXPECT_FALSE(database.folder.Has("Station.ini"));

@@ -69,7 +69,7 @@ TEST_F(OfficeCompany, RefusedNameKeepsTheEntries) {
     Enter(CompanyName, "Owner's Mills");
     Enter(CompanyPhone, "0300");
     Press(window, Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(page->Refusal(), "The company's name cannot hold an apostrophe.");
+    EXPECT_EQ(page->Refusal(), "The company name contains an apostrophe. Remove it.");
     EXPECT_EQ(page->Box(CompanyPhone)->text(), "0300");
     EXPECT_EQ(Stored("CompanyName"), before);
     EXPECT_NE(Stored("CompanyPhone"), "0300");
@@ -81,7 +81,7 @@ TEST_F(OfficeCompany, SecondOfficeIsToldBothValues) {
     database.Run("Update Project_Registry Set value = 'Theirs' Where registrykey = "
                  "'CompanyAddress'");
     Press(window, Qt::CTRL | Qt::Key_S);
-    EXPECT_TRUE(page->Refusal().contains("it is now \"Theirs\", you have entered \"Ours\""))
+    EXPECT_TRUE(page->Refusal().contains("it is now \"Theirs\", your entry is \"Ours\""))
         << FromQt(page->Refusal());
     EXPECT_EQ(Stored("CompanyAddress"), "Theirs");
 }

@@ -110,7 +110,7 @@ TEST_F(OfficeImport, RowThatSomebodyElseChangesMeanwhileKeepsTheWholeImportOut) 
                   std::vector{database.Changed(CitiesTable(), city[0], "CityName", "Theirs")});
         const Answers told({"OK"});
         Press(dialog, Qt::CTRL | Qt::Key_S);
-        EXPECT_NE(told.Texts().at(0).find("it is now \"Theirs\", you have entered \"Ours\""),
+        EXPECT_NE(told.Texts().at(0).find("it is now \"Theirs\", your entry is \"Ours\""),
                   std::string::npos);
     });
     Press(window, Qt::CTRL | Qt::Key_I);

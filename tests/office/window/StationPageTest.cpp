@@ -118,8 +118,7 @@ TEST_F(OfficeStation, SecondOfficeIsToldBothSettings) {
     database.Run("Update PortSettings Set RegistryValue = '4' Where RegistryKey = 'DataLength'");
     const Answers answers({"OK"});
     Press(window, Qt::CTRL | Qt::Key_S);
-    EXPECT_NE(answers.Texts().at(0).find("it is now \"4\", you have entered \"7\""),
-              std::string::npos)
+    EXPECT_NE(answers.Texts().at(0).find("it is now \"4\", your entry is \"7\""), std::string::npos)
         << answers.Texts().at(0);
     EXPECT_EQ(Stored("DataLength"), "4");
 }
