@@ -252,8 +252,7 @@ TEST_F(OfficeLists, SecondOfficeIsToldBothValuesAndKeepsWhatItHasNotTouched) {
         });
         Press(window, Qt::Key_F2);
     }
-    EXPECT_NE(told.find("it is now \"Theirs\", your entry is \"Ours\""), std::string::npos)
-        << told;
+    EXPECT_NE(told.find("it is now \"Theirs\", your entry is \"Ours\""), std::string::npos) << told;
     const Row stored = database.Stored(PartiesTable(), key);
     EXPECT_EQ(stored[PlaceOf(PartiesTable(), "Address")], "Ours");
     EXPECT_EQ(stored[1], "Renamed by them");
