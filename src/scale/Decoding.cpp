@@ -10,10 +10,6 @@ namespace Quillane {
 
 namespace {
 
-bool IsDigit(char c) {
-    return static_cast<unsigned char>(c - '0') <= 9;
-}
-
 std::size_t NextDigit(std::string_view text, std::size_t at) {
     while (at < text.size() && !IsDigit(text[at]))
         ++at;

@@ -9,7 +9,7 @@ namespace Quillane {
 
 /// True for the ASCII digits 0 to 9.
 constexpr bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
+    return static_cast<unsigned char>(c - '0') <= 9;
 }
 
 /// Converts an ASCII capital to its small letter; returns any other character unchanged.
