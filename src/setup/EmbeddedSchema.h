@@ -25,9 +25,9 @@ struct NewDatabase {
 inline constexpr const char* SampleUserName = "gate";
 
 /// Creates an embedded database. It is built in the file "<file>.new", which is renamed when it is
-/// complete and on the disk. A set-up that is interrupted therefore leaves no incomplete database; the
-/// next attempt replaces the ".new" file. Errors: file already exists (58) if there is a file with this
-/// name, or the journal of an earlier database with this name; neither is changed.
+/// complete and on the disk. A set-up that is interrupted therefore leaves no incomplete database;
+/// the next attempt replaces the ".new" file. Errors: file already exists (58) if there is a file
+/// with this name, or the journal of an earlier database with this name; neither is changed.
 void CreateEmbeddedDatabase(const std::string& file, const NewDatabase& particulars);
 
 class EmbeddedFile;

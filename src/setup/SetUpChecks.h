@@ -8,12 +8,12 @@ struct StationFile;
 
 /// Checks that are made before the set-up dialog is shown, so that nobody fills it in for nothing.
 
-/// Errors: path access (75) if this user cannot write files of the size of a database in the station
-/// folder: missing rights, a full disk or a read-only disk.
+/// Errors: path access (75) if this user cannot write files of the size of a database in the
+/// station folder: missing rights, a full disk or a read-only disk.
 void CheckFolderTakesFiles(const std::string& folder);
 
-/// Lists the serial ports of the station that cannot be opened now, with the reason, one in each line.
-/// Empty if all can be opened. The station can be set up nevertheless.
+/// Lists the serial ports of the station that cannot be opened now, with the reason, one in each
+/// line. Empty if all can be opened. The station can be set up nevertheless.
 std::string PortFaults(const StationFile& station);
 
 } // namespace Quillane

@@ -18,8 +18,8 @@ std::string EmbeddedDatabasePath(const std::string& folder);
 /// Creates the database and writes `Config.ini` for it.
 void SetUpStation(const std::string& folder, const NewDatabase& particulars);
 
-/// Writes `Config.ini` for the existing database. `companyName` is the name in the database; a station
-/// without a company name gets it.
+/// Writes `Config.ini` for the existing database. `companyName` is the name in the database; a
+/// station without a company name gets it.
 void AdoptDatabase(const std::string& folder, const std::string& companyName);
 
 /// Points the station to a database on SQL Server that is ready for it. `newName` is the company's

@@ -17,8 +17,8 @@ std::string HashPassword(std::string_view password, HashCost cost = HashCost::In
 /// Errors: out of memory (7).
 bool PasswordMatches(const std::string& storedHash, std::string_view password);
 
-/// Computes the hash of a password with the salt and cost of a stored hash. `salt` is the stored hash up
-/// to its last "$". Empty if `salt` is not of this form.
+/// Computes the hash of a password with the salt and cost of a stored hash. `salt` is the stored
+/// hash up to its last "$". Empty if `salt` is not of this form.
 std::string HashOf(std::string_view password, const std::string& salt);
 
 /// Takes as long as checking a wrong password, so that the time does not reveal whether a user name

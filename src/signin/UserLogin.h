@@ -43,8 +43,8 @@ public:
     /// The rest of the pause after wrong attempts; 0 if the next attempt is allowed.
     std::chrono::milliseconds PauseLeft() const;
 
-    /// The reminder that the last backup of an embedded database is old; empty if there is none. Runs
-    /// no statement.
+    /// The reminder that the last backup of an embedded database is old; empty if there is none.
+    /// Runs no statement.
     std::string ReminderOfBackup() const;
 
     /// Called by F1 in the dialog. May be empty.

@@ -26,8 +26,11 @@ protected:
     /// Signs in and gives the titles of the window's pages.
     QStringList PagesOf(const char* user, const char* password) {
         const VisitModal visit([=](Screen& dialog) {
-            ScreenDriver(dialog).Type(user).Press(Qt::Key_Return).Type(password).Press(
-                Qt::Key_Return);
+            ScreenDriver(dialog)
+                .Type(user)
+                .Press(Qt::Key_Return)
+                .Type(password)
+                .Press(Qt::Key_Return);
         });
         QStringList titles;
         QTimer look;
