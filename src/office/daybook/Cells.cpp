@@ -79,13 +79,13 @@ void AppendSum(std::vector<Cell>& cells, const Sum& sum) {
     AppendWeighed(cells, sum.figures);
 }
 
-std::vector<Heading> WithFigures(std::vector<Heading> headings) {
-    const std::initializer_list<Heading> figures = {
-        {"Bags", "", "Bags", true, 8},
-        {"First weight", "kg", "FirstWeightKg", true, 12},
+std::vector<ColumnHeading> WithFigures(std::vector<ColumnHeading> headings) {
+    const std::initializer_list<ColumnHeading> figures = {
+        {"Bags", "", "Bags", true, 9},
+        {"First weight", "kg", "FirstWeightKg", true, 17},
         {"Tare", "kg", "TareKg", true, 11},
         {"Gross", "kg", "GrossKg", true, 12},
-        {"Deduction", "kg", "DeductionKg", true, 10},
+        {"Deduction", "kg", "DeductionKg", true, 15},
         {"Net", "kg", "NetKg", true, 12},
         {"Mounds - kg", "", "Mounds", true, 12}};
     headings.insert(headings.end(), figures);
@@ -98,6 +98,8 @@ std::string Cell::Shown() const {
     switch (kind) {
     case Kind::Number:
         return NumberText(number, decimals, true);
+    case Kind::Id:
+        return NumberText(number, decimals, false);
     case Kind::Mounds: {
         constexpr double hundredths = 100;
         return CompanyProfileObject().MoundKgsText(static_cast<double>(number) / hundredths,
@@ -111,7 +113,7 @@ std::string Cell::Shown() const {
 }
 
 std::string Cell::Plain() const {
-    if (kind == Kind::Number)
+    if (kind == Kind::Number || kind == Kind::Id)
         return NumberText(number, decimals, false);
     if (kind == Kind::Mounds)
         return NumberText(MoundUnits(number), moundDecimals, false);
@@ -127,24 +129,24 @@ bool Cell::IsWhole() const {
     return number % UnitOf(decimals) == 0;
 }
 
-std::string Heading::WithUnit() const {
+std::string ColumnHeading::WithUnit() const {
     return std::string(caption) + (unit.empty() ? "" : " (" + std::string(unit) + ")");
 }
 
-const std::vector<Heading>& ArrivalHeadings() {
-    static const std::vector<Heading> headings =
+const std::vector<ColumnHeading>& ArrivalHeadings() {
+    static const std::vector<ColumnHeading> headings =
         WithFigures({{"ID", "", "ArrivalId", true, 8},
                      {"Date", "", "ArrivalDate", false, 11},
-                     {"Party", "", "Party", false, 30},
+                     {"Party", "", "Party", false, 28},
                      {"Account", "", "PartyId", false, 10},
-                     {"Commodity", "", "Commodity", false, 20},
-                     {"Vehicle", "", "VehicleNo", false, 12}});
+                     {"Commodity", "", "Commodity", false, 17},
+                     {"Vehicle", "", "VehicleNo", false, 11}});
     return headings;
 }
 
 std::vector<Cell> CellsOf(const Arrival& arrival, const DayBookNames& names) {
     std::vector<Cell> cells{
-        Count(arrival.id),
+        {.kind = Cell::Kind::Id, .number = arrival.id},
         {.kind = Cell::Kind::Day, .text = DateLiteral(arrival.day).substr(0, 10)},
         TextCell(names.Party(arrival.party)),
         TextCell(arrival.party),
@@ -161,16 +163,17 @@ std::vector<Cell> CellsOf(const Arrival& arrival, const DayBookNames& names) {
     return cells;
 }
 
-const std::vector<Heading>& SumHeadings(SumsBy by) {
-    const auto headings = [](std::vector<Heading> first) {
+const std::vector<ColumnHeading>& SumHeadings(SumsBy by) {
+    const auto headings = [](std::vector<ColumnHeading> first) {
         first.push_back({"Arrivals", "", "Arrivals", true, 9});
-        first.push_back({"Still inside", "", "StillInside", true, 11});
+        first.push_back({"Still inside", "", "StillInside", true, 12});
         return WithFigures(std::move(first));
     };
-    static const std::vector<Heading> byDay = headings({{"Date", "", "ArrivalDate", false, 11}});
-    static const std::vector<Heading> byParty =
+    static const std::vector<ColumnHeading> byDay =
+        headings({{"Date", "", "ArrivalDate", false, 11}});
+    static const std::vector<ColumnHeading> byParty =
         headings({{"Party", "", "Party", false, 30}, {"Account", "", "PartyId", false, 10}});
-    static const std::vector<Heading> byCommodity =
+    static const std::vector<ColumnHeading> byCommodity =
         headings({{"Commodity", "", "Commodity", false, 24}, {"ID", "", "CommodityId", false, 6}});
     return by == SumsBy::Day ? byDay : by == SumsBy::Party ? byParty : byCommodity;
 }

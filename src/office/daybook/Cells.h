@@ -18,6 +18,7 @@ struct Cell {
         Text,
         Note, ///< a text in place of a number, for people alone
         Number,
+        Id,    ///< a number that is never grouped
         Day,   ///< YYYY-MM-DD in `text`
         Mounds ///< of a net weight
     };
@@ -36,7 +37,7 @@ struct Cell {
     bool IsWhole() const;
 };
 
-struct Heading {
+struct ColumnHeading {
     std::string_view caption;
     std::string_view unit;  ///< "kg"; empty: none
     std::string_view plain; ///< of a file's column
@@ -47,11 +48,11 @@ struct Heading {
     std::string WithUnit() const;
 };
 
-const std::vector<Heading>& ArrivalHeadings();
+const std::vector<ColumnHeading>& ArrivalHeadings();
 std::vector<Cell> CellsOf(const Arrival& arrival, const DayBookNames& names);
 
 /// The first column is the day, the party or the commodity.
-const std::vector<Heading>& SumHeadings(SumsBy by);
+const std::vector<ColumnHeading>& SumHeadings(SumsBy by);
 std::vector<Cell> CellsOf(const NamedSum& sum, SumsBy by);
 
 /// The sum of all arrivals, cell by cell below those of the arrivals.

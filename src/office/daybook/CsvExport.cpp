@@ -1,9 +1,6 @@
 #include "office/daybook/Cells.h"
 #include "office/daybook/Export.h"
 #include "office/records/Csv.h"
-#include "platform/runtime/Failure.h"
-
-#include <QSaveFile>
 
 namespace Quillane::Office {
 
@@ -11,9 +8,9 @@ namespace {
 
 constexpr std::string_view insideColumn = "StillInside";
 
-std::string HeadingLine(const std::vector<Heading>& headings, std::string_view last = {}) {
+std::string HeadingLine(const std::vector<ColumnHeading>& headings, std::string_view last = {}) {
     std::vector<std::string> names;
-    for (const Heading& heading : headings)
+    for (const ColumnHeading& heading : headings)
         names.emplace_back(heading.plain);
     if (!last.empty())
         names.emplace_back(last);
@@ -36,26 +33,6 @@ bool ReadToEnd(DayBook& book, const GoOn& goOn) {
 }
 
 } // namespace
-
-bool WriteTextFile(const std::string& path, const std::function<bool(const TextSink&)>& write) {
-    QSaveFile file(QString::fromStdString(path));
-    const auto check = [&](bool isDone) {
-        if (!isDone)
-            throw Failure(FailureNumber::PathAccess,
-                          "The file " + path +
-                              " could not be written: " + file.errorString().toStdString() +
-                              ". Please choose another folder, or free some of the disk.");
-    };
-    check(file.open(QIODevice::WriteOnly));
-    const bool isWhole = write([&](std::string_view piece) {
-        const auto size = static_cast<qint64>(piece.size());
-        check(file.write(piece.data(), size) == size);
-    });
-    if (!isWhole)
-        return false;
-    check(file.commit());
-    return true;
-}
 
 bool WriteArrivalsCsv(DayBook& book, const TextSink& sink, const GoOn& goOn) {
     sink(HeadingLine(ArrivalHeadings(), insideColumn));

@@ -6,6 +6,10 @@
 #include <string>
 #include <string_view>
 
+namespace Quillane {
+class Report;
+}
+
 /// Day books as files for other programs. Each reads the day book to its end while it writes, so
 /// that memory does not grow with the arrivals.
 namespace Quillane::Office {
@@ -18,6 +22,9 @@ using GoOn = std::function<bool(const DayBook&)>;
 /// Writes a text file piece by piece. It takes its name when it is whole: where `write` breaks off
 /// (false), as where the disk refuses it (75), what was there is still there.
 bool WriteTextFile(const std::string& path, const std::function<bool(const TextSink&)>& write);
+
+/// All pages of a report. What was there is still there after a failure (75).
+void WritePdf(const Report& report, const std::string& path);
 
 /// A line for each arrival, by RFC 4180 in UTF-8. False where it was broken off.
 bool WriteArrivalsCsv(DayBook& book, const TextSink& sink, const GoOn& goOn);

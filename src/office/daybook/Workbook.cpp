@@ -63,8 +63,8 @@ Workbook::~Workbook() {
 }
 
 void Workbook::MakeFormats() {
-    constexpr std::array<const char*, LookCount> numbers{"#,##0", "#,##0.00##", "#,##0.000##",
-                                                         "dd/mm/yyyy", "@"};
+    constexpr std::array<const char*, LookCount> numbers{"0",           "#,##0",      "#,##0.00##",
+                                                         "#,##0.000##", "dd/mm/yyyy", "@"};
     for (std::size_t bold = 0; bold < formats_.size(); ++bold)
         for (std::size_t look = 0; look < LookCount; ++look) {
             lxw_format* format = workbook_add_format(book_);
@@ -93,7 +93,7 @@ void Workbook::CheckDisk() const {
         FailWriting(path_, "the disk is nearly full");
 }
 
-void Workbook::BeginSheet(std::string_view title, const std::vector<Heading>& headings) {
+void Workbook::BeginSheet(std::string_view title, const std::vector<ColumnHeading>& headings) {
     sheet_ = workbook_add_worksheet(book_, std::string(title).c_str());
     worksheet_freeze_panes(sheet_, 1, 0);
     worksheet_set_landscape(sheet_);
@@ -112,6 +112,8 @@ lxw_format* Workbook::FormatOf(const Cell& cell, bool isBold) const {
     const auto& formats = formats_[isBold ? 1 : 0];
     if (cell.kind == Cell::Kind::Mounds)
         return formats[Mounds];
+    if (cell.kind == Cell::Kind::Id)
+        return formats[Id];
     if (cell.kind == Cell::Kind::Day)
         return formats[Day];
     if (cell.kind == Cell::Kind::Number)
@@ -123,6 +125,7 @@ void Workbook::AddCell(const Cell& cell, std::uint16_t column, bool isBold) {
     lxw_format* format = FormatOf(cell, isBold);
     switch (cell.kind) {
     case Cell::Kind::Number:
+    case Cell::Kind::Id:
     case Cell::Kind::Mounds:
         return CheckCell(worksheet_write_number(sheet_, row_, column, cell.AsDouble(), format));
     case Cell::Kind::Day: {

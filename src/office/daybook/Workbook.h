@@ -23,14 +23,14 @@ public:
     Workbook& operator=(const Workbook&) = delete;
 
     /// Begins the next sheet, with its headings.
-    void BeginSheet(std::string_view title, const std::vector<Heading>& headings);
+    void BeginSheet(std::string_view title, const std::vector<ColumnHeading>& headings);
     /// More rows than a sheet has fail (6).
     void AddRow(const std::vector<Cell>& cells, bool isBold = false);
     /// Writes all to the disk and gives the file its name.
     void Finish();
 
 private:
-    enum Look { Whole, Decimals, Mounds, Day, Text, LookCount };
+    enum Look { Id, Whole, Decimals, Mounds, Day, Text, LookCount };
 
     void MakeFormats();
     void AddCell(const Cell& cell, std::uint16_t column, bool isBold);

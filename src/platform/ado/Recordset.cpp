@@ -22,6 +22,10 @@ Recordset::Recordset(ResultSet rows, std::string_view source,
     : view_(std::make_unique<View>(
           std::make_shared<SharedRows>(std::move(rows), RowWriter(session, source)), lockType)) {}
 
+Recordset Recordset::Of(ResultSet rows) {
+    return {std::move(rows), {}, nullptr, adLockReadOnly};
+}
+
 Recordset::View& Recordset::Opened() const {
     if (!view_)
         FailAccess(FailureNumber::ObjectClosed);

@@ -46,6 +46,9 @@ public:
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
+    /// An open, read-only recordset of rows that no database has given.
+    static Recordset Of(ResultSet rows);
+
     /// Opening an open recordset fails (3705). A statement that gives no rows at all leaves the
     /// recordset closed.
     void Open(std::string_view source, Connection& connection, int cursorType = adOpenStatic,
