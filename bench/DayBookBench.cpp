@@ -1,0 +1,115 @@
+// The day book of one day and of a year, read to its end, with its sums by day, party and commodity,
+// beside the statements that give them, stepped raw; and what it holds in memory. Each size of the
+// database is measured in a process of its own:
+//
+//     DayBookBench [arrivals ...]      10000 100000 1000000 where none is given
+//
+// The ratios' limit is 1.3. The memory of a year is to be that of a page and of the sums, whatever
+// the number of arrivals.
+
+#include "EachSize.h"
+#include "ManyArrivals.h"
+#include "Memory.h"
+#include "RawSession.h"
+#include "SideBySide.h"
+#include "data/Con.h"
+#include "office/daybook/DayBook.h"
+#include "office/daybook/TableModels.h"
+
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using namespace Quillane;
+using namespace Quillane::Office;
+
+constexpr double limit = 1.3;
+
+ArrivalFilter Year() {
+    return {.from = AddDays(Today(), -365), .to = Today()};
+}
+
+std::shared_ptr<DayBook> ReadWhole(const ArrivalFilter& filter) {
+    auto book = std::make_shared<DayBook>(*Con, filter);
+    while (book->ReadOn()) {
+    }
+    for (const SumsBy by : {SumsBy::Day, SumsBy::Party, SumsBy::Commodity})
+        book->Sums().By(by, book->Names());
+    return book;
+}
+
+/// The arrivals with their figures, all in one statement.
+std::string RawArrivals(const ArrivalFilter& filter) {
+    return RawSession::Statement(ArrivalsStatement(filter, {}, 100'000'000));
+}
+
+/// The sums alone, by one column, without the rounding of each arrival.
+std::string RawSums(const ArrivalFilter& filter, const std::string& by) {
+    return "Select " + by +
+           ", Count(Distinct A.ArrivalID), Sum(B.NoOfBags), Sum(B.NoOfBags * B.BagWeight), "
+           "Sum(B.TareWeight), Sum(B.OtherDeduction), Sum(B.NetWeight) From Arrivals A Inner Join "
+           "ArrivalsBody B On B.ArrivalId = A.ArrivalID Where A.ArrivalDate >= '" +
+           DateLiteral(filter.from) + "' And A.ArrivalDate <= '" + DateLiteral(filter.to) +
+           "' Group By " + by;
+}
+
+void MeasurePeriod(const char* what, const ArrivalFilter& filter, const RawSession& raw,
+                   int turns) {
+    const std::string arrivals = RawArrivals(filter);
+    const long rows = raw.Step(arrivals.c_str());
+    if (ReadWhole(filter)->Count() != rows)
+        throw std::runtime_error("the day book does not hold what its statement gives");
+    const SideBySide byArrival(turns, {{}, [&] { ReadWhole(filter); }},
+                               {{}, [&] { raw.Step(arrivals.c_str()); }});
+    PrintLine(std::string(what) + ", arrivals and all sums beside the arrivals' statement", rows,
+              byArrival, limit);
+    const std::string statements[] = {RawSums(filter, "A.ArrivalDate"),
+                                      RawSums(filter, "A.SellerId"),
+                                      RawSums(filter, "A.CommodityId")};
+    const SideBySide bySums(turns, {{}, [&] { ReadWhole(filter); }}, {{}, [&] {
+                                for (const std::string& each : statements)
+                                    raw.Step(each.c_str());
+                            }});
+    PrintLine(std::string(what) + ", the same beside three statements of sums", rows, bySums,
+              limit);
+}
+
+/// With every row of the year's table looked at once, as if it were scrolled through.
+void MeasureMemory(const char* what, const ArrivalFilter& filter) {
+    std::shared_ptr<DayBook> book;
+    ArrivalsModel model;
+    const MemoryGrowth growth([&] {
+        book = ReadWhole(filter);
+        model.Show(book);
+        for (int row = 0; row < model.rowCount(); ++row)
+            model.data(model.index(row, 0), Qt::DisplayRole);
+    });
+    std::printf("memory, %s: %d arrivals, heap %.2f MB, resident %.2f MB, at its peak %.2f MB; %zu "
+                "rows held\n",
+                what, book->Count(), growth.heap / 1e6, growth.resident / 1e6, growth.peak / 1e6,
+                model.RowsHeld());
+}
+
+void Measure(const ManyArrivals& database) {
+    const ArrivalFilter day{.from = Today(), .to = Today()};
+    const ArrivalFilter all{.from = AddDays(Today(), -9 * 366), .to = Today()};
+    MeasureMemory("a day", day);
+    MeasureMemory("a year", Year());
+    MeasureMemory("all", all);
+    const RawSession raw(database);
+    constexpr int many = 51;
+    constexpr int few = 9;
+    const Turns opened = Repeated(many, {{}, [&] { ReadWhole(day); }});
+    std::printf("a day, arrivals and sums: %.2f ms of the processor\n", opened.Median());
+    PrintHeading("milliseconds of the processor");
+    MeasurePeriod("A year", Year(), raw, database.Arrivals() > 200'000 ? few : many);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    return MeasureEachSize(argc, argv, Measure);
+}
