@@ -2,6 +2,7 @@
 
 #include "office/window/BackupPage.h"
 #include "office/window/CompanyPage.h"
+#include "office/window/DayBookPage.h"
 #include "office/window/ListsPage.h"
 #include "office/window/StationPage.h"
 #include "office/window/UsersPage.h"
@@ -20,7 +21,7 @@ QWidget* Make(OfficeSession& session) {
 constexpr std::array pages{
     PageEntry{"Lists", false, Make<ListsPage>},     PageEntry{"Users", false, Make<UsersPage>},
     PageEntry{"Company", false, Make<CompanyPage>}, PageEntry{"Station", false, Make<StationPage>},
-    PageEntry{"Backup", false, Make<BackupPage>},
+    PageEntry{"Backup", false, Make<BackupPage>},   PageEntry{"Day book", true, Make<DayBookPage>},
 };
 
 } // namespace
