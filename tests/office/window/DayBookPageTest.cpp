@@ -79,7 +79,6 @@ TEST_F(OfficeDayBookPage, BeginsWithTodayAndItsSumBelow) {
     EXPECT_EQ(Cell(1, netColumn), "4,990");
     EXPECT_EQ(Below(netColumn), "10,980");
     EXPECT_NE(Texts().find("3 arrivals, 1 of them still inside and in no sum."), std::string::npos);
-    TakePicture(*window, "office-day-book");
 }
 
 TEST_F(OfficeDayBookPage, PeriodVehicleAndTabsAreWorkedByKeys) {
@@ -101,10 +100,8 @@ TEST_F(OfficeDayBookPage, PeriodVehicleAndTabsAreWorkedByKeys) {
     EXPECT_EQ(Cell(0, 0), "01/05/2024");
     EXPECT_EQ(Cell(0, 8), "8,100");
     EXPECT_EQ(Below(8), "13,090");
-    TakePicture(*window, "office-day-book-by-day");
     Press(*window, Qt::ALT | Qt::Key_U);
     EXPECT_EQ(Tabs().currentIndex(), 4);
-    TakePicture(*window, "office-day-book-picture");
 }
 
 TEST_F(OfficeDayBookPage, LastDayBeforeTheFirstIsRefused) {
