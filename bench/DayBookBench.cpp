@@ -1,6 +1,6 @@
-// The day book of one day and of a year, read to its end, with its sums by day, party and commodity,
-// beside the statements that give them, stepped raw; and what it holds in memory. Each size of the
-// database is measured in a process of its own:
+// The day book of one day and of a year, read to its end, with its sums by day, party and
+// commodity, beside the statements that give them, stepped raw; and what it holds in memory. Each
+// size of the database is measured in a process of its own:
 //
 //     DayBookBench [arrivals ...]      10000 100000 1000000 where none is given
 //
@@ -69,10 +69,11 @@ void MeasurePeriod(const char* what, const ArrivalFilter& filter, const RawSessi
     const std::string statements[] = {RawSums(filter, "A.ArrivalDate"),
                                       RawSums(filter, "A.SellerId"),
                                       RawSums(filter, "A.CommodityId")};
-    const SideBySide bySums(turns, {{}, [&] { ReadWhole(filter); }}, {{}, [&] {
-                                for (const std::string& each : statements)
-                                    raw.Step(each.c_str());
-                            }});
+    const SideBySide bySums(turns, {{}, [&] { ReadWhole(filter); }},
+                            {{}, [&] {
+                                 for (const std::string& each : statements)
+                                     raw.Step(each.c_str());
+                             }});
     PrintLine(std::string(what) + ", the same beside three statements of sums", rows, bySums,
               limit);
 }

@@ -1,7 +1,7 @@
 #include "office/window/DayBookPage.h"
 
-#include "office/daybook/DayBookDatabase.h"
 #include "WindowDriver.h"
+#include "office/daybook/DayBookDatabase.h"
 #include "office/window/OfficeWindow.h"
 #include "platform/forms/core/Text.h"
 #include "support/ScreenDriver.h"
@@ -142,10 +142,9 @@ TEST_F(OfficeDayBookPage, FilesAreWrittenOfWhatIsInSight) {
     Press(*window, Qt::CTRL | Qt::Key_E);
     Press(*window, Qt::CTRL | Qt::Key_D);
     Press(*window, Qt::CTRL | Qt::Key_B);
-    EXPECT_EQ(proposed, (std::vector<QString>{"Day book 2024-05-02.csv",
-                                              "Day book 2024-05-02 by party.csv",
-                                              "Day book 2024-05-02.pdf",
-                                              "Day book 2024-05-02.xlsx"}));
+    EXPECT_EQ(proposed,
+              (std::vector<QString>{"Day book 2024-05-02.csv", "Day book 2024-05-02 by party.csv",
+                                    "Day book 2024-05-02.pdf", "Day book 2024-05-02.xlsx"}));
     EXPECT_NE(database.folder.Read("Day book 2024-05-02.csv").find("20003,2024-05-02"),
               std::string::npos);
     EXPECT_NE(database.folder.Read("Day book 2024-05-02 by party.csv").find("6010002,1,0,50"),
