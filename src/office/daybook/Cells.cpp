@@ -82,12 +82,12 @@ void AppendSum(std::vector<Cell>& cells, const Sum& sum) {
 std::vector<ColumnHeading> WithFigures(std::vector<ColumnHeading> headings) {
     const std::initializer_list<ColumnHeading> figures = {
         {"Bags", "", "Bags", true, 9},
-        {"First weight", "kg", "FirstWeightKg", true, 17},
+        {"First weight", "kg", "FirstWeightKg", true, 16},
         {"Tare", "kg", "TareKg", true, 11},
         {"Gross", "kg", "GrossKg", true, 12},
         {"Deduction", "kg", "DeductionKg", true, 15},
         {"Net", "kg", "NetKg", true, 12},
-        {"Mounds - kg", "", "Mounds", true, 12}};
+        {"Mounds - kg", "", "Mounds", true, 15}};
     headings.insert(headings.end(), figures);
     return headings;
 }
@@ -136,8 +136,8 @@ std::string ColumnHeading::WithUnit() const {
 const std::vector<ColumnHeading>& ArrivalHeadings() {
     static const std::vector<ColumnHeading> headings =
         WithFigures({{"ID", "", "ArrivalId", true, 8},
-                     {"Date", "", "ArrivalDate", false, 11},
-                     {"Party", "", "Party", false, 28},
+                     {"Date", "", "ArrivalDate", false, 14},
+                     {"Party", "", "Party", false, 24},
                      {"Account", "", "PartyId", false, 10},
                      {"Commodity", "", "Commodity", false, 17},
                      {"Vehicle", "", "VehicleNo", false, 11}});
@@ -170,7 +170,7 @@ const std::vector<ColumnHeading>& SumHeadings(SumsBy by) {
         return WithFigures(std::move(first));
     };
     static const std::vector<ColumnHeading> byDay =
-        headings({{"Date", "", "ArrivalDate", false, 11}});
+        headings({{"Date", "", "ArrivalDate", false, 14}});
     static const std::vector<ColumnHeading> byParty =
         headings({{"Party", "", "Party", false, 30}, {"Account", "", "PartyId", false, 10}});
     static const std::vector<ColumnHeading> byCommodity =
