@@ -15,7 +15,7 @@ namespace Quillane {
 namespace {
 
 /// A new database with the sample rows takes less, its journal included.
-constexpr qsizetype bytesOfNewStation = 2 * 1024 * 1024;
+constexpr qsizetype bytesOfNewStation = qsizetype{2} * 1024 * 1024;
 
 // What fills a disk up is taken in part, and only the next write says why.
 bool WriteAll(QFile& file, const QByteArray& bytes) {

@@ -47,7 +47,9 @@ ReportSection Foot() {
     constexpr int outerWidth = 2600;
     constexpr int innerWidth = PageWidth - 2 * outerWidth;
     const auto place = [](int left, int width) { return Place{left, 120, width, 240}; };
-    const auto look = [](ReportObject object) { return Coloured(Sized(object, 8), CaptionGrey); };
+    const auto look = [](const ReportObject& object) {
+        return Coloured(Sized(object, 8), CaptionGrey);
+    };
     ReportObject pages = At(ReportObjectKind::Field, place(outerWidth + innerWidth, outerWidth));
     pages.field.source = ReportField::Source::PageNofM;
     return {"PageFooterSection1",

@@ -10,7 +10,7 @@ namespace {
 constexpr auto Centre = ReportAlignment::Centre;
 
 /// No caption without a value.
-ReportObject OnlyWithValue(ReportObject parameter) {
+ReportObject OnlyWithValue(const ReportObject& parameter) {
     return Suppressed(parameter,
                       [position = parameter.field.parameter](const ReportContext& context) {
                           return IsCaptionAlone(context.report.ParameterFields(position).Shown());

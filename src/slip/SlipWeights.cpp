@@ -91,7 +91,7 @@ void AddResult(Objects& objects, int top) {
     const auto place = [](int left, int rowTop, int width) {
         return Place{middle + left, rowTop, width, height};
     };
-    const auto add = [&](ReportObject object, int points) {
+    const auto add = [&](const ReportObject& object, int points) {
         objects.push_back(Suppressed(Sized(object, smallPoints), IsNoFirstWeighing));
         objects.push_back(Suppressed(Bold(Sized(object, points)), IsFirstWeighing));
     };
