@@ -174,7 +174,7 @@ class LineTest(unittest.TestCase):
         self.tool.stdout.close()
         self.close_listener()
 
-    def tell(self, command):
+    def send_command(self, command):
         print(command, file=self.tool.stdin)
         return self.tool.stdout.readline().strip()
 
@@ -198,9 +198,9 @@ class LineTest(unittest.TestCase):
         self.start("--weight", "12540")
         self.listen()
         self.read_until(b"+012540 kg\r\n+012540 kg\r\n")
-        self.assertEqual(self.tell("weight 4320"), "ok weight 4320")
+        self.assertEqual(self.send_command("weight 4320"), "ok weight 4320")
         self.read_until(b"+004320 kg\r\n")
-        self.assertEqual(self.tell("layout equals-reversed"), "ok layout equals-reversed")
+        self.assertEqual(self.send_command("layout equals-reversed"), "ok layout equals-reversed")
         self.read_until(b"=02340000=02340000")
 
     def test_it_takes_commands_through_a_pipe_too(self):
@@ -224,7 +224,7 @@ class LineTest(unittest.TestCase):
         self.start("--scenario", "silence")
         self.listen()
         self.assertEqual(select.select([self.listener], [], [], 0.3)[0], [])
-        self.tell("talk")
+        self.send_command("talk")
         self.read_until(b"+012540 kg")
 
     def test_noise_and_cuts_spoil_frames_but_not_all(self):
@@ -242,16 +242,16 @@ class LineTest(unittest.TestCase):
         self.start("--parity", "even")
         self.listen()
         self.read_until(b"+0\xb1\xb25\xb40")
-        self.tell("parity none")
-        self.assertEqual(self.tell("overload on"), "ok overload on")
+        self.send_command("parity none")
+        self.assertEqual(self.send_command("overload on"), "ok overload on")
         self.read_until(b"+Err 23 kg\r\n")
-        self.tell("overload off")
+        self.send_command("overload off")
         self.read_until(b"+012540 kg\r\n")
 
     def test_it_pauses_after_each_frame(self):
         self.start()
         self.listen()
-        self.assertEqual(self.tell("pause 60"), "ok pause 60")
+        self.assertEqual(self.send_command("pause 60"), "ok pause 60")
         received, end = b"", time.monotonic() + DEADLINE
         while select.select([self.listener], [], [], 0.5)[0]:
             self.assertLess(time.monotonic(), end, "it does not pause")
@@ -261,24 +261,24 @@ class LineTest(unittest.TestCase):
     def test_a_new_connection_takes_no_name_that_is_still_locked(self):
         self.start()
         device = os.path.realpath(self.link)
-        self.tell("hangup")
+        self.send_command("hangup")
         Path(lock_file(device)).write_text("")
         self.addCleanup(os.unlink, lock_file(device))
-        self.tell("connect")
+        self.send_command("connect")
         self.assertNotEqual(os.path.realpath(self.link), device)
 
     def test_a_hang_up_ends_the_line_and_a_connection_makes_a_new_one(self):
         self.start()
         self.listen()
         self.read_until(b"kg")
-        self.assertEqual(self.tell("hangup"), "ok hangup")
+        self.assertEqual(self.send_command("hangup"), "ok hangup")
         with self.assertRaises(OSError):
             while os.read(self.listener, 4096):
                 pass
             raise OSError  # the end of the file tells a hang-up too
         self.assertFalse(os.path.lexists(self.link))
         self.close_listener()
-        self.assertEqual(self.tell("connect"), "ok connect")
+        self.assertEqual(self.send_command("connect"), "ok connect")
         self.listen()
         self.read_until(b"+012540 kg")
 
@@ -287,9 +287,9 @@ class LineTest(unittest.TestCase):
         self.listen()
         self.read_until(b"000111")
         self.close_listener()
-        self.tell("weight 222")
+        self.send_command("weight 222")
         # The line is tended after each round of commands: before the second answer, that is.
-        self.tell("talk")
+        self.send_command("talk")
         self.listen()
         self.assertNotIn(b"000111", self.read_until(b"000222"))
 
@@ -298,7 +298,7 @@ class LineTest(unittest.TestCase):
         for command in ("weigh 5", "weight", "weight x", "weight inf", "layout nonsense",
                         "noise maybe", "baud 0", "pause -1", "pause 61", "pause nan",
                         "parity wrong", "overload maybe", "__init__"):
-            self.assertTrue(self.tell(command).startswith(f"refused {command}"), command)
+            self.assertTrue(self.send_command(command).startswith(f"refused {command}"), command)
         self.listen()
         self.read_until(b"+012540 kg")
 

@@ -48,11 +48,11 @@ class WrongArgumentsTest(unittest.TestCase):
             ("/gate",): "Unexpected argument '/gate'. See --help.\n",
             ("--station",): "Missing value after '--station'. See --help.\n",
         }
-        for arguments, told in cases.items():
+        for arguments, expected in cases.items():
             with self.subTest(arguments):
                 answer = run(*arguments, QT_QPA_PLATFORM="offscreen")
                 self.assertEqual(answer.returncode, 2)
-                self.assertIn(told, answer.stderr)
+                self.assertIn(expected, answer.stderr)
                 self.assertEqual(answer.stdout, "")
 
 

@@ -1,4 +1,4 @@
-"""Commands while the indicator runs: one on a line, on standard input or through a named pipe."""
+"""Commands for the running indicator, one per line, from the standard input or a named pipe."""
 
 import errno
 import os
@@ -8,7 +8,7 @@ import sys
 
 
 class CommandInput:
-    """Whole lines from standard input, and from a pipe that this makes if it is not there."""
+    """Reads lines from the standard input and from a pipe, which is created if it is missing."""
 
     def __init__(self, pipe_path=None):
         self._buffers = {}
@@ -27,8 +27,8 @@ class CommandInput:
             os.mkfifo(path, 0o600)
             self._made = path
         elif not stat.S_ISFIFO(os.stat(path).st_mode):
-            raise OSError(errno.EEXIST, "is there already and is no pipe", path)
-        # Open for both: with a writer of its own it never ends when others close it.
+            raise OSError(errno.EEXIST, "exists and is not a pipe", path)
+        # Open for reading and writing, so that it does not end when the last other writer closes it.
         return os.open(path, os.O_RDWR | os.O_NONBLOCK)
 
     def close(self):
@@ -36,7 +36,7 @@ class CommandInput:
             os.unlink(self._made)
 
     def lines(self, wait):
-        """What has come within so many seconds."""
+        """The lines received within this number of seconds."""
         ready, _, _ = select.select(list(self._buffers), [], [], wait)
         lines = []
         for source in ready:
@@ -53,7 +53,7 @@ class CommandInput:
 
 
 def run(indicator, line):
-    """Runs one command and tells the outcome on standard output."""
+    """Runs one command and prints the result."""
     words = line.split()
     if not words:
         return

@@ -1,8 +1,8 @@
-"""How weighing indicators write a weight. None of these layouts waits for an answer.
+"""The frame layouts of weighing indicators that send without a request.
 
-Each function takes the weight in kilograms and whether the load still moves, and gives the bytes of
-one frame. Weights are whole kilograms; only the layout with a decimal place shows a fraction. For a
-weight beyond the scale's range, `OVERLOAD`, an error text is in the place of the digits.
+Each function returns the bytes of one frame for the weight in kilograms; `moving` is true while the
+load moves. Weights are whole kilograms; only the layout with a decimal shows a fraction. For the
+weight `OVERLOAD` an error text replaces the digits.
 """
 
 import math
@@ -18,22 +18,22 @@ def _sign(weight, positive=b"+"):
 
 
 def _digits(weight, places):
-    """The amount without its sign, filled with zeros; the lowest places of one that is too long."""
+    """The absolute value, padded with zeros, or its last digits if it is too long."""
     if weight == OVERLOAD:
         return OVERLOAD_TEXT.rjust(places)
     return b"%0*d" % (places, abs(round(weight)) % 10**places)
 
 
 def _right(weight, places):
-    """The amount without its sign, filled with blanks."""
+    """The absolute value, padded with blanks."""
     if weight == OVERLOAD:
         return OVERLOAD_TEXT.rjust(places)
     return b"%*d" % (places, abs(round(weight)) % 10**places)
 
 
 def checked(weight, moving):
-    """STX, sign, 6 digits, number of decimals (0), a check of two hex digits, ETX. The check is the
-    exclusive or of sign, digits and number of decimals."""
+    """STX, sign, 6 digits, number of decimals (0), a checksum of two hex digits, ETX. The checksum is
+    the exclusive or of sign, digits and number of decimals."""
     body = _sign(weight) + _digits(weight, 6) + b"0"
     check = 0
     for byte in body:
@@ -47,21 +47,21 @@ def equals_reversed(weight, moving):
 
 
 def equals(weight, moving):
-    """'=', 8 digits; below zero a '-' takes the first place. No end byte."""
+    """'=', 8 digits; below zero the first one is '-'. No end byte."""
     return b"=" + (b"-" + _digits(weight, 7) if weight < 0 else _digits(weight, 8))
 
 
 def status_bytes(weight, moving):
     """STX, three status bytes, 6 digits of weight, 6 of tare (none here), CR, and a byte that makes
-    the sum of all end in seven zero bits. The second status byte tells sign and motion."""
+    the lower seven bits of the sum zero. The second status byte contains sign and motion."""
     state = 0x30 + (0x02 if weight < 0 else 0) + (0x08 if moving else 0)
     body = STX + bytes([0x2A, state, 0x20]) + _digits(weight, 6) + b"000000" + CR
     return body + bytes([-sum(body) % 128])
 
 
 def stx_unit(weight, moving):
-    """STX, sign or blank, 7 places filled with blanks, K for kilograms, G for gross, M while moving,
-    CR, LF."""
+    """STX, sign or blank, the number in 7 places padded with blanks, K for kilograms, G for gross, M
+    while moving, CR, LF."""
     return (STX + _sign(weight, positive=b" ") + _right(weight, 7) + b"KG"
             + (b"M" if moving else b" ") + CR + LF)
 
@@ -76,7 +76,7 @@ def header(weight, moving):
 
 
 def header_blank(weight, moving):
-    """As header, with a blank in the first of the 7 places, which is kept for a decimal point."""
+    """Like header, with a blank as the first of the 7 digits, reserved for a decimal point."""
     return _header(moving) + _sign(weight) + b" " + _digits(weight, 6) + b"kg" + CR + LF
 
 
@@ -87,8 +87,8 @@ def cr_first(weight, moving):
 
 
 def lf_first(weight, moving):
-    """LF, Z at zero, the range's number, G for gross, M while moving, blank, the number with its
-    sign in 10 places filled with blanks, 'kg', blank, CR."""
+    """LF, Z at zero, the number of the range, G for gross, M while moving, blank, the signed number in
+    10 places padded with blanks, 'kg', blank, CR."""
     number = OVERLOAD_TEXT.rjust(10) if weight == OVERLOAD else b"%10d" % round(weight)
     return (LF + (b"Z" if number.strip() == b"0" else b" ") + b"1G" + (b"M" if moving else b" ")
             + b" " + number + b"kg " + CR)

@@ -1,4 +1,4 @@
-"""The indicator's end of a serial line: a pseudo-terminal behind a link of a chosen name."""
+"""The indicator's end of a serial line: a pseudo-terminal with a symbolic link of a chosen name."""
 
 import errno
 import fcntl
@@ -12,17 +12,17 @@ LOCKS = "/var/lock" if os.access("/var/lock", os.W_OK) else "/tmp"
 
 
 def lock_file(device):
-    """By which programs lock a device; what they call it is the name without its folder."""
+    """The lock file of a device; its name contains the device name without the folder."""
     return f"{LOCKS}/LCK..{device.removeprefix('/dev/').replace('/', '_')}"
 
 
 class LockName:
-    """The name by which a device is locked, for one user at a time. The name of a pseudo-terminal is
-    given out again at once, often before its last user has removed its lock; and containers may
-    share the folder of locks while each has pseudo-terminals of the same names."""
+    """Reserves the lock name of a device. The system reuses the name of a pseudo-terminal immediately,
+    often before its last user has removed the lock; and containers may share the lock folder but have
+    pseudo-terminals with the same names."""
 
     def __init__(self, device):
-        """Fails (BlockingIOError) while another has the name or has left it locked."""
+        """Raises BlockingIOError if another process has reserved the name or left it locked."""
         self._file = lock_file(device).replace("/LCK..", "/claim..")
         self._claim = os.open(self._file, os.O_RDWR | os.O_CREAT, 0o666)
         try:
@@ -33,7 +33,7 @@ class LockName:
             raise
 
     def _is_mine(self):
-        """Locked by this process, and not just removed by the one that had it before."""
+        """True if this process has the lock, and the previous owner has not just removed the file."""
         fcntl.flock(self._claim, fcntl.LOCK_EX | fcntl.LOCK_NB)
         try:
             return os.path.samestat(os.fstat(self._claim), os.stat(self._file))
@@ -50,7 +50,7 @@ class LockName:
 
 
 def _open_terminal():
-    """Both ends of a pseudo-terminal whose name is free, and the claim to the name."""
+    """Opens a pseudo-terminal with a free name; returns both ends and the reservation."""
     in_use = []
     try:
         while True:
@@ -58,14 +58,14 @@ def _open_terminal():
             try:
                 return *ends, LockName(os.ttyname(ends[1]))
             except (BlockingIOError, PermissionError):
-                in_use += ends  # open until another is found: its number is taken
+                in_use += ends  # kept open, so that the next one gets another number
     finally:
         for end in in_use:
             os.close(end)
 
 
 class Line:
-    """While nobody listens, what is sent is lost, as on a real line; nothing waits in it."""
+    """Without a listener sent bytes are lost, as on a real line; nothing is buffered."""
 
     def __init__(self, link):
         self._link = link
@@ -79,21 +79,21 @@ class Line:
         self._master, slave, self._name = _open_terminal()
         tty.setraw(slave)
         name = os.ttyname(slave)
-        # With no end of ours open on the station's side, the line tells whether one listens.
+        # The station's end must not be open here, so that poll reports whether a listener exists.
         os.close(slave)
         os.set_blocking(self._master, False)
         self._publish(name)
 
     def _publish(self, name):
         if os.path.lexists(self._link) and not os.path.islink(self._link):
-            raise OSError(errno.EEXIST, "is there already and is no link", self._link)
+            raise OSError(errno.EEXIST, "exists and is not a link", self._link)
         new = f"{self._link}.{os.getpid()}"
         os.symlink(name, new)
         os.replace(new, self._link)
         self.device = name
 
     def hang_up(self):
-        """The cable is pulled: whoever listens gets an error, and the link is gone."""
+        """Disconnects the cable: listeners get an error, and the link is removed."""
         if self._master is None:
             return
         os.close(self._master)
@@ -114,7 +114,7 @@ class Line:
         return not any(events & select.POLLHUP for _, events in poll.poll(0))
 
     def tend(self):
-        """Run often: notices when a listener goes."""
+        """Must be called often: detects that a listener has closed the line."""
         listener = self.has_listener()
         if self._heard and not listener:
             self._forget()
@@ -132,8 +132,8 @@ class Line:
                 raise
 
     def _forget(self):
-        """Empties what the last listener left unread. One that died with the line to itself leaves
-        it locked: then another takes its place."""
+        """Drops the bytes that the last listener has not read. If it was killed and left the line
+        locked, another line replaces it."""
         try:
             slave = os.open(self.device, os.O_RDWR | os.O_NOCTTY | os.O_NONBLOCK)
         except OSError:

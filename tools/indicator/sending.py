@@ -1,8 +1,8 @@
-"""What a line carries and when: the bytes of frame after frame at its rate, and pauses."""
+"""The timing of a line: the bytes of successive frames at its rate, pauses, and parity."""
 
 
 class Wire:
-    """Time is given, in seconds, and only ever grows."""
+    """Times are passed in, in seconds, and never decrease."""
 
     LONGEST_HALT = 0.5  # seconds; after a longer one the line does not catch up
 
@@ -13,11 +13,11 @@ class Wire:
         self._carried_until = 0.0
 
     def set_rate(self, rate):
-        """In bit/s; ten bits make a byte."""
+        """In bits per second; a byte has ten bits."""
         self._bytes_per_second = rate / 10
 
     def carry(self, now, next_frame):
-        """The bytes that have come through since the last call."""
+        """The bytes transmitted since the last call."""
         self._carried_until = max(self._carried_until, now - self.LONGEST_HALT)
         carried = b""
         while (due := int((now - self._carried_until) * self._bytes_per_second)) > 0:
@@ -34,7 +34,7 @@ def _parity_bit(byte):
     return byte.bit_count() % 2 << 7
 
 
-# What a station sees that expects eight bits and no parity.
+# The bytes as received by a station that expects eight bits and no parity.
 PARITIES = {
     "none": bytes,
     "even": lambda data: bytes(byte & 0x7F | _parity_bit(byte & 0x7F) for byte in data),

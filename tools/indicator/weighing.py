@@ -1,24 +1,24 @@
-"""What stands on the scale: a fixed weight, or a truck that drives on, settles and drives off."""
+"""The load on the scale: a constant weight, or a truck that drives on, settles and drives off."""
 
 import math
 
-DIVISION = 10  # kilograms; what a truck scale shows moves in these steps
+DIVISION = 10  # kilograms; the resolution of a truck scale
 DRIVING_ON, SWAYING, DRIVING_OFF = 3.0, 2.0, 2.0  # seconds
 
 
 class Scale:
-    """The weight at any moment. Time is given, in seconds, and only ever grows."""
+    """The weight at any time. Times are passed in, in seconds, and never decrease."""
 
     def __init__(self, weight=0.0):
         self._from, self._to = weight, weight
         self._since, self._how = 0.0, "still"
 
     def put(self, weight):
-        """At once, and settled."""
+        """Sets a settled weight."""
         self._from, self._to, self._how = weight, weight, "still"
 
     def drive_on(self, weight, now):
-        """Axle by axle up to the weight; sways a little, then stands."""
+        """Increases axle by axle to the weight; sways a little, then settles."""
         self._start("on", weight, now)
 
     def drive_off(self, now):
@@ -29,7 +29,7 @@ class Scale:
         self._since, self._how = now, how
 
     def reading(self, now):
-        """The weight in kilograms, and whether the load still moves."""
+        """The weight in kilograms, and true while the load moves."""
         passed = now - self._since
         if self._how == "on":
             return self._driving_on(passed)
@@ -55,7 +55,7 @@ class Scale:
 
 
 class TruckRound:
-    """Trucks without end: loaded on, off, empty on, off."""
+    """An endless sequence of trucks: loaded on, off, empty on, off."""
 
     EMPTY_SCALE, STANDING = 4.0, 15.0  # seconds
 

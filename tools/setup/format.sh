@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Formats every tracked C++ file; with --check only tells which are not formatted, and fails.
+# Formats every tracked C++ file. With --check it only lists unformatted files, and fails if there are any.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 case ${1:-} in

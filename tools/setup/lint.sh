@@ -10,15 +10,15 @@ build=build/lint
 . tools/setup/build.sh
 configure release -B "$build" -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON -DQUILLANE_TESTS=OFF >/dev/null
 
-# Whether a file compiles is for the project's own compiler to say: Debian's clang stumbles over the
-# ranges of the newer standard library, so its parse errors are passed over. What it finds is told
-# together with the lines below it, and fails.
+# The parse errors of clang are ignored: Debian's version cannot parse the ranges of the newer standard
+# library, and the compiler of the project reports real errors. Every finding is printed with the lines
+# that follow it, and fails.
 export findings='(warning|error): .*\[[a-z]+-[a-z-]*'
 lint_file() {
-    local told
-    told=$(clang-tidy -p "$0" --quiet --extra-arg=-Wno-unknown-warning-option "$1" 2>/dev/null |
+    local report
+    report=$(clang-tidy -p "$0" --quiet --extra-arg=-Wno-unknown-warning-option "$1" 2>/dev/null |
         grep -E -v '\[clang-diagnostic-error')
-    ! grep -E -A3 "$findings" <<<"$told"
+    ! grep -E -A3 "$findings" <<<"$report"
 }
 export -f lint_file
 

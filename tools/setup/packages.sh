@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that the project stands on, where they are missing.
+# Installs missing Debian packages that the project needs.
 #
 #   tools/setup/packages.sh build          to build and run the station
 #   tools/setup/packages.sh build walk     and to try it out without a display
@@ -8,10 +8,10 @@
 #   tools/setup/packages.sh build package  to build the Debian package
 #   tools/setup/packages.sh trial          to try it out in a bare system
 #
-# Says nothing and needs no rights when everything is there.
+# Prints nothing and needs no rights if everything is installed.
 set -euo pipefail
 
-# One list for each purpose. What each library is for stands in README.md.
+# One list for each purpose. README.md describes the libraries.
 build=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-base-private-dev qt6-serialport-dev
     libgl-dev libxcb1-dev libsqlite3-dev unixodbc-dev libsodium-dev libxlsxwriter-dev python3
     fontconfig fonts-liberation fonts-dejavu-core fonts-nafees)
@@ -21,7 +21,7 @@ servers=(postgresql odbc-postgresql)
 test=(libgtest-dev "${walk[@]}" sqlite3 procps "${servers[@]}" tdsodbc)
 checks=(git clang-format clang-tidy)
 package=(git dpkg-dev debhelper cmark-gfm lintian)
-# A bare system in which the package is tried out.
+# A minimal system in which the package is tested.
 trial=(mmdebstrap)
 bench=(libbenchmark-dev libxcb1-dev xvfb "${servers[@]}" tdsodbc)
 
@@ -39,7 +39,7 @@ missing_packages() {
     done | sort -u
 }
 
-# Prints the command prefix that gives the rights to install; fails where there is none.
+# Prints the command prefix for installing with root rights; fails if there is none.
 installer_prefix() {
     if [ "$(id -u)" = 0 ]; then
         echo "env DEBIAN_FRONTEND=noninteractive"
@@ -61,14 +61,14 @@ for group in "$@"; do
     case $group in
     build | walk | test | checks | bench | package | trial) ;;
     *)
-        echo "$0: no such list: $group (build, walk, test, checks, bench, package, trial)" >&2
+        echo "$0: unknown list: $group (build, walk, test, checks, bench, package, trial)" >&2
         exit 2
         ;;
     esac
 done
 
 if ! command -v dpkg-query >/dev/null; then
-    echo "This is not a Debian system: packages are not looked at. The lists stand in $0." >&2
+    echo "This is not a Debian system: packages are not checked. $0 lists them." >&2
     exit 0
 fi
 

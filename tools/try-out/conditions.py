@@ -1,19 +1,19 @@
-"""Waiting for conditions, never for times."""
+"""Waits for conditions, never for times."""
 
 import time
 
 
 class Missed(Exception):
-    """A condition did not come true before its deadline."""
+    """A condition was not fulfilled before its deadline."""
 
 
-def wait_until(told, condition, deadline=20.0):
-    """Asks again and again until the condition gives something true, and returns that."""
+def wait_until(what, condition, deadline=20.0):
+    """Polls until the condition returns a true value, and returns it."""
     end = time.monotonic() + deadline
     while True:
         value = condition()
         if value:
             return value
         if time.monotonic() > end:
-            raise Missed(f"waited {deadline:g} seconds for: {told}")
+            raise Missed(f"waited {deadline:g} seconds for: {what}")
         time.sleep(0.05)

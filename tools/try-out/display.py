@@ -1,4 +1,4 @@
-"""A display of its own with a window manager, real keys on it, and pictures of it."""
+"""A separate display with a window manager; sends real keys and takes screenshots."""
 
 import os
 import re
@@ -8,7 +8,7 @@ from conditions import wait_until
 
 
 def run(*command):
-    """Runs a command and returns what it wrote, or None where it failed."""
+    """Runs a command and returns its output, or None if it failed."""
     result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
     return result.stdout if result.returncode == 0 else None
 
@@ -18,7 +18,7 @@ FEW_COLOURS = ["+dither", "-colors", "255", "-strip", "-define", "png:compressio
 
 
 class Display:
-    """An X server that picks its own free number, and a window manager on it."""
+    """An X server with a free display number, and a window manager."""
 
     def __init__(self, size="1280x800", dots_per_inch=96):
         reading, writing = os.pipe()
@@ -65,7 +65,7 @@ def title_of(window):
 
 
 def has_keyboard(window):
-    """Whether the display's server sends the keys to a window."""
+    """True if the window has the keyboard focus of the display."""
     found = run("xdotool", "getwindowfocus", "-f")
     return found is not None and found.strip() == window
 
@@ -75,7 +75,7 @@ def wait_gone(window, title, deadline=20.0):
 
 
 def press(*keys):
-    """Presses keys one after the other, by their X names: Tab, Return, ctrl+s."""
+    """Presses keys in sequence, by their X names: Tab, Return, ctrl+s."""
     subprocess.run(["xdotool", "key", "--delay", "30", *keys], check=True)
 
 
@@ -84,26 +84,26 @@ def write(text):
 
 
 def place_of(window):
-    """Left, top, width and height of a window's inside."""
-    told = run("xwininfo", "-id", window)
-    return [int(re.search(rf"{name}:\s+(-?\d+)", told)[1])
+    """Left, top, width and height of the contents of a window."""
+    output = run("xwininfo", "-id", window)
+    return [int(re.search(rf"{name}:\s+(-?\d+)", output)[1])
             for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
 
 
 def title_height(window):
-    """How high the frame's title stands above a window's inside."""
-    told = run("xprop", "-id", window, "_NET_FRAME_EXTENTS") or ""
-    extents = re.findall(r"\d+", told.partition("=")[2])
+    """The height of the title bar of a window."""
+    output = run("xprop", "-id", window, "_NET_FRAME_EXTENTS") or ""
+    extents = re.findall(r"\d+", output.partition("=")[2])
     return int(extents[2]) if len(extents) == 4 else 0
 
 
 def picture(path):
-    """A picture of the whole display."""
+    """A screenshot of the display."""
     subprocess.run(["import", "-silent", "-window", "root", str(path)], check=True)
 
 
 def rest(deadline=10.0):
-    """Waits until two looks at the display, one after the other, are the same but for a caret."""
+    """Waits until two successive screenshots are equal, except for a caret."""
     before = []
 
     def stands():
@@ -126,8 +126,7 @@ def _lines_of_display():
 
 
 def crop_to_window(source, window, target):
-    """A window with its title out of a picture of the display, in few colours and no more bytes
-    than needed."""
+    """Cuts a window with its title bar out of a screenshot, with few colours to keep it small."""
     left, top, width, height = place_of(window)
     title = title_height(window)
     subprocess.run(["convert", str(source), "-crop",
@@ -136,7 +135,7 @@ def crop_to_window(source, window, target):
 
 
 def dark_area(window):
-    """How many points of a window are as dark as letters."""
+    """The number of pixels of a window that are as dark as letters."""
     grab = subprocess.run(["import", "-silent", "-window", window, "png:-"],
                           stdout=subprocess.PIPE, check=True)
     answer = subprocess.run(
@@ -147,7 +146,7 @@ def dark_area(window):
 
 
 def coloured_area(window, colour):
-    """How much of a window has a colour, and a mark that changes when that part changes."""
+    """The number of pixels with a colour, and a hash of that part of the window."""
     grab = subprocess.run(["import", "-silent", "-window", window, "png:-"],
                           stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
     if grab.returncode != 0:

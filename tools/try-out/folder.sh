@@ -1,7 +1,7 @@
-# Sourced by run.sh: a folder in which the station can be tried out.
+# Sourced by run.sh: prepares a folder for trying out the station.
 
-# prepare_folder FOLDER PROGRAM: the program is copied into the station's folder, so that it can be
-# built while the station runs. A station file that is there stays.
+# prepare_folder FOLDER PROGRAM: copies the program into the station folder, so that it can be built
+# while the station runs. An existing station file is kept.
 prepare_folder() {
     local folder=$1 program=$2
     mkdir -p "$folder"
@@ -17,7 +17,7 @@ AskCompanyName=0
 END
 }
 
-# start_indicator FOLDER: trucks drive on and off at the folder's serial line.
+# start_indicator FOLDER: simulates trucks on the serial line of the folder.
 start_indicator() {
     local folder=$1
     : >"$folder/indicator.log"

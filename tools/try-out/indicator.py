@@ -1,4 +1,4 @@
-"""The indicator tool as a child process."""
+"""Runs the simulated indicator as a child process."""
 
 import subprocess
 from pathlib import Path
@@ -14,7 +14,7 @@ class Indicator:
         self._expect("ready")
 
     def hold(self, weight):
-        """That weight stands on the scale, at once."""
+        """Puts this weight on the scale, settled."""
         self.process.stdin.write(f"weight {weight}\n")
         self.process.stdin.flush()
         self._expect("ok")

@@ -1,4 +1,4 @@
-"""What the station has stored, read beside it."""
+"""Reads the stored rows while the station is running."""
 
 import sqlite3
 from datetime import date
@@ -6,7 +6,7 @@ from pathlib import Path
 
 
 def ask(file, statement, *values):
-    """All rows of a query as dictionaries; none while there is no such file or table yet."""
+    """All rows of a query as dictionaries; none if the file or table does not exist yet."""
     if not Path(file).exists():
         return []
     connection = sqlite3.connect(f"file:{file}?mode=ro", uri=True, timeout=10)
@@ -26,7 +26,7 @@ def stored_arrival(file, arrival):
 
 
 def as_text(header, lines):
-    """The rows as a page to read: one column of the table on each line."""
+    """The rows as readable text, one column per line."""
     page = []
     for title, table in (("Arrivals", header), ("ArrivalsBody", lines)):
         for number, row in enumerate(table, 1):
@@ -38,15 +38,15 @@ def as_text(header, lines):
 
 
 def differences(expected, row):
-    """Which columns of a row are not as expected; figures to the ninth decimal."""
-    told = []
+    """The columns of a row that differ from the expected values, to nine decimals."""
+    found_differences = []
     for name, wanted in expected.items():
         found = row.get(name)
         same = (isinstance(found, (int, float)) and abs(found - wanted) < 1e-9
                 if isinstance(wanted, float) else str(found) == str(wanted))
         if not same:
-            told.append(f"{name} is {found!r} where {wanted!r} was expected")
-    return told
+            found_differences.append(f"{name} is {found!r} where {wanted!r} was expected")
+    return found_differences
 
 
 def today():

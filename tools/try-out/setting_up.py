@@ -7,14 +7,14 @@ from station import START
 COMPANY = ["Veltrane Flour Mills", "14 Canal Road, Okara", "044 555 0147", "gate@veltrane.example"]
 USER, PASSWORD = "nadia", "grain-and-chaff"
 
-# The stored settings read this layout wrong: the digits behind the weight are a check.
+# The stored settings do not fit this layout: the digits after the weight are a checksum.
 LAYOUT = "checked"
 SETTINGS = {"PortName": "1", "PortSettings": "2400,n,8,1", "DataDirection": "Left",
             "DataLength": "6", "IsReversed": "0"}
 
 
 def set_up(station):
-    station.tell("set-up: company, first user, sample rows")
+    station.log("set-up: company, first user, sample rows")
     dialog = station.window("Set up the station")
     station.look("set-up")
     for text in [*COMPANY, USER, PASSWORD, PASSWORD]:
@@ -27,7 +27,7 @@ def set_up(station):
 
 
 def sign_in(station):
-    station.tell("signing in")
+    station.log("signing in")
     dialog = station.window("Sign in", 60)
     station.look("sign-in")
     station.write(USER)
@@ -40,7 +40,7 @@ def sign_in(station):
 
 
 def work_out_the_line(station):
-    station.tell("the bench: line settings, raw text, try-out, save")
+    station.log("the bench: line settings, raw text, try-out, save")
     station.press("Tab", "space")
     bench = station.window("Port Testing")
     station.look("bench-new")

@@ -1,4 +1,4 @@
-"""The station at work: the program on a display, an indicator on its line, and pictures of both."""
+"""A running station: the program on a display, an indicator on its line, and screenshots."""
 
 import os
 import subprocess
@@ -51,13 +51,13 @@ class Station:
         self.indicator.stop()
         self.display.stop()
 
-    # ---- eyes ----
+    # ---- Output ----
 
-    def tell(self, text):
+    def log(self, text):
         print(f"  {text}", flush=True)
 
     def look(self, name):
-        """A picture of the display once it stands still."""
+        """A screenshot when the display does not change any more."""
         rest()
         self.pictures += 1
         file = self.out / f"{self.pictures:02}-{name}.png"
@@ -66,7 +66,7 @@ class Station:
             crop_to_window(file, active_window(), self.guide / f"{name}.png")
 
     def window(self, title, deadline=20.0):
-        """Waits for a window, and says so early if the program has ended."""
+        """Waits for a window; fails early if the program has ended."""
 
         def in_front():
             if self.process.poll() is not None:
@@ -81,7 +81,7 @@ class Station:
             raise Missed(f'{missed}; in front: "{title_of(active_window())}"') from None
 
     def wait_for_reading(self, other_than=None):
-        """The reading is a picture: wait until it shows figures, others than before, and stands."""
+        """Waits until the reading shows digits, has changed, and is constant."""
         screen = self.window(WEIGHMENT)
 
         def standing():
@@ -93,13 +93,13 @@ class Station:
         return wait_until("a reading that stands", standing)
 
     def wait_for_text(self, window, act):
-        """Waits until an act has brought a word's worth of letters onto a window."""
+        """Waits until an action has added a word to a window."""
         rest()
         before = dark_area(window)
         act()
         wait_until("the text", lambda: dark_area(window) > before + 200)
 
-    # ---- hands ----
+    # ---- Input ----
 
     def press(self, *keys):
         press(*keys)
@@ -108,14 +108,14 @@ class Station:
         write(text)
 
     def answer(self, title, key, name=None):
-        """Answers a box and waits until it is gone."""
+        """Answers a message box and waits until it is closed."""
         box = self.window(title)
         if name:
             self.look(name)
         press(key)
         wait_gone(box, title)
 
-    # ---- the database ----
+    # ---- Database ----
 
     def ask(self, statement, *values):
         return rows.ask(self.database, statement, *values)
@@ -125,22 +125,22 @@ class Station:
         return rows.stored_arrival(self.database, number)
 
     def keep_rows(self, number, stage):
-        """Adds an arrival's rows, as they are now, to the page that the walk leaves."""
+        """Adds the current rows of an arrival to the output of the walk."""
         with open(self.out / "rows.txt", "a", encoding="utf-8") as page:
             page.write(f"==== {stage}\n\n{rows.as_text(*self.arrival(number))}\n")
 
     def expect(self, number, header=None, body=(), stage=""):
-        """The stored rows of an arrival are these, and no others."""
+        """Checks that these are the only stored rows of an arrival."""
         found_header, found_body = self.arrival(number)
         self.keep_rows(number, stage)
-        told = []
+        differences = []
         if len(found_header) != (header is not None):
-            told.append(f"{len(found_header)} headers")
+            differences.append(f"{len(found_header)} headers")
         elif header is not None:
-            told += rows.differences(header, found_header[0])
+            differences += rows.differences(header, found_header[0])
         if len(found_body) != len(body):
-            told.append(f"{len(found_body)} body rows where {len(body)} were expected")
+            differences.append(f"{len(found_body)} body rows where {len(body)} were expected")
         for expected, line in zip(body, found_body):
-            told += rows.differences(expected, line)
-        if told:
-            raise Missed(f"arrival {number}, {stage}: " + "; ".join(told))
+            differences += rows.differences(expected, line)
+        if differences:
+            raise Missed(f"arrival {number}, {stage}: " + "; ".join(differences))

@@ -1,4 +1,4 @@
-"""What can be done with a stored load: found, opened, changed, printed again, removed."""
+"""Work with a stored load: find, open, change, print again, remove."""
 
 from datetime import date, timedelta
 
@@ -10,7 +10,7 @@ SEARCH, PARTIES = "Search Arrivals", "Search Parties"
 
 
 def find(station, *steps, name=None):
-    """Ctrl+O and then each step, a text to write or a list of keys; the last one chooses."""
+    """Ctrl+O and then each step, a text to type or a list of keys; the last one selects."""
     station.press("ctrl+o")
     search = station.window(SEARCH)
     for step in steps[:-1]:
@@ -30,41 +30,41 @@ def _do(station, step):
 
 
 def find_by_name(station, name, keys, picture=None):
-    """Enter walks from the id to the name and into the list."""
-    station.tell(f"Ctrl+O, by the name {name}")
+    """Enter moves from the id to the name and into the list."""
+    station.log(f"Ctrl+O, by the name {name}")
     find(station, ["Return"], name, ["Return", *keys], ["Return"], name=picture)
 
 
 def find_by_id(station, number, picture=None):
-    station.tell(f"Ctrl+O, by the id {number}")
+    station.log(f"Ctrl+O, by the id {number}")
     find(station, str(number), ["Return", "Return"], ["Return"], name=picture)
 
 
 def find_up_to(station, days_ago, picture=None):
-    """The newest of the arrivals up to a day."""
+    """Selects the newest arrival up to a day."""
     last = date.today() - timedelta(days=days_ago)
-    station.tell(f"Ctrl+O, up to {last:%d/%m/%Y}")
+    station.log(f"Ctrl+O, up to {last:%d/%m/%Y}")
     find(station, ["Tab"] * 6, f"{last:%d%m%Y}", ["shift+Tab"] * 4, ["Return"], name=picture)
 
 
 def open_typed(station, number):
-    """From the date, where every new weighment begins."""
-    station.tell(f"the id {number}, typed")
+    """Starts at the date, the first focus of a new weighment."""
+    station.log(f"the id {number}, typed")
     station.press("shift+Tab")
     station.write(str(number))
     station.press("Return")
 
 
 def print_again(station):
-    station.tell("F9, the slip")
+    station.log("F9, the slip")
     station.window(WEIGHMENT)
     station.press("F9")
     station.window(PREVIEW)
 
 
 def choose_party(station, name, picture=None):
-    """From the seller: F1, the name, Down into the list, Select."""
-    station.tell(f"F1, the party {name}")
+    """Starts at the seller: F1, the name, Down into the list, Select."""
+    station.log(f"F1, the party {name}")
     station.press("F1")
     search = station.window(PARTIES)
     station.write(name)

@@ -1,4 +1,4 @@
-"""A load on the weighment screen: entered, weighed, saved, printed."""
+"""Enters, weighs, saves and prints a load on the weighment screen."""
 
 import subprocess
 from dataclasses import dataclass, field
@@ -30,7 +30,7 @@ class Load:
                 "ArrivalDate": rows.today()}
 
     def body(self):
-        """The lines as saving shares the load over the bags."""
+        """The bag lines as stored: the save divides the load among the bags."""
         gross = self.loaded - self.empty
         total = sum(bags for _, _, bags in self.bag_lines)
         return [{"CommodityId": 1, "BagsClassId": CLASSES[bag_class], "BagsTypeId": TYPES[kind],
@@ -44,28 +44,28 @@ class Load:
 
 
 def choose_commodity(station, keys):
-    """Ends on the seller."""
+    """Ends with the focus on the seller."""
     station.press(*keys)
     station.write("Wheat")
     station.press("Return", "Return")  # all kinds of sellers
 
 
 def take_gross(station, load):
-    station.tell(f"gross weight at {load.loaded}")
+    station.log(f"gross weight at {load.loaded}")
     station.wait_for_reading()
     station.press("space")
 
 
 def take_tare(station, load, reading):
-    """With the empty vehicle on the scale in place of the reading that stood there before."""
-    station.tell(f"tare weight at {load.empty}")
+    """Replaces the weight on the scale by that of the empty vehicle and takes it."""
+    station.log(f"tare weight at {load.empty}")
     station.indicator.hold(load.empty)
     station.wait_for_reading(other_than=reading)
     station.press("space")
 
 
 def enter_papers(station, load):
-    """From the vehicle on; ends on the deduction."""
+    """Starts at the vehicle; ends on the deduction."""
     station.write(load.vehicle)
     station.press("Return")
     station.write(load.builty)
@@ -76,7 +76,7 @@ def enter_papers(station, load):
 
 
 def enter_bag_lines(station, load):
-    """From the deduction and back to it."""
+    """Starts and ends on the deduction."""
     station.press("shift+Tab")
     for number, (bag_class, kind, bags) in enumerate(load.bag_lines):
         if number:
@@ -90,7 +90,7 @@ def enter_bag_lines(station, load):
 
 
 def save(station, print_it, name=None):
-    station.tell("Ctrl+S, Yes")
+    station.log("Ctrl+S, Yes")
     station.press("ctrl+s")
     station.answer("Alert", "Return", name and f"{name}-question")
     station.answer("Confirmation", "y" if print_it else "n", "print-question" if name else None)
@@ -99,8 +99,8 @@ def save(station, print_it, name=None):
 
 
 def keep_slip(station, name, wanted):
-    """The slip in front, saved as PDF, shows these texts; ends on the weighment screen."""
-    station.tell(f"the slip, saved as {name}.pdf")
+    """Saves the slip as PDF and checks its texts; ends on the weighment screen."""
+    station.log(f"the slip, saved as {name}.pdf")
     preview = station.window(PREVIEW)
     station.look(f"{name}-preview")
     station.press("ctrl+s")
