@@ -82,7 +82,8 @@ function(quillane_optimise_tests)
 endfunction()
 
 # quillane_tests(Scale LINKS Quillane::Scale ...) builds the folder's files into one program
-# and registers each case. With SCREEN the program brings up an application off screen. With
+# and registers each case. With SCREEN the program brings up an application off screen; its cases
+# named *OnDisplay* need a display and are run by the tests that start one. With
 # POSTGRES the cases of that name share one server, started for them and stopped after them.
 # SQL_SERVER is a filter for the cases that always work on SQL Server, SQL_SERVER_TO_KILL one for
 # those that kill it. With STATION the program works on a station's database, and all of it runs a
@@ -123,7 +124,7 @@ function(quillane_tests name)
             ${target} "--gtest_filter=-${TESTS_EMBEDDED}:${TESTS_SQL_SERVER}")
     endif()
     gtest_discover_tests(${target} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST
-        TEST_FILTER "-${postgres}:${TESTS_SQL_SERVER}:${TESTS_SQL_SERVER_TO_KILL}"
+        TEST_FILTER "-*OnDisplay*:${postgres}:${TESTS_SQL_SERVER}:${TESTS_SQL_SERVER_TO_KILL}"
         PROPERTIES TIMEOUT 300 LABELS "${TESTS_LABELS}" ENVIRONMENT "${environment}")
 endfunction()
 

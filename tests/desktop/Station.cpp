@@ -12,9 +12,9 @@
 #include "shell/Startup.h"
 #include "signin/UserLogin.h"
 #include "support/BoxAnswers.h"
+#include "support/ScreenDriver.h"
 
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QTableView>
 #include <QTimer>
 
@@ -50,8 +50,7 @@ void RunDay(Operator& by, const std::function<void(Operator&)>& day) {
 } // namespace
 
 void Station::SetUp() {
-    if (QGuiApplication::platformName() != "xcb")
-        GTEST_SKIP() << "Needs a display";
+    ASSERT_TRUE(HasDisplay());
     database.emplace();
     folder = &database->folder;
     ::setenv("XDG_CONFIG_HOME", folder->File("settings").c_str(), 1);

@@ -18,7 +18,7 @@ namespace Quillane::Testing {
 
 /// A whole station on a real display: a folder of its own with the sample rows in its
 /// database, an indicator on port 1 with 12540 kg on the scale, boxes that really come up. The
-/// sample rows end with arrival 1042; Nadia has level 1, "gate" level 2. Skipped off screen.
+/// sample rows end with arrival 1042; Nadia has level 1, "gate" level 2. Fails off screen.
 class Station : public testing::Test {
 protected:
     void SetUp() override;

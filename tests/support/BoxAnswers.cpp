@@ -21,9 +21,8 @@ std::string_view NameOf(BoxIcon icon) {
 std::string Described(const Box& box) {
     const bool question = box.buttons == BoxButtons::YesNo;
     std::string buttons = "OK";
-    if (question) {
+    if (question)
         buttons = box.defaultButton == BoxAnswer::No ? "Yes, No (default)" : "Yes (default), No";
-    }
     return "box \"" + ComparedWords(box.text) + "\", title \"" + box.title + "\", " +
            std::string(NameOf(box.icon)) + ", " + buttons;
 }
@@ -38,17 +37,15 @@ BoxAnswer Refusal(const Box& box) {
 }
 
 BoxAnswer AnswerMessage(const Box& box) {
-    if (innermost) {
+    if (innermost)
         return innermost->Answer(box);
-    }
     ADD_FAILURE() << "Unexpected " << Described(box);
     return Refusal(box);
 }
 
 std::string AnswerInput(const InputPrompt& prompt) {
-    if (innermost) {
+    if (innermost)
         return innermost->Answer(prompt);
-    }
     ADD_FAILURE() << "Unexpected " << Described(prompt);
     return {};
 }
@@ -98,9 +95,8 @@ BoxAnswer BoxAnswers::Answer(const Box& box) {
         allowed_, [&](const Expected& each) { return Described(each.box) == seen; });
     const bool isNext = !expected_.empty() && !expected_.front().isInput &&
                         Described(expected_.front().box) == seen;
-    if (!isNext && allowed != allowed_.end()) {
+    if (!isNext && allowed != allowed_.end())
         return allowed->answer;
-    }
     if (expected_.empty()) {
         ADD_FAILURE() << "Unexpected " << seen;
         return Refusal(box);
@@ -108,9 +104,8 @@ BoxAnswer BoxAnswers::Answer(const Box& box) {
     const Expected next = std::move(expected_.front());
     expected_.pop_front();
     EXPECT_EQ(next.isInput ? Described(next.prompt) : Described(next.box), seen);
-    if (next.meanwhile) {
+    if (next.meanwhile)
         next.meanwhile();
-    }
     return isNext ? next.answer : Refusal(box);
 }
 

@@ -10,9 +10,8 @@
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
     Quillane::Application application(argc, argv);
     Quillane::Application::setApplicationName("Quillane");
     Quillane::Testing::ForbidUnexpectedBoxes();

@@ -12,8 +12,6 @@
 #include <QTest>
 #include <QWindow>
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <stdexcept>
 
@@ -23,9 +21,8 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds d
     const QDeadlineTimer end(deadline);
     bool late = false;
     while (!condition()) {
-        if (late) {
+        if (late)
             return false;
-        }
         // Before the events: the process may be held up between a look and the clock.
         late = end.hasExpired();
         // Waits for what comes next, at most this long.
@@ -34,6 +31,12 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds d
         QTest::qSleep(1);
     }
     return true;
+}
+
+testing::AssertionResult HasDisplay() {
+    if (QGuiApplication::platformName() == "xcb")
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "This case needs a display: start it with with-x.sh.";
 }
 
 void PressIn(QWidget& window, QKeyCombination key) {
@@ -54,9 +57,8 @@ ScreenDriver& ScreenDriver::Press(QKeyCombination key) {
 }
 
 ScreenDriver& ScreenDriver::Type(std::string_view text) {
-    for (const char character : text) {
+    for (const char character : text)
         QTest::keyClick(screen_.windowHandle(), character);
-    }
     return *this;
 }
 
@@ -89,20 +91,16 @@ ScreenDriver& ScreenDriver::Drag(QWidget& widget, QPoint from, QPoint to) {
     const QPoint corner = widget.mapTo(widget.window(), QPoint(0, 0));
     const int steps = std::max((to - from).manhattanLength(), 1);
     QTest::mousePress(window, Qt::LeftButton, {}, corner + from);
-    for (int step = 1; step <= steps; ++step) {
+    for (int step = 1; step <= steps; ++step)
         QTest::mouseMove(window, corner + from + (to - from) * step / steps);
-    }
     QTest::mouseRelease(window, Qt::LeftButton, {}, corner + to);
     return *this;
 }
 
 VisualControl& ScreenDriver::Named(std::string_view name) {
-    for (Control* control : screen_.Controls()) {
-        if (auto* visual = dynamic_cast<VisualControl*>(control);
-            visual && visual->Name() == name) {
+    for (Control* control : screen_.Controls())
+        if (auto* visual = dynamic_cast<VisualControl*>(control); visual && visual->Name() == name)
             return *visual;
-        }
-    }
     throw std::out_of_range("No control named " + std::string(name));
 }
 
@@ -119,9 +117,8 @@ VisitModal::~VisitModal() {
 void VisitModal::Look() {
     QWidget* modal = QApplication::activeModalWidget();
     auto* screen = modal != below_ ? dynamic_cast<Screen*>(modal) : nullptr;
-    if (!screen || !screen->isVisible()) {
+    if (!screen || !screen->isVisible())
         return;
-    }
     timer_.stop();
     tookPlace_ = true;
     act_(*screen);
@@ -146,18 +143,16 @@ VisitBox::~VisitBox() {
 QDialog* VisitBox::ShownBox() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         auto* dialog = qobject_cast<QDialog*>(window);
-        if (dialog && dialog->isVisible() && !dynamic_cast<Screen*>(dialog)) {
+        if (dialog && dialog->isVisible() && !dynamic_cast<Screen*>(dialog))
             return dialog;
-        }
     }
     return nullptr;
 }
 
 void VisitBox::Look() {
     QDialog* box = BoxIsUp() ? ShownBox() : nullptr;
-    if (!box) {
+    if (!box)
         return;
-    }
     timer_.stop();
     tookPlace_ = true;
     const QPointer<QDialog> guard = box;

@@ -5,6 +5,8 @@
 #include <QPoint>
 #include <QTimer>
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <functional>
 #include <string>
@@ -15,6 +17,10 @@ namespace Quillane::Testing {
 /// Waits, with events running, until a condition holds; false if the deadline came first.
 bool WaitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds deadline = std::chrono::seconds(5));
+
+/// Whether the display's server can send keys. A case that needs it has "OnDisplay" in the name of
+/// its suite, so that it is not registered off screen; started there by hand, it fails.
+testing::AssertionResult HasDisplay();
 
 /// Works a shown screen as an operator does. Keys and clicks enter where those of the window system
 /// enter, so popups take their keys, a modal screen blocks those below it, and the screen sees each

@@ -1,5 +1,4 @@
-// Keys and clicks that come from the display's server, as an operator's do. Off screen there is
-// none.
+// Keys and clicks that come from the display's server, as an operator's do.
 
 #include "platform/forms/TrialScreen.h"
 #include "platform/forms/core/Boxes.h"
@@ -19,12 +18,10 @@
 namespace Quillane::Testing {
 namespace {
 
-class RealKeys : public testing::Test {
+class KeysOnDisplay : public testing::Test {
 protected:
     void SetUp() override {
-        if (QGuiApplication::platformName() != "xcb") {
-            GTEST_SKIP() << "Needs a display";
-        }
+        ASSERT_TRUE(HasDisplay());
         screen.Show();
         ASSERT_TRUE(WaitFor([&] { return screen.isActiveWindow(); }));
         screen.Taken();
@@ -43,14 +40,13 @@ protected:
     TrialScreen screen;
 };
 
-TEST_F(RealKeys, TypedAheadWhileTheScreenIsBusyGoWhereTheyWouldHaveGone) {
+TEST_F(KeysOnDisplay, TypedWhileTheScreenIsBusyReachTheControlsInOrder) {
     int enters = 0;
     screen.OnKeyDown = [&](int& key, int) {
         if (key == Key::Return) {
             key = 0;
-            if (++enters == 1) {
+            if (++enters == 1)
                 Send({"key", "b", "Return", "c"});
-            }
             screen.SendTab();
         }
     };
@@ -60,7 +56,7 @@ TEST_F(RealKeys, TypedAheadWhileTheScreenIsBusyGoWhereTheyWouldHaveGone) {
     EXPECT_EQ("b", screen.Second.Text());
 }
 
-TEST_F(RealKeys, WithAltReachTheScreenAndPressTheButton) {
+TEST_F(KeysOnDisplay, WithAltReachTheScreenAndPressTheButton) {
     screen.LogKeys = true;
     screen.BtnGo.Click = [&] { screen.Log.push_back("Click"); };
     Send({"key", "alt+g"});
@@ -70,7 +66,7 @@ TEST_F(RealKeys, WithAltReachTheScreenAndPressTheButton) {
         screen.Taken());
 }
 
-TEST_F(RealKeys, OfABoxStayWithIt) {
+TEST_F(KeysOnDisplay, PressedInABoxDoNotReachTheScreen) {
     screen.LogKeys = true;
     BoxAnswer answer = BoxAnswer::Ok;
     {
@@ -87,7 +83,7 @@ TEST_F(RealKeys, OfABoxStayWithIt) {
     EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "x"; }));
 }
 
-TEST_F(RealKeys, ShareTheFocusWithTheMouse) {
+TEST_F(KeysOnDisplay, FollowTheFocusThatAClickHasMoved) {
     ClickOn(screen.Third.Widget());
     EXPECT_TRUE(WaitFor([&] { return screen.ActiveControlName() == "Third"; }));
     EXPECT_EQ((Events{"Validate First", "LostFocus First", "GotFocus Third"}), screen.Taken());
@@ -102,10 +98,11 @@ const Box SecondQuestion{.text = "Print?",
                          .defaultButton = BoxAnswer::No};
 
 /// One key brings up two questions, one after the other.
-class KeysTypedAheadOfBoxes : public RealKeys, public testing::WithParamInterface<int> {
+class KeysTypedAheadOfBoxesOnDisplay : public KeysOnDisplay,
+                                       public testing::WithParamInterface<int> {
 protected:
     void SetUp() override {
-        RealKeys::SetUp();
+        KeysOnDisplay::SetUp();
         SetBoxPresenter({});
         screen.OnKeyDown = [this](int& key, int) {
             if (key == 'S') {
@@ -128,7 +125,7 @@ protected:
     std::vector<BoxAnswer> answers;
 };
 
-TEST_P(KeysTypedAheadOfBoxes, AnswerThemInOrderAndTheRestIsTheScreens) {
+TEST_P(KeysTypedAheadOfBoxesOnDisplay, AnswerTheBoxesInOrderThenReachTheScreen) {
     for (int times = 0; times < 5; ++times) {
         Type({"s", "y", "n", "a", "s", "Escape", "y", "b"});
         EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "ab"; })) << screen.First.Text();
@@ -138,7 +135,7 @@ TEST_P(KeysTypedAheadOfBoxes, AnswerThemInOrderAndTheRestIsTheScreens) {
     }
 }
 
-TEST_P(KeysTypedAheadOfBoxes, GoToAModalScreenAndBackInOrder) {
+TEST_P(KeysTypedAheadOfBoxesOnDisplay, ReachAModalScreenThenTheScreenBelowInOrder) {
     for (int times = 0; times < 5; ++times) {
         TrialScreen above("Above");
         above.OnLoad = [&] { above.DoEvents(); };
@@ -166,7 +163,7 @@ TEST_P(KeysTypedAheadOfBoxes, GoToAModalScreenAndBackInOrder) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(MillisecondsBetweenKeys, KeysTypedAheadOfBoxes,
+INSTANTIATE_TEST_SUITE_P(MillisecondsBetweenKeys, KeysTypedAheadOfBoxesOnDisplay,
                          testing::Values(0, 5, 20, 40, 100, 200),
                          testing::PrintToStringParamName());
 
@@ -209,7 +206,7 @@ private:
     QByteArray typed_;
 };
 
-TEST_F(RealKeys, OfAnotherProgramStayThereThoughABoxComesUp) {
+TEST_F(KeysOnDisplay, TypedInAnotherProgramDoNotReachABoxThatComesUp) {
     OtherProgram other;
     ASSERT_TRUE(
         WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
@@ -230,7 +227,7 @@ TEST_F(RealKeys, OfAnotherProgramStayThereThoughABoxComesUp) {
     EXPECT_EQ("", screen.First.Text());
 }
 
-TEST_F(RealKeys, AnswerABoxThatCameUpUnaskedOnceTheProgramIsInFrontAgain) {
+TEST_F(KeysOnDisplay, AnswerABoxShownInTheBackgroundOnceTheProgramIsActive) {
     const OtherProgram other;
     ASSERT_TRUE(
         WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));
@@ -246,7 +243,7 @@ TEST_F(RealKeys, AnswerABoxThatCameUpUnaskedOnceTheProgramIsInFrontAgain) {
     EXPECT_TRUE(WaitFor([&] { return screen.First.Text() == "x"; }));
 }
 
-TEST_F(RealKeys, AndPressesLeaveTheScreenBelowABoxThatCameUpUnasked) {
+TEST_F(KeysOnDisplay, AndClicksDoNotReachTheScreenBelowABoxShownInTheBackground) {
     int clicks = 0;
     screen.BtnGo.Click = [&clicks] { ++clicks; };
     const OtherProgram other;
