@@ -30,6 +30,9 @@ public:
     std::size_t Size() const { return size_; }
     std::size_t Capacity() const { return capacity_; }
 
+    /// Drops all bytes and keeps the memory.
+    void Clear() { size_ = 0; }
+
     /// Gives back what no byte is stored in.
     void Trim() {
         if (capacity_ > size_ && size_ > 0)

@@ -60,6 +60,14 @@ Recordset Connection::Execute(std::string_view statement, int) {
     return {std::move(rows), statement, session_, adLockReadOnly};
 }
 
+void Connection::ReadBlocks(std::string_view query, const BlockReader& take) {
+    OpenSession().ReadBlocks(query, take);
+}
+
+void Connection::ExecuteForEach(std::string_view statement, const ResultSet& rows) {
+    OpenSession().RunForEach(statement, rows);
+}
+
 void Connection::BeginTrans() {
     OpenSession().Begin();
 }

@@ -2,6 +2,7 @@
 
 #include "platform/ado/LockWait.h"
 #include "platform/ado/Recordset.h"
+#include "platform/ado/ResultSet.h"
 
 #include <chrono>
 #include <functional>
@@ -74,6 +75,15 @@ public:
     /// embedded engine text behind the first statement is a failure, and then nothing has run; a
     /// server runs all of it, and the first result with rows is the one that is given.
     Recordset Execute(std::string_view statement, int options = -1);
+
+    /// Gives the rows of a query block by block, so that a server's result of any size takes the
+    /// memory of one block. `take` must not use this connection.
+    void ReadBlocks(std::string_view query, const BlockReader& take);
+
+    /// Runs a statement once for each row, whose fields are its parameters; on a server with many
+    /// rows in one round trip. Where it fails, some of the rows may have been stored: only a
+    /// rollback of the transaction that the caller has begun undoes that.
+    void ExecuteForEach(std::string_view statement, const ResultSet& rows);
 
     /// Transactions don't nest: a second one fails. The embedded engine takes the write lock with
     /// the first statement behind it, and waits for it.

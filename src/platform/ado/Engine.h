@@ -33,6 +33,14 @@ public:
     virtual long Run(std::string_view statement, std::span<const Value> parameters,
                      ResultSet& result) = 0;
 
+    /// Gives the rows of a query block by block. An engine that has no better method reads all of
+    /// them first.
+    virtual void ReadBlocks(std::string_view query, const BlockReader& take);
+
+    /// Runs a statement once for each row, whose fields are its parameters, in one round trip for
+    /// many rows where the engine can. Where it fails, some of the rows may have been stored.
+    virtual void RunForEach(std::string_view statement, const ResultSet& rows);
+
     virtual void Begin() = 0;
     virtual void Commit() = 0;
     /// Ends the transaction; one that the engine has ended already, or a server that has gone,

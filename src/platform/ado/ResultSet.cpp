@@ -36,6 +36,12 @@ void ResultSet::AddDate(Date date) {
     Add(Kind::Day, &dayNumber);
 }
 
+void ResultSet::Clear() {
+    cells_.Clear();
+    texts_.Clear();
+    rows_ = 0;
+}
+
 void ResultSet::Finish() {
     cells_.Trim();
     texts_.Trim();

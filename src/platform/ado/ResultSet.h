@@ -5,11 +5,18 @@
 
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Quillane {
+
+class ResultSet;
+
+/// Gets the rows of a query block by block. The block is valid until it returns. False ends the
+/// reading.
+using BlockReader = std::function<bool(const ResultSet& block)>;
 
 /// All rows of a query, read in one pass. A row is a record of fixed length, eight bytes and a
 /// kind for each field; texts lie one behind the other in a run of their own. So a cell is reached
@@ -50,6 +57,8 @@ public:
         const Span span = Store(text);
         Add(kind, &span);
     }
+    /// Drops all rows. The columns stay, and so does the memory for the next rows.
+    void Clear();
     /// After the last row: gives back the memory that was taken ahead.
     void Finish();
 

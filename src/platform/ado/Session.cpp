@@ -25,6 +25,18 @@ long Session::Run(std::string_view statement, std::span<const Value> parameters,
     return changed;
 }
 
+void Session::ReadBlocks(std::string_view query, const BlockReader& take) {
+    RefuseBrokenTransaction();
+    Observe(query);
+    OnEngine([&] { engine_->ReadBlocks(query, take); });
+}
+
+void Session::RunForEach(std::string_view statement, const ResultSet& rows) {
+    RefuseBrokenTransaction();
+    Observe(statement);
+    OnEngine([&] { engine_->RunForEach(statement, rows); });
+}
+
 void Session::Begin() {
     if (inTransaction_)
         FailDatabase("A transaction is already open on this connection.");

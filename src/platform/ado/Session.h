@@ -24,6 +24,8 @@ public:
     /// Fails without running anything while a transaction that the engine has ended waits for its
     /// rollback.
     long Run(std::string_view statement, std::span<const Value> parameters, ResultSet& result);
+    void ReadBlocks(std::string_view query, const BlockReader& take);
+    void RunForEach(std::string_view statement, const ResultSet& rows);
     void Begin();
     void Commit();
     /// Where none is open it fails, and tells what the engine has refused before: a trap that rolls

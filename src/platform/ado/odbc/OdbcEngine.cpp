@@ -4,6 +4,7 @@
 #include "platform/ado/odbc/OdbcCatalogue.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 #include "platform/ado/odbc/OdbcDiagnostics.h"
+#include "platform/ado/odbc/OdbcParameterBlock.h"
 #include "platform/ado/odbc/OdbcParameters.h"
 #include "platform/ado/odbc/OdbcText.h"
 #include "platform/runtime/Failure.h"
@@ -63,6 +64,33 @@ long OdbcEngine::Execute(std::string_view text, std::span<const Value> parameter
     if (statement.Clear())
         idle_ = std::move(statement);
     return changed;
+}
+
+void OdbcEngine::ReadBlocks(std::string_view query, const BlockReader& take) {
+    try {
+        const OdbcHandle statement = NewStatement();
+        OdbcText text = ToOdbc(query);
+        statement.Check(
+            SQLExecDirectW(statement.Get(), text.data(), static_cast<SQLINTEGER>(text.size() - 1)));
+        SQLSMALLINT columns = 0;
+        statement.Check(SQLNumResultCols(statement.Get(), &columns));
+        ReadOdbcBlocks(statement, columns, block_, take);
+    } catch (const Failure& failure) {
+        FailAfter(failure);
+    }
+}
+
+void OdbcEngine::RunForEach(std::string_view statement, const ResultSet& rows) {
+    try {
+        for (int first = 0; first < rows.RowCount();) {
+            const OdbcHandle handle = NewStatement();
+            OdbcParameterBlock block(handle, rows, first);
+            block.Execute(statement);
+            first += block.RowCount();
+        }
+    } catch (const Failure& failure) {
+        FailAfter(failure);
+    }
 }
 
 // A trigger may count rows of its own before the statement that set it off: the last count is the

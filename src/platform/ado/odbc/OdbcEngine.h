@@ -27,6 +27,9 @@ public:
 
     long Run(std::string_view statement, std::span<const Value> parameters,
              ResultSet& result) override;
+    void ReadBlocks(std::string_view query, const BlockReader& take) override;
+    /// By arrays of parameters.
+    void RunForEach(std::string_view statement, const ResultSet& rows) override;
     void Begin() override;
     void Commit() override;
     /// Where the server refuses even this, the connection is left, which ends the transaction too.

@@ -48,16 +48,24 @@ public:
     }
 
     void ReadAll() {
-        SetRowsOfFetch(rowsInBlock_);
-        BindColumns();
-        std::size_t fetched = 0;
-        do {
-            fetched = block_.Fetch(statement_);
-            for (std::size_t row = 0; row < fetched; ++row)
-                AddRow(row);
-        } while (fetched == rowsInBlock_);
+        Begin();
+        while (ReadBlock()) {
+        }
         SetRowsOfFetch(1);
         result_.Finish();
+    }
+
+    void ReadInBlocks(const BlockReader& take) {
+        constexpr int rowsEnough = OdbcBlock::mostRows;
+        Begin();
+        for (bool isMore = true; isMore;) {
+            result_.Clear();
+            do
+                isMore = ReadBlock();
+            while (isMore && result_.RowCount() < rowsEnough);
+            isMore = result_.RowCount() > 0 && take(result_) && isMore;
+        }
+        SetRowsOfFetch(1);
     }
 
 private:
@@ -65,6 +73,19 @@ private:
         SQLLEN* lengths;
         char* cells;
     };
+
+    void Begin() {
+        SetRowsOfFetch(rowsInBlock_);
+        BindColumns();
+    }
+
+    /// False after the last rows.
+    bool ReadBlock() {
+        const std::size_t fetched = block_.Fetch(statement_);
+        for (std::size_t row = 0; row < fetched; ++row)
+            AddRow(row);
+        return fetched == rowsInBlock_;
+    }
 
     /// While it runs, a statement must not ask for blocks: SQL Server's own driver would open a
     /// cursor on the server for it, which costs a round trip for each block and not every statement
@@ -196,6 +217,12 @@ char* OdbcBlock::Room(std::size_t bytes) {
 void ReadOdbcRows(const OdbcHandle& statement, int columnCount, OdbcBlock& block,
                   ResultSet& result) {
     Reader(statement, columnCount, block, result).ReadAll();
+}
+
+void ReadOdbcBlocks(const OdbcHandle& statement, int columnCount, OdbcBlock& block,
+                    const BlockReader& take) {
+    ResultSet rows;
+    Reader(statement, columnCount, block, rows).ReadInBlocks(take);
 }
 
 } // namespace Quillane

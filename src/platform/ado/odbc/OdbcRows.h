@@ -41,4 +41,8 @@ private:
 void ReadOdbcRows(const OdbcHandle& statement, int columnCount, OdbcBlock& block,
                   ResultSet& result);
 
+/// The same rows, handed on block by block: `take` gets some hundred rows at a time.
+void ReadOdbcBlocks(const OdbcHandle& statement, int columnCount, OdbcBlock& block,
+                    const BlockReader& take);
+
 } // namespace Quillane

@@ -125,4 +125,15 @@ bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result) {
     return outcome == SQLITE_DONE;
 }
 
+bool ReadSqliteBlock(sqlite3_stmt* statement, int mostRows, ResultSet& result) {
+    const int before = result.RowCount();
+    std::vector<bool> dates;
+    while (result.RowCount() - before < mostRows && sqlite3_step(statement) == SQLITE_ROW) {
+        if (dates.empty())
+            dates = SetColumns(statement, result);
+        ReadRow(statement, dates, result);
+    }
+    return result.RowCount() - before == mostRows;
+}
+
 } // namespace Quillane

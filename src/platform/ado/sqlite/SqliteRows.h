@@ -19,4 +19,8 @@ void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parame
 /// step fails; the engine then holds the reason.
 bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result);
 
+/// Adds up to so many further rows to a result that has the statement's columns already, or none
+/// yet. False where no row is left, or where a step fails: the engine then holds the reason.
+bool ReadSqliteBlock(sqlite3_stmt* statement, int mostRows, ResultSet& result);
+
 } // namespace Quillane
