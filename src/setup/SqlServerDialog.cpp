@@ -16,7 +16,6 @@ namespace Quillane {
 
 namespace {
 
-constexpr const char* Title = "Set up the station";
 constexpr const char* nameOfClients = "anonymous";
 constexpr int longestEntry = 128;
 
@@ -26,7 +25,8 @@ std::string Trimmed(const TextBox& box) {
 
 } // namespace
 
-SqlServerDialog::SqlServerDialog() : Screen("SqlServerDialog", Title) {
+SqlServerDialog::SqlServerDialog(std::string title)
+    : Screen("SqlServerDialog", title), title_(std::move(title)) {
     WireEvents();
     LayOut();
     Offer({.port = "1433", .database = "Account1"}, {});
@@ -151,7 +151,7 @@ bool SqlServerDialog::TryItOut() {
         return false;
     TryOut tried;
     try {
-        const bool toTheEnd = RunLongWork(Title, [&](LongWork& work) {
+        const bool toTheEnd = RunLongWork(title_, [&](LongWork& work) {
             work.Begin("Trying " + place.server);
             tried = TrySqlServer(place, owner);
         });
@@ -186,7 +186,7 @@ bool SqlServerDialog::Validate(const SqlServerPlace& place) {
 
 bool SqlServerDialog::Refuse(TextBox& box, std::string_view reason) {
     MsgBox({.text = std::string(reason),
-            .title = Title,
+            .title = title_,
             .icon = BoxIcon::Exclamation,
             .buttons = BoxButtons::Ok});
     box.SetFocus();

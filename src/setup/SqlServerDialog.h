@@ -16,7 +16,8 @@ namespace Quillane {
 /// loses nothing. A station of the role "Client" signs in as the anonymous user, whatever is typed.
 class SqlServerDialog : public Screen {
 public:
-    SqlServerDialog();
+    /// The title is also that of its boxes.
+    explicit SqlServerDialog(std::string title = "Set up the station");
 
     TextBox TxtServer{*this, "TxtServer"};
     TextBox TxtPort{*this, "TxtPort"};
@@ -61,6 +62,7 @@ private:
     SqlServerPlace EnteredPlace() const;
     OwnerSignIn EnteredOwner() const;
 
+    std::string title_;
     QGridLayout* fields_ = nullptr;
     Label subtitle_{"A database on SQL Server"};
     Label answer_{""};

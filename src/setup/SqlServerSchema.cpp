@@ -131,7 +131,8 @@ SetUpOutcome SetUpSqlServerDatabase(Connection& connection, const NewDatabase& p
     const bool withSampleRows = particulars.sampleRows && !HasRowsOfAMill(connection);
     AddParticulars(connection, particulars, outcome.rowsNotAdded);
     NoteMissingSettings(connection, outcome.rowsNotAdded);
-    AddFirstUsers(connection, particulars, withSampleRows);
+    if (!particulars.userName.empty())
+        AddFirstUsers(connection, particulars, withSampleRows);
     // Behind the users, since these rows are what tells the next run that there is nothing to do.
     if (withSampleRows)
         RunScript(connection, EmbeddedScripts::SqlServerSampleRows);

@@ -20,10 +20,11 @@ struct SetUpOutcome {
 /// may be empty or hold a mill's accounts. Only what is missing is made: tables, functions and
 /// rows; `RenewRights` makes the roles. A row of settings, or of the company's particulars, that a
 /// table of the site's own does not take is left out. Particulars of the company that the database
-/// has already stay, unless they are to be replaced, and where it has users of stations nobody is
-/// added. Sample rows, and the second user that comes with them, go into a database without
-/// accounts and arrivals alone. One with an older schema number gets the missing steps first; one
-/// with a newer number, or with none that can be read, fails and is left as it is.
+/// has already stay, unless they are to be replaced, and where it has users of stations, or the
+/// particulars name no user, nobody is added. Sample rows, and the second user that comes with
+/// them, go into a database without accounts and arrivals alone. One with an older schema number
+/// gets the missing steps first; one with a newer number, or with none that can be read, fails and
+/// is left as it is.
 ///
 /// Needs the rights of the database's owner. Where it breaks off, by a failure or because
 /// `progress` answers no, what was made so far stays, hinders nobody, and the next call does the

@@ -146,9 +146,10 @@ SqlServerPlace PlaceForSetUp(const SqlServerPlace& station, const OwnerSignIn& o
     return place;
 }
 
-std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place) {
+std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place, int commandSeconds) {
     auto connection = std::make_unique<Connection>();
     connection->ConnectionTimeout = secondsToConnect;
+    connection->CommandTimeout = commandSeconds;
     connection->Open("Driver=SQL Server;" + ConfigFragment(place, DriverOfThisSystem()));
     connection->CursorLocation = adUseClient;
     return connection;

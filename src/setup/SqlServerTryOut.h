@@ -34,8 +34,9 @@ struct TryOut {
 /// owner. Never fails: what goes wrong is in the answer.
 TryOut TrySqlServer(const SqlServerPlace& station, const OwnerSignIn& owner);
 
-/// Opens the database the way the start-up does, with a shorter wait.
-std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place);
+/// Opens the database the way the start-up does, with a shorter wait. A statement may take so many
+/// seconds.
+std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place, int commandSeconds = 30);
 
 /// What is wrong where the place could not be opened, in plain words above the driver's.
 /// `serverAnswers`: the server takes the same sign-in for its own database "master".

@@ -15,6 +15,8 @@ public:
     explicit HeldDatabase(const std::string& path);
 
     bool Exists() const { return exists_; }
+    /// The session that holds it; null where nobody does.
+    EmbeddedFile* File() { return session_.get(); }
     /// Moves the file, and what a damaged one has next to it, to this name, and puts another file
     /// in its place: at each moment the old or the new one has its name. A failure leaves the old
     /// one.

@@ -29,6 +29,8 @@ Commands:
   --backup [FOLDER]      make a backup of the station's database, also while it works;
                          without FOLDER where [Backup] in Station.ini says
   --restore FILE         put a backup in the place of the database, after a yes
+  --move-to-server SERVER
+                         move the station's database to a SQL Server, after a yes
   -h, --help             write this text and end
   -v, --version          write the version and end
 
@@ -38,7 +40,8 @@ Tables: cities, parties, commodities, bag-classes, bag-types
 Options:
   --station FOLDER       the folder of the station, where Config.ini lies; found as
                          by the station itself where it is not given
-  --yes                  with --import and --restore: write without asking
+  --yes                  with --import, --restore and --move-to-server: write without
+                         asking
   --skip-faulty          with --import: write the sound lines, leave the faulty ones
   --csv FILE             with --day-book: a CSV file
   --xlsx FILE            with --day-book: a workbook, with the sums on further sheets
@@ -51,6 +54,13 @@ Options:
   --keep N               with --backup: remove the oldest backups beyond N; without it
                          as [Backup] in Station.ini says, or none
   --level N              with --add-user: 1 full rights, 2 restricted (the default)
+  --user NAME            with --move-to-server: as whom the station signs in there,
+                         whose password is asked for
+  --database NAME        with --move-to-server: the database there, which must exist;
+                         without it, of the same name as here
+  --port N               with --move-to-server: without it 1433
+  --options TEXT         with --move-to-server: further attributes for the driver, such
+                         as Encryption=require
   --sign-in NAME         sign in to the database server as NAME, whose password is
                          asked for first, in place of the sign-in in Config.ini
 
@@ -58,8 +68,8 @@ FILE may be - for the standard input or output. Passwords are read from the
 terminal, or a line each from the standard input; never from an argument.
 
 Exit codes: 0 done; 1 a failure of the database or of a file; 2 wrong arguments;
-3 refused, nothing is written: faulty lines, or a rule of users; 4 not confirmed,
-nothing is written; 5 broken off, nothing is written.
+3 refused, nothing is written: faulty lines, a rule of users, or a server that
+cannot be used; 4 not confirmed, nothing is written; 5 broken off, nothing is written.
 )";
 
 QString ToQString(const std::string& text) {
@@ -89,6 +99,11 @@ public:
                             {"register-driver", "", "place"},
                             {"backup", ""},
                             {"restore", "", "file"},
+                            {"move-to-server", "", "server"},
+                            {"user", "", "name"},
+                            {"database", "", "name"},
+                            {"port", "", "number"},
+                            {"options", "", "text"},
                             {"keep", "", "number"},
                             {"station", "", "folder"},
                             {"yes", ""},
@@ -109,6 +124,11 @@ public:
         request_.station = Value("station");
         request_.level = WholeNumber("level", request_.level);
         request_.keep = WholeNumber("keep", request_.keep);
+        request_.move = {.server = Value("move-to-server"),
+                         .port = Value("port"),
+                         .database = Value("database"),
+                         .user = Value("user"),
+                         .options = Value("options")};
         if (request_.act == Request::Act::DayBook)
             ReadDayBook();
         else
@@ -146,6 +166,7 @@ private:
             Refuse("A driver is registered for the \"system\" or for the \"user\".");
         Take("backup", Request::Act::Backup, nullptr);
         Take("restore", Request::Act::Restore, &Request::file);
+        Take("move-to-server", Request::Act::Move, nullptr);
         if (parser_.isSet("help"))
             request_.act = Request::Act::Help;
         else if (parser_.isSet("version"))
@@ -235,19 +256,27 @@ private:
         const bool isImport = request_.act == Request::Act::Import;
         if (!isImport && request_.skipsFaulty)
             Refuse("--skip-faulty belongs to --import.");
-        if (!isImport && request_.act != Request::Act::Restore && request_.isConfirmed)
-            Refuse("--yes belongs to --import and --restore.");
+        const bool asks =
+            isImport || request_.act == Request::Act::Restore || request_.act == Request::Act::Move;
+        if (!asks && request_.isConfirmed)
+            Refuse("--yes belongs to --import, --restore and --move-to-server.");
         if (parser_.isSet("keep") && request_.act != Request::Act::Backup)
             Refuse("--keep belongs to --backup.");
         if (parser_.isSet("keep") && request_.keep < 1)
             Refuse("The option --keep needs a number from 1 on.");
         if (request_.act != Request::Act::AddUser && parser_.isSet("level"))
             Refuse("--level belongs to --add-user.");
-        if (request_.act != Request::Act::DayBook)
-            for (const char* option :
-                 {"csv", "xlsx", "sums", "party", "commodity", "vehicle", "inside"})
-                if (parser_.isSet(option))
-                    Refuse("--" + std::string(option) + " belongs to --day-book.");
+        RefuseUnless(Request::Act::DayBook, "--day-book",
+                     {"csv", "xlsx", "sums", "party", "commodity", "vehicle", "inside"});
+        RefuseUnless(Request::Act::Move, "--move-to-server",
+                     {"user", "database", "port", "options"});
+    }
+
+    void RefuseUnless(Request::Act act, const std::string& command,
+                      std::initializer_list<const char*> options) {
+        for (const char* option : options)
+            if (request_.act != act && parser_.isSet(option))
+                Refuse("--" + std::string(option) + " belongs to " + command + ".");
     }
 
     QCommandLineParser parser_;

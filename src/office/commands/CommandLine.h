@@ -16,6 +16,15 @@ struct DayBookRequest {
     bool isWorkbook = false;      ///< --xlsx; else --csv
 };
 
+/// The server that a station is moved to; texts that are not given are empty.
+struct MoveRequest {
+    std::string server{};
+    std::string port{};
+    std::string database{};
+    std::string user{}; ///< the station's sign-in
+    std::string options{};
+};
+
 /// What the command line asks of the office.
 struct Request {
     enum class Act {
@@ -29,7 +38,8 @@ struct Request {
         DayBook,
         RegisterDriver,
         Backup,
-        Restore
+        Restore,
+        Move
     };
 
     Act act = Act::Window;    ///< without a command the window opens
@@ -39,6 +49,7 @@ struct Request {
     std::string place{};      ///< of a driver: "system" or "user"
     std::int32_t level = 2;   ///< of a new user
     DayBookRequest dayBook{}; ///< of a day book
+    MoveRequest move{};       ///< of a move to a server
     std::string folder{};     ///< of a backup; empty: as Station.ini says
     int keep = 0;             ///< backups that stay; 0: as Station.ini says
     bool isConfirmed = false; ///< --yes

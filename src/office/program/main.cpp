@@ -1,6 +1,7 @@
 #include "office/commands/BackupCommands.h"
 #include "office/commands/Commands.h"
 #include "office/commands/DriverCommand.h"
+#include "office/commands/MoveCommand.h"
 #include "office/commands/StationConnection.h"
 #include "office/window/OfficeBoxes.h"
 #include "office/window/RunOffice.h"
@@ -33,6 +34,8 @@ ExitCode Run(const Request& request) {
         return RunBackup(StationFolder(), request, terminal);
     if (request.act == Request::Act::Restore)
         return RunRestore(StationFolder(), request, terminal);
+    if (request.act == Request::Act::Move)
+        return RunMove(StationFolder(), request, terminal);
     ServerSignIn signIn{.name = request.signIn};
     if (!signIn.name.empty())
         signIn.password =

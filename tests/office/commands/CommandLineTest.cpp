@@ -42,7 +42,7 @@ TEST(OfficeCommandLine, DriverIsRegisteredForTheSystemOrTheUser) {
     EXPECT_EQ(Read({"--register-driver", "all"}).fault,
               "A driver is registered for the \"system\" or for the \"user\".");
     EXPECT_EQ(Read({"--register-driver", "user", "--yes"}).fault,
-              "--yes belongs to --import and --restore.");
+              "--yes belongs to --import, --restore and --move-to-server.");
 }
 
 TEST(OfficeCommandLine, BackupNamesAFolderAndANumberOrNeither) {
@@ -63,6 +63,23 @@ TEST(OfficeCommandLine, RestoreNamesItsFile) {
     EXPECT_EQ(request.act, Request::Act::Restore);
     EXPECT_EQ(request.file, "/mnt/usb/Account1.db");
     EXPECT_TRUE(request.isConfirmed);
+}
+
+TEST(OfficeCommandLine, MoveNamesItsServer) {
+    const Request request =
+        Read({"--move-to-server", "mill-sql", "--user", "gate", "--database", "Account1", "--port",
+              "1434", "--options", "Encryption=require", "--sign-in", "sa", "--yes"});
+    EXPECT_EQ(request.fault, "");
+    EXPECT_EQ(request.act, Request::Act::Move);
+    EXPECT_EQ(request.move.server, "mill-sql");
+    EXPECT_EQ(request.move.user, "gate");
+    EXPECT_EQ(request.move.database, "Account1");
+    EXPECT_EQ(request.move.port, "1434");
+    EXPECT_EQ(request.move.options, "Encryption=require");
+    EXPECT_EQ(request.signIn, "sa");
+    EXPECT_TRUE(request.isConfirmed);
+    EXPECT_EQ(Read({"--backup", "--port", "1"}).fault, "--port belongs to --move-to-server.");
+    EXPECT_EQ(Read({"--move-to-server", "a", "--csv", "x"}).fault, "--csv belongs to --day-book.");
 }
 
 TEST(OfficeCommandLine, HelpAndVersionNeedNothingElse) {
@@ -89,7 +106,7 @@ TEST(OfficeCommandLine, WrongArgumentsAreToldApart) {
     EXPECT_EQ(Read({"--add-user", "a", "--level", "x"}).fault,
               "The option --level needs a number.");
     EXPECT_EQ(Read({"--export", "parties", "a", "--yes"}).fault,
-              "--yes belongs to --import and --restore.");
+              "--yes belongs to --import, --restore and --move-to-server.");
     EXPECT_EQ(Read({"--reset-password", "a", "--level", "1"}).fault,
               "--level belongs to --add-user.");
     EXPECT_EQ(Read({"--add-user", "a", "--reset-password", "b"}).fault,

@@ -1,0 +1,231 @@
+#include "office/move/Move.h"
+
+#include "office/backup/BackupFiles.h"
+#include "office/backup/Contents.h"
+#include "office/backup/HeldDatabase.h"
+#include "office/backup/WorkLock.h"
+#include "office/move/MoveRows.h"
+#include "platform/ado/AdoFailure.h"
+#include "platform/forms/core/Text.h"
+#include "platform/host/Files.h"
+#include "platform/host/PrivateFile.h"
+#include "platform/host/WholeFile.h"
+#include "platform/runtime/Failure.h"
+#include "platform/runtime/LongWork.h"
+#include "platform/runtime/Numbers.h"
+#include "setup/EmbeddedSchema.h"
+#include "setup/SchemaUpgrade.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSysInfo>
+
+#include <filesystem>
+
+namespace Quillane::Office {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path PathOf(const std::string& utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+/// The file of the held database, in the state that this program works with.
+EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
+    EmbeddedFile* file = held.File();
+    if (!file || !HoldsStationTables(*file))
+        FailDatabase("The file " + path + " is missing or is not the database of a station.");
+    const double version = ToDouble(file->FirstText("SELECT SchemaVersion FROM StationSchema"));
+    if (version != SchemaVersionOfProgram())
+        FailDatabase("The database has the schema number " + NumberText(version) +
+                     ", this program needs " + NumberText(SchemaVersionOfProgram()) +
+                     ". An older database is upgraded by a start of the station; for a newer one "
+                     "please install the newer program.");
+    return *file;
+}
+
+[[noreturn]] void FailOnSecondFile(const QFile& file) {
+    throw Failure(FailureNumber::PathAccess,
+                  "The database cannot be copied next to itself: " + FromQt(file.errorString()) +
+                      " (" + FromQt(file.fileName()) +
+                      "). Please check the rights in the folder and the space on its disk.");
+}
+
+/// The same database in another file. In the end it takes the place of the file, so that a station
+/// that was waiting for the file's lock all the time cannot go on with it: the file that it has
+/// opened is no longer there.
+class SecondFile {
+public:
+    /// `reader` is left open: closing it would end this process's lock of the database.
+    SecondFile(QFile& reader, LongWork& work)
+        : path_(FromQt(reader.fileName()) + ".move"), aside_(path_ + "d") {
+        Remove();
+        try {
+            MakePrivateFile(path_);
+            CopyFrom(reader, work);
+            BringToDisk(path_);
+            TakeRightsOf(FromQt(reader.fileName()), path_);
+        } catch (...) {
+            Remove();
+            throw;
+        }
+    }
+    ~SecondFile() { Remove(); }
+    SecondFile(const SecondFile&) = delete;
+    SecondFile& operator=(const SecondFile&) = delete;
+
+    void PutInPlace(HeldDatabase& held) { held.ReplaceBy(path_, aside_); }
+
+private:
+    void CopyFrom(QFile& reader, LongWork& work) const {
+        constexpr qint64 bytesInOneStep = 1'048'576;
+        QFile target(ToQt(path_));
+        if (!reader.open(QIODevice::ReadOnly))
+            FailOnSecondFile(reader);
+        if (!target.open(QIODevice::WriteOnly))
+            FailOnSecondFile(target);
+        work.Begin("Copying the file of the database",
+                   static_cast<int>(reader.size() / bytesInOneStep) + 1);
+        for (int step = 0; !reader.atEnd(); ++step) {
+            const QByteArray bytes = reader.read(bytesInOneStep);
+            if (reader.error() != QFileDevice::NoError)
+                FailOnSecondFile(reader);
+            if (target.write(bytes) != bytes.size() || !target.flush())
+                FailOnSecondFile(target);
+            if (!work.Advance(step))
+                throw BrokenOff();
+        }
+    }
+    void Remove() const {
+        for (const std::string& path : {path_, aside_})
+            QFile::remove(ToQt(path));
+    }
+
+    std::string path_;
+    std::string aside_; ///< a name that the replaced file has for a moment
+};
+
+/// What the unfinished move of this database is known by.
+std::string MarkOf(const std::string& database) {
+    constexpr std::size_t mostBytes = 1000;
+    std::string mark =
+        FromQt(QSysInfo::machineHostName() + ":" + QFileInfo(ToQt(database)).absoluteFilePath());
+    return mark.substr(mark.size() - std::min(mark.size(), mostBytes));
+}
+
+/// Keeps a copy of `Config.ini` that other users cannot read, with the owner of the file itself.
+std::string KeepConfig(const std::string& folder) {
+    const std::string config = folder + "/Config.ini";
+    const std::string base = folder + "/Config-before-move-";
+    Clock::time_point time = Clock::now();
+    while (FileExists(base + TimeInName(time) + ".ini"))
+        time += std::chrono::seconds(1);
+    const std::string kept = base + TimeInName(time) + ".ini";
+    WriteWholeFile(kept, ReadWholeFile(config), FileReaders::OwnerAndGroup);
+    TakeRightsOf(config, kept);
+    fs::permissions(PathOf(kept), fs::perms::others_all, fs::perm_options::remove);
+    return kept;
+}
+
+class MoveOfStation {
+public:
+    MoveOfStation(std::string folder, std::string database, LongWork& work)
+        : folder_(std::move(folder)), database_(std::move(database)), work_(work), lock_(database_),
+          reader_(ToQt(database_)), held_(database_), file_(UsableFile(held_, database_)),
+          source_(file_) {}
+
+    MovedStation Run(const std::function<MoveServer(LongWork&)>& connect) {
+        work_.Begin("Connecting to the server");
+        MoveServer server = connect(work_);
+        TargetDatabase target(*server.connection, server.dialect);
+        SecondFile second(reader_, work_);
+        FillTarget(server, target);
+        server.makeReady(work_);
+        if (work_.IsBrokenOff())
+            throw BrokenOff();
+        target.EndMove();
+        MovedStation moved = Described();
+        moved.configKept = PointStation(server);
+        ReplaceFile(second, moved);
+        return moved;
+    }
+
+private:
+    void FillTarget(const MoveServer& server, TargetDatabase& target) {
+        const std::string mark = MarkOf(database_);
+        const TargetState state = LookAtTarget(source_, target, mark, server.filledBySchema, work_);
+        if (state == TargetState::Complete)
+            return;
+        if (state == TargetState::Free)
+            target.BeginMove(mark);
+        server.makeSchema(work_);
+        CheckTables(source_, target);
+        const Digests digests = CopyRows(source_, target, work_);
+        CompareRows(source_, digests, target, work_);
+    }
+
+    MovedStation Described() const {
+        MovedStation moved{.database = database_, .configKept = {}};
+        moved.tables = source_.Tables().size();
+        for (const SourceTable& table : source_.Tables())
+            moved.rows += table.rows;
+        return moved;
+    }
+
+    std::string PointStation(const MoveServer& server) const {
+        const std::string kept = KeepConfig(folder_);
+        try {
+            server.pointStation();
+        } catch (const Failure&) {
+            QFile::remove(ToQt(kept));
+            throw;
+        }
+        // Whoever runs this may not be who runs the station.
+        TakeRightsOf(kept, folder_ + "/Config.ini");
+        return kept;
+    }
+
+    // The station works on the server from here on: nothing is a failure any more.
+    void ReplaceFile(SecondFile& second, MovedStation& moved) {
+        try {
+            second.PutInPlace(held_);
+        } catch (const Failure& failure) {
+            moved.notes.push_back("A station that was starting during the move may work on the old "
+                                  "database still. Please close every station, and start it again. "
+                                  "(" +
+                                  failure.Description() + ")");
+        }
+    }
+
+    std::string folder_;
+    std::string database_;
+    LongWork& work_;
+    WorkLock lock_;
+    QFile reader_; ///< of the held file, and so closed after that is given up
+    HeldDatabase held_;
+    EmbeddedFile& file_;
+    SourceDatabase source_;
+};
+
+} // namespace
+
+std::optional<MovedStation> Move(const std::string& stationFolder, const std::string& database,
+                                 const std::function<MoveServer(LongWork& work)>& connect,
+                                 LongWork& work) {
+    try {
+        return MoveOfStation(stationFolder, database, work).Run(connect);
+    } catch (const BrokenOff&) {
+        return std::nullopt;
+    } catch (const MoveRefused&) {
+        throw;
+    } catch (const Failure& failure) {
+        throw Failure(failure.Number(),
+                      "The move has not been finished. " + failure.Description() +
+                          "\nThe station works on its database on this computer as before.",
+                      failure.Source());
+    }
+}
+
+} // namespace Quillane::Office
