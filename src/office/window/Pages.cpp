@@ -4,6 +4,7 @@
 #include "office/window/CompanyPage.h"
 #include "office/window/DayBookPage.h"
 #include "office/window/ListsPage.h"
+#include "office/window/MovePage.h"
 #include "office/window/StationPage.h"
 #include "office/window/UsersPage.h"
 
@@ -22,6 +23,7 @@ constexpr std::array pages{
     PageEntry{"Lists", false, Make<ListsPage>},     PageEntry{"Users", false, Make<UsersPage>},
     PageEntry{"Company", false, Make<CompanyPage>}, PageEntry{"Station", false, Make<StationPage>},
     PageEntry{"Backup", false, Make<BackupPage>},   PageEntry{"Day book", true, Make<DayBookPage>},
+    PageEntry{"Move", false, Make<MovePage>},
 };
 
 } // namespace

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "office/move/MoveToServer.h"
+#include "office/window/OfficeSession.h"
+#include "office/window/PageLook.h"
+
+#include <QPushButton>
+#include <QWidget>
+
+#include <optional>
+
+namespace Quillane::Office {
+
+/// Moves the embedded database of the station to a SQL Server. The office gives its own connection
+/// up for that, opens it again where the station has not been moved, and closes its window where it
+/// has.
+class MovePage : public QWidget {
+public:
+    explicit MovePage(OfficeSession& session);
+
+    QString Place() const { return place_->text(); }
+    /// As the dialog does where the server works.
+    void Choose(const SqlServerPlace& place, const OwnerSignIn& owner);
+
+private:
+    void LayOut();
+    void ChooseServer();
+    void MoveNow();
+    std::optional<MovedStation> RunMove();
+    void OpenAgain();
+    QString Unsaved() const;
+    bool MayBegin();
+
+    OfficeSession& session_;
+    MoveOrder order_;
+    bool isChosen_ = false;
+    QLabel* place_ = Note("No server is chosen yet.");
+    QPushButton* move_ = nullptr; ///< null where the database is on a server
+};
+
+} // namespace Quillane::Office
