@@ -97,8 +97,7 @@ class RawCopy {
 public:
     RawCopy(const std::string& connectionString, std::string prefix)
         : environment_(OdbcEnvironment()),
-          connection_(
-              ConnectByOdbc(environment_, class ConnectionString(connectionString), SignIn{})),
+          connection_(ConnectByOdbc(environment_, ConnectionString(connectionString), SignIn{})),
           prefix_(std::move(prefix)) {}
 
     void Run(EmbeddedFile& file, const std::vector<SourceTable>& tables, bool hasIdentities) {
