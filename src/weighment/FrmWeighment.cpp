@@ -39,6 +39,7 @@ void FrmWeighment::WireBoxes() {
     for (TextBox* box : NumberBoxes())
         box->Admits = [box](std::string_view text) { return AllowNumericText(text, *box); };
     Timer.Tick = [this] { ReadLiveWeight(); };
+    hints_.Source = [this] { return HintLines(); };
 }
 
 void FrmWeighment::WireButtonsAndLists() {

@@ -4,6 +4,7 @@
 #include "platform/comm/MSComm.h"
 #include "platform/forms/controls/Buttons.h"
 #include "platform/forms/controls/DTPicker.h"
+#include "platform/forms/controls/HintPanel.h"
 #include "platform/forms/controls/TDBCombo.h"
 #include "platform/forms/controls/TextBox.h"
 #include "platform/forms/core/Screen.h"
@@ -12,6 +13,7 @@
 #include "platform/runtime/RowArray.h"
 #include "scale/PortSession.h"
 #include "slip/RptReportViewer.h"
+#include "weighment/Hints.h"
 
 #include <array>
 #include <cstdint>
@@ -131,6 +133,9 @@ public:
     void BtnClose_Click();
     void CboSellerType_RowChange();
 
+    /// What the panel in the lower right says now (FrmWeighmentHints.cpp).
+    Hints CurrentHints() const;
+
 protected:
     void Form_Load() override;
     void Form_Unload(bool& cancel) override;
@@ -164,6 +169,14 @@ private:
     void HandleShortcut(int& key, int shift);
     void SearchParty(int& key);
     std::array<TextBox*, 6> NumberBoxes();
+
+    // FrmWeighmentHints.cpp
+    void RememberKey(int key, int shift);
+    void RememberBox(const TextBox& box);
+    HintState StateForHints() const;
+    std::vector<HintPanel::Line> HintLines() const;
+    void AddBagLines(HintState& state) const;
+    std::string TextOf(const VisualControl* control) const;
 
     // FrmWeighmentModes.cpp
     void EnterChangeMode();
@@ -202,6 +215,10 @@ private:
     void ShowBagLine(const Recordset& rows, int line);
 
     bool blanking_ = false; ///< `BlankControls` is running
+    PressedKey pressedKey_;
+    std::int32_t proposedNo_ = 0; ///< the id that was last taken for a new load
+    std::string savedId_;         ///< of the load saved last
+    HintPanel hints_;
     PortSession session_{*this, CM, Timer, TxtWeight, PortSettingsRows};
     Recordset headerRows_;
     Recordset oldBodyRows_;

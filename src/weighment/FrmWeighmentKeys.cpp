@@ -44,6 +44,7 @@ std::array<TextBox*, 6> FrmWeighment::NumberBoxes() {
 }
 
 void FrmWeighment::Form_KeyDown(int& key, int shift) {
+    RememberKey(key, shift);
     try {
         HandleKeyDown(key, shift);
     } catch (const Failure&) {
@@ -100,6 +101,8 @@ void FrmWeighment::SearchParty(int& key) {
 void FrmWeighment::Form_KeyPress(int& character) {
     if (character == Key::Return)
         return;
+    if (character != Key::Back)
+        pressedKey_.character = static_cast<char32_t>(character);
     for (const TextBox* box : NumberBoxes())
         if (box == ActiveControl())
             AllowNumericKey(character, *box, false);

@@ -297,7 +297,7 @@ QLayout* FrmWeighment::WeightFields() {
     // What the frame holds is never shown, so it takes no room.
     FrminVisible.Widget().setMaximumHeight(0);
     column->addWidget(&FrminVisible.Widget());
-    column->addStretch(1);
+    column->addWidget(&hints_, 1);
     return column;
 }
 

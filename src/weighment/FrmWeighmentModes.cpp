@@ -131,6 +131,7 @@ void FrmWeighment::NewWeighment() {
         SetButtonState(1);
         ArrivalNo =
             Con->Execute("Select IsNull(Max(ArrivalID),0)+1 From Arrivals").Fields(0).Long();
+        proposedNo_ = ArrivalNo;
         TxtArrivalId.SetText(std::to_string(ArrivalNo));
         DtpArrivalDate.SetValue(Today());
         DoEvents();

@@ -148,6 +148,7 @@ void FrmWeighment::FinishSave() {
     if (MsgBox({"Do you want to print?", "Confirmation", BoxIcon::Question, BoxButtons::YesNo,
                 BoxAnswer::No}) == BoxAnswer::Yes)
         BtnPrint_Click();
+    savedId_ = TxtArrivalId.Text();
     NewWeighment();
     if (DtpArrivalDate.Enabled())
         DtpArrivalDate.SetFocus();

@@ -125,6 +125,7 @@ void FrmWeighment::TakeNewId() {
     const Recordset rows = Con->Execute("Select IsNull(Max(ArrivalID),0)+1 From Arrivals");
     TxtArrivalId.SetText(rows.Fields(0).Text());
     ArrivalNo = ToLong(Val(TxtArrivalId.Text()));
+    proposedNo_ = ArrivalNo;
     if (TxtArrivalId.Enabled() && TxtArrivalId.Visible())
         TxtArrivalId.SetFocus();
 }

@@ -74,6 +74,14 @@ int TDBGrid::Row() const {
     return view_->Row();
 }
 
+bool TDBGrid::TakesNumbers() const {
+    return view_->Model().Column(view_->Column()).kind == CellKind::Number;
+}
+
+std::string TDBGrid::RefusedText() const {
+    return FromQt(view_->RefusedText());
+}
+
 void TDBGrid::CommitEdit() {
     view_->Commit();
 }

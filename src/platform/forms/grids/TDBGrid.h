@@ -51,6 +51,10 @@ public:
     std::string ColumnText(int column) const;
     bool IsEditing() const;
     int Row() const; ///< current row, RowCount() on the empty last line
+    /// The current cell is one for numbers.
+    bool TakesNumbers() const;
+    /// What the last edit lost, since the list of its cell does not hold it; empty otherwise.
+    std::string RefusedText() const;
 
     std::function<void()> AfterColUpdate; ///< a cell's new text stands in the array
     /// The operator has changed the array's rows: a committed cell, an added or a deleted line.

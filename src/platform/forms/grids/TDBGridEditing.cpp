@@ -42,6 +42,7 @@ void TDBGrid::View::BeginEdit(Begun begun, const QString& text) {
     if (!currentIndex().isValid())
         return;
     editing_ = true;
+    refused_.clear();
     begun_ = begun;
     const bool number = CurrentColumn().kind == CellKind::Number;
     editor_.setText(text);
@@ -110,6 +111,7 @@ void TDBGrid::View::Commit() {
     if (!editing_)
         return;
     const auto stored = TextToStore();
+    refused_ = stored ? QString() : editor_.text();
     EndEdit();
     const int row = Row();
     const int column = Column();

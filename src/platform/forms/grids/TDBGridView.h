@@ -37,6 +37,7 @@ public:
     void BeginEdit(Begun begun, const QString& text);
     void Commit();
     void GiveUp();
+    const QString& RefusedText() const { return refused_; }
 
     DropDownList& List() { return list_; }
     void ToggleList();
@@ -82,6 +83,7 @@ private:
     DropDownList list_;
     bool editing_ = false;
     Begun begun_ = Begun::ByTyping;
+    QString refused_; ///< what the last edit lost: its list does not hold it
     int selectedLine_ = -1;
 };
 

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace Quillane {
+
+/// Advice on a screen, painted where the layout leaves space. It is no control of the screen: it has
+/// no place in the control order or the tab order, takes no focus, no key and no press, and asks the
+/// layout for nothing. Lines that do not fit are left out, the last ones first.
+///
+/// `Source` is asked each time the program has handled what was waiting for it, so it must be quick
+/// and must change nothing. It must not fail.
+class HintPanel : public QWidget {
+public:
+    enum class Kind {
+        Answer, ///< why the last key did nothing: bold, and announced to a screen reader
+        Note,   ///< something unusual: bold
+        Plain,
+        Keys
+    };
+    struct Line {
+        Kind kind = Kind::Plain;
+        std::string text;
+        bool operator==(const Line&) const = default;
+    };
+
+    HintPanel();
+
+    std::function<std::vector<Line>()> Source;
+    /// Runs when another answer than before is shown.
+    std::function<void()> Answered;
+
+    /// Takes what the source says now.
+    void Refresh();
+    const std::vector<Line>& Lines() const { return lines_; }
+    /// The answer among the lines, or the empty text.
+    std::string Answer() const;
+
+    QSize sizeHint() const override { return {0, 0}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::vector<Line> lines_;
+};
+
+} // namespace Quillane
