@@ -87,6 +87,11 @@ ReportObject Growing(ReportObject object) {
     return object;
 }
 
+ReportObject ShownAtOpening(ReportObject object) {
+    object.ShowAtOpening = true;
+    return object;
+}
+
 ReportObject Coloured(ReportObject object, int textColour) {
     object.TextColor = textColour;
     return object;

@@ -36,6 +36,8 @@ ReportObject Sized(ReportObject object, int points);
 ReportObject Bold(ReportObject object);
 ReportObject Aligned(ReportObject object, ReportAlignment alignment);
 ReportObject Growing(ReportObject object);
+/// In view when the preview opens.
+ReportObject ShownAtOpening(ReportObject object);
 ReportObject Coloured(ReportObject object, int textColour);
 ReportObject Suppressed(ReportObject object, std::function<bool(const ReportContext&)> condition);
 /// Of a table: with a border, and a fill unless it is -1.

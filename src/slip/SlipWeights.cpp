@@ -98,11 +98,12 @@ void AddResult(Objects& objects, int top) {
     objects.push_back(Box({middle, top, PageWidth - middle, boxHeight}, HeadGreen));
     int rowTop = top + 200;
     add(Text(place(140, rowTop, 1900), "Net Weight"), 12);
-    add(Aligned(Formula(place(1900, rowTop, 2680), "Net", NetOf), Right), 18);
+    add(ShownAtOpening(Aligned(Formula(place(1900, rowTop, 2680), "Net", NetOf), Right)), 18);
     objects.push_back(Coloured(Text(place(4660, rowTop, 400), "kg"), CaptionGrey));
     rowTop += 600;
     add(Text(place(140, rowTop, 1900), "Mounds - Kgs"), 12);
-    add(Aligned(Parameter(place(1900, rowTop, 2680), SlipParameter::Mounds), Right), 14);
+    add(ShownAtOpening(Aligned(Parameter(place(1900, rowTop, 2680), SlipParameter::Mounds), Right)),
+        14);
 }
 
 std::string ScaleDeductionNote(const ReportContext& context) {

@@ -61,10 +61,10 @@ std::string AnswerOfList(const HintState& state) {
 }
 
 std::string AnswerOfLockedBox(const HintState& state) {
+    if (IsOneOf(state.key.control, {"TxtInitialGrossWeight", "TxtTareWeight"}))
+        return "This weight comes from the scale: use the buttons above.";
     if (state.key.control != "TxtWeight")
-        return IsOneOf(state.key.control, {"TxtInitialGrossWeight", "TxtTareWeight"})
-                   ? "This weight comes from the scale: use the buttons above."
-                   : "This figure is computed, it cannot be typed.";
+        return "This figure is computed, it cannot be typed.";
     return state.fullRights ? "The reading comes from the scale: Manual Weight lets you type it."
                             : "The reading comes from the scale.";
 }
@@ -73,8 +73,9 @@ std::string AnswerOfCharacter(const HintState& state) {
     const PressedKey& key = state.key;
     if (key.locked)
         return AnswerOfLockedBox(state);
+    const bool inCell = key.control == "Grid";
     if (key.number && !MakesNumber(key))
-        return key.control == "Grid" ? "Only a number can be typed here." : "Whole kilograms only.";
+        return inCell ? "Only a number can be typed here." : "Whole kilograms only.";
     if (key.full && key.control == state.active && key.text == state.activeText)
         return "No more than " + std::to_string(key.limit) + " characters.";
     return {};

@@ -67,6 +67,17 @@ protected:
     RptReportViewer viewer_;
 };
 
+TEST_F(RptReportViewerTest, OpensWithNetWeightAndMoundsInView) {
+    FillWithSlip();
+    std::vector<std::string> shown;
+    for (const ReportSection& section : viewer_.Report->Sections)
+        for (const ReportObject& object : section.Objects)
+            if (object.ShowAtOpening)
+                shown.push_back(object.field.name + std::to_string(object.field.parameter));
+    // Each in its size for one weighing and for two.
+    EXPECT_EQ(shown, (std::vector<std::string>{"Net0", "Net0", "5", "5"}));
+}
+
 TEST_F(RptReportViewerTest, OpensMaximizedOnThePageWidth) {
     FillWithSlip();
     bool shown = false;

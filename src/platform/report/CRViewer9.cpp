@@ -1,5 +1,6 @@
 #include "platform/report/CRViewer9.h"
 
+#include "platform/forms/core/KeyCodes.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/report/ReportPainter.h"
 #include "platform/report/ViewerDesktop.h"
@@ -28,6 +29,7 @@ public:
         if (failure_)
             std::rethrow_exception(std::exchange(failure_, nullptr));
         ShowPage(1);
+        OpenAt(openingEdge_);
     }
 
     const Report* report = nullptr;
@@ -36,19 +38,21 @@ private:
     void Paint(QPrinter& printer) {
         try {
             if (report)
-                PaintAll(printer, *report);
+                openingEdge_ = PaintAll(printer, *report);
         } catch (...) {
             failure_ = std::current_exception();
         }
     }
 
-    static void PaintAll(QPrinter& printer, const Report& shown) {
+    static double PaintAll(QPrinter& printer, const Report& shown) {
         const ReportPainter pages(shown);
         QPainter painter(&printer);
         pages.PaintPages(painter, printer, 1, pages.PageCount());
+        return pages.OpeningEdge();
     }
 
     std::exception_ptr failure_;
+    double openingEdge_ = 0;
 };
 
 CRViewer9::CRViewer9(Screen& screen, std::string name)
@@ -136,6 +140,14 @@ void CRViewer9::SetWidth(int width) {
 
 void CRViewer9::SetHeight(int height) {
     pane_->resize(Width(), height);
+}
+
+bool CRViewer9::HandleKey(int key, int shift) {
+    if (key == Key::Tab && (shift == ShiftState::None || shift == ShiftState::Shift)) {
+        pane_->MoveFocus(shift == ShiftState::None);
+        return true;
+    }
+    return key == Key::Return && shift == ShiftState::None && pane_->PressButton();
 }
 
 QWidget& CRViewer9::Widget() {

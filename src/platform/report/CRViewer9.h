@@ -15,7 +15,8 @@ namespace Quillane {
 ///
 /// Keys: Page Up and Page Down by a screenful; Ctrl with them by a page; Ctrl+Home
 /// and Ctrl+End to the first and last page; Ctrl+Plus and Ctrl+Minus zoom; Ctrl+1 page width,
-/// Ctrl+2 whole page; Ctrl+P prints, Ctrl+S saves as PDF.
+/// Ctrl+2 whole page; Ctrl+P prints, Ctrl+S saves as PDF. Tab and Shift+Tab move between the pages
+/// and the buttons; Enter and Space press a button.
 class CRViewer9 : public VisualControl {
 public:
     CRViewer9(Screen& screen, std::string name);
@@ -66,6 +67,7 @@ public:
 
     QWidget& Widget() override;
     QWidget& FocusWidget() override;
+    bool HandleKey(int key, int shift) override;
 
 private:
     class Pane;

@@ -77,10 +77,11 @@ struct ReportObject {
     ReportAlignment Alignment = ReportAlignment::Left;
     int TextColor = 0;
     bool CanGrow = false;
-    bool HasBorder = false; ///< field and text objects: a frame of BorderColor
-    int Inset = 0;          ///< field and text objects: twips between the sides and the text
-    int LineColor = 0;      ///< box and line objects; -1: none
-    int LineWidth = 10;     ///< twips
+    bool ShowAtOpening = false; ///< the preview opens with this text in view
+    bool HasBorder = false;     ///< field and text objects: a frame of BorderColor
+    int Inset = 0;              ///< field and text objects: twips between the sides and the text
+    int LineColor = 0;          ///< box and line objects; -1: none
+    int LineWidth = 10;         ///< twips
     std::function<bool(const ReportContext&)> Suppress; ///< true: not shown; empty: always shown
 };
 

@@ -5,6 +5,8 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Quillane {
 
 namespace {
@@ -64,7 +66,16 @@ void PaintObject(QPainter& painter, const PlacedObject& placed) {
 
 } // namespace
 
-ReportPainter::ReportPainter(const Report& report) : pages_(LayOutReport(report)) {}
+ReportPainter::ReportPainter(const Report& report)
+    : pages_(LayOutReport(report)), sheetHeight_(SheetOf(report).height()) {}
+
+double ReportPainter::OpeningEdge() const {
+    double edge = 0;
+    for (const PlacedObject& placed : pages_.front().objects)
+        if (placed.text && placed.object->ShowAtOpening)
+            edge = std::max(edge, placed.place.bottom());
+    return edge / sheetHeight_;
+}
 
 void ReportPainter::PaintPage(QPainter& painter, int number) const {
     if (number < 1 || number > PageCount())

@@ -19,6 +19,10 @@ public:
 
     int PageCount() const { return static_cast<int>(pages_.size()); }
 
+    /// The lower edge of what the preview shows at opening, as a part of the first page's height: 0
+    /// where nothing is marked so.
+    double OpeningEdge() const;
+
     /// Paints page `number`, from 1. The painter's origin is the corner of the paper; its device
     /// gives the resolution.
     void PaintPage(QPainter& painter, int number) const;
@@ -28,6 +32,7 @@ public:
 
 private:
     std::vector<ReportPage> pages_;
+    double sheetHeight_;
 };
 
 /// Gives a printer or a PDF the report's paper, upright or on its side, with no margins of the

@@ -4,6 +4,7 @@
 #include "platform/report/ViewerIcons.h"
 
 #include <QAction>
+#include <QGraphicsItem>
 #include <QGraphicsView>
 #include <QLabel>
 #include <QPrintPreviewWidget>
@@ -40,7 +41,7 @@ ViewerPane::ViewerPane(QWidget* parent)
     column->setSpacing(0);
     column->addWidget(toolbar_);
     column->addWidget(preview_, 1);
-    KeepTop();
+    KeepOpening();
     Pages().setAccessibleName(tr("Pages of the report"));
     connect(preview_, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* printer) { PaintRequested(*printer); });
@@ -61,7 +62,7 @@ QAction& ViewerPane::AddAction(const QString& text, const QString& hint, const Q
     action->setToolTip(shown.isEmpty() ? hint : QStringLiteral("%1 (%2)").arg(hint, shown));
     connect(action, &QAction::triggered, this, [triggered] { RunEvent(triggered); });
     auto* button = static_cast<QToolButton*>(toolbar_->widgetForAction(action));
-    button->setFocusPolicy(Qt::NoFocus);
+    button->setFocusPolicy(Qt::TabFocus);
     if (text.isEmpty())
         button->setToolButtonStyle(Qt::ToolButtonIconOnly);
     button->setAccessibleName(hint);
@@ -126,7 +127,8 @@ void ViewerPane::ScrollByScreen(int direction) {
     if (preview_->zoomMode() == QPrintPreviewWidget::FitInView)
         return ShowPage(preview_->currentPage() + direction);
     Scroll().setValue(Scroll().value() + direction * Scroll().pageStep());
-    atTop_ = Scroll().value() == Scroll().minimum();
+    openingPart_ = 0;
+    atOpening_ = Scroll().value() == Scroll().minimum();
 }
 
 QScrollBar& ViewerPane::Scroll() const {
@@ -135,21 +137,62 @@ QScrollBar& ViewerPane::Scroll() const {
 
 /// Fitting the pages to another size keeps their middle in place, and so would open the preview
 /// somewhere below the first page's top.
-void ViewerPane::KeepTop() {
-    connect(&Scroll(), &QScrollBar::actionTriggered, this, [this] { atTop_ = false; });
-    const auto toTop = [this] {
-        if (atTop_)
-            Scroll().setValue(Scroll().minimum());
+void ViewerPane::KeepOpening() {
+    connect(&Scroll(), &QScrollBar::actionTriggered, this, [this] { atOpening_ = false; });
+    const auto scroll = [this] {
+        if (atOpening_)
+            Scroll().setValue(OpeningScroll());
     };
-    connect(&Scroll(), &QScrollBar::rangeChanged, this, toTop, Qt::QueuedConnection);
+    connect(&Scroll(), &QScrollBar::rangeChanged, this, scroll, Qt::QueuedConnection);
+}
+
+/// A page is an item of the view with its corner at 0,0 and the same border on each side.
+int ViewerPane::OpeningScroll() const {
+    const auto& view = static_cast<QGraphicsView&>(Pages());
+    const QList<QGraphicsItem*> pages = view.items();
+    if (openingPart_ == 0 || pages.isEmpty())
+        return Scroll().minimum();
+    const auto* first = *std::min_element(pages.begin(), pages.end(), [](auto* one, auto* other) {
+        return one->scenePos().y() < other->scenePos().y();
+    });
+    const QRectF around = first->boundingRect();
+    const double border = -around.top();
+    const double edge = openingPart_ * (around.height() - 2 * border) + border / 4;
+    const int below = view.mapFromScene(first->mapToScene(0, edge)).y() - view.viewport()->height();
+    return std::max(Scroll().minimum(), Scroll().value() + below);
+}
+
+void ViewerPane::OpenAt(double part) {
+    openingPart_ = part;
+    atOpening_ = true;
+    Scroll().setValue(OpeningScroll());
 }
 
 void ViewerPane::ShowPage(int number) {
     preview_->setCurrentPage(std::clamp(number, 1, std::max(1, preview_->pageCount())));
-    atTop_ = preview_->currentPage() == 1;
-    if (atTop_)
+    openingPart_ = 0;
+    atOpening_ = preview_->currentPage() == 1;
+    if (atOpening_)
         Scroll().setValue(Scroll().minimum());
     Refresh();
+}
+
+void ViewerPane::MoveFocus(bool forward) {
+    QList<QWidget*> order{&Pages()};
+    for (auto* button : toolbar_->findChildren<QToolButton*>())
+        if (button->isVisible() && button->isEnabled() && button->focusPolicy() != Qt::NoFocus)
+            order.append(button);
+    const auto count = order.size();
+    const auto here = std::max(order.indexOf(window()->focusWidget()), qsizetype{0});
+    order[(here + (forward ? 1 : count - 1)) % count]->setFocus(Qt::TabFocusReason);
+}
+
+bool ViewerPane::PressButton() {
+    auto* button = qobject_cast<QToolButton*>(window()->focusWidget());
+    if (!button)
+        return false;
+    button->click();
+    return true;
 }
 
 void ViewerPane::ZoomTo(int percent) {

@@ -30,6 +30,13 @@ public:
     QWidget& Pages() const;
 
     void ShowPage(int number);
+    /// Scrolls down as far as the window is too low to show the first page as far as this part of
+    /// its height, and keeps it so until somebody scrolls or turns to a page.
+    void OpenAt(double part);
+    /// From the pages to the first button, from there to the next one, and round.
+    void MoveFocus(bool forward);
+    /// Presses the button that has the focus; false where none has it.
+    bool PressButton();
     void ZoomTo(int percent);
     void FitWidth();
     void FitPage();
@@ -44,14 +51,16 @@ private:
     void AddScrolling(const QKeySequence& key, int direction);
     void ScrollByScreen(int direction);
     QScrollBar& Scroll() const;
-    void KeepTop();
+    void KeepOpening();
+    int OpeningScroll() const;
     void ZoomByStep(int direction);
     void Refresh();
 
     QPrinter printer_;
     QPrintPreviewWidget* preview_;
     QToolBar* toolbar_;
-    bool atTop_ = true;       ///< nobody has scrolled away from the first page's top
+    bool atOpening_ = true;   ///< nobody has scrolled away from what was shown first
+    double openingPart_ = 0;  ///< of the first page's height, which is shown first
     QLabel* place_ = nullptr; ///< "Page 1 of 2"
     QAction* first_ = nullptr;
     QAction* previous_ = nullptr;

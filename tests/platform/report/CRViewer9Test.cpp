@@ -216,6 +216,87 @@ TEST_F(CRViewer9Test, NamesEveryButtonAndItsKey) {
     EXPECT_FALSE(screen_.Viewer.FocusWidget().accessibleName().isEmpty());
 }
 
+/// The lines of a picture that hold red, from the first to the last.
+std::vector<int> RedLines(const QImage& picture) {
+    std::vector<int> lines;
+    for (int y = 0; y < picture.height(); ++y)
+        if (picture.pixelColor(picture.width() / 2, y) == QColor(Qt::red))
+            lines.push_back(y);
+    return lines;
+}
+
+/// A page with one text on red, some way down.
+std::unique_ptr<Report> RedTextAt(int top, bool shownAtOpening) {
+    ReportObject text;
+    text.Top = top;
+    text.Width = 11906 - 1440;
+    text.Height = 600;
+    text.BackColor = 0x0000FF;
+    text.text = "8203";
+    text.ShowAtOpening = shownAtOpening;
+    auto report = std::make_unique<Report>(0);
+    report->Sections = {{"Page", 12000, {text}, ReportSectionKind::ReportHeader}};
+    return report;
+}
+
+TEST_F(CRViewer9Test, OpensWithTheMarkedTextInViewOnALowDisplay) {
+    const auto seen = [this] {
+        const auto& view = *Preview().findChild<QGraphicsView*>();
+        const QImage picture = view.viewport()->grab().toImage();
+        const std::vector<int> lines = RedLines(picture);
+        return lines.size() > 30 && lines.back() < picture.height() - 1;
+    };
+    for (const bool shownAtOpening : {true, false}) {
+        const auto report = RedTextAt(8000, shownAtOpening);
+        screen_.resize(1280, 690);
+        screen_.Viewer.SetReportSource(*report);
+        screen_.Viewer.ViewReport();
+        screen_.Viewer.Zoom(1);
+        screen_.Show();
+        if (shownAtOpening)
+            EXPECT_TRUE(Testing::WaitFor(seen));
+        else
+            EXPECT_TRUE(Testing::WaitFor([&] { return !seen(); }))
+                << "without the mark, at the top";
+        screen_.Unload();
+        screen_.Viewer.ClearReportSource();
+    }
+}
+
+TEST_F(CRViewer9Test, StaysAtTheTopWhereTheMarkedTextIsInViewThere) {
+    const auto report = RedTextAt(1000, true);
+    screen_.resize(1280, 690);
+    screen_.Viewer.SetReportSource(*report);
+    screen_.Viewer.ViewReport();
+    screen_.Viewer.Zoom(1);
+    screen_.Show();
+    EXPECT_TRUE(Testing::WaitFor([&] { return Scroll().maximum() > Scroll().minimum(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Scroll().value(), Scroll().minimum());
+}
+
+TEST_F(CRViewer9Test, MovesByTabFromButtonToButtonAndPressesThem) {
+    View(25);
+    ScreenDriver driver(screen_);
+    screen_.Viewer.SetFocus();
+    const auto focused = [this] { return screen_.focusWidget()->accessibleName().toStdString(); };
+    std::vector<std::string> order;
+    do {
+        driver.Press(Qt::Key_Tab);
+        order.push_back(focused());
+    } while (order.size() < 20 && screen_.focusWidget() != &screen_.Viewer.FocusWidget());
+    EXPECT_EQ(order, (std::vector<std::string>{"Next page", "Last page", "Zoom out", "Zoom in",
+                                               "Fit to page width", "Show the whole page", "Print",
+                                               "Save as PDF", "Close the preview (Esc)",
+                                               "Report preview"}));
+    driver.Press(Qt::Key_Tab).Press(Qt::Key_Return);
+    EXPECT_EQ(screen_.Viewer.CurrentPage(), 2);
+    driver.Press(Qt::Key_Space);
+    EXPECT_EQ(screen_.Viewer.CurrentPage(), 3);
+    driver.Press(Qt::SHIFT | Qt::Key_Tab);
+    EXPECT_EQ(screen_.ActiveControl(), &screen_.Viewer);
+}
+
 TEST_F(CRViewer9Test, AsksToBeClosed) {
     int asked = 0;
     Button("Close the preview (Esc)").click();
