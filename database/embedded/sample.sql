@@ -1,5 +1,5 @@
--- Rows to try the station with. Every name is invented. Dates count back from the day of set-up,
--- so that the arrivals lie within what the search shows at first.
+-- Sample rows. All names are invented. Dates are counted back from the day of set-up, so that the
+-- search shows the arrivals at first.
 
 INSERT INTO Cities (CityId, CityName) VALUES
     (1, 'Lahore'), (2, 'Faisalabad'), (3, 'Okara'), (4, 'Sahiwal'), (5, 'Multan'),
@@ -188,7 +188,7 @@ UPDATE Arrivals
         CenterId = 1, PermitNo = 'P-2207'
     WHERE ArrivalID = 1036;
 
--- A purchase rests on one arrival, a laboratory report on another.
+-- A purchase refers to one arrival, a laboratory report to another.
 INSERT INTO PurchaseBody (PurchaseId, ArrivalId, Quantity, Rate) VALUES (77, 1035, 6143, 97.5);
 INSERT INTO LaboratoryReports (SampleArrivalNo, Moisture, Gluten, Remarks) VALUES
     (1037, 11.4, 27.5, 'Sound, dry');

@@ -80,10 +80,9 @@ CREATE INDEX ArrivalsByCommodity ON Arrivals (CommodityId);
 CREATE INDEX ArrivalsByCenter ON Arrivals (CenterId);
 CREATE INDEX ArrivalsByContract ON Arrivals (ContractId);
 
--- LineId gives each line a key to be deleted by; the station never writes it. A number is never
--- given out again: a station deletes by the numbers it has read, and another one may have saved
--- since. The bag class and type may be 0, which stands for a name on no list, so nothing ties them
--- to their tables.
+-- A line is deleted by its LineId, which the station never writes. A number is never used again: a
+-- station deletes the numbers that it has read, and another one may have saved since. Bag class and
+-- type have no foreign keys: they are 0 for a name on no list.
 CREATE TABLE ArrivalsBody (
     LineId         INTEGER NOT NULL PRIMARY KEY AUTOINCREMENT,
     ArrivalId      INTEGER NOT NULL REFERENCES Arrivals (ArrivalID),
@@ -105,7 +104,7 @@ CREATE TABLE ArrivalsBody (
 CREATE INDEX ArrivalsBodyByArrival ON ArrivalsBody (ArrivalId);
 CREATE INDEX ArrivalsBodyByCommodity ON ArrivalsBody (CommodityId);
 
--- What rests on an arrival elsewhere: the books' purchases, and the laboratory's reports.
+-- Tables of other programs that refer to arrivals: the books' purchases, and laboratory reports.
 CREATE TABLE PurchaseBody (
     PurchaseLineId INTEGER NOT NULL PRIMARY KEY,
     PurchaseId     INTEGER NOT NULL,

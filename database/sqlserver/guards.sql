@@ -5,9 +5,9 @@
 -- - no station sets IsPosted.
 -- They act on members of the role StationOperator only. Run this after roles.sql. It may be run twice.
 --
--- The set-up runs it where it has created both tables. On tables of the site's own, their owner
--- decides: once a table has a trigger, SQL Server refuses statements of any program that change it
--- with OUTPUT and without INTO.
+-- The set-up runs it if it has created both tables. On tables of the site their owner decides: if a
+-- table has a trigger, SQL Server refuses statements of any program that change the table with OUTPUT
+-- and without INTO.
 
 IF OBJECT_ID(N'dbo.StationGuardOfArrivals') IS NULL
     EXEC (N'CREATE TRIGGER dbo.StationGuardOfArrivals ON dbo.Arrivals AFTER INSERT, UPDATE, DELETE AS

@@ -1,10 +1,10 @@
 -- Two roles: StationOperator may do what the statements of the station do, and nothing else;
--- StationReader may read weighments and the names beside them. Run this after schema.sql, and again
+-- StationReader may read weighments and the names in them. Run this after schema.sql, and again
 -- whenever a new table refers to Arrivals. Running it twice changes nothing. Nobody is made a
 -- member here.
 --
--- The station joins its statements from texts, so this role protects the rest of the database from a
--- pasted text. The statements name tables without a schema. The schema Station, the default schema of
+-- The station builds its statements from typed texts, so this role protects the rest of the database
+-- from a pasted text. The statements name tables without a schema. The schema Station, the default schema of
 -- each station's user, holds a view for each table, with the same name and the rows and columns that
 -- the station needs. The role cannot write the tables themselves, and reads of them only what the two
 -- functions read. Grant nothing here that no statement needs.
@@ -21,6 +21,16 @@ IF SCHEMA_ID(N'Station') IS NULL
     EXEC (N'CREATE SCHEMA Station AUTHORIZATION dbo');
 GO
 
+-- ---- statements to run ----
+-- Statements that depend on the tables of the database are collected here and run in this order.
+
+DROP TABLE IF EXISTS #Statements;
+CREATE TABLE #Statements (
+    Number    int IDENTITY NOT NULL PRIMARY KEY,
+    Statement nvarchar(max) NOT NULL
+);
+GO
+
 -- ---- the views ----
 -- A view is created again when its text has changed. Its column names are in lower case, because some
 -- servers accept grants on the columns of a view in lower case only. Statements are not affected.
@@ -29,7 +39,7 @@ DECLARE @Shown TABLE (
     SchemaName nvarchar(128) NOT NULL,
     TableName  nvarchar(128) NOT NULL,
     ColumnName nvarchar(128) NOT NULL,
-    ShownAs    nvarchar(20) NULL -- an expression in place of the column, which nobody can write
+    ShownAs    nvarchar(20) NULL -- an expression instead of the column, so that it cannot be written
 );
 INSERT INTO @Shown (SchemaName, TableName, ColumnName) VALUES
     -- The pick lists, the searches and the slip
@@ -65,7 +75,7 @@ INSERT INTO @Shown (SchemaName, TableName, ColumnName) VALUES
     (N'dbo', N'PortSettings', N'RegistryKey'), (N'dbo', N'PortSettings', N'RegistryValue'),
     (N'dbo', N'Project_Registry', N'registrykey'), (N'dbo', N'Project_Registry', N'value'),
     (N'dbo', N'StationSchema', N'SchemaVersion');
--- The books' own figures are read and never written. A subquery keeps the type of its column.
+-- The figures of the books are read and never written. A subquery keeps the type of its column.
 INSERT INTO @Shown (SchemaName, TableName, ColumnName, ShownAs) VALUES
     (N'dbo', N'Arrivals', N'NoOfBags', N'(SELECT NoOfBags)'),
     (N'dbo', N'Arrivals', N'BagWeight', N'(SELECT BagWeight)'),
@@ -140,15 +150,58 @@ BEGIN
                THEN N' WHERE registrykey IN (N''CompanyName'', N''CompanyAddress'', '
                     + N'N''CompanyPhone'', N''CompanyEmail'') WITH CHECK OPTION'
                ELSE N'' END;
-    IF OBJECT_ID(@view) IS NOT NULL AND ISNULL(OBJECT_DEFINITION(OBJECT_ID(@view)), N'') <> @text
-        EXEC (N'DROP VIEW ' + @view);
-    IF OBJECT_ID(@view) IS NULL
-        EXEC (@text);
-    EXEC (N'GRANT SELECT ON ' + @view + N' TO StationOperator');
+    IF ISNULL(OBJECT_DEFINITION(OBJECT_ID(@view)), N'') <> @text
+    BEGIN
+        IF OBJECT_ID(@view) IS NOT NULL
+            INSERT INTO #Statements (Statement) VALUES (N'DROP VIEW ' + @view);
+        INSERT INTO #Statements (Statement) VALUES (@text);
+    END;
+    INSERT INTO #Statements (Statement)
+        VALUES (N'GRANT SELECT ON ' + @view + N' TO StationOperator');
     FETCH NEXT FROM ShownTables INTO @schema, @table;
 END;
 CLOSE ShownTables;
 DEALLOCATE ShownTables;
+GO
+
+-- ---- the keys ----
+-- sp_fkeys and sp_pkeys show the keys of a table only to those who have some right on it. REFERENCES
+-- gives no access to rows.
+
+INSERT INTO #Statements (Statement)
+    SELECT DISTINCT N'GRANT REFERENCES ON ' + QUOTENAME(S.name) + N'.' + QUOTENAME(T.name)
+            + N' TO StationOperator'
+        FROM sys.tables T
+        INNER JOIN sys.schemas S ON S.schema_id = T.schema_id
+        LEFT OUTER JOIN sys.foreign_keys K ON K.parent_object_id = T.object_id
+        WHERE K.referenced_object_id = OBJECT_ID(N'dbo.Arrivals')
+           OR T.object_id IN (OBJECT_ID(N'dbo.Arrivals'), OBJECT_ID(N'dbo.ArrivalsBody'));
+
+-- ---- the members ----
+-- Users who are members already get the default schema Station. Owners of the database keep theirs.
+
+INSERT INTO #Statements (Statement)
+    SELECT N'ALTER USER ' + QUOTENAME(M.name) + N' WITH DEFAULT_SCHEMA = Station'
+        FROM sys.database_role_members L
+        INNER JOIN sys.database_principals R ON R.principal_id = L.role_principal_id
+        INNER JOIN sys.database_principals M ON M.principal_id = L.member_principal_id
+        WHERE R.name = N'StationOperator' AND M.type IN ('S', 'U', 'G') AND M.name <> N'dbo'
+          AND ISNULL(M.default_schema_name, N'') <> N'Station'
+          AND ISNULL(IS_ROLEMEMBER(N'db_owner', M.name), 0) = 0;
+GO
+
+DECLARE @statement nvarchar(max);
+DECLARE Collected CURSOR LOCAL STATIC FOR SELECT Statement FROM #Statements ORDER BY Number;
+OPEN Collected;
+FETCH NEXT FROM Collected INTO @statement;
+WHILE @@FETCH_STATUS = 0
+BEGIN
+    EXEC (@statement);
+    FETCH NEXT FROM Collected INTO @statement;
+END;
+CLOSE Collected;
+DEALLOCATE Collected;
+DROP TABLE #Statements;
 GO
 
 -- ---- the sign-in ----
@@ -191,8 +244,8 @@ GRANT UPDATE ON Station.Project_Registry (value) TO StationOperator;
 GO
 
 -- ---- the two functions ----
--- Where a site's own function and its tables have different owners, the function reads with the rights
--- of its caller.
+-- If a function of the site and its tables have different owners, the function reads with the rights of
+-- its caller.
 
 GRANT EXECUTE ON dbo.FunGetPartyName TO StationOperator;
 GRANT EXECUTE ON dbo.FunGetCommodity TO StationOperator;
@@ -200,53 +253,6 @@ GRANT SELECT ON dbo.ChartOfAccounts (AccountNo, AccountName) TO StationOperator;
 GRANT SELECT ON dbo.Parties (PartyId, CityId) TO StationOperator;
 GRANT SELECT ON dbo.Cities (CityId, CityName) TO StationOperator;
 GRANT SELECT ON dbo.Commodities (CommodityId, CommodityName) TO StationOperator;
-GO
-
--- ---- the keys ----
--- sp_fkeys and sp_pkeys show the keys of a table only to those who have some right on it. REFERENCES
--- gives no access to rows.
-
-DECLARE @grant nvarchar(600);
-DECLARE Linked CURSOR LOCAL STATIC FOR
-    SELECT DISTINCT N'GRANT REFERENCES ON ' + QUOTENAME(S.name) + N'.' + QUOTENAME(T.name)
-            + N' TO StationOperator'
-        FROM sys.tables T
-        INNER JOIN sys.schemas S ON S.schema_id = T.schema_id
-        LEFT OUTER JOIN sys.foreign_keys K ON K.parent_object_id = T.object_id
-        WHERE K.referenced_object_id = OBJECT_ID(N'dbo.Arrivals')
-           OR T.object_id IN (OBJECT_ID(N'dbo.Arrivals'), OBJECT_ID(N'dbo.ArrivalsBody'));
-OPEN Linked;
-FETCH NEXT FROM Linked INTO @grant;
-WHILE @@FETCH_STATUS = 0
-BEGIN
-    EXEC (@grant);
-    FETCH NEXT FROM Linked INTO @grant;
-END;
-CLOSE Linked;
-DEALLOCATE Linked;
-GO
-
--- ---- the members ----
--- Users who are members already get the default schema Station. Owners of the database keep theirs.
-
-DECLARE @change nvarchar(400);
-DECLARE Members CURSOR LOCAL STATIC FOR
-    SELECT N'ALTER USER ' + QUOTENAME(M.name) + N' WITH DEFAULT_SCHEMA = Station'
-        FROM sys.database_role_members L
-        INNER JOIN sys.database_principals R ON R.principal_id = L.role_principal_id
-        INNER JOIN sys.database_principals M ON M.principal_id = L.member_principal_id
-        WHERE R.name = N'StationOperator' AND M.type IN ('S', 'U', 'G') AND M.name <> N'dbo'
-          AND ISNULL(M.default_schema_name, N'') <> N'Station'
-          AND ISNULL(IS_ROLEMEMBER(N'db_owner', M.name), 0) = 0;
-OPEN Members;
-FETCH NEXT FROM Members INTO @change;
-WHILE @@FETCH_STATUS = 0
-BEGIN
-    EXEC (@change);
-    FETCH NEXT FROM Members INTO @change;
-END;
-CLOSE Members;
-DEALLOCATE Members;
 GO
 
 -- ---- reading, for reports ----

@@ -193,7 +193,7 @@ UPDATE dbo.Arrivals
         CenterId = 1, PermitNo = N'P-2207'
     WHERE ArrivalID = 1036;
 
--- A purchase rests on one arrival, a laboratory report on another.
+-- A purchase refers to one arrival, a laboratory report to another.
 INSERT INTO dbo.PurchaseBody (PurchaseId, ArrivalId, Quantity, Rate) VALUES (77, 1035, 6143, 97.5);
 INSERT INTO dbo.LaboratoryReports (SampleArrivalNo, Moisture, Gluten, Remarks) VALUES
     (1037, 11.4, 27.5, N'Sound, dry');

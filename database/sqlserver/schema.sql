@@ -1,16 +1,15 @@
--- The station's tables, functions and rows on SQL Server, for a mill with an accounting database or
--- without one. Only what is missing is made: a table, function or row that is there already stays
--- as it is, whoever made it, so the script may run as often as wanted. Broken off, it is simply run
--- again. Every line that holds nothing but GO ends a batch.
+-- The station's tables, functions and rows on SQL Server, for a mill with or without an accounting
+-- database. Only what is missing is created: an existing table, function or row is not changed, so
+-- the script may be run several times, also after an interruption. A line with only GO ends a batch.
 --
--- Names are spelled as the accounting database spells them. The key of Arrivals is spelled
--- ArrivalID, so that the dependent-record test can turn it into a foreign column of another name.
--- The database must have a collation that passes over case. Dates are datetime and no text is
--- longer than 4,000 characters, since the driver named SQL Server that comes with Windows knows
--- neither date nor nvarchar(max). Weights are kilograms.
+-- Names are spelled as in the accounting database. The key of Arrivals is spelled ArrivalID, so that
+-- the dependent-record test can replace it by a foreign column with another name. The database must
+-- have a case-insensitive collation. Dates are datetime and no text is longer than 4,000 characters,
+-- because the driver "SQL Server" of Windows supports neither date nor nvarchar(max). Weights are
+-- kilograms.
 --
--- The name of a key, StationKeyOf..., tells later parts of the script that the table was made here:
--- between such tables it draws relations, while it hangs nothing on a table of the site's own.
+-- A key with a name StationKeyOf... shows that this script created the table. Foreign keys are added
+-- only between such tables. Tables of the site are not changed.
 
 SET XACT_ABORT ON;
 SET ANSI_NULLS ON;
@@ -98,8 +97,8 @@ BEGIN
 END;
 GO
 
--- NoOfBags, BagWeight and TareWeight are the books' own figures: the station leaves them Null, and
--- a record that has them counts as posted.
+-- NoOfBags, BagWeight and TareWeight are figures of the books. The station leaves them Null; an
+-- arrival that has them counts as posted.
 IF OBJECT_ID(N'dbo.Arrivals') IS NULL
 BEGIN
     BEGIN TRANSACTION;
@@ -117,7 +116,7 @@ BEGIN
         BagWeight   float NULL,
         TareWeight  float NULL
     );
-    -- With what else the arrival search reads, so that its days are read from here alone.
+    -- Includes the other columns of the arrival search, which then reads only this index.
     CREATE INDEX ArrivalsByDate ON dbo.Arrivals (ArrivalDate) INCLUDE (CommodityId, SellerId);
     CREATE INDEX ArrivalsBySeller ON dbo.Arrivals (SellerId);
     CREATE INDEX ArrivalsByCommodity ON dbo.Arrivals (CommodityId);
@@ -127,10 +126,9 @@ BEGIN
 END;
 GO
 
--- LineId gives each line a key to be deleted by; the station never writes it. The bag class and
--- type may be 0, which stands for a name on no list, so nothing ties them to their tables. The
--- lines lie together by arrival, so that a station which reads those of one arrival never waits for
--- another that is saving a different one.
+-- A line is deleted by its LineId, which the station never writes. Bag class and type have no foreign
+-- keys: they are 0 for a name on no list. The lines are clustered by arrival, so that a station that
+-- reads those of one arrival never waits for a station that saves another one.
 IF OBJECT_ID(N'dbo.ArrivalsBody') IS NULL
 BEGIN
     BEGIN TRANSACTION;
@@ -159,7 +157,7 @@ BEGIN
 END;
 GO
 
--- The books' purchases, which may rest on an arrival.
+-- The books' purchases, which may refer to an arrival.
 IF OBJECT_ID(N'dbo.PurchaseBody') IS NULL
 BEGIN
     BEGIN TRANSACTION;
@@ -175,8 +173,8 @@ BEGIN
 END;
 GO
 
--- What else a mill may hang on an arrival or a sale. No statement of the station needs these three,
--- so they are left out where the site has arrivals of its own.
+-- Other tables of a mill that refer to an arrival or a sale. No statement of the station needs these
+-- three, so they are not created if the site has its own table of arrivals.
 IF OBJECT_ID(N'dbo.StationKeyOfArrivals') IS NOT NULL
     AND OBJECT_ID(N'dbo.LaboratoryReports') IS NULL
 BEGIN
@@ -220,7 +218,7 @@ BEGIN
 END;
 GO
 
--- No key on the names of PortSettings: the station reads it by filters and copes with doubled rows.
+-- No key on the names of PortSettings: the station reads it by filters and accepts duplicate rows.
 IF OBJECT_ID(N'dbo.PortSettings') IS NULL
 BEGIN
     BEGIN TRANSACTION;
@@ -347,11 +345,11 @@ IF OBJECT_ID(N'dbo.StationKeyOfSaleRecoveryBody') IS NOT NULL
         FOREIGN KEY (SaleId) REFERENCES dbo.Sales (Salesid);
 GO
 
--- The searches and lists call these for every row. Each is one RETURN of one expression, bound to
--- its tables, so that the server folds it into the query and reads the names with the rest of it.
--- Over a table of the site's own it stays unbound, since a bound one would keep the site from changing
--- its table. A function must begin its batch, so it goes as a text. Neither trims: a site may pad its
--- names, and the party search shows them padded too.
+-- The searches and lists call these functions for every row. Each has one RETURN of one expression
+-- and is bound to its tables (SCHEMABINDING), so that the server can inline it into the query. A
+-- function on a table of the site is not bound, because the site could then not change the table. The
+-- statement that creates a function must begin its batch, so it is run as a text. Neither function
+-- trims: a site may pad its names with blanks, and the party search shows these too.
 
 DECLARE @binding nvarchar(30) =
     CASE WHEN OBJECT_ID(N'dbo.StationKeyOfChartOfAccounts') IS NOT NULL
@@ -386,8 +384,9 @@ BEGIN
 END');
 GO
 
--- Rows that the station updates and never inserts. A table of the site's own may have further columns
--- that must be filled: such a row is named and left out. The number comes last: with it, all is there.
+-- Rows that the station updates and never inserts. A table of the site may have further required
+-- columns: a row that it does not accept is printed and left out. The version is written last: it
+-- shows that the database is complete.
 
 DECLARE @key nvarchar(40), @value nvarchar(100);
 DECLARE Settings CURSOR LOCAL FAST_FORWARD FOR

@@ -1,5 +1,5 @@
--- The station's own tables, in a database that already has the mill's tables but was set up before
--- the station kept users and a schema number. The caller writes the number.
+-- Adds the station's tables to a database that has the mill's tables but was set up before the
+-- station had users and a schema version. The caller writes the version.
 
 CREATE TABLE IF NOT EXISTS StationSchema (
     SchemaVersion REAL NOT NULL

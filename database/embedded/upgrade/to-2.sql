@@ -1,12 +1,12 @@
--- The number of a bag line is never given out again. A station deletes the lines of a load by the
--- numbers that it has read; where another station had freed those meanwhile, a new load got them.
+-- The number of a bag line is never used again. A station deletes the lines of a load by the numbers
+-- that it has read; if another station deleted them in the meantime, a new load could get them.
 --
--- The table's definition is changed in place, as SQLite allows for a change that leaves the stored
--- rows as they are: every row, index, view and trigger stays. A table with another key is refused;
--- one without a key is left as it is, since its rows are found by all their columns. It may be run
--- twice. The caller writes the number.
+-- The table's definition is changed in place, which SQLite allows for a change that does not affect
+-- the stored rows: all rows, indexes, views and triggers stay. A table with another key is refused. A
+-- table without a key is not changed, because its rows are found by all their columns. The script may
+-- be run twice. The caller writes the version.
 
--- The first table of this kind makes the one in which SQLite keeps the last number given out.
+-- The first table of this kind creates the table in which SQLite stores the last number.
 CREATE TABLE StationStep (
     StepId INTEGER PRIMARY KEY AUTOINCREMENT,
     Fits   INTEGER CONSTRAINT ArrivalsBodyHasLineIdAsItsKey CHECK (Fits = 1)

@@ -1,8 +1,8 @@
--- The station's own tables and rows, in a database that already has the mill's tables and functions
--- but was set up before the station kept users and a schema number. Unlike schema.sql it makes
--- nothing of the mill's. It may be run twice.
+-- Adds the station's tables and rows to a database that has the mill's tables and functions but was
+-- set up before the station had users and a schema version. Unlike schema.sql it creates none of the
+-- mill's tables. It may be run twice.
 --
--- A station that has signed in as the database's owner runs it by itself, in one transaction. By hand:
+-- A station that signs in as the database's owner runs it at its start, in one transaction. By hand:
 --     sqlcmd -b -d <database> -i to-1.sql, and then the same with ../roles.sql
 
 IF OBJECT_ID(N'dbo.StationUsers') IS NULL
