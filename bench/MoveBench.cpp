@@ -13,7 +13,7 @@
 #include "SideBySide.h"
 #include "office/move/MoveRows.h"
 #include "office/move/PostgresTarget.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/Engine.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 #include "platform/ado/odbc/OdbcText.h"
@@ -21,7 +21,7 @@
 #include "servers/PostgresServer.h"
 #include "servers/SqlServerDatabase.h"
 #include "setup/EmbeddedFile.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 #include <QCoreApplication>
 
@@ -97,7 +97,8 @@ class RawCopy {
 public:
     RawCopy(const std::string& connectionString, std::string prefix)
         : environment_(OdbcEnvironment()),
-          connection_(ConnectByOdbc(environment_, ConnectionString(connectionString), SignIn{})),
+          connection_(
+              ConnectByOdbc(environment_, ConnectionAttributes(connectionString), SignIn{})),
           prefix_(std::move(prefix)) {}
 
     void Run(EmbeddedFile& file, const std::vector<SourceTable>& tables, bool hasIdentities) {

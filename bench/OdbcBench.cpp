@@ -10,7 +10,7 @@
 
 #include "SideBySide.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/Engine.h"
 #include "platform/ado/ResultSet.h"
 #include "platform/ado/odbc/OdbcConnect.h"
@@ -50,7 +50,7 @@ public:
                            Numbers(5) + ") Numbers");
         connection.Execute("Insert Into Arrivals Select i, 40, 100.5, 4320 From (" + Numbers(3) +
                            ") Numbers");
-        bare_ = ConnectByOdbc(environment_, ConnectionString(connectionString), SignIn{});
+        bare_ = ConnectByOdbc(environment_, ConnectionAttributes(connectionString), SignIn{});
     }
 
     const OdbcHandle& Bare() const { return bare_; }

@@ -1,6 +1,6 @@
 #include "RawStation.h"
 
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/Engine.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 #include "platform/ado/odbc/OdbcDiagnostics.h"
@@ -57,7 +57,7 @@ bool IsOfOtherStations(const OdbcHandle& statement) {
 }
 
 OdbcHandle Connected(const OdbcHandle& environment, const std::string& connectionString) {
-    return ConnectByOdbc(environment, ConnectionString(connectionString), SignIn{});
+    return ConnectByOdbc(environment, ConnectionAttributes(connectionString), SignIn{});
 }
 
 } // namespace
@@ -74,7 +74,7 @@ bool RawStation::Send(std::string_view text) const {
     const SQLRETURN outcome = SQLExecDirectW(statement_.Get(), odbcText.data(), SQL_NTS);
     const bool isRefused = !SQL_SUCCEEDED(outcome) && outcome != SQL_NO_DATA;
     if (isRefused && !IsOfOtherStations(statement_))
-        FailInWordsOfDriver(statement_);
+        FailWithDiagnostics(statement_);
     SQLFreeStmt(statement_.Get(), SQL_CLOSE);
     return !isRefused;
 }

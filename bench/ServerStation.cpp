@@ -3,7 +3,7 @@
 #include "EnteredLoad.h"
 #include "data/Con.h"
 #include "platform/ado/Connection.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 #include <QApplication>
 #include <QWidget>

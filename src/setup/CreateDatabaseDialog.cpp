@@ -5,9 +5,9 @@
 #include "platform/forms/dialogs/DialogLook.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
-#include "setup/SetUpChecks.h"
-#include "setup/SetUpQuestions.h"
-#include "setup/StationSetUp.h"
+#include "setup/SetupChecks.h"
+#include "setup/SetupQuestions.h"
+#include "setup/StationSetup.h"
 
 namespace Quillane {
 
@@ -18,13 +18,13 @@ std::string WhyUnusable(EmbeddedDatabase::Kind kind) {
     case EmbeddedDatabase::Kind::NoAccess:
         return "It cannot be opened: it is in use, or you may not read it.";
     case EmbeddedDatabase::Kind::Unknown:
-        return "It is no database.";
+        return "It is not a database.";
     default:
-        return "It is a database of another kind.";
+        return "It is a database of another program.";
     }
 }
 
-// A label breaks lines at blanks alone.
+// A label breaks lines only at blanks.
 QString BreakableAtFolders(const std::string& path) {
     return ToQt(path).replace('/', QStringLiteral("/\u200B"));
 }
@@ -35,9 +35,9 @@ bool OfferExistingDatabase(const std::string& folder) {
     const std::string file = EmbeddedDatabasePath(folder);
     const EmbeddedDatabase found = LookAtEmbeddedDatabase(file);
     if (found.kind != EmbeddedDatabase::Kind::OfStations) {
-        TellAlert("There is already a file of the new database's name:\r\n" + file + "\r\n" +
+        ShowAlert("There is already a file with the name of the new database:\r\n" + file + "\r\n" +
                   WhyUnusable(found.kind) +
-                  "\r\n\r\nIt is left as it is. Please move it away, and try again.");
+                  "\r\n\r\nIt was not changed. Move it to another folder and try again.");
         return false;
     }
     if (!AskToUse(file, found.companyName, found.arrivals, found.users))
@@ -47,7 +47,7 @@ bool OfferExistingDatabase(const std::string& folder) {
 }
 
 CreateDatabaseDialog::CreateDatabaseDialog(std::string folder)
-    : Screen("CreateDatabaseDialog", SetUpTitle), folder_(std::move(folder)) {
+    : Screen("CreateDatabaseDialog", SetupTitle), folder_(std::move(folder)) {
     WireEvents();
     LayOut();
 }
@@ -64,7 +64,7 @@ void CreateDatabaseDialog::WireEvents() {
 void CreateDatabaseDialog::Form_Load() {
     TxtCompanyName.SetText(TheStation().CompanyNames[1]);
     OptThisComputer.SetValue(true);
-    ShowPlace();
+    ShowLocation();
     notice_.setText(ToQt(PortFaults(TheStation())));
     notice_.setVisible(!notice_.text().isEmpty());
     FitToDisplay(*this, Width);
@@ -85,11 +85,11 @@ void CreateDatabaseDialog::Form_KeyDown(int& key, int shift) {
 }
 
 void CreateDatabaseDialog::OptThisComputer_Click() {
-    ShowPlace();
+    ShowLocation();
 }
 
 void CreateDatabaseDialog::OptSqlServer_Click() {
-    ShowPlace();
+    ShowLocation();
     if (!serverIsChosen_)
         ChooseServer();
 }
@@ -109,13 +109,13 @@ void CreateDatabaseDialog::BtnCreate_Click() {
         Unload();
 }
 
-void CreateDatabaseDialog::ShowPlace() {
+void CreateDatabaseDialog::ShowLocation() {
     BtnServer.SetEnabled(OptSqlServer.Value());
     const bool onServer = OptSqlServer.Value() && serverIsChosen_;
-    place_.setText(OptThisComputer.Value()
-                       ? "In the file " + BreakableAtFolders(EmbeddedDatabasePath(folder_))
-                   : onServer ? ToQt(WhereOnServer(server_))
-                              : QString());
+    location_.setText(OptThisComputer.Value()
+                          ? "In the file " + BreakableAtFolders(EmbeddedDatabasePath(folder_))
+                      : onServer ? ToQt(LocationOnServer(server_))
+                                 : QString());
 }
 
 void CreateDatabaseDialog::Create() {

@@ -17,17 +17,18 @@ class QGridLayout;
 namespace Quillane {
 
 /// Asks whether the database that stands in the folder already is to be used as it is. Yes points
-/// the station to it. What cannot be used is told. True if the station is set up then.
+/// the station to it. If it cannot be used, a box shows the reason. True if the station is then set
+/// up.
 bool OfferExistingDatabase(const std::string& folder);
 
-/// The set-up of a station that has no `Config.ini`: where its database is, the company's
+/// The set-up of a station without `Config.ini`: the location of its database, the company's
 /// particulars, the first user, and sample rows if wanted. The database is on this computer unless
-/// the second option is taken, which asks for a server at once; a database there that is complete
-/// is used as it is, if the user agrees, and the rest is not asked. The company's particulars that
-/// a database there holds fill the boxes that are empty; what differs at the end is written after a
-/// question. Enter moves on and presses
-/// `BtnCreate` behind the last entry, Ctrl+Enter presses it from anywhere, Esc gives up. A refused
-/// entry is told, gets the focus and loses nothing.
+/// the second option is chosen, which asks for a server at once. A complete database on the server
+/// is used after a question, and nothing else is asked. Particulars in a database on the server
+/// fill the empty boxes; entries that differ from them are written after a question.
+///
+/// Keys: Enter moves to the next entry and clicks `BtnCreate` on the last one, Ctrl+Enter clicks it
+/// anywhere, Esc cancels. A box reports an invalid entry; the entry stays and gets the focus.
 class CreateDatabaseDialog : public Screen {
 public:
     explicit CreateDatabaseDialog(std::string folder);
@@ -48,7 +49,7 @@ public:
 
     bool Succeeded = false; ///< the station is set up
 
-    /// What the checks before the form have found; empty: nothing.
+    /// The faults found by the checks before the dialog; empty if there are none.
     std::string Notice() const;
 
 protected:
@@ -71,14 +72,14 @@ private:
     void FillFromDatabase(const SqlServerContents& before);
     bool AgreeToReplace(NewDatabase& particulars);
     TextBox& BoxOf(const CompanyParticular& particular);
-    void ShowPlace();
+    void ShowLocation();
     bool Validate();
     bool RefuseTooLong();
     bool IsAsInDatabase(const TextBox& box);
     bool Refuse(TextBox& box, std::string_view reason);
     NewDatabase Particulars() const;
 
-    /// A box, what a person calls it, and how many letters it may have.
+    /// A box, its name in messages, and its maximum length.
     struct Entry {
         TextBox* box;
         std::string_view name;
@@ -87,12 +88,12 @@ private:
 
     std::string folder_;
     std::vector<Entry> entries_;
-    bool serverIsChosen_ = false; ///< the next three tell of it
-    SqlServerPlace server_;
+    bool serverIsChosen_ = false; ///< the next three members describe the server
+    SqlServerTarget server_;
     OwnerSignIn owner_;
     SqlServerContents contents_;
     Label subtitle_{"First start"};
-    Label place_{""};
+    Label location_{""};
     static constexpr int Width = 560; ///< pixels
 
     Label notice_{""}; ///< ports that cannot be used yet

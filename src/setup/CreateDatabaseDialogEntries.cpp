@@ -2,7 +2,7 @@
 
 #include "platform/forms/core/Text.h"
 #include "setup/CreateDatabaseDialog.h"
-#include "setup/SetUpQuestions.h"
+#include "setup/SetupQuestions.h"
 
 #include <algorithm>
 
@@ -38,7 +38,7 @@ bool CreateDatabaseDialog::Validate() {
 }
 
 bool CreateDatabaseDialog::Refuse(TextBox& box, std::string_view reason) {
-    TellAlert(std::string(reason));
+    ShowAlert(std::string(reason));
     box.SetFocus();
     box.SelectAll();
     return false;

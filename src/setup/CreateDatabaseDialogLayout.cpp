@@ -45,7 +45,7 @@ void CreateDatabaseDialog::LayOutFields(QGridLayout& fields) {
     };
     AddHeading(fields, "Where the weighments are kept");
     AddOptions(fields, OptThisComputer, OptSqlServer);
-    AddTextAndButton(fields, place_, BtnServer);
+    AddTextAndButton(fields, location_, BtnServer);
     AddHeading(fields, "The company, as the slip shows it");
     add("Company &name", "Company name", TxtCompanyName, 60);
     add("&Address", "Company address", TxtCompanyAddress, 120);

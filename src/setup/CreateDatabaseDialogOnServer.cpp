@@ -4,10 +4,10 @@
 #include "platform/forms/dialogs/WaitingScreen.h"
 #include "platform/runtime/Failure.h"
 #include "setup/CreateDatabaseDialog.h"
-#include "setup/SetUpQuestions.h"
+#include "setup/SetupQuestions.h"
 #include "setup/SqlServerDialog.h"
-#include "setup/SqlServerSetUp.h"
-#include "setup/StationSetUp.h"
+#include "setup/SqlServerSetup.h"
+#include "setup/StationSetup.h"
 
 #include <utility>
 
@@ -20,7 +20,7 @@ void CreateDatabaseDialog::ChooseServer() {
     dialog.ShowModal(this);
     if (dialog.IsChosen) {
         serverIsChosen_ = true;
-        server_ = dialog.Place;
+        server_ = dialog.Target;
         owner_ = dialog.Owner;
         const SqlServerContents before = std::exchange(contents_, dialog.Contents);
         FillFromDatabase(before);
@@ -28,20 +28,20 @@ void CreateDatabaseDialog::ChooseServer() {
     } else if (!serverIsChosen_) {
         OptThisComputer.SetValue(true);
     }
-    ShowPlace();
+    ShowLocation();
     if (Succeeded)
         Unload();
 }
 
-// What the database has already is not asked.
+// A complete database needs no further entries.
 void CreateDatabaseDialog::UseServer() {
-    ShowPlace();
+    ShowLocation();
     if (!contents_.isComplete) {
         TxtCompanyName.SetFocus();
         return;
     }
     try {
-        if (AskToUse(WhereOnServer(server_), contents_.company.companyName, contents_.arrivals,
+        if (AskToUse(LocationOnServer(server_), contents_.company.companyName, contents_.arrivals,
                      contents_.users))
             CreateOnServer();
     } catch (const Failure&) {
@@ -53,7 +53,7 @@ void CreateDatabaseDialog::UseServer() {
     OptThisComputer.SetValue(true);
 }
 
-// What the operator has entered stays; what an earlier choice of a server has filled in does not.
+// Texts that the user has entered stay. Texts filled in from an earlier server are replaced.
 void CreateDatabaseDialog::FillFromDatabase(const SqlServerContents& before) {
     for (const CompanyParticular& each : CompanyParticulars) {
         TextBox& box = BoxOf(each);
@@ -62,8 +62,8 @@ void CreateDatabaseDialog::FillFromDatabase(const SqlServerContents& before) {
     }
 }
 
-/// Whether the particulars may be written: where some differ from what the database holds, after a
-/// question. With No the boxes show again what the database holds.
+/// True if the particulars may be written. If some differ from those in the database, a box asks;
+/// the answer No restores the boxes.
 bool CreateDatabaseDialog::AgreeToReplace(NewDatabase& particulars) {
     const auto replaced = ReplacedParticulars(particulars, contents_.company);
     if (replaced.empty())
@@ -90,14 +90,14 @@ void CreateDatabaseDialog::CreateOnServer() {
     const NewDatabase* missing = contents_.isComplete ? nullptr : &particulars;
     if (missing && !AgreeToReplace(particulars))
         return;
-    SetUpOutcome outcome;
-    const bool isReady = RunLongWork(SetUpTitle, [&](LongWork& work) {
-        outcome = MakeSqlServerDatabaseReady(server_, owner_, missing, work);
+    SetupOutcome outcome;
+    const bool isReady = RunLongWork(SetupTitle, [&](LongWork& work) {
+        outcome = PrepareSqlServerDatabase(server_, owner_, missing, work);
     });
     if (!isReady)
         return;
     if (!outcome.rowsNotAdded.empty())
-        TellRowsNotAdded(outcome.rowsNotAdded);
+        ReportRowsNotAdded(outcome.rowsNotAdded);
     const std::string& storedName = contents_.company.companyName;
     const bool keepsName = !storedName.empty() && !particulars.replaceParticulars;
     PointToSqlServer(folder_, server_, keepsName ? "" : particulars.companyName, storedName);

@@ -8,9 +8,10 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/CreateDatabaseDialog.h"
+#include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
-#include "setup/SetUpChecks.h"
-#include "setup/StationSetUp.h"
+#include "setup/SetupChecks.h"
+#include "setup/StationSetup.h"
 
 namespace Quillane {
 
@@ -18,44 +19,30 @@ Service<DatabaseSetupObject> DatabaseSetup;
 
 namespace {
 
-void Tell(const std::string& text, BoxIcon icon) {
-    MsgBox({.text = text, .title = ProgramTitle(), .icon = icon, .buttons = BoxButtons::Ok});
+void Warn(const std::string& text) {
+    MsgBox({.text = text,
+            .title = ProgramTitle(),
+            .icon = BoxIcon::Exclamation,
+            .buttons = BoxButtons::Ok});
 }
 
-void TellNewer(double version) {
-    Tell("The database has the schema number " + NumberText(version) +
-             ", which is newer than this program (" + NumberText(SchemaVersionOfProgram()) +
-             ").\r\nThe database is left as it is. Please install the newer program here.",
-         BoxIcon::Exclamation);
-}
-
-void TellUnreadable() {
-    Tell("The schema number of the database cannot be read: the table StationSchema must hold one "
-         "row with a number.\r\nThe database is left as it is. Please ask the person who looks "
-         "after the database.",
-         BoxIcon::Exclamation);
-}
-
-void TellOlderServer(double version) {
+void WarnOfOlderServer(double version) {
     std::string scripts;
     for (const SchemaStep& step : SqlServerSchemaSteps())
         if (step.version > version)
-            scripts += (scripts.empty() ? "to-" : ", to-") + NumberText(step.version) + ".sql";
-    Tell("The database has the schema number " + NumberText(version) + ", this program needs " +
-             NumberText(SchemaVersionOfProgram()) +
-             ".\r\nThis station's sign-in may not change the database, so it is left as it is. "
-             "Please ask the person who looks after the database to start a station once with the "
-             "sign-in of the database's owner, or to run these scripts of the folder "
-             "database/sqlserver/upgrade: " +
-             scripts + ".",
-         BoxIcon::Exclamation);
+            scripts += "upgrade/to-" + NumberText(step.version) + ".sql, ";
+    Warn(OlderSchemaText(version) +
+         " This station's sign-in may not change the database. Ask the person who maintains the "
+         "database to start a station once with the sign-in of the database's owner, or to run "
+         "these scripts of the folder database/sqlserver: " +
+         scripts + "roles.sql, guards.sql.");
 }
 
 void UpgradeServer(Connection& connection, double version) {
     if (MayChangeSchema(connection))
         RunSqlServerSchemaSteps(connection, version, SqlServerSchemaSteps());
     else
-        TellOlderServer(version);
+        WarnOfOlderServer(version);
 }
 
 void UpgradeFrom(Connection& connection, double version) {
@@ -106,9 +93,9 @@ void DatabaseSetupObject::UpgradeDatabase() {
     try {
         const double version = DatabaseVersion();
         if (version == UnreadableSchemaVersion)
-            TellUnreadable();
+            Warn(UnreadableSchemaText() + " Ask the person who maintains the database.");
         else if (version > ProgramVersion())
-            TellNewer(version);
+            Warn(NewerSchemaText(version));
         else if (version < ProgramVersion())
             UpgradeFrom(*connection_, version);
     } catch (const Failure&) {

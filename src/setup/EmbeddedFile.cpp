@@ -1,5 +1,6 @@
 #include "setup/EmbeddedFile.h"
 
+#include "platform/ado/AdoFailure.h"
 #include "platform/ado/sqlite/SqliteOpening.h"
 #include "platform/runtime/Failure.h"
 
@@ -49,7 +50,7 @@ EmbeddedFile::EmbeddedFile(const std::string& file, int openFlags) {
 
 void EmbeddedFile::Check(int outcome) {
     if (outcome != SQLITE_OK)
-        throw Failure(FailureNumber::Database, SqliteWords(session_), FailureSource::Database);
+        FailDatabase(SqliteMessage(session_), {.native = sqlite3_extended_errcode(session_)});
 }
 
 void EmbeddedFile::Run(const char* script) {

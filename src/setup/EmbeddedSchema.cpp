@@ -1,12 +1,13 @@
 #include "setup/EmbeddedSchema.h"
 
+#include "platform/ado/AdoFailure.h"
 #include "platform/ado/sqlite/SqliteFile.h"
 #include "platform/forms/core/Text.h"
 #include "platform/host/PrivateFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/EmbeddedFile.h"
-#include "setup/EmbeddedScripts.h"
 
 #include <QFile>
 
@@ -46,11 +47,11 @@ void Build(const std::string& path, const NewDatabase& particulars) {
     // one wait for the disk does.
     file.Run("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON;"
              "BEGIN");
-    file.Run(EmbeddedScripts::Schema);
+    file.Run(DatabaseScripts::EmbeddedSchema);
     AddParticulars(file, particulars);
     AddUser(file, particulars.userName, particulars.password, "1", particulars.hashCost);
     if (particulars.sampleRows) {
-        file.Run(EmbeddedScripts::SampleRows);
+        file.Run(DatabaseScripts::EmbeddedSampleRows);
         AddSampleUser(file, particulars);
     }
     file.Run("COMMIT");
@@ -122,7 +123,7 @@ EmbeddedDatabase LookAtEmbeddedDatabase(const std::string& file) {
         if (found.kind == EmbeddedDatabase::Kind::OfStations)
             ReadParticulars(session, found);
     } catch (const Failure& failure) {
-        if (failure.Description().find("not a database") != std::string::npos)
+        if (CodesOf(failure).native == SQLITE_NOTADB)
             found.kind = EmbeddedDatabase::Kind::Unknown;
     }
     return found;

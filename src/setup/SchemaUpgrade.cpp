@@ -1,13 +1,14 @@
 #include "setup/SchemaUpgrade.h"
 
 #include "data/Catalogue.h"
-#include "platform/ado/Connection.h"
+#include "platform/ado/Transaction.h"
 #include "platform/forms/core/Text.h"
 #include "platform/host/PrivateFile.h"
 #include "platform/host/WholeFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
-#include "setup/EmbeddedScripts.h"
+#include "platform/runtime/Text.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/ScriptBatches.h"
 
 #include <QFile>
@@ -15,15 +16,14 @@
 #include <sqlite3.h>
 
 #include <array>
-#include <functional>
 #include <vector>
 
 namespace Quillane {
 
 namespace {
 
-/// The statements of a script; the engine's own scanner tells where one ends, so that a semicolon
-/// within a text or a comment is none.
+/// The statements of a script. SQLite finds their ends, so a semicolon in a text or a comment does
+/// not end one.
 std::vector<std::string> Statements(std::string_view script) {
     std::vector<std::string> statements;
     std::string text;
@@ -43,23 +43,12 @@ void WriteVersion(Connection& connection, double version) {
                        ")");
 }
 
-void InTransaction(Connection& connection, const std::function<void()>& work) {
-    connection.BeginTrans();
-    try {
-        work();
-        connection.CommitTrans();
-    } catch (const Failure&) {
-        connection.RollbackTrans();
-        throw;
-    }
-}
-
 void RunStep(Connection& connection, const SchemaStep& step) {
-    InTransaction(connection, [&] {
-        for (const std::string& statement : Statements(step.script))
-            connection.Execute(statement);
-        WriteVersion(connection, step.version);
-    });
+    Transaction transaction(connection);
+    for (const std::string& statement : Statements(step.script))
+        connection.Execute(statement);
+    WriteVersion(connection, step.version);
+    transaction.Commit();
 }
 
 double VersionInTable(Connection& connection) {
@@ -76,18 +65,22 @@ double VersionInTable(Connection& connection) {
     }
 }
 
-/// Holds off the other stations until the transaction ends; they then find the step done.
+/// Locks out the other stations until the transaction ends; they then find the step done.
 bool IsStillMissing(Connection& connection, double version) {
     connection.Execute("EXEC sp_getapplock @Resource = N'StationSchema', @LockMode = N'Exclusive'");
     return connection.Execute("Select OBJECT_ID(N'dbo.StationSchema')").Fields(0).IsNull() ||
            VersionInTable(connection) < version;
 }
 
-std::string Quoted(std::string_view text) {
-    std::string quoted = "'";
-    for (const char character : text)
-        quoted.append(character == '\'' ? 2 : 1, character);
-    return quoted + "'";
+void RunSqlServerStep(Connection& connection, const SchemaStep& step, bool isLast) {
+    Transaction transaction(connection);
+    if (IsStillMissing(connection, step.version)) {
+        RunScript(connection, step.script);
+        if (isLast)
+            RenewRights(connection);
+        WriteVersion(connection, step.version);
+    }
+    transaction.Commit();
 }
 
 std::string NameOfCopy(const std::string& file, double toVersion) {
@@ -103,14 +96,14 @@ std::string NameOfCopy(const std::string& file, double toVersion) {
 } // namespace
 
 std::span<const SchemaStep> SchemaSteps() {
-    static const std::array steps{SchemaStep{1, EmbeddedScripts::UpgradeTo1},
-                                  SchemaStep{2, EmbeddedScripts::UpgradeTo2}};
+    static const std::array steps{SchemaStep{1, DatabaseScripts::EmbeddedUpgradeTo1},
+                                  SchemaStep{2, DatabaseScripts::EmbeddedUpgradeTo2}};
     return steps;
 }
 
 std::span<const SchemaStep> SqlServerSchemaSteps() {
-    static const std::array steps{SchemaStep{1, EmbeddedScripts::SqlServerUpgradeTo1},
-                                  SchemaStep{2, EmbeddedScripts::SqlServerUpgradeTo2}};
+    static const std::array steps{SchemaStep{1, DatabaseScripts::SqlServerUpgradeTo1},
+                                  SchemaStep{2, DatabaseScripts::SqlServerUpgradeTo2}};
     return steps;
 }
 
@@ -130,26 +123,17 @@ void RunSchemaSteps(Connection& connection, double from, std::span<const SchemaS
 
 void RunSqlServerSchemaSteps(Connection& connection, double from,
                              std::span<const SchemaStep> steps) {
-    for (const SchemaStep& step : steps) {
-        if (step.version <= from)
-            continue;
-        InTransaction(connection, [&] {
-            if (!IsStillMissing(connection, step.version))
-                return;
-            RunScript(connection, step.script);
-            if (step.version == steps.back().version)
-                RenewRights(connection);
-            WriteVersion(connection, step.version);
-        });
-    }
+    for (const SchemaStep& step : steps)
+        if (step.version > from)
+            RunSqlServerStep(connection, step, &step == &steps.back());
 }
 
 void RenewRights(Connection& connection) {
-    RunScript(connection, EmbeddedScripts::SqlServerRoles);
+    RunScript(connection, DatabaseScripts::SqlServerRoles);
     const Recordset own = connection.Execute("Select OBJECT_ID(N'dbo.StationKeyOfArrivals'), "
                                              "OBJECT_ID(N'dbo.StationKeyOfArrivalsBody')");
     if (!own.Fields(0).IsNull() && !own.Fields(1).IsNull())
-        RunScript(connection, EmbeddedScripts::SqlServerGuards);
+        RunScript(connection, DatabaseScripts::SqlServerGuards);
 }
 
 bool MayChangeSchema(Connection& connection) {
@@ -160,11 +144,11 @@ bool MayChangeSchema(Connection& connection) {
 
 std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, double toVersion) {
     const std::string name = NameOfCopy(file, toVersion);
-    // The copy gets its name when it is complete: a half-written one is never taken for it.
+    // The copy gets its name when it is complete, so an incomplete one is never used.
     const std::string unfinished = file + ".copy";
     QFile::remove(ToQt(unfinished));
     MakePrivateFile(unfinished);
-    connection.Execute("VACUUM INTO " + Quoted(unfinished));
+    connection.Execute("VACUUM INTO '" + Doubled(unfinished, '\'') + "'");
     BringToDisk(unfinished);
     QFile copy(ToQt(unfinished));
     if (!copy.rename(ToQt(name)))

@@ -8,7 +8,7 @@ namespace Quillane {
 
 class Connection;
 
-/// One step of the schema: the number that it leads to, and its script.
+/// A step of the schema: its script, and the version after it.
 struct SchemaStep {
     double version;
     std::string_view script;
@@ -17,37 +17,39 @@ struct SchemaStep {
 /// All steps of an embedded database, in order.
 std::span<const SchemaStep> SchemaSteps();
 
-/// The same steps for a database on SQL Server.
+/// The same for a database on SQL Server.
 std::span<const SchemaStep> SqlServerSchemaSteps();
 
-/// What a program of this build works with: the number of the last step.
+/// The schema version of this program: that of the last step.
 double SchemaVersionOfProgram();
 
-/// Stands for a schema number that cannot be read.
+/// The value for a schema version that cannot be read.
 inline constexpr double UnreadableSchemaVersion = -1;
 
-/// The database's schema number; 0 where the table or its row is missing.
+/// The schema version of the database; 0 if the table or its row is missing.
 double ReadSchemaVersion(Connection& connection);
 
-/// Runs, in order, the steps behind `from`, each in a transaction of its own together with writing
-/// its number. The first failure is rolled back and ends it: the steps before it stay.
+/// Runs the steps after version `from` in order. Each step and the writing of its version are one
+/// transaction. A failure is rolled back and ends the upgrade; earlier steps stay.
 void RunSchemaSteps(Connection& connection, double from, std::span<const SchemaStep> steps);
 
-/// The same on SQL Server, in batches. The last step also brings the rights of the roles up to
-/// date. Stations that start at the same time wait for each other, and one of them runs the steps.
+/// The same on SQL Server, in batches. The last step also updates the rights of the roles. Of
+/// several stations that start at the same time one runs the steps; the others wait for it.
 void RunSqlServerSchemaSteps(Connection& connection, double from,
                              std::span<const SchemaStep> steps);
 
-/// Brings the roles on SQL Server, their views and their rights up to date. Adds the triggers of
-/// guards.sql to the two tables of weighments where the set-up has created both. Needs the rights
-/// of the database's owner.
+/// Updates the roles on SQL Server, their views and their rights. Adds the triggers of guards.sql
+/// to the two tables of weighments if the set-up has created both. Requires: the rights of the
+/// database's owner.
 void RenewRights(Connection& connection);
 
-/// Whether whoever has signed in to SQL Server may run those steps. The role of stations may not.
+/// True if the user of the connection may run these steps on SQL Server. The role of stations may
+/// not.
 bool MayChangeSchema(Connection& connection);
 
-/// Copies an embedded database, beside its file and on the disk, before a change of its schema.
-/// Returns the copy's path: "<name>-before-<version>.db", with a further number where there is one.
+/// Copies an embedded database in its folder before a change of its schema, and flushes the copy to
+/// the disk. Returns the path of the copy: "<name>-before-<version>.db", with a further number if
+/// there is one already.
 std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, double toVersion);
 
 } // namespace Quillane

@@ -23,7 +23,7 @@ std::string IdOf(const char* name) {
     return " OBJECT_ID(N'dbo." + std::string(name) + "')";
 }
 
-// As the statements of a station name it: a table of dbo, or the station's view of it.
+// The name is used as in the statements of a station: a table of dbo, or the station's view of it.
 bool MayBeRead(Connection& connection, const std::string& table) {
     try {
         connection.Execute("Select Count(*) From " + table + " Where 1 = 0");
@@ -83,7 +83,7 @@ SqlServerContents LookAtSqlServerDatabase(Connection& connection) {
         "Select CAST(DATABASEPROPERTYEX(DB_NAME(), 'Collation') AS nvarchar(128)), "
         "HAS_PERMS_BY_NAME(DB_NAME(), 'DATABASE', 'CONTROL')");
     found.collation = facts.Fields(0).TextOrEmpty();
-    found.mayBeMade = !facts.Fields(1).IsNull() && facts.Fields(1).Number() == 1;
+    found.mayBeCreated = !facts.Fields(1).IsNull() && facts.Fields(1).Number() == 1;
     found.isComplete = found.missing.empty() && found.users > 0;
     return found;
 }

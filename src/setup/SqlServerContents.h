@@ -9,19 +9,19 @@ namespace Quillane {
 
 class Connection;
 
-/// What a database on SQL Server holds of a station's.
+/// The parts of a station's database that a database on SQL Server contains.
 struct SqlServerContents {
     std::vector<std::string> missing; ///< tables and functions
     bool isEmpty = false;             ///< all of them are missing
-    bool isComplete = false;          ///< nothing is missing, and somebody can sign in
-    bool mayBeMade = false;           ///< by whoever has looked
+    bool isComplete = false;          ///< nothing is missing, and there is a user of stations
+    bool mayBeCreated = false;        ///< the user of the connection may create what is missing
     std::string collation;
-    NewDatabase company; ///< the company's particulars alone; empty where there is none
+    NewDatabase company; ///< only the company's particulars; empty if there are none
     long arrivals = 0;
     long users = 0;
 };
 
-/// Looks without changing anything.
+/// Examines the database without changing it.
 SqlServerContents LookAtSqlServerDatabase(Connection& connection);
 
 } // namespace Quillane

@@ -7,6 +7,7 @@
 #include "platform/forms/dialogs/WaitingScreen.h"
 #include "platform/host/StationFile.h"
 #include "platform/runtime/Failure.h"
+#include "setup/SetupQuestions.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -18,10 +19,6 @@ namespace {
 
 constexpr const char* nameOfClients = "anonymous";
 constexpr int longestEntry = 128;
-
-std::string Trimmed(const TextBox& box) {
-    return FromQt(ToQt(box.Text()).trimmed());
-}
 
 } // namespace
 
@@ -55,7 +52,7 @@ void SqlServerDialog::LayOut() {
     TxtOptions.SetMaxLength(400);
     for (TextBox* box : {&TxtPassword, &TxtOwnerPassword})
         box->SetPassword(true);
-    TxtOptions.SetToolTip("As a rule empty; further attributes for the driver, such as "
+    TxtOptions.SetToolTip("Usually empty. Further attributes for the driver, such as "
                           "Encryption=require");
     auto* buttons = new QHBoxLayout;
     AddButton(*buttons, BtnTryOut, false);
@@ -90,19 +87,19 @@ void SqlServerDialog::LayOutFields() {
     AddHeading(*fields_, "How the station signs in");
     AddOptions(*fields_, OptPassword, OptWindows);
     AddFields(*fields_, "&Name", TxtUserName, "P&assword", TxtPassword);
-    AddHeading(*fields_, "The owner's sign-in, where tables or users are to be made; it is not "
-                         "kept");
+    AddHeading(*fields_, "The owner's sign-in, if tables or users are to be created; it is not "
+                         "stored");
     AddFields(*fields_, "&Owner's name", TxtOwnerName, "Its passwo&rd", TxtOwnerPassword);
 }
 
-void SqlServerDialog::Offer(const SqlServerPlace& place, const OwnerSignIn& owner) {
-    TxtServer.SetText(place.server);
-    TxtPort.SetText(place.port);
-    TxtDatabase.SetText(place.database);
-    TxtOptions.SetText(place.options);
-    (place.windowsSignIn ? OptWindows : OptPassword).SetValue(true);
-    TxtUserName.SetText(place.userName);
-    TxtPassword.SetText(place.password);
+void SqlServerDialog::Offer(const SqlServerTarget& target, const OwnerSignIn& owner) {
+    TxtServer.SetText(target.server);
+    TxtPort.SetText(target.port);
+    TxtDatabase.SetText(target.database);
+    TxtOptions.SetText(target.options);
+    (target.windowsSignIn ? OptWindows : OptPassword).SetValue(true);
+    TxtUserName.SetText(target.userName);
+    TxtPassword.SetText(target.password);
     TxtOwnerName.SetText(owner.userName);
     TxtOwnerPassword.SetText(owner.password);
 }
@@ -145,15 +142,15 @@ void SqlServerDialog::BtnUse_Click() {
 }
 
 bool SqlServerDialog::TryItOut() {
-    const SqlServerPlace place = EnteredPlace();
+    const SqlServerTarget target = EnteredTarget();
     const OwnerSignIn owner = EnteredOwner();
-    if (!Validate(place))
+    if (!Validate(target))
         return false;
     TryOut tried;
     try {
         const bool toTheEnd = RunLongWork(title_, [&](LongWork& work) {
-            work.Begin("Trying " + place.server);
-            tried = TrySqlServer(place, owner);
+            work.Begin("Testing " + target.server);
+            tried = TrySqlServer(target, owner);
         });
         if (!toTheEnd)
             return false;
@@ -162,7 +159,7 @@ bool SqlServerDialog::TryItOut() {
         return false;
     }
     ShowAnswer(tried.answer);
-    Place = place;
+    Target = target;
     Owner = owner;
     Contents = tried.contents;
     if (tried.works)
@@ -170,16 +167,16 @@ bool SqlServerDialog::TryItOut() {
     return tried.works;
 }
 
-bool SqlServerDialog::Validate(const SqlServerPlace& place) {
-    if (const auto fault = FaultOf(place, DriverOfThisSystem()))
+bool SqlServerDialog::Validate(const SqlServerTarget& target) {
+    if (const auto fault = FaultOf(target, DriverOfThisSystem()))
         return Refuse(BoxOf(fault->entry), fault->reason);
     const OwnerSignIn owner = EnteredOwner();
     if (!owner.IsGiven() && !owner.password.empty())
-        return Refuse(TxtOwnerName, "Please give the owner's name, or leave the password empty.");
+        return Refuse(TxtOwnerName, "Enter the owner's name, or leave the password empty.");
     if (!owner.IsGiven())
         return true;
-    if (const auto fault = FaultOf(PlaceForSetUp(place, owner), DriverOfThisSystem()))
-        return Refuse(fault->entry == &SqlServerPlace::userName ? TxtOwnerName : TxtOwnerPassword,
+    if (const auto fault = FaultOf(TargetForSetup(target, owner), DriverOfThisSystem()))
+        return Refuse(fault->entry == &SqlServerTarget::userName ? TxtOwnerName : TxtOwnerPassword,
                       fault->reason);
     return true;
 }
@@ -194,19 +191,19 @@ bool SqlServerDialog::Refuse(TextBox& box, std::string_view reason) {
     return false;
 }
 
-TextBox& SqlServerDialog::BoxOf(std::string SqlServerPlace::*entry) {
-    if (entry == &SqlServerPlace::port)
+TextBox& SqlServerDialog::BoxOf(std::string SqlServerTarget::*entry) {
+    if (entry == &SqlServerTarget::port)
         return TxtPort;
-    if (entry == &SqlServerPlace::database)
+    if (entry == &SqlServerTarget::database)
         return TxtDatabase;
-    if (entry == &SqlServerPlace::options)
+    if (entry == &SqlServerTarget::options)
         return TxtOptions;
-    if (entry == &SqlServerPlace::userName)
+    if (entry == &SqlServerTarget::userName)
         return TxtUserName;
-    return entry == &SqlServerPlace::password ? TxtPassword : TxtServer;
+    return entry == &SqlServerTarget::password ? TxtPassword : TxtServer;
 }
 
-SqlServerPlace SqlServerDialog::EnteredPlace() const {
+SqlServerTarget SqlServerDialog::EnteredTarget() const {
     return {.server = Trimmed(TxtServer),
             .port = Trimmed(TxtPort),
             .database = Trimmed(TxtDatabase),

@@ -10,10 +10,12 @@ class QGridLayout;
 
 namespace Quillane {
 
-/// Asks for a database on SQL Server and how the station signs in to it, and tries both out. Enter
-/// moves on and tries out behind the last entry, Ctrl+Enter takes the server from anywhere, Esc
-/// gives up. Only a server that works can be taken; a refused entry is told, gets the focus and
-/// loses nothing. A station of the role "Client" signs in as the anonymous user, whatever is typed.
+/// Asks for a database on SQL Server and the sign-in of the station, and tests both. Only a server
+/// that works can be chosen. A station with the role "Client" always signs in as "anonymous".
+///
+/// Keys: Enter moves to the next entry and starts the test on the last one, Ctrl+Enter chooses the
+/// server anywhere, Esc cancels. A box reports an invalid entry; the entry stays and gets the
+/// focus.
 class SqlServerDialog : public Screen {
 public:
     /// The title is also that of its boxes.
@@ -33,14 +35,14 @@ public:
     CommandButton BtnUse{*this, "BtnUse", "&Use this server"};
     CommandButton BtnCancel{*this, "BtnCancel", "Cancel"};
 
-    bool IsChosen = false; ///< the server was taken, and worked; the next three tell of it
-    SqlServerPlace Place;
+    bool IsChosen = false; ///< the server works and was chosen; the next three members describe it
+    SqlServerTarget Target;
     OwnerSignIn Owner;
     SqlServerContents Contents;
 
-    /// What the boxes hold when the dialog comes up.
-    void Offer(const SqlServerPlace& place, const OwnerSignIn& owner);
-    /// What the dialog says of the last try-out.
+    /// Fills the boxes.
+    void Offer(const SqlServerTarget& target, const OwnerSignIn& owner);
+    /// The result of the last test, as shown.
     std::string Answer() const;
 
 protected:
@@ -53,13 +55,13 @@ private:
     void LayOutFields();
     void OptSignIn_Click();
     void BtnUse_Click();
-    /// True where the place works.
+    /// True if the entered server works.
     bool TryItOut();
-    bool Validate(const SqlServerPlace& place);
+    bool Validate(const SqlServerTarget& target);
     bool Refuse(TextBox& box, std::string_view reason);
     void ShowAnswer(const std::string& answer);
-    TextBox& BoxOf(std::string SqlServerPlace::*entry);
-    SqlServerPlace EnteredPlace() const;
+    TextBox& BoxOf(std::string SqlServerTarget::*entry);
+    SqlServerTarget EnteredTarget() const;
     OwnerSignIn EnteredOwner() const;
 
     std::string title_;

@@ -1,5 +1,6 @@
 #include "setup/SqlServerTryOut.h"
 
+#include "platform/ado/AdoFailure.h"
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
@@ -13,29 +14,31 @@ namespace {
 
 constexpr int secondsToConnect = 15;
 
-bool HoldsAny(std::string_view words, std::initializer_list<std::string_view> any) {
-    return std::any_of(any.begin(), any.end(), [words](std::string_view each) {
-        return words.find(each) != std::string_view::npos;
-    });
+bool IsAnyOf(long code, std::initializer_list<long> codes) {
+    return std::ranges::find(codes, code) != codes.end();
 }
 
-// The words of the drivers themselves, which are the same in every language of the server.
-
-bool TellsOfNoDriver(std::string_view words) {
-    return HoldsAny(words, {"is not installed"});
+bool IsMissingDriver(const EngineCodes& codes) {
+    return codes.state == "IM002";
 }
 
-bool TellsOfNoServer(std::string_view words) {
-    return HoldsAny(words, {"Unable to connect:", "Unknown host", "connection timed out",
-                            "does not exist or access denied"});
+/// 17 is the number of the driver of Windows, the others are those of FreeTDS: connection timed
+/// out, no server at this address, no such host.
+bool IsMissingServer(const EngineCodes& codes) {
+    return codes.state.starts_with("HYT") || IsAnyOf(codes.native, {17, 20003, 20009, 20013});
 }
 
-bool TellsOfBreakingOff(std::string_view words) {
-    return HoldsAny(words, {"Adaptive Server connection failed"});
+/// FreeTDS: the server closes the connection.
+bool IsClosedByServer(const EngineCodes& codes) {
+    return codes.native == 20002;
 }
 
-std::string Address(const SqlServerPlace& place) {
-    return place.server + (place.port.empty() ? "" : ", port " + place.port);
+bool IsWrongPassword(const EngineCodes& codes) {
+    return codes.native == 18456;
+}
+
+std::string Address(const SqlServerTarget& target) {
+    return target.server + (target.port.empty() ? "" : ", port " + target.port);
 }
 
 std::string Plural(long count, const char* one, const char* many) {
@@ -49,73 +52,77 @@ std::string Joined(const std::vector<std::string>& names) {
     return text;
 }
 
-/// Why the station could not work on what is there.
+bool IsCaseSensitive(std::string_view collation) {
+    return collation.find("_CS") != collation.npos || collation.find("_BIN") != collation.npos;
+}
+
+/// The reason why the station cannot work with this database; empty if it can.
 std::string WhyUnfit(const SqlServerContents& found) {
-    if (HoldsAny(UpperCase(found.collation), {"_CS", "_BIN"}))
-        return "The sign-in works, but this database tells capitals from small letters "
-               "(collation " +
-               found.collation + "). A station needs one that does not.";
-    if (found.isComplete || found.mayBeMade)
+    if (IsCaseSensitive(UpperCase(found.collation)))
+        return "The sign-in works, but this database is case-sensitive (collation " +
+               found.collation + "). A station needs one that is not.";
+    if (found.isComplete || found.mayBeCreated)
         return {};
     if (found.missing.empty())
-        return "The sign-in works, but nobody is set up to sign in at a station, and this sign-in "
-               "may not change that. Please give the owner's below, for the set-up alone.";
-    return "The sign-in works, but these are missing or closed to it, and it may not make them: " +
-           Joined(found.missing) + ". Please give the owner's below, for the set-up alone.";
+        return "The sign-in works, but there are no users of stations, and this sign-in may not "
+               "add "
+               "any. Enter the owner's sign-in below; it is used only for the set-up.";
+    return "The sign-in works, but these tables or functions are missing, or it has no right to "
+           "use "
+           "them, and it may not create them: " +
+           Joined(found.missing) +
+           ". Enter the owner's sign-in below; it is used only for the set-up.";
 }
 
 std::string WhatIsThere(const SqlServerContents& found) {
     if (found.isComplete)
-        return "It works. There is a station's database: " +
+        return "It works. This is a station's database: " +
                (found.company.companyName.empty() ? "no company" : found.company.companyName) +
                "; " + Plural(found.arrivals, "arrival", "arrivals") + ", " +
                Plural(found.users, "user", "users") + ".";
     if (found.isEmpty)
-        return "It works. The database holds nothing of a station's yet; the set-up makes all of "
-               "it.";
+        return "It works. The database has no station tables yet; the set-up will create them.";
     if (found.missing.empty())
-        return "It works. Nobody is set up to sign in at a station yet; the set-up adds the first "
-               "user.";
-    return "It works. The set-up makes what is missing and changes nothing else: " +
+        return "It works. There are no users of stations yet; the set-up will add the first one.";
+    return "It works. The set-up will create what is missing and change nothing else: " +
            Joined(found.missing) + ".";
 }
 
-bool Opens(SqlServerPlace place, const char* database) {
-    place.database = database;
+bool Opens(SqlServerTarget target, const char* database) {
+    target.database = database;
     try {
-        OpenSqlServer(place);
+        OpenSqlServer(target);
         return true;
     } catch (const Failure&) {
         return false;
     }
 }
 
-/// A server that is away, or a driver, need not be asked a second time.
-bool ServerTakes(const SqlServerPlace& place, std::string_view words) {
-    return !TellsOfNoDriver(words) && !TellsOfNoServer(words) && !TellsOfBreakingOff(words) &&
-           Opens(place, "master");
+/// Does not ask a server that does not answer.
+bool ServerAccepts(const SqlServerTarget& target, const EngineCodes& codes) {
+    return !IsMissingDriver(codes) && !IsMissingServer(codes) && !IsClosedByServer(codes) &&
+           Opens(target, "master");
 }
 
-/// Whether the station's own sign-in is one; that the database does not know it yet is no fault,
-/// since the owner can change that.
-std::optional<std::string> FaultOfStation(const SqlServerPlace& station, std::string& answer) {
+/// The fault of the station's sign-in. That the database does not know it yet is no fault, because
+/// the owner can change that.
+std::optional<std::string> FaultOfStation(const SqlServerTarget& station, std::string& answer) {
     try {
         OpenSqlServer(station);
     } catch (const Failure& failure) {
-        const std::string words = failure.Description();
-        if (!ServerTakes(station, words))
+        if (!ServerAccepts(station, CodesOf(failure)))
             return "The owner's sign-in works, but not the station's.\n" +
-                   WhyItDoesNotOpen(station, words, false);
+                   WhyItDoesNotOpen(station, failure, false);
         answer += station.windowsSignIn
-                      ? " The station's own sign-in is not known to the database yet; once the "
-                        "set-up has made the role StationOperator, make it a member there."
-                      : " The station's own sign-in is not known to the database yet; the set-up "
-                        "adds it with the role StationOperator.";
+                      ? " The database does not know the station's sign-in yet. After the set-up "
+                        "has created the role StationOperator, make the sign-in a member of it."
+                      : " The database does not know the station's sign-in yet; the set-up adds "
+                        "it with the role StationOperator.";
     }
     return std::nullopt;
 }
 
-TryOut Judge(const SqlServerPlace& station, const OwnerSignIn& owner, Connection& connection) {
+TryOut Judge(const SqlServerTarget& station, const OwnerSignIn& owner, Connection& connection) {
     TryOut result;
     result.contents = LookAtSqlServerDatabase(connection);
     result.answer = WhyNameIsUnfit(connection.DefaultDatabase());
@@ -136,34 +143,34 @@ TryOut Judge(const SqlServerPlace& station, const OwnerSignIn& owner, Connection
 
 } // namespace
 
-SqlServerPlace PlaceForSetUp(const SqlServerPlace& station, const OwnerSignIn& owner) {
-    SqlServerPlace place = station;
+SqlServerTarget TargetForSetup(const SqlServerTarget& station, const OwnerSignIn& owner) {
+    SqlServerTarget target = station;
     if (owner.IsGiven()) {
-        place.windowsSignIn = false;
-        place.userName = owner.userName;
-        place.password = owner.password;
+        target.windowsSignIn = false;
+        target.userName = owner.userName;
+        target.password = owner.password;
     }
-    return place;
+    return target;
 }
 
-std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place, int commandSeconds) {
+std::unique_ptr<Connection> OpenSqlServer(const SqlServerTarget& target, int commandSeconds) {
     auto connection = std::make_unique<Connection>();
     connection->ConnectionTimeout = secondsToConnect;
     connection->CommandTimeout = commandSeconds;
-    connection->Open("Driver=SQL Server;" + ConfigFragment(place, DriverOfThisSystem()));
+    connection->Open("Driver=SQL Server;" + ConfigFragment(target, DriverOfThisSystem()));
     connection->CursorLocation = adUseClient;
     return connection;
 }
 
-TryOut TrySqlServer(const SqlServerPlace& station, const OwnerSignIn& owner) {
-    const SqlServerPlace place = PlaceForSetUp(station, owner);
+TryOut TrySqlServer(const SqlServerTarget& station, const OwnerSignIn& owner) {
+    const SqlServerTarget target = TargetForSetup(station, owner);
     std::unique_ptr<Connection> connection;
     try {
-        connection = OpenSqlServer(place);
+        connection = OpenSqlServer(target);
     } catch (const Failure& failure) {
-        const std::string words = failure.Description();
+        const bool serverAnswers = ServerAccepts(target, CodesOf(failure));
         return {.works = false,
-                .answer = WhyItDoesNotOpen(place, words, ServerTakes(place, words)),
+                .answer = WhyItDoesNotOpen(target, failure, serverAnswers),
                 .contents = {}};
     }
     try {
@@ -176,30 +183,33 @@ TryOut TrySqlServer(const SqlServerPlace& station, const OwnerSignIn& owner) {
     }
 }
 
-std::string WhyItDoesNotOpen(const SqlServerPlace& place, std::string_view wordsOfDriver,
+std::string WhyItDoesNotOpen(const SqlServerTarget& target, const Failure& failure,
                              bool serverAnswers) {
-    const std::string words = "\n" + std::string(wordsOfDriver);
-    if (TellsOfNoDriver(wordsOfDriver))
-        return std::string(wordsOfDriver);
+    const EngineCodes codes = CodesOf(failure);
+    const std::string text = "\n" + failure.Description();
+    if (IsMissingDriver(codes))
+        return failure.Description();
     if (serverAnswers)
-        return "The server answers, but there is no database \"" + place.database +
-               "\", or it does not know this sign-in; the owner's, below, can change that." + words;
-    if (TellsOfNoServer(wordsOfDriver))
-        return "No SQL Server answers at " + Address(place) +
-               ". Please see that it runs, that name and port are right, and that no firewall "
-               "stands between." +
-               words;
-    if (TellsOfBreakingOff(wordsOfDriver) && place.windowsSignIn)
-        return "The Windows sign-in does not get through to " + Address(place) +
-               ". It needs a computer that belongs to the server's domain." + words;
-    if (TellsOfBreakingOff(wordsOfDriver))
-        return "The server at " + Address(place) +
-               " breaks the connection off. It may ask for another encryption than the options do, "
-               "or be no SQL Server." +
-               words;
-    if (HoldsAny(wordsOfDriver, {"Login failed"}))
-        return "The server refuses the sign-in: the name or the password is wrong." + words;
-    return "The server refuses the connection." + words;
+        return "The server answers, but there is no database \"" + target.database +
+               "\", or it does not know this sign-in. The owner's sign-in, below, can change "
+               "that." +
+               text;
+    if (IsMissingServer(codes))
+        return "No SQL Server answers at " + Address(target) +
+               ". Check that it runs, that name and port are correct, and that no firewall blocks "
+               "the connection." +
+               text;
+    if (IsClosedByServer(codes) && target.windowsSignIn)
+        return "The Windows sign-in does not work with " + Address(target) +
+               ". It needs a computer that belongs to the server's domain." + text;
+    if (IsClosedByServer(codes))
+        return "The server at " + Address(target) +
+               " closes the connection. It may require another encryption than the options "
+               "specify, or may not be a SQL Server." +
+               text;
+    if (IsWrongPassword(codes))
+        return "The server refuses the sign-in: the name or the password is wrong." + text;
+    return "The server refuses the connection." + text;
 }
 
 } // namespace Quillane

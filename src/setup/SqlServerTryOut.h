@@ -1,18 +1,18 @@
 #pragma once
 
 #include "setup/SqlServerContents.h"
-#include "setup/SqlServerPlace.h"
+#include "setup/SqlServerTarget.h"
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace Quillane {
 
 class Connection;
+class Failure;
 
-/// Who signs in for the set-up alone, because the station's own sign-in may not make tables. An
-/// empty name: the station's sign-in does it all.
+/// The sign-in for the set-up only, if the station's sign-in may not create tables. With an empty
+/// name the station's sign-in is used.
 struct OwnerSignIn {
     std::string userName{};
     std::string password{};
@@ -20,27 +20,28 @@ struct OwnerSignIn {
     bool IsGiven() const { return !userName.empty(); }
 };
 
-/// The same database with the owner's sign-in, where there is one.
-SqlServerPlace PlaceForSetUp(const SqlServerPlace& station, const OwnerSignIn& owner);
+/// The same database with the owner's sign-in, if one is given.
+SqlServerTarget TargetForSetup(const SqlServerTarget& station, const OwnerSignIn& owner);
 
-/// How a try-out ended.
+/// The result of a test.
 struct TryOut {
     bool works = false;
-    std::string answer; ///< for the person who sets the station up; below it the driver's own words
+    std::string answer; ///< for the person who sets the station up, with the driver's text
     SqlServerContents contents;
 };
 
-/// Signs in as the station would and looks at the database; with an owner's sign-in also as the
-/// owner. Never fails: what goes wrong is in the answer.
-TryOut TrySqlServer(const SqlServerPlace& station, const OwnerSignIn& owner);
+/// Signs in as the station, and as the owner if one is given, and examines the database. Throws
+/// nothing: the answer describes a failure.
+TryOut TrySqlServer(const SqlServerTarget& station, const OwnerSignIn& owner);
 
-/// Opens the database the way the start-up does, with a shorter wait. A statement may take so many
-/// seconds.
-std::unique_ptr<Connection> OpenSqlServer(const SqlServerPlace& place, int commandSeconds = 30);
+/// Opens the database as the start-up does, with a shorter time-out. `commandSeconds` is the
+/// time-out of a statement.
+std::unique_ptr<Connection> OpenSqlServer(const SqlServerTarget& target, int commandSeconds = 30);
 
-/// What is wrong where the place could not be opened, in plain words above the driver's.
-/// `serverAnswers`: the server takes the same sign-in for its own database "master".
-std::string WhyItDoesNotOpen(const SqlServerPlace& place, std::string_view wordsOfDriver,
+/// The reason why a database cannot be opened, and what to do, followed by the driver's text. It is
+/// found by the codes of the failure. `serverAnswers` is true if the server accepts the same
+/// sign-in for its database "master".
+std::string WhyItDoesNotOpen(const SqlServerTarget& target, const Failure& failure,
                              bool serverAnswers);
 
 } // namespace Quillane

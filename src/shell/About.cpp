@@ -43,7 +43,7 @@ std::string EngineVersion() {
                : "SQLite " + Con->Execute("Select sqlite_version()").Fields(0).Text();
 }
 
-std::string SchemaNumbers() {
+std::string SchemaVersions() {
     return NumberText(ReadSchemaVersion(*Con)) +
            " (this program: " + NumberText(SchemaVersionOfProgram()) + ")";
 }
@@ -57,7 +57,7 @@ std::string AboutText() {
            "\r\nStation folder: " + StationFolder() +
            "\r\nDatabase: " + AnswerOrFailure(DatabaseLocation) +
            "\r\nEngine: " + AnswerOrFailure(EngineVersion) +
-           "\r\nSchema number: " + AnswerOrFailure(SchemaNumbers);
+           "\r\nSchema version: " + AnswerOrFailure(SchemaVersions);
 }
 
 void ShowAbout() {

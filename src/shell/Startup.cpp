@@ -10,7 +10,9 @@
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
 #include "platform/host/SystemInfo.h"
+#include "platform/host/Version.h"
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/FileAccess.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/DatabaseSetup.h"
 #include "shell/About.h"
@@ -19,6 +21,9 @@
 #include "shell/LockWaits.h"
 #include "signin/StationSupport.h"
 #include "signin/UserLogin.h"
+
+#include <QApplication>
+#include <QIcon>
 
 namespace Quillane {
 
@@ -94,6 +99,7 @@ bool PrepareSession() {
     const std::string configFile = StationFolder() + "/Config.ini";
     if (!FileExists(configFile) && !MakeDatabase())
         return false;
+    RemoveAccessOfOthers(configFile); // it may contain a password
     OpenCon(ReadFirstField(configFile));
     UpgradeIfVersionsDiffer();
     UserLogin->SetConnection(*Con);
@@ -105,6 +111,13 @@ bool PrepareSession() {
 }
 
 } // namespace
+
+void NameProgram() {
+    QApplication::setApplicationName("Quillane");
+    QApplication::setApplicationVersion(ToQt(QuillaneVersion()));
+    // A small icon: decoding it delays the first window.
+    QApplication::setWindowIcon(QIcon(":/shell/window-icon.png"));
+}
 
 void Main() {
     Con = std::make_unique<Connection>();

@@ -8,6 +8,10 @@
 
 namespace Quillane {
 
+/// Sets the name, the version and the icon of the program, which all of its windows and boxes show.
+/// Requires: an application, and no window yet.
+void NameProgram();
+
 /// The entry procedure. It reads `Config.ini` in the station folder, opens `Con`, upgrades the
 /// schema, writes the company name, signs the user in and shows the start screen. It has no error
 /// trap: a failure shows the error box of the runtime and ends the process. If nobody signs in, the

@@ -13,7 +13,7 @@ std::string BackupReminder(const std::string& stationFolder, int days,
         return {};
     const auto last = ReadBackupRecord(stationFolder);
     if (!last)
-        return "There is no backup of the database yet. Please tell the person who looks after the "
+        return "There is no backup of the database yet. Inform the person who maintains the "
                "station.";
     if (now - *last <= days * day)
         return {};
@@ -21,7 +21,7 @@ std::string BackupReminder(const std::string& stationFolder, int days,
     const std::string date =
         QDateTime::fromSecsSinceEpoch(seconds).toString("dd/MM/yyyy").toStdString();
     return "The last good backup of the database is of " + date +
-           ". Please tell the person who looks after the station.";
+           ". Inform the person who maintains the station.";
 }
 
 } // namespace Quillane

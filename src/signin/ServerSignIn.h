@@ -15,13 +15,13 @@ struct StationUser {
     std::int32_t level = 0;
 };
 
-/// Whether the database shows no hashes, but checks them: one on SQL Server that has the views of
-/// the sign-in.
+/// True if the database checks passwords itself and shows no hashes: on SQL Server, with the views
+/// of the sign-in.
 bool ServerChecksPasswords(Connection& connection);
 
-/// Signs in at such a database, which knows from then on as whom the connection's session works.
-/// None where the name or the password is wrong; nobody is then signed in. A name that nobody has
-/// takes as long as a wrong password.
+/// Signs in to such a database. Its triggers then know the user of the connection's session.
+/// None if the name or the password is wrong; no user is then signed in. An unknown name takes as
+/// long as a wrong password.
 std::optional<StationUser> SignInAtServer(Connection& connection, std::string_view name,
                                           std::string_view password);
 

@@ -1,7 +1,7 @@
 // Every statement finds its rows by a key or an index, on both engines.
 
 #include "database/SchemaLines.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 
 #include <gtest/gtest.h>
 
@@ -60,8 +60,8 @@ std::string BeginningOf(const std::string& link) {
 } // namespace
 
 TEST(Indexes, ServeEachStatement) {
-    const SchemaLines embedded = LinesOfEmbeddedSchema(EmbeddedScripts::Schema);
-    const SchemaLines server = LinesOfSqlServerSchema(EmbeddedScripts::SqlServerSchema);
+    const SchemaLines embedded = LinesOfEmbeddedSchema(DatabaseScripts::EmbeddedSchema);
+    const SchemaLines server = LinesOfSqlServerSchema(DatabaseScripts::SqlServerSchema);
     for (const LookUp& each : lookUps) {
         EXPECT_TRUE(IsLookedUp(embedded, each.table, each.column)) << each.statement;
         EXPECT_TRUE(IsLookedUp(server, each.table, each.column)) << each.statement;
@@ -69,8 +69,8 @@ TEST(Indexes, ServeEachStatement) {
 }
 
 // Without one, removing an arrival would read the whole of a table that may refer to it.
-TEST(Indexes, ServeEachLink) {
-    const SchemaLines lines = LinesOfSqlServerSchema(EmbeddedScripts::SqlServerSchema);
+TEST(Indexes, ServeEachForeignKey) {
+    const SchemaLines lines = LinesOfSqlServerSchema(DatabaseScripts::SqlServerSchema);
     int links = 0;
     for (const std::string& line : lines) {
         if (!line.starts_with("link "))
@@ -84,9 +84,9 @@ TEST(Indexes, ServeEachLink) {
     EXPECT_EQ(links, 13);
 }
 
-// The search reads its days from this index alone.
-TEST(Indexes, TheOneOfDaysHoldsWhatTheSearchReads) {
-    const std::string schema = EmbeddedScripts::SqlServerSchema;
+// The search reads its date range only from this index.
+TEST(Indexes, TheDateIndexIncludesTheColumnsOfTheSearch) {
+    const std::string schema = DatabaseScripts::SqlServerSchema;
     EXPECT_NE(schema.find("ON dbo.Arrivals (ArrivalDate) INCLUDE (CommodityId, SellerId);"),
               schema.npos);
 }

@@ -4,7 +4,7 @@
 #include "platform/ado/SqlTokens.h"
 #include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/ScriptBatches.h"
 
@@ -61,14 +61,14 @@ std::size_t Times(std::string_view text, std::string_view what) {
 } // namespace
 
 TEST(SchemaAgreement, TablesColumnsKeysLinksAndIndexesAreTheSame) {
-    const SchemaLines embedded = LinesOfEmbeddedSchema(EmbeddedScripts::Schema);
-    const SchemaLines server = LinesOfSqlServerSchema(EmbeddedScripts::SqlServerSchema);
+    const SchemaLines embedded = LinesOfEmbeddedSchema(DatabaseScripts::EmbeddedSchema);
+    const SchemaLines server = LinesOfSqlServerSchema(DatabaseScripts::SqlServerSchema);
     EXPECT_EQ(OnlyIn(embedded, server), SchemaLines{}) << "only in the embedded schema";
     EXPECT_EQ(OnlyIn(server, embedded), SchemaLines{}) << "only in the schema for SQL Server";
 }
 
-TEST(SchemaAgreement, LooksAtAllThereIs) {
-    const SchemaLines lines = LinesOfSqlServerSchema(EmbeddedScripts::SqlServerSchema);
+TEST(SchemaAgreement, ComparesEveryKindOfObject) {
+    const SchemaLines lines = LinesOfSqlServerSchema(DatabaseScripts::SqlServerSchema);
     EXPECT_EQ(CountOf(lines, "column "), 76U);
     EXPECT_EQ(CountOf(lines, "key "), 16U);
     EXPECT_EQ(CountOf(lines, "unique "), 3U);
@@ -76,20 +76,20 @@ TEST(SchemaAgreement, LooksAtAllThereIs) {
     EXPECT_EQ(CountOf(lines, "link "), 13U);
 }
 
-TEST(SchemaAgreement, TheFirstStepMakesTheSameTables) {
-    EXPECT_EQ(LinesOfSqlServerSchema(EmbeddedScripts::SqlServerUpgradeTo1),
-              LinesOfEmbeddedSchema(EmbeddedScripts::UpgradeTo1));
+TEST(SchemaAgreement, TheFirstStepCreatesTheSameTables) {
+    EXPECT_EQ(LinesOfSqlServerSchema(DatabaseScripts::SqlServerUpgradeTo1),
+              LinesOfEmbeddedSchema(DatabaseScripts::EmbeddedUpgradeTo1));
 }
 
 // A station deletes bag lines by numbers that it has read before.
-TEST(SchemaAgreement, NeitherGivesTheNumberOfABagLineOutAgain) {
-    EXPECT_EQ(Times(EmbeddedScripts::Schema,
+TEST(SchemaAgreement, NeitherReusesTheNumberOfABagLine) {
+    EXPECT_EQ(Times(DatabaseScripts::EmbeddedSchema,
                     "LineId         INTEGER NOT NULL PRIMARY KEY AUTOINCREMENT,"),
               1U);
-    EXPECT_EQ(Times(EmbeddedScripts::SqlServerSchema, "LineId         int IDENTITY NOT NULL"), 1U);
+    EXPECT_EQ(Times(DatabaseScripts::SqlServerSchema, "LineId         int IDENTITY NOT NULL"), 1U);
 }
 
-TEST(SchemaAgreement, EachStepIsThereForBoth) {
+TEST(SchemaAgreement, BothHaveEachStep) {
     for (const SchemaStep& step : SchemaSteps())
         for (const char* folder : {"/embedded", "/sqlserver"})
             EXPECT_TRUE(std::filesystem::exists(std::string(QUILLANE_DATABASE_FOLDER) + folder +
@@ -97,32 +97,32 @@ TEST(SchemaAgreement, EachStepIsThereForBoth) {
                 << folder << " " << step.version;
 }
 
-TEST(SchemaAgreement, BothEndOnTheNumberOfTheProgram) {
+TEST(SchemaAgreement, BothStoreTheVersionOfTheProgram) {
     const std::string number = " (SchemaVersion) VALUES (" + NumberText(SchemaVersionOfProgram());
-    EXPECT_EQ(Times(EmbeddedScripts::Schema, "StationSchema" + number + ")"), 1U);
-    EXPECT_EQ(Times(EmbeddedScripts::SqlServerSchema, "StationSchema" + number + ")"), 1U);
+    EXPECT_EQ(Times(DatabaseScripts::EmbeddedSchema, "StationSchema" + number + ")"), 1U);
+    EXPECT_EQ(Times(DatabaseScripts::SqlServerSchema, "StationSchema" + number + ")"), 1U);
 }
 
-TEST(SchemaAgreement, TheSettingsBeginWithTheSameValues) {
-    for (const std::string& row : LiteralRows(EmbeddedScripts::Schema)) {
+TEST(SchemaAgreement, TheInitialSettingsAreTheSame) {
+    for (const std::string& row : LiteralRows(DatabaseScripts::EmbeddedSchema)) {
         if (Times(row, "','") != 1)
             continue;
         std::string wanted = "(N" + row.substr(1);
         wanted.insert(wanted.find("','") + 2, " N");
-        EXPECT_EQ(Times(EmbeddedScripts::SqlServerSchema, wanted), 1U) << row;
+        EXPECT_EQ(Times(DatabaseScripts::SqlServerSchema, wanted), 1U) << row;
     }
 }
 
 TEST(SchemaAgreement, TheSampleRowsAreTheSame) {
-    const std::vector<std::string> rows = LiteralRows(EmbeddedScripts::SampleRows);
+    const std::vector<std::string> rows = LiteralRows(DatabaseScripts::EmbeddedSampleRows);
     EXPECT_GT(rows.size(), 140U);
-    EXPECT_EQ(LiteralRows(EmbeddedScripts::SqlServerSampleRows), rows);
+    EXPECT_EQ(LiteralRows(DatabaseScripts::SqlServerSampleRows), rows);
 }
 
 // What the server needs to fold a function into the query that calls it.
 TEST(SchemaAgreement, EachFunctionIsOneReturnOfOneExpression) {
     std::size_t functions = 0;
-    for (const std::string& batch : ScriptBatches(EmbeddedScripts::SqlServerSchema)) {
+    for (const std::string& batch : ScriptBatches(DatabaseScripts::SqlServerSchema)) {
         const std::size_t begin = batch.find("CREATE FUNCTION");
         if (begin == batch.npos)
             continue;

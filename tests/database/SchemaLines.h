@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// What a schema holds, one line each, so that two schemas can be laid side by side:
+/// The contents of a schema, one line each, so that two schemas can be compared:
 ///
 ///     column Parties 2 CityId INTEGER
 ///     column Parties 4 IsSeller INTEGER not null default
@@ -25,7 +25,7 @@ SchemaLines OnlyIn(const SchemaLines& lines, const SchemaLines& others);
 SchemaLines LinesOfEmbeddedSchema(const char* script);
 
 /// Reads the CREATE TABLE, CREATE INDEX and ALTER TABLE ... FOREIGN KEY statements of a script for
-/// SQL Server, wherever they stand. A type that the embedded schema has no name for is told as is.
+/// SQL Server. A type that the embedded schema does not have is listed with its own name.
 SchemaLines LinesOfSqlServerSchema(std::string_view script);
 
 } // namespace Quillane

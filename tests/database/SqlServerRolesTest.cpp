@@ -1,12 +1,12 @@
-// What the two roles may do, and what they may not: the rest of the database is safe from a text
-// that was pasted into a box of the station.
+// The rights of the two roles. A text pasted into a box of the station cannot harm the rest of the
+// database.
 
 #include "database/SqlServerSite.h"
 
 #include "data/Common.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "signin/UserLogin.h"
 #include "station/SystemStatements.h"
@@ -17,7 +17,7 @@ namespace Quillane {
 
 namespace {
 
-/// The words of the refusal; empty where the statement ran.
+/// The text of the refusal; empty if the statement ran.
 std::string RefusalOf(Connection& connection, const std::string& statement) {
     try {
         connection.Execute(statement);
@@ -27,7 +27,7 @@ std::string RefusalOf(Connection& connection, const std::string& statement) {
     }
 }
 
-bool TellsOfRights(const std::string& words) {
+bool IsAboutRights(const std::string& words) {
     const std::string capitals = UpperCase(words);
     return capitals.find("PERMISSION") != capitals.npos ||
            capitals.find("MUST BE OWNER") != capitals.npos;
@@ -41,7 +41,7 @@ std::string SearchedName(const std::string& pasted) {
 
 const std::vector<std::string>& RefusedToStations() {
     static const std::vector<std::string> statements{
-        // Tables of dbo, which a station reaches through its views alone
+        // Tables of dbo, which a station can use only through its views
         "Select * From dbo.Arrivals",
         "Select * From dbo.ArrivalsBody",
         "Select * From dbo.Parties",
@@ -119,7 +119,7 @@ const std::vector<std::string>& RefusedToStations() {
     return statements;
 }
 
-/// Names that no view of a station has, or that it computes: unknown to it whatever its rights.
+/// Names that no view of a station has, or computed columns: invalid for any rights.
 const std::vector<std::string>& UnknownToStations() {
     static const std::vector<std::string> statements{
         "Select CreditLimit From Parties",
@@ -192,21 +192,21 @@ protected:
             Con->Execute(statement);
     }
 
-    /// The owner may run the statement, so that a refusal is one of rights. One that this server
-    /// does not know at all is told and passed over.
+    /// True if the owner may run the statement, so that a refusal is one of rights. A statement
+    /// that this server does not support is printed and skipped.
     bool OwnerMay(const std::string& statement) {
         Con->BeginTrans();
         const std::string refusal = RefusalOf(*Con, statement);
         Con->RollbackTrans();
         if (!refusal.empty())
-            std::cout << "[ NOT HERE ] " << statement << "\n             " << refusal << "\n";
+            std::cout << "[ UNSUPPORTED ] " << statement << "\n             " << refusal << "\n";
         return refusal.empty();
     }
 
     using IsRefusal = bool (*)(const std::string& words);
-    /// How many of them this server could show to be refused.
+    /// The number of statements that this server refuses.
     int ExpectRefused(RoleMember& member, const std::vector<std::string>& statements,
-                      IsRefusal isRefusal = TellsOfRights) {
+                      IsRefusal isRefusal = IsAboutRights) {
         const auto catalogue = CatalogueOf(*Con);
         const auto contents = ContentsOf(*Con);
         int refused = 0;
@@ -232,7 +232,7 @@ protected:
 TEST_F(SqlServerRoles, AStationRunsEveryQuery) {
     RoleMember station(*Con, *database, "StationOperator");
     for (const SystemQuery& query : SystemQueries()) {
-        // Nothing in our schema ties this table to an arrival, so no station asks for its rows.
+        // This table does not refer to an arrival in our schema, so no station reads it.
         if (query.text.find("SaleRecoveryBody") != query.text.npos)
             continue;
         EXPECT_EQ(station.connection->Execute(query.text).RecordCount(), query.rows) << query.text;
@@ -258,7 +258,7 @@ TEST_F(SqlServerRoles, AStationWritesItsSettings) {
               "BRELLIX");
 }
 
-TEST_F(SqlServerRoles, AStationSignsItsUsersInAndSeesNoHash) {
+TEST_F(SqlServerRoles, AStationSignsUsersInAndSeesNoHash) {
     RoleMember station(*Con, *database, "StationOperator");
     UserLoginObject login;
     login.SetConnection(*station.connection);
@@ -276,7 +276,7 @@ TEST_F(SqlServerRoles, AStationSignsItsUsersInAndSeesNoHash) {
             EXPECT_EQ(row.find(hash.substr(hash.rfind('$'))), row.npos) << query;
 }
 
-TEST_F(SqlServerRoles, ASessionCannotNameALevelWithoutThePassword) {
+TEST_F(SqlServerRoles, ASessionHasNoLevelWithoutThePassword) {
     RoleMember station(*Con, *database, "StationOperator");
     Connection& connection = *station.connection;
     const auto provedAs = [&](const std::string& proof) {
@@ -292,7 +292,7 @@ TEST_F(SqlServerRoles, ASessionCannotNameALevelWithoutThePassword) {
     EXPECT_EQ(provedAs("N'" + hash + "'"), 1);
 }
 
-TEST_F(SqlServerRoles, ASecondSignInTakesTheLevelOfTheFirst) {
+TEST_F(SqlServerRoles, ASecondSignInReplacesTheLevelOfTheFirst) {
     RoleMember station(*Con, *database, "StationOperator");
     const std::string change = "Update Arrivals Set IsPosted=0 where arrivalid=1036";
     SignIn(station, "Nadia", "grain");
@@ -366,7 +366,7 @@ TEST_F(SqlServerRoles, AStationMayDoNothingElse) {
     EXPECT_GE(ExpectRefused(station, RefusedToStations()), 50);
 }
 
-TEST_F(SqlServerRoles, AStationKnowsNothingBeyondItsViews) {
+TEST_F(SqlServerRoles, AStationCannotNameAnythingBeyondItsViews) {
     RoleMember station(*Con, *database, "StationOperator");
     SignIn(station, "Nadia", "grain");
     EXPECT_EQ(ExpectRefused(station, UnknownToStations(),
@@ -378,13 +378,13 @@ TEST_F(SqlServerRoles, OnlyAUserOfLevelOneChangesAPostedLoadOrRemovesOne) {
     RoleMember station(*Con, *database, "StationOperator");
     Con->Execute("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values "
                  "(2000, '2026-11-20T00:00:00', 1, '6010001')");
-    const auto tellsOfLevel = [](const std::string& words) {
+    const auto isAboutLevel = [](const std::string& words) {
         return words.find("of level 1") != words.npos;
     };
     const int guarded = static_cast<int>(GuardedRows().size());
-    EXPECT_EQ(ExpectRefused(station, GuardedRows(), tellsOfLevel), guarded) << "nobody signed in";
+    EXPECT_EQ(ExpectRefused(station, GuardedRows(), isAboutLevel), guarded) << "nobody signed in";
     SignIn(station, "gate", "gate");
-    EXPECT_EQ(ExpectRefused(station, GuardedRows(), tellsOfLevel), guarded);
+    EXPECT_EQ(ExpectRefused(station, GuardedRows(), isAboutLevel), guarded);
     SignIn(station, "Nadia", "grain");
     for (const std::string& statement : GuardedRows()) {
         station.connection->BeginTrans();
@@ -414,14 +414,14 @@ TEST_F(SqlServerRoles, NoStationPostsALoad) {
     }
 }
 
-TEST_F(SqlServerRoles, TheGuardsConcernStationsAlone) {
+TEST_F(SqlServerRoles, TheGuardsApplyOnlyToStations) {
     RenewRights(*Con);
     for (const std::string& statement : GuardedRows())
         EXPECT_TRUE(OwnerMay(statement));
     EXPECT_TRUE(OwnerMay("Update Arrivals Set IsPosted = 1"));
 }
 
-TEST_F(SqlServerRoles, SettingsOfOtherModulesAreOutOfReachByRow) {
+TEST_F(SqlServerRoles, SettingsOfOtherModulesAreNotVisible) {
     Con->Execute("Insert Into Project_Registry (registrykey, value) Values ('FiscalYear', '2026')");
     Con->Execute("Insert Into PortSettings (RegistryKey, RegistryValue) Values ('Camera', '7')");
     RoleMember station(*Con, *database, "StationOperator");
@@ -437,7 +437,7 @@ TEST_F(SqlServerRoles, SettingsOfOtherModulesAreOutOfReachByRow) {
     EXPECT_EQ(RowsOf(*station.connection, "Select * From PortSettings").size(), 5U);
 }
 
-TEST_F(SqlServerRoles, WhatRefersToAnArrivalShowsItsForeignKeyAlone) {
+TEST_F(SqlServerRoles, TablesThatReferToAnArrivalShowOnlyTheForeignKey) {
     RoleMember station(*Con, *database, "StationOperator");
     for (const char* table : {"PurchaseBody", "LaboratoryReports"})
         EXPECT_EQ(
@@ -446,10 +446,10 @@ TEST_F(SqlServerRoles, WhatRefersToAnArrivalShowsItsForeignKeyAlone) {
             << table;
 }
 
-TEST_F(SqlServerRoles, RunningTheScriptAgainMakesAMemberWhoWasThereBeforeAStation) {
+TEST_F(SqlServerRoles, RunningTheScriptAgainSetsTheSchemaOfAnExistingMember) {
     RoleMember station(*Con, *database, "StationOperator", "dbo");
     EXPECT_NE(RefusalOf(*station.connection, "Select * from PortSettings"), "");
-    RunScript(*Con, EmbeddedScripts::SqlServerRoles);
+    RunScript(*Con, DatabaseScripts::SqlServerRoles);
     station.SignInAgain();
     EXPECT_EQ(station.connection->Execute("Select * from PortSettings").RecordCount(), 5);
 }
@@ -472,11 +472,11 @@ TEST_F(SqlServerRoles, AReaderMayDoNothingElse) {
     EXPECT_GE(ExpectRefused(reader, RefusedToReaders()), 13);
 }
 
-TEST_F(SqlServerRoles, ATableThatRefersToArrivalsLaterIsSeenOnceTheScriptRanAgain) {
+TEST_F(SqlServerRoles, ANewTableThatRefersToArrivalsIsVisibleAfterRunningTheScriptAgain) {
     Con->Execute("Create Table GateSamples (SampleNo int Not Null Primary Key, "
                  "TakenFrom int Not Null References Arrivals (ArrivalID))");
     Con->Execute("Insert Into GateSamples Values (1, 1034)");
-    RunScript(*Con, EmbeddedScripts::SqlServerRoles);
+    RunScript(*Con, DatabaseScripts::SqlServerRoles);
     RoleMember station(*Con, *database, "StationOperator");
     Con.swap(station.connection);
     std::string criteria = "ArrivalID = 1034";

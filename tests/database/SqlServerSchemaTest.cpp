@@ -4,7 +4,7 @@
 
 #include "data/EmbeddedFunctions.h"
 #include "platform/runtime/Failure.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "signin/UserLogin.h"
 
@@ -62,7 +62,7 @@ std::vector<std::string> NumbersAndTexts(Connection& connection, const std::stri
     return rows;
 }
 
-/// All rows but those of users, whose passwords are salted anew each time.
+/// All rows except those of users, whose passwords get a new salt each time.
 std::vector<std::string> ContentsWithoutUsers(Connection& connection) {
     std::vector<std::string> rows = ContentsOf(connection);
     std::erase_if(rows, [](const std::string& row) { return row.starts_with("STATIONUSERS"); });
@@ -70,26 +70,26 @@ std::vector<std::string> ContentsWithoutUsers(Connection& connection) {
 }
 
 void ExpectWholeSchema(Connection& connection) {
-    const SchemaLines wanted = InCapitals(LinesOfEmbeddedSchema(EmbeddedScripts::Schema));
+    const SchemaLines wanted = InCapitals(LinesOfEmbeddedSchema(DatabaseScripts::EmbeddedSchema));
     const SchemaLines made = LinesOfServer(connection);
     EXPECT_EQ(OnlyIn(wanted, made), SchemaLines{}) << "missing on the server";
     EXPECT_EQ(OnlyIn(made, wanted), SchemaLines{}) << "only on the server";
 }
 
 int BatchesOfSetUp() {
-    return static_cast<int>(ScriptBatches(EmbeddedScripts::SqlServerSchema).size());
+    return static_cast<int>(ScriptBatches(DatabaseScripts::SqlServerSchema).size());
 }
 
 } // namespace
 
 class SqlServerSchema : public SqlServerSite {};
 
-TEST_F(SqlServerSchema, HoldsWhatTheEmbeddedSchemaHolds) {
+TEST_F(SqlServerSchema, HasTheSameSchemaAsTheEmbeddedDatabase) {
     SetUpStation();
     ExpectWholeSchema(*Con);
 }
 
-TEST_F(SqlServerSchema, HoldsTheSampleRowsOfTheEmbeddedDatabase) {
+TEST_F(SqlServerSchema, HasTheSampleRowsOfTheEmbeddedDatabase) {
     SetUpStation();
     EmbeddedDatabaseBeside embedded;
     struct Table {
@@ -122,7 +122,7 @@ TEST_F(SqlServerSchema, HoldsTheSampleRowsOfTheEmbeddedDatabase) {
     }
 }
 
-TEST_F(SqlServerSchema, TakesTheCompanyAndItsUsers) {
+TEST_F(SqlServerSchema, StoresTheCompanyAndTheUsers) {
     SetUpStation();
     EXPECT_EQ(RowsOf(*Con, "Select registrykey, value From Project_Registry Order By registrykey"),
               (std::vector<std::string>{"CompanyAddress|14 Canal Road, O'Kara; -- \"ملتان\"",
@@ -137,7 +137,7 @@ TEST_F(SqlServerSchema, TakesTheCompanyAndItsUsers) {
     EXPECT_EQ(login.UserLevel(), 2);
 }
 
-TEST_F(SqlServerSchema, MakesNoRowsOfAMillWhereNoSampleIsWanted) {
+TEST_F(SqlServerSchema, AddsNoSampleRowsUnlessWanted) {
     NewDatabase particulars = ParticularsOfServer();
     particulars.sampleRows = false;
     SetUpSqlServerDatabase(*Con, particulars);
@@ -163,7 +163,7 @@ TEST_F(SqlServerSchema, ASecondRunChangesNothing) {
     EXPECT_EQ(ContentsOf(*Con), contents);
 }
 
-TEST_F(SqlServerSchema, SampleRowsComeIntoAnEmptyDatabaseAlone) {
+TEST_F(SqlServerSchema, SampleRowsAreAddedOnlyToAnEmptyDatabase) {
     NewDatabase particulars = ParticularsOfServer();
     particulars.sampleRows = false;
     SetUpSqlServerDatabase(*Con, particulars);
@@ -175,7 +175,7 @@ TEST_F(SqlServerSchema, SampleRowsComeIntoAnEmptyDatabaseAlone) {
 
 // ---- broken off ----
 
-TEST_F(SqlServerSchema, BrokenOffAtEachBatchIsDoneByTheNextRun) {
+TEST_F(SqlServerSchema, CancelledAtEachBatchIsCompletedByTheNextRun) {
     const auto other = MakeDatabase();
     Connection straight;
     straight.Open(other->ConnectionString());
@@ -194,7 +194,7 @@ TEST_F(SqlServerSchema, BrokenOffAtEachBatchIsDoneByTheNextRun) {
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "2");
 }
 
-TEST_F(SqlServerSchema, ALostConnectionAtAnyBatchIsDoneByTheNextRun) {
+TEST_F(SqlServerSchema, ALostConnectionAtAnyBatchIsCompletedByTheNextRun) {
     const int batches = BatchesOfSetUp();
     for (int lost = 1; lost < batches; lost += 13) {
         const auto fresh = MakeDatabase();
@@ -215,7 +215,7 @@ TEST_F(SqlServerSchema, ALostConnectionAtAnyBatchIsDoneByTheNextRun) {
     }
 }
 
-TEST_F(SqlServerSchema, SampleRowsThatFailInTheMiddleLeaveNoneBehind) {
+TEST_F(SqlServerSchema, SampleRowsAreAddedAllOrNone) {
     NewDatabase particulars = ParticularsOfServer();
     particulars.sampleRows = false;
     SetUpSqlServerDatabase(*Con, particulars);
@@ -228,7 +228,7 @@ TEST_F(SqlServerSchema, SampleRowsThatFailInTheMiddleLeaveNoneBehind) {
     EXPECT_EQ(Ask("Select Count(*) From Arrivals"), "12");
 }
 
-TEST_F(SqlServerSchema, ATableThatCannotBeMadeWholeIsNotMade) {
+TEST_F(SqlServerSchema, ATableIsCreatedWithAllItsIndexesOrNotAtAll) {
     // The key's name is taken, so that Sales fails after the tables before it.
     Con->Execute("Create Table StationKeyOfSales (Id int)");
     EXPECT_THROW(SetUpStation(), Failure);

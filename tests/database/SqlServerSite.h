@@ -5,7 +5,7 @@
 #include "platform/ado/Connection.h"
 #include "servers/SqlServerDatabase.h"
 #include "setup/EmbeddedSchema.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 #include <gtest/gtest.h>
 
@@ -18,12 +18,11 @@ namespace Quillane {
 /// Rows of a query, each as its fields joined by bars.
 std::vector<std::string> RowsOf(Connection& connection, std::string_view query);
 
-/// Every column, object, index, role and function's text of the database. Objects carry their
-/// numbers: one that has been made anew is another one.
+/// Every column, object, index, role and function text of the database. Objects are listed with
+/// their numbers, so that one that was created again is a different one.
 std::vector<std::string> CatalogueOf(Connection& connection);
 
-/// What the server's catalogue says of the schema, in capitals: not every server keeps the case of
-/// names.
+/// The schema in the server's catalogue, in capitals: not every server keeps the case of names.
 SchemaLines LinesOfServer(Connection& connection);
 SchemaLines InCapitals(const SchemaLines& lines);
 
@@ -32,26 +31,25 @@ std::vector<std::string> ContentsOf(Connection& connection);
 
 NewDatabase ParticularsOfServer();
 
-/// A fresh database; waits where the server is busy making another one.
+/// A new database. Waits while the server is creating another one.
 std::unique_ptr<SqlServerDatabase> MakeDatabase();
 
-/// `Con`, open on a fresh database of the SQL Server that the local file names, for its owner.
-/// Skipped, out loud, where there is no such file.
+/// `Con`, opened by the owner of a new database on the SQL Server that tests/sqlserver.local names.
 class SqlServerSite : public testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
 
     void SetUpStation() { SetUpSqlServerDatabase(*Con, ParticularsOfServer()); }
-    /// The mill's own tables, as untidy-site.sql in this folder makes them.
+    /// Creates the tables of a mill with untidy-site.sql of this folder.
     void MakeUntidySite();
     std::string Ask(std::string_view query) { return Con->Execute(query).Fields(0).Text(); }
 
     std::unique_ptr<SqlServerDatabase> database;
 };
 
-/// Someone who signs in to the test's database with one role and nothing else. The owner's
-/// connection must outlive it.
+/// A user who is signed in to the test's database with only one role. Requires: the owner's
+/// connection outlives it.
 class RoleMember {
 public:
     RoleMember(Connection& owner, const SqlServerDatabase& database, const std::string& role);

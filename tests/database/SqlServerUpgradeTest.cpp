@@ -1,4 +1,4 @@
-// Schema numbers and steps on SQL Server.
+// Schema versions and upgrade steps on SQL Server.
 
 #include "database/SqlServerSite.h"
 
@@ -62,7 +62,7 @@ TEST_F(SqlServerUpgrade, ReadsTheNumber) {
     }
 }
 
-TEST_F(SqlServerUpgrade, TheOwnerBringsADatabaseWithoutTheStationsOwnTablesUpToDate) {
+TEST_F(SqlServerUpgrade, TheOwnerUpgradesADatabaseWithoutTheStationsTables) {
     for (const char* table : {"StationSchema", "StationUsers", "Project_Registry"})
         Run("Drop Table " + std::string(table));
     UpgradeAs(*Con);
@@ -73,42 +73,41 @@ TEST_F(SqlServerUpgrade, TheOwnerBringsADatabaseWithoutTheStationsOwnTablesUpToD
     EXPECT_EQ(station.connection->Execute("Select * From StationUsers").RecordCount(), 0);
 }
 
-TEST_F(SqlServerUpgrade, TheOwnerBringsAnOlderNumberUpToDateAndKeepsAllRows) {
+TEST_F(SqlServerUpgrade, TheOwnerUpgradesAnOlderVersionAndKeepsAllRows) {
     const auto contents = ContentsOf(*Con);
     Run("Update StationSchema Set SchemaVersion = 0.5");
     UpgradeAs(*Con);
     EXPECT_EQ(ContentsOf(*Con), contents);
 }
 
-TEST_F(SqlServerUpgrade, AStationWithoutTheRightIsToldWhatToDo) {
+TEST_F(SqlServerUpgrade, AStationWithoutTheRightReportsWhatToDo) {
     Run("Update StationSchema Set SchemaVersion = 0.5");
     RoleMember station(*Con, *database, "StationOperator");
     const auto catalogue = CatalogueOf(*Con);
     const auto contents = ContentsOf(*Con);
     BoxAnswers answers;
     answers.Expect(Warned(
-        "The database has the schema number 0.5, this program needs 2.\r\nThis station's sign-in "
-        "may not change the database, so it is left as it is. Please ask the person who looks "
-        "after the database to start a station once with the sign-in of the database's owner, or "
-        "to run these scripts of the folder database/sqlserver/upgrade: to-1.sql, "
-        "to-2.sql."));
+        "The schema version of the database is 0.5; this program needs 2. This station's sign-in "
+        "may not change the database. Ask the person who maintains the database to start a "
+        "station once with the sign-in of the database's owner, or to run these scripts of the "
+        "folder database/sqlserver: upgrade/to-1.sql, upgrade/to-2.sql, roles.sql, guards.sql."));
     UpgradeAs(*station.connection);
     EXPECT_EQ(CatalogueOf(*Con), catalogue);
     EXPECT_EQ(ContentsOf(*Con), contents);
 }
 
-TEST_F(SqlServerUpgrade, TheOwnersRightIsTold) {
+TEST_F(SqlServerUpgrade, OnlyTheOwnerMayChangeTheSchema) {
     RoleMember station(*Con, *database, "StationOperator");
     EXPECT_TRUE(MayChangeSchema(*Con));
     EXPECT_FALSE(MayChangeSchema(*station.connection));
 }
 
-TEST_F(SqlServerUpgrade, ANewerNumberIsToldAndLeftAlone) {
+TEST_F(SqlServerUpgrade, ANewerVersionIsReportedAndNotChanged) {
     Run("Update StationSchema Set SchemaVersion = 99");
     BoxAnswers answers;
-    answers.Expect(Warned("The database has the schema number 99, which is newer than this program "
-                          "(2).\r\nThe database is left as it is. Please install the newer program "
-                          "here."));
+    answers.Expect(
+        Warned("The schema version of the database is 99, newer than that of this program (2). "
+               "Nothing was changed. Install the newer program."));
     UpgradeAs(*Con);
     EXPECT_EQ(ReadSchemaVersion(*Con), 99);
 }
@@ -126,7 +125,7 @@ TEST_F(SqlServerUpgrade, RunsTheMissingStepsInOrder) {
     EXPECT_EQ(Ask("Select Count(*) From Half Where Id = 9"), "2");
 }
 
-TEST_F(SqlServerUpgrade, RollsAFailedStepBackAndKeepsTheStepsBefore) {
+TEST_F(SqlServerUpgrade, RollsAFailedStepBackAndKeepsEarlierSteps) {
     constexpr std::array steps{
         SchemaStep{2, "Create Table Good (Id int)"},
         SchemaStep{3, "Create Table Lost (Id int)\nGO\nInsert Into NoSuchTable Values (1)"},
@@ -139,7 +138,7 @@ TEST_F(SqlServerUpgrade, RollsAFailedStepBackAndKeepsTheStepsBefore) {
     EXPECT_FALSE(Has("Later"));
 }
 
-TEST_F(SqlServerUpgrade, TheLastStepBringsTheRightsOfTheRolesUpToDate) {
+TEST_F(SqlServerUpgrade, TheLastStepUpdatesTheRightsOfTheRoles) {
     constexpr std::array steps{SchemaStep{
         2, "Create Table GateSamples (Id int, TakenFrom int References Arrivals (ArrivalID))"}};
     RoleMember station(*Con, *database, "StationOperator");
@@ -193,18 +192,18 @@ TEST_F(SqlServerUpgrade, SetUpRunsTheMissingSteps) {
     EXPECT_EQ(RowsOf(*Con, "Select UserName From StationUsers"), std::vector<std::string>{"Nadia"});
 }
 
-TEST_F(SqlServerUpgrade, SetUpLeavesADatabaseOfANewerProgramAlone) {
+TEST_F(SqlServerUpgrade, SetUpDoesNotChangeADatabaseOfANewerProgram) {
     struct Case {
         const char* statement;
         const char* words;
     };
     constexpr Case cases[] = {
         {"Update StationSchema Set SchemaVersion = 99",
-         "The database has the schema number 99, which is newer than this program (2). Please "
-         "install the newer program. The database is left as it is."},
+         "The schema version of the database is 99, newer than that of this program (2). Nothing "
+         "was changed. Install the newer program."},
         {"Insert Into StationSchema (SchemaVersion) Values (1)",
-         "The schema number of the database cannot be read: the table StationSchema must hold one "
-         "row with a number. The database is left as it is."},
+         "The schema version of the database cannot be read: the table StationSchema must contain "
+         "one row with a number. Nothing was changed."},
     };
     for (const Case& each : cases) {
         Run(each.statement);

@@ -1,4 +1,4 @@
-// The weighment screen on a mill's untidy accounting database, under a station's rights alone.
+// The weighment screen on a mill's realistic accounting database, with only a station's rights.
 
 #include "database/SqlServerSite.h"
 
@@ -80,7 +80,7 @@ protected:
     ScreenDriver Keys() { return ScreenDriver(*screen); }
     Texts Rows(const std::string& query) { return RowsOf(*owner, query); }
     void Open(std::int16_t id) { screen->LoadArrival(id); }
-    /// The name of a table as the dependent-record test will tell it.
+    /// The name of a table as the dependent-record test reports it.
     std::string TableAsTold(const std::string& name) {
         for (const std::string& row :
              Rows("Select name From sys.tables Where name = '" + name + "'"))
@@ -186,8 +186,8 @@ TEST_F(UntidySiteScreen, AStoredArrivalIsSavedAgain) {
     EXPECT_EQ(Rows("Select Count(*) From ARRIVALSBODY"), Texts{"4"});
 }
 
-// The lines behind the first hold no vehicle, which such a column fills up with blanks; what is not
-// empty counts, and the last one is shown.
+// All lines except the first have no vehicle, which such a column pads with blanks. Text that is
+// not empty counts, and the last one is shown.
 TEST_F(UntidySiteScreen, APaddedVehicleColumnShowsTheBlanksOfTheLastLine) {
     Open(11);
     EXPECT_EQ(screen->TxtVehicleNo.Text(), std::string(10, ' '));
@@ -195,7 +195,7 @@ TEST_F(UntidySiteScreen, APaddedVehicleColumnShowsTheBlanksOfTheLastLine) {
     EXPECT_EQ(screen->TxtVehicleNo.Text(), "FDS-2     ");
 }
 
-TEST_F(UntidySiteScreen, AnArrivalThatTheBooksUseIsLeftAsItIs) {
+TEST_F(UntidySiteScreen, AnArrivalThatTheBooksUseIsNotChanged) {
     struct Case {
         std::int16_t id;
         const char* table;
@@ -218,7 +218,7 @@ TEST_F(UntidySiteScreen, AnArrivalThatTheBooksUseIsLeftAsItIs) {
     }
 }
 
-TEST_F(UntidySiteScreen, APostedRecordIsKeptFromALesserUser) {
+TEST_F(UntidySiteScreen, APostedArrivalIsRefusedToARestrictedUser) {
     owner->Execute(
         "Insert Into StationUsers (UserName, PasswordHash, UserLevel) Values ('gate', '" +
         HashPassword("gate", HashCost::Minimum) + "', 2)");
@@ -252,7 +252,7 @@ TEST_F(UntidySiteScreen, AnArrivalIsFoundBySearch) {
     EXPECT_EQ(screen->BagRows.RowCount(), 3);
 }
 
-TEST_F(UntidySiteScreen, TheSlipOfAStoredArrivalComesUp) {
+TEST_F(UntidySiteScreen, TheSlipOfAStoredArrivalIsShown) {
     Open(11);
     VisitModal visit([](Screen& modal) {
         auto& viewer = dynamic_cast<RptReportViewer&>(modal);
@@ -280,7 +280,7 @@ TEST_F(UntidySiteScreen, TheSettingsOfTheLineAreSaved) {
                      "PortSettings|2400,n,8,1"}));
 }
 
-/// The same site without a function of its own.
+/// The same site without its own function.
 class UntidySiteWithOurFunctions : public UntidySiteScreen {
     void ChangeSite() override { Con->Execute("Drop Function dbo.fungetpartyname"); }
 };

@@ -1,11 +1,10 @@
-// A mill's accounting database as sites have them: what set-up adds to it, and what it leaves
-// alone.
+// A realistic accounting database of a mill: what set-up adds to it, and what it does not change.
 
 #include "database/SqlServerSite.h"
 
 #include "data/Common.h"
 #include "platform/runtime/Text.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "station/SystemStatements.h"
 
@@ -81,7 +80,7 @@ protected:
     }
 };
 
-TEST_F(UntidySite, SetUpAddsWhatIsMissingAndTouchesNothingElse) {
+TEST_F(UntidySite, SetUpAddsWhatIsMissingAndChangesNothingElse) {
     const Texts names = NamesOf(*Con);
     const Texts catalogue = CatalogueOf(*Con);
     const Texts contents = ContentsOf(*Con);
@@ -104,15 +103,15 @@ TEST_F(UntidySite, SetUpAddsWhatIsMissingAndTouchesNothingElse) {
               "VELTRANE");
 }
 
-TEST_F(UntidySite, NobodyWithAWellKnownPasswordComesIn) {
+TEST_F(UntidySite, NoUserWithAKnownPasswordIsAdded) {
     ASSERT_TRUE(Particulars().sampleRows);
     SetUpSqlServerDatabase(*Con, Particulars());
     EXPECT_EQ(RowsOf(*Con, "Select UserName, UserLevel From StationUsers"), Texts{"Nadia|1"});
 }
 
-TEST_F(UntidySite, RowsThatItsTablesDoNotTakeAreNamedAndLeftOut) {
+TEST_F(UntidySite, RowsThatItsTablesRefuseAreNamedAndLeftOut) {
     AddColumnsThatMustBeFilled(*Con);
-    const SetUpOutcome outcome = SetUpSqlServerDatabase(*Con, Particulars());
+    const SetupOutcome outcome = SetUpSqlServerDatabase(*Con, Particulars());
     EXPECT_TRUE(outcome.isFinished);
     EXPECT_EQ(outcome.rowsNotAdded,
               (Texts{"Project_Registry: CompanyAddress", "Project_Registry: CompanyPhone",
@@ -133,7 +132,7 @@ TEST_F(UntidySite, ParticularsThatWereLeftEmptyGetNoRow) {
     EXPECT_EQ(RowsOf(*Con, "Select REGISTRYKEY, VALUE From PROJECT_REGISTRY").size(), 2U);
 }
 
-TEST_F(UntidySite, ACompanysNameThatCannotBeAddedIsNamedToo) {
+TEST_F(UntidySite, ACompanyNameThatCannotBeAddedIsNamedToo) {
     AddColumnsThatMustBeFilled(*Con);
     Con->Execute("Delete From PROJECT_REGISTRY");
     const Texts notAdded = SetUpSqlServerDatabase(*Con, Particulars()).rowsNotAdded;
@@ -142,7 +141,7 @@ TEST_F(UntidySite, ACompanysNameThatCannotBeAddedIsNamedToo) {
     EXPECT_EQ(ReadSchemaVersion(*Con), SchemaVersionOfProgram());
 }
 
-TEST_F(UntidySite, ReplacesItsParticularsWhereThatIsWanted) {
+TEST_F(UntidySite, ReplacesItsParticularsIfWanted) {
     Con->Execute("Insert Into PROJECT_REGISTRY (REGISTRYKEY, VALUE) Values "
                  "('CompanyAddress', 'Mall Road'), ('CompanyPhone', '042')");
     NewDatabase particulars = Particulars();
@@ -197,7 +196,7 @@ TEST_F(UntidySite, EveryStatementRunsForTheOwnerAndForAStation) {
               1U);
 }
 
-TEST_F(UntidySite, DependentsAreFoundByWhateverColumnRefersToTheArrival) {
+TEST_F(UntidySite, DependentsAreFoundByAnyColumnThatRefersToTheArrival) {
     struct Case {
         const char* arrival;
         const char* table;
@@ -222,7 +221,7 @@ TEST_F(UntidySite, DependentsAreFoundByWhateverColumnRefersToTheArrival) {
     Con.swap(station.connection);
 }
 
-TEST_F(UntidySite, AStationReachesNothingElseOfTheBooks) {
+TEST_F(UntidySite, AStationHasNoOtherRightsOnTheBooks) {
     SetUpSqlServerDatabase(*Con, Particulars());
     RoleMember station(*Con, *database, "StationOperator");
     for (const char* statement :

@@ -100,7 +100,7 @@ CREATE TABLE dbo.PROJECT_REGISTRY (
 );
 GO
 
--- The site's own, which stays: it tells the account's number too.
+-- A function of the site, which is not replaced: it shows the account's number too.
 CREATE FUNCTION dbo.fungetpartyname (@account char(12))
 RETURNS varchar(100)
 AS

@@ -1,39 +1,36 @@
 #include "faults/FaultsFixture.h"
 
 #include "data/Con.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 #include "support/BoxAnswers.h"
 
 namespace Quillane::Testing {
 
 void FaultsTest::SetUp() {
-    const std::string whyMissing = SqlServerDatabase::WhyMissing();
-    if (!whyMissing.empty())
-        GTEST_SKIP() << "SQL Server is not there: " << whyMissing;
     database.emplace();
-    beside.Open(database->ConnectionString());
-    SetUpSqlServerDatabase(beside, {.companyName = "Veltrane Flour Mills",
-                                    .companyAddress = "14 Canal Road, Okara",
-                                    .companyPhone = "044 555 0147",
-                                    .companyEmail = "gate@veltrane.example",
-                                    .userName = "Nadia",
-                                    .password = "grain",
-                                    .sampleRows = true,
-                                    .hashCost = HashCost::Minimum});
+    owner.Open(database->ConnectionString());
+    SetUpSqlServerDatabase(owner, {.companyName = "Veltrane Flour Mills",
+                                   .companyAddress = "14 Canal Road, Okara",
+                                   .companyPhone = "044 555 0147",
+                                   .companyEmail = "gate@veltrane.example",
+                                   .userName = "Nadia",
+                                   .password = "grain",
+                                   .sampleRows = true,
+                                   .hashCost = HashCost::Minimum});
     relay.emplace(database->ConnectionString());
-    StartAnew();
+    Restart();
 }
 
 void FaultsTest::TearDown() {
     station.reset();
     relay.reset();
-    if (beside.State() == adStateOpen)
-        beside.Close();
+    if (owner.State() == adStateOpen)
+        owner.Close();
     ForbidUnexpectedBoxes();
 }
 
-void FaultsTest::StartAnew(int commandTimeout) {
-    relay->Mend();
+void FaultsTest::Restart(int commandTimeout) {
+    relay->Restore();
     station.reset();
     station.emplace(relay->ConnectionString(), commandTimeout);
     for (const Box& box : station->TakeBoxes())
@@ -41,13 +38,14 @@ void FaultsTest::StartAnew(int commandTimeout) {
 }
 
 int FaultsTest::Stored(const std::string& driver) {
-    Recordset arrivals = beside.Execute(
-        "Select A.ArrivalID, Count(B.LineId) As Lines, Min(B.BiltyNo) As Told, Sum(B.NetWeight) As "
+    Recordset arrivals = owner.Execute(
+        "Select A.ArrivalID, Count(B.LineId) As Lines, Min(B.BiltyNo) As Entered, Sum(B.NetWeight) "
+        "As "
         "Net From Arrivals A Left Outer Join ArrivalsBody B On B.ArrivalId = A.ArrivalID Where "
         "A.ArrivalID In (Select ArrivalId From ArrivalsBody Where DriverName = '" +
         driver + "') Group By A.ArrivalID");
     for (; !arrivals.Eof(); arrivals.MoveNext()) {
-        EXPECT_EQ(arrivals.Fields("Lines").Text(), arrivals.Fields("Told").Text());
+        EXPECT_EQ(arrivals.Fields("Lines").Text(), arrivals.Fields("Entered").Text());
         EXPECT_NEAR(arrivals.Fields("Net").Number(), 12540 - 4320 - 17, 1e-6);
     }
     return arrivals.RecordCount();
@@ -58,7 +56,7 @@ std::vector<std::string> FaultsTest::Tables() {
     for (const char* query :
          {"Select * From Arrivals Order By ArrivalID", "Select * From ArrivalsBody Order By LineId",
           "Select * From PortSettings Order By RegistryKey"}) {
-        Recordset rows = beside.Execute(query);
+        Recordset rows = owner.Execute(query);
         for (; !rows.Eof(); rows.MoveNext()) {
             std::string row;
             for (int field = 0; field < rows.FieldCount(); ++field)
@@ -82,7 +80,7 @@ void FaultsTest::ExpectNextSaveWorks() {
     EXPECT_FALSE(Screen().BtnSave.Enabled());
 }
 
-std::string FaultsTest::WordsOf(const Box& box) {
+std::string FaultsTest::TextOfDatabaseBox(const Box& box) {
     EXPECT_EQ(box.title, "Database");
     EXPECT_EQ(box.icon, BoxIcon::Critical);
     EXPECT_EQ(box.buttons, BoxButtons::Ok);

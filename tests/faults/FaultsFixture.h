@@ -14,9 +14,9 @@
 
 namespace Quillane::Testing {
 
-/// A station with the sample rows (arrivals 1031 to 1042) on a fresh database of the SQL Server
-/// that tests/sqlserver.local names, reached through a relay, and the owner's connection beside it.
-/// Skipped, out loud, where there is no such file.
+/// A station on a new database with the sample rows (arrivals 1031 to 1042) on the SQL Server that
+/// tests/sqlserver.local names. The station reaches the server through a relay; the owner's
+/// connection does not.
 class FaultsTest : public testing::Test {
 protected:
     using Moment = ServerRelay::Moment;
@@ -26,35 +26,37 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// A new start of the station, over a way that is whole again.
-    void StartAnew(int commandTimeout = 30);
+    /// Restores the relay and starts the station again.
+    void Restart(int commandTimeout = 30);
     FrmWeighment& Screen() { return *station->screen; }
 
     /// The first field of the first row.
-    std::string Ask(std::string_view query) { return beside.Execute(query).Fields(0).Text(); }
-    void Run(std::string_view statement) { beside.Execute(statement); }
-    /// How often an arrival of this driver is stored, each whole: header, and all of its lines.
+    std::string Ask(std::string_view query) { return owner.Execute(query).Fields(0).Text(); }
+    void Run(std::string_view statement) { owner.Execute(statement); }
+    /// The number of arrivals of this driver. Checks that each has its header and all of its lines.
     int Stored(const std::string& driver);
-    /// Rows of all tables that the station writes.
+    /// The rows of all tables that the station writes.
     std::vector<std::string> Tables();
-    /// A fresh weighment is entered and saved without any box but the question of printing.
+    /// A new weighment is entered and saved. The only box is the question of printing.
     void ExpectNextSaveWorks();
 
-    /// The words of a box that reports a failure of the database, and nothing else.
-    static std::string WordsOf(const Box& box);
+    /// The text of a box, which must be one that reports a failure of the database.
+    static std::string TextOfDatabaseBox(const Box& box);
 
     std::optional<SqlServerDatabase> database;
-    Connection beside;
+    Connection owner;
     std::optional<ServerRelay> relay;
     std::optional<ServerStation> station;
 };
 
-/// What a box says whose failure is one of the way to the server, behind the driver's words.
-inline const std::string LostWords =
-    "\nThe connection to the database server is lost. Start the program again to connect anew.";
-inline const std::string UnknownWords =
-    "\nIt is not known whether this was still saved or removed: "
-    "look it up before you do it again.";
+/// What follows the driver's text in a box about a lost connection.
+inline const std::string LostText =
+    "\nThe connection to the database server is lost. Restart the program to reconnect.";
+/// What follows if the connection was lost during a commit.
+inline const std::string UnknownOutcomeText =
+    "\nThe save or removal may or may not have completed. Check the record before repeating it.";
+/// The text of every statement after the server has rolled the transaction back.
+inline constexpr std::string_view RolledBackText = "has rolled back the open transaction";
 
 bool Holds(std::string_view text, std::string_view part);
 

@@ -1,5 +1,5 @@
-// A second station, a process of its own on the same server, takes the number of a weighment in
-// each of the gaps that a save leaves open.
+// A second station in another process saves under the same id, at each moment at which a save holds
+// no lock.
 
 #include "faults/FaultsFixture.h"
 #include "faults/StationProcess.h"
@@ -19,8 +19,6 @@ class SecondStation : public FaultsTest {
 protected:
     void SetUp() override {
         FaultsTest::SetUp();
-        if (IsSkipped())
-            return;
         second = std::make_unique<StationProcess>(database->ConnectionString(), "west");
         station->FillIn("east-1");
     }
@@ -29,12 +27,12 @@ protected:
         FaultsTest::TearDown();
     }
 
-    /// The other one saves, from its press of the button to its print question.
+    /// The other station saves, up to its print question.
     void OtherSaves() {
         second->Order("save");
-        otherTold = second->LinesOfOrder();
+        otherLines = second->LinesOfOrder();
     }
-    /// It does so just before the station's statement of that text is sent for the `time`th time.
+    /// It does so before the station sends this statement for the `time`th time.
     void OtherSavesBefore(const std::string& statement, int time) {
         station->OnStatement = [this, statement, time, seen = 0](std::string_view sent) mutable {
             if (sent == statement && ++seen == time)
@@ -49,7 +47,7 @@ protected:
             texts.push_back(box.text);
         return texts;
     }
-    void ExpectEachWhole(int ofStation, int ofOther) {
+    void ExpectComplete(int ofStation, int ofOther) {
         EXPECT_EQ(Stored("east-1"), ofStation);
         EXPECT_EQ(Stored("west-1"), ofOther);
         EXPECT_EQ(Ask("Select Count(*) From ArrivalsBody Where ArrivalId Not In (Select ArrivalID "
@@ -63,44 +61,44 @@ protected:
     const std::string Count = "Select Count(*) From Arrivals Where ArrivalID = 1043";
     const std::string OtherStored = "stored west-1";
     std::unique_ptr<StationProcess> second;
-    Lines otherTold;
+    Lines otherLines;
 };
 
-TEST_F(SecondStation, ThatSavesWhileTheNumberIsShownSendsTheFirstToTheNextNumber) {
+TEST_F(SecondStation, SaveWhileTheIdIsShownGivesTheFirstTheNextId) {
     OtherSaves();
-    EXPECT_EQ(otherTold, (Lines{"entered west-1", "begin", "commit", OtherStored}));
+    EXPECT_EQ(otherLines, (Lines{"entered west-1", "begin", "commit", OtherStored}));
     EXPECT_EQ(PressSave(), Lines{Clash});
     EXPECT_EQ(Screen().TxtArrivalId.Text(), "1044");
-    ExpectEachWhole(0, 1);
+    ExpectComplete(0, 1);
     EXPECT_EQ(PressSave(), Lines{PrintQuestion});
-    ExpectEachWhole(1, 1);
+    ExpectComplete(1, 1);
 }
 
-TEST_F(SecondStation, ThatSavesBetweenTheTwoLooksIsNoticedByTheSecond) {
+TEST_F(SecondStation, SaveBetweenTheTwoChecksIsFoundByTheSecondCheck) {
     OtherSavesBefore(Count, 2);
     EXPECT_EQ(PressSave(), Lines{Clash});
     EXPECT_EQ(PressSave(), Lines{PrintQuestion});
-    ExpectEachWhole(1, 1);
+    ExpectComplete(1, 1);
 }
 
-// The settled behaviour: nothing is held between the look and the write.
-TEST_F(SecondStation, ThatSavesBetweenTheLookAndTheReadingOfTheHeaderIsOverwrittenWhole) {
+// By design: no lock is held between the check and the write.
+TEST_F(SecondStation, SaveBetweenCheckAndHeaderReadIsOverwrittenCompletely) {
     for (const char* moment : {"BeginTrans", "Select * from Arrivals Where ArrivalId=1043"}) {
         SCOPED_TRACE(moment);
         OtherSavesBefore(moment, 1);
         EXPECT_EQ(PressSave(), Lines{PrintQuestion});
-        EXPECT_EQ(otherTold.back(), OtherStored);
-        ExpectEachWhole(1, 0);
+        EXPECT_EQ(otherLines.back(), OtherStored);
+        ExpectComplete(1, 0);
         EXPECT_EQ(Ask("Select Max(ArrivalID) From Arrivals"), "1043");
         Run("Delete From ArrivalsBody Where ArrivalId = 1043");
         Run("Delete From Arrivals Where ArrivalID = 1043");
         second = std::make_unique<StationProcess>(database->ConnectionString(), "west");
-        StartAnew();
+        Restart();
         station->FillIn("east-1");
     }
 }
 
-TEST_F(SecondStation, ThatSavesBehindTheReadingOfTheHeaderMakesTheKeyRefuseTheFirst) {
+TEST_F(SecondStation, SaveAfterTheHeaderReadCausesADuplicateKey) {
     bool hasSaved = false;
     station->OnStatement = [&](std::string_view sent) {
         if (!hasSaved && sent.starts_with("INSERT INTO Arrivals ")) {
@@ -114,15 +112,15 @@ TEST_F(SecondStation, ThatSavesBehindTheReadingOfTheHeaderMakesTheKeyRefuseTheFi
     EXPECT_TRUE(Holds(refused[0], "uplicate key") || Holds(refused[0], "PRIMARY KEY"))
         << refused[0];
     EXPECT_EQ(station->Entries(), entries);
-    ExpectEachWhole(0, 1);
+    ExpectComplete(0, 1);
     EXPECT_EQ(PressSave(), Lines{Clash});
     EXPECT_EQ(PressSave(), Lines{PrintQuestion});
-    ExpectEachWhole(1, 1);
+    ExpectComplete(1, 1);
 }
 
-// From its insert on the number belongs to the first, and the other one, which has seen it free,
-// waits at its own.
-TEST_F(SecondStation, ThatSavesBehindTheInsertWaitsAndIsRefused) {
+// After its insert the first station holds the id. The other one, whose check found the id free,
+// waits at its insert.
+TEST_F(SecondStation, SaveAfterTheInsertWaitsAndIsRefused) {
     bool hasBegun = false;
     station->OnStatement = [&](std::string_view sent) {
         if (!hasBegun && sent == "Update Arrivals Set IsPosted=0 where arrivalid=1043") {
@@ -133,13 +131,13 @@ TEST_F(SecondStation, ThatSavesBehindTheInsertWaitsAndIsRefused) {
         }
     };
     EXPECT_EQ(PressSave(), Lines{PrintQuestion});
-    const Lines told = second->LinesOfOrder();
-    ASSERT_FALSE(told.empty());
-    EXPECT_EQ(told.back(), "kept");
-    ExpectEachWhole(1, 0);
+    const Lines lines = second->LinesOfOrder();
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ(lines.back(), "kept");
+    ExpectComplete(1, 0);
     second->Order("save");
     EXPECT_EQ(second->LinesOfOrder().back(), "stored west-2");
-    ExpectEachWhole(1, 0);
+    ExpectComplete(1, 0);
     EXPECT_EQ(Stored("west-2"), 1);
 }
 

@@ -12,30 +12,30 @@
 
 namespace Quillane::Testing {
 
-/// A station at work on SQL Server: signed in, with an indicator on its line and the weighment
-/// screen shown. It answers every box: Yes, but No to printing.
+/// A station on SQL Server with a user signed in, an indicator on its line and the weighment screen
+/// shown. It answers each question with Yes, and the question of printing with No.
 class ServerStation {
 public:
-    /// A start of the program. Fails where the server cannot be reached.
+    /// Starts the station. Errors: a Failure if the server cannot be reached.
     explicit ServerStation(const std::string& connectionString, int commandTimeout = 30);
     ~ServerStation();
     ServerStation(const ServerStation&) = delete;
     ServerStation& operator=(const ServerStation&) = delete;
 
-    /// Shows the weighment screen anew.
+    /// Shows a new weighment screen.
     void ShowScreen();
-    /// A weighment that may be saved, with so many bag lines, each of it told by the driver's name:
+    /// Enters a complete weighment with this number of bag lines, identified by the driver's name:
     /// 12540 and 4320 kg, a deduction of 17 kg.
     void FillIn(const std::string& driver, int bagLines = 2);
-    /// All that the operator sees of the weighment.
+    /// All entries of the weighment that the operator sees.
     std::vector<std::string> Entries() const;
 
     /// Runs once, before this statement is sent.
     void At(std::string statement, std::function<void()> act);
-    /// Sees every statement before it is sent, "CommitTrans" and its like included.
+    /// Called with each statement before it is sent, including "CommitTrans" and the like.
     std::function<void(std::string_view)> OnStatement;
     std::vector<std::string> TakeStatements();
-    /// Every box since the last call, as its text.
+    /// The boxes since the last call.
     std::vector<Box> TakeBoxes();
 
     std::unique_ptr<FrmWeighment> screen;

@@ -11,12 +11,12 @@
 
 namespace Quillane::Testing {
 
-/// A station in a process of its own, as station/Main.cpp describes it.
+/// A station in another process; station/Main.cpp describes its orders and answers.
 class StationProcess {
 public:
     static constexpr int Patience = 60'000;
 
-    /// Waits until it is ready for orders.
+    /// Waits until the station is ready for orders.
     StationProcess(const std::string& connectionString, const std::string& name) {
         process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         process_.start(FAULTS_STATION, {ToQt(connectionString), ToQt(name)});
@@ -32,14 +32,14 @@ public:
         process_.write((std::string(order) + "\n").c_str());
         process_.waitForBytesWritten(Patience);
     }
-    /// What it writes next; empty at its end.
+    /// The next line that it writes; empty when it has ended.
     std::string NextLine() {
         while (!process_.canReadLine())
             if (!process_.waitForReadyRead(Patience))
                 return {};
         return FromQt(QString::fromUtf8(process_.readLine()).trimmed());
     }
-    /// Everything up to the end of the order, that left out.
+    /// The lines up to the end of the order, without the line "done".
     std::vector<std::string> LinesOfOrder() {
         std::vector<std::string> lines;
         for (std::string line; (line = NextLine()) != "done";) {

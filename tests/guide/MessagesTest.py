@@ -10,8 +10,8 @@ GUIDE = ROOT / "docs" / "operators-guide.md"
 
 # Whatever is handed to one of these is shown, or is the description of a failure that is.
 SHOWING = {"MsgBox", "InputBox", "Refuse", "Failure", "Fail", "FailDatabase", "FailAccess",
-           "FailLine", "FailWhileOpen", "FailUnreadable", "ReportFailure", "ShowFailure", "TellAlert", "AskToUse",
-           "Tell"}
+           "FailLine", "FailWhileOpen", "FailUnreadable", "ReportFailure", "ShowFailure", "ShowAlert", "AskToUse",
+           "Tell", "Warn"}
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|#include[^\n]*|"(?:[^"\\\n]|\\.)*"|'
                    r"'(?:[^'\\\n]|\\.)'|\w+|\s+|.", re.DOTALL)
 ESCAPE = re.compile(r"\\(r\\n|.)")
@@ -103,7 +103,7 @@ class FindingTest(unittest.TestCase):
                        "You are not authorised to do this operation",
                        "Cannot updated this invoice because it is used in (",
                        "is closed: the line was disconnected. Check the cable.",
-                       "The name or the password is wrong.", "It is no database.",
+                       "The name or the password is wrong.", "It is not a database.",
                        "Overflow", "another program is using it.",
                        "Settings Updated Successfully"):
             self.assertTrue(wanted in found, wanted)

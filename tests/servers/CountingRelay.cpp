@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What a sleeping thread may take to get going.
+/// The time that a sleeping thread may need to wake up.
 constexpr std::chrono::nanoseconds wakingTime = 300us;
 
 timespec TimeSpec(std::chrono::nanoseconds time) {
@@ -43,7 +43,7 @@ CountingRelay::~CountingRelay() {
 }
 
 std::string CountingRelay::ConnectionString() const {
-    return ByWayOf(listener_, connectionString_);
+    return ThroughRelay(listener_, connectionString_);
 }
 
 std::vector<std::string> CountingRelay::TakeRequests() {
@@ -51,12 +51,13 @@ std::vector<std::string> CountingRelay::TakeRequests() {
     return std::exchange(requests_, {});
 }
 
-void CountingRelay::TakeCall() {
-    Call call{{accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC), CallServer(connectionString_)}};
+void CountingRelay::Accept() {
+    Call call{
+        {accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC), ConnectToServer(connectionString_)}};
     if (call.lines[1] < 0)
         throw std::runtime_error("the relay does not reach the server");
     for (const int line : call.lines)
-        SendAtOnce(line);
+        DisableSendDelay(line);
     calls_.push_back(std::move(call));
 }
 
@@ -102,14 +103,14 @@ std::chrono::nanoseconds CountingRelay::UntilNextIsDue() const {
 }
 
 void CountingRelay::Run() {
-    // A sleep is to end when it is over, not when that suits the processor.
+    // Without this the kernel may delay the end of a sleep.
     prctl(PR_SET_TIMERSLACK, 1);
     for (;;) {
         std::vector<pollfd> watched{{wakeUp_[0], POLLIN, 0}, {listener_, POLLIN, 0}};
         for (const Call& call : calls_)
             for (const int line : call.lines)
                 watched.push_back({line, POLLIN, 0});
-        // Sleeping up to the moment itself would end too late: the last of the wait is awake.
+        // A sleep would end too late: the rest of the delay is spent in this loop.
         const timespec wait = TimeSpec(std::max(UntilNextIsDue() - wakingTime, 0ns));
         ppoll(watched.data(), watched.size(), &wait, nullptr);
         if (watched[0].revents != 0)
@@ -127,7 +128,7 @@ void CountingRelay::Run() {
                     close(line);
         calls_.remove_if([](const Call& call) { return call.hasEnded; });
         if (watched[1].revents != 0)
-            TakeCall();
+            Accept();
     }
     for (const Call& call : calls_)
         for (const int line : call.lines)

@@ -12,24 +12,24 @@
 
 namespace Quillane {
 
-/// A way to a database server that counts the turns on it and takes as long as it is told to: a
-/// port on loopback that passes on whatever comes, in both directions.
+/// A TCP relay on loopback between a station and a database server. It counts round trips and can
+/// delay the bytes that it forwards.
 class CountingRelay {
 public:
-    /// To the server that the connection string names by `Server` and `Port`.
+    /// Relays to the server that `Server` and `Port` of the connection string name.
     explicit CountingRelay(std::string connectionString);
     ~CountingRelay();
     CountingRelay(const CountingRelay&) = delete;
     CountingRelay& operator=(const CountingRelay&) = delete;
 
-    /// The connection string with the relay in place of the server.
+    /// The connection string with the relay's address instead of the server's.
     std::string ConnectionString() const;
 
-    /// From now on whatever passes is held back for so long, each way.
+    /// Delays all bytes from now on, in each direction.
     void SetDelay(std::chrono::microseconds eachWay) { delay_ = eachWay; }
 
-    /// What was asked since the last call, to the byte. Whatever a station sends until an answer
-    /// begins is one request: so many round trips were made.
+    /// The requests since the last call, with all their bytes. All bytes that a station sends until
+    /// an answer begins are one request, so their number is the number of round trips.
     std::vector<std::string> TakeRequests();
 
 private:
@@ -46,7 +46,7 @@ private:
     };
 
     void Run();
-    void TakeCall();
+    void Accept();
     void Receive(Call& call, int from);
     void NoteRequest(Call& call, std::string_view bytes);
     void PassOnWhatIsDue(Call& call);
@@ -55,7 +55,7 @@ private:
     std::string connectionString_;
     int listener_ = -1;
     int wakeUp_[2] = {-1, -1};
-    std::list<Call> calls_; ///< of the thread alone
+    std::list<Call> calls_; ///< only for the thread
     std::atomic<std::chrono::microseconds> delay_{};
     std::mutex mutex_; ///< for the requests
     std::vector<std::string> requests_;

@@ -9,7 +9,7 @@
 
 namespace Quillane {
 
-/// A port on loopback that takes calls and never answers, or one that refuses them.
+/// A port on loopback that accepts connections and never answers, or that refuses them.
 class DeafPort {
 public:
     explicit DeafPort(bool takesCalls) : socket_(socket(AF_INET, SOCK_STREAM, 0)) {

@@ -1,7 +1,7 @@
 #include "servers/PostgresServer.h"
 
 #include "platform/ado/Connection.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 
 #include <unistd.h>
@@ -52,7 +52,7 @@ void PostgresServer::ReadInfo() {
     std::ifstream info(infoFile_);
     std::string folder;
     if (!std::getline(info, folder) || !std::getline(info, port_))
-        throw std::runtime_error("no PostgreSQL server is told of in " + infoFile_);
+        throw std::runtime_error("no PostgreSQL server is described in " + infoFile_);
 }
 
 const PostgresServer& PostgresServer::Shared() {
@@ -68,7 +68,7 @@ const PostgresServer& PostgresServer::Shared() {
 std::string PostgresServer::WhyMissing() {
     if (!RunScript("find >/dev/null 2>&1"))
         return "Debian's package postgresql is not installed";
-    if (OdbcDriverLibrary(Quillane::ConnectionString(std::string("Driver=") + driver)).empty())
+    if (OdbcDriverLibrary(ConnectionAttributes(std::string("Driver=") + driver)).empty())
         return "Debian's package odbc-postgresql is not installed";
     return {};
 }
@@ -100,7 +100,7 @@ PostgresDatabase::~PostgresDatabase() {
     try {
         RunOnServer("DROP DATABASE " + name_ + " WITH (FORCE)");
     } catch (const std::exception&) {
-        // The server goes with all of its databases.
+        // The server's data is removed at the end of the tests anyway.
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace Quillane {
 
-/// A PostgreSQL server that the tests start themselves, on loopback, and that is gone with this
-/// object or with the process. It needs Debian's packages postgresql and odbc-postgresql.
+/// A PostgreSQL server on loopback that the tests start. The destructor, or the end of the process,
+/// ends it. It needs Debian's packages postgresql and odbc-postgresql.
 class PostgresServer {
 public:
     PostgresServer();
@@ -14,19 +14,19 @@ public:
     PostgresServer(const PostgresServer&) = delete;
     PostgresServer& operator=(const PostgresServer&) = delete;
 
-    /// The server that the test run has started for all of its tests; one for this process where
-    /// there is none.
+    /// The server that the test run has started for all its tests; if there is none, one for this
+    /// process.
     static const PostgresServer& Shared();
 
-    /// Empty where the server and its ODBC driver are there, else which package is missing.
+    /// Empty if the server and its ODBC driver are installed, otherwise the missing package.
     static std::string WhyMissing();
 
-    /// What a connection is opened with; `more` is added to it.
+    /// A connection string for this database; `more` is appended.
     std::string ConnectionString(std::string_view database, std::string_view more = {}) const;
 
-    /// Ends the server at once, as a power cut would, and returns when it has gone.
+    /// Ends the server at once, as a power cut would, and returns when its process has ended.
     void Kill() const;
-    /// After that its connection string is another.
+    /// Its connection string changes.
     void StartAgain();
 
 private:
@@ -38,7 +38,7 @@ private:
     std::string port_;
 };
 
-/// A fresh database on the shared server, dropped with this object.
+/// A new database on the shared server. The destructor drops it.
 class PostgresDatabase {
 public:
     PostgresDatabase();

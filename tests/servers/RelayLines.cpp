@@ -1,6 +1,6 @@
 #include "servers/RelayLines.h"
 
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/runtime/Text.h"
 
 #include <netdb.h>
@@ -36,8 +36,8 @@ int ListenOnLoopback() {
     return listener;
 }
 
-int CallServer(const std::string& connectionString) {
-    const ConnectionString text(connectionString);
+int ConnectToServer(const std::string& connectionString) {
+    const ConnectionAttributes text(connectionString);
     addrinfo wanted{};
     wanted.ai_socktype = SOCK_STREAM;
     addrinfo* found = nullptr;
@@ -52,7 +52,7 @@ int CallServer(const std::string& connectionString) {
     return -1;
 }
 
-std::string ByWayOf(int listener, const std::string& connectionString) {
+std::string ThroughRelay(int listener, const std::string& connectionString) {
     std::string text = "Server=127.0.0.1;Port=" + std::to_string(PortOf(listener));
     for (std::size_t begin = 0; begin < connectionString.size();) {
         const std::size_t end =
@@ -66,7 +66,7 @@ std::string ByWayOf(int listener, const std::string& connectionString) {
     return text;
 }
 
-void SendAtOnce(int line) {
+void DisableSendDelay(int line) {
     const int on = 1;
     setsockopt(line, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }

@@ -27,7 +27,7 @@ ServerRelay::~ServerRelay() {
 }
 
 std::string ServerRelay::ConnectionString() const {
-    return ByWayOf(listener_, connectionString_);
+    return ThroughRelay(listener_, connectionString_);
 }
 
 void ServerRelay::Break(Moment moment, Kind kind) {
@@ -37,8 +37,8 @@ void ServerRelay::Break(Moment moment, Kind kind) {
     Wake();
 }
 
-void ServerRelay::Mend() {
-    state_ = State::Whole;
+void ServerRelay::Restore() {
+    state_ = State::Open;
     Wake();
 }
 
@@ -46,57 +46,57 @@ void ServerRelay::Wake() const {
     static_cast<void>(!write(wakeUp_[1], "!", 1));
 }
 
-void ServerRelay::TakeCall() {
-    Call call{accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC), -1};
+void ServerRelay::Accept() {
+    Pair pair{accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC), -1};
     if (state_ != State::Broken)
-        call.server = CallServer(connectionString_);
-    if (call.server < 0)
-        return HangUp(call);
-    SendAtOnce(call.station);
-    SendAtOnce(call.server);
-    calls_.push_back(call);
+        pair.server = ConnectToServer(connectionString_);
+    if (pair.server < 0)
+        return ClosePair(pair);
+    DisableSendDelay(pair.station);
+    DisableSendDelay(pair.server);
+    pairs_.push_back(pair);
 }
 
-void ServerRelay::HangUp(Call& call) {
-    for (int* line : {&call.station, &call.server})
+void ServerRelay::ClosePair(Pair& pair) {
+    for (int* line : {&pair.station, &pair.server})
         if (*line >= 0)
             close(std::exchange(*line, -1));
 }
 
-void ServerRelay::HangUpAll() {
-    for (Call& call : calls_)
-        HangUp(call);
+void ServerRelay::CloseAll() {
+    for (Pair& pair : pairs_)
+        ClosePair(pair);
 }
 
 void ServerRelay::BreakNow() {
     state_ = State::Broken;
     if (kind_ == Kind::Cut)
-        HangUpAll();
+        CloseAll();
 }
 
-void ServerRelay::Pass(Call& call, bool fromStation) {
+void ServerRelay::Pass(Pair& pair, bool fromStation) {
     char data[16'384];
-    const ssize_t size = recv(fromStation ? call.station : call.server, data, sizeof data, 0);
+    const ssize_t size = recv(fromStation ? pair.station : pair.server, data, sizeof data, 0);
     if (size <= 0)
-        return HangUp(call);
+        return ClosePair(pair);
     if (state_ == State::Broken)
         return;
     const bool breaks =
         state_ == State::Awaiting && fromStation == (moment_ == Moment::AtNextRequest);
     if (breaks)
         return BreakNow();
-    if (!SendAll(fromStation ? call.server : call.station, {data, static_cast<std::size_t>(size)}))
-        HangUp(call);
+    if (!SendAll(fromStation ? pair.server : pair.station, {data, static_cast<std::size_t>(size)}))
+        ClosePair(pair);
 }
 
-// A silent way reads what comes and drops it, so that a side that gives up is noticed.
+// A silent relay reads and drops the bytes, so that it notices when a side closes its socket.
 void ServerRelay::Run() {
     bool wasBroken = false;
     while (!isEnding_) {
         std::vector<pollfd> watched{{wakeUp_[0], POLLIN, 0}, {listener_, POLLIN, 0}};
-        for (const Call& call : calls_) {
-            watched.push_back({call.station, POLLIN, 0});
-            watched.push_back({call.server, POLLIN, 0});
+        for (const Pair& pair : pairs_) {
+            watched.push_back({pair.station, POLLIN, 0});
+            watched.push_back({pair.server, POLLIN, 0});
         }
         poll(watched.data(), watched.size(), -1);
         if (watched[0].revents != 0) {
@@ -105,18 +105,18 @@ void ServerRelay::Run() {
         }
         const bool isBroken = state_ == State::Broken;
         if ((isBroken && kind_ == Kind::Cut) || (wasBroken && !isBroken))
-            HangUpAll();
+            CloseAll();
         wasBroken = isBroken;
-        for (std::size_t i = 0; i < calls_.size(); ++i)
+        for (std::size_t i = 0; i < pairs_.size(); ++i)
             for (const bool fromStation : {true, false})
                 if (watched[2 + 2 * i + (fromStation ? 0 : 1)].revents != 0 &&
-                    calls_[i].station >= 0)
-                    Pass(calls_[i], fromStation);
-        std::erase_if(calls_, [](const Call& call) { return call.station < 0; });
+                    pairs_[i].station >= 0)
+                    Pass(pairs_[i], fromStation);
+        std::erase_if(pairs_, [](const Pair& pair) { return pair.station < 0; });
         if (watched[1].revents != 0)
-            TakeCall();
+            Accept();
     }
-    HangUpAll();
+    CloseAll();
 }
 
 } // namespace Quillane

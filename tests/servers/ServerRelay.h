@@ -7,54 +7,54 @@
 
 namespace Quillane {
 
-/// A way to a database server that breaks when a test wants it to: a port on loopback that passes
-/// on whatever comes, in both directions, until then.
+/// A TCP relay on loopback between a station and a database server. It forwards all bytes in both
+/// directions until a test breaks it.
 class ServerRelay {
 public:
     enum class Moment {
         Now,
-        AtNextRequest, ///< the next thing that is sent never reaches the server
-        AtNextAnswer,  ///< the next thing that is sent does, and the answer to it is lost
+        AtNextRequest, ///< the next request does not reach the server
+        AtNextAnswer,  ///< the next request reaches the server; its answer is lost
     };
     enum class Kind {
-        Cut,     ///< both sides learn of it
-        Silence, ///< nobody does: nothing comes any more
+        Cut,     ///< the sockets are closed
+        Silence, ///< the sockets stay open; no bytes are forwarded
     };
 
-    /// To the server that the connection string names by `Server` and `Port`.
+    /// Relays to the server that `Server` and `Port` of the connection string name.
     explicit ServerRelay(std::string connectionString);
     ~ServerRelay();
     ServerRelay(const ServerRelay&) = delete;
     ServerRelay& operator=(const ServerRelay&) = delete;
 
-    /// The connection string with the relay in place of the server.
+    /// The connection string with the relay's address instead of the server's.
     std::string ConnectionString() const;
 
-    /// From that moment on. A way that has broken takes no new calls either.
+    /// Breaks at this moment. A broken relay refuses new connections too.
     void Break(Moment moment, Kind kind = Kind::Cut);
-    /// Lets new calls through again; old ones stay lost.
-    void Mend();
+    /// Accepts new connections again. Broken ones stay broken.
+    void Restore();
 
 private:
-    struct Call {
+    struct Pair {
         int station = -1;
         int server = -1;
     };
-    enum class State { Whole, Awaiting, Broken };
+    enum class State { Open, Awaiting, Broken };
 
     void Run();
-    void TakeCall();
-    void Pass(Call& call, bool fromStation);
+    void Accept();
+    void Pass(Pair& pair, bool fromStation);
     void BreakNow();
-    void HangUp(Call& call);
-    void HangUpAll();
+    void ClosePair(Pair& pair);
+    void CloseAll();
     void Wake() const;
 
     std::string connectionString_;
     int listener_ = -1;
     int wakeUp_[2] = {-1, -1};
-    std::vector<Call> calls_; ///< of the thread alone
-    std::atomic<State> state_ = State::Whole;
+    std::vector<Pair> pairs_; ///< only for the thread
+    std::atomic<State> state_ = State::Open;
     std::atomic<Moment> moment_ = Moment::Now;
     std::atomic<Kind> kind_ = Kind::Cut;
     std::atomic<bool> isEnding_ = false;

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <stdexcept>
 
 namespace Quillane {
 
@@ -16,11 +17,13 @@ constexpr auto fragmentFile = QUILLANE_TEST_FOLDER "/sqlserver.local";
 std::string Fragment() {
     std::ifstream file(fragmentFile);
     std::string line;
-    std::getline(file, line);
+    if (!std::getline(file, line))
+        throw std::runtime_error(
+            "No file tests/sqlserver.local names a SQL Server; see README.md.");
     return line;
 }
 
-/// The fragment's own database gives way to the one of the test.
+/// Replaces the database of the fragment by the one of the test.
 std::string ConnectionText(const std::string& database) {
     std::string text = "Driver=SQL Server;Database=" + database;
     const std::string fragment = Fragment();
@@ -52,13 +55,12 @@ SqlServerDatabase::~SqlServerDatabase() {
     try {
         RunOnServer("DROP DATABASE " + name_);
     } catch (const std::exception&) {
-        // Nothing hinders the next test, whose database has another name.
+        // The next test is not affected: its database has another name.
     }
 }
 
 std::string SqlServerDatabase::WhyMissing() {
-    return std::ifstream(fragmentFile) ? std::string()
-                                       : std::string("no file tests/sqlserver.local names one");
+    return std::ifstream(fragmentFile) ? "" : "no file tests/sqlserver.local names one";
 }
 
 std::string SqlServerDatabase::ConnectionString() const {

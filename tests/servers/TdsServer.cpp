@@ -1,6 +1,6 @@
 #include "servers/TdsServer.h"
 
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 
 #include <signal.h>
@@ -56,7 +56,7 @@ TdsServer::~TdsServer() {
 }
 
 std::string TdsServer::WhyMissing() {
-    return OdbcDriverLibrary(Quillane::ConnectionString("Driver=FreeTDS")).empty()
+    return OdbcDriverLibrary(ConnectionAttributes("Driver=FreeTDS")).empty()
                ? "Debian's package tdsodbc is not installed"
                : "";
 }

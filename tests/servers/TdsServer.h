@@ -6,9 +6,9 @@
 
 namespace Quillane {
 
-/// What SQL Server's own wire looks like to FreeTDS, with no database behind it: statements are
-/// answered by the words that stand in them, as the script tds-server lists. Gone with this object
-/// or with the process.
+/// A server that speaks the protocol of SQL Server to FreeTDS but has no database: the script
+/// tds-server lists the answer for each text that a statement may contain. The destructor, or the
+/// end of the process, ends it.
 class TdsServer {
 public:
     TdsServer();
@@ -16,15 +16,15 @@ public:
     TdsServer(const TdsServer&) = delete;
     TdsServer& operator=(const TdsServer&) = delete;
 
-    /// Empty where the driver is there, else which package is missing.
+    /// Empty if the driver is installed, otherwise the missing package.
     static std::string WhyMissing();
 
     std::string ConnectionString() const;
-    /// Its own, gone with it.
+    /// A temporary folder, removed by the destructor.
     const std::filesystem::path& Folder() const { return folder_; }
 
-    /// Every statement that arrived since the last call, with the values of its parameters behind
-    /// bars: "UPDATE ... | int:7".
+    /// The statements since the last call, each followed by bars and its parameters:
+    /// "UPDATE ... | int:7".
     std::vector<std::string> TakeArrived();
 
 private:

@@ -5,7 +5,8 @@
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
 #include "setup/CreateDatabaseDialog.h"
-#include "setup/StationSetUp.h"
+#include "setup/SchemaMessages.h"
+#include "setup/StationSetup.h"
 #include "support/BoxAnswers.h"
 #include "support/ScreenDriver.h"
 
@@ -43,7 +44,7 @@ protected:
     Box UseExisting() const {
         return {.text = "There is already a database here:\r\n" + File() +
                         "\r\n(Veltrane Flour Mills; 12 arrivals, 2 users)\r\n\r\n"
-                        "Use it as it is? Nothing in it is changed.",
+                        "Use it without changes?",
                 .title = Title,
                 .icon = BoxIcon::Question,
                 .buttons = BoxButtons::YesNo};
@@ -89,7 +90,7 @@ TEST_F(CreateDatabase, MakesNoSampleRowsUnlessWanted) {
     EXPECT_EQ(LookAtEmbeddedDatabase(File()).users, 1);
 }
 
-TEST_F(CreateDatabase, LeavesNothingWhereItIsGivenUp) {
+TEST_F(CreateDatabase, CancelledLeavesNothing) {
     const VisitModal visit([](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("Veltrane").Press(Qt::Key_Escape);
@@ -99,7 +100,7 @@ TEST_F(CreateDatabase, LeavesNothingWhereItIsGivenUp) {
     EXPECT_TRUE(std::filesystem::is_empty(folder.path));
 }
 
-TEST_F(CreateDatabase, RefusesBadEntriesAndLosesNothing) {
+TEST_F(CreateDatabase, RefusesInvalidEntriesAndKeepsThem) {
     struct Case {
         TextBox CreateDatabaseDialog::*box;
         const char* bad;
@@ -142,7 +143,7 @@ TEST_F(CreateDatabase, RefusesBadEntriesAndLosesNothing) {
     EXPECT_TRUE(setup.Succeeded());
 }
 
-TEST_F(CreateDatabase, OffersTheStationsOwnName) {
+TEST_F(CreateDatabase, OffersTheStationsCompanyName) {
     TheStation().CompanyNames[1] = "Brellix";
     const VisitModal visit([](Screen& screen) {
         EXPECT_EQ(dynamic_cast<CreateDatabaseDialog&>(screen).TxtCompanyName.Text(), "Brellix");
@@ -151,7 +152,7 @@ TEST_F(CreateDatabase, OffersTheStationsOwnName) {
     setup.CreateDatabase();
 }
 
-TEST_F(CreateDatabase, UsesADatabaseThatIsThereWhereTheUserSaysSo) {
+TEST_F(CreateDatabase, UsesAnExistingDatabaseAfterYes) {
     CreateEmbeddedDatabase(File(), SampleParticulars());
     BoxAnswers answers;
     answers.Expect(UseExisting(), BoxAnswer::Yes);
@@ -162,7 +163,7 @@ TEST_F(CreateDatabase, UsesADatabaseThatIsThereWhereTheUserSaysSo) {
     EXPECT_EQ(LookAtEmbeddedDatabase(File()).arrivals, 12);
 }
 
-TEST_F(CreateDatabase, KeepsADatabaseThatIsThereWhereTheUserSaysNo) {
+TEST_F(CreateDatabase, DoesNotChangeAnExistingDatabaseAfterNo) {
     CreateEmbeddedDatabase(File(), SampleParticulars());
     BoxAnswers answers;
     answers.Expect(UseExisting(), BoxAnswer::No);
@@ -180,13 +181,14 @@ TEST_F(CreateDatabase, KeepsADatabaseThatIsThereWhereTheUserSaysNo) {
     EXPECT_EQ(LookAtEmbeddedDatabase(File()).companyName, "Veltrane Flour Mills");
 }
 
-TEST_F(CreateDatabase, TellsOfAFileThatIsNoDatabaseAndStays) {
+TEST_F(CreateDatabase, ReportsAFileThatIsNotADatabase) {
     folder.Write("Account1.db", "a letter, much longer than the head of a database file would be, "
                                 "so that nobody takes it for a beginning of one");
     BoxAnswers answers;
-    answers.Expect(Told("There is already a file of the new database's name:\r\n" + File() +
-                        "\r\nIt is no database.\r\n\r\nIt is left as it is. Please move it away, "
-                        "and try again."));
+    answers.Expect(
+        Told("There is already a file with the name of the new database:\r\n" + File() +
+             "\r\nIt is not a database.\r\n\r\nIt was not changed. Move it to another folder "
+             "and try again."));
     const VisitModal visit([this](Screen& screen) {
         ScreenDriver driver(screen);
         FillIn(driver);
@@ -199,7 +201,7 @@ TEST_F(CreateDatabase, TellsOfAFileThatIsNoDatabaseAndStays) {
     EXPECT_TRUE(setup.Succeeded());
 }
 
-TEST_F(CreateDatabase, TellsOfAFolderThatTakesNoFilesInsteadOfShowingTheForm) {
+TEST_F(CreateDatabase, ReportsAFolderThatCannotBeWrittenBeforeTheDialog) {
     SetStationFolder(folder.path + "/gone");
     BoxAnswers answers;
     answers.Expect(Testing::Critical(
@@ -212,7 +214,7 @@ TEST_F(CreateDatabase, TellsOfAFolderThatTakesNoFilesInsteadOfShowingTheForm) {
     EXPECT_FALSE(setup.Succeeded());
 }
 
-TEST_F(CreateDatabase, TellsWhereTheFolderCannotBeWrittenAnyMoreAndLosesNoEntry) {
+TEST_F(CreateDatabase, ReportsAFolderThatCannotBeWrittenAnyMoreAndKeepsTheEntries) {
     const std::string gone = folder.path + "/گیٹ north";
     std::filesystem::create_directory(gone);
     SetStationFolder(gone);
@@ -233,7 +235,7 @@ TEST_F(CreateDatabase, TellsWhereTheFolderCannotBeWrittenAnyMoreAndLosesNoEntry)
     EXPECT_TRUE(std::filesystem::exists(gone + "/Account1.db"));
 }
 
-TEST_F(CreateDatabase, LeavesNothingOfItsTrialOfTheFolder) {
+TEST_F(CreateDatabase, LeavesNoFileOfTheFolderCheck) {
     const VisitModal visit([this](Screen& screen) {
         EXPECT_TRUE(std::filesystem::is_empty(folder.path));
         ScreenDriver(screen).Press(Qt::Key_Escape);
@@ -241,7 +243,7 @@ TEST_F(CreateDatabase, LeavesNothingOfItsTrialOfTheFolder) {
     setup.CreateDatabase();
 }
 
-TEST_F(CreateDatabase, NamesThePortsThatCannotBeUsedBeforeTheFormIsFilledIn) {
+TEST_F(CreateDatabase, NamesPortsThatCannotBeUsed) {
     folder.Write("line", "");
     TheStation().Ports = {{1, folder.File("line")}, {2, "/dev/no-such-line"}, {7, "/dev/none"}};
     const VisitModal visit([](Screen& screen) {
@@ -258,7 +260,7 @@ TEST_F(CreateDatabase, NamesThePortsThatCannotBeUsedBeforeTheFormIsFilledIn) {
     EXPECT_TRUE(setup.Succeeded()) << "a station without its indicator can be set up";
 }
 
-TEST_F(CreateDatabase, SaysNothingOfPortsThatCanBeUsed) {
+TEST_F(CreateDatabase, ShowsNoNoticeForUsablePorts) {
     folder.Write("line", "");
     TheStation().Ports[1] = folder.File("line");
     const VisitModal visit([](Screen& screen) {
@@ -268,7 +270,7 @@ TEST_F(CreateDatabase, SaysNothingOfPortsThatCanBeUsed) {
     setup.CreateDatabase();
 }
 
-TEST_F(CreateDatabase, RefusesATextThatIsTooLongAndCutsNone) {
+TEST_F(CreateDatabase, RefusesATextThatIsTooLong) {
     struct Case {
         TextBox CreateDatabaseDialog::*box;
         std::string name;
@@ -306,7 +308,7 @@ TEST_F(CreateDatabase, RefusesATextThatIsTooLongAndCutsNone) {
     EXPECT_EQ(LookAtEmbeddedDatabase(File()).companyName, std::string(60, 'a'));
 }
 
-TEST_F(CreateDatabase, GoesOnWhereAnEarlierSetUpBrokeOffAnywhere) {
+TEST_F(CreateDatabase, CompletesAnInterruptedSetUp) {
     folder.Write("Account1.db.new", "half a database");
     folder.Write("Station.ini", "[CompanyNames]\n1=Veltrane\n");
     TheStation() = StationFile::Read(folder.File("Station.ini"));
@@ -342,42 +344,37 @@ TEST_F(DatabaseVersions, AgreeInANewDatabase) {
     EXPECT_EQ(setup.DatabaseVersion(), setup.ProgramVersion());
 }
 
-TEST_F(DatabaseVersions, AnOlderDatabaseIsCopiedAndBroughtUpToDate) {
-    SKIP_ON_SQL_SERVER("only a file is copied; the steps there have tests of their own");
+TEST_F(DatabaseVersions, AnOlderDatabaseIsCopiedAndUpgraded) {
+    SKIP_ON_SQL_SERVER("only a file is copied; SqlServerUpgradeTest tests the steps there");
     Run("Drop Table StationSchema");
     EXPECT_EQ(setup.DatabaseVersion(), 0);
     setup.UpgradeDatabase();
     EXPECT_EQ(setup.DatabaseVersion(), setup.ProgramVersion());
     const EmbeddedDatabase copy =
         LookAtEmbeddedDatabase(database.folder.File("Account1-before-2.db"));
-    EXPECT_EQ(copy.kind, EmbeddedDatabase::Kind::Foreign)
-        << "as it was, without the number's table";
+    EXPECT_EQ(copy.kind, EmbeddedDatabase::Kind::Foreign) << "without the table of the version";
 }
 
-TEST_F(DatabaseVersions, ANewerDatabaseIsToldAndLeftAlone) {
+TEST_F(DatabaseVersions, ANewerDatabaseIsReportedAndNotChanged) {
     Run("Update StationSchema Set SchemaVersion = 99");
     BoxAnswers answers;
-    answers.Expect(Warned("The database has the schema number 99, which is newer than this program "
-                          "(2).\r\nThe database is left as it is. Please install the newer program "
-                          "here."));
+    answers.Expect(Warned(NewerSchemaText(99)));
     setup.UpgradeDatabase();
     EXPECT_EQ(setup.DatabaseVersion(), 99);
     EXPECT_FALSE(database.folder.Has("Account1-before-2.db"));
 }
 
-TEST_F(DatabaseVersions, ANumberThatCannotBeReadIsToldAndLeftAlone) {
+TEST_F(DatabaseVersions, AnUnreadableVersionIsReportedAndTheDatabaseNotChanged) {
     SKIP_ON_SQL_SERVER("its column holds numbers only");
     Run("Update StationSchema Set SchemaVersion = 'one'");
     BoxAnswers answers;
-    answers.Expect(Warned("The schema number of the database cannot be read: the table "
-                          "StationSchema must hold one row with a number.\r\nThe database is left "
-                          "as it is. Please ask the person who looks after the database."));
+    answers.Expect(Warned(UnreadableSchemaText() + " Ask the person who maintains the database."));
     setup.UpgradeDatabase();
     EXPECT_EQ(database.Ask("Select SchemaVersion From StationSchema").Text(), "one");
 }
 
-TEST_F(DatabaseVersions, AFailedUpgradeIsToldAndLosesNothing) {
-    SKIP_ON_SQL_SERVER("the steps there have tests of their own");
+TEST_F(DatabaseVersions, AFailedUpgradeIsReportedAndLosesNothing) {
+    SKIP_ON_SQL_SERVER("SqlServerUpgradeTest tests the steps there");
     Run("Drop Table StationSchema");
     Run("Drop Table Project_Registry");
     Run("Create View Project_Registry As Select 1 As registrykey, 2 As value");

@@ -65,7 +65,7 @@ TEST_F(Schema, HasEveryColumnThatTheStationNames) {
     }
 }
 
-TEST_F(Schema, TellsWhatRefersToAnArrival) {
+TEST_F(Schema, ListsTheForeignKeysOnArrivals) {
     Recordset keys = database.connection.Execute("EXEC sp_fkeys @pktable_name = N'Arrivals'");
     std::map<std::string, std::string> found;
     for (; !keys.Eof(); keys.MoveNext()) {
@@ -78,7 +78,7 @@ TEST_F(Schema, TellsWhatRefersToAnArrival) {
     EXPECT_EQ(found, expected);
 }
 
-TEST_F(Schema, RefusesWhatHasNothingToRestOn) {
+TEST_F(Schema, RefusesReferencesToMissingRows) {
     const std::string arrival = "Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, "
                                 "SellerId) Values ";
     ExpectRefused(arrival + "(2000, '2026-11-20T00:00:00', 99, '6010001')");
@@ -95,7 +95,7 @@ TEST_F(Schema, RefusesWhatHasNothingToRestOn) {
     EXPECT_EQ(Number("Select Count(*) From Arrivals Where ArrivalId = 2000"), 1);
 }
 
-TEST_F(Schema, TakesABodyRowWhoseClassAndTypeAreOnNoList) {
+TEST_F(Schema, AcceptsABagLineWithoutClassAndType) {
     database.connection.Execute(
         "Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags, "
         "TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, NetWeight) Values "
@@ -103,7 +103,7 @@ TEST_F(Schema, TakesABodyRowWhoseClassAndTypeAreOnNoList) {
     EXPECT_EQ(Number("Select Count(*) From ArrivalsBody Where BagsClassId = 0"), 1);
 }
 
-TEST_F(Schema, WritesNoTextOfItsOwnIntoWeightsOfTheBooks) {
+TEST_F(Schema, LeavesTheFiguresOfTheBooksEmpty) {
     EXPECT_EQ(Number("Select Count(*) From Arrivals Where ArrivalID <> 1036 And NoOfBags Is Null "
                      "And BagWeight Is Null And TareWeight Is Null"),
               11);
@@ -111,7 +111,7 @@ TEST_F(Schema, WritesNoTextOfItsOwnIntoWeightsOfTheBooks) {
 
 // ---- sample rows ----
 
-TEST_F(Schema, BringsSampleRowsWorthLookingAt) {
+TEST_F(Schema, HasVariedSampleRows) {
     struct Case {
         const char* from;
         int atLeast;
@@ -164,7 +164,7 @@ TEST_F(Schema, SplitsTheSampleWeighmentsAsSavingDoes) {
     }
 }
 
-TEST_F(Schema, DatesItsSamplesWithinTheLastYearAndNotAhead) {
+TEST_F(Schema, DatesItsSamplesWithinTheLastYear) {
     EXPECT_EQ(Number("Select Count(*) From Arrivals Where ArrivalDate Between "
                      "strftime('%Y-%m-%dT00:00:00', 'now', 'localtime', '-365 days') And "
                      "strftime('%Y-%m-%dT00:00:00', 'now', 'localtime')"),
@@ -173,7 +173,7 @@ TEST_F(Schema, DatesItsSamplesWithinTheLastYearAndNotAhead) {
 
 // ---- making and judging files ----
 
-TEST(CreateEmbeddedDatabase, LeavesNoSampleRowsWhereNoneAreWanted) {
+TEST(CreateEmbeddedDatabase, AddsNoSampleRowsUnlessWanted) {
     NewDatabase particulars = SampleParticulars();
     particulars.sampleRows = false;
     SampleDatabase database(particulars);
@@ -186,7 +186,7 @@ TEST(CreateEmbeddedDatabase, LeavesNoSampleRowsWhereNoneAreWanted) {
     EXPECT_EQ(database.Ask("Select IsNull(Max(ArrivalID),0)+1 From Arrivals").Number(), 1);
 }
 
-TEST(CreateEmbeddedDatabase, TakesAnyTextForTheParticulars) {
+TEST(CreateEmbeddedDatabase, AcceptsAnyTextForTheParticulars) {
     NewDatabase particulars = SampleParticulars();
     particulars.companyAddress = "O'Dwyer Road; -- \"ملتان\"";
     particulars.userName = "gate"; // the sample user's own name
@@ -199,7 +199,7 @@ TEST(CreateEmbeddedDatabase, TakesAnyTextForTheParticulars) {
     EXPECT_EQ(database.Ask("Select Count(*) From StationUsers").Number(), 1);
 }
 
-TEST(CreateEmbeddedDatabase, NeverTouchesAFileThatHasTheName) {
+TEST(CreateEmbeddedDatabase, DoesNotChangeAnExistingFile) {
     const FreshFolder folder;
     folder.Write("Account1.db", "not to be lost");
     EXPECT_THROW(CreateEmbeddedDatabase(folder.File("Account1.db"), SampleParticulars()), Failure);
@@ -207,7 +207,7 @@ TEST(CreateEmbeddedDatabase, NeverTouchesAFileThatHasTheName) {
     EXPECT_FALSE(folder.Has("Account1.db.new"));
 }
 
-TEST(CreateEmbeddedDatabase, StartsOverWhereAnEarlierTryBrokeOff) {
+TEST(CreateEmbeddedDatabase, ReplacesTheFileOfAnInterruptedSetUp) {
     const FreshFolder folder;
     folder.Write("Account1.db.new", "half a database");
     CreateEmbeddedDatabase(folder.File("Account1.db"), SampleParticulars());
@@ -217,7 +217,7 @@ TEST(CreateEmbeddedDatabase, StartsOverWhereAnEarlierTryBrokeOff) {
 }
 
 // The engine would play the journal of the database that was there into the new one.
-TEST(CreateEmbeddedDatabase, RefusesToStandBesideTheJournalOfAnEarlierDatabase) {
+TEST(CreateEmbeddedDatabase, RefusesTheJournalOfAnEarlierDatabase) {
     for (const char* journal : {"Account1.db-wal", "Account1.db-journal"}) {
         const FreshFolder folder;
         folder.Write(journal, "the last weighments of a database that was moved away");
@@ -233,13 +233,13 @@ TEST(CreateEmbeddedDatabase, RefusesToStandBesideTheJournalOfAnEarlierDatabase) 
     }
 }
 
-TEST(CreateEmbeddedDatabase, FailsInAFolderThatIsNotThere) {
+TEST(CreateEmbeddedDatabase, FailsInAMissingFolder) {
     const FreshFolder folder;
     EXPECT_THROW(CreateEmbeddedDatabase(folder.File("gone/Account1.db"), SampleParticulars()),
                  Failure);
 }
 
-TEST(LookAtEmbeddedDatabase, TellsWhatStandsThere) {
+TEST(LookAtEmbeddedDatabase, ReportsTheKindOfFile) {
     const FreshFolder folder;
     folder.Write("text.db", std::string(5000, 'x'));
     folder.Write("empty.db", "");

@@ -2,8 +2,8 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/DatabaseSetup.h"
-#include "setup/EmbeddedScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "station/FreshFolder.h"
 #include "support/BoxAnswers.h"
@@ -113,12 +113,12 @@ TEST_F(DatabaseOfVersion1, HasTheTablesAndIndexesOfANewOneAfterwards) {
     const Rows upgraded = Definitions();
     station.Close();
     std::filesystem::remove(folder.File("Account1.db"));
-    RunElsewhere(EmbeddedScripts::Schema);
+    RunElsewhere(DatabaseScripts::EmbeddedSchema);
     Open(station);
     EXPECT_EQ(upgraded, Definitions());
 }
 
-TEST_F(DatabaseOfVersion1, GivesNoNumberOfABagLineOutAgainOnceItIsUpgraded) {
+TEST_F(DatabaseOfVersion1, ReusesNoNumberOfABagLineAfterTheUpgrade) {
     station.Execute("Delete From ArrivalsBody Where LineId = 41");
     EXPECT_EQ(NumberOfANewLine(station), "6|") << "as the older schema did";
     setup.UpgradeDatabase();
@@ -128,7 +128,7 @@ TEST_F(DatabaseOfVersion1, GivesNoNumberOfABagLineOutAgainOnceItIsUpgraded) {
     EXPECT_EQ(NumberOfANewLine(station), "8|");
 }
 
-TEST_F(DatabaseOfVersion1, BeginsWithOneWhereItHasNoBagLineYet) {
+TEST_F(DatabaseOfVersion1, BeginsWithOneWithoutBagLines) {
     station.Execute("Delete From ArrivalsBody");
     setup.UpgradeDatabase();
     EXPECT_EQ(NumberOfANewLine(station), "1|");
@@ -137,7 +137,7 @@ TEST_F(DatabaseOfVersion1, BeginsWithOneWhereItHasNoBagLineYet) {
 }
 
 // Also a station of the older program, which goes on meanwhile.
-TEST_F(DatabaseOfVersion1, NumbersTheLinesOfAStationThatHadItOpenInTheSameWay) {
+TEST_F(DatabaseOfVersion1, ReusesNoNumberInASessionThatWasOpenBefore) {
     Connection other;
     Open(other);
     other.Execute("Delete From ArrivalsBody Where LineId = 41");
@@ -148,7 +148,7 @@ TEST_F(DatabaseOfVersion1, NumbersTheLinesOfAStationThatHadItOpenInTheSameWay) {
     EXPECT_EQ(NumberOfANewLine(other), "7|");
 }
 
-TEST_F(DatabaseOfVersion1, KeepsWhatItsOwnerHasAddedToIt) {
+TEST_F(DatabaseOfVersion1, KeepsTheObjectsOfItsOwner) {
     RunElsewhere(
         "ALTER TABLE ArrivalsBody ADD COLUMN Remarks TEXT DEFAULT 'none';"
         "CREATE INDEX LinesByDriver ON ArrivalsBody (DriverName);"
@@ -169,7 +169,7 @@ TEST_F(DatabaseOfVersion1, KeepsWhatItsOwnerHasAddedToIt) {
     EXPECT_EQ(RowsOf(station, "PRAGMA integrity_check"), Rows{"ok|"});
 }
 
-TEST_F(DatabaseOfVersion1, IsUpgradedOnceWhereTwoStationsStartTogether) {
+TEST_F(DatabaseOfVersion1, IsUpgradedOnceByTwoStationsThatStartTogether) {
     setup.UpgradeDatabase();
     const Rows definitions = Definitions();
     RunSchemaSteps(station, 1, SchemaSteps());
@@ -177,7 +177,7 @@ TEST_F(DatabaseOfVersion1, IsUpgradedOnceWhereTwoStationsStartTogether) {
     EXPECT_EQ(RowsOf(station, "Select * From sqlite_sequence"), Rows{"ArrivalsBody|41|"});
 }
 
-TEST_F(DatabaseOfVersion1, IsLeftAsItIsWhereItsBagLinesHaveAnotherKey) {
+TEST_F(DatabaseOfVersion1, IsNotChangedIfItsBagLinesHaveAnotherKey) {
     RunElsewhere(
         "DROP TABLE ArrivalsBody; CREATE TABLE ArrivalsBody (LineId TEXT PRIMARY KEY, ArrivalId "
         "INTEGER); INSERT INTO ArrivalsBody VALUES ('a', 7)");
@@ -192,7 +192,7 @@ TEST_F(DatabaseOfVersion1, IsLeftAsItIsWhereItsBagLinesHaveAnotherKey) {
     EXPECT_EQ(Definitions(), definitions);
 }
 
-TEST_F(DatabaseOfVersion1, IsUpgradedWhereItsBagLinesHaveNoKey) {
+TEST_F(DatabaseOfVersion1, IsUpgradedIfItsBagLinesHaveNoKey) {
     RunElsewhere(
         "DROP TABLE ArrivalsBody; CREATE TABLE ArrivalsBody (LineId INTEGER, ArrivalId INTEGER);"
         "INSERT INTO ArrivalsBody VALUES (NULL, 7)");

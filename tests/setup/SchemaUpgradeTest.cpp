@@ -40,7 +40,7 @@ TEST_F(Upgrade, ReadsTheNumber) {
     }
 }
 
-TEST_F(Upgrade, MatchesWhatANewDatabaseHas) {
+TEST_F(Upgrade, OfTheProgramIsThatOfANewDatabase) {
     EXPECT_EQ(Version(), SchemaVersionOfProgram());
 }
 
@@ -56,7 +56,7 @@ TEST_F(Upgrade, RunsTheMissingStepsInOrder) {
     EXPECT_EQ(database.Ask("Select Count(*) From Half Where Id = 9").Number(), 2);
 }
 
-TEST_F(Upgrade, RollsAFailedStepBackAndKeepsTheStepsBefore) {
+TEST_F(Upgrade, RollsAFailedStepBackAndKeepsEarlierSteps) {
     constexpr std::array steps{SchemaStep{2, "Create Table Good (Id Integer);"},
                                SchemaStep{3, "Create Table Lost (Id Integer); No Statement;"}};
     EXPECT_THROW(RunSchemaSteps(database.connection, 1, steps), Failure);
@@ -65,7 +65,7 @@ TEST_F(Upgrade, RollsAFailedStepBackAndKeepsTheStepsBefore) {
     EXPECT_FALSE(TableExists(database.connection, "Lost"));
 }
 
-TEST_F(Upgrade, BringsADatabaseWithoutTheStationsOwnTablesUpToDate) {
+TEST_F(Upgrade, UpgradesADatabaseWithoutTheStationsTables) {
     Run("Drop Table StationSchema");
     Run("Drop Table StationUsers");
     Run("Drop Table Project_Registry");
@@ -79,7 +79,7 @@ TEST_F(Upgrade, BringsADatabaseWithoutTheStationsOwnTablesUpToDate) {
               1);
 }
 
-TEST_F(Upgrade, KeepsUsersAndParticularsThatAreThere) {
+TEST_F(Upgrade, KeepsExistingUsersAndParticulars) {
     Run("Drop Table StationSchema");
     RunSchemaSteps(database.connection, 0, SchemaSteps());
     EXPECT_EQ(database.Ask("Select Count(*) From StationUsers").Number(), 2);
@@ -88,7 +88,7 @@ TEST_F(Upgrade, KeepsUsersAndParticularsThatAreThere) {
         "Veltrane Flour Mills");
 }
 
-TEST_F(Upgrade, CopiesTheWholeDatabaseAndNeverOverACopy) {
+TEST_F(Upgrade, CopiesTheDatabaseAndReplacesNoCopy) {
     const std::string file = database.connection.DatabaseFile();
     EXPECT_EQ(CopyBeforeUpgrade(database.connection, file, 2),
               database.folder.File("Account1-before-2.db"));
@@ -102,14 +102,14 @@ TEST_F(Upgrade, CopiesTheWholeDatabaseAndNeverOverACopy) {
     EXPECT_FALSE(database.folder.Has("Account1.db.copy"));
 }
 
-TEST_F(Upgrade, CopiesTheDatabaseForItsOwnerAndGroupAlone) {
+TEST_F(Upgrade, CopiesTheDatabaseOnlyForOwnerAndGroup) {
     const std::string copy =
         CopyBeforeUpgrade(database.connection, database.connection.DatabaseFile(), 2);
     constexpr auto others = std::filesystem::perms::others_all;
     EXPECT_EQ(std::filesystem::status(copy).permissions() & others, std::filesystem::perms::none);
 }
 
-TEST_F(Upgrade, FindsTablesWithoutCase) {
+TEST_F(Upgrade, FindsTablesIgnoringCase) {
     EXPECT_TRUE(TableExists(database.connection, "arrivals"));
     EXPECT_FALSE(TableExists(database.connection, "arrival"));
 }

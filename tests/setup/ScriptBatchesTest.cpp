@@ -9,7 +9,7 @@
 namespace Quillane {
 namespace {
 
-TEST(ScriptBatches, EndAtLinesThatHoldNothingButGo) {
+TEST(ScriptBatches, EndAtLinesWithOnlyGo) {
     struct Case {
         const char* script;
         std::vector<std::string> batches;
@@ -51,17 +51,17 @@ protected:
     SampleDatabase database;
 };
 
-TEST_F(RunScriptOnADatabase, TellsHowFarItIs) {
-    std::vector<std::pair<int, int>> told;
+TEST_F(RunScriptOnADatabase, ReportsItsProgress) {
+    std::vector<std::pair<int, int>> reported;
     EXPECT_TRUE(RunScript(database.connection, Adding(7) + Adding(8), [&](int done, int all) {
-        told.emplace_back(done, all);
+        reported.emplace_back(done, all);
         return true;
     }));
-    EXPECT_EQ(told, (std::vector<std::pair<int, int>>{{0, 2}, {1, 2}}));
+    EXPECT_EQ(reported, (std::vector<std::pair<int, int>>{{0, 2}, {1, 2}}));
     EXPECT_TRUE(Has(7) && Has(8));
 }
 
-TEST_F(RunScriptOnADatabase, KeepsWhatRanWhenItIsBrokenOff) {
+TEST_F(RunScriptOnADatabase, KeepsTheBatchesBeforeACancellation) {
     EXPECT_FALSE(RunScript(database.connection, Adding(7) + Adding(8),
                            [](int done, int) { return done < 1; }));
     EXPECT_TRUE(Has(7));

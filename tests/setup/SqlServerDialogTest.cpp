@@ -2,7 +2,7 @@
 
 #include "station/SampleDatabase.h"
 
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 #include "platform/host/StationFile.h"
 #include "servers/DeafPort.h"
@@ -68,7 +68,7 @@ TEST_F(SqlServerDialogTest, IsFilledInByKeysFromTopToBottom) {
     EXPECT_FALSE(dialog.IsChosen);
 }
 
-TEST_F(SqlServerDialogTest, RefusesBadEntriesAndLosesNothing) {
+TEST_F(SqlServerDialogTest, RefusesInvalidEntriesAndKeepsThem) {
     struct Case {
         TextBox SqlServerDialog::*box;
         const char* bad;
@@ -76,17 +76,15 @@ TEST_F(SqlServerDialogTest, RefusesBadEntriesAndLosesNothing) {
         const char* reason;
     };
     const Case cases[] = {
-        {&SqlServerDialog::TxtServer, " ", "127.0.0.1",
-         "Please give the server's name or address."},
+        {&SqlServerDialog::TxtServer, " ", "127.0.0.1", "Enter the server's name or address."},
         {&SqlServerDialog::TxtPort, "x", "1433", "A port is a number from 1 to 65535."},
         {&SqlServerDialog::TxtDatabase, "Mill", "Account1",
-         "The database's name \"Mill\" has fewer than eight characters. The eighth is the "
-         "company's number, as in Account1."},
+         "The database's name \"Mill\" has fewer than eight characters. The eighth "
+         "character is the company number, as in Account1."},
         {&SqlServerDialog::TxtOptions, "x", "",
-         "Options are pairs as the driver knows them, with semicolons between: "
-         "Encryption=require"},
-        {&SqlServerDialog::TxtUserName, "", "gate", "Please give the name to sign in with."},
-        {&SqlServerDialog::TxtPassword, "", "Weigh_2026", "Please give the password of that name."},
+         "Options are pairs that the driver knows, separated by semicolons: Encryption=require"},
+        {&SqlServerDialog::TxtUserName, "", "gate", "Enter the name to sign in with."},
+        {&SqlServerDialog::TxtPassword, "", "Weigh_2026", "Enter the password of this name."},
     };
     Work([&](ScreenDriver& driver) {
         FillIn(driver);
@@ -105,24 +103,24 @@ TEST_F(SqlServerDialogTest, RefusesBadEntriesAndLosesNothing) {
     });
 }
 
-TEST_F(SqlServerDialogTest, WantsTheOwnersNameAndPasswordTogether) {
+TEST_F(SqlServerDialogTest, RequiresTheOwnersNameAndPasswordTogether) {
     Work([&](ScreenDriver& driver) {
         FillIn(driver);
         BoxAnswers answers;
         dialog.TxtOwnerPassword.SetText("x");
-        answers.Expect(Told("Please give the owner's name, or leave the password empty."));
+        answers.Expect(Told("Enter the owner's name, or leave the password empty."));
         driver.Press(Qt::CTRL | Qt::Key_Return);
         EXPECT_EQ(dialog.ActiveControl(), &dialog.TxtOwnerName);
         dialog.TxtOwnerName.SetText("sa");
         dialog.TxtOwnerPassword.SetText("");
-        answers.Expect(Told("Please give the password of that name."));
+        answers.Expect(Told("Enter the password of this name."));
         driver.Press(Qt::CTRL | Qt::Key_Return);
         EXPECT_EQ(dialog.ActiveControl(), &dialog.TxtOwnerPassword);
         driver.Press(Qt::Key_Escape);
     });
 }
 
-TEST_F(SqlServerDialogTest, ClosesTheBoxesThatTheWindowsSignInDoesNotNeed) {
+TEST_F(SqlServerDialogTest, DisablesNameAndPasswordForTheWindowsSignIn) {
     Work([&](ScreenDriver& driver) {
         driver.Press(Qt::ALT | Qt::Key_W);
         EXPECT_TRUE(dialog.OptWindows.Value());
@@ -134,7 +132,7 @@ TEST_F(SqlServerDialogTest, ClosesTheBoxesThatTheWindowsSignInDoesNotNeed) {
     });
 }
 
-TEST_F(SqlServerDialogTest, KeepsToTheAnonymousUserOnAClientStation) {
+TEST_F(SqlServerDialogTest, UsesTheAnonymousUserOnAClientStation) {
     TheStation().StationRole = "Client";
     Work([&](ScreenDriver& driver) {
         EXPECT_EQ(dialog.TxtUserName.Text(), "anonymous");
@@ -144,8 +142,8 @@ TEST_F(SqlServerDialogTest, KeepsToTheAnonymousUserOnAClientStation) {
     });
 }
 
-TEST_F(SqlServerDialogTest, AnswersWhyNothingIsReachedAndTakesNoSuchServer) {
-    const bool hasDriver = !OdbcDriverLibrary(ConnectionString("Driver=SQL Server")).empty();
+TEST_F(SqlServerDialogTest, ReportsWhyTheServerIsNotReachedAndDoesNotChooseIt) {
+    const bool hasDriver = !OdbcDriverLibrary(ConnectionAttributes("Driver=SQL Server")).empty();
     const std::string answer = hasDriver
                                    ? "No SQL Server answers at 127.0.0.1, port "
                                    : "The ODBC driver \"SQL Server\" is not installed. On Debian "
@@ -167,7 +165,7 @@ TEST_F(SqlServerDialogTest, AnswersWhyNothingIsReachedAndTakesNoSuchServer) {
     EXPECT_FALSE(dialog.IsChosen);
 }
 
-TEST_F(SqlServerDialogTest, GoesBackToThisComputerWhereNoServerIsTaken) {
+TEST_F(SqlServerDialogTest, ReturnsToThisComputerIfNoServerIsChosen) {
     CreateDatabaseDialog setUp(folder.path);
     RunModal(setUp, [&](Screen& screen) {
         ScreenDriver driver(screen);

@@ -40,7 +40,7 @@ TEST_F(About, TextNamesProgramStationAndDatabase) {
     EXPECT_NE(AboutText().find("System: " + SystemInfo::OsName()), std::string::npos);
     EXPECT_NE(AboutText().find("Toolkit: Qt 6."), std::string::npos);
     EXPECT_TRUE(Tells("Station folder: /gate/north"));
-    EXPECT_NE(AboutText().find("Schema number: "), std::string::npos);
+    EXPECT_NE(AboutText().find("Schema version: "), std::string::npos);
     EXPECT_EQ(AboutText().find("unknown"), std::string::npos) << AboutText();
 }
 
@@ -61,7 +61,7 @@ TEST_F(About, TextIsCompleteIfTheDatabaseFails) {
     const std::string closed = "unknown (Operation is not allowed when the object is closed.)";
     EXPECT_TRUE(Tells("Database: " + closed)) << AboutText();
     EXPECT_TRUE(Tells("Engine: " + closed));
-    EXPECT_TRUE(Tells("Schema number: " + closed));
+    EXPECT_TRUE(Tells("Schema version: " + closed));
     EXPECT_TRUE(Tells("Station folder: /gate/north"));
 }
 

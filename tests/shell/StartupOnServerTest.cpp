@@ -6,7 +6,7 @@
 #include "data/CompanyProfile.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "servers/DeafPort.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 namespace Quillane {
 

@@ -383,8 +383,8 @@ TEST_F(StartUp, JournalOfAnotherStateEndsTheProcess) {
     const std::string log = File("Account1.db-wal");
     ExpectToEndWith("The journal " + log + " does not belong to the database file " +
                     File("Account1.db") +
-                    ": it is left of another state of the database, from before a copy was put in "
-                    "its place. Please move " +
+                    ": it belongs to an earlier state of the database, before a copy replaced it. "
+                    "Please move " +
                     log + " and " + File("Account1.db-shm") +
                     " to another folder and start the program again.");
 }
@@ -425,6 +425,18 @@ TEST_F(StartUp, ApostropheInTheCompanyNameEndsTheProcess) {
     MakeDatabase();
     TheStation().CompanyNames[1] = "O'Neill";
     ExpectToEndWith(EngineWords("near \"NEILL\": syntax error"));
+}
+
+// An older version created both files readable by others. They contain a password and its hashes.
+TEST_F(StartUp, FilesOfAnOlderVersionAreRestrictedToOwnerAndGroup) {
+    namespace fs = std::filesystem;
+    MakeFile("Account1");
+    for (const char* name : {"Config.ini", "Account1.db"})
+        fs::permissions(File(name), fs::perms(0644));
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+    for (const char* name : {"Config.ini", "Account1.db"})
+        EXPECT_EQ(fs::status(File(name)).permissions(), fs::perms(0640)) << name;
 }
 
 TEST_F(StartUp, UnreadableConfigFileEndsTheProcess) {

@@ -22,23 +22,23 @@ protected:
         std::chrono::sys_days(std::chrono::year(2026) / 11 / 10) + 12h;
 };
 
-TEST_F(Reminder, ComesOnceTheBackupIsOlderThanTheDays) {
+TEST_F(Reminder, IsShownIfTheBackupIsOlderThanTheDays) {
     WriteBackupRecord(folder.path, backup, "/mnt/usb/Account1-20261110-170000.db");
     EXPECT_EQ(After(72h, 3), "");
-    EXPECT_EQ(After(73h, 3), "The last good backup of the database is of 10/11/2026. Please tell "
-                             "the person who looks after the station.");
+    EXPECT_EQ(After(73h, 3), "The last good backup of the database is of 10/11/2026. Inform the "
+                             "person who maintains the station.");
     EXPECT_EQ(After(24h, 3), "");
 }
 
-TEST_F(Reminder, SaysWhereThereIsNone) {
-    const std::string none = "There is no backup of the database yet. Please tell the person who "
-                             "looks after the station.";
+TEST_F(Reminder, ReportsThatThereIsNone) {
+    const std::string none = "There is no backup of the database yet. Inform the person who "
+                             "maintains the station.";
     EXPECT_EQ(After(0h, 3), none);
     folder.Write("LastBackup", "unreadable");
     EXPECT_EQ(After(0h, 3), none);
 }
 
-TEST_F(Reminder, IsNotWantedWithoutDays) {
+TEST_F(Reminder, IsNotShownWithoutDays) {
     EXPECT_EQ(After(1000h, 0), "");
     WriteBackupRecord(folder.path, backup, "file");
     EXPECT_EQ(After(1000h, 0), "");

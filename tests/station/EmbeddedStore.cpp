@@ -20,7 +20,7 @@ Value Cell(sqlite3_stmt* row, int column) {
     }
 }
 
-/// A session of its own for each call, so that none holds the file.
+/// A session for each call, so that the file is not kept open.
 class FileSession {
 public:
     explicit FileSession(const std::string& file) {
@@ -64,7 +64,7 @@ public:
     std::vector<StationDatabase::Row> Rows(const std::string& query) override {
         return FileSession(file_).Rows(query);
     }
-    // The old way of renaming leaves the references of other tables alone.
+    // The legacy renaming does not change the references of other tables.
     void Rename(const std::string& table, const std::string& name) override {
         Run("PRAGMA legacy_alter_table = ON; ALTER TABLE " + table + " RENAME TO " + name);
     }

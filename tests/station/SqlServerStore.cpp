@@ -2,8 +2,8 @@
 
 #include "platform/runtime/Failure.h"
 #include "servers/SqlServerDatabase.h"
-#include "setup/EmbeddedScripts.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/DatabaseScripts.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 #include <gtest/gtest.h>
 
@@ -14,21 +14,21 @@ namespace Quillane {
 
 namespace {
 
-/// The tables of the schema, each behind those that refer to it.
+/// The tables of the schema, each after those that refer to it.
 constexpr const char* tables[] = {
     "SaleRecoveryBody", "Sales",        "LaboratoryReports", "PurchaseBody", "ArrivalsBody",
     "Arrivals",         "PContracts",   "PRCenters",         "BagsTypes",    "BagsClasses",
     "Commodities",      "Parties",      "ChartOfAccounts",   "Cities",       "PortSettings",
     "Project_Registry", "StationUsers", "StationSchema"};
 
-/// What is bound to tables, so that nobody can rename those meanwhile.
+/// Functions bound to tables: while they exist, the tables cannot be renamed.
 constexpr std::pair<const char*, const char*> functionsOfTables[] = {
     {"FunGetPartyName", "ChartOfAccounts"},
     {"FunGetPartyName", "Parties"},
     {"FunGetPartyName", "Cities"},
     {"FunGetCommodity", "Commodities"}};
 
-/// The one database of the program's tests.
+/// The database of all tests of the program.
 class Site {
 public:
     Site() { owner.Open(database.ConnectionString()); }
@@ -43,14 +43,14 @@ public:
     }
 
     SqlServerDatabase database;
-    Connection owner; ///< the session beside the station's
+    Connection owner; ///< a session that is not the station's
     std::vector<std::string> objects;
 };
 
 std::unique_ptr<Site> site;
 
 void MakeFunctions(Connection& connection) {
-    for (const std::string& batch : ScriptBatches(EmbeddedScripts::SqlServerSchema))
+    for (const std::string& batch : ScriptBatches(DatabaseScripts::SqlServerSchema))
         if (batch.find("CREATE FUNCTION") != std::string::npos)
             connection.Execute(batch);
 }
@@ -62,7 +62,7 @@ std::string Emptying() {
     return statements;
 }
 
-/// False where the site is not there, is not as it was made, or cannot be emptied.
+/// False if there is no site, if its objects have changed, or if it cannot be emptied.
 bool CanBeUsedAgain(const NewDatabase& particulars) {
     try {
         if (!site || site->Objects() != site->objects)
@@ -84,7 +84,7 @@ void PrepareSite(const NewDatabase& particulars) {
     site->objects = site->Objects();
 }
 
-/// As the embedded database would hold it.
+/// The value as the embedded database returns it.
 Value Cell(const Value& value) {
     if (std::holds_alternative<Date>(value.Raw()))
         return value.Text();
@@ -129,8 +129,8 @@ public:
                 Run("DROP FUNCTION dbo." + std::string(function));
         Run("EXEC sp_rename 'dbo." + table + "', '" + name + "', 'OBJECT'");
     }
-    // What comes from the outer side of a join may be Null and counts nothing up by itself. The
-    // station's view of the table goes with it: the tests work as the owner, on the tables of dbo.
+    // The outer side of a join gives nullable columns without identity. The station's view of the
+    // table is dropped too: these tests work as the owner, on the tables of dbo.
     void Loosen(const std::string& table) override {
         DropLinks(table);
         Run("IF OBJECT_ID('Station." + table + "') IS NOT NULL DROP VIEW Station." + table);
@@ -140,7 +140,7 @@ public:
         Run("DROP TABLE dbo.Strict");
         MakeFunctions(site->owner);
     }
-    // A refusal that does not end the transaction undoes nothing by itself: who is refused does.
+    // A refusal that leaves the transaction open undoes nothing; the refused client rolls back.
     void Refuse(const StationDatabase::Refusal& refusal) override {
         const std::string rows = refusal.write == "INSERT" ? "inserted" : "deleted";
         Run("CREATE TRIGGER Closed ON dbo." + refusal.table + " AFTER " + refusal.write +
@@ -162,14 +162,9 @@ private:
     }
 };
 
-/// Skips every test, out loud, where the server is missing; drops the database behind the last one.
+/// Drops the database after the last test.
 class ServerOfTests : public testing::Environment {
 public:
-    void SetUp() override {
-        const std::string whyMissing = SqlServerDatabase::WhyMissing();
-        if (OnSqlServer() && !whyMissing.empty())
-            GTEST_SKIP() << "SQL Server is not there: " << whyMissing;
-    }
     void TearDown() override { site.reset(); }
 };
 

@@ -6,8 +6,10 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/LongWork.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Text.h"
 #include "setup/EmbeddedFile.h"
 #include "setup/EmbeddedSchema.h"
+#include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
 
 #include <cstdint>
@@ -84,10 +86,7 @@ std::optional<double> SchemaNumberOf(const Contents& contents) {
 }
 
 std::string InDoubleQuotes(std::string_view name) {
-    std::string quoted = "\"";
-    for (const char c : name)
-        quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + "\"";
+    return '"' + Doubled(name, '"') + '"';
 }
 
 } // namespace
@@ -133,13 +132,9 @@ void RefuseForeign(const std::string& path, const Contents& contents, const std:
         FailDatabase("The file " + name + " is a database of another program, not of a station.");
     const std::optional<double> number = SchemaNumberOf(contents);
     if (!number)
-        FailDatabase("The file " + name +
-                     " has no schema number that can be read: its table StationSchema must hold "
-                     "one row with a number. Please use another copy.");
+        FailDatabase(UnreadableSchemaText("the file " + name) + " Please use another copy.");
     if (*number > SchemaVersionOfProgram())
-        FailDatabase("The file " + name + " has the schema number " + contents.schemaNumber +
-                     ", which is newer than this program (" + NumberText(SchemaVersionOfProgram()) +
-                     "). Please install the newer program first.");
+        FailDatabase(NewerSchemaText(*number, "the file " + name));
 }
 
 } // namespace Quillane::Office

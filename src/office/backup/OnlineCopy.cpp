@@ -26,7 +26,7 @@ void CopyPages(EmbeddedFile& source, EmbeddedFile& target, LongWork& work) {
     const std::unique_ptr<sqlite3_backup, EndBackup> backup(
         sqlite3_backup_init(target.Session(), "main", source.Session(), "main"));
     if (!backup)
-        FailDatabase(SqliteWords(target.Session()));
+        FailDatabase(SqliteMessage(target.Session()));
     for (int outcome = SQLITE_OK; outcome != SQLITE_DONE;) {
         outcome = sqlite3_backup_step(backup.get(), pagesInOneStep);
         if (outcome != SQLITE_OK && outcome != SQLITE_DONE)

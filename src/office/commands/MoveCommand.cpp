@@ -7,7 +7,7 @@
 #include "platform/host/StationFile.h"
 #include "platform/runtime/LongWork.h"
 #include "setup/EmbeddedSchema.h"
-#include "setup/SetUpQuestions.h"
+#include "setup/SetupQuestions.h"
 
 #include <QFileInfo>
 
@@ -20,14 +20,14 @@ namespace {
 constexpr const char* nameOfClients = "anonymous";
 
 /// Without passwords.
-SqlServerPlace PlaceOf(const Request& request, const std::string& database) {
+SqlServerTarget PlaceOf(const Request& request, const std::string& database) {
     const MoveRequest& wanted = request.move;
     const bool hasInstance = wanted.server.find('\\') != std::string::npos;
-    SqlServerPlace place{.server = wanted.server,
-                         .port = wanted.port.empty() && !hasInstance ? "1433" : wanted.port,
-                         .database = wanted.database,
-                         .userName = wanted.user,
-                         .options = wanted.options};
+    SqlServerTarget place{.server = wanted.server,
+                          .port = wanted.port.empty() && !hasInstance ? "1433" : wanted.port,
+                          .database = wanted.database,
+                          .userName = wanted.user,
+                          .options = wanted.options};
     if (place.database.empty())
         place.database =
             QFileInfo(QString::fromStdString(database)).completeBaseName().toStdString();
@@ -50,12 +50,12 @@ void AskPasswords(MoveOrder& order, Terminal& terminal) {
 }
 
 /// Empty where the server is named so that a station can use it.
-std::string FaultOfPlace(const SqlServerPlace& place) {
+std::string FaultOfPlace(const SqlServerTarget& place) {
     const auto fault = FaultOf(place, DriverOfThisSystem());
     return fault ? fault->reason : std::string();
 }
 
-std::string FaultBeforePassword(SqlServerPlace place) {
+std::string FaultBeforePassword(SqlServerTarget place) {
     place.password = "not asked yet";
     return place.userName.empty() && !place.windowsSignIn
                ? "The name that the station signs in with is missing: --user NAME."
@@ -68,14 +68,14 @@ bool IsConfirmed(const MoveOrder& order, const Request& request, Terminal& termi
                  << Counted(found.arrivals, "arrival", "arrivals") << ".\n"
                  << std::flush;
     return request.isConfirmed ||
-           terminal.confirm("Move the station to " + WhereOnServer(order.place) + "?");
+           terminal.confirm("Move the station to " + LocationOnServer(order.place) + "?");
 }
 
 ExitCode TellMoved(const MovedStation& moved, const MoveOrder& order, Terminal& terminal) {
     terminal.out << Counted(static_cast<long>(moved.tables), "table", "tables") << " with "
                  << Counted(moved.rows, "row", "rows")
                  << " are on the server; counts, sums and checksums agree.\n"
-                 << "The station works on " << WhereOnServer(order.place)
+                 << "The station works on " << LocationOnServer(order.place)
                  << " from its next start on.\n"
                  << "The database of before stays in " << moved.database
                  << ". To go back to it, replace Config.ini by " << moved.configKept << ".\n";

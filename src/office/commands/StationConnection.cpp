@@ -2,16 +2,18 @@
 
 #include "data/ConfigFile.h"
 #include "data/EmbeddedFunctions.h"
+#include "platform/ado/AdoFailure.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/host/Files.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/SystemInfo.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
+#include "platform/runtime/FileAccess.h"
 #include "platform/runtime/Text.h"
+#include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
-#include "setup/StationSetUp.h"
+#include "setup/StationSetup.h"
 
 #include <algorithm>
 
@@ -42,12 +44,11 @@ void CheckSchema(Connection& connection) {
     const double version = ReadSchemaVersion(connection);
     if (version == SchemaVersionOfProgram())
         return;
-    throw Failure(FailureNumber::Database,
-                  "The database has the schema number " + NumberText(version) +
-                      ", this program needs " + NumberText(SchemaVersionOfProgram()) +
-                      ". An older database is brought up to date by a start of the station; for a "
-                      "newer one please install the newer program.",
-                  FailureSource::Database);
+    if (version == UnreadableSchemaVersion)
+        FailDatabase(UnreadableSchemaText() + " Ask the person who maintains the database.");
+    FailDatabase(version > SchemaVersionOfProgram()
+                     ? NewerSchemaText(version)
+                     : OlderSchemaText(version) + " Start the station once to upgrade it.");
 }
 
 } // namespace
@@ -68,10 +69,10 @@ std::string EmbeddedDatabaseOf(const std::string& folder) {
     const std::string config = folder + "/Config.ini";
     if (!FileExists(config))
         return EmbeddedDatabasePath(folder);
-    const class ConnectionString entries(ReadFirstField(config));
-    if (!EqualIgnoringCase(entries.Get("Server"), "(embedded)"))
+    const ConnectionAttributes attributes(ReadFirstField(config));
+    if (!EqualIgnoringCase(attributes.Get("Server"), "(embedded)"))
         return {};
-    return folder + "/" + entries.Get("Database") + ".db";
+    return folder + "/" + attributes.Get("Database") + ".db";
 }
 
 void OpenStationDatabase(Connection& connection, const std::string& folder,
@@ -85,6 +86,7 @@ void OpenStationDatabase(Connection& connection, const std::string& folder,
     connection.SetEmbeddedSupport(
         {.folder = folder, .registerFunctions = RegisterEmbeddedFunctions});
     connection.ConnectionTimeout = connectionTimeoutSeconds;
+    RemoveAccessOfOthers(config); // it may contain a password
     const std::string fragment = ReadFirstField(config);
     if (signIn.name.empty())
         connection.Open(

@@ -4,11 +4,11 @@
 #include "office/move/MoveRows.h"
 #include "platform/runtime/LongWork.h"
 #include "platform/runtime/Numbers.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
-#include "setup/SqlServerSchema.h"
-#include "setup/SqlServerSetUp.h"
-#include "setup/StationSetUp.h"
+#include "setup/SqlServerDatabaseSetup.h"
+#include "setup/SqlServerSetup.h"
+#include "setup/StationSetup.h"
 
 #include <cctype>
 
@@ -32,7 +32,7 @@ void MakeSchema(Connection& connection, LongWork& work) {
 void MakeReady(Connection& connection, const MoveOrder& order, LongWork& work) {
     if (!order.owner.IsGiven())
         RenewRights(connection);
-    if (!MakeSqlServerDatabaseReady(order.place, order.owner, nullptr, work))
+    if (!PrepareSqlServerDatabase(order.place, order.owner, nullptr, work))
         throw BrokenOff();
 }
 
@@ -50,13 +50,13 @@ void RefuseNewerSchema(Connection& connection) {
 }
 
 MoveServer ServerOf(const MoveOrder& order) {
-    auto connection = OpenSqlServer(PlaceForSetUp(order.place, order.owner), secondsForAStatement);
+    auto connection = OpenSqlServer(TargetForSetup(order.place, order.owner), secondsForAStatement);
     Connection& opened = *connection;
     RefuseNewerSchema(opened);
     return {
         .connection = std::move(connection),
         .dialect = DialectOfSqlServer(),
-        .filledBySchema = TablesFilledBy(EmbeddedScripts::SqlServerSchema),
+        .filledBySchema = TablesFilledBy(DatabaseScripts::SqlServerSchema),
         .makeSchema = [&opened](LongWork& work) { MakeSchema(opened, work); },
         .makeReady = [&opened, &order](LongWork& work) { MakeReady(opened, order, work); },
         .pointStation = [&order] { PointToSqlServer(order.stationFolder, order.place, {}, {}); }};

@@ -10,9 +10,9 @@ namespace Quillane::Office {
 /// A move of a station to a database on SQL Server.
 struct MoveOrder {
     std::string stationFolder;
-    std::string database; ///< the file of the embedded database
-    SqlServerPlace place; ///< as the station signs in
-    OwnerSignIn owner{};  ///< who makes the schema, where the station's sign-in may not
+    std::string database;  ///< the file of the embedded database
+    SqlServerTarget place; ///< as the station signs in
+    OwnerSignIn owner{};   ///< who makes the schema, where the station's sign-in may not
 };
 
 /// Moves the station as `Move` does. What is missing of the schema is made first; last, the

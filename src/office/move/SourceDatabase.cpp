@@ -22,7 +22,7 @@ using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
 Statement Prepare(sqlite3* session, const std::string& text) {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(session, text.c_str(), -1, &statement, nullptr) != SQLITE_OK)
-        FailDatabase(SqliteWords(session));
+        FailDatabase(SqliteMessage(session));
     return Statement(statement);
 }
 
@@ -34,7 +34,7 @@ ResultSet Ask(sqlite3* session, const std::string& text, const std::string& tabl
                                               : std::span<const Value>(&name, 1));
     ResultSet rows;
     if (!ReadSqliteRows(statement.get(), rows))
-        FailDatabase(SqliteWords(session));
+        FailDatabase(SqliteMessage(session));
     return rows;
 }
 
@@ -148,7 +148,7 @@ void SourceDatabase::Read(const SourceTable& table, const BlockReader& take) con
     }
     if (sqlite3_errcode(file_.Session()) != SQLITE_DONE)
         FailDatabase("The table " + table.name +
-                     " cannot be read: " + SqliteWords(file_.Session()));
+                     " cannot be read: " + SqliteMessage(file_.Session()));
 }
 
 std::string NameOfRow(const SourceTable& table, const ResultSet& rows, int row, long number) {

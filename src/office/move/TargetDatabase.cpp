@@ -1,7 +1,7 @@
 #include "office/move/TargetDatabase.h"
 
-#include "office/records/Transaction.h"
 #include "platform/ado/AdoFailure.h"
+#include "platform/ado/Transaction.h"
 #include "platform/runtime/Text.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "office/records/RowWrites.h"
 #include "office/records/Rows.h"
 #include "office/records/Texts.h"
-#include "office/records/Transaction.h"
+#include "platform/ado/Transaction.h"
 #include "platform/runtime/Text.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "office/records/Rows.h"
 #include "office/records/Texts.h"
-#include "office/records/Transaction.h"
+#include "platform/ado/Transaction.h"
 
 #include <algorithm>
 #include <unordered_map>

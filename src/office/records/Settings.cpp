@@ -1,7 +1,7 @@
 #include "office/records/Settings.h"
 
 #include "office/records/Texts.h"
-#include "office/records/Transaction.h"
+#include "platform/ado/Transaction.h"
 #include "platform/runtime/Text.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "office/records/Users.h"
 
 #include "office/records/Texts.h"
-#include "office/records/Transaction.h"
+#include "platform/ado/Transaction.h"
 #include "signin/UserLogin.h"
 
 #include <QList>

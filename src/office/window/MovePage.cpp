@@ -7,7 +7,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/dialogs/WaitingScreen.h"
-#include "setup/SetUpQuestions.h"
+#include "setup/SetupQuestions.h"
 #include "setup/SqlServerDialog.h"
 
 #include <QBoxLayout>
@@ -25,13 +25,13 @@ const QString whatHappens =
     "stay in the station's folder.\n\nThe database on the server must exist, and hold no "
     "arrivals of others. Close every station first.";
 
-std::string Told(const MovedStation& moved, const SqlServerPlace& place) {
+std::string Told(const MovedStation& moved, const SqlServerTarget& place) {
     std::string text =
         Counted(static_cast<long>(moved.tables), "table", "tables") + " with " +
         Counted(moved.rows, "row", "rows") +
         " are on the server; counts, sums and checksums agree.\nThe station works "
         "on " +
-        WhereOnServer(place) + " from its next start on.\n\nThe database of before stays in " +
+        LocationOnServer(place) + " from its next start on.\n\nThe database of before stays in " +
         moved.database + ". To go back to it, replace Config.ini by " + moved.configKept + ".";
     for (const std::string& note : moved.notes)
         text += "\n\n" + note;
@@ -74,14 +74,14 @@ void MovePage::ChooseServer() {
         dialog.Offer(order_.place, order_.owner);
     dialog.ShowModal();
     if (dialog.IsChosen)
-        Choose(dialog.Place, dialog.Owner);
+        Choose(dialog.Target, dialog.Owner);
 }
 
-void MovePage::Choose(const SqlServerPlace& place, const OwnerSignIn& owner) {
+void MovePage::Choose(const SqlServerTarget& place, const OwnerSignIn& owner) {
     order_.place = place;
     order_.owner = owner;
     isChosen_ = true;
-    place_->setText("To: " + ToQt(WhereOnServer(place)));
+    place_->setText("To: " + ToQt(LocationOnServer(place)));
     move_->setFocus();
 }
 
@@ -103,7 +103,7 @@ bool MovePage::MayBegin() {
         return false;
     }
     return Ask(window(),
-               "Move the station to " + WhereOnServer(order_.place) +
+               "Move the station to " + LocationOnServer(order_.place) +
                    "?\nEvery station must be closed. Nobody can weigh during the move.",
                "&Move");
 }

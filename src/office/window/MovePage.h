@@ -20,7 +20,7 @@ public:
 
     QString Place() const { return place_->text(); }
     /// As the dialog does where the server works.
-    void Choose(const SqlServerPlace& place, const OwnerSignIn& owner);
+    void Choose(const SqlServerTarget& place, const OwnerSignIn& owner);
 
 private:
     void LayOut();

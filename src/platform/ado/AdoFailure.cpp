@@ -1,12 +1,12 @@
 #include "platform/ado/AdoFailure.h"
 
-#include "platform/runtime/Failure.h"
+#include <utility>
 
 namespace Quillane {
 
 namespace {
 
-std::string_view DescriptionOf(int number) {
+std::string_view StandardDescription(int number) {
     switch (number) {
     case FailureNumber::InvalidArgument:
         return "Arguments are of the wrong type, are out of acceptable range, or are in conflict "
@@ -31,16 +31,25 @@ std::string_view DescriptionOf(int number) {
 
 } // namespace
 
+DatabaseFailure::DatabaseFailure(std::string_view description, EngineCodes codes)
+    : Failure(FailureNumber::Database, description, FailureSource::Database),
+      codes_(std::move(codes)) {}
+
+EngineCodes CodesOf(const Failure& failure) {
+    const auto* database = dynamic_cast<const DatabaseFailure*>(&failure);
+    return database ? database->Codes() : EngineCodes{};
+}
+
 void FailAccess(int number) {
-    FailAccess(number, DescriptionOf(number));
+    FailAccess(number, StandardDescription(number));
 }
 
 void FailAccess(int number, std::string_view description) {
     throw Failure(number, description, FailureSource::Database);
 }
 
-void FailDatabase(std::string_view description) {
-    FailAccess(FailureNumber::Database, description);
+void FailDatabase(std::string_view description, EngineCodes codes) {
+    throw DatabaseFailure(description, std::move(codes));
 }
 
 } // namespace Quillane

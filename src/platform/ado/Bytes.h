@@ -16,7 +16,7 @@ namespace Quillane {
 /// remapping their pages, and leaves new bytes unwritten; a vector does neither.
 class Bytes {
 public:
-    /// Room for `count` more bytes behind the last; the caller fills them.
+    /// Space for `count` more bytes at the end; the caller fills them.
     char* Extend(std::size_t count) {
         if (size_ + count > capacity_)
             Grow(size_ + count);

@@ -1,7 +1,7 @@
 #include "platform/ado/Connection.h"
 
 #include "platform/ado/AdoFailure.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/Session.h"
 #include "platform/runtime/Failure.h"
 
@@ -21,7 +21,7 @@ void Connection::Open(std::string_view connectionString, std::string_view userId
     if (session_)
         FailAccess(FailureNumber::ObjectOpen);
     const SignIn signIn{userId, password, ConnectionTimeout, CommandTimeout};
-    auto engine = OpenEngine(ConnectionString(connectionString), signIn, support_);
+    auto engine = OpenEngine(ConnectionAttributes(connectionString), signIn, support_);
     session_ = std::make_shared<Session>(std::move(engine), StatementObserver);
 }
 

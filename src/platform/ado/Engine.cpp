@@ -2,7 +2,7 @@
 
 #include "platform/ado/AdoFailure.h"
 #include "platform/ado/Connection.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/odbc/OdbcEngine.h"
 #include "platform/ado/sqlite/SqliteEngine.h"
 #include "platform/runtime/Text.h"
@@ -26,7 +26,7 @@ void Engine::RunForEach(std::string_view statement, const ResultSet& rows) {
     }
 }
 
-std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection, const SignIn& signIn,
+std::unique_ptr<Engine> OpenEngine(const ConnectionAttributes& connection, const SignIn& signIn,
                                    const EmbeddedSupport& support) {
     const std::string server = connection.Get("Server");
     if (EqualIgnoringCase(server, "(embedded)"))

@@ -11,25 +11,25 @@
 
 namespace Quillane {
 
-class ConnectionString;
+class ConnectionAttributes;
 struct EmbeddedSupport;
 
-/// What finds one row, and only one, of a table for a write.
+/// The condition that finds exactly one row of a table for a write.
 struct RowMatch {
-    std::string limit; ///< stands between the statement's verb and its table, with a blank behind
+    std::string limit; ///< follows the verb of the statement; empty, or ends with a blank
     std::string condition;
     std::vector<Value> parameters; ///< of the condition, in their order
 };
 
-/// What a database engine does for `Connection`: open, run, transactions, and the key columns of a
-/// table. Every refusal is a Failure with the source "Database" and the engine's own words.
+/// The database engine of a `Connection`. Errors: a Failure with the source "Database", the text of
+/// the engine, and its codes.
 class Engine {
 public:
     virtual ~Engine() = default;
 
-    /// Runs one statement. A result is read to its end into `result` and the engine's own cursor is
-    /// closed before this returns; a statement that yields no columns leaves `result` without any.
-    /// Returns the number of rows that the statement changed, -1 where the engine does not say.
+    /// Runs one statement. Reads all rows into `result` and closes the engine's cursor. A statement
+    /// without columns leaves `result` without any. Returns the number of changed rows, -1 if the
+    /// engine does not report it.
     virtual long Run(std::string_view statement, std::span<const Value> parameters,
                      ResultSet& result) = 0;
 
@@ -43,32 +43,32 @@ public:
 
     virtual void Begin() = 0;
     virtual void Commit() = 0;
-    /// Ends the transaction; one that the engine has ended already, or a server that has gone,
-    /// counts as rolled back.
+    /// Ends the transaction. One that the engine has already ended, or that was lost with the
+    /// connection, counts as rolled back.
     virtual void Rollback() = 0;
-    /// False once the engine has ended the open transaction by itself.
+    /// False after the engine has rolled back the open transaction.
     virtual bool InTransaction() = 0;
 
-    /// The columns of the table's primary key, in key order; empty for a table without one. The
-    /// table is named as a statement names it.
+    /// The columns of the table's primary key, in key order; empty for a table without one. `table`
+    /// is the name as in a statement.
     virtual std::vector<std::string> KeyColumns(std::string_view table) = 0;
 
-    /// The name of a column as a statement may hold it: quoted where it has to be.
+    /// The name of a column for a statement, quoted if necessary.
     virtual std::string ColumnInStatement(std::string_view column) = 0;
 
-    /// Finds one row of a table without a key by the values of its columns, exactly.
+    /// Finds one row of a table without a key by the exact values of its columns.
     virtual RowMatch KeylessMatch(std::string_view table, std::span<const std::string> columns,
                                   std::span<const Value> values) = 0;
 
-    /// The name of the database that the session works on.
+    /// The name of the database in use.
     virtual std::string DefaultDatabase() = 0;
-    /// The file that holds it; empty on a server.
+    /// The file of the database; empty on a server.
     virtual std::string DatabaseFile() { return {}; }
     /// See `Connection::WriteBack`.
     virtual bool WriteBack() { return true; }
 };
 
-/// Who signs in, and how long the engine may take over it and over each statement.
+/// The sign-in, and the time-outs of the sign-in and of each statement.
 struct SignIn {
     std::string_view userId;
     std::string_view password;
@@ -76,9 +76,9 @@ struct SignIn {
     int commandTimeoutSeconds = 30;
 };
 
-/// The one place that chooses an engine: the server name `(embedded)` means the embedded database,
-/// any other a server that the string's ODBC driver reaches.
-std::unique_ptr<Engine> OpenEngine(const ConnectionString& connection, const SignIn& signIn,
+/// Opens the engine of the connection string: the server name `(embedded)` means the embedded
+/// database, any other name a server with the string's ODBC driver.
+std::unique_ptr<Engine> OpenEngine(const ConnectionAttributes& connection, const SignIn& signIn,
                                    const EmbeddedSupport& support);
 
 } // namespace Quillane

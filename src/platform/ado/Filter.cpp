@@ -46,7 +46,7 @@ std::optional<double> NumberOf(const ResultSet::Cell& cell) {
 
 bool Filter::Fits(const ResultSet& rows, int row, const Node& node) const {
     // A long chain of joins hangs on the left sides: those are walked, so that the depth is that of
-    // the parentheses alone.
+    // only for the parentheses.
     const Node* side = &node;
     while (side->operation == Operation::And || side->operation == Operation::Or) {
         const bool decides = side->operation == Operation::Or;

@@ -33,9 +33,9 @@ private:
         std::size_t right = 0;
         int field = 0;
         std::optional<std::string> text;         ///< none is Null
-        std::optional<double> number;            ///< the text as a number, where it is one
-        std::optional<Date> date;                ///< the text as a date, where it is one
-        std::shared_ptr<const LikePattern> like; ///< of Like alone
+        std::optional<double> number;            ///< the text as a number, if it is one
+        std::optional<Date> date;                ///< the text as a date, if it is one
+        std::shared_ptr<const LikePattern> like; ///< only for Like
     };
 
     bool Fits(const ResultSet& rows, int row, const Node& node) const;

@@ -26,7 +26,7 @@ std::string Unquoted(std::string_view literal) {
     return text;
 }
 
-/// What a reading gives, or nothing where it refuses the text.
+/// The result of parsing, or nothing if the text is not valid.
 template <typename Read>
 auto Attempt(Read read) -> std::optional<decltype(read())> {
     try {

@@ -8,7 +8,7 @@ bool Between(char32_t c, char32_t first, char32_t last) {
     return c >= first && c <= last;
 }
 
-/// Latin Extended-A holds capitals and small letters in turn; where the pairs begin on an odd
+/// In Latin Extended-A capitals and small letters alternate; where the pairs begin on an odd
 /// number changes twice.
 char32_t FoldExtendedLatin(char32_t c) {
     if (c == 0x178)

@@ -15,7 +15,7 @@ LikePattern::LikePattern(std::string_view pattern, char32_t escape) : parts_(1) 
         Prepare(part);
 }
 
-/// Adds what the pattern goes on with to the last part, and gives its length.
+/// Adds the next element of the pattern to the last part and returns its length.
 std::size_t LikePattern::ReadElement(std::string_view rest, char32_t escape) {
     std::vector<Element>& elements = parts_.back().elements;
     if (rest.front() == '[' && !bracketsEnd_) {
@@ -88,7 +88,7 @@ bool LikePattern::SetHolds(std::string_view set, char32_t character) {
     return isInverted;
 }
 
-/// Whether the text goes on with the part; it then has been taken.
+/// True if the text continues with the part, which is then removed from it.
 bool LikePattern::Take(Characters& text, const Part& part) {
     for (const Element& element : part.elements)
         if (text.AtEnd() || !Fits(element, Fold(text.Take())))

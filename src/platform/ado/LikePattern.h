@@ -17,8 +17,8 @@ public:
     /// `escape` makes the character after it plain; 0 means none.
     explicit LikePattern(std::string_view pattern, char32_t escape = 0);
 
-    /// Takes time in proportion to the text, or to text and pattern multiplied where a part of the
-    /// pattern between two % holds a _ or a set.
+    /// The time is proportional to the length of the text; if a part of the pattern between two %
+    /// contains a _ or a set, to the lengths of text and pattern multiplied.
     bool Fits(std::string_view text) const;
 
 private:
@@ -29,11 +29,11 @@ private:
         char32_t character = 0; ///< folded
         std::string set{};
     };
-    /// What lies between two %, or between one and an end.
+    /// The part between two %, or between one and an end.
     struct Part {
         std::vector<Element> elements{};
-        bool isPlain = true; ///< characters alone
-        char first = 0;      ///< its first character, where that is plain ASCII; 0 otherwise
+        bool isPlain = true; ///< only characters
+        char first = 0;      ///< its first character if it is plain ASCII; 0 otherwise
         /// Of a plain part, for so many elements found: how many of its beginning end them again.
         std::vector<std::size_t> repeats{};
     };

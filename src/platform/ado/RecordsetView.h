@@ -12,8 +12,8 @@
 
 namespace Quillane {
 
-/// The rows of one `Open`, shared by a recordset and its clones. Each has a walk of its own here,
-/// so that a row that one of them adds or deletes is there or gone for all.
+/// The rows of one `Open`, shared by a recordset and its clones. Each of them has its own walk, so
+/// that all see a row that one of them adds or deletes.
 class SharedRows {
 public:
     SharedRows(ResultSet rows, RowWriter rowWriter);
@@ -24,7 +24,7 @@ public:
     const ResultSet& Cells() const { return cells_; }
     const std::vector<bool>& Deleted() const { return deleted_; }
 
-    /// Each of these sends its statement first; where that fails, nothing has changed.
+    /// Each of these first sends its statement. After a failure nothing has changed.
     int Insert(const Assignments& assigned);
     void Update(int row, const Assignments& assigned);
     void Delete(int row);

@@ -19,14 +19,13 @@ class ResultSet;
 using BlockReader = std::function<bool(const ResultSet& block)>;
 
 /// All rows of a query, read in one pass. A row is a record of fixed length, eight bytes and a
-/// kind for each field; texts lie one behind the other in a run of their own. So a cell is reached
-/// by a multiplication, and a large result costs two blocks of memory.
+/// kind for each field; texts are stored one after the other in a second block. A cell is found by
+/// a multiplication, and a large result takes two blocks of memory.
 class ResultSet {
 public:
     enum class Kind : std::uint8_t { Null, Whole, Real, Decimal, Text, Day };
 
-    /// A cell as it lies in the arena; the text holds for a Decimal and a Text, and only until the
-    /// next cell is added.
+    /// A cell in the arena. `text` is valid for a Decimal and a Text, until the next cell is added.
     struct Cell {
         Kind kind = Kind::Null;
         std::int64_t whole = 0; ///< a Day as days since 1970
@@ -39,7 +38,7 @@ public:
     const std::string& FieldName(int field) const {
         return names_[static_cast<std::size_t>(field)];
     }
-    /// The first field of the name, without regard to case; -1 where there is none.
+    /// The first field with this name, case-insensitive; -1 if there is none.
     int FieldNumber(std::string_view name) const;
 
     /// A row is begun and then given its cells, every one, from the first field on.

@@ -8,8 +8,8 @@
 
 namespace Quillane {
 
-/// A filter and a current row on rows that several recordsets may share. Showing every row takes
-/// no memory; a list of the shown ones stands only behind a filter or a deletion.
+/// A filter and a current row on rows that several recordsets may share. A list of the shown rows
+/// exists only after a filter or a deletion.
 class RowWalk {
 public:
     int Count() const { return list_ ? static_cast<int>(list_->size()) : all_; }
@@ -23,19 +23,19 @@ public:
         position_ = position;
         onDeletedRow_ = false;
     }
-    /// After a deletion the row behind has come up already.
+    /// After a deletion the next row is already current.
     void MoveNext() { MoveTo(onDeletedRow_ ? position_ : position_ + 1); }
     bool OnDeletedRow() const { return onDeletedRow_; }
     bool HasRow() const { return !onDeletedRow_ && position_ < Count(); }
     bool AtEnd() const { return !onDeletedRow_ && position_ >= Count(); }
 
-    /// Shows the rows that fit, all where there is no filter, and stands on the first.
+    /// Shows the rows that match, all without a filter, and moves to the first.
     void Show(const ResultSet& cells, const std::vector<bool>& deleted,
               std::optional<Filter> filter);
-    /// A row has been added to the copy, or has left it. The walk stays where it is.
+    /// A row was added to the copy or removed from it. The current row stays.
     void Include(const ResultSet& cells, int row);
     void Forget(int row);
-    /// The end where the row is not shown.
+    /// The end if the row is not shown.
     void MoveToRow(int row);
 
 private:
@@ -45,7 +45,7 @@ private:
     std::optional<std::vector<int>> list_;
     int all_ = 0;
     int position_ = 0;
-    bool onDeletedRow_ = false; ///< the current row is gone; `position_` is the one behind it
+    bool onDeletedRow_ = false; ///< the current row is deleted; `position_` is that of the next
 };
 
 } // namespace Quillane

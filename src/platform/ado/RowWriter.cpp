@@ -57,9 +57,10 @@ void RowWriter::FindTable() {
         return;
     const std::string table = TableOfSource(source_);
     if (table.empty())
-        FailAccess(FailureNumber::NotUpdatable,
-                   "The rows cannot be written back, since they don't come from one table alone: " +
-                       source_);
+        FailAccess(
+            FailureNumber::NotUpdatable,
+            "These rows cannot be written back, because they are not the rows of one table: " +
+                source_);
     keyColumns_ = OpenSession().EngineInUse().KeyColumns(table);
     table_ = table;
 }

@@ -9,16 +9,16 @@ template <typename Act>
 void Session::OnEngine(Act act) {
     try {
         act();
-        lastRefusal_.clear();
+        lastFailure_.clear();
     } catch (const Failure& failure) {
-        lastRefusal_ = failure.Description() + "\n";
+        lastFailure_ = failure.Description() + "\n";
         throw;
     }
 }
 
 long Session::Run(std::string_view statement, std::span<const Value> parameters,
                   ResultSet& result) {
-    RefuseBrokenTransaction();
+    RefuseEndedTransaction();
     Observe(statement);
     long changed = -1;
     OnEngine([&] { changed = engine_->Run(statement, parameters, result); });
@@ -48,7 +48,7 @@ void Session::Begin() {
 void Session::Commit() {
     if (!inTransaction_)
         FailDatabase("No transaction is open, so none can be committed.");
-    RefuseBrokenTransaction();
+    RefuseEndedTransaction();
     Observe("CommitTrans");
     OnEngine([&] { engine_->Commit(); });
     inTransaction_ = false;
@@ -56,7 +56,7 @@ void Session::Commit() {
 
 void Session::Rollback() {
     if (!inTransaction_)
-        FailDatabase(lastRefusal_ + "No transaction is open, so none can be rolled back.");
+        FailDatabase(lastFailure_ + "No transaction is open, so none can be rolled back.");
     Observe("RollbackTrans");
     inTransaction_ = false;
     engine_->Rollback();
@@ -67,10 +67,10 @@ void Session::Observe(std::string_view text) const {
         observer_(text);
 }
 
-void Session::RefuseBrokenTransaction() {
+void Session::RefuseEndedTransaction() {
     if (inTransaction_ && !engine_->InTransaction())
-        FailDatabase("The database has ended the open transaction by itself; it has to be rolled "
-                     "back before anything else.");
+        FailDatabase("The database has rolled back the open transaction: nothing of it is stored. "
+                     "Please try again.");
 }
 
 } // namespace Quillane

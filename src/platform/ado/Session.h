@@ -10,41 +10,41 @@
 
 namespace Quillane {
 
-/// What an open connection and its recordsets share: the engine, the observer of the statements and
-/// the mark of an open transaction. The mark is the caller's view: it goes by `BeginTrans` and its
-/// two ends alone, whatever the engine does meanwhile.
+/// The state that an open connection shares with its recordsets: the engine, the observer of the
+/// statements, and whether a transaction is open. The latter is the caller's view: it changes only
+/// with `BeginTrans`, `CommitTrans` and `RollbackTrans`, not if the engine ends the transaction.
 class Session {
 public:
     using Observer = std::function<void(std::string_view)>;
 
-    /// The observer is looked up at each statement, and must outlive the session.
+    /// The observer is called for each statement. Requires: it outlives the session.
     Session(std::unique_ptr<Engine> engine, const Observer& observer)
         : engine_(std::move(engine)), observer_(observer) {}
 
-    /// Fails without running anything while a transaction that the engine has ended waits for its
+    /// Errors: if the engine has ended the open transaction, every statement fails until the
     /// rollback.
     long Run(std::string_view statement, std::span<const Value> parameters, ResultSet& result);
     void ReadBlocks(std::string_view query, const BlockReader& take);
     void RunForEach(std::string_view statement, const ResultSet& rows);
     void Begin();
     void Commit();
-    /// Where none is open it fails, and tells what the engine has refused before: a trap that rolls
-    /// back before it reports would bury that.
+    /// If none is open, fails with the text of the engine's last failure as well: a trap that rolls
+    /// back before it reports would hide it.
     void Rollback();
 
     Engine& EngineInUse() { return *engine_; }
 
 private:
     void Observe(std::string_view text) const;
-    void RefuseBrokenTransaction();
-    /// What the engine does, with a note of what it refuses.
+    void RefuseEndedTransaction();
+    /// Calls the engine and keeps the text of its failure.
     template <typename Act>
     void OnEngine(Act act);
 
     std::unique_ptr<Engine> engine_;
     const Observer& observer_;
     bool inTransaction_ = false;
-    std::string lastRefusal_; ///< in the engine's words; empty once a statement has run again
+    std::string lastFailure_; ///< the engine's text; empty after a successful statement
 };
 
 } // namespace Quillane

@@ -47,7 +47,7 @@ private:
     std::size_t at_ = 0;
 };
 
-/// The name that a word or quoted name stands for, without its quotes.
+/// The name in a word or quoted name, without its quotes.
 std::string NameOf(std::string_view token);
 
 /// Whether the text holds nothing but blanks, comments and semicolons.

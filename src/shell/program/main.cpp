@@ -4,11 +4,8 @@
 #include "platform/forms/core/Text.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
-#include "platform/host/Version.h"
 #include "shell/CommandLine.h"
 #include "shell/Startup.h"
-
-#include <QIcon>
 
 #include <cstdio>
 
@@ -23,14 +20,6 @@ std::vector<std::string> ArgumentsOf(const Application& application) {
     for (const QString& argument : application.arguments())
         texts.push_back(FromQt(argument));
     return texts;
-}
-
-/// Sets the name and the icon that boxes and windows show.
-void NameProgram() {
-    Application::setApplicationName("Quillane");
-    Application::setApplicationVersion(ToQt(QuillaneVersion()));
-    // A small icon: decoding it delays the first window.
-    Application::setWindowIcon(QIcon(":/shell/window-icon.png"));
 }
 
 void Start(const std::string& stationOption) {

@@ -1,15 +1,15 @@
-// A station of its own on SQL Server, for the tests of two stations and of a killed server:
+// A station on SQL Server in its own process, for the tests of two stations and of a killed server:
 //
 //     FaultsStation <connection string> <name>
 //
-// It writes "ready" and does what it reads, line by line: "save" enters a new weighment and presses
-// the save button until it is stored or a failure is reported; "work" does so until a failure is.
-// The driver of each weighment is the name and a serial number, "west-17".
+// It writes "ready" and then reads orders, one line each. "save" enters a new weighment and clicks
+// the save button until it is stored or a failure is reported. "work" repeats this until a failure
+// is reported. The driver of each weighment is the name and a serial number, such as "west-17".
 //
-// It writes what happened, one line each: "entered <driver>" before it presses the button the first
-// time, "begin" and "commit" before a transaction begins or ends, "stored <driver>" once a save is
-// through, "box <title>: <text>" for every box but questions, a line end in it being a bar, "kept"
-// or "lost" behind a failure: whether the entries still stand on the screen; and "done" behind each
+// It writes one line for each event: "entered <driver>" before the first click; "begin" and
+// "commit" before a transaction begins or ends; "stored <driver>" when a save has succeeded; "box
+// <title>: <text>" for each box that is not a question, with bars for line ends; after a failure
+// "kept" or "lost", depending on whether the entries are still on the screen; and "done" after each
 // order.
 
 #include "faults/ServerStation.h"
@@ -26,7 +26,7 @@ namespace {
 class Worker {
 public:
     Worker(ServerStation& station, std::string name) : station_(station), name_(std::move(name)) {
-        station.whileBoxIsUp = [this](const Box& box) { Tell(box); };
+        station.whileBoxIsUp = [this](const Box& box) { Report(box); };
     }
 
     void Save() {
@@ -52,7 +52,7 @@ private:
                screen.BagRows.RowCount() == 1 + serial_ % 4 && screen.BtnSave.Enabled();
     }
 
-    void Tell(const Box& box) {
+    void Report(const Box& box) {
         if (box.buttons == BoxButtons::YesNo) {
             std::cout << "stored " << driver_ << std::endl;
             return;

@@ -181,7 +181,7 @@ TEST_F(Backups, FullDiskGivesNoneAndRemovesNone) {
                              " --keep 1; echo code $?; ls " + folder)
             .toStdString();
     if (output.empty())
-        GTEST_SKIP() << "no file system can be mounted here";
+        GTEST_SKIP() << "this user may not mount a file system: run the test as root";
     EXPECT_TRUE(Says(output, "No backup has been made in " + folder + ": ")) << output;
     EXPECT_TRUE(Says(output, "The disk has no space for it: a backup needs about 1 MB. Please make "
                              "space, or name another folder."))

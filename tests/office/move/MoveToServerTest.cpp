@@ -4,10 +4,10 @@
 
 #include "data/ConfigFile.h"
 #include "office/move/MoveRows.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/ScriptBatches.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 namespace Quillane::Office {
 namespace {
@@ -126,7 +126,7 @@ TEST_F(MovedToSqlServer, NewerSchemaIsLeftAlone) {
     server.Execute("CREATE TABLE dbo.StationSchema (SchemaVersion float NOT NULL)");
     server.Execute("INSERT INTO dbo.StationSchema VALUES (99)");
     EXPECT_THROW(MoveIt(), MoveRefused);
-    EXPECT_TRUE(Says(FailureOfMove(Order()), "has the schema number 99, which is newer"));
+    EXPECT_TRUE(Says(FailureOfMove(Order()), "is 99, newer than that of this program"));
     EXPECT_EQ(Ask("SELECT SchemaVersion FROM dbo.StationSchema").Number(), 99);
     EXPECT_TRUE(Ask("SELECT OBJECT_ID(N'dbo.StationMove')").IsNull());
     ExpectTheOldStation(counts);
@@ -135,7 +135,7 @@ TEST_F(MovedToSqlServer, NewerSchemaIsLeftAlone) {
 TEST_F(MovedToSqlServer, SchemaThatIsPartlyThereIsCompleted) {
     const std::map<std::string, long> counts = Counts();
     int batches = 0;
-    RunScript(server, EmbeddedScripts::SqlServerSchema, [&](int, int) { return ++batches < 9; });
+    RunScript(server, DatabaseScripts::SqlServerSchema, [&](int, int) { return ++batches < 9; });
     ASSERT_TRUE(Ask("SELECT OBJECT_ID(N'dbo.StationUsers')").IsNull());
     ASSERT_TRUE(MoveIt().has_value());
     ExpectMoved(counts);
@@ -143,7 +143,7 @@ TEST_F(MovedToSqlServer, SchemaThatIsPartlyThereIsCompleted) {
 
 TEST_F(MovedToSqlServer, SchemaMadeByHandBeforeIsFilled) {
     const std::map<std::string, long> counts = Counts();
-    RunScript(server, EmbeddedScripts::SqlServerSchema);
+    RunScript(server, DatabaseScripts::SqlServerSchema);
     ASSERT_TRUE(MoveIt().has_value());
     ExpectMoved(counts);
 }

@@ -3,7 +3,7 @@
 #include "MoveFixture.h"
 
 #include "office/move/MoveToServer.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "servers/SqlServerDatabase.h"
 
 #include <QStringList>
@@ -16,8 +16,8 @@ class StationToMoveToServer : public StationToMove {
 protected:
     StationToMoveToServer() { server.Open(database.ConnectionString()); }
 
-    SqlServerPlace Place() const {
-        const ConnectionString entries(database.ConnectionString());
+    SqlServerTarget Place() const {
+        const ConnectionAttributes entries(database.ConnectionString());
         return {.server = entries.Get("Server"),
                 .port = entries.Get("Port"),
                 .database = entries.Get("Database"),
@@ -32,7 +32,7 @@ protected:
         return FailureOf([&] { MoveToServer(order, work); }).Description();
     }
     QStringList CommandLine() const {
-        const SqlServerPlace place = Place();
+        const SqlServerTarget place = Place();
         const auto text = [](const std::string& utf8) { return QString::fromStdString(utf8); };
         return {"--station",
                 text(station.folder.path),

@@ -3,7 +3,7 @@
 #include "MoveFixture.h"
 
 #include "office/move/MoveToServer.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
 
 namespace Quillane::Office {
 namespace {
@@ -60,7 +60,7 @@ TEST_F(SourceOfAMove, GivesAllRowsInBlocks) {
 }
 
 TEST(TablesFilledBy, AreThoseOfTheScriptOfSqlServer) {
-    EXPECT_EQ(TablesFilledBy(EmbeddedScripts::SqlServerSchema),
+    EXPECT_EQ(TablesFilledBy(DatabaseScripts::SqlServerSchema),
               std::set<std::string>({"PortSettings", "Project_Registry", "StationSchema"}));
 }
 

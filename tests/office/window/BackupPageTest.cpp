@@ -51,8 +51,6 @@ TEST_F(OfficeBackupPage, BackupIsMadeByItsKeysWhileTheOfficeHasTheDatabaseOpen) 
 }
 
 TEST_F(OfficeBackupPage, FolderThatIsMissingIsNamedInABox) {
-    if (OnSqlServer())
-        GTEST_SKIP() << "about the file of an embedded database";
     database.folder.Write("Station.ini", "[Backup]\nFolder=/mnt/no such disk\n");
     Open();
     const Answers answers({"OK"});

@@ -24,7 +24,7 @@ protected:
     }
 
     /// A server that does not answer.
-    static SqlServerPlace Away() {
+    static SqlServerTarget Away() {
         return {.server = "127.0.0.1",
                 .port = "1",
                 .database = "Account1",

@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
-/// What holds for `Connection` and `Recordset` on every engine.
+/// The behaviour of `Connection` and `Recordset` on every engine.
 namespace Quillane {
 
-/// A database of its own for one test, gone with this object.
+/// A database for one test. The destructor removes it.
 class ContractDatabase {
 public:
     virtual ~ContractDatabase() = default;
@@ -22,28 +22,27 @@ public:
     virtual EmbeddedSupport Support() const { return {}; }
 };
 
-/// An engine takes part by an entry of its own in `ContractEngines`.
+/// The contract is tested on each engine in `ContractEngines`.
 struct ContractEngine {
     std::string name;
-    std::string textType;   ///< of a column of text, compared as the system's databases do
-    std::string momentType; ///< of a column of days and times
-    /// Whether statements may hold what T-SQL alone knows, and texts compare as there.
-    bool readsTSql = true;
-    /// Whether text behind the first statement is refused, rather than run.
-    bool refusesSecondStatement = false;
-    std::function<std::string()> whyMissing; ///< gives the empty text where the engine is there
+    std::string textType;   ///< of a text column that compares as in the station's database
+    std::string momentType; ///< of a column with date and time
+    /// The reason why the engine is not installed; empty if it is.
+    std::function<std::string()> whyMissing = [] { return std::string(); };
     std::function<std::unique_ptr<ContractDatabase>()> make;
 };
 
-/// What the test's name is shown with.
+/// Prints the parameter in the name of a test.
 inline void PrintTo(const ContractEngine& engine, std::ostream* out) {
     *out << engine.name;
 }
 
 std::vector<ContractEngine> ContractEngines();
+/// The engines that accept T-SQL and compare text as SQL Server does.
+std::vector<ContractEngine> TSqlContractEngines();
 
-/// An open connection on a database with these tables: Arrivals (key ArrivalID), ArrivalsBody (no
-/// key, refers to Arrivals), BagsClasses (key of two columns, nothing refers to it).
+/// An open connection to a database with these tables: Arrivals (key ArrivalID), ArrivalsBody (no
+/// key, refers to Arrivals), BagsClasses (key of two columns, no references to it).
 class ConnectionContract : public testing::TestWithParam<ContractEngine> {
 protected:
     void SetUp() override;
@@ -65,7 +64,9 @@ protected:
 
     std::unique_ptr<ContractDatabase> database;
     Connection connection;
-    std::vector<std::string> observed; ///< from the end of SetUp on
+    std::vector<std::string> observed; ///< statements since the end of SetUp
 };
+
+class TSqlContract : public ConnectionContract {};
 
 } // namespace Quillane

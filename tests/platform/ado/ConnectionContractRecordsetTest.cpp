@@ -78,7 +78,7 @@ TEST_P(ConnectionContract, WalksTheRowsFromTheFirstToTheEnd) {
                   FailureNumber::InvalidArgument);
 }
 
-TEST_P(ConnectionContract, NoRowsAreAtTheEndFromTheBeginning) {
+TEST_P(ConnectionContract, WithoutRowsItIsAtTheEnd) {
     Recordset rows = Reading(threeDrivers);
     EXPECT_EQ(rows.RecordCount(), 0);
     EXPECT_TRUE(rows.Eof());
@@ -161,7 +161,7 @@ TEST_P(ConnectionContract, AFilterShowsTheRowsThatFitAndMovesToTheFirst) {
     EXPECT_EQ(AllRows(rows), "1,Ali;2,Bano;3,Chand");
 }
 
-TEST_P(ConnectionContract, AFilterThatCannotBeReadLeavesTheOldOne) {
+TEST_P(ConnectionContract, AnInvalidFilterKeepsTheOldOne) {
     AddThreeArrivals();
     Recordset rows = Reading(threeDrivers);
     rows.SetFilter("ArrivalID > 1");
@@ -196,7 +196,7 @@ TEST_P(ConnectionContract, FindLooksAmongTheShownRowsOnly) {
     EXPECT_EQ(rows.Position(), 0);
 }
 
-TEST_P(ConnectionContract, ACloneHasAFilterAndACurrentRowOfItsOwn) {
+TEST_P(ConnectionContract, ACloneHasItsOwnFilterAndCurrentRow) {
     AddThreeArrivals();
     Recordset rows = Reading(threeDrivers);
     rows.SetFilter("ArrivalID = 3");
@@ -217,7 +217,7 @@ TEST_P(ConnectionContract, ARecordsetCanBeMoved) {
     EXPECT_EQ(other.Fields("DriverName").Text(), "Bano");
 }
 
-TEST_P(ConnectionContract, TellsOnceOfEachMoveOfTheCurrentRow) {
+TEST_P(ConnectionContract, ReportsEachMoveOfTheCurrentRowOnce) {
     AddThreeArrivals();
     Recordset rows = Reading(threeDrivers);
     std::vector<int> positions;
@@ -234,7 +234,7 @@ TEST_P(ConnectionContract, TellsOnceOfEachMoveOfTheCurrentRow) {
     EXPECT_EQ(positions, std::vector<int>({1, 2, 0, 0}));
 }
 
-TEST_P(ConnectionContract, TellsOfANewRowAndOfTheStepBehindADeletedOne) {
+TEST_P(ConnectionContract, ReportsANewRowAndTheMoveAfterADeletion) {
     AddThreeArrivals();
     Run("Delete From ArrivalsBody");
     Recordset rows = Writing("Select * From Arrivals Order By ArrivalID");

@@ -64,7 +64,7 @@ TEST_P(ConnectionContract, UpdateWithNothingPendingSendsNothing) {
     EXPECT_EQ(observed.size(), 2U);
 }
 
-TEST_P(ConnectionContract, ARowCanBeWrittenAgainByTheKeyItGot) {
+TEST_P(ConnectionContract, ANewRowCanBeUpdatedByItsKey) {
     Recordset rows = Writing(header);
     rows.AddNew();
     rows.Collect("ArrivalId", 7);
@@ -76,7 +76,7 @@ TEST_P(ConnectionContract, ARowCanBeWrittenAgainByTheKeyItGot) {
     EXPECT_EQ(AllRows("Select ArrivalID, DriverName From Arrivals"), "8,Zia");
 }
 
-TEST_P(ConnectionContract, AnUpdateThatHitsNoRowFailsAndStaysPending) {
+TEST_P(ConnectionContract, AnUpdateOfNoRowFailsAndStaysPending) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * from Arrivals Where ArrivalId=2");
     Run("Delete From ArrivalsBody");
@@ -89,7 +89,7 @@ TEST_P(ConnectionContract, AnUpdateThatHitsNoRowFailsAndStaysPending) {
     EXPECT_EQ(OneValue("Select Count(*) From Arrivals Where IsPosted=5"), "2");
 }
 
-TEST_P(ConnectionContract, ARefusedRowStaysPendingAndCanBeMended) {
+TEST_P(ConnectionContract, ARefusedRowStaysPendingAndCanBeCorrected) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * from Arrivals");
     rows.AddNew();
@@ -103,7 +103,7 @@ TEST_P(ConnectionContract, ARefusedRowStaysPendingAndCanBeMended) {
     EXPECT_EQ(OneValue("Select Count(*) From Arrivals"), "4");
 }
 
-TEST_P(ConnectionContract, ClosingDropsWhatIsPending) {
+TEST_P(ConnectionContract, ClosingDiscardsPendingValues) {
     Recordset rows = Writing(header);
     rows.AddNew();
     rows.Collect("ArrivalId", 7);
@@ -111,7 +111,7 @@ TEST_P(ConnectionContract, ClosingDropsWhatIsPending) {
     EXPECT_EQ(OneValue("Select Count(*) From Arrivals"), "0");
 }
 
-TEST_P(ConnectionContract, MovingAwaySendsWhatIsPending) {
+TEST_P(ConnectionContract, MovingSendsPendingValues) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * from Arrivals Order By ArrivalID");
     rows.Collect("DriverName", "Zia");
@@ -139,7 +139,7 @@ TEST_P(ConnectionContract, DeletingAndMovingOnEmptiesTheRecordset) {
     EXPECT_EQ(AllRows("Select ArrivalId From ArrivalsBody"), "2;2;3;3");
 }
 
-TEST_P(ConnectionContract, TheRowBehindADeletedOneComesNext) {
+TEST_P(ConnectionContract, TheRowAfterADeletedOneComesNext) {
     AddThreeArrivals();
     Run("Delete From ArrivalsBody");
     Recordset rows = Writing("Select * From Arrivals Order By ArrivalID");
@@ -151,7 +151,7 @@ TEST_P(ConnectionContract, TheRowBehindADeletedOneComesNext) {
     EXPECT_EQ(rows.Fields("ArrivalID").Long(), 1);
 }
 
-TEST_P(ConnectionContract, ATableWithoutAKeyLosesOneOfTwinRowsAtATime) {
+TEST_P(ConnectionContract, ATableWithoutAKeyLosesOneOfEqualRows) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * From ArrivalsBody where arrivalid=2");
     rows.Delete();

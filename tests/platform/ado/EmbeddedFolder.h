@@ -8,7 +8,7 @@
 
 namespace Quillane {
 
-/// A folder of its own with an embedded database `Account1` in it, gone at the end.
+/// A temporary folder with an embedded database `Account1`. The destructor removes it.
 class EmbeddedFolder {
 public:
     EmbeddedFolder();
@@ -16,7 +16,7 @@ public:
     EmbeddedFolder(const EmbeddedFolder&) = delete;
     EmbeddedFolder& operator=(const EmbeddedFolder&) = delete;
 
-    /// Runs statements of SQLite's own on the file, beside every connection.
+    /// Runs SQLite statements on the file in another session.
     void RunScript(std::string_view script) const;
 
     EmbeddedSupport Support() const;

@@ -19,7 +19,7 @@ struct LikeCase {
     bool fits;
 };
 
-TEST(LikePattern, KnowsRunsSingleCharactersAndSets) {
+TEST(LikePattern, MatchesRunsSingleCharactersAndSets) {
     const LikeCase cases[] = {
         {"", "", true},
         {"", "%", true},
@@ -62,7 +62,7 @@ TEST(LikePattern, KnowsRunsSingleCharactersAndSets) {
             << item.text << " Like " << item.pattern;
 }
 
-TEST(LikePattern, TakesACharacterBehindTheEscapeAsItIs) {
+TEST(LikePattern, MatchesAnEscapedCharacterLiterally) {
     EXPECT_TRUE(MatchesLike("5%", "5!%", U'!'));
     EXPECT_FALSE(MatchesLike("5x", "5!%", U'!'));
     EXPECT_TRUE(MatchesLike("a_b", "a!_b", U'!'));
@@ -74,7 +74,7 @@ TEST(LikePattern, TakesACharacterBehindTheEscapeAsItIs) {
     EXPECT_FALSE(MatchesLike("ab", "%%", U'%'));
 }
 
-/// By the rule alone: a % takes nothing, or a character and then itself again.
+/// The reference: a % matches nothing, or one character followed by itself again.
 bool FitsByRule(std::string_view text, std::string_view pattern) {
     if (pattern.empty())
         return text.empty();
@@ -97,7 +97,7 @@ std::string Drawn(std::mt19937& chance, std::string_view characters, unsigned lo
     return text;
 }
 
-TEST(LikePattern, FitsWhatTheRuleSays) {
+TEST(LikePattern, AgreesWithTheReference) {
     std::mt19937 chance(20'261'120);
     int fitting = 0;
     for (int round = 0; round < 200'000; ++round) {
@@ -111,7 +111,7 @@ TEST(LikePattern, FitsWhatTheRuleSays) {
 }
 
 // Each of these would take days if the text were gone through again for each of its characters.
-TEST(LikePattern, IsFoundInALongTextInOneGo) {
+TEST(LikePattern, IsFoundInALongTextInLinearTime) {
     const std::string text(4'000'000, 'a');
     const std::string half(2'000'000, 'a');
     EXPECT_FALSE(MatchesLike(text, "%" + half + "b"));
@@ -128,7 +128,7 @@ TEST(LikePattern, IsFoundInALongTextInOneGo) {
     EXPECT_TRUE(MatchesLike(text, runs));
 }
 
-TEST(LikePattern, HoldsAMillionBracketsThatAreNotClosed) {
+TEST(LikePattern, AcceptsAMillionUnclosedBrackets) {
     const std::string brackets(1'000'000, '[');
     EXPECT_TRUE(MatchesLike(brackets, brackets));
     EXPECT_TRUE(MatchesLike("a" + brackets, "%" + brackets));

@@ -23,7 +23,7 @@ ResultSet OneRowOfEachKind() {
     return rows;
 }
 
-TEST(ResultSet, GivesBackEachKindAsItWas) {
+TEST(ResultSet, ReturnsEachKindUnchanged) {
     const ResultSet rows = OneRowOfEachKind();
     EXPECT_TRUE(rows.At(0, 0).IsNull());
     EXPECT_EQ(std::get<std::int64_t>(rows.At(0, 1).Raw()), -9'007'199'254'740'993);
@@ -68,7 +68,7 @@ TEST(ResultSet, AnAddedRowIsNullAndLeavesTheOthersAlone) {
     EXPECT_EQ(rows.At(1, 4).Text(), "Bano");
 }
 
-TEST(ResultSet, HoldsLittleMoreThanTheCellsOnceFinished) {
+TEST(ResultSet, ReleasesUnusedMemoryWhenFinished) {
     ResultSet rows;
     rows.SetColumns({"Id", "Name"});
     for (int id = 0; id < 10'000; ++id) {

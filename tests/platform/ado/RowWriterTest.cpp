@@ -11,7 +11,7 @@ struct Case {
     std::string_view table;
 };
 
-TEST(TableOfSource, KnowsAPlainSourceOnly) {
+TEST(TableOfSource, IsFoundOnlyInAPlainSource) {
     const Case cases[] = {
         {"Select * from Arrivals Where ArrivalId=7", "Arrivals"},
         {" SELECT * FROM arrivalsbody", "arrivalsbody"},

@@ -47,13 +47,13 @@ TEST(SqlTokens, FindsAWordInAnyCase) {
     EXPECT_FALSE(tokens.IsWord(tokens.Next(), "select"));
 }
 
-TEST(SqlTokens, TakesTheQuotesOffAName) {
+TEST(SqlTokens, RemovesTheQuotesOfAName) {
     EXPECT_EQ(NameOf("Arrivals"), "Arrivals");
     EXPECT_EQ(NameOf("[bag line]"), "bag line");
     EXPECT_EQ(NameOf("\"a\"\"b\""), "a\"b");
 }
 
-TEST(SqlTokens, KnowsATextWithoutAStatement) {
+TEST(SqlTokens, RecognisesATextWithoutAStatement) {
     for (const auto* blank : {"", " ;", "; ; -- Select 1", "/* Select 1 */"})
         EXPECT_TRUE(IsBlankStatement(blank)) << blank;
     for (const auto* statement : {"Select 1", "; x", "'"})

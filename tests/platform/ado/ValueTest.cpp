@@ -35,7 +35,7 @@ TEST(Value, ShowsEachKindInItsTextForm) {
     }
 }
 
-TEST(Value, NullIsEmptyOnlyWhereThatIsAskedFor) {
+TEST(Value, NullIsEmptyOnlyInTextOrEmpty) {
     EXPECT_TRUE(Value().IsNull());
     EXPECT_FALSE(Value("").IsNull());
     EXPECT_EQ(Value().TextOrEmpty(), "");

@@ -2,6 +2,7 @@
 
 #include "platform/ado/SqlTokens.h"
 #include "platform/ado/odbc/OdbcText.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,10 +46,7 @@ std::vector<std::string> OdbcPrimaryKey(const OdbcHandle& statement, const OdbcT
 }
 
 std::string ViewQuestion(std::string_view name) {
-    std::string text;
-    for (const char character : name)
-        text.append(character == '\'' ? 2 : 1, character);
-    return "SELECT 1 WHERE OBJECT_ID(N'" + text + "', N'V') IS NOT NULL";
+    return "SELECT 1 WHERE OBJECT_ID(N'" + Doubled(name, '\'') + "', N'V') IS NOT NULL";
 }
 
 std::string ForeignKeysOfViewedTable(std::string_view statement) {

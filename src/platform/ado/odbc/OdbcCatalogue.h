@@ -16,7 +16,7 @@ std::vector<std::string> OdbcPrimaryKey(const OdbcHandle& statement, const OdbcT
 // On SQL Server the schema of a user may hold a view of the name of a table of dbo. A name without
 // a schema then means the view, which has no keys; those of the table are looked up.
 
-/// Gives one row where the name means a view.
+/// A query that returns one row if the name is that of a view.
 std::string ViewQuestion(std::string_view name);
 
 /// For `EXEC sp_fkeys @pktable_name = N'T'`: the foreign keys of dbo.T where T means a view, no

@@ -54,14 +54,14 @@ void SetWidth(OdbcColumn& column, SQLULEN size) {
         column.width = sizeof(SQL_TIMESTAMP_STRUCT);
         return;
     case OdbcForm::Decimal: {
-        // A sign, a nought and a point beside the digits; without a scale the driver guesses.
+        // The digits, a sign, a zero and a point; without a scale the driver guesses.
         constexpr SQLULEN fewest = 62;
         column.width = std::max(size, fewest) + 4;
         return;
     }
     case OdbcForm::Text:
         column.isLong = IsLongType(column.sqlType) || size == 0 || size > longestBlockText;
-        // A character beyond the first plane takes two places; a byte is shown by two digits.
+        // A character beyond the first plane needs two units; a byte is shown as two digits.
         column.width = ((column.isLong ? 0 : size * 2) + 1) * sizeof(SQLWCHAR);
     }
 }
@@ -87,7 +87,7 @@ std::string Digits(unsigned long number, std::size_t count) {
     return std::string(count - std::min(count, text.size()), '0') + text;
 }
 
-/// The part of a second that the column keeps, without zeros behind. A server that counts in
+/// The stored part of a second, without zeros at the end. A server that counts in
 /// three-hundredths refuses more digits than it announces.
 std::string PartOfSecond(SQLUINTEGER nanoseconds, SQLSMALLINT digits) {
     const auto kept = static_cast<std::size_t>(std::clamp<int>(digits, 0, 9));

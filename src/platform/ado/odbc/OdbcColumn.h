@@ -18,10 +18,10 @@ struct OdbcColumn {
     OdbcForm form = OdbcForm::Text;
     bool isLong = false;    ///< of no announced length: read in pieces
     std::size_t width = 0;  ///< bytes of one cell in the driver's form, with a text's closing zero
-    SQLSMALLINT digits = 0; ///< of a moment's second, behind the point
+    SQLSMALLINT digits = 0; ///< of the fraction of a second
 
     SQLSMALLINT CType() const;
-    /// Bytes behind a text that belong to its end and not to it.
+    /// The number of bytes of the terminator after a text.
     std::size_t EndWidth() const;
     bool IsBinary() const;
 };

@@ -1,10 +1,11 @@
 #include "platform/ado/odbc/OdbcConnect.h"
 
 #include "platform/ado/AdoFailure.h"
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/Engine.h"
 #include "platform/ado/odbc/OdbcDiagnostics.h"
 #include "platform/ado/odbc/OdbcText.h"
+#include "platform/runtime/Text.h"
 
 #include <odbcinst.h>
 
@@ -15,11 +16,10 @@ namespace Quillane {
 
 namespace {
 
-std::string Lower(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    return lower;
+constexpr const char* driverNotFound = "IM002";
+
+bool HoldsIgnoringCase(std::string_view text, std::string_view part) {
+    return UpperCase(text).find(UpperCase(part)) != std::string::npos;
 }
 
 std::string RegisteredDriver(const std::string& section, const char* file) {
@@ -29,7 +29,7 @@ std::string RegisteredDriver(const std::string& section, const char* file) {
     return {library, static_cast<std::size_t>(std::max(length, 0))};
 }
 
-std::string DriverNamed(const ConnectionString& connection) {
+std::string DriverNamed(const ConnectionAttributes& connection) {
     const std::string driver = connection.Get("Driver");
     if (!driver.empty())
         return driver;
@@ -37,37 +37,37 @@ std::string DriverNamed(const ConnectionString& connection) {
     return source.empty() ? std::string() : RegisteredDriver(source, "odbc.ini");
 }
 
-/// In braces where it has to be, so that whatever a password holds stays one value: some drivers
-/// take the braces of a plain value for a part of it.
+/// The value is in braces only if it must be: some drivers take the braces as a part of a plain
+/// value.
 std::string Entry(std::string_view key, std::string_view value) {
     std::string text = ";" + std::string(key) + "=";
     if (value.find_first_of("{}[](),;?*=!@ ") == std::string_view::npos)
         return text + std::string(value);
-    text += '{';
-    for (const char c : value)
-        text += c == '}' ? std::string("}}") : std::string(1, c);
-    return text + "}";
+    return text + "{" + Doubled(value, '}') + "}";
 }
 
-/// The driver manager finds no driver of the name, or not the library that is registered for it.
+/// The driver manager does not find the driver, or not the library that is registered for it. For
+/// the latter unixODBC gives only a warning.
 bool DriverIsMissing(const std::vector<OdbcDiagnostic>& diagnostics) {
-    return std::any_of(diagnostics.begin(), diagnostics.end(), [](const OdbcDiagnostic& told) {
-        return told.state == "IM002" || told.state == "IM003" ||
-               told.words.find("Can't open lib") != std::string::npos;
+    const bool isNamed = std::ranges::any_of(diagnostics, [](const OdbcDiagnostic& diagnostic) {
+        return diagnostic.state == driverNotFound || diagnostic.state == "IM003";
     });
+    return isNamed || (!diagnostics.empty() && !HasFailed(diagnostics));
 }
 
-[[noreturn]] void FailToConnect(const OdbcHandle& handle, const ConnectionString& connection) {
+[[noreturn]] void FailToConnect(const OdbcHandle& handle, const ConnectionAttributes& connection) {
     const std::vector<OdbcDiagnostic> diagnostics = OdbcDiagnosticsOf(handle);
-    std::string description = DescriptionOf(diagnostics);
+    const std::string message = MessageOf(diagnostics);
     if (DriverIsMissing(diagnostics))
-        description = MissingDriverAdvice(DriverNamed(connection)) + "\n" + description;
-    FailDatabase(description.empty() ? "The database driver cannot connect." : description);
+        FailDatabase(MissingDriverAdvice(DriverNamed(connection)) + "\n" + message,
+                     {driverNotFound});
+    FailDatabase(message.empty() ? "The database driver cannot connect." : message,
+                 CodesOf(diagnostics));
 }
 
 } // namespace
 
-std::string OdbcDriverLibrary(const ConnectionString& connection) {
+std::string OdbcDriverLibrary(const ConnectionAttributes& connection) {
     const std::string driver = DriverNamed(connection);
     if (driver.find('/') != std::string::npos)
         return driver;
@@ -75,20 +75,19 @@ std::string OdbcDriverLibrary(const ConnectionString& connection) {
 }
 
 std::string MissingDriverAdvice(const std::string& driver) {
-    const std::string lower = Lower(driver);
-    if (lower.find("sql server") != std::string::npos || lower.find("tds") != std::string::npos)
+    if (HoldsIgnoringCase(driver, "sql server") || HoldsIgnoringCase(driver, "tds"))
         return "The ODBC driver \"" + driver +
-               "\" is not installed. On Debian the package tdsodbc brings it; the file "
-               "/etc/odbcinst.ini must then hold a section named [" +
+               "\" is not installed. On Debian it is in the package tdsodbc; the file "
+               "/etc/odbcinst.ini must then contain a section named [" +
                driver + "] with the line Driver=libtdsodbc.so.";
-    if (lower.find("postgres") != std::string::npos || lower.find("psql") != std::string::npos)
+    if (HoldsIgnoringCase(driver, "postgres") || HoldsIgnoringCase(driver, "psql"))
         return "The ODBC driver \"" + driver +
-               "\" is not installed. On Debian the package odbc-postgresql brings it.";
+               "\" is not installed. On Debian it is in the package odbc-postgresql.";
     return "The ODBC driver \"" + driver +
            "\" is not installed, or the file /etc/odbcinst.ini does not name it.";
 }
 
-std::string OdbcConnectionText(const ConnectionString& connection, const SignIn& signIn,
+std::string OdbcConnectionText(const ConnectionAttributes& connection, const SignIn& signIn,
                                bool driverIsFreeTds) {
     std::string text = connection.Whole();
     while (text.ends_with(';') || text.ends_with(' '))
@@ -110,14 +109,13 @@ std::string OdbcConnectionText(const ConnectionString& connection, const SignIn&
     return text;
 }
 
-OdbcHandle ConnectByOdbc(const OdbcHandle& environment, const ConnectionString& connection,
+OdbcHandle ConnectByOdbc(const OdbcHandle& environment, const ConnectionAttributes& connection,
                          const SignIn& signIn) {
     OdbcHandle handle(SQL_HANDLE_DBC, environment);
     const auto seconds = static_cast<std::uintptr_t>(std::max(signIn.timeoutSeconds, 0));
     handle.Check(SQLSetConnectAttrW(handle.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                                     reinterpret_cast<SQLPOINTER>(seconds), SQL_IS_UINTEGER));
-    const bool isFreeTds =
-        Lower(OdbcDriverLibrary(connection)).find("tdsodbc") != std::string::npos;
+    const bool isFreeTds = HoldsIgnoringCase(OdbcDriverLibrary(connection), "tdsodbc");
     OdbcText text = ToOdbc(OdbcConnectionText(connection, signIn, isFreeTds));
     const SQLRETURN outcome = SQLDriverConnectW(handle.Get(), nullptr, text.data(), SQL_NTS,
                                                 nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);

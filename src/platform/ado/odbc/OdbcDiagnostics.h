@@ -2,7 +2,7 @@
 
 #include "platform/ado/odbc/OdbcHandle.h"
 
-#include "platform/runtime/Failure.h"
+#include "platform/ado/AdoFailure.h"
 
 #include <string>
 #include <vector>
@@ -12,39 +12,44 @@ namespace Quillane {
 /// One diagnostic record of a driver.
 struct OdbcDiagnostic {
     std::string state; ///< five characters; "01..." is a warning
-    long native = 0;   ///< the server's own number, 0 where the driver itself speaks
-    std::string words;
+    long native = 0;   ///< the server's number; 0 if the record is the driver's
+    std::string text;
 
     bool operator==(const OdbcDiagnostic&) const = default;
 };
 
-/// All records that the last call on the handle left behind, in the driver's order.
+/// All records of the last call on the handle, in the driver's order.
 std::vector<OdbcDiagnostic> OdbcDiagnosticsOf(const OdbcHandle& handle);
 
-/// Whether one of them is more than a warning.
+/// True if one of them is not a warning.
 bool HasFailed(const std::vector<OdbcDiagnostic>& diagnostics);
 
-/// What a box shows of them: every one on a line of its own, the most useful first. The server's
-/// words come before the driver's, which often say only that something failed, and warnings last;
-/// the same words stand once.
-std::string DescriptionOf(std::vector<OdbcDiagnostic> diagnostics);
+/// Sorts the records, the most useful first: those of the server, those of the driver, which often
+/// say only that something failed, and warnings. Records of one kind keep their order.
+std::vector<OdbcDiagnostic> MostUsefulFirst(std::vector<OdbcDiagnostic> diagnostics);
 
-/// What the driver refuses, with all of its records.
-class OdbcFailure : public Failure {
+/// The text of the records, one line each and the most useful first. Equal texts are shown once.
+std::string MessageOf(const std::vector<OdbcDiagnostic>& diagnostics);
+
+/// The codes of the most useful record.
+EngineCodes CodesOf(const std::vector<OdbcDiagnostic>& diagnostics);
+
+/// A failure of the driver, with all of its records.
+class OdbcFailure : public DatabaseFailure {
 public:
     explicit OdbcFailure(const std::vector<OdbcDiagnostic>& diagnostics);
 
-    /// Whether a record says that the way to the server is broken.
-    bool TellsOfBrokenWay() const { return tellsOfBrokenWay_; }
-    /// Whether a record says that the answer took too long.
-    bool TellsOfTimeout() const { return tellsOfTimeout_; }
+    /// True if a record reports a lost connection.
+    bool IsLostConnection() const { return isLostConnection_; }
+    /// True if a record reports that the answer took too long.
+    bool IsTimeout() const { return isTimeout_; }
 
 private:
-    bool tellsOfBrokenWay_;
-    bool tellsOfTimeout_;
+    bool isLostConnection_;
+    bool isTimeout_;
 };
 
-/// Fails (`OdbcFailure`) with all records of the handle.
-[[noreturn]] void FailInWordsOfDriver(const OdbcHandle& handle);
+/// Throws `OdbcFailure` with all records of the handle.
+[[noreturn]] void FailWithDiagnostics(const OdbcHandle& handle);
 
 } // namespace Quillane

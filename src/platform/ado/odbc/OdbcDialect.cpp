@@ -20,8 +20,8 @@ bool IsText(const OdbcColumn& column) {
     }
 }
 
-/// Every comparison of texts on this server passes over case or trailing blanks; one of bytes
-/// passes over neither. Long texts cannot be compared at all but through such a conversion.
+/// Comparisons of text on this server ignore case or trailing blanks; comparisons of bytes ignore
+/// neither. Long text can only be compared through such a conversion.
 std::string TSqlComparison(const OdbcMatchedColumn& matched) {
     const std::string& name = matched.inStatement;
     if (matched.column.IsBinary())
@@ -46,8 +46,8 @@ std::string Comparison(OdbcDialect::Server server, const OdbcMatchedColumn& matc
 OdbcDialect OdbcDialectOf(std::string_view serverName) {
     if (serverName.find("SQL Server") != std::string_view::npos)
         return {OdbcDialect::Server::TSql,
-                // A driver's own settings may cut long texts otherwise, and those of a server
-                // keep back how many rows a write has hit.
+                // The driver's default may cut long text, and the server's default may suppress
+                // row counts.
                 "SET TEXTSIZE 2147483647 SET NOCOUNT OFF", "BEGIN TRANSACTION",
                 "COMMIT TRANSACTION", "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION",
                 "SELECT @@TRANCOUNT"};

@@ -10,7 +10,7 @@
 
 namespace Quillane {
 
-/// What differs from one kind of server to the other.
+/// The differences between kinds of servers.
 struct OdbcDialect {
     enum class Server { TSql, Postgres, Other };
 
@@ -18,23 +18,23 @@ struct OdbcDialect {
     std::string setUp; ///< runs once on a new session; may be empty
     std::string begin;
     std::string commit;
-    std::string rollback; ///< does nothing where no transaction is open
-    /// Gives the number of open transactions; empty where every failure ends the transaction.
+    std::string rollback; ///< does nothing if no transaction is open
+    /// Returns the number of open transactions; empty if every failure ends the transaction.
     std::string openTransactions;
 };
 
-/// By the name that the server's driver gives it.
+/// Chosen by the name that the driver gives for the server.
 OdbcDialect OdbcDialectOf(std::string_view serverName);
 
-/// One column of a row that is to be found by all of its values.
+/// A column of a row that is found by the values of all its columns.
 struct OdbcMatchedColumn {
-    std::string inStatement; ///< its name as a statement holds it
+    std::string inStatement; ///< its name, quoted for a statement if necessary
     OdbcColumn column;
     Value value;
 };
 
-/// The match of exactly one row of a table without a key. Texts match to the letter, with their
-/// case and their blanks. A server for which no such match is known fails (3251).
+/// Matches exactly one row of a table without a key. Text is compared with case and trailing
+/// blanks. Errors: not updatable (3251) for a server for which no such match is known.
 RowMatch OdbcKeylessMatch(OdbcDialect::Server server, std::string_view table,
                           std::span<const OdbcMatchedColumn> columns);
 

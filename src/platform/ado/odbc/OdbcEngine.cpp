@@ -1,6 +1,7 @@
 #include "platform/ado/odbc/OdbcEngine.h"
 
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/AdoFailure.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/odbc/OdbcCatalogue.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 #include "platform/ado/odbc/OdbcDiagnostics.h"
@@ -16,7 +17,7 @@
 
 namespace Quillane {
 
-OdbcEngine::OdbcEngine(const ConnectionString& connection, const SignIn& signIn)
+OdbcEngine::OdbcEngine(const ConnectionAttributes& connection, const SignIn& signIn)
     : environment_(OdbcEnvironment()), connection_(ConnectByOdbc(environment_, connection, signIn)),
       dialect_(OdbcDialectOf(OdbcInformation(connection_, SQL_DBMS_NAME))),
       names_(connection_, dialect_.server == OdbcDialect::Server::TSql),
@@ -28,14 +29,14 @@ OdbcEngine::OdbcEngine(const ConnectionString& connection, const SignIn& signIn)
 OdbcHandle OdbcEngine::NewStatement() {
     OdbcHandle statement(SQL_HANDLE_STMT, connection_);
     const auto seconds = static_cast<std::uintptr_t>(std::max(commandSeconds_, 0));
-    // A driver that knows no such limit works without it.
+    // A driver without this limit works without it.
     static_cast<void>(SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
                                       reinterpret_cast<SQLPOINTER>(seconds), SQL_IS_UINTEGER));
     block_.Attach(statement);
     return statement;
 }
 
-// Making one anew, and freeing it, takes a tenth of the time of a small query.
+// Allocating and freeing a handle takes a tenth of the time of a small query.
 OdbcHandle OdbcEngine::TakeStatement() {
     return idle_.Get() == nullptr ? NewStatement() : std::exchange(idle_, {});
 }
@@ -48,7 +49,7 @@ long OdbcEngine::Run(std::string_view statement, std::span<const Value> paramete
             ReadKeysOfViewedTable(statement, result);
         return changed;
     } catch (const Failure& failure) {
-        // The statement is closed by now, so the connection is free to be asked.
+        // The statement is closed, so the connection can run another one.
         FailAfter(failure);
     }
 }
@@ -93,8 +94,8 @@ void OdbcEngine::RunForEach(std::string_view statement, const ResultSet& rows) {
     }
 }
 
-// A trigger may count rows of its own before the statement that set it off: the last count is the
-// statement's.
+// A trigger may report row counts before the statement that fired it. The last count is that of the
+// statement.
 long OdbcEngine::ReadResults(const OdbcHandle& statement, ResultSet& result) {
     long changed = -1;
     SQLRETURN outcome = SQL_SUCCESS;
@@ -119,8 +120,8 @@ void OdbcEngine::RunPlain(const std::string& statement) {
     Execute(statement, {}, nothing);
 }
 
-// A connection that cannot even be asked is none.
-bool OdbcEngine::DriverCallsItDead() const {
+// A driver that cannot answer has no connection.
+bool OdbcEngine::DriverReportsDead() const {
     SQLUINTEGER dead = SQL_CD_FALSE;
     const SQLRETURN outcome = SQLGetConnectAttrW(connection_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead,
                                                  sizeof dead, nullptr);
@@ -139,19 +140,21 @@ bool OdbcEngine::TransactionIsOpen() {
     }
 }
 
-// Not every driver marks a broken connection as dead, and none mends it: from the first word of it
-// on every failure is one of the way to the server.
-void OdbcEngine::FailAfter(const Failure& failure, const std::string& whereUnanswered) {
-    const auto* told = dynamic_cast<const OdbcFailure*>(&failure);
-    isLost_ = isLost_ || (told && told->TellsOfBrokenWay()) || DriverCallsItDead();
+// Not every driver marks a lost connection as dead, and none restores it. After the first sign of
+// one, every failure is reported as a lost connection.
+void OdbcEngine::FailAfter(const Failure& failure, const std::string& ifUnanswered) {
+    const auto* odbc = dynamic_cast<const OdbcFailure*>(&failure);
+    isLost_ = isLost_ || (odbc && odbc->IsLostConnection()) || DriverReportsDead();
     if (inTransaction_)
         inTransaction_ = !isLost_ && TransactionIsOpen();
     std::string description = failure.Description();
     if (isLost_)
         description += "\nThe connection to the database server is lost. "
-                       "Start the program again to connect anew.";
-    if (isLost_ || (told && told->TellsOfTimeout() && !inTransaction_))
-        description += whereUnanswered;
+                       "Restart the program to reconnect.";
+    if (isLost_ || (odbc && odbc->IsTimeout() && !inTransaction_))
+        description += ifUnanswered;
+    if (const auto* database = dynamic_cast<const DatabaseFailure*>(&failure))
+        throw DatabaseFailure(description, database->Codes());
     throw Failure(failure.Number(), description, failure.Source());
 }
 
@@ -164,13 +167,13 @@ void OdbcEngine::Begin() {
     inTransaction_ = true;
 }
 
-// The order may have reached the server, and only its answer be missing.
+// The server may have received the commit, with only its answer missing.
 void OdbcEngine::Commit() {
     try {
         RunPlain(dialect_.commit);
     } catch (const Failure& failure) {
-        FailAfter(failure, "\nIt is not known whether this was still saved or removed: "
-                           "look it up before you do it again.");
+        FailAfter(failure, "\nThe save or removal may or may not have completed. "
+                           "Check the record before repeating it.");
     }
     inTransaction_ = false;
 }
@@ -182,34 +185,34 @@ void OdbcEngine::Rollback() {
     try {
         RunPlain(dialect_.rollback);
     } catch (const Failure&) {
-        Leave();
+        CloseConnection();
     }
 }
 
-void OdbcEngine::Leave() {
+void OdbcEngine::CloseConnection() {
     idle_ = {};
     SQLDisconnect(connection_.Get());
     isLost_ = true;
 }
 
-// Statements spell one table in several ways, which SQL Server passes over.
-std::string OdbcEngine::KnownAs(std::string_view table) const {
+// Statements spell the name of a table in several cases. SQL Server ignores the case.
+std::string OdbcEngine::CacheKey(std::string_view table) const {
     return dialect_.server == OdbcDialect::Server::TSql ? UpperCase(table) : std::string(table);
 }
 
 std::vector<std::string> OdbcEngine::KeyColumns(std::string_view table) {
-    const std::string knownAs = KnownAs(table);
-    const auto known = keys_.find(knownAs);
+    const std::string cacheKey = CacheKey(table);
+    const auto known = keys_.find(cacheKey);
     if (known != keys_.end())
         return known->second;
     try {
-        return keys_.emplace(knownAs, LookUpKey(table)).first->second;
+        return keys_.emplace(cacheKey, LookUpKey(table)).first->second;
     } catch (const Failure& failure) {
         FailAfter(failure);
     }
 }
 
-// The first answer, without rows, stays where the name means no view.
+// If the name is not that of a view, the empty first answer stays.
 void OdbcEngine::ReadKeysOfViewedTable(std::string_view statement, ResultSet& result) {
     const std::string question = ForeignKeysOfViewedTable(statement);
     if (question.empty())
@@ -220,7 +223,7 @@ void OdbcEngine::ReadKeysOfViewedTable(std::string_view statement, ResultSet& re
         result = std::move(keys);
 }
 
-bool OdbcEngine::MeansView(const std::string& name) {
+bool OdbcEngine::IsView(const std::string& name) {
     ResultSet view;
     Execute(ViewQuestion(name), {}, view);
     return view.RowCount() == 1;
@@ -229,8 +232,8 @@ bool OdbcEngine::MeansView(const std::string& name) {
 std::vector<std::string> OdbcEngine::LookUpKey(std::string_view table) {
     OdbcTable named = names_.Table(table);
     std::vector<std::string> key = OdbcPrimaryKey(NewStatement(), named, block_);
-    const bool mayMeanView = key.empty() && named.schema.empty();
-    if (mayMeanView && dialect_.server == OdbcDialect::Server::TSql && MeansView(named.name)) {
+    const bool mayBeView = key.empty() && named.schema.empty();
+    if (mayBeView && dialect_.server == OdbcDialect::Server::TSql && IsView(named.name)) {
         named.schema = "dbo";
         key = OdbcPrimaryKey(NewStatement(), named, block_);
     }
@@ -242,12 +245,12 @@ std::string OdbcEngine::ColumnInStatement(std::string_view column) {
 }
 
 const std::vector<OdbcColumn>& OdbcEngine::ColumnsOf(const std::string& table) {
-    const std::string knownAs = KnownAs(table);
-    const auto known = columns_.find(knownAs);
+    const std::string cacheKey = CacheKey(table);
+    const auto known = columns_.find(cacheKey);
     if (known != columns_.end())
         return known->second;
     try {
-        return columns_.emplace(knownAs, OdbcColumnsOfTable(NewStatement(), table)).first->second;
+        return columns_.emplace(cacheKey, OdbcColumnsOfTable(NewStatement(), table)).first->second;
     } catch (const Failure& failure) {
         FailAfter(failure);
     }

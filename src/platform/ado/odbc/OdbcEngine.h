@@ -13,17 +13,18 @@ namespace Quillane {
 
 class Failure;
 
-/// A database server behind an ODBC driver: SQL Server, or whatever else has a driver. Statements
-/// go out as they are; where SQL Server finds no keys because a name means a view, it is asked for
-/// those of the table of that name in dbo. Of a text with several statements the first result with
-/// columns is kept; the others are read past, so that nothing unread ever stays behind on the
-/// connection, and a failure in any of them is the failure of the whole.
+/// A database server with an ODBC driver, such as SQL Server. Statements are sent unchanged. If SQL
+/// Server finds no keys because a name is that of a view, the keys of the table with that name in
+/// dbo are looked up. Of a text with several statements the first result with columns is kept. The
+/// others are read to their ends, so that no unread rows block the connection; a failure in one of
+/// them is the failure of the whole text.
 ///
-/// A failure tells every diagnostic record of the driver. After one inside a transaction the server
-/// is asked whether it has ended the transaction; where it cannot be asked, it counts as ended.
+/// A failure has the text of every diagnostic record. After a failure inside a transaction the
+/// engine asks the server whether the transaction is still open; if the server does not answer, the
+/// transaction counts as ended.
 class OdbcEngine : public Engine {
 public:
-    OdbcEngine(const ConnectionString& connection, const SignIn& signIn);
+    OdbcEngine(const ConnectionAttributes& connection, const SignIn& signIn);
 
     long Run(std::string_view statement, std::span<const Value> parameters,
              ResultSet& result) override;
@@ -32,13 +33,13 @@ public:
     void RunForEach(std::string_view statement, const ResultSet& rows) override;
     void Begin() override;
     void Commit() override;
-    /// Where the server refuses even this, the connection is left, which ends the transaction too.
+    /// If the server refuses, the connection is closed, which ends the transaction too.
     void Rollback() override;
     bool InTransaction() override { return inTransaction_; }
-    /// Looked up in the catalogue once for each table.
+    /// Reads the catalogue once for each table.
     std::vector<std::string> KeyColumns(std::string_view table) override;
     std::string ColumnInStatement(std::string_view column) override;
-    /// The columns' types are looked up once for each table.
+    /// Reads the types of the columns once for each table.
     RowMatch KeylessMatch(std::string_view table, std::span<const std::string> columns,
                           std::span<const Value> values) override;
     std::string DefaultDatabase() override;
@@ -50,16 +51,16 @@ private:
     OdbcHandle NewStatement();
     OdbcHandle TakeStatement();
     void ReadKeysOfViewedTable(std::string_view statement, ResultSet& result);
-    bool MeansView(const std::string& name);
+    bool IsView(const std::string& name);
     std::vector<std::string> LookUpKey(std::string_view table);
-    std::string KnownAs(std::string_view table) const;
+    std::string CacheKey(std::string_view table) const;
     const std::vector<OdbcColumn>& ColumnsOf(const std::string& table);
-    void Leave();
-    bool DriverCallsItDead() const;
+    void CloseConnection();
+    bool DriverReportsDead() const;
     bool TransactionIsOpen();
-    /// `whereUnanswered` is added to the words of a failure behind which nobody knows what the
-    /// server has done: its answer is missing.
-    [[noreturn]] void FailAfter(const Failure& failure, const std::string& whereUnanswered = {});
+    /// Throws the failure with the state of the connection added to its description, and with
+    /// `ifUnanswered` if the server's answer is missing.
+    [[noreturn]] void FailAfter(const Failure& failure, const std::string& ifUnanswered = {});
 
     OdbcHandle environment_;
     OdbcHandle connection_;
@@ -67,9 +68,9 @@ private:
     OdbcNames names_;
     int commandSeconds_;
     OdbcBlock block_;
-    OdbcHandle idle_;            ///< a statement to run the next text with; empty after a failure
-    bool inTransaction_ = false; ///< as the server sees it
-    bool isLost_ = false;        ///< the way to the server is broken, for good
+    OdbcHandle idle_;            ///< the statement handle for the next text; empty after a failure
+    bool inTransaction_ = false; ///< on the server
+    bool isLost_ = false;        ///< the connection to the server; it stays lost
     std::map<std::string, std::vector<std::string>> keys_;
     std::map<std::string, std::vector<OdbcColumn>> columns_;
 };

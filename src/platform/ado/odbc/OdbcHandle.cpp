@@ -11,7 +11,7 @@ OdbcHandle::OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent) : kind_(kind)
         return;
     if (parent.Get() == nullptr)
         FailDatabase("The ODBC driver manager cannot be used.");
-    FailInWordsOfDriver(parent);
+    FailWithDiagnostics(parent);
 }
 
 OdbcHandle::~OdbcHandle() {
@@ -24,7 +24,7 @@ OdbcHandle::~OdbcHandle() {
 
 void OdbcHandle::Check(SQLRETURN outcome) const {
     if (outcome != SQL_SUCCESS && outcome != SQL_SUCCESS_WITH_INFO && outcome != SQL_NO_DATA)
-        FailInWordsOfDriver(*this);
+        FailWithDiagnostics(*this);
 }
 
 bool OdbcHandle::Clear() const {

@@ -12,12 +12,12 @@
 
 namespace Quillane {
 
-/// A handle of the driver manager, freed with this object. Freeing a statement closes its result
-/// and drops whatever of it was left unread.
+/// A handle of the driver manager. The destructor frees it; freeing a statement closes its result
+/// and discards unread rows.
 class OdbcHandle {
 public:
     OdbcHandle() = default;
-    /// Fails in the words of `parent`. An environment has none.
+    /// Errors: OdbcFailure with the diagnostics of `parent`. An environment has no parent.
     OdbcHandle(SQLSMALLINT kind, const OdbcHandle& parent);
     ~OdbcHandle();
     OdbcHandle(OdbcHandle&& other) noexcept
@@ -31,13 +31,13 @@ public:
     SQLSMALLINT Kind() const { return kind_; }
     SQLHANDLE Get() const { return handle_; }
 
-    /// Fails in the driver's words unless the outcome of a call on this handle is a success, with
-    /// or without a warning, or "no data".
+    /// Throws OdbcFailure unless the outcome of a call on this handle is success, success with a
+    /// warning, or "no data".
     void Check(SQLRETURN outcome) const;
 
-    /// Closes the statement's result, drops whatever of it was left unread, and unbinds columns and
-    /// parameters: it can run anew, with the attributes that it has. False where the driver
-    /// refuses; the handle is then only good for being freed.
+    /// Closes the statement's result, discards unread rows, and unbinds columns and parameters. The
+    /// statement can run again with its attributes. False if the driver refuses; the handle can
+    /// then only be freed.
     bool Clear() const;
 
 private:
@@ -45,7 +45,7 @@ private:
     SQLHANDLE handle_ = nullptr;
 };
 
-/// An environment in which the third version of the interface is spoken.
+/// An environment for version 3 of ODBC.
 OdbcHandle OdbcEnvironment();
 
 } // namespace Quillane

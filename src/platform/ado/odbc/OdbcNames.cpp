@@ -36,15 +36,15 @@ std::string OdbcInformation(const OdbcHandle& connection, SQLUSMALLINT kind) {
     SQLSMALLINT bytes = 0;
     connection.Check(SQLGetInfoW(connection.Get(), kind, text.data(),
                                  static_cast<SQLSMALLINT>(text.size() * sizeof(SQLWCHAR)), &bytes));
-    const std::size_t told = static_cast<std::size_t>(std::max<int>(bytes, 0)) / sizeof(SQLWCHAR);
-    return FromOdbc(text.data(), std::min(told, text.size() - 1));
+    const std::size_t length = static_cast<std::size_t>(std::max<int>(bytes, 0)) / sizeof(SQLWCHAR);
+    return FromOdbc(text.data(), std::min(length, text.size() - 1));
 }
 
 OdbcNames::OdbcNames(const OdbcHandle& connection, bool usesBrackets)
     : openingQuote_("["), closingQuote_("]") {
     if (!usesBrackets) {
-        const std::string told = OdbcInformation(connection, SQL_IDENTIFIER_QUOTE_CHAR);
-        openingQuote_ = Trim(told).empty() ? "\"" : told;
+        const std::string quote = OdbcInformation(connection, SQL_IDENTIFIER_QUOTE_CHAR);
+        openingQuote_ = Trim(quote).empty() ? "\"" : quote;
         closingQuote_ = openingQuote_;
     }
     SQLGetInfoW(connection.Get(), SQL_IDENTIFIER_CASE, &wordCase_, sizeof wordCase_, nullptr);

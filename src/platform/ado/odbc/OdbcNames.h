@@ -15,14 +15,14 @@ struct OdbcTable {
     std::string name;
 };
 
-/// How the server spells and quotes names, as its driver tells.
+/// How the server spells and quotes names, as reported by its driver.
 class OdbcNames {
 public:
-    /// Asks the driver of an open connection. SQL Server's brackets quote whatever its session is
-    /// set to, while what stands in quotation marks may be a name or a text there.
+    /// Asks the driver of an open connection. For SQL Server brackets are used, because its session
+    /// settings decide whether quotation marks enclose a name or a text.
     OdbcNames(const OdbcHandle& connection, bool usesBrackets);
 
-    /// The column's name as a statement may hold it: plain where it is a plain word that the server
+    /// The column's name for a statement: unquoted if it is a plain word that the server
     /// leaves as it is, quoted otherwise.
     std::string ColumnInStatement(std::string_view column) const;
 
@@ -41,7 +41,7 @@ private:
     std::vector<std::string> reserved_;    ///< in capitals, sorted
 };
 
-/// A text that the driver tells of itself, the server or the connection.
+/// Information of the driver about itself, the server or the connection.
 std::string OdbcInformation(const OdbcHandle& connection, SQLUSMALLINT kind);
 
 } // namespace Quillane

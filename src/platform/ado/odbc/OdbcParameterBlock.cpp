@@ -165,7 +165,7 @@ void OdbcParameterBlock::Execute(std::string_view text) {
                                        static_cast<SQLINTEGER>(odbcText.size() - 1));
     for (; outcome != SQL_NO_DATA; outcome = SQLMoreResults(statement_.Get()))
         if (IsRefused(outcome))
-            FailInWordsOfDriver(statement_);
+            FailWithDiagnostics(statement_);
 }
 
 // Some drivers go on after a refused row, and report it only as a warning.

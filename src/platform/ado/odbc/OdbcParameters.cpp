@@ -28,9 +28,9 @@ Look LookOfDecimal(const std::string& digits) {
     const auto count =
         std::count_if(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
     const std::size_t point = digits.find('.');
-    const std::size_t behind = point == std::string::npos ? 0 : digits.size() - point - 1;
+    const std::size_t scale = point == std::string::npos ? 0 : digits.size() - point - 1;
     return {SQL_C_CHAR, SQL_DECIMAL, static_cast<SQLULEN>(std::max<std::ptrdiff_t>(count, 1)),
-            static_cast<SQLSMALLINT>(behind)};
+            static_cast<SQLSMALLINT>(scale)};
 }
 
 } // namespace

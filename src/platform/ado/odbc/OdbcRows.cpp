@@ -28,7 +28,7 @@ void SetAttribute(const OdbcHandle& statement, SQLINTEGER attribute, SQLPOINTER 
     statement.Check(SQLSetStmtAttrW(statement.Get(), attribute, value, 0));
 }
 
-/// One result on its way into the arena. Columns lie one behind the other in the block, each with
+/// Reads one result into the arena. The columns follow each other in the block, each with
 /// the lengths of its cells in front.
 class Reader {
 public:
@@ -197,11 +197,11 @@ std::size_t OdbcBlock::Fetch(const OdbcHandle& statement) {
     fetched_ = 0;
     const SQLRETURN outcome = SQLFetch(statement.Get());
     statement.Check(outcome);
-    // What failed behind the first row of a block is no more than a warning to the driver.
+    // The driver reports a failure after the first row of a block only as a warning.
     const std::span<const SQLUSMALLINT> states(states_.data(), fetched_);
     if (outcome == SQL_SUCCESS_WITH_INFO &&
         (std::ranges::count(states, SQL_ROW_ERROR) > 0 || HasFailed(OdbcDiagnosticsOf(statement))))
-        FailInWordsOfDriver(statement);
+        FailWithDiagnostics(statement);
     return fetched_;
 }
 

@@ -13,7 +13,7 @@ class OdbcBlock {
 public:
     static constexpr std::size_t mostRows = 256;
 
-    /// Readies a new statement for `Fetch`. It tells the outcome of its fetches here from now on,
+    /// Prepares a new statement for `Fetch`. The outcome of its fetches is stored here from now on,
     /// so this object must outlive it.
     void Attach(const OdbcHandle& statement);
 
@@ -21,7 +21,7 @@ public:
     /// asked for are the last. Fails where one of them did.
     std::size_t Fetch(const OdbcHandle& statement);
 
-    /// Room for so many bytes; what stood there before is lost.
+    /// Space for this number of bytes; earlier contents are lost.
     char* Room(std::size_t bytes);
 
 private:
@@ -36,8 +36,8 @@ private:
 /// server gave; a date, and a moment at midnight, becomes a date, any other moment the text
 /// YYYY-MM-DDTHH:MM:SS; all else is text, bytes as hexadecimal digits.
 ///
-/// Rows come in blocks of a few hundred; where a column has no announced length, they come one by
-/// one, and from that column on each value in pieces.
+/// Rows are read in blocks of a few hundred; if a column has no declared length, they are read one
+/// by one, and from that column on each value in pieces.
 void ReadOdbcRows(const OdbcHandle& statement, int columnCount, OdbcBlock& block,
                   ResultSet& result);
 

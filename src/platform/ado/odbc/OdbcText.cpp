@@ -19,7 +19,7 @@ bool IsLowHalf(char32_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
-/// Takes one character off the front; what is no UTF-8 goes byte by byte.
+/// Removes one character from the front; bytes that are not UTF-8 one by one.
 char32_t TakeCharacter(std::string_view& rest) {
     const auto lead = static_cast<unsigned char>(rest.front());
     rest.remove_prefix(1);

@@ -6,12 +6,12 @@
 #include <string_view>
 #include <vector>
 
-/// Texts as the driver takes and gives them: UTF-16, whatever the station's language setting.
+/// Text in the encoding of the driver manager: UTF-16, for every locale.
 namespace Quillane {
 
 using OdbcText = std::vector<SQLWCHAR>;
 
-/// The text in UTF-16, with a closing zero behind it that its size does not leave out. A byte
+/// The text in UTF-16, with a terminating zero that is included in its size. A byte
 /// that begins no character becomes the replacement character.
 OdbcText ToOdbc(std::string_view utf8);
 

@@ -6,7 +6,7 @@ namespace Quillane {
 
 namespace {
 
-/// The string literal that names the table, without a leading N; empty where the form is another.
+/// The string literal with the table's name, without a leading N; empty for any other form.
 std::string_view TableLiteral(std::string_view statement) {
     SqlTokens tokens(statement);
     tokens.Next();

@@ -8,6 +8,8 @@
 #include "platform/ado/sqlite/SqliteRows.h"
 #include "platform/ado/sqlite/SqliteText.h"
 #include "platform/ado/sqlite/TSqlTranslator.h"
+#include "platform/runtime/FileAccess.h"
+#include "platform/runtime/Text.h"
 
 #include <sqlite3.h>
 
@@ -24,7 +26,7 @@ SqliteEngine::SqliteEngine(std::string database, const EmbeddedSupport& support)
     : database_(std::move(database)), afterChange_(support.afterChange), waits_(support),
       secret_(support.secret) {
     const std::string path = ExistingDatabaseFile(support.folder, database_);
-    KeepFromOthers(path);
+    RemoveAccessOfOthers(path); // it contains the hashes of passwords
     handle_.reset(OpenSqliteFile(path));
     const SqliteWaits::Statement wait(waits_);
     waits_.Install(handle_.get());
@@ -37,8 +39,8 @@ SqliteEngine::SqliteEngine(std::string database, const EmbeddedSupport& support)
     files_.Begin(handle_.get(), path);
 }
 
-void SqliteEngine::FailInWordsOfEngine() {
-    FailDatabase(SqliteWords(handle_.get()));
+void SqliteEngine::FailWithMessage() {
+    FailDatabase(SqliteMessage(handle_.get()), {.native = sqlite3_extended_errcode(handle_.get())});
 }
 
 long SqliteEngine::Run(std::string_view statement, std::span<const Value> parameters,
@@ -52,13 +54,13 @@ long SqliteEngine::Run(std::string_view statement, std::span<const Value> parame
     return yieldsRows ? -1 : static_cast<long>(sqlite3_changes(handle_.get()));
 }
 
-// Outside of a transaction a write is one by itself.
+// Without an open transaction each write is a transaction.
 void SqliteEngine::Step(sqlite3_stmt* statement, ResultSet& result) {
     const bool commits = !sqlite3_stmt_readonly(statement) && sqlite3_get_autocommit(handle_.get());
     if (commits)
         files_.RefuseOtherFiles();
     if (!ReadSqliteRows(statement, result))
-        FailInWordsOfEngine();
+        FailWithMessage();
     if (commits)
         ReportChange();
 }
@@ -71,15 +73,15 @@ void SqliteEngine::ReportChange() {
 
 void SqliteEngine::RunPlain(const char* text) {
     if (sqlite3_exec(handle_.get(), text, nullptr, nullptr, nullptr) != SQLITE_OK)
-        FailInWordsOfEngine();
+        FailWithMessage();
 }
 
 void SqliteEngine::Begin() {
     beginsWithNextStatement_ = true;
 }
 
-// At once with the first statement, not with the first write: a reader that turns writer later
-// would be refused without any waiting.
+// With the first statement, not with the first write: SQLite refuses a transaction that begins as a
+// reader and writes later, without waiting.
 void SqliteEngine::TakeWriteLock() {
     if (!beginsWithNextStatement_)
         return;
@@ -144,10 +146,7 @@ std::string SqliteEngine::ColumnInStatement(std::string_view column) {
                          !sqlite3_keyword_check(column.data(), static_cast<int>(column.size()));
     if (isPlain)
         return std::string(column);
-    std::string quoted = "\"";
-    for (const char c : column)
-        quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return quoted + "\"";
+    return '"' + Doubled(column, '"') + '"';
 }
 
 RowMatch SqliteEngine::KeylessMatch(std::string_view table, std::span<const std::string> columns,

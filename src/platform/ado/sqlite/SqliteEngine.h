@@ -15,16 +15,15 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// The embedded database: one file, opened for reading and writing. Statements are T-SQL as far as
-/// `FromTSql` goes. Foreign keys are on, every commit reaches the disk, and whoever holds the lock
-/// is waited for. Nothing is written, and no commit counts, once the file is no longer the one that
-/// was opened.
+/// The embedded database: one file, opened for reading and writing. Statements are the T-SQL that
+/// `FromTSql` translates. Foreign keys are on, every commit is flushed to the disk, and the engine
+/// waits for locks. If the file was replaced, nothing is written and no commit succeeds.
 ///
 /// The session knows the collation `QTEXT`, in which texts compare without regard to case (beyond
 /// ASCII too) and to trailing blanks, and a `Like` of the same kind with sets in brackets.
 class SqliteEngine : public Engine {
 public:
-    /// The file `<folder>/<database>.db` must be there: opening never makes one.
+    /// Requires: the file `<folder>/<database>.db` exists; opening does not create it.
     SqliteEngine(std::string database, const EmbeddedSupport& support);
 
     long Run(std::string_view statement, std::span<const Value> parameters,
@@ -50,7 +49,7 @@ private:
     void TakeWriteLock();
     void Step(sqlite3_stmt* statement, ResultSet& result);
     void ReportChange();
-    [[noreturn]] void FailInWordsOfEngine();
+    [[noreturn]] void FailWithMessage();
 
     std::string database_;
     std::function<void()> afterChange_;

@@ -49,14 +49,6 @@ bool HasLogWithContents(const std::string& path) {
     return !error && size > 0;
 }
 
-void KeepFromOthers(const std::string& path) {
-    std::error_code error;
-    const fs::perms rights = fs::status(PathOf(path), error).permissions();
-    const bool othersWrite = (rights & fs::perms::others_write) != fs::perms::none;
-    if (!error && !othersWrite && (rights & fs::perms::others_all) != fs::perms::none)
-        fs::permissions(PathOf(path), fs::perms::others_all, fs::perm_options::remove, error);
-}
-
 std::string ImmutableUri(const std::string& path) {
     constexpr std::string_view plain = "/-._~:";
     constexpr std::string_view digits = "0123456789ABCDEF";

@@ -5,18 +5,14 @@
 
 namespace Quillane {
 
-/// The file of an embedded database. A name that leads nowhere, to a folder, to an empty file or to
-/// a write-protected one fails, with a text that names the file.
+/// The file of an embedded database. Errors: it does not exist, is a folder, is empty or is
+/// read-only; the text names the file.
 std::string ExistingDatabaseFile(const std::string& folder, std::string_view database);
 
-/// Whether there is a write-ahead log of the file that holds something.
+/// True if the file has a write-ahead log that is not empty.
 bool HasLogWithContents(const std::string& path);
 
-/// Lets the file be read by its owner and group alone: it holds the passwords' hashes. One that
-/// others may write is left as it is: somebody wants a station of theirs to use it.
-void KeepFromOthers(const std::string& path);
-
-/// The file as the engine opens it by itself, without its log, and without writing anything.
+/// The URI that opens the file without its log and without writing.
 std::string ImmutableUri(const std::string& path);
 
 } // namespace Quillane

@@ -65,7 +65,7 @@ void SqliteFileWatch::RefuseOtherContents() {
 }
 
 // A session writes into the file only what a log has held, and what comes into the log is a new
-// version. Without either somebody else has written.
+// version. Without either another program has written.
 bool SqliteFileWatch::IsWrittenOver() const {
     const auto& [file, log, index] = noted_;
     if (!file || !log || log->size > 0 || DataVersion() != version_)

@@ -9,22 +9,21 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// Notices that the file of an open database, or one of its two journal files, has been moved,
-/// deleted, replaced, or written over by another program. The session would go on writing into
-/// files that nobody finds again, or mix two states of the database.
+/// Detects that the file of an open database, or one of its two journal files, was moved, deleted,
+/// replaced, or overwritten by another program. The session would otherwise write into files that
+/// are lost, or mix two states of the database.
 class SqliteFileWatch {
 public:
-    /// Takes note of the files as they are, once the session has read from them.
-    /// Where the path is a link, the journal lies next to the file that it leads to.
+    /// Records the state of the files. Requires: the session has read from them. If the path is a
+    /// link, the journal is in the folder of its target.
     void Begin(sqlite3* session, const std::string& path);
-    /// The same again, when this session has itself written into the file.
+    /// Records the state again after this session has written into the file.
     void Renew();
 
-    /// Fails, with a text that names the file, where one of the files is no longer the one that was
-    /// noted.
+    /// Errors: one of the files is not the recorded one; the text names the file.
     void RefuseOtherFiles() const;
-    /// The same, and where the file has been written over in place: only within a transaction can
-    /// that be distinguished from what another station has written. Takes note again.
+    /// The same, and also if the file was overwritten in place, which only within a transaction can
+    /// be distinguished from the writes of another station. Records the state again.
     void RefuseOtherContents();
 
 private:

@@ -43,7 +43,7 @@ int Run(sqlite3* session, const char* statements) {
                      " is full. Please make space on it and start the program again.");
     if (sqlite3_db_readonly(session, "main") == 1)
         FailDatabase("The database file " + path + " is read-only.");
-    FailDatabase("The database file " + path + " cannot be used: " + SqliteWords(session) + ".");
+    FailDatabase("The database file " + path + " cannot be used: " + SqliteMessage(session) + ".");
 }
 
 int IsOk(void* answer, int, char** cells, char**) {
@@ -56,8 +56,7 @@ int IsNoRow(void* answer, int, char**, char**) {
     return 0;
 }
 
-/// False only where the contents contradict themselves; what cannot be looked through counts as
-/// sound.
+/// False only if the contents are inconsistent; a file that cannot be read counts as sound.
 bool IsSound(sqlite3* session) {
     bool isWhole = true;
     bool refersWell = true;
@@ -67,7 +66,7 @@ bool IsSound(sqlite3* session) {
     return isWhole && refersWell && code != SQLITE_CORRUPT && code != SQLITE_NOTADB;
 }
 
-/// The file by itself, without what lies in its log.
+/// Checks the file without its log.
 bool IsSoundWithoutLog(const std::string& path) {
     sqlite3* session = nullptr;
     constexpr int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
@@ -81,8 +80,8 @@ bool IsSoundWithoutLog(const std::string& path) {
     const std::string files = path + "-wal and " + path + "-shm";
     if (IsSoundWithoutLog(path))
         FailDatabase("The journal " + path + "-wal does not belong to the database file " + path +
-                     ": it is left of another state of the database, from before a copy was put "
-                     "in its place. Please move " +
+                     ": it belongs to an earlier state of the database, before a copy replaced "
+                     "it. Please move " +
                      files + " to another folder and start the program again.");
     FailDatabase("The database file " + path +
                  " is damaged. Please put the last backup in its place, move " + files +
@@ -105,7 +104,7 @@ void KeepLogAtClose(sqlite3* session, bool keeps) {
 
 } // namespace
 
-std::string SqliteWords(sqlite3* session) {
+std::string SqliteMessage(sqlite3* session) {
     return IsDiskFull(session) ? sqlite3_errstr(SQLITE_FULL) : sqlite3_errmsg(session);
 }
 
@@ -123,7 +122,7 @@ sqlite3* OpenSqliteFile(const std::string& path) {
 // The first read shows whether the file is a database and whether another program holds it.
 void PrepareSqliteSession(sqlite3* session, const std::string& path) {
     sqlite3_db_config(session, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    // Where the path is a link, the log lies next to the file that it leads to.
+    // If the path is a link, the log is in the folder of its target.
     const std::string file = sqlite3_db_filename(session, "main");
     const bool hasLog = HasLogWithContents(file);
     KeepLogAtClose(session, hasLog);

@@ -10,14 +10,14 @@ namespace Quillane {
 /// commit on the disk. Each of these fails with a text that names the file.
 sqlite3* OpenSqliteFile(const std::string& path);
 
-/// Where a write-ahead log with contents was left next to the file, both are looked through: a log
-/// of another state of the database - of before a copy was put back - would be mixed into it. Such
-/// a one is refused, and neither file is touched.
+/// If there is a write-ahead log with contents, both files are checked: a log of an earlier state
+/// of the database, before a copy replaced it, would corrupt it. Such a log is refused, and neither
+/// file is changed.
 ///
-/// The session has its busy handler and its functions already.
+/// Requires: the session has its busy handler and its functions.
 void PrepareSqliteSession(sqlite3* session, const std::string& path);
 
-/// What the engine says of its last refusal; of a full disk that, however it came up.
-std::string SqliteWords(sqlite3* session);
+/// The engine's message for its last failure. A full disk is always reported as such.
+std::string SqliteMessage(sqlite3* session);
 
 } // namespace Quillane

@@ -43,7 +43,7 @@ int Digits(std::string_view text, std::size_t at, std::size_t count) {
     return value;
 }
 
-/// Only the form that a date is written in, so that it goes back as it came.
+/// Only the form in which dates are written, so that other text is not changed.
 std::optional<Date> WholeDay(std::string_view text) {
     if (text.size() != 19 || text[4] != '-' || text[7] != '-' || text.substr(10) != "T00:00:00")
         return std::nullopt;
@@ -87,7 +87,7 @@ std::vector<bool> SetColumns(sqlite3_stmt* statement, ResultSet& result) {
 void ReadRow(sqlite3_stmt* statement, const std::vector<bool>& dates, ResultSet& result) {
     result.BeginRow();
     for (int column = 0; column < static_cast<int>(dates.size()); ++column) {
-        // A session without mutexes need not look the column up anew for its kind and each part.
+        // A session without mutexes reads the column once for its kind and each part.
         sqlite3_value* value = sqlite3_column_value(statement, column);
         switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
@@ -109,7 +109,7 @@ void ReadRow(sqlite3_stmt* statement, const std::vector<bool>& dates, ResultSet&
 
 void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parameters) {
     if (sqlite3_bind_parameter_count(statement) != static_cast<int>(parameters.size()))
-        FailDatabase("The statement takes another number of values than it was given.");
+        FailDatabase("The statement does not have as many parameters as values were given.");
     int number = 0;
     for (const Value& value : parameters)
         BindOne(statement, ++number, value);
@@ -117,7 +117,7 @@ void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parame
 
 bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result) {
     int outcome = sqlite3_step(statement);
-    // Only now: a step prepares the statement anew where the schema has changed.
+    // Only now: a step prepares the statement again if the schema has changed.
     const std::vector<bool> dates = SetColumns(statement, result);
     for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement))
         ReadRow(statement, dates, result);

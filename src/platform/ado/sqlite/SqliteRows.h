@@ -15,8 +15,8 @@ void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parame
 
 /// Steps the statement to its end and keeps all rows. Integers become whole numbers and reals
 /// floating numbers; a text in a column that is declared as some kind of DATE becomes a date where
-/// it is a whole day in the form YYYY-MM-DDT00:00:00, and stays a text otherwise. False where a
-/// step fails; the engine then holds the reason.
+/// it is a whole day in the form YYYY-MM-DDT00:00:00, and stays text otherwise. False if a step
+/// fails; the engine then has the reason.
 bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result);
 
 /// Adds up to so many further rows to a result that has the statement's columns already, or none

@@ -9,8 +9,7 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// Keeps one column from every statement but the one that may read it. Stays where it is as long as
-/// the session lasts.
+/// Allows only one statement to read a column. Requires: it is not moved during the session.
 class SqliteSecret {
 public:
     explicit SqliteSecret(EmbeddedSupport::Secret secret);
@@ -21,8 +20,8 @@ public:
 
     /// Called before each statement runs, prepared already or not.
     void SetStatement(std::string_view statement) { isReader_ = statement == secret_.reader; }
-    /// Called before a statement is prepared. Fails where it could read the column past the
-    /// engine's own check.
+    /// Called before a statement is prepared. Errors: the statement could read the column without
+    /// the engine's check.
     void Judge(std::string_view statement) const;
 
 private:

@@ -25,7 +25,7 @@ struct KeyedText {
     std::int64_t key = 0;
 };
 
-/// Read from the end alone: whether the number belongs to a condition has still to be seen.
+/// Read only from the end: whether the number belongs to a condition is checked later.
 std::optional<KeyedText> KeyedByItsEnd(std::string_view statement) {
     constexpr std::size_t longest = 18; // fits a 64-bit number
     std::size_t begin = statement.size();
@@ -42,7 +42,7 @@ std::optional<KeyedText> KeyedByItsEnd(std::string_view statement) {
     return keyed;
 }
 
-/// What a statement may go on with behind a condition. In the list of a select a parameter would
+/// The words that may follow a condition. In the list of a select a parameter would
 /// change the name of its column, and in an order it would no longer be the column of that name.
 bool EndsACondition(const SqlTokens& tokens, const SqlToken& token) {
     return tokens.IsWord(token, "order") || tokens.IsWord(token, "group") ||
@@ -50,7 +50,7 @@ bool EndsACondition(const SqlTokens& tokens, const SqlToken& token) {
 }
 
 /// Whether the last token is the parameter and belongs to the condition of the whole statement. The
-/// condition of a view or an index is kept as it is written: it takes no parameter.
+/// condition of a view or an index is stored as text and cannot have a parameter.
 bool EndsInItsCondition(std::string_view keyedText) {
     SqlTokens tokens(keyedText);
     SqlToken token = tokens.Next();
@@ -123,10 +123,10 @@ SqliteStatements::Statement SqliteStatements::Prepare(const std::string& text) {
     secret_.Judge(text);
     sqlite3_stmt* prepared = nullptr;
     const char* tail = nullptr;
-    // The length counts the closing zero, so that SQLite reads the text where it stands.
+    // The length includes the terminating zero, so that SQLite does not copy the text.
     const int length = static_cast<int>(text.size()) + 1;
     if (sqlite3_prepare_v2(database_, text.c_str(), length, &prepared, &tail) != SQLITE_OK)
-        FailDatabase(SqliteWords(database_));
+        FailDatabase(SqliteMessage(database_));
     Statement statement(prepared);
     if (!statement)
         FailDatabase("The statement is empty.");

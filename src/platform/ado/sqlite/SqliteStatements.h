@@ -15,25 +15,25 @@ struct sqlite3_stmt;
 
 namespace Quillane {
 
-/// The statements that a session ran last, prepared: preparing takes longer than finding a row by
-/// its key. Those that differ only in the whole number they compare with at their end ("... Where
-/// ArrivalId = 1042") are one statement with a parameter.
+/// The cache of prepared statements: preparing one takes longer than finding a row by
+/// its key. Statements that differ only in a whole number at their end ("... Where ArrivalId =
+/// 1042") share one entry, with a parameter for the number.
 ///
-/// A change of the schema, from whatever session, is found out when a statement is stepped.
+/// A change of the schema by any session is detected when a statement is stepped.
 class SqliteStatements {
 public:
-    /// The secret judges each statement that is prepared, and outlives this.
+    /// The secret checks each statement that is prepared. Requires: it outlives the cache.
     SqliteStatements(sqlite3* database, const SqliteSecret& secret)
         : database_(database), secret_(secret) {}
 
     struct Reset {
         void operator()(sqlite3_stmt* statement) const;
     };
-    /// Bound and not stepped yet; goes back to the others when it is let go.
+    /// A statement that is bound and not stepped yet. The deleter returns it to the cache.
     using Ready = std::unique_ptr<sqlite3_stmt, Reset>;
 
-    /// The T-SQL statement with the values of its parameters. What SQLite refuses fails in its
-    /// words, and so do an empty text, more than one statement, and a wrong number of values.
+    /// The T-SQL statement with the values of its parameters. Errors: SQLite's message; an empty
+    /// text, more than one statement, or a wrong number of values.
     Ready Take(std::string_view statement, std::span<const Value> values = {});
 
 private:
@@ -53,7 +53,7 @@ private:
 
     sqlite3* database_;
     const SqliteSecret& secret_;
-    std::list<Kept> kept_; ///< the last one used in front
+    std::list<Kept> kept_; ///< the most recently used one first
     std::unordered_map<std::string_view, std::list<Kept>::iterator> places_;
 };
 

@@ -36,7 +36,7 @@ void Forget(void* pattern) {
     delete static_cast<LikePattern*>(pattern);
 }
 
-/// The pattern of `X Like Y`, read once where it is the same for every row.
+/// The pattern of `X Like Y`, parsed once if it is the same for every row.
 bool FitsKeptPattern(sqlite3_context* context, sqlite3_value** arguments) {
     if (const auto* kept = static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 0)))
         return kept->Fits(TextOf(arguments[1]));
@@ -56,7 +56,7 @@ void Like(sqlite3_context* context, int count, sqlite3_value** arguments) {
             return sqlite3_result_int(context, FitsKeptPattern(context, arguments));
         const std::optional<char32_t> escape = EscapeCharacter(TextOf(arguments[2]));
         if (!escape)
-            return sqlite3_result_error(context, "ESCAPE takes one character", -1);
+            return sqlite3_result_error(context, "ESCAPE needs one character", -1);
         const LikePattern pattern(TextOf(arguments[0]), *escape);
         sqlite3_result_int(context, pattern.Fits(TextOf(arguments[1])));
     } catch (const std::bad_alloc&) {

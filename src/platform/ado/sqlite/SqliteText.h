@@ -4,7 +4,7 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// Makes the collation `QTEXT` and the function behind `Like` known to a session.
+/// Registers the collation `QTEXT` and the function of `Like` in a session.
 void RegisterTextComparison(sqlite3* database);
 
 } // namespace Quillane

@@ -41,7 +41,7 @@ void SqliteWaits::Remove(sqlite3* session) {
     sqlite3_busy_handler(session, nullptr, nullptr);
 }
 
-// No failure may travel through the engine: whatever goes wrong here gives the statement up.
+// No exception may pass through SQLite: after an error here the statement is given up.
 int SqliteWaits::GoOn(void* waits, int) {
     auto& self = *static_cast<SqliteWaits*>(waits);
     const auto now = std::chrono::steady_clock::now();

@@ -12,8 +12,8 @@ namespace Quillane {
 
 struct EmbeddedSupport;
 
-/// The waits of a session for the file's lock, one for each statement that finds it held. Stays
-/// where it is as long as the session lasts.
+/// The waits of a session for the lock of its file, one for each statement that finds it locked.
+/// Requires: it is not moved during the session.
 class SqliteWaits {
 public:
     explicit SqliteWaits(const EmbeddedSupport& support);
@@ -21,10 +21,10 @@ public:
     SqliteWaits& operator=(const SqliteWaits&) = delete;
 
     void Install(sqlite3* session);
-    /// For what can be put off: a held lock is refused at once.
+    /// For work that can be done later: a locked file is refused at once.
     static void Remove(sqlite3* session);
 
-    /// Ends the wait, if there was one, when it goes.
+    /// The destructor ends the wait, if there was one.
     class Statement {
     public:
         explicit Statement(SqliteWaits& waits) : waits_(waits) {}

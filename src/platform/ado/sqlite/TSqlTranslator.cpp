@@ -124,7 +124,7 @@ private:
         return ahead.IsWord(next, "percent") || ahead.IsWord(next, "with");
     }
 
-    /// The limits of the selects that end here go behind their last token, before any comment.
+    /// The limits of the selects that end here are put after their last token, before any comment.
     void EndSelects() {
         while (!limits_.empty() && limits_.back().depth >= depth_) {
             CopyUpTo(lastEnd_);

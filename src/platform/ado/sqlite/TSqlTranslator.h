@@ -5,11 +5,11 @@
 
 namespace Quillane {
 
-/// Turns the few forms of T-SQL that SQLite's parser refuses into its own: `IsNull(` becomes
-/// `IfNull(`, `dbo.` is dropped, `TOP n` becomes `LIMIT n` at the end of its own select, `N'x'`
-/// becomes `'x'`, and `EXEC sp_fkeys @pktable_name = N'T'` becomes a select from the schema's
-/// foreign keys. Strings, quoted names and comments are left as they are, and so is every form that
-/// it does not know: SQLite then says what it makes of it.
+/// Translates the T-SQL that SQLite does not accept: `IsNull(` becomes `IfNull(`, `dbo.` is
+/// removed, `TOP n` becomes `LIMIT n` at the end of its select, `N'x'` becomes `'x'`, and `EXEC
+/// sp_fkeys
+/// @pktable_name = N'T'` becomes a select from the schema's foreign keys. Strings, quoted names,
+/// comments and everything else are not changed, so that SQLite reports what it does not accept.
 std::string FromTSql(std::string_view statement);
 
 } // namespace Quillane

@@ -26,7 +26,7 @@ class Saver {
 public:
     explicit Saver(const std::string& connectionString) { connection_.Open(connectionString); }
 
-    /// Whether the load of this number is stored; where not, why stands in `Words`.
+    /// True if the load with this number is stored; otherwise `Message` has the reason.
     bool Save(int load) {
         isAtCommit_ = false;
         try {
@@ -36,11 +36,11 @@ public:
             connection_.CommitTrans();
             return true;
         } catch (const Failure& failure) {
-            words_ = failure.Description();
+            message_ = failure.Description();
             return false;
         }
     }
-    const std::string& Words() const { return words_; }
+    const std::string& Message() const { return message_; }
     bool IsAtCommit() const { return isAtCommit_; }
 
 private:
@@ -62,7 +62,7 @@ private:
     }
 
     Connection connection_;
-    std::string words_;
+    std::string message_;
     bool isAtCommit_ = false;
 };
 
@@ -71,23 +71,23 @@ protected:
     void SetUp() override {
         const std::string whyMissing = PostgresServer::WhyMissing();
         if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL is not there: " << whyMissing;
+            GTEST_SKIP() << "PostgreSQL cannot be tested here: " << whyMissing;
         server = std::make_unique<PostgresServer>();
         Ask("Create Table Loads (LoadId int Primary Key)");
         Ask("Create Table Lines (LoadId int References Loads, Note varchar(20))");
     }
 
     std::string Ask(const std::string& statement) {
-        Connection beside;
-        beside.Open(server->ConnectionString("postgres"));
-        const Recordset rows = beside.Execute(statement);
+        Connection other;
+        other.Open(server->ConnectionString("postgres"));
+        const Recordset rows = other.Execute(statement);
         return rows.State() == adStateOpen ? rows.Fields(0).Text() : std::string();
     }
 
-    /// Saves until the server has been killed under it, at a moment that is drawn.
+    /// Saves until the server is killed at a random moment.
     void SaveUntilKilled(Saver& saver) {
         const auto begin = Clock::now();
-        ASSERT_TRUE(saver.Save(++last)) << "the first save of a new start: " << saver.Words();
+        ASSERT_TRUE(saver.Save(++last)) << "the first save of a new start: " << saver.Message();
         ++stored;
         const auto aSave =
             std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begin);
@@ -107,18 +107,18 @@ protected:
     int stored = 0;
 };
 
-TEST_F(KilledPostgres, AtRandomMomentsLeavesEveryLoadWholeOrNotAtAll) {
+TEST_F(KilledPostgres, AtRandomMomentsLeavesNoPartialLoad) {
     for (int round = 0; round < Rounds; ++round) {
         Saver saver(server->ConnectionString("postgres"));
         SaveUntilKilled(saver);
-        EXPECT_NE(saver.Words().find("The connection to the database server is lost."),
+        EXPECT_NE(saver.Message().find("The connection to the database server is lost."),
                   std::string::npos)
-            << saver.Words();
-        EXPECT_EQ(saver.Words().find("It is not known whether") != std::string::npos,
+            << saver.Message();
+        EXPECT_EQ(saver.Message().find("may or may not have completed") != std::string::npos,
                   saver.IsAtCommit())
-            << saver.Words();
+            << saver.Message();
         server->StartAgain();
-        // Only a commit whose answer was lost may have been stored without being told.
+        // Only a commit whose answer was lost may be stored without a report.
         if (saver.IsAtCommit() &&
             Ask("Select Count(*) From Loads Where LoadId = " + std::to_string(last)) == "1")
             ++stored;

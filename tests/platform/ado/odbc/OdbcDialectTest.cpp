@@ -41,7 +41,7 @@ TEST(OdbcKeylessMatch, ComparesTextsByTheirBytesOnSqlServer) {
     }
 }
 
-TEST(OdbcKeylessMatch, LeavesMomentsToTheServersOwnComparison) {
+TEST(OdbcKeylessMatch, ComparesTimesWithTheServersOperator) {
     const OdbcMatchedColumn column =
         Matched("WeighedAt", SQL_TYPE_TIMESTAMP, "2026-11-20T13:45:01.003");
     EXPECT_EQ(OdbcKeylessMatch(OdbcDialect::Server::TSql, "Body", {&column, 1}).condition,
@@ -62,7 +62,7 @@ TEST(OdbcKeylessMatch, NamesOneRowOnPostgres) {
     EXPECT_EQ(match.condition, "ctid = (SELECT ctid FROM body WHERE a = ? AND b IS NULL LIMIT 1)");
 }
 
-TEST(OdbcKeylessMatch, FailsOnAServerThatItDoesNotKnow) {
+TEST(OdbcKeylessMatch, FailsOnAnUnknownServer) {
     const OdbcMatchedColumn column = Matched("a", SQL_INTEGER, 1);
     EXPECT_EQ(FailureNumberOf([&] {
                   OdbcKeylessMatch(OdbcDialect::Server::Other, "Body", {&column, 1});

@@ -11,8 +11,8 @@ bool Holds(const std::string& text, std::string_view part) {
     return text.find(part) != std::string::npos;
 }
 
-constexpr auto lost = "\nThe connection to the database server is lost. Start the program again to "
-                      "connect anew.";
+constexpr auto lost =
+    "\nThe connection to the database server is lost. Restart the program to reconnect.";
 
 std::string FailureToOpen(const std::string& text) {
     Connection connection;
@@ -22,14 +22,14 @@ std::string FailureToOpen(const std::string& text) {
     return words;
 }
 
-TEST_F(OdbcOnPostgres, TellsOfAWrongPassword) {
+TEST_F(OdbcOnPostgres, ReportsAWrongPassword) {
     std::string text = database->ConnectionString();
     text.replace(text.find("PWD=wheat"), std::string_view("PWD=wheat").size(), "PWD=chaff");
     const std::string words = FailureToOpen(text);
     EXPECT_TRUE(Holds(words, "password authentication failed for user \"quillane\"")) << words;
 }
 
-TEST_F(OdbcOnPostgres, ConnectsUnderTheNameThatOpenIsGiven) {
+TEST_F(OdbcOnPostgres, ConnectsWithTheUserOfOpen) {
     Run("Create Role miller Login Password 'a;b}c'");
     std::string text = database->ConnectionString();
     text.erase(text.find("UID="), std::string_view("UID=quillane;PWD=wheat;").size());
@@ -40,31 +40,31 @@ TEST_F(OdbcOnPostgres, ConnectsUnderTheNameThatOpenIsGiven) {
     Run("Drop Role miller");
 }
 
-TEST_F(OdbcOnPostgres, TellsOfAnUnknownDatabase) {
+TEST_F(OdbcOnPostgres, ReportsAnUnknownDatabase) {
     const std::string words =
         FailureToOpen(PostgresServer::Shared().ConnectionString("no_such_mill"));
     EXPECT_TRUE(Holds(words, "database \"no_such_mill\" does not exist")) << words;
 }
 
-TEST_F(OdbcOnPostgres, TellsOfAServerThatIsAway) {
+TEST_F(OdbcOnPostgres, ReportsAServerThatDoesNotRun) {
     const DeafPort port(false);
     const std::string words =
         FailureToOpen("Driver=PostgreSQL Unicode;Database=mill" + port.Entry());
     EXPECT_TRUE(Holds(words, "Connection refused")) << words;
 }
 
-TEST_F(OdbcOnPostgres, GivesUpOnAServerThatNeverAnswers) {
+TEST_F(OdbcOnPostgres, TimesOutOnAServerThatDoesNotAnswer) {
     const DeafPort port(true);
     const std::string words =
         FailureToOpen("Driver=PostgreSQL Unicode;Database=mill" + port.Entry());
     EXPECT_TRUE(Holds(words, "timeout expired")) << words;
 }
 
-TEST_F(OdbcOnPostgres, KnowsItsDatabase) {
+TEST_F(OdbcOnPostgres, ReportsItsDatabase) {
     EXPECT_EQ(connection.DefaultDatabase(), database->Name());
 }
 
-TEST_F(OdbcOnPostgres, BreaksAStatementOffAfterTheCommandTimeout) {
+TEST_F(OdbcOnPostgres, CancelsAStatementAfterTheCommandTimeout) {
     Connection impatient;
     impatient.CommandTimeout = 1;
     impatient.Open(database->ConnectionString());
@@ -85,14 +85,14 @@ TEST_F(OdbcOnPostgres, LeavesNoResultUnread) {
     EXPECT_EQ(OneText("Select 6"), "6");
 }
 
-TEST_F(OdbcOnPostgres, FailsWithALaterStatementOfATextAndGoesOn) {
+TEST_F(OdbcOnPostgres, FailsWithALaterStatementOfATextAndStaysUsable) {
     const std::string words = DatabaseFailureOf([&] { Run("Select 1; Select 1/0"); });
     EXPECT_TRUE(Holds(words, "division by zero")) << words;
     DatabaseFailureOf([&] { Run("Select 1000 / (500 - n) From generate_series(1, 1000) n"); });
     EXPECT_EQ(OneText("Select 2"), "2");
 }
 
-TEST_F(OdbcOnPostgres, KeepsNothingOfAStatementForTheNextOne) {
+TEST_F(OdbcOnPostgres, KeepsNoParametersForTheNextStatement) {
     Run("Create Table Loads (LoadId int Primary Key, Remark text, Driver varchar(60))");
     Recordset loads = Writing("Select * From Loads");
     const auto add = [&](int id, const std::string& remark, const Value& driver) {
@@ -117,7 +117,7 @@ TEST_F(OdbcOnPostgres, KeepsNothingOfAStatementForTheNextOne) {
     }
 }
 
-TEST_F(OdbcOnPostgres, TellsOfAFailureInWhicheverRowItComes) {
+TEST_F(OdbcOnPostgres, ReportsAFailureInAnyRow) {
     for (const auto* more : {"", ";UseDeclareFetch=1;Fetch=100", ";UseDeclareFetch=1;Fetch=256"}) {
         Connection other;
         other.Open(database->ConnectionString(more));
@@ -175,7 +175,7 @@ TEST_F(OdbcTransactionsOnPostgres, OnceEndedByTheServerRefuseEverythingUntilRoll
     }
 }
 
-TEST_F(OdbcTransactionsOnPostgres, KeepWhatIsPendingToThemselves) {
+TEST_F(OdbcTransactionsOnPostgres, HideUncommittedRowsFromOthers) {
     Connection other;
     other.Open(database->ConnectionString());
     other.BeginTrans();
@@ -196,7 +196,7 @@ TEST_F(OdbcTransactionsOnPostgres, ThatFailToCommitAreRolledBack) {
     EXPECT_EQ(OneText("Select Count(*) From Lines"), "0");
 }
 
-TEST_F(OdbcTransactionsOnPostgres, OneOfTwoThatBlockEachOtherIsEndedByTheServer) {
+TEST_F(OdbcTransactionsOnPostgres, OneOfTwoInADeadlockIsEndedByTheServer) {
     Run("Insert Into Loads Values (1, ''), (2, '')");
     Connection other;
     other.Open(database->ConnectionString());
@@ -249,7 +249,7 @@ protected:
     void SetUp() override {
         const std::string whyMissing = PostgresServer::WhyMissing();
         if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL is not there: " << whyMissing;
+            GTEST_SKIP() << "PostgreSQL cannot be tested here: " << whyMissing;
         server.emplace();
         connection.Open(server->ConnectionString("postgres"));
         connection.Execute("Create Table Loads (LoadId int Primary Key)");
@@ -259,7 +259,7 @@ protected:
     Connection connection;
 };
 
-TEST_F(OdbcOnKilledPostgres, TheNextStatementFailsInTheDriversWords) {
+TEST_F(OdbcOnKilledPostgres, TheNextStatementFailsWithTheDriversText) {
     Recordset rows;
     rows.Open("Select * From Loads", connection, adOpenStatic, adLockOptimistic);
     server->Kill();
@@ -273,12 +273,12 @@ TEST_F(OdbcOnKilledPostgres, TheNextStatementFailsInTheDriversWords) {
     connection.Close();
 }
 
-TEST_F(OdbcOnKilledPostgres, ASaveBreaksOffAndIsRolledBack) {
+TEST_F(OdbcOnKilledPostgres, ASaveFailsAndIsRolledBack) {
     connection.BeginTrans();
     connection.Execute("Insert Into Loads Values (1)");
     server->Kill();
     const std::string words = DatabaseFailureOf([&] { connection.CommitTrans(); });
-    EXPECT_TRUE(Holds(words, std::string(lost) + "\nIt is not known whether")) << words;
+    EXPECT_TRUE(Holds(words, std::string(lost) + "\nThe save or removal may or may not")) << words;
     connection.RollbackTrans();
     EXPECT_TRUE(DatabaseFailureOf([&] { connection.Execute("Select 1"); }).ends_with(lost));
 }

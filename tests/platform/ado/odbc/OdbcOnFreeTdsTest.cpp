@@ -18,16 +18,16 @@ bool Holds(const std::string& text, std::string_view part) {
     return text.find(part) != std::string::npos;
 }
 
-constexpr auto lost = "\nThe connection to the database server is lost. Start the program again to "
-                      "connect anew.";
+constexpr auto lost =
+    "\nThe connection to the database server is lost. Restart the program to reconnect.";
 
-/// The driver that a station uses for SQL Server on Linux, and the server's wire.
+/// The driver that a station uses for SQL Server on Linux, and a server with its protocol.
 class OdbcOnFreeTds : public testing::Test {
 protected:
     void SetUp() override {
         const std::string whyMissing = TdsServer::WhyMissing();
         if (!whyMissing.empty())
-            GTEST_SKIP() << "FreeTDS is not there: " << whyMissing;
+            GTEST_SKIP() << "FreeTDS cannot be tested here: " << whyMissing;
         server.emplace();
         connection.CommandTimeout = 1;
         connection.Open(server->ConnectionString());
@@ -48,7 +48,7 @@ protected:
     Connection connection;
 };
 
-TEST_F(OdbcOnFreeTds, TellsEveryRecordOfARefusedSignInTheServersFirst) {
+TEST_F(OdbcOnFreeTds, ReportsAllRecordsOfARefusedSignIn) {
     Connection other;
     EXPECT_EQ(DatabaseFailureOf([&] { other.Open(server->ConnectionString() + ";PWD=wrong"); }),
               "[FreeTDS][SQL Server]Login failed for user 'miller'.\n"
@@ -56,7 +56,7 @@ TEST_F(OdbcOnFreeTds, TellsEveryRecordOfARefusedSignInTheServersFirst) {
     EXPECT_EQ(other.State(), adStateClosed);
 }
 
-TEST_F(OdbcOnFreeTds, TellsEveryRecordOfAServerThatIsAway) {
+TEST_F(OdbcOnFreeTds, ReportsAllRecordsOfAServerThatDoesNotRun) {
     const DeafPort port(false);
     const std::string words = DatabaseFailureOf(
         [&] { Connection().Open("Driver=FreeTDS;Database=Account1;UID=miller" + port.Entry()); });
@@ -64,7 +64,7 @@ TEST_F(OdbcOnFreeTds, TellsEveryRecordOfAServerThatIsAway) {
     EXPECT_TRUE(Holds(words, "\n[FreeTDS][SQL Server]Unable to connect to data source")) << words;
 }
 
-TEST_F(OdbcOnFreeTds, GivesUpOnAServerThatTakesTheCallAndNeverAnswers) {
+TEST_F(OdbcOnFreeTds, TimesOutOnAServerThatDoesNotAnswerTheSignIn) {
     const DeafPort port(true);
     Connection other;
     other.ConnectionTimeout = 1;
@@ -73,7 +73,7 @@ TEST_F(OdbcOnFreeTds, GivesUpOnAServerThatTakesTheCallAndNeverAnswers) {
     EXPECT_TRUE(Holds(words, "Unable to connect to data source")) << words;
 }
 
-TEST_F(OdbcOnFreeTds, LiftsTheLimitOnLongTextsAndKnowsItsDatabase) {
+TEST_F(OdbcOnFreeTds, RemovesTheLimitOfLongTextsAndReportsItsDatabase) {
     Connection other;
     other.Open(server->ConnectionString());
     EXPECT_EQ(server->TakeArrived(), Texts({"SET TEXTSIZE 2147483647 SET NOCOUNT OFF"}));
@@ -108,7 +108,7 @@ TEST_F(OdbcOnFreeTds, ReadsBlocksToTheLastRow) {
     }
 }
 
-TEST_F(OdbcOnFreeTds, SendsAStatementAsItIsInEveryScript) {
+TEST_F(OdbcOnFreeTds, SendsAStatementUnchangedInEveryScript) {
     const std::string statement = "Select 'Müller علی 😀 {d ''x''} ?' As \"A\" -- ?";
     connection.Execute(statement);
     EXPECT_EQ(server->TakeArrived(), Texts({statement}));
@@ -142,7 +142,7 @@ TEST_F(OdbcOnFreeTds, WritesARowByItsKeyInOneStatement) {
                      "int:7"}));
 }
 
-TEST_F(OdbcOnFreeTds, SendsLongTextsWhole) {
+TEST_F(OdbcOnFreeTds, SendsLongTextsCompletely) {
     for (const std::size_t length : {4000U, 4001U, 8001U, 100'000U}) {
         const std::string longText(length, 'x');
         Recordset rows = Writing("Select * From Arrivals");
@@ -165,17 +165,17 @@ TEST_F(OdbcOnFreeTds, MatchesATableWithoutAKeyOnEveryColumnAndOneRow) {
                      "[Day] = @P3 | int:7 | nvarchar:LES-1  | nvarchar:2026-11-20T00:00:00"}));
 }
 
-TEST_F(OdbcOnFreeTds, TellsOfAFailureHoweverManyRowsCameBeforeIt) {
+TEST_F(OdbcOnFreeTds, ReportsAFailureAfterAnyNumberOfRows) {
     for (const int rows : {0, 1, 4, 255, 256, 257, 511, 512, 1000}) {
         const std::string count = std::to_string(rows);
-        EXPECT_EQ(Failing("Select failure behind rows " + count),
+        EXPECT_EQ(Failing("Select failure after rows " + count),
                   "[FreeTDS][SQL Server]Divide by zero error encountered.")
             << count;
-        EXPECT_EQ(connection.Execute("Select warning behind rows " + count).RecordCount(), rows);
+        EXPECT_EQ(connection.Execute("Select warning after rows " + count).RecordCount(), rows);
     }
 }
 
-TEST_F(OdbcOnFreeTds, LooksEachTableUpOnce) {
+TEST_F(OdbcOnFreeTds, ReadsTheKeyOfEachTableOnce) {
     for (int i = 0; i < 2; ++i)
         for (const auto* table : {"Arrivals", "ArrivalsBody"}) {
             Recordset rows = Writing(std::string("Select * From ") + table);
@@ -195,7 +195,7 @@ TEST_F(OdbcOnFreeTds, FindsARowOfAViewByTheKeyOfTheTableOfThatName) {
                                             "DELETE FROM Viewed WHERE ArrivalId = @P1 | int:7"}));
 }
 
-TEST_F(OdbcOnFreeTds, AsksForTheForeignKeysOfTheTableWhereTheNameMeansAView) {
+TEST_F(OdbcOnFreeTds, ReadsTheForeignKeysOfTheTableForAView) {
     struct Case {
         const char* table;
         int rows;
@@ -204,23 +204,23 @@ TEST_F(OdbcOnFreeTds, AsksForTheForeignKeysOfTheTableWhereTheNameMeansAView) {
     constexpr Case cases[] = {{"Arrivals", 1, false}, {"Viewed", 1, true}, {"Lonely", 0, true}};
     for (const Case& each : cases) {
         const std::string name = "N'" + std::string(each.table) + "'";
-        const std::string told = "EXEC sp_fkeys @pktable_name = " + name;
-        EXPECT_EQ(connection.Execute(told).RecordCount(), each.rows) << each.table;
-        Texts wanted{told};
+        const std::string statement = "EXEC sp_fkeys @pktable_name = " + name;
+        EXPECT_EQ(connection.Execute(statement).RecordCount(), each.rows) << each.table;
+        Texts wanted{statement};
         if (each.isAskedAgain)
-            wanted.push_back("IF OBJECT_ID(" + name + ", N'V') IS NOT NULL " + told +
+            wanted.push_back("IF OBJECT_ID(" + name + ", N'V') IS NOT NULL " + statement +
                              ", @pktable_owner = N'dbo'");
         EXPECT_EQ(server->TakeArrived(), wanted);
     }
 }
 
-TEST_F(OdbcOnFreeTds, AsksNothingAgainWhereTheOwnerIsNamed) {
+TEST_F(OdbcOnFreeTds, DoesNotAskAgainIfTheOwnerIsNamed) {
     const std::string statement = "EXEC sp_fkeys @pktable_name = N'Viewed', @pktable_owner = N'x'";
     EXPECT_EQ(connection.Execute(statement).RecordCount(), 0);
     EXPECT_EQ(server->TakeArrived(), Texts{statement});
 }
 
-TEST_F(OdbcOnFreeTds, CountsTheRowsOfTheStatementAndNotOfItsTrigger) {
+TEST_F(OdbcOnFreeTds, ReturnsTheRowCountOfTheStatementNotOfItsTrigger) {
     Recordset rows = Writing("Select * From Triggered");
     rows.Collect("VehicleNo", "x");
     rows.Update();
@@ -237,7 +237,7 @@ TEST_F(OdbcOnFreeTds, BeginsAndEndsATransactionInOneStatementEach) {
                      "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION"}));
 }
 
-TEST_F(OdbcOnFreeTds, GoesOnInATransactionThatAFailureHasLeftOpen) {
+TEST_F(OdbcOnFreeTds, ContinuesATransactionThatAFailureLeftOpen) {
     connection.BeginTrans();
     EXPECT_EQ(Failing("Insert a duplicate"),
               "[FreeTDS][SQL Server]Violation of PRIMARY KEY constraint.\n"
@@ -249,7 +249,7 @@ TEST_F(OdbcOnFreeTds, GoesOnInATransactionThatAFailureHasLeftOpen) {
                      "COMMIT TRANSACTION"}));
 }
 
-TEST_F(OdbcOnFreeTds, RunsNothingMoreInATransactionThatTheServerHasEnded) {
+TEST_F(OdbcOnFreeTds, RefusesStatementsAfterTheServerEndedTheTransaction) {
     connection.BeginTrans();
     EXPECT_TRUE(Holds(Failing("Update into a deadlock"), "chosen as the deadlock victim"));
     Failing("Select 1");
@@ -261,7 +261,7 @@ TEST_F(OdbcOnFreeTds, RunsNothingMoreInATransactionThatTheServerHasEnded) {
                      "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION", "Select 2"}));
 }
 
-TEST_F(OdbcOnFreeTds, LeavesAServerThatRefusesToRollBack) {
+TEST_F(OdbcOnFreeTds, ClosesTheConnectionIfTheRollbackFails) {
     connection.BeginTrans();
     connection.Execute("Set refuse the rollback");
     connection.RollbackTrans();
@@ -271,12 +271,12 @@ TEST_F(OdbcOnFreeTds, LeavesAServerThatRefusesToRollBack) {
     EXPECT_EQ(connection.Execute("Select 1").RecordCount(), 1);
 }
 
-TEST_F(OdbcOnFreeTds, BreaksAStatementOffAfterTheCommandTimeout) {
+TEST_F(OdbcOnFreeTds, CancelsAStatementAfterTheCommandTimeout) {
     EXPECT_TRUE(Holds(Failing("Update and take your time"), "Timeout expired"));
     EXPECT_EQ(connection.Execute("Select 1").RecordCount(), 1);
 }
 
-TEST_F(OdbcOnFreeTds, GivesUpOnAServerThatFallsSilent) {
+TEST_F(OdbcOnFreeTds, TimesOutOnAServerThatStopsResponding) {
     connection.BeginTrans();
     const std::string words = Failing("Update and fall silent");
     EXPECT_TRUE(Holds(words, "Timeout expired")) << words;
@@ -285,7 +285,7 @@ TEST_F(OdbcOnFreeTds, GivesUpOnAServerThatFallsSilent) {
     EXPECT_TRUE(Failing("Select 1").ends_with(lost));
 }
 
-TEST_F(OdbcOnFreeTds, TellsOfALostConnectionInTheDriversWords) {
+TEST_F(OdbcOnFreeTds, ReportsALostConnectionWithTheDriversText) {
     EXPECT_EQ(Failing("hang up"),
               std::string("[FreeTDS][SQL Server]Unexpected EOF from the server") + lost);
     for (int i = 0; i < 2; ++i)
@@ -320,11 +320,11 @@ bool ServesAsSqlServer() {
                Texts({"SET TEXTSIZE 2147483647 SET NOCOUNT OFF", "Select 'علی'"});
 }
 
-// In a process begun anew: the driver manager reads only once where its drivers are registered, so
+// In a new process: the driver manager reads the registration of its drivers only once, so
 // nothing may have asked it before.
-TEST(OdbcOnFreeTdsRegistered, IsFoundUnderTheNameThatAStationsConnectionStringHas) {
+TEST(OdbcOnFreeTdsRegistered, IsFoundUnderTheNameInTheConnectionString) {
     if (!std::filesystem::exists("/usr/share/tdsodbc/odbcinst.ini"))
-        GTEST_SKIP() << "FreeTDS is not there: Debian's package tdsodbc is not installed";
+        GTEST_SKIP() << "FreeTDS cannot be tested here: Debian's package tdsodbc is not installed";
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(std::_Exit(ServesAsSqlServer() ? 7 : 1), testing::ExitedWithCode(7), "");
 }

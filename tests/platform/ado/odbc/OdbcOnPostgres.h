@@ -11,14 +11,14 @@
 
 namespace Quillane {
 
-/// An open connection through ODBC on a fresh PostgreSQL database. Skipped, out loud, where the
-/// server or its driver is missing.
+/// An open ODBC connection to a new PostgreSQL database. Skipped if the server or its driver is not
+/// installed.
 class OdbcOnPostgres : public testing::Test {
 protected:
     void SetUp() override {
         const std::string whyMissing = PostgresServer::WhyMissing();
         if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL is not there: " << whyMissing;
+            GTEST_SKIP() << "PostgreSQL cannot be tested here: " << whyMissing;
         database.emplace();
         connection.Open(database->ConnectionString());
     }

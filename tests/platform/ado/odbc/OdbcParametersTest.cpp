@@ -85,7 +85,7 @@ TEST_F(OdbcWritesOnPostgres, QuoteTheNamesThatHaveToBe) {
     EXPECT_EQ(OneText("Select plain From Odd"), "4");
 }
 
-TEST_F(OdbcWritesOnPostgres, FindTheKeyOfATableHoweverItIsNamed) {
+TEST_F(OdbcWritesOnPostgres, FindTheKeyOfATableForEachFormOfItsName) {
     Run("Create Schema mill");
     Run("Create Table mill.Loads (Season int, LoadId int, Note varchar(20), "
         "Primary Key (LoadId, Season))");

@@ -5,7 +5,7 @@ namespace Quillane {
 
 namespace {
 
-/// How often the engine goes to a server and back, as a relay on the way sees it.
+/// The round trips to the server, counted by a relay.
 class OdbcRoundTripsOnPostgres : public OdbcOnPostgres {
 protected:
     void SetUp() override {
@@ -27,7 +27,7 @@ protected:
     Connection station;
 };
 
-TEST_F(OdbcRoundTripsOnPostgres, AreOneForAReadAndOneForAWriteOnceTheTableIsKnown) {
+TEST_F(OdbcRoundTripsOnPostgres, AreOneForAReadAndOneForAWriteAfterTheFirst) {
     const auto add = [&](int id) {
         Recordset rows;
         rows.Open("Select * From Arrivals Where ArrivalID = 0", station, adOpenStatic,

@@ -1,6 +1,6 @@
 #include "platform/ado/odbc/OdbcOnPostgres.h"
 
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 #include "platform/ado/Engine.h"
 #include "platform/ado/odbc/OdbcConnect.h"
 #include "platform/ado/odbc/OdbcRows.h"
@@ -95,7 +95,7 @@ TEST_F(OdbcOnPostgres, JoinsTheirPiecesIntoLongTexts) {
     EXPECT_EQ(pairs.find("\uFFFD"), std::string::npos);
 }
 
-TEST_F(OdbcOnPostgres, ReadsWhateverStandsAroundLongTexts) {
+TEST_F(OdbcOnPostgres, ReadsTheColumnsAroundLongTexts) {
     Recordset rows = connection.Execute(
         "Select n, repeat('x', n * 20000)::text As Remark, 'S' || n::varchar(5) As Mark, n * 0.5 "
         "As Half, Case When n = 2 Then Null Else 'y'::text End As Other, '2026-11-20'::date As Day "
@@ -118,11 +118,11 @@ SQLULEN RowsAtATime(const OdbcHandle& statement) {
     return rows;
 }
 
-// With more, SQL Server's own driver opens a cursor on the server for whatever is run.
+// With more, the driver of Windows opens a cursor on the server for each statement.
 TEST_F(OdbcOnPostgres, AsksForOneRowAtATimeWheneverAStatementIsRun) {
     const OdbcHandle environment = OdbcEnvironment();
     const OdbcHandle session =
-        ConnectByOdbc(environment, ConnectionString(database->ConnectionString()), SignIn{});
+        ConnectByOdbc(environment, ConnectionAttributes(database->ConnectionString()), SignIn{});
     OdbcBlock block;
     const OdbcHandle statement(SQL_HANDLE_STMT, session);
     block.Attach(statement);
@@ -138,7 +138,7 @@ TEST_F(OdbcOnPostgres, AsksForOneRowAtATimeWheneverAStatementIsRun) {
     }
 }
 
-TEST_F(OdbcOnPostgres, NeverCutsAValueShortUnseen) {
+TEST_F(OdbcOnPostgres, NeverTruncatesAValueSilently) {
     const std::string words =
         DatabaseFailureOf([&] { Run("Select repeat('x', 5000)::varchar As Remark"); });
     EXPECT_NE(words.find("column remark is longer than"), std::string::npos) << words;

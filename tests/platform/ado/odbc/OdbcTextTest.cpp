@@ -17,7 +17,7 @@ std::string FromUnits(const OdbcText& units) {
 
 TEST(OdbcText, KeepsEveryCharacter) {
     for (const std::string_view text :
-         {"", "a", "LES-1", "Driver of load 100000", "Müller", "علی", "日本語 and ASCII behind it",
+         {"", "a", "LES-1", "Driver of load 100000", "Müller", "علی", "日本語 and ASCII after it",
           "😀", "a😀b", "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80",
           "\xF4\x8F\xBF\xBF"})
         EXPECT_EQ(ThereAndBack(text), text);
@@ -30,7 +30,7 @@ TEST(OdbcText, EndsWithAZero) {
     EXPECT_EQ(ToOdbc("😀"), OdbcText({0xD83D, 0xDE00, 0}));
 }
 
-TEST(OdbcText, PutsTheReplacementCharacterForWhatIsNoUtf8) {
+TEST(OdbcText, ReplacesInvalidUtf8) {
     const std::pair<std::string_view, std::string_view> cases[] = {
         {"a\xFFz", "a\uFFFDz"}, {"\xC3", "\uFFFD"},           {"\xC3z", "\uFFFDz"},
         {"\x80", "\uFFFD"},     {"\xC0\xAF", "\uFFFD\uFFFD"}, {"\xE2\x82", "\uFFFD\uFFFD"},
@@ -41,7 +41,7 @@ TEST(OdbcText, PutsTheReplacementCharacterForWhatIsNoUtf8) {
     EXPECT_EQ(ThereAndBack("\xF4\x90\x80\x80").substr(0, 3), "\uFFFD") << "beyond the last plane";
 }
 
-TEST(OdbcText, PutsTheReplacementCharacterForHalfAPair) {
+TEST(OdbcText, ReplacesHalfASurrogatePair) {
     EXPECT_EQ(FromUnits({'a', 0xD83D}), "a\uFFFD");
     EXPECT_EQ(FromUnits({0xD83D, 'a'}), "\uFFFDa");
     EXPECT_EQ(FromUnits({0xDE00, 'a'}), "\uFFFDa");

@@ -24,12 +24,12 @@ std::string KeysOn(std::string_view table, std::string_view schema) {
 
 constexpr auto arrivals = "CREATE TABLE Arrivals (ArrivalID INTEGER PRIMARY KEY, Note TEXT);";
 
-TEST(ForeignKeyList, IsEmptyWhereNothingRefersToTheTable) {
+TEST(ForeignKeyList, IsEmptyWithoutReferences) {
     EXPECT_EQ(KeysOn("Arrivals", arrivals), "");
     EXPECT_EQ(KeysOn("NoSuchTable", arrivals), "");
 }
 
-TEST(ForeignKeyList, StandsInTheOrderOfTheForeignTables) {
+TEST(ForeignKeyList, IsOrderedByTheForeignTable) {
     EXPECT_EQ(
         KeysOn("Arrivals", std::string(arrivals) +
                                "CREATE TABLE salesBody (A INT REFERENCES Arrivals(ArrivalID));"

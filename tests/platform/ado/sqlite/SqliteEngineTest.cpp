@@ -35,6 +35,18 @@ TEST_F(SqliteEngineTest, TheDatabaseIsNamedWithoutFolderAndEnding) {
     EXPECT_EQ(connection.DefaultDatabase(), "Account1");
 }
 
+TEST_F(SqliteEngineTest, RefusesASecondStatementAndRunsNeither) {
+    Run("Insert Into Parties Values ('6001', 'Ali'), ('6002', 'Bano')");
+    const std::string changed = "Select Count(*) From Parties Where Name = 'Chand'";
+    EXPECT_NE(
+        DatabaseFailureOf([&] { Run("Update Parties Set Name = 'Chand'; Delete From Parties"); }),
+        "");
+    EXPECT_EQ(OneValue(changed), "0");
+    EXPECT_EQ(OneValue("Select Count(*) From Parties"), "2");
+    Run("Update Parties Set Name = 'Chand'; -- a comment");
+    EXPECT_EQ(OneValue(changed), "2");
+}
+
 TEST_F(SqliteEngineTest, RegistersFunctionsOnEverySession) {
     int sessions = 0;
     EmbeddedSupport support = folder.Support();
@@ -65,14 +77,14 @@ TEST_F(SqliteEngineTest, TextComparesWithoutCaseAndTrailingBlanks) {
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where Null Like '%'"), "0");
 }
 
-TEST_F(SqliteEngineTest, APatternIsReadForEachRowThatHasItsOwn) {
+TEST_F(SqliteEngineTest, APatternFromAColumnIsReadForEachRow) {
     Run("Insert Into Parties Values ('6%', '6001'), ('7%', '6001'), ('6!%', '6%')");
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where Name Like PartyId"), "1");
     EXPECT_EQ(OneValue("Select Count(*) From Parties Where Name Like PartyId Escape '!'"), "2");
     DatabaseFailureOf([&] { Run("Select 1 From Parties Where Name Like '6%' Escape 'ab'"); });
 }
 
-TEST_F(SqliteEngineTest, AByteOrderMarkInFrontOfAStatementCountsForNothing) {
+TEST_F(SqliteEngineTest, AByteOrderMarkBeforeAStatementIsIgnored) {
     EXPECT_EQ(
         OneValue("\xEF\xBB\xBFSelect TOP 1 dbo.IsNull(Null, 7) From (Select 1 Union All Select "
                  "2) t"),

@@ -37,36 +37,36 @@ protected:
     EmbeddedFolder folder;
 };
 
-TEST_F(SqliteFile, MustBeThereAndIsNotMadeByOpening) {
+TEST_F(SqliteFile, MustExistAndIsNotCreatedByOpening) {
     EXPECT_TRUE(Says(OpeningFailure("Account2"), "does not exist"));
     EXPECT_FALSE(fs::exists(folder.Folder() / "Account2.db"));
 }
 
-TEST_F(SqliteFile, IsNoFolder) {
+TEST_F(SqliteFile, MustNotBeAFolder) {
     fs::create_directory(folder.Folder() / "Account3.db");
     EXPECT_TRUE(Says(OpeningFailure("Account3"), "is not a file"));
 }
 
-TEST_F(SqliteFile, IsNotEmpty) {
+TEST_F(SqliteFile, MustNotBeEmpty) {
     Overwrite("");
     EXPECT_TRUE(Says(OpeningFailure(), "is empty"));
     EXPECT_EQ(fs::file_size(folder.File()), 0U);
 }
 
-TEST_F(SqliteFile, IsADatabase) {
+TEST_F(SqliteFile, MustBeADatabase) {
     const std::string content(5000, 'x');
     Overwrite(content);
     EXPECT_TRUE(Says(OpeningFailure(), "is not a database"));
     EXPECT_EQ(fs::file_size(folder.File()), content.size());
 }
 
-TEST_F(SqliteFile, CanBeWritten) {
+TEST_F(SqliteFile, MustBeWritable) {
     fs::permissions(folder.File(), fs::perms::owner_read | fs::perms::group_read);
     EXPECT_TRUE(Says(OpeningFailure(), "is read-only"));
 }
 
-// It holds the hashes of passwords.
-TEST_F(SqliteFile, CannotBeReadByOthersOnceItIsOpened) {
+// It contains the hashes of passwords.
+TEST_F(SqliteFile, IsRestrictedToOwnerAndGroupWhenItIsOpened) {
     using fs::perms;
     constexpr perms owner = perms::owner_read | perms::owner_write;
     struct Case {
@@ -77,7 +77,7 @@ TEST_F(SqliteFile, CannotBeReadByOthersOnceItIsOpened) {
         {owner | perms::others_read | perms::others_exec, owner},
         {owner | perms::group_read | perms::group_write,
          owner | perms::group_read | perms::group_write},
-        // Whoever gives others the right to write wants them to use it.
+        // A file that others may write is shared on purpose.
         {owner | perms::others_read | perms::others_write,
          owner | perms::others_read | perms::others_write},
     };
@@ -133,7 +133,7 @@ TEST_F(SqliteFile, ReplacedWhileItIsBeingOpenedIsRefused) {
                   " was replaced while it was being opened. Please start the program again.");
 }
 
-TEST_F(SqliteFile, MayLieInAFolderWithLettersBeyondAscii) {
+TEST_F(SqliteFile, MayBeInAFolderWithNonAsciiLetters) {
     const fs::path inner = folder.Folder() / "کانٹا Müller";
     fs::create_directory(inner);
     fs::copy_file(folder.File(), inner / "Account1.db");
@@ -148,7 +148,7 @@ struct StringCase {
     std::string_view words;
 };
 
-TEST(ConnectionOpen, RefusesAStringThatLeadsNowhere) {
+TEST(ConnectionOpen, RefusesAStringWithoutServerOrDatabase) {
     const StringCase cases[] = {
         {"", "names no server"},
         {"Driver=SQL Server;Database=Account1", "names no server"},

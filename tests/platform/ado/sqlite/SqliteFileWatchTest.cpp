@@ -46,7 +46,7 @@ protected:
                       "nothing is saved any more.\nPut it back with its files -wal and -shm, or "
                       "note down what is on the screen and start the program again.");
     }
-    /// The first statement of a transaction, whatever it is.
+    /// Any first statement of a transaction.
     void ExpectTransactionRefused() {
         station.BeginTrans();
         ExpectRefused([&] { station.Execute("Select 1"); });
@@ -100,7 +100,7 @@ TEST_F(SqliteFileWatchTest, ACommitIsRefusedWhereItHappensWithinTheTransaction) 
     }
 }
 
-TEST_F(SqliteFileWatchTest, WhatIsPutBackIsUsedAgain) {
+TEST_F(SqliteFileWatchTest, ARestoredFileIsUsedAgain) {
     MoveAway();
     ExpectTransactionRefused();
     fs::rename(Elsewhere(), File());
@@ -110,7 +110,7 @@ TEST_F(SqliteFileWatchTest, WhatIsPutBackIsUsedAgain) {
     EXPECT_EQ(Rows(station), "1");
 }
 
-TEST_F(SqliteFileWatchTest, AFileThatIsWrittenOverIsRefusedWithinATransaction) {
+TEST_F(SqliteFileWatchTest, AnOverwrittenFileIsRefusedWithinATransaction) {
     fs::copy_file(File(), Elsewhere());
     station.Execute(AddRow);
     ASSERT_TRUE(station.WriteBack());
@@ -119,7 +119,7 @@ TEST_F(SqliteFileWatchTest, AFileThatIsWrittenOverIsRefusedWithinATransaction) {
     ExpectTransactionRefused();
 }
 
-TEST_F(SqliteFileWatchTest, WhatOtherStationsStoreIsNoSuchChange) {
+TEST_F(SqliteFileWatchTest, SavesOfOtherStationsAreAccepted) {
     Connection other;
     folder.Open(other);
     const auto save = [](Connection& connection) {
@@ -140,7 +140,7 @@ TEST_F(SqliteFileWatchTest, WhatOtherStationsStoreIsNoSuchChange) {
     EXPECT_EQ(Rows(other), std::to_string(saves));
 }
 
-TEST_F(SqliteFileWatchTest, ABackupTakenMeanwhileIsNoSuchChange) {
+TEST_F(SqliteFileWatchTest, ABackupIsAccepted) {
     folder.RunScript("VACUUM INTO '" + Elsewhere().string() + "'");
     folder.RunScript("PRAGMA wal_checkpoint(TRUNCATE)");
     std::ifstream(File(), std::ios::binary).get();
@@ -164,7 +164,7 @@ TEST_F(SqliteFileWatchTest, ALinkToTheFileIsFollowed) {
 }
 
 // What another station makes of the name meanwhile is not touched, not even by the end.
-TEST_F(SqliteFileWatchTest, TheEndOfTheStationLeavesTheNewFileAlone) {
+TEST_F(SqliteFileWatchTest, TheEndOfTheStationDoesNotChangeTheNewFile) {
     station.Execute(AddRow);
     ReplaceByACopy();
     for (const char* ending : {"-wal", "-shm"})

@@ -1,11 +1,10 @@
-// A disk without space is reported as that, whatever the engine calls it.
+// A full disk is reported as such for each error code of the engine.
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
 
 #include <sys/mount.h>
 
-#include <cstring>
 #include <fstream>
 
 namespace Quillane {
@@ -14,14 +13,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A disk of one megabyte. Only root can make one.
+/// A disk of one megabyte. Only root can mount one.
 class SqliteFullDisk : public testing::Test {
 protected:
     void SetUp() override {
         disk = folder.Folder() / "disk";
         fs::create_directory(disk);
         if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=1m") != 0)
-            GTEST_SKIP() << "no disk can be made here: " << std::strerror(errno);
+            GTEST_SKIP() << "this user may not mount a file system: run the test as root";
         isMounted = true;
         fs::copy_file(folder.File(), disk / "Account1.db");
     }
@@ -68,7 +67,7 @@ TEST_F(SqliteFullDisk, IsReportedAtTheOpening) {
     }
 }
 
-TEST_F(SqliteFullDisk, IsReportedWhereARowFindsNoSpace) {
+TEST_F(SqliteFullDisk, IsReportedForARow) {
     Connection connection;
     Open(connection);
     Fill(0);

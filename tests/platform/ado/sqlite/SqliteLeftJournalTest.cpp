@@ -65,7 +65,7 @@ protected:
     EmbeddedFolder folder;
 };
 
-TEST_F(SqliteLeftJournal, OfAStationThatWasCutOffGivesWhatItHadStored) {
+TEST_F(SqliteLeftJournal, OfAnInterruptedStationIsUsed) {
     Connection station;
     folder.Open(station);
     SaveBy(station, 3001, 3001);
@@ -75,7 +75,7 @@ TEST_F(SqliteLeftJournal, OfAStationThatWasCutOffGivesWhatItHadStored) {
     EXPECT_FALSE(fs::exists(Log())) << "and is written back at the end";
 }
 
-TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAndBothFilesStayAsTheyAre) {
+TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAndNoFileIsChanged) {
     fs::copy_file(folder.File(), Copy("backup"));
     Save(3001, 3010);
     Connection station;
@@ -86,13 +86,14 @@ TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAndBothFilesStayAsTheyAre) {
     const std::string file = Contents(folder.File()), log = Contents(Log());
     const std::string files = folder.File().string() + "-wal";
     for (int start = 0; start < 2; ++start) {
-        EXPECT_EQ(OpeningFailure(),
-                  "The journal " + files + " does not belong to the database file " +
-                      folder.File().string() +
-                      ": it is left of another state of the database, from before a copy was put "
-                      "in its place. Please move " +
-                      files + " and " + Index().string() +
-                      " to another folder and start the program again.");
+        EXPECT_EQ(
+            OpeningFailure(),
+            "The journal " + files + " does not belong to the database file " +
+                folder.File().string() +
+                ": it belongs to an earlier state of the database, before a copy replaced it. "
+                "Please move " +
+                files + " and " + Index().string() +
+                " to another folder and start the program again.");
         EXPECT_EQ(Contents(folder.File()), file);
         EXPECT_EQ(Contents(Log()), log);
     }
@@ -102,7 +103,7 @@ TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAndBothFilesStayAsTheyAre) {
 }
 
 // Each table has one page, so that every page is sound by itself.
-TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAlsoWhereItsRowsReferToNothing) {
+TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedForMissingReferencedRows) {
     folder.RunScript("CREATE TABLE Loads (Id INTEGER PRIMARY KEY);"
                      "CREATE TABLE Bags (Id INTEGER PRIMARY KEY, LoadId INTEGER REFERENCES Loads)");
     fs::copy_file(folder.File(), Copy("backup"));
@@ -134,7 +135,7 @@ TEST_F(SqliteLeftJournal, OfADamagedFileIsReportedAsDamage) {
                          " to another folder and start the program again.");
 }
 
-TEST_F(SqliteLeftJournal, OfAStationAtWorkIsNoneThatWasLeft) {
+TEST_F(SqliteLeftJournal, OfARunningStationIsAccepted) {
     Connection station;
     folder.Open(station);
     SaveBy(station, 3001, 3100);
@@ -143,7 +144,7 @@ TEST_F(SqliteLeftJournal, OfAStationAtWorkIsNoneThatWasLeft) {
     EXPECT_EQ(Arrivals(), "3101");
 }
 
-TEST_F(SqliteLeftJournal, IsFoundInAFolderOfAnyName) {
+TEST_F(SqliteLeftJournal, IsFoundInAFolderWithAnyName) {
     const fs::path odd = folder.Folder() / "50% #1? کانٹا";
     fs::create_directory(odd);
     fs::copy_file(folder.File(), odd / "Account1.db");

@@ -1,4 +1,4 @@
-// A column that one statement alone may read.
+// A column that only one statement may read.
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
@@ -31,7 +31,7 @@ protected:
     Connection station;
 };
 
-TEST_F(SqliteSecretTest, IsReadByItsOwnStatementAlone) {
+TEST_F(SqliteSecretTest, IsReadOnlyByItsStatement) {
     EXPECT_EQ(OneValue(Reader, 1), "$hash");
     for (int round = 0; round < 2; ++round)
         for (const char* statement : {
@@ -85,7 +85,7 @@ TEST_F(SqliteSecretTest, IsNotReadThroughAJoinThatMergesColumns) {
               "access to StationUsers.PasswordHash is prohibited");
 }
 
-TEST_F(SqliteSecretTest, KeepsNothingElseBack) {
+TEST_F(SqliteSecretTest, RestrictsNothingElse) {
     EXPECT_EQ(OneValue("Select UserName From StationUsers"), "ali");
     EXPECT_EQ(OneValue("Select Level From StationUsers Where UserName = 'ali'"), "1");
     EXPECT_EQ(OneValue("Select PasswordHash From Parties"), "x");
@@ -105,7 +105,7 @@ TEST_F(SqliteSecretTest, IsReadAgainAfterAChangeOfTheSchema) {
     EXPECT_EQ(OneValue("Select UserName From StationUsers"), "ali");
 }
 
-TEST_F(SqliteSecretTest, GoesIntoACopyOfTheWholeDatabase) {
+TEST_F(SqliteSecretTest, IsIncludedInACopyOfTheDatabase) {
     const std::string copy = (folder.Folder() / "copy.db").string();
     station.Execute("VACUUM INTO '" + copy + "'");
     Connection other;

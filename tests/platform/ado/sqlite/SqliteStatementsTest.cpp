@@ -25,7 +25,7 @@ protected:
     Connection connection;
 };
 
-TEST_F(SqliteStatementsTest, AnswerEachNumberAtTheirEndForItself) {
+TEST_F(SqliteStatementsTest, ReturnTheRowsOfEachNumber) {
     struct Case {
         const char* end;
         const char* bilty;
@@ -82,14 +82,14 @@ TEST_F(SqliteStatementsTest, KeepTheNumberOfAnOrderThatNamesAColumn) {
     EXPECT_EQ(rows.ValueAt(1, 0).Long(), 1);
 }
 
-TEST_F(SqliteStatementsTest, MakeViewsAndIndexesThatEndInANumber) {
+TEST_F(SqliteStatementsTest, CreateViewsAndIndexesThatEndInANumber) {
     connection.Execute("Create View Seconds As Select * From Arrivals Where ArrivalID = 2");
     EXPECT_EQ(One("Select Bilty From Seconds"), "07");
     connection.Execute("Create Unique Index OneEmpty On Arrivals (Bilty) Where Net = 0");
     EXPECT_EQ(One("Select Bilty From Arrivals Where Net = 0"), "");
 }
 
-TEST_F(SqliteStatementsTest, TellWhatIsWrongInTheirOwnWords) {
+TEST_F(SqliteStatementsTest, ReportTheirOwnText) {
     const auto failing = [&](std::string_view statement) {
         return DatabaseFailureOf([&] { connection.Execute(statement); });
     };
@@ -101,7 +101,7 @@ TEST_F(SqliteStatementsTest, TellWhatIsWrongInTheirOwnWords) {
         EXPECT_EQ(failing("Select Bilty From Arrivals Where Bilty = 'a = 1"),
                   "unrecognized token: \"'a = 1\"");
         EXPECT_EQ(failing("Select Bilty From Arrivals Where ArrivalID = ? And Net = 1"),
-                  "The statement takes another number of values than it was given.");
+                  "The statement does not have as many parameters as values were given.");
         EXPECT_EQ(failing("Select 1; Select Bilty From Arrivals Where ArrivalID = 1"),
                   "Only one statement can be run at a time.");
     }
@@ -115,7 +115,7 @@ TEST_F(SqliteStatementsTest, ChangeAndRemoveTheRowOfEachNumber) {
     EXPECT_EQ(One("Select Count(*) From Arrivals"), "2");
 }
 
-TEST_F(SqliteStatementsTest, SeeWhatAnotherSessionHasMadeOfTheSchema) {
+TEST_F(SqliteStatementsTest, SeeASchemaChangeOfAnotherSession) {
     const std::string all = "Select * From Arrivals Where ArrivalID = 2";
     EXPECT_EQ(connection.Execute(all).FieldCount(), 3);
     folder.RunScript("ALTER TABLE Arrivals ADD COLUMN Driver TEXT DEFAULT 'Ghulam'");
@@ -128,7 +128,7 @@ TEST_F(SqliteStatementsTest, SeeWhatAnotherSessionHasMadeOfTheSchema) {
     EXPECT_EQ(connection.Execute(all).Fields("Driver").Text(), "Ghulam");
 }
 
-TEST_F(SqliteStatementsTest, HoldNothingOfTheDatabaseBetweenTheirRuns) {
+TEST_F(SqliteStatementsTest, HoldNoLockBetweenRuns) {
     One("Select Bilty From Arrivals Where ArrivalID = 1");
     folder.RunScript("UPDATE Arrivals SET Bilty = 'B-7781' WHERE ArrivalID = 1;"
                      "PRAGMA wal_checkpoint(TRUNCATE)");
@@ -147,7 +147,7 @@ TEST_F(SqliteStatementsTest, RunAgainAfterARefusal) {
     EXPECT_EQ(One("Select Bilty From Arrivals Where ArrivalID = 11"), "7");
 }
 
-TEST_F(SqliteStatementsTest, AreRightAlsoWhenThereAreManyOfThem) {
+TEST_F(SqliteStatementsTest, AreCorrectWhenThereAreMany) {
     for (int round = 0; round < 2; ++round)
         for (int i = 0; i < 200; ++i)
             EXPECT_EQ(One("Select " + std::to_string(i) + " From Arrivals Where ArrivalID = 1"),

@@ -47,7 +47,7 @@ TEST_F(SqliteTransactions, TakeTheWriteLockWithTheirFirstStatement) {
     EXPECT_EQ(Count(first), "3");
 }
 
-TEST_F(SqliteTransactions, DoNotHinderReaders) {
+TEST_F(SqliteTransactions, DoNotBlockReaders) {
     first.BeginTrans();
     first.Execute("Insert Into Arrivals Values (2, 'pending')");
     EXPECT_EQ(Count(second), "1");
@@ -58,7 +58,7 @@ TEST_F(SqliteTransactions, DoNotHinderReaders) {
 TEST_F(SqliteTransactions, WaitForTheLockOfAnother) {
     first.BeginTrans();
     first.Execute("Insert Into Arrivals Values (2, 'first')");
-    // The second station sets off, and the first ends once it is on its way.
+    // The first station commits after the second one has started.
     std::mutex mutex;
     std::condition_variable underWay;
     bool setOff = false;
@@ -121,7 +121,7 @@ void ExpectEverythingRefused(Connection& connection) {
         DatabaseFailureOf(attempt);
 }
 
-TEST_F(SqliteTransactions, OnceEndedByTheEngineRefuseEverythingUntilRolledBack) {
+TEST_F(SqliteTransactions, EndedByTheEngineRefuseStatementsUntilTheRollback) {
     folder.RunScript("CREATE TRIGGER Stop BEFORE INSERT ON Arrivals WHEN NEW.Note = 'stop' "
                      "BEGIN SELECT RAISE(ROLLBACK, 'stopped by the database'); END");
     first.BeginTrans();
@@ -134,7 +134,7 @@ TEST_F(SqliteTransactions, OnceEndedByTheEngineRefuseEverythingUntilRolledBack) 
     DatabaseFailureOf([&] { first.RollbackTrans(); });
 }
 
-TEST_F(SqliteTransactions, AFullDiskEndsThemWithNothingStored) {
+TEST_F(SqliteTransactions, AFullDiskRollsThemBack) {
     Recordset rows;
     first.BeginTrans();
     rows.Open("Select * From Arrivals", first, adOpenStatic, adLockOptimistic);

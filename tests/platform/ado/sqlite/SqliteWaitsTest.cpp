@@ -55,7 +55,7 @@ protected:
     milliseconds waited{0};
 };
 
-TEST_F(SqliteWaitsTest, AreNotBegunWhereNobodyHoldsTheLock) {
+TEST_F(SqliteWaitsTest, DoNotBeginWithoutALock) {
     station.BeginTrans();
     station.Execute(AddRow);
     station.CommitTrans();
@@ -63,7 +63,7 @@ TEST_F(SqliteWaitsTest, AreNotBegunWhereNobodyHoldsTheLock) {
     ExpectWaits(0);
 }
 
-TEST_F(SqliteWaitsTest, EndWhenTheLockIsThere) {
+TEST_F(SqliteWaitsTest, EndWithTheLock) {
     int times = 0;
     goOn = [&] {
         EXPECT_EQ(begun, ended + 1);
@@ -77,7 +77,7 @@ TEST_F(SqliteWaitsTest, EndWhenTheLockIsThere) {
     ExpectWaits(1);
 }
 
-TEST_F(SqliteWaitsTest, FailTheStatementWhereTheyAreGivenUp) {
+TEST_F(SqliteWaitsTest, FailTheStatementIfGivenUp) {
     Hold();
     for (int statement = 1; statement <= 2; ++statement) {
         EXPECT_EQ(DatabaseFailureOf([&] { station.Execute(AddRow); }), "database is locked");
@@ -92,14 +92,14 @@ TEST_F(SqliteWaitsTest, FailTheStatementWhereTheyAreGivenUp) {
     ExpectWaits(3);
 }
 
-TEST_F(SqliteWaitsTest, LetNoExceptionThroughTheEngine) {
+TEST_F(SqliteWaitsTest, PassNoExceptionThroughTheEngine) {
     goOn = []() -> bool { throw std::runtime_error("no window"); };
     Hold();
     EXPECT_EQ(DatabaseFailureOf([&] { station.Execute(AddRow); }), "database is locked");
     ExpectWaits(1);
 }
 
-TEST_F(SqliteWaitsTest, AreBegunForAnOpeningToo) {
+TEST_F(SqliteWaitsTest, BeginDuringOpeningToo) {
     station.Close();
     other.Execute("PRAGMA locking_mode=EXCLUSIVE");
     Hold();

@@ -1,4 +1,4 @@
-// A copy of the file alone holds everything, once the journal has been written back.
+// After the journal has been written back, a copy of the file is complete.
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
@@ -42,7 +42,7 @@ protected:
     Connection station;
 };
 
-TEST_F(SqliteWriteBack, BringsWhatIsStoredIntoTheFile) {
+TEST_F(SqliteWriteBack, WritesTheJournalIntoTheFile) {
     Open(station);
     station.Execute(AddRow);
     EXPECT_EQ(RowsInACopy(), "0");
@@ -51,7 +51,7 @@ TEST_F(SqliteWriteBack, BringsWhatIsStoredIntoTheFile) {
     EXPECT_EQ(SizeOfLog(), 0U);
 }
 
-TEST_F(SqliteWriteBack, WaitsForNobody) {
+TEST_F(SqliteWriteBack, DoesNotWait) {
     Open(station);
     Connection other;
     Open(other);
@@ -66,7 +66,7 @@ TEST_F(SqliteWriteBack, WaitsForNobody) {
     EXPECT_EQ(station.Execute("Select Count(*) From Project_Registry").Fields(0).Text(), "2");
 }
 
-TEST_F(SqliteWriteBack, LeavesAnOpenTransactionAlone) {
+TEST_F(SqliteWriteBack, DoesNotAffectAnOpenTransaction) {
     Open(station);
     station.BeginTrans();
     EXPECT_FALSE(station.WriteBack());
@@ -77,7 +77,7 @@ TEST_F(SqliteWriteBack, LeavesAnOpenTransactionAlone) {
     EXPECT_EQ(RowsInACopy(), "0");
 }
 
-TEST_F(SqliteWriteBack, IsAskedForAfterEachChangeThatIsStored) {
+TEST_F(SqliteWriteBack, IsRequestedAfterEachStoredChange) {
     int changes = 0;
     Open(station, [&] { ++changes; });
     EXPECT_EQ(changes, 0);
@@ -99,7 +99,7 @@ TEST_F(SqliteWriteBack, IsAskedForAfterEachChangeThatIsStored) {
     EXPECT_EQ(changes, 2);
 }
 
-TEST_F(SqliteWriteBack, TheLastStationThatClosesLeavesTheFileAlone) {
+TEST_F(SqliteWriteBack, TheLastStationToCloseLeavesOnlyTheFile) {
     Open(station);
     Connection other;
     Open(other);

@@ -28,7 +28,7 @@ TEST(TSqlTranslator, CallsIfNullWhereTSqlCallsIsNull) {
     });
 }
 
-TEST(TSqlTranslator, DropsTheOwner) {
+TEST(TSqlTranslator, RemovesTheOwner) {
     ExpectTurned({
         {"Select dbo.FunGetPartyName(a) From dbo.Parties",
          "Select FunGetPartyName(a) From Parties"},
@@ -59,7 +59,7 @@ TEST(TSqlTranslator, PutsALimitAtTheEndOfItsOwnSelect) {
     });
 }
 
-TEST(TSqlTranslator, DropsTheMarkOfANationalString) {
+TEST(TSqlTranslator, RemovesTheNOfANationalString) {
     ExpectTurned({
         {"Select N'علی', n'x' From t", "Select 'علی', 'x' From t"},
         {"Select N, n 'x'", "Select N, n 'x'"},
@@ -67,7 +67,7 @@ TEST(TSqlTranslator, DropsTheMarkOfANationalString) {
     });
 }
 
-TEST(TSqlTranslator, LeavesAGapWhereAWordIsDroppedBetweenTwoOthers) {
+TEST(TSqlTranslator, LeavesABlankForARemovedWord) {
     ExpectTurned({
         {"Select 'a'N'b'", "Select 'a' 'b'"},
         {"Select 6/dbo.*From t", "Select 6/ *From t"},
@@ -77,7 +77,7 @@ TEST(TSqlTranslator, LeavesAGapWhereAWordIsDroppedBetweenTwoOthers) {
     });
 }
 
-TEST(TSqlTranslator, PassesOverAByteOrderMark) {
+TEST(TSqlTranslator, IgnoresAByteOrderMark) {
     ExpectTurned({
         {"\xEF\xBB\xBFSelect TOP 1 a From b", "\xEF\xBB\xBFSelect  a From b LIMIT 1"},
         {"Select \xEF\xBB\xBFIsNull(a, 0)", "Select \xEF\xBB\xBFIfNull(a, 0)"},
@@ -87,7 +87,7 @@ TEST(TSqlTranslator, PassesOverAByteOrderMark) {
                     .starts_with("SELECT"));
 }
 
-TEST(TSqlTranslator, LeavesStringsQuotedNamesAndCommentsAlone) {
+TEST(TSqlTranslator, DoesNotChangeStringsQuotedNamesAndComments) {
     for (const std::string_view text : {
              std::string_view("Select 'IsNull(a) dbo.b TOP 1 N''x'''"),
              std::string_view("Select [dbo.x], \"IsNull(\" From [TOP 1]"),
@@ -97,7 +97,7 @@ TEST(TSqlTranslator, LeavesStringsQuotedNamesAndCommentsAlone) {
         EXPECT_EQ(FromTSql(text), text);
 }
 
-TEST(TSqlTranslator, LeavesWhatItDoesNotKnowAlone) {
+TEST(TSqlTranslator, DoesNotChangeUnknownForms) {
     for (const std::string_view text : {
              std::string_view(""),
              std::string_view("Select TOP 5 PERCENT a From b"),

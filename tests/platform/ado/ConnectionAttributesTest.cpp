@@ -1,4 +1,4 @@
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ struct Case {
     std::string_view value;
 };
 
-TEST(ConnectionString, FindsTheValueOfAKey) {
+TEST(ConnectionAttributes, FindsTheValueOfAKey) {
     const Case cases[] = {
         {"Driver=SQL Server;Server=(embedded);Database=Account1", "Database", "Account1"},
         {"Driver=SQL Server;SERVER=(embedded);database=Account1", "Server", "(embedded)"},
@@ -30,7 +30,7 @@ TEST(ConnectionString, FindsTheValueOfAKey) {
         {"=", "", ""},
     };
     for (const Case& item : cases)
-        EXPECT_EQ(ConnectionString(item.text).Get(item.key), item.value) << item.text;
+        EXPECT_EQ(ConnectionAttributes(item.text).Get(item.key), item.value) << item.text;
 }
 
 } // namespace

@@ -6,9 +6,9 @@
 #include "platform/forms/dialogs/WaitingScreen.h"
 #include "setup/CreateDatabaseDialog.h"
 #include "setup/DatabaseSetup.h"
+#include "setup/SqlServerDatabaseSetup.h"
 #include "setup/SqlServerDialog.h"
-#include "setup/SqlServerSchema.h"
-#include "setup/SqlServerSetUp.h"
+#include "setup/SqlServerSetup.h"
 #include "support/FailureOf.h"
 #include "support/ScreenDriver.h"
 
@@ -35,9 +35,9 @@ NewDatabase Particulars() {
             .hashCost = HashCost::Minimum};
 }
 
-class SetUpOnServer : public StationOnServer {
+class SetupOnServer : public StationOnServer {
 protected:
-    SqlServerPlace Place() const {
+    SqlServerTarget Target() const {
         return {.server = Part("Server"),
                 .port = Part("Port"),
                 .database = Part("Database"),
@@ -67,9 +67,9 @@ protected:
     }
 
     /// Takes the server: no further dialog comes, or the set-up's own goes on.
-    void Take(SqlServerDialog& dialog, ScreenDriver& driver, const SqlServerPlace& place,
+    void Take(SqlServerDialog& dialog, ScreenDriver& driver, const SqlServerTarget& target,
               const OwnerSignIn& owner = {}) {
-        dialog.Offer(place, owner);
+        dialog.Offer(target, owner);
         driver.Press(Qt::CTRL | Qt::Key_Return);
         EXPECT_TRUE(WaitFor([&] { return !dialog.IsLoaded(); })) << dialog.Answer();
     }
@@ -84,7 +84,7 @@ protected:
         return {.text = "There is already a database here:\r\n" + Part("Database") + " on " +
                         Part("Server") + ", port " + Part("Port") +
                         "\r\n(Veltrane; 0 arrivals, 1 users)\r\n\r\n"
-                        "Use it as it is? Nothing in it is changed.",
+                        "Use it without changes?",
                 .title = "Set up the station",
                 .icon = BoxIcon::Question,
                 .buttons = BoxButtons::YesNo};
@@ -93,15 +93,15 @@ protected:
     bool succeeded = false;
 };
 
-// ---- the way through ----
+// ---- a complete set-up ----
 
-TEST_F(SetUpOnServer, EmptyDatabaseIsSetUpAndUsed) {
+TEST_F(SetupOnServer, EmptyDatabaseIsSetUpAndUsed) {
     SetUpStation(
         [&](SqlServerDialog& dialog, ScreenDriver& driver) {
-            dialog.Offer(Place(), {});
+            dialog.Offer(Target(), {});
             driver.Press(Qt::ALT | Qt::Key_T);
-            EXPECT_EQ(dialog.Answer(), "It works. The database holds nothing of a station's yet; "
-                                       "the set-up makes all of it.");
+            EXPECT_EQ(dialog.Answer(), "It works. The database has no station tables yet; the "
+                                       "set-up will create them.");
             EXPECT_EQ(dialog.ActiveControl(), &dialog.BtnUse);
             driver.Press(Qt::Key_Return);
         },
@@ -123,15 +123,15 @@ TEST_F(SetUpOnServer, EmptyDatabaseIsSetUpAndUsed) {
     EXPECT_NE(TheDesktop, nullptr);
 }
 
-TEST_F(SetUpOnServer, CompleteDatabaseIsUsedUnchangedByAnotherStation) {
+TEST_F(SetupOnServer, CompleteDatabaseIsUsedUnchangedByAnotherStation) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     BoxAnswers answers;
     answers.Expect(UseExisting(), BoxAnswer::Yes);
     SetUpStation([&](SqlServerDialog& dialog, ScreenDriver& driver) {
-        dialog.Offer(Place(), {});
+        dialog.Offer(Target(), {});
         driver.Press(Qt::ALT | Qt::Key_T);
         EXPECT_EQ(dialog.Answer(),
-                  "It works. There is a station's database: Veltrane; 0 arrivals, 1 user.");
+                  "It works. This is a station's database: Veltrane; 0 arrivals, 1 user.");
         driver.Press(Qt::Key_Return);
     });
     EXPECT_TRUE(succeeded);
@@ -142,11 +142,11 @@ TEST_F(SetUpOnServer, CompleteDatabaseIsUsedUnchangedByAnotherStation) {
 
 // ---- a database that has particulars already ----
 
-class SetUpOnServerWithParticulars : public SetUpOnServer {
+class SetupOnServerWithParticulars : public SetupOnServer {
 protected:
     /// A database without users, with a name, an address and a phone.
     void SetUp() override {
-        SetUpOnServer::SetUp();
+        SetupOnServer::SetUp();
         if (IsSkipped())
             return;
         SetUpSqlServerDatabase(Owner(), Particulars());
@@ -164,8 +164,8 @@ protected:
         return Ask("Select value From Project_Registry Where registrykey = '" + key + "'");
     }
     static Box Replace(const std::string& changes) {
-        return {.text = "The database already holds particulars of the company. These differ from "
-                        "what you have entered:\r\n" +
+        return {.text = "The database already contains particulars of the company. These differ "
+                        "from your entries:\r\n" +
                         changes + "\r\n\r\nReplace them in the database?",
                 .title = "Set up the station",
                 .icon = BoxIcon::Question,
@@ -175,7 +175,7 @@ protected:
     void Change(const std::function<void(CreateDatabaseDialog&)>& change,
                 const std::function<void(CreateDatabaseDialog&)>& afterwards = {}) {
         SetUpStation(
-            [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+            [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
             [&](Screen& screen, ScreenDriver& driver) {
                 DialogOf(screen).TxtUserName.SetFocus();
                 EnterUser(driver);
@@ -188,7 +188,7 @@ protected:
     }
 };
 
-TEST_F(SetUpOnServerWithParticulars, StoredDetailsFillTheBoxesAndAreKept) {
+TEST_F(SetupOnServerWithParticulars, StoredDetailsFillTheBoxesAndAreKept) {
     Change([](CreateDatabaseDialog& dialog) {
         EXPECT_EQ(dialog.TxtCompanyName.Text(), "Veltrane");
         EXPECT_EQ(dialog.TxtCompanyAddress.Text(), "14 Canal Road");
@@ -201,7 +201,7 @@ TEST_F(SetUpOnServerWithParticulars, StoredDetailsFillTheBoxesAndAreKept) {
     EXPECT_EQ(Stored("CompanyEmail"), "new@v.example");
 }
 
-TEST_F(SetUpOnServerWithParticulars, ChangedDetailsAreWrittenAfterYes) {
+TEST_F(SetupOnServerWithParticulars, ChangedDetailsAreWrittenAfterYes) {
     BoxAnswers answers;
     answers.Expect(Replace("\r\nCompany name: \"Veltrane\" becomes \"Brellix\"\r\n"
                            "Phone: \"044\" becomes \"\""),
@@ -217,7 +217,7 @@ TEST_F(SetUpOnServerWithParticulars, ChangedDetailsAreWrittenAfterYes) {
     EXPECT_EQ(StationFile::Read(folder.File("Station.ini")).CompanyNames[1], "Brellix");
 }
 
-TEST_F(SetUpOnServerWithParticulars, StoredDetailsAreShownAgainAfterNo) {
+TEST_F(SetupOnServerWithParticulars, StoredDetailsAreShownAgainAfterNo) {
     BoxAnswers answers;
     answers.Expect(Replace("\r\nAddress: \"14 Canal Road\" becomes \"Mall Road\""), BoxAnswer::No);
     Change([](CreateDatabaseDialog& dialog) { dialog.TxtCompanyAddress.SetText("Mall Road"); },
@@ -232,9 +232,9 @@ TEST_F(SetUpOnServerWithParticulars, StoredDetailsAreShownAgainAfterNo) {
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "0");
 }
 
-TEST_F(SetUpOnServerWithParticulars, DetailsOfAnotherServerReplaceTheFirstOnes) {
+TEST_F(SetupOnServerWithParticulars, DetailsOfAnotherServerReplaceTheFirstOnes) {
     SetUpStation(
-        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
         [&](Screen& screen, ScreenDriver& driver) {
             CreateDatabaseDialog& dialog = DialogOf(screen);
             dialog.TxtCompanyPhone.SetText("typed");
@@ -252,22 +252,22 @@ TEST_F(SetUpOnServerWithParticulars, DetailsOfAnotherServerReplaceTheFirstOnes) 
         });
 }
 
-TEST_F(SetUpOnServer, RejectedRowsAreNamedAndTheSetUpContinues) {
+TEST_F(SetupOnServer, RejectedRowsAreNamedAndTheSetUpContinues) {
     Owner().Execute("Create Table Project_Registry (registrykey nvarchar(40) Not Null Primary Key, "
                     "value nvarchar(100) Null, Branch int Not Null)");
     Owner().Execute("Insert Into Project_Registry Values ('CompanyName', 'Veltrane', 1)");
     BoxAnswers answers;
-    answers.Expect({.text = "The database is ready, but it did not take these rows:\r\n\r\n"
+    answers.Expect({.text = "The database is ready, but these rows could not be added:\r\n\r\n"
                             "Project_Registry: CompanyAddress\r\nProject_Registry: CompanyPhone"
                             "\r\nProject_Registry: CompanyEmail\r\n\r\nTheir tables have further "
-                            "columns that must be filled, or hold shorter texts. Please ask the "
-                            "person who looks after the database to add the rows.",
+                            "required columns, or shorter ones. Ask the person who maintains the "
+                            "database to add the rows.",
                     .title = "Set up the station",
                     .icon = BoxIcon::Exclamation,
                     .buttons = BoxButtons::Ok},
                    BoxAnswer::Ok);
     SetUpStation(
-        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
         [&](Screen& screen, ScreenDriver& driver) {
             auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);
             dialog.TxtCompanyAddress.SetFocus();
@@ -282,12 +282,12 @@ TEST_F(SetUpOnServer, RejectedRowsAreNamedAndTheSetUpContinues) {
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "1");
 }
 
-TEST_F(SetUpOnServer, CompleteDatabaseIsNotUsedAfterNo) {
+TEST_F(SetupOnServer, CompleteDatabaseIsNotUsedAfterNo) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     BoxAnswers answers;
     answers.Expect(UseExisting(), BoxAnswer::No);
     SetUpStation(
-        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
         [](Screen& screen, ScreenDriver& driver) {
             const auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);
             EXPECT_TRUE(dialog.OptThisComputer.Value());
@@ -297,19 +297,19 @@ TEST_F(SetUpOnServer, CompleteDatabaseIsNotUsedAfterNo) {
     EXPECT_FALSE(folder.Has("Config.ini"));
 }
 
-TEST_F(SetUpOnServer, StationSignInGetsOnlyTheOperatorRole) {
+TEST_F(SetupOnServer, StationSignInGetsOnlyTheOperatorRole) {
     const ServerLogin gate(Owner(), oddPassword);
-    SqlServerPlace place = Place();
-    place.userName = gate.name;
-    place.password = oddPassword;
+    SqlServerTarget target = Target();
+    target.userName = gate.name;
+    target.password = oddPassword;
     SetUpStation(
         [&](SqlServerDialog& dialog, ScreenDriver& driver) {
-            dialog.Offer(place, OwnersSignIn());
+            dialog.Offer(target, OwnersSignIn());
             driver.Press(Qt::ALT | Qt::Key_T);
             EXPECT_EQ(dialog.Answer(),
-                      "It works. The database holds nothing of a station's yet; the set-up makes "
-                      "all of it. The station's own sign-in is not known to the database yet; the "
-                      "set-up adds it with the role StationOperator.");
+                      "It works. The database has no station tables yet; the set-up will create "
+                      "them. The database does not know the station's sign-in yet; the set-up adds "
+                      "it with the role StationOperator.");
             driver.Press(Qt::Key_Return);
         },
         [&](Screen& screen, ScreenDriver& driver) {
@@ -322,7 +322,7 @@ TEST_F(SetUpOnServer, StationSignInGetsOnlyTheOperatorRole) {
         Fragment(Part("Database"), gate.name, "{" + std::string(oddPassword) + "}");
     EXPECT_EQ(folder.Read("Config.ini"), "\"" + fragment + "\"\n");
     EXPECT_EQ(folder.Read("Config.ini").find(Part("PWD")), std::string::npos)
-        << "the owner's password is not kept";
+        << "the owner's password is not stored";
     {
         const VisitModal visit(SignInAs("nadia", "grain"));
         Main();
@@ -336,34 +336,35 @@ TEST_F(SetUpOnServer, StationSignInGetsOnlyTheOperatorRole) {
     Con.reset();
 }
 
-// ---- what stands in the way ----
+// ---- failures ----
 
-TEST_F(SetUpOnServer, FailedConnectionIsExplainedAndNotAccepted) {
+TEST_F(SetupOnServer, FailedConnectionIsExplainedAndNotAccepted) {
     const ServerLogin gate(Owner(), "Weigh_2026");
     struct Case {
-        std::function<void(SqlServerPlace&)> change;
+        std::function<void(SqlServerTarget&)> change;
         std::string answer;
     };
     const Case cases[] = {
-        {[](SqlServerPlace& place) { place.password = "wrong"; },
+        {[](SqlServerTarget& target) { target.password = "wrong"; },
          "The server refuses the sign-in: the name or the password is wrong.\n"},
-        {[](SqlServerPlace& place) { place.database = "Account1_nobody"; },
+        {[](SqlServerTarget& target) { target.database = "Account1_nobody"; },
          "The server answers, but there is no database \"Account1_nobody\", or it does not know "
-         "this sign-in; the owner's, below, can change that.\n"},
-        {[&](SqlServerPlace& place) {
-             place.userName = gate.name;
-             place.password = "Weigh_2026";
+         "this sign-in. The owner's sign-in, below, can change that.\n"},
+        {[&](SqlServerTarget& target) {
+             target.userName = gate.name;
+             target.password = "Weigh_2026";
          },
          "The server answers, but there is no database \"" + Part("Database") +
-             "\", or it does not know this sign-in; the owner's, below, can change that.\n"},
-        {[](SqlServerPlace& place) { place.port = "9"; }, "No SQL Server answers at "},
+             "\", or it does not know this sign-in. The owner's sign-in, below, can change "
+             "that.\n"},
+        {[](SqlServerTarget& target) { target.port = "9"; }, "No SQL Server answers at "},
     };
     SetUpStation(
         [&](SqlServerDialog& dialog, ScreenDriver& driver) {
             for (const Case& each : cases) {
-                SqlServerPlace place = Place();
-                each.change(place);
-                dialog.Offer(place, {});
+                SqlServerTarget target = Target();
+                each.change(target);
+                dialog.Offer(target, {});
                 driver.Press(Qt::CTRL | Qt::Key_Return);
                 EXPECT_EQ(dialog.Answer().substr(0, each.answer.size()), each.answer);
                 EXPECT_TRUE(dialog.IsLoaded());
@@ -375,51 +376,53 @@ TEST_F(SetUpOnServer, FailedConnectionIsExplainedAndNotAccepted) {
     EXPECT_FALSE(folder.Has("Config.ini"));
 }
 
-TEST_F(SetUpOnServer, OwnerIsRequestedIfTheSignInMayNotCreateTables) {
+TEST_F(SetupOnServer, OwnerIsRequestedIfTheSignInMayNotCreateTables) {
     const ServerLogin gate(Owner(), "Weigh_2026");
     Owner().Execute("CREATE USER [" + gate.name + "] FOR LOGIN [" + gate.name + "]");
-    SqlServerPlace place = Place();
-    place.userName = gate.name;
-    place.password = "Weigh_2026";
-    const TryOut tried = TrySqlServer(place, {});
+    SqlServerTarget target = Target();
+    target.userName = gate.name;
+    target.password = "Weigh_2026";
+    const TryOut tried = TrySqlServer(target, {});
     EXPECT_FALSE(tried.works);
-    EXPECT_EQ(tried.answer.find("The sign-in works, but these are missing or closed to it, and it "
-                                "may not make them: Arrivals, ArrivalsBody, "),
-              0U)
+    EXPECT_EQ(
+        tried.answer.find("The sign-in works, but these tables or functions are missing, or it "
+                          "has no right to use them, and it may not create them: Arrivals, "
+                          "ArrivalsBody, "),
+        0U)
         << tried.answer;
-    EXPECT_TRUE(TrySqlServer(place, OwnersSignIn()).works);
+    EXPECT_TRUE(TrySqlServer(target, OwnersSignIn()).works);
 }
 
-TEST_F(SetUpOnServer, WrongStationSignInIsReportedDespiteACorrectOwner) {
-    SqlServerPlace place = Place();
-    place.userName = "nobody_" + Part("Database");
-    const TryOut tried = TrySqlServer(place, OwnersSignIn());
+TEST_F(SetupOnServer, WrongStationSignInIsReportedDespiteACorrectOwner) {
+    SqlServerTarget target = Target();
+    target.userName = "nobody_" + Part("Database");
+    const TryOut tried = TrySqlServer(target, OwnersSignIn());
     EXPECT_FALSE(tried.works);
     EXPECT_EQ(tried.answer.find("The owner's sign-in works, but not the station's.\n"), 0U)
         << tried.answer;
 }
 
-TEST_F(SetUpOnServer, MissingTablesAreNamed) {
+TEST_F(SetupOnServer, MissingTablesAreNamed) {
     SetUpSqlServerDatabase(Owner(), Particulars());
     Owner().Execute("DROP FUNCTION dbo.FunGetCommodity");
     Owner().Execute("DROP TABLE dbo.StationSchema");
-    EXPECT_EQ(TrySqlServer(Place(), {}).answer,
-              "It works. The set-up makes what is missing and changes nothing else: "
+    EXPECT_EQ(TrySqlServer(Target(), {}).answer,
+              "It works. The set-up will create what is missing and change nothing else: "
               "StationSchema, FunGetCommodity.");
     LongWork work;
     const NewDatabase particulars = Particulars();
-    EXPECT_TRUE(MakeSqlServerDatabaseReady(Place(), {}, &particulars, work));
-    EXPECT_TRUE(TrySqlServer(Place(), {}).contents.isComplete);
+    EXPECT_TRUE(PrepareSqlServerDatabase(Target(), {}, &particulars, work));
+    EXPECT_TRUE(TrySqlServer(Target(), {}).contents.isComplete);
     EXPECT_EQ(Ask("Select Count(*) From StationUsers"), "1");
 }
 
-// ---- breaking off ----
+// ---- cancelling ----
 
-TEST_F(SetUpOnServer, CancelledSetUpCanBeRepeated) {
+TEST_F(SetupOnServer, CancelledSetUpCanBeRepeated) {
     Connection other;
     other.Open("Driver=SQL Server;" + Fragment());
     SetUpStation(
-        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
         [&](Screen& screen, ScreenDriver& driver) {
             FillIn(driver);
             // Someone else is making a table of that name, so that the set-up waits.
@@ -439,18 +442,18 @@ TEST_F(SetUpOnServer, CancelledSetUpCanBeRepeated) {
             EXPECT_TRUE(screen.IsLoaded());
             EXPECT_FALSE(folder.Has("Config.ini"));
             EXPECT_FALSE(folder.Has("Station.ini"));
-            EXPECT_FALSE(TrySqlServer(Place(), {}).contents.isComplete);
+            EXPECT_FALSE(TrySqlServer(Target(), {}).contents.isComplete);
             driver.Press(Qt::CTRL | Qt::Key_Return);
             EXPECT_TRUE(WaitFor([&] { return !screen.IsLoaded(); }, std::chrono::seconds(60)));
         });
     EXPECT_TRUE(succeeded);
-    EXPECT_TRUE(TrySqlServer(Place(), {}).contents.isComplete);
+    EXPECT_TRUE(TrySqlServer(Target(), {}).contents.isComplete);
 }
 
-TEST_F(SetUpOnServer, ServerErrorDuringTheSetUpWritesNothing) {
+TEST_F(SetupOnServer, ServerErrorDuringTheSetUpWritesNothing) {
     Owner().Execute("CREATE VIEW dbo.Arrivals AS SELECT 1 AS ArrivalID");
     SetUpStation(
-        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Place()); },
+        [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
         [&](Screen& screen, ScreenDriver& driver) {
             FillIn(driver);
             const BoxNotes notes;

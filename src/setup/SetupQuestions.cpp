@@ -1,4 +1,4 @@
-#include "setup/SetUpQuestions.h"
+#include "setup/SetupQuestions.h"
 
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
@@ -8,7 +8,7 @@ namespace Quillane {
 
 namespace {
 
-/// Each start writes the company's name in capitals, so that their difference is none.
+/// The case of the company's name does not count: each start writes it in capitals.
 bool Replaces(const CompanyParticular& each, const NewDatabase& entered,
               const NewDatabase& stored) {
     const std::string& before = stored.*each.text;
@@ -19,9 +19,9 @@ bool Replaces(const CompanyParticular& each, const NewDatabase& entered,
 
 } // namespace
 
-void TellAlert(const std::string& text) {
+void ShowAlert(const std::string& text) {
     MsgBox({.text = text,
-            .title = SetUpTitle,
+            .title = SetupTitle,
             .icon = BoxIcon::Exclamation,
             .buttons = BoxButtons::Ok});
 }
@@ -30,8 +30,8 @@ bool AskToUse(const std::string& where, const std::string& companyName, long arr
     const std::string company = companyName.empty() ? "no company" : companyName;
     return MsgBox({.text = "There is already a database here:\r\n" + where + "\r\n(" + company +
                            "; " + std::to_string(arrivals) + " arrivals, " + std::to_string(users) +
-                           " users)\r\n\r\nUse it as it is? Nothing in it is changed.",
-                   .title = SetUpTitle,
+                           " users)\r\n\r\nUse it without changes?",
+                   .title = SetupTitle,
                    .icon = BoxIcon::Question,
                    .buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
 }
@@ -51,26 +51,26 @@ bool AskToReplace(const std::vector<const CompanyParticular*>& replaced, const N
     for (const CompanyParticular* each : replaced)
         changes += "\r\n" + std::string(each->caption) + ": \"" + stored.*each->text +
                    "\" becomes \"" + entered.*each->text + "\"";
-    return MsgBox({.text = "The database already holds particulars of the company. These differ "
-                           "from what you have entered:\r\n" +
+    return MsgBox({.text = "The database already contains particulars of the company. These differ "
+                           "from your entries:\r\n" +
                            changes + "\r\n\r\nReplace them in the database?",
-                   .title = SetUpTitle,
+                   .title = SetupTitle,
                    .icon = BoxIcon::Question,
                    .buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
 }
 
-void TellRowsNotAdded(const std::vector<std::string>& rows) {
-    std::string text = "The database is ready, but it did not take these rows:\r\n";
+void ReportRowsNotAdded(const std::vector<std::string>& rows) {
+    std::string text = "The database is ready, but these rows could not be added:\r\n";
     for (const std::string& row : rows)
         text += "\r\n" + row;
-    TellAlert(text +
-              "\r\n\r\nTheir tables have further columns that must be filled, or hold shorter "
-              "texts. Please ask the person who looks after the database to add the rows.");
+    ShowAlert(text +
+              "\r\n\r\nTheir tables have further required columns, or shorter ones. Ask the person "
+              "who maintains the database to add the rows.");
 }
 
-std::string WhereOnServer(const SqlServerPlace& place) {
-    return place.database + " on " + place.server +
-           (place.port.empty() ? "" : ", port " + place.port);
+std::string LocationOnServer(const SqlServerTarget& target) {
+    return target.database + " on " + target.server +
+           (target.port.empty() ? "" : ", port " + target.port);
 }
 
 std::string Trimmed(const TextBox& box) {

@@ -2,32 +2,32 @@
 
 #include "platform/forms/controls/TextBox.h"
 #include "setup/CompanyParticulars.h"
-#include "setup/SqlServerPlace.h"
+#include "setup/SqlServerTarget.h"
 
 #include <string>
 #include <vector>
 
-/// What the set-up asks and reports in boxes.
+/// The questions and reports of the set-up in boxes.
 namespace Quillane {
 
-inline constexpr const char* SetUpTitle = "Set up the station";
+inline constexpr const char* SetupTitle = "Set up the station";
 
-void TellAlert(const std::string& text);
+void ShowAlert(const std::string& text);
 
-/// Whether the database that is at this place already is to be used as it is.
+/// Asks whether to use the database at this location without changes.
 bool AskToUse(const std::string& where, const std::string& companyName, long arrivals, long users);
 
-/// The particulars that a database holds and that were entered differently.
+/// The particulars that differ from those in the database.
 std::vector<const CompanyParticular*> ReplacedParticulars(const NewDatabase& entered,
                                                           const NewDatabase& stored);
 bool AskToReplace(const std::vector<const CompanyParticular*>& replaced, const NewDatabase& entered,
                   const NewDatabase& stored);
 
-void TellRowsNotAdded(const std::vector<std::string>& rows);
+void ReportRowsNotAdded(const std::vector<std::string>& rows);
 
-std::string WhereOnServer(const SqlServerPlace& place);
+std::string LocationOnServer(const SqlServerTarget& target);
 
-/// The text of a box without blanks around it.
+/// The text of a box without blanks at its ends.
 std::string Trimmed(const TextBox& box);
 
 } // namespace Quillane

@@ -1,4 +1,4 @@
-#include "setup/StationSetUp.h"
+#include "setup/StationSetup.h"
 
 #include "platform/host/StationFile.h"
 #include "platform/host/StationText.h"
@@ -17,7 +17,7 @@ void StoreCompanyName(const std::string& folder, const std::string& companyName)
     current = companyName;
 }
 
-// It may hold a password.
+// The file may contain a password.
 void WriteConfigFile(const std::string& folder, const std::string& fragment) {
     WriteWholeFile(folder + "/Config.ini", ConfigFileText(fragment), FileReaders::OwnerAndGroup);
 }
@@ -44,13 +44,13 @@ void AdoptDatabase(const std::string& folder, const std::string& companyName) {
     WriteConfigFile(folder, EmbeddedFragment());
 }
 
-void PointToSqlServer(const std::string& folder, const SqlServerPlace& place,
+void PointToSqlServer(const std::string& folder, const SqlServerTarget& target,
                       const std::string& newName, const std::string& storedName) {
     if (!newName.empty())
         StoreCompanyName(folder, newName);
     else if (TheStation().CompanyNames[1].empty())
         StoreCompanyName(folder, storedName);
-    WriteConfigFile(folder, ConfigFragment(place, DriverOfThisSystem()));
+    WriteConfigFile(folder, ConfigFragment(target, DriverOfThisSystem()));
 }
 
 } // namespace Quillane

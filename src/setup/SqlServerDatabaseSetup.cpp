@@ -1,25 +1,25 @@
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
-#include "platform/ado/Connection.h"
+#include "platform/ado/Transaction.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Numbers.h"
 #include "platform/runtime/Text.h"
 #include "setup/CompanyParticulars.h"
-#include "setup/EmbeddedScripts.h"
+#include "setup/DatabaseScripts.h"
+#include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
 
 namespace Quillane {
 
 namespace {
 
-/// A text typed at set-up goes by a row, not by a statement: it may hold whatever it likes.
+/// Typed text is written through a recordset, not in a statement, so it may contain any character.
 Recordset RowsToWrite(Connection& connection, const std::string& table) {
     Recordset rows;
     rows.Open("Select * From " + table, connection, adOpenStatic, adLockOptimistic);
     return rows;
 }
 
-/// Stands on the row of that key afterwards, or at the end.
+/// Moves to the row with this key, or to the end.
 void MoveToKey(Recordset& rows, std::string_view key) {
     while (!rows.Eof() && !EqualIgnoringCase(Trim(rows.Fields("registrykey").TextOrEmpty()), key))
         rows.MoveNext();
@@ -40,8 +40,8 @@ void AddParticular(Connection& connection, std::string_view key, const std::stri
     rows.Update();
 }
 
-/// A table of the site's own may have further columns that must be filled, or be too narrow: the
-/// row is then noted and left out.
+/// A table of the site may have further required columns, or shorter ones. A row that it does not
+/// accept is noted and left out.
 void AddParticulars(Connection& connection, const NewDatabase& particulars,
                     std::vector<std::string>& rowsNotAdded) {
     for (const CompanyParticular& each : CompanyParticulars) {
@@ -74,24 +74,19 @@ void AddUser(Recordset& users, const std::string& name, const std::string& passw
     users.Update();
 }
 
-/// All or none: a broken-off set-up must not leave the first user without the second.
+/// One transaction: an interrupted set-up must not leave the first user without the second.
 void AddFirstUsers(Connection& connection, const NewDatabase& particulars, bool withSampleUser) {
-    connection.BeginTrans();
-    try {
-        Recordset users = RowsToWrite(connection, "StationUsers");
-        if (users.RecordCount() == 0) {
-            AddUser(users, particulars.userName, particulars.password, 1, particulars.hashCost);
-            if (withSampleUser && !EqualIgnoringCase(particulars.userName, SampleUserName))
-                AddUser(users, SampleUserName, SampleUserName, 2, particulars.hashCost);
-        }
-        connection.CommitTrans();
-    } catch (const Failure&) {
-        connection.RollbackTrans();
-        throw;
+    Transaction transaction(connection);
+    Recordset users = RowsToWrite(connection, "StationUsers");
+    if (users.RecordCount() == 0) {
+        AddUser(users, particulars.userName, particulars.password, 1, particulars.hashCost);
+        if (withSampleUser && !EqualIgnoringCase(particulars.userName, SampleUserName))
+            AddUser(users, SampleUserName, SampleUserName, 2, particulars.hashCost);
     }
+    transaction.Commit();
 }
 
-bool HasRowsOfAMill(Connection& connection) {
+bool HasAccountsOrArrivals(Connection& connection) {
     return connection
                .Execute("Select (Select Count(*) From ChartOfAccounts) + "
                         "(Select Count(*) From Arrivals)")
@@ -100,42 +95,37 @@ bool HasRowsOfAMill(Connection& connection) {
 }
 
 [[noreturn]] void FailOnVersion(const std::string& text) {
-    throw Failure(FailureNumber::InvalidCall, text + " The database is left as it is.",
-                  FailureSource::Database);
+    throw Failure(FailureNumber::InvalidCall, text, FailureSource::Database);
 }
 
-/// Brings an older database up to date. One without a number is new, or its set-up was broken off:
-/// the script for a new one does the rest.
+/// Upgrades an older database. A database without a version is new, or its set-up was interrupted:
+/// the script for a new one completes it.
 void RunMissingSteps(Connection& connection) {
     const double version = ReadSchemaVersion(connection);
     if (version == UnreadableSchemaVersion)
-        FailOnVersion("The schema number of the database cannot be read: the table StationSchema "
-                      "must hold one row with a number.");
+        FailOnVersion(UnreadableSchemaText());
     if (version > SchemaVersionOfProgram())
-        FailOnVersion("The database has the schema number " + NumberText(version) +
-                      ", which is newer than this program (" +
-                      NumberText(SchemaVersionOfProgram()) +
-                      "). Please install the newer program.");
+        FailOnVersion(NewerSchemaText(version));
     if (version > 0)
         RunSqlServerSchemaSteps(connection, version, SqlServerSchemaSteps());
 }
 
 } // namespace
 
-SetUpOutcome SetUpSqlServerDatabase(Connection& connection, const NewDatabase& particulars,
+SetupOutcome SetUpSqlServerDatabase(Connection& connection, const NewDatabase& particulars,
                                     const ScriptProgress& progress) {
-    SetUpOutcome outcome;
+    SetupOutcome outcome;
     RunMissingSteps(connection);
-    if (!RunScript(connection, EmbeddedScripts::SqlServerSchema, progress))
+    if (!RunScript(connection, DatabaseScripts::SqlServerSchema, progress))
         return outcome;
-    const bool withSampleRows = particulars.sampleRows && !HasRowsOfAMill(connection);
+    const bool withSampleRows = particulars.sampleRows && !HasAccountsOrArrivals(connection);
     AddParticulars(connection, particulars, outcome.rowsNotAdded);
     NoteMissingSettings(connection, outcome.rowsNotAdded);
     if (!particulars.userName.empty())
         AddFirstUsers(connection, particulars, withSampleRows);
-    // Behind the users, since these rows are what tells the next run that there is nothing to do.
+    // After the users: the next run finds these rows and adds nothing.
     if (withSampleRows)
-        RunScript(connection, EmbeddedScripts::SqlServerSampleRows);
+        RunScript(connection, DatabaseScripts::SqlServerSampleRows);
     outcome.isFinished = true;
     return outcome;
 }

@@ -1,6 +1,6 @@
 # Writes OUTPUT, a source file with one NUL-terminated text for each name and file of SCRIPTS.
 # Bytes rather than string literals: compilers limit the length of those.
-set(source "#include \"setup/EmbeddedScripts.h\"\n\nnamespace Quillane::EmbeddedScripts {\n")
+set(source "#include \"setup/DatabaseScripts.h\"\n\nnamespace Quillane::DatabaseScripts {\n")
 while(SCRIPTS)
     list(POP_FRONT SCRIPTS name file)
     file(READ "${file}" bytes HEX)
@@ -9,5 +9,5 @@ while(SCRIPTS)
     string(APPEND source "\nstatic const char bytesOf${name}[] = {\n${bytes}'\\0'};\n"
         "const char* const ${name} = bytesOf${name};\n")
 endwhile()
-string(APPEND source "\n} // namespace Quillane::EmbeddedScripts\n")
+string(APPEND source "\n} // namespace Quillane::DatabaseScripts\n")
 file(WRITE "${OUTPUT}" "${source}")

@@ -1,4 +1,4 @@
-#include "setup/SetUpChecks.h"
+#include "setup/SetupChecks.h"
 
 #include "platform/comm/LineDevice.h"
 #include "platform/forms/core/Text.h"

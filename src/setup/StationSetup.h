@@ -1,7 +1,7 @@
 #pragma once
 
 #include "setup/EmbeddedSchema.h"
-#include "setup/SqlServerPlace.h"
+#include "setup/SqlServerTarget.h"
 
 #include <string>
 
@@ -22,10 +22,10 @@ void SetUpStation(const std::string& folder, const NewDatabase& particulars);
 /// station without a company name gets it.
 void AdoptDatabase(const std::string& folder, const std::string& companyName);
 
-/// Points the station to a database on SQL Server that is ready for it. `newName` is the company's
-/// name that was given for a database without one; empty where the database has its own, which is
-/// `storedName` and becomes the station's where the station has none.
-void PointToSqlServer(const std::string& folder, const SqlServerPlace& place,
+/// Writes `Config.ini` for a prepared database on SQL Server. `newName` is the entered name of the
+/// company; it is empty if the database has a name, which is `storedName`. A station without a
+/// company name gets that one.
+void PointToSqlServer(const std::string& folder, const SqlServerTarget& target,
                       const std::string& newName, const std::string& storedName);
 
 } // namespace Quillane

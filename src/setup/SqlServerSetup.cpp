@@ -1,11 +1,11 @@
-#include "setup/SqlServerSetUp.h"
+#include "setup/SqlServerSetup.h"
 
 #include "platform/ado/Connection.h"
 #include "platform/forms/dialogs/WaitingScreen.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
 #include "setup/SchemaUpgrade.h"
-#include "setup/SqlServerSchema.h"
+#include "setup/SqlServerDatabaseSetup.h"
 
 namespace Quillane {
 
@@ -23,8 +23,8 @@ bool IsNull(Connection& connection, const std::string& expression) {
     return connection.Execute("Select " + expression).Fields(0).IsNull();
 }
 
-/// As whom the database knows the station's sign-in; empty where it does not.
-std::string UserOfStation(const SqlServerPlace& station) {
+/// The database's user for the station's sign-in; empty if there is none.
+std::string UserOfStation(const SqlServerTarget& station) {
     try {
         return OpenSqlServer(station)->Execute("Select USER_NAME()").Fields(0).TextOrEmpty();
     } catch (const Failure&) {
@@ -32,8 +32,8 @@ std::string UserOfStation(const SqlServerPlace& station) {
     }
 }
 
-// Someone signed in to Windows may be let in by a group, which only the owner knows.
-void AdmitStation(Connection& owner, const SqlServerPlace& station) {
+// A Windows user may be a member through a group, which only the owner knows.
+void AddStationUser(Connection& owner, const SqlServerTarget& station) {
     if (station.windowsSignIn)
         return;
     std::string user = UserOfStation(station);
@@ -50,45 +50,45 @@ void AdmitStation(Connection& owner, const SqlServerPlace& station) {
     const std::string isMember = "IS_ROLEMEMBER(N'StationOperator', " + InQuotes(user) + ")";
     if (owner.Execute("Select IsNull(" + isMember + ", 0)").Fields(0).Number() == 0)
         owner.Execute("ALTER ROLE StationOperator ADD MEMBER " + InBrackets(user));
-    // Gives a user who existed before the default schema of the role.
+    // Sets the default schema of a user that existed before.
     if (!isNew)
         RenewRights(owner);
 }
 
-void TryAsStation(const SqlServerPlace& station) {
+void TryAsStation(const SqlServerTarget& station) {
     const TryOut tried = TrySqlServer(station, {});
     if (!tried.works || !tried.contents.isComplete)
         throw Failure(FailureNumber::Database,
-                      "The database is ready, but the station's own sign-in is not:\n" +
+                      "The database is ready, but the station's sign-in does not work:\n" +
                           tried.answer,
                       FailureSource::Database);
 }
 
 } // namespace
 
-SetUpOutcome MakeSqlServerDatabaseReady(const SqlServerPlace& station, const OwnerSignIn& owner,
-                                        const NewDatabase* particulars, LongWork& work) {
+SetupOutcome PrepareSqlServerDatabase(const SqlServerTarget& station, const OwnerSignIn& owner,
+                                      const NewDatabase* particulars, LongWork& work) {
     work.Begin("Connecting to " + station.server);
-    const auto connection = OpenSqlServer(PlaceForSetUp(station, owner));
+    const auto connection = OpenSqlServer(TargetForSetup(station, owner));
     const auto progress = [&work](int done, int all) {
         if (done == 0)
-            work.Begin("Making what is missing in the database", all);
+            work.Begin("Creating what is missing in the database", all);
         return work.Advance(done);
     };
-    SetUpOutcome outcome;
+    SetupOutcome outcome;
     if (particulars) {
         outcome = SetUpSqlServerDatabase(*connection, *particulars, progress);
         if (!outcome)
             return outcome;
     }
-    work.Begin("Trying the station's sign-in");
+    work.Begin("Testing the station's sign-in");
     outcome.isFinished = !work.IsBrokenOff();
     if (!outcome)
         return outcome;
     if (particulars || owner.IsGiven())
         RenewRights(*connection);
     if (owner.IsGiven())
-        AdmitStation(*connection, station);
+        AddStationUser(*connection, station);
     TryAsStation(station);
     outcome.isFinished = !work.IsBrokenOff();
     return outcome;

@@ -1,4 +1,4 @@
-#include "setup/StationSetUp.h"
+#include "setup/StationSetup.h"
 
 #include "station/SampleDatabase.h"
 
@@ -14,14 +14,14 @@
 namespace Quillane {
 namespace {
 
-class StationSetUp : public testing::Test {
+class StationSetup : public testing::Test {
 protected:
     void SetUp() override { TheStation() = StationFile(); }
     void TearDown() override { TheStation() = StationFile(); }
     FreshFolder folder;
 };
 
-TEST_F(StationSetUp, LeavesTheDatabaseTheNameAndTheConfigFile) {
+TEST_F(StationSetup, WritesTheDatabaseTheNameAndTheConfigFile) {
     SetUpStation(folder.path, SampleParticulars());
     EXPECT_EQ(LookAtEmbeddedDatabase(folder.File("Account1.db")).companyName,
               "Veltrane Flour Mills");
@@ -32,7 +32,7 @@ TEST_F(StationSetUp, LeavesTheDatabaseTheNameAndTheConfigFile) {
 }
 
 // The one holds the users' hashes, the other may hold a password.
-TEST_F(StationSetUp, LeavesTheDatabaseAndTheConfigFileToOwnerAndGroup) {
+TEST_F(StationSetup, RestrictsTheDatabaseAndTheConfigFileToOwnerAndGroup) {
     const mode_t before = ::umask(0);
     SetUpStation(folder.path, SampleParticulars());
     ::umask(before);
@@ -44,21 +44,21 @@ TEST_F(StationSetUp, LeavesTheDatabaseAndTheConfigFileToOwnerAndGroup) {
     EXPECT_NE(fs::status(folder.File("Station.ini")).permissions(), ownerAndGroup);
 }
 
-TEST_F(StationSetUp, LeavesAStationFileThatHasTheNameAlone) {
+TEST_F(StationSetup, DoesNotChangeAStationFileWithTheName) {
     folder.Write("Station.ini", "[CompanyNames]\n1=Veltrane Flour Mills\n# mine\n");
     TheStation() = StationFile::Read(folder.File("Station.ini"));
     SetUpStation(folder.path, SampleParticulars());
     EXPECT_EQ(folder.Read("Station.ini"), "[CompanyNames]\n1=Veltrane Flour Mills\n# mine\n");
 }
 
-TEST_F(StationSetUp, WritesNoConfigFileWhereTheDatabaseCannotBeMade) {
+TEST_F(StationSetup, WritesNoConfigFileIfTheDatabaseCannotBeCreated) {
     folder.Write("Account1.db", "something else");
     EXPECT_THROW(SetUpStation(folder.path, SampleParticulars()), Failure);
     EXPECT_FALSE(folder.Has("Config.ini"));
     EXPECT_EQ(folder.Read("Account1.db"), "something else");
 }
 
-TEST_F(StationSetUp, AdoptsADatabaseWithItsName) {
+TEST_F(StationSetup, AdoptsADatabaseWithItsName) {
     AdoptDatabase(folder.path, "Brellix");
     EXPECT_EQ(TheStation().CompanyNames[1], "Brellix");
     EXPECT_TRUE(folder.Has("Config.ini"));

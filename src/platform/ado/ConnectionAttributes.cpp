@@ -1,4 +1,4 @@
-#include "platform/ado/ConnectionString.h"
+#include "platform/ado/ConnectionAttributes.h"
 
 #include "platform/runtime/Text.h"
 
@@ -16,7 +16,7 @@ std::string_view WithoutBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// Takes a value in braces off the front of `rest`, and whatever stands up to the semicolon.
+/// Removes a value in braces from the front of `rest`, and everything up to the semicolon.
 std::string TakeBracedValue(std::string_view& rest) {
     std::string value;
     std::size_t at = 1;
@@ -43,7 +43,7 @@ std::string TakeValue(std::string_view& rest) {
 
 } // namespace
 
-ConnectionString::ConnectionString(std::string_view text) : whole_(text) {
+ConnectionAttributes::ConnectionAttributes(std::string_view text) : whole_(text) {
     std::string_view rest = text;
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find_first_of("=;"), rest.size());
@@ -57,7 +57,7 @@ ConnectionString::ConnectionString(std::string_view text) : whole_(text) {
     }
 }
 
-std::string ConnectionString::Get(std::string_view key) const {
+std::string ConnectionAttributes::Get(std::string_view key) const {
     const auto found = std::find_if(entries_.begin(), entries_.end(), [key](const auto& entry) {
         return EqualIgnoringCase(entry.first, key);
     });

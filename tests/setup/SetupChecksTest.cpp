@@ -1,6 +1,6 @@
-// The station's folder and ports, looked at before the set-up's form is shown.
+// The checks of the station's folder and ports before the set-up dialog is shown.
 
-#include "setup/SetUpChecks.h"
+#include "setup/SetupChecks.h"
 
 #include "platform/host/StationFile.h"
 #include "station/FreshFolder.h"
@@ -23,40 +23,40 @@ namespace {
 constexpr unsigned nobody = 65534;
 constexpr int notPossibleHere = 77;
 
-/// Writes what the check says of a folder; for a process of its own.
-[[noreturn]] void TellFault(const std::string& folder) {
-    std::string told = "it takes files";
+/// Prints the result of the check of a folder; for a child process.
+[[noreturn]] void PrintFault(const std::string& folder) {
+    std::string result = "it is writable";
     try {
         CheckFolderTakesFiles(folder);
     } catch (const Failure& failure) {
-        told = failure.Description();
+        result = failure.Description();
     }
-    std::fputs(told.c_str(), stderr);
+    std::fputs(result.c_str(), stderr);
     std::_Exit(0);
 }
 
 // Root may do everything.
-[[noreturn]] void TellFaultAsNobody(const std::string& folder) {
+[[noreturn]] void PrintFaultAsNobody(const std::string& folder) {
     if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0))
         std::_Exit(notPossibleHere);
-    TellFault(folder);
+    PrintFault(folder);
 }
 
-/// On a disk of a size of its own, which only this process sees.
-[[noreturn]] void TellFaultOnDisk(const std::string& folder, const char* options,
-                                  unsigned long flags) {
+/// On a small disk that only this process sees.
+[[noreturn]] void PrintFaultOnDisk(const std::string& folder, const char* options,
+                                   unsigned long flags) {
     if (::unshare(CLONE_NEWNS | (::geteuid() == 0 ? 0 : CLONE_NEWUSER)) != 0 ||
         ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
         ::mount("small", folder.c_str(), "tmpfs", flags, options) != 0)
         std::_Exit(notPossibleHere);
-    TellFault(folder);
+    PrintFault(folder);
 }
 
-/// Whether a disk of its own can be given to a process; not in every container.
+/// True if this user may mount a disk; not in every container.
 bool MayMount(const std::string& folder) {
     const pid_t child = ::fork();
     if (child == 0)
-        TellFaultOnDisk(folder, "size=100k", 0);
+        PrintFaultOnDisk(folder, "size=100k", 0);
     int status = 0;
     ::waitpid(child, &status, 0);
     return WEXITSTATUS(status) == 0;
@@ -66,12 +66,12 @@ std::string Refusal(const std::string& folder, const std::string& why) {
     return "^Nothing can be stored in the station folder " + folder + ": " + why + "\\.";
 }
 
-class SetUpChecks : public testing::Test {
+class SetupChecks : public testing::Test {
 protected:
     FreshFolder folder;
 };
 
-TEST_F(SetUpChecks, PassAFolderThatTakesFilesAndLeaveNothingInIt) {
+TEST_F(SetupChecks, AcceptAWritableFolderAndLeaveNoFile) {
     for (const char* name : {"gate", "gate north", "گیٹ شمالی"}) {
         std::filesystem::create_directory(folder.File(name));
         EXPECT_NO_THROW(CheckFolderTakesFiles(folder.File(name))) << name;
@@ -79,7 +79,7 @@ TEST_F(SetUpChecks, PassAFolderThatTakesFilesAndLeaveNothingInIt) {
     }
 }
 
-TEST_F(SetUpChecks, RefuseAFolderThatIsMissing) {
+TEST_F(SetupChecks, RefuseAMissingFolder) {
     const Failure failure = FailureOf([&] { CheckFolderTakesFiles(folder.File("gone")); });
     EXPECT_EQ(failure.Number(), 75);
     EXPECT_TRUE(failure.Description().starts_with("Nothing can be stored in the station folder " +
@@ -87,37 +87,37 @@ TEST_F(SetUpChecks, RefuseAFolderThatIsMissing) {
                                                   ": No such file or directory."));
 }
 
-TEST_F(SetUpChecks, RefuseAFolderThatThisUserMayOnlyRead) {
+TEST_F(SetupChecks, RefuseAReadOnlyFolder) {
     ::chmod(folder.path.c_str(), 0555);
-    EXPECT_EXIT(TellFaultAsNobody(folder.path), testing::ExitedWithCode(0),
+    EXPECT_EXIT(PrintFaultAsNobody(folder.path), testing::ExitedWithCode(0),
                 Refusal(folder.path, "Permission denied"));
     ::chmod(folder.path.c_str(), 0700);
 }
 
-TEST_F(SetUpChecks, RefuseAFolderOfAnotherUser) {
+TEST_F(SetupChecks, RefuseAFolderOfAnotherUser) {
     ::chmod(folder.path.c_str(), ::geteuid() == 0 ? 0700 : 0);
-    EXPECT_EXIT(TellFaultAsNobody(folder.path), testing::ExitedWithCode(0),
+    EXPECT_EXIT(PrintFaultAsNobody(folder.path), testing::ExitedWithCode(0),
                 Refusal(folder.path, "Permission denied"));
     ::chmod(folder.path.c_str(), 0700);
 }
 
-TEST_F(SetUpChecks, RefuseAFullDisk) {
+TEST_F(SetupChecks, RefuseAFullDisk) {
     if (!MayMount(folder.path))
-        GTEST_SKIP() << "No disk can be mounted here";
-    EXPECT_EXIT(TellFaultOnDisk(folder.path, "size=100k", 0), testing::ExitedWithCode(0),
+        GTEST_SKIP() << "this user may not mount a file system: run the test as root";
+    EXPECT_EXIT(PrintFaultOnDisk(folder.path, "size=100k", 0), testing::ExitedWithCode(0),
                 Refusal(folder.path, "No space left on device"));
-    EXPECT_EXIT(TellFaultOnDisk(folder.path, "size=10m", 0), testing::ExitedWithCode(0),
-                "it takes files");
+    EXPECT_EXIT(PrintFaultOnDisk(folder.path, "size=10m", 0), testing::ExitedWithCode(0),
+                "it is writable");
 }
 
-TEST_F(SetUpChecks, RefuseADiskThatCanOnlyBeRead) {
+TEST_F(SetupChecks, RefuseAReadOnlyDisk) {
     if (!MayMount(folder.path))
-        GTEST_SKIP() << "No disk can be mounted here";
-    EXPECT_EXIT(TellFaultOnDisk(folder.path, "size=10m", MS_RDONLY), testing::ExitedWithCode(0),
+        GTEST_SKIP() << "this user may not mount a file system: run the test as root";
+    EXPECT_EXIT(PrintFaultOnDisk(folder.path, "size=10m", MS_RDONLY), testing::ExitedWithCode(0),
                 Refusal(folder.path, "Read-only file system"));
 }
 
-TEST_F(SetUpChecks, LookAtTheFirstPortWhereTheStationFileNamesNone) {
+TEST_F(SetupChecks, CheckTheFirstPortByDefault) {
     StationFile station;
     const bool there = std::filesystem::exists("/dev/ttyS0");
     const std::string faults = PortFaults(station);
@@ -127,7 +127,7 @@ TEST_F(SetUpChecks, LookAtTheFirstPortWhereTheStationFileNamesNone) {
         << faults;
 }
 
-TEST_F(SetUpChecks, NameAPortThatThisUserMayNotUse) {
+TEST_F(SetupChecks, NameAPortWithoutPermission) {
     StationFile station;
     station.Ports[3] = folder.File("line");
     folder.Write("line", "");

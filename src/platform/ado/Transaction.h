@@ -3,7 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 
-namespace Quillane::Office {
+namespace Quillane {
 
 /// A transaction that is rolled back unless it has been committed.
 class Transaction {
@@ -35,4 +35,4 @@ private:
     bool isOpen_ = true;
 };
 
-} // namespace Quillane::Office
+} // namespace Quillane
