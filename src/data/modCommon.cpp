@@ -17,7 +17,6 @@ namespace {
 
 constexpr int backspace = 8;
 constexpr int point = '.';
-constexpr Colour visitedTint = 0xC0FFFF;
 
 void ShowFailure(std::string_view description, std::string_view source) {
     MsgBox({.text = std::string(description),
@@ -66,7 +65,7 @@ void MarkActiveText(Screen& screen) {
     if (!screen.isVisible() || !box || !box->Visible() || !box->Enabled())
         return;
     box->SelectAll();
-    box->SetBackColor(visitedTint);
+    box->SetBackColor(VisitedTint);
     box->SetFocus();
 }
 

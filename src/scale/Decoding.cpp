@@ -22,16 +22,16 @@ std::size_t NextSeparator(std::string_view text, std::size_t at) {
     return at;
 }
 
-/// The digit run picked for reading. `blankBehind`: others follow it, and the text form of the
-/// token then ends in one blank.
+/// The digit run that is read. `trailingBlank`: further runs follow, and the text of the token then
+/// ends with a blank.
 struct WeightToken {
     std::string_view digits;
-    bool blankBehind = false;
+    bool trailingBlank = false;
 };
 
-/// Takes a text apart as far as needed: separating digits from the rest, dropping the first run
-/// and cutting out the next gives the same as knowing where the first three runs begin. That
-/// is looked for in one pass, which ends at the third.
+/// Finds the first two digit runs of a text, and whether a third one follows. One pass is enough
+/// for what the rules describe in steps: replace all other characters by blanks, drop the first
+/// run, take the next.
 struct DigitRuns {
     explicit DigitRuns(std::string_view text) {
         const std::size_t first = NextDigit(text, 0);
@@ -73,7 +73,7 @@ std::string PlainNumber(std::string_view digits) {
     if (leadingZeros == std::string_view::npos)
         return "0";
     digits.remove_prefix(leadingZeros);
-    // Up to fifteen digits the general number form is the digits themselves.
+    // Numbers of up to fifteen digits are shown as these digits.
     return digits.size() <= 15 ? std::string(digits) : NumberText(Val(digits));
 }
 
@@ -95,7 +95,7 @@ std::optional<std::string> DecodeLiveWeight(std::string_view rawText, const Live
     }
     if (!reading.reversed)
         return PlainNumber(token.digits);
-    std::string weight(token.blankBehind ? 1 : 0, ' ');
+    std::string weight(token.trailingBlank ? 1 : 0, ' ');
     weight.append(token.digits.rbegin(), token.digits.rend());
     return weight;
 }

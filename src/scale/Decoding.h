@@ -13,9 +13,10 @@ struct LiveReading {
     bool reversed = false;
 };
 
-/// The weight in what an indicator has sent since the last look, or none: no change. The text is a
-/// stream of digit runs; the first run is thrown away and the next one is read, cut and perhaps
-/// reversed. One char is one byte received. A negative length fails (5) unless the text is empty.
+/// The weight in the bytes that an indicator has sent since the last read, or none if the reading
+/// does not change. The text is a sequence of digit runs: the first run is dropped, the next one is
+/// cut and, if set, reversed. One char is one byte. A negative length fails (5) unless the text is
+/// empty.
 std::optional<std::string> DecodeLiveWeight(std::string_view rawText, const LiveReading& reading);
 
 struct TestWeight {
@@ -23,8 +24,8 @@ struct TestWeight {
     std::string modified;    ///< the weight as the settings make it
 };
 
-/// The same for the bench, where settings are tried out; it differs from the live reading in how it
-/// takes few runs, short tokens, empty text and the reversal, and is kept apart on purpose.
+/// The same for the bench, where settings are tried. It differs from the live reading for few runs,
+/// short tokens, empty text and the reversal; the difference is required.
 TestWeight DecodeTestWeight(std::string_view rawText, std::string_view direction,
                             std::string_view lengthText, bool reversed);
 

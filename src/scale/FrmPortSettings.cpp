@@ -14,7 +14,6 @@ namespace Quillane {
 
 FrmPortSettings::FrmPortSettings() : Screen("FrmPortSettings", "Port Testing") {
     WireEvents();
-    SetTabOrder();
     DesignControls();
     DescribeControls();
     LayOut();
@@ -55,7 +54,7 @@ void FrmPortSettings::CmdOpenPort_Click() {
     }
 }
 
-// Five looks in a row: the first takes what has arrived, the others as a rule add nothing.
+// Reads five times in a row. Usually the first read gets everything.
 void FrmPortSettings::CmdGetWeight_Click() {
     for (int look = 0; look < 5; ++look)
         TxtRawWeight.SetText(TxtRawWeight.Text() + FromQt(QString::fromLatin1(CM.Input())));
@@ -65,7 +64,7 @@ void FrmPortSettings::CmdModifiedWeight_Click() {
     Timer.SetEnabled(true);
 }
 
-// Both boxes on every tick, also when nothing has arrived: between bursts they show nothing and 0.
+// Writes both boxes on every tick. If nothing has arrived, they show an empty text and 0.
 void FrmPortSettings::ReadTestWeight() {
     try {
         const std::string rawText = CM.Input();
@@ -91,7 +90,7 @@ void FrmPortSettings::CmdSave_Click() {
     }
 }
 
-// In no transaction: after a failure the settings before it are stored.
+// Without a transaction: after a failure the settings before it stay stored.
 void FrmPortSettings::StoreSettings() {
     const std::string direction = CboDirection.Text();
     Con->Execute(UpdateStatement(PortNameSetting, PortNumber()));

@@ -14,9 +14,10 @@ class QLayout;
 
 namespace Quillane {
 
-/// The bench on which an indicator's line is worked out: line settings, the raw text, a try-out of
-/// direction, length and reversal, and saving. It always comes up with the same defaults, whatever
-/// is stored. Its line closes with the object: make a new screen for each showing.
+/// The screen on which the settings for an indicator are determined: line settings, the raw text, a
+/// test of direction, length and reversal, and saving. It always opens with the same defaults, not
+/// with the stored settings. The destructor closes its line, so a new screen is needed for each
+/// showing.
 class FrmPortSettings : public Screen {
 public:
     FrmPortSettings();
@@ -32,7 +33,7 @@ public:
     ComboBox CboStopBits{*this, "CboStopBits", {"1", "1.5", "2"}};
     CommandButton CmdOpenPort{*this, "CmdOpenPort", "Open Port"};
     CommandButton CmdGetWeight{*this, "CmdGetWeight", "Get Weight"};
-    TextBox TxtRawWeight{*this, "TxtRawWeight"}; ///< what was received, to the byte
+    TextBox TxtRawWeight{*this, "TxtRawWeight"}; ///< the bytes received, unchanged
     Frame Frame2{*this, "Frame2", ""};
     TextBox TxtDataFrom{*this, "TxtDataFrom"}; ///< how many digits are kept
     ComboBox CboDirection{*this, "CboDirection", {"Left", "Right"}};
@@ -41,7 +42,7 @@ public:
     TextBox TxtNotModified{*this, "TxtNotModified"};
     TextBox TxtModifiedWeight{*this, "TxtModifiedWeight"};
     Quillane::Timer Timer{*this, "Timer", 200, false};
-    /// The try-out reads a number only where a third one follows.
+    /// The test reads a number only if a third one follows, so several frames are buffered.
     MSComm CM{*this, "CM", 1, "2400,n,8,1", 3};
     CommandButton CmdSave{*this, "CmdSave", "Save"};
     CommandButton CmdClose{*this, "CmdClose", "Close"};
@@ -49,12 +50,12 @@ public:
     std::string LineSettings; ///< as last composed: 2400,n,8,1
 
     void SetDefaultLists();
-    /// One tick of the try-out. Failures are reported.
+    /// One tick of the test. Failures are reported.
     void ReadTestWeight();
 
-    /// Failures are reported; so are those of the save.
+    /// Failures are reported, also by the save.
     void CmdOpenPort_Click();
-    /// Without a trap: with the line closed it ends the process.
+    /// Has no trap: if the line is closed, the failure ends the process.
     void CmdGetWeight_Click();
     void CmdModifiedWeight_Click();
     void CmdSave_Click();
@@ -65,15 +66,12 @@ protected:
 
 private:
     void WireEvents();
-    void SetTabOrder();
     void DesignControls();
     void DescribeControls();
     void LayOut();
     void LayOutPortSettings();
     void LayOutReading();
     void SizeControls();
-    bool OnSmallDisplay() const;
-    int TypeSize() const;
     QBoxLayout* RowsOf(Frame& frame) const;
     QLayout* ButtonRow();
 

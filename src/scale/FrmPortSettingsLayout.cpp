@@ -1,9 +1,9 @@
 #include "platform/forms/controls/Label.h"
+#include "platform/forms/core/ScreenLook.h"
 #include "scale/FrmPortSettings.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
-#include <QScreen>
 
 #include <algorithm>
 #include <initializer_list>
@@ -29,20 +29,15 @@ QGridLayout* NewRow() {
 
 } // namespace
 
-void FrmPortSettings::SetTabOrder() {
-    int index = 0;
-    for (VisualControl* control : std::initializer_list<VisualControl*>{
-             &CboPortName, &CboBitsPerSecond, &CboDataBits, &CboParity, &CboStopBits, &CmdOpenPort,
-             &CmdGetWeight, &TxtRawWeight, &TxtDataFrom, &CboDirection, &ChkIsReversed,
-             &CmdModifiedWeight, &TxtNotModified, &TxtModifiedWeight, &CmdSave, &CmdClose})
-        control->SetTabIndex(index++);
-}
-
 void FrmPortSettings::DesignControls() {
+    NumberInTabOrder({&CboPortName, &CboBitsPerSecond, &CboDataBits, &CboParity, &CboStopBits,
+                      &CmdOpenPort, &CmdGetWeight, &TxtRawWeight, &TxtDataFrom, &CboDirection,
+                      &ChkIsReversed, &CmdModifiedWeight, &TxtNotModified, &TxtModifiedWeight,
+                      &CmdSave, &CmdClose});
     TxtDataFrom.SetAlignment(TextBox::Alignment::Right);
     TxtDataFrom.SetMaxLength(1);
-    // Of even width, so that the repetitions of a frame can be seen.
-    const double points = TypeSize();
+    // A fixed-width font, so that repeated frames can be recognised.
+    const double points = LetterSize(*this);
     TxtRawWeight.SetFont("Courier New", points + 2, false);
     TxtRawWeight.SetControlSymbols(true);
     TxtNotModified.SetFont("Courier New", points + 4, false);
@@ -80,24 +75,22 @@ void FrmPortSettings::DescribeControls() {
 }
 
 void FrmPortSettings::LayOut() {
-    QFont type = font();
-    type.setPointSize(TypeSize());
-    setFont(type);
+    SetLetterSize(*this);
     LayOutPortSettings();
     LayOutReading();
     SizeControls();
     auto* whole = new QVBoxLayout(this);
-    const int margin = OnSmallDisplay() ? 8 : 20;
+    const int margin = OnSmallDisplay(*this) ? 8 : 20;
     whole->setContentsMargins(margin, margin, margin, margin);
-    whole->setSpacing(OnSmallDisplay() ? 6 : 16);
+    whole->setSpacing(OnSmallDisplay(*this) ? 6 : 16);
     whole->addWidget(&Frame1.Widget());
     whole->addWidget(&Frame2.Widget());
     whole->addStretch(1);
     whole->addLayout(ButtonRow());
-    const QSize room = screen()->availableSize() - QSize(8, 40); // less the window's frame
-    // The wider, the more of the raw text is in view.
-    const int width = std::clamp(room.width() * 3 / 4, 880, 1200);
-    resize(sizeHint().expandedTo(QSize(width, 0)).boundedTo(room));
+    const QSize largest = LargestWindow(*this);
+    // A wide screen shows more of the raw text.
+    const int width = std::clamp(largest.width() * 3 / 4, 880, 1200);
+    resize(sizeHint().expandedTo(QSize(width, 0)).boundedTo(largest));
 }
 
 void FrmPortSettings::LayOutPortSettings() {
@@ -142,7 +135,7 @@ void FrmPortSettings::LayOutReading() {
 
 QBoxLayout* FrmPortSettings::RowsOf(Frame& frame) const {
     auto* rows = new QVBoxLayout(&frame.Widget());
-    if (!OnSmallDisplay()) {
+    if (!OnSmallDisplay(*this)) {
         rows->setContentsMargins(16, 12, 16, 16);
         rows->setSpacing(14);
     }
@@ -158,29 +151,16 @@ QLayout* FrmPortSettings::ButtonRow() {
     return row;
 }
 
-// Buttons that are easy to hit, and entries of about the same height.
+// Large buttons, and entries of about the same height.
 void FrmPortSettings::SizeControls() {
-    const QSize least = OnSmallDisplay() ? QSize(84, 28) : QSize(120, 40);
+    const QSize least = OnSmallDisplay(*this) ? QSize(84, 28) : QSize(120, 40);
     for (VisualControl* button : std::initializer_list<VisualControl*>{
              &CmdOpenPort, &CmdGetWeight, &CmdModifiedWeight, &CmdSave, &CmdClose})
         button->Widget().setMinimumSize(least);
     for (VisualControl* entry : std::initializer_list<VisualControl*>{
              &CboPortName, &CboBitsPerSecond, &CboDataBits, &CboParity, &CboStopBits, &TxtRawWeight,
              &TxtDataFrom, &CboDirection, &TxtNotModified, &TxtModifiedWeight})
-        entry->Widget().setMinimumHeight(OnSmallDisplay() ? 0 : 34);
-}
-
-// A display of few points, such as 1280 by 800 at twice the scale.
-bool FrmPortSettings::OnSmallDisplay() const {
-    const QSize room = screen()->availableSize();
-    return room.width() < 900 || room.height() < 560;
-}
-
-int FrmPortSettings::TypeSize() const {
-    const QSize room = screen()->availableSize();
-    if (OnSmallDisplay())
-        return 9;
-    return room.width() < 1600 || room.height() < 900 ? 12 : 14;
+        entry->Widget().setMinimumHeight(OnSmallDisplay(*this) ? 0 : 34);
 }
 
 } // namespace Quillane

@@ -49,8 +49,7 @@ void PortSession::ReadLiveWeight() {
         const std::string rawText = line_.Input();
         if (rawText.empty())
             return;
-        // Twice: the operator may press a weight button before the decoding or during it, and then
-        // takes the reading before this one.
+        // Twice. An operator who presses a weight button meanwhile gets the former reading.
         screen_.DoEvents();
         screen_.DoEvents();
         if (const auto weight = DecodeLiveWeight(rawText, ReadLiveReading(portSettingsRows_)))

@@ -8,22 +8,23 @@
 
 namespace Quillane {
 
-/// Keeps the indicator's reading on a screen: opens the line with the stored settings, looks at it
-/// on a timer and puts each decoded reading into the reading box. It only listens.
+/// Shows the indicator's reading on a screen: opens the line with the stored settings, reads it on
+/// a timer and writes each decoded reading to the reading box. It sends nothing.
 class PortSession {
 public:
     PortSession(Screen& screen, MSComm& line, Timer& timer, TextBox& reading,
                 Recordset& portSettingsRows);
 
-    /// Polls every 300 ms from then on. Failures are reported; the steps after one are not done.
+    /// Opens the line unless it is open, and reads it every 300 ms. A failure is reported, and the
+    /// remaining steps are skipped.
     void OpenScalePort();
-    /// Polls every 200 ms, and opens without asking: not the same procedure, on purpose.
+    /// Opens the line in any case and reads it every 200 ms. The difference is required.
     void ReopenScalePort();
-    /// One look at the line. Failures are reported and leave the reading as it was.
+    /// Reads the line once. A failure is reported and does not change the reading.
     void ReadLiveWeight();
 
 private:
-    /// Closes the line and gives it the stored port number and settings, where there are any.
+    /// Closes the line and sets the stored port number and settings, if there are any.
     void ApplySettings();
 
     Screen& screen_;

@@ -13,8 +13,8 @@ Value FirstValue(Recordset& rows, const PortSetting& setting) {
     return rows.Fields("RegistryValue");
 }
 
-/// The value of the one row; none where there is not exactly one.
-std::optional<Value> ValueOfTheOne(Recordset& rows, const PortSetting& setting) {
+/// The value if there is exactly one row.
+std::optional<Value> ValueOfSingleRow(Recordset& rows, const PortSetting& setting) {
     rows.SetFilter(setting.filter);
     if (rows.RecordCount() != 1)
         return std::nullopt;
@@ -45,14 +45,14 @@ std::string ComposeLineSettings(std::string_view rate, std::string_view parity,
 }
 
 std::optional<std::string> SingleValue(Recordset& portSettingsRows, const PortSetting& setting) {
-    const auto value = ValueOfTheOne(portSettingsRows, setting);
+    const auto value = ValueOfSingleRow(portSettingsRows, setting);
     return value ? std::optional(value->Text()) : std::nullopt;
 }
 
 LiveReading ReadLiveReading(Recordset& portSettingsRows) {
     LiveReading reading;
-    // It is only compared, so a Null is a direction too: the left.
-    if (const auto direction = ValueOfTheOne(portSettingsRows, DirectionSetting))
+    // The direction is only compared with "Right", so a Null means left.
+    if (const auto direction = ValueOfSingleRow(portSettingsRows, DirectionSetting))
         reading.direction = direction->TextOrEmpty();
     if (reading.direction)
         reading.length = Val(FirstValue(portSettingsRows, LengthSetting).Text());

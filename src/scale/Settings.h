@@ -10,8 +10,8 @@ namespace Quillane {
 
 class Recordset;
 
-/// What finds, and writes, one row of the table `PortSettings`. The table has its five rows
-/// beforehand: the system updates them and never adds one.
+/// The texts that find and update one row of the table `PortSettings`. The program updates the five
+/// rows of the table and never adds one.
 struct PortSetting {
     std::string_view name;
     std::string_view filter;      ///< finds the row in a recordset of the whole table
@@ -34,24 +34,24 @@ inline constexpr PortSetting LengthSetting{"DataLength", "Registrykey = 'DataLen
 inline constexpr PortSetting ReversalSetting{"IsReversed", "Registrykey = 'IsReversed'",
                                              "' where registrykey = 'IsReversed'"};
 
-/// The statement that stores one value. The value is not escaped: one with an apostrophe
-/// breaks the statement.
+/// The statement that stores one value. The value is not escaped: an apostrophe makes the statement
+/// invalid.
 std::string UpdateStatement(const PortSetting& setting, std::string_view value);
 
-/// The line settings as the port takes them, from the texts of the bench's lists: blanks at the
-/// ends go, and of the parity's name the first letter stays, in lower case.
+/// The line settings in the form of the port, from the texts of the bench's lists. Blanks at both
+/// ends are removed; the parity is the first letter of its name, in lower case.
 std::string ComposeLineSettings(std::string_view rate, std::string_view parity,
                                 std::string_view dataBits, std::string_view stopBits);
 
-/// The value of a setting of which there must be exactly one row; none where there is not. A Null
-/// fails (94). Leaves the recordset filtered.
+/// The value of a setting; none unless there is exactly one row. A Null fails (94). The filter of
+/// the recordset stays set.
 std::optional<std::string> SingleValue(Recordset& portSettingsRows, const PortSetting& setting);
 
-/// How the weight is to be read, from the rows of `PortSettings`: direction, length (only with a
-/// direction), reversal, in this order. A direction that is missing or doubled is absent, a Null
-/// counts as left; a missing length or reversal fails (3021), and so does a Null (94), of doubled
-/// ones the first counts. The length is read leniently; a reversal that is no number fails (13).
-/// Leaves the recordset filtered.
+/// Reads the settings for the decoding from the rows of `PortSettings`: direction, length (only
+/// with a direction) and reversal, in this order. The direction is absent unless there is exactly
+/// one row; a Null is left. A missing length or reversal fails (3021), a Null fails (94); of
+/// several rows the first is used. The length is read leniently; a reversal that is not a number
+/// fails (13). The filter of the recordset stays set.
 LiveReading ReadLiveReading(Recordset& portSettingsRows);
 
 } // namespace Quillane

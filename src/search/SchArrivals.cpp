@@ -3,9 +3,9 @@
 #include "data/Con.h"
 #include "data/modCommon.h"
 #include "platform/forms/core/KeyCodes.h"
+#include "platform/forms/core/ScreenLook.h"
+#include "platform/forms/dialogs/SearchLook.h"
 #include "platform/runtime/Failure.h"
-#include "platform/runtime/Text.h"
-#include "search/SearchLook.h"
 #include "search/SearchStatements.h"
 
 #include <QHBoxLayout>
@@ -14,8 +14,6 @@ namespace Quillane {
 
 namespace {
 
-constexpr Colour Black = 0x000000;
-constexpr Colour Grey = 0xCFCFCF;
 constexpr QSize LeastSize(960, 600);
 constexpr int DaysShown = 365;
 
@@ -48,12 +46,12 @@ void SchArrivals::DesignGrid() {
     GrdSch.AddColumn("ArrivalDate", "Arrival Date", 2090, "dd/MM/yyyy");
     GrdSch.AddColumn("PartyName", "Party Name", 6165);
     GrdSch.AddColumn("Commodity", "Commodity", 4419);
-    GrdSch.SetActiveRowStyle(Black, Grey);
+    GrdSch.SetActiveRowStyle(Black, ActiveRowGrey);
     GrdSch.SetAccessibleName("Arrivals found");
 }
 
 void SchArrivals::LayOut() {
-    SetTabOrder(
+    NumberInTabOrder(
         {&TxtFilterId, &TxtFilter, &GrdSch, &BtnSelect, &BtnClose, &DtpFromDate, &DtpToDate});
     SetLetterSize(*this);
     auto* filters = new QHBoxLayout;
@@ -154,16 +152,13 @@ void SchArrivals::Form_KeyDown(int& key, int shift) {
     }
 }
 
-// Enter on a button is not consumed: the button handles it.
 void SchArrivals::HandleEnter(int& key) {
-    const std::string name = UpperCase(ActiveControlName());
-    if (name.starts_with("BTN"))
+    if (ActiveControl() != &GrdSch) {
+        EnterAsTab(key);
         return;
+    }
     key = 0;
-    if (name == "GRDSCH")
-        BtnSelect_Click();
-    else
-        SendTab();
+    BtnSelect_Click();
 }
 
 } // namespace Quillane

@@ -3,9 +3,10 @@
 #include "data/Con.h"
 #include "data/modCommon.h"
 #include "platform/forms/core/KeyCodes.h"
+#include "platform/forms/core/ScreenLook.h"
+#include "platform/forms/dialogs/SearchLook.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
-#include "search/SearchLook.h"
 #include "search/SearchStatements.h"
 
 #include <QHBoxLayout>
@@ -36,7 +37,7 @@ void SchParty::WireEvents() {
 }
 
 void SchParty::DesignControls() {
-    SetTabOrder({&TxtFilter, &Grid, &CmdSelect, &CmdClose, &TxtFilterId});
+    NumberInTabOrder({&TxtFilter, &Grid, &CmdSelect, &CmdClose, &TxtFilterId});
     TxtFilter.SetMaxLength(LongestFilter);
     TxtFilterId.SetMaxLength(LongestFilter);
     Grid.AddColumn("ID", "Party ID", 1720);

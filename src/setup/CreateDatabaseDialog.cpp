@@ -78,9 +78,8 @@ void CreateDatabaseDialog::Form_KeyDown(int& key, int shift) {
                (shift == ShiftState::Ctrl || ActiveControl() == &ChkSampleRows)) {
         key = 0;
         BtnCreate_Click();
-    } else if (key == Key::Return && ActiveControlName().substr(0, 3) != "Btn") {
-        key = 0;
-        SendTab();
+    } else if (key == Key::Return) {
+        EnterAsTab(key);
     }
 }
 

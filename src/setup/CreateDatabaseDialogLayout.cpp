@@ -7,19 +7,14 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include <initializer_list>
-
 namespace Quillane {
 
 // The question of the place comes last in the order, and so before the first entry: most stations
 // leave it as it is, and begin with the company's name.
 void CreateDatabaseDialog::SetTabOrder() {
-    int index = 0;
-    for (VisualControl* control : std::initializer_list<VisualControl*>{
-             &TxtCompanyName, &TxtCompanyAddress, &TxtCompanyPhone, &TxtCompanyEmail, &TxtUserName,
-             &TxtPassword, &TxtPasswordAgain, &ChkSampleRows, &BtnCreate, &BtnCancel,
-             &OptThisComputer, &OptSqlServer, &BtnServer})
-        control->SetTabIndex(index++);
+    NumberInTabOrder({&TxtCompanyName, &TxtCompanyAddress, &TxtCompanyPhone, &TxtCompanyEmail,
+                      &TxtUserName, &TxtPassword, &TxtPasswordAgain, &ChkSampleRows, &BtnCreate,
+                      &BtnCancel, &OptThisComputer, &OptSqlServer, &BtnServer});
 }
 
 void CreateDatabaseDialog::LayOut() {

@@ -122,9 +122,8 @@ void SqlServerDialog::Form_KeyDown(int& key, int shift) {
     } else if (key == Key::Return && ActiveControl() == &TxtOwnerPassword) {
         key = 0;
         TryItOut();
-    } else if (key == Key::Return && ActiveControlName().substr(0, 3) != "Btn") {
-        key = 0;
-        SendTab();
+    } else if (key == Key::Return) {
+        EnterAsTab(key);
     }
 }
 

@@ -22,7 +22,8 @@ void StorePaper(std::string_view paper) {
 
 Desktop::Desktop() : Screen("Desktop", "Veltrane: Quillane") {
     WireEvents();
-    SetTabOrder();
+    NumberInTabOrder(
+        {&BtnWeighment, &CmdScaleSetting, &OptWhitePage, &OptPrintedPaper, &TxtWeight, &BtnExit});
     LayOut();
 }
 
@@ -33,15 +34,6 @@ void Desktop::WireEvents() {
     OptWhitePage.Click = [] { StorePaper("WhitePaper"); };
     OptPrintedPaper.Click = [] { StorePaper("PrintedPaper"); };
     Image1.Click = [this] { Image1_Click(); };
-}
-
-void Desktop::SetTabOrder() {
-    int index = 0;
-    for (VisualControl* control :
-         {static_cast<VisualControl*>(&BtnWeighment), static_cast<VisualControl*>(&CmdScaleSetting),
-          static_cast<VisualControl*>(&OptWhitePage), static_cast<VisualControl*>(&OptPrintedPaper),
-          static_cast<VisualControl*>(&TxtWeight), static_cast<VisualControl*>(&BtnExit)})
-        control->SetTabIndex(index++);
 }
 
 void Desktop::Form_Load() {

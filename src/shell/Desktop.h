@@ -42,7 +42,6 @@ private:
     void LayOutPanel();
     void LayOutHead(QVBoxLayout& column);
     void LayOutPaperChoice();
-    void SetTabOrder();
     void ShowWhoIsSignedIn();
 
     void BtnWeighment_Click();

@@ -1,13 +1,12 @@
 #include "data/CompanyProfile.h"
+#include "platform/forms/core/ScreenLook.h"
 #include "platform/forms/core/Text.h"
 #include "shell/Desktop.h"
 #include "shell/Scenery.h"
 #include "signin/UserLogin.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace Quillane {
@@ -16,7 +15,6 @@ namespace {
 
 constexpr int iconSize = 48;
 constexpr QSize usualSize(1080, 675);
-constexpr int titleBar = 40;
 
 /// Sizes in pixels and points. A small display, or one with enlarged text, needs smaller ones.
 struct Measures {
@@ -25,20 +23,8 @@ struct Measures {
 constexpr Measures large{40, 26, 14, 68, 44, 17, 12};
 constexpr Measures small{8, 12, 6, 44, 30, 14, 11};
 
-QSize AvailableSize() {
-    const QScreen* display = QGuiApplication::primaryScreen();
-    return display ? display->availableSize() - QSize(0, titleBar) : usualSize;
-}
-
-const Measures& MeasuresInUse() {
-    return AvailableSize().height() < 600 ? small : large;
-}
-
-void SetFontSize(QWidget& widget, int points, bool bold) {
-    QFont font = widget.font();
-    font.setPointSize(points);
-    font.setBold(bold);
-    widget.setFont(font);
+const Measures& MeasuresFor(const QWidget& window) {
+    return OnSmallDisplay(window) ? small : large;
 }
 
 void MakeTall(QWidget& button, int height, int points, bool bold) {
@@ -46,15 +32,9 @@ void MakeTall(QWidget& button, int height, int points, bool bold) {
     SetFontSize(button, points, bold);
 }
 
-void SetTextColour(QWidget& widget, const QColor& colour) {
-    QPalette palette = widget.palette();
-    palette.setColor(QPalette::WindowText, colour);
-    widget.setPalette(palette);
-}
-
 void MakeLeading(QWidget& button) {
     QPalette palette = button.palette();
-    palette.setColor(QPalette::Button, QColor(0x2F, 0x6B, 0x5E));
+    palette.setColor(QPalette::Button, ToQt(DialogGreen));
     palette.setColor(QPalette::ButtonText, Qt::white);
     button.setPalette(palette);
 }
@@ -63,11 +43,11 @@ void MakeLeading(QWidget& button) {
 
 void Desktop::LayOut() {
     setWindowFlags(Qt::Window);
-    resize(usualSize.boundedTo(AvailableSize()));
+    resize(usualSize.boundedTo(LargestWindow(*this)));
     panel_ = new QWidget(this);
     panel_->setFixedWidth(380);
     auto* row = new QHBoxLayout(this);
-    const int margin = MeasuresInUse().margin;
+    const int margin = MeasuresFor(*this).margin;
     row->setContentsMargins(margin, margin, margin, margin);
     row->addWidget(panel_, 0, Qt::AlignVCenter);
     row->addStretch();
@@ -76,13 +56,13 @@ void Desktop::LayOut() {
 
 void Desktop::LayOutPanel() {
     auto* column = new QVBoxLayout(panel_);
-    const Measures& use = MeasuresInUse();
+    const Measures& use = MeasuresFor(*this);
     column->setContentsMargins(use.padding, use.padding, use.padding, use.padding);
     column->setSpacing(use.spacing);
     LayOutHead(*column);
     TxtWeight.SetFont("Arial", 21.75, true);
-    TxtWeight.SetForeColor(0x0000FF);
-    TxtWeight.SetBackColor(0x000000);
+    TxtWeight.SetForeColor(Red);
+    TxtWeight.SetBackColor(Black);
     TxtWeight.SetAlignment(TextBox::Alignment::Centre);
     TxtWeight.SetAccessibleName("Weight");
     column->addWidget(&TxtWeight.Widget());
@@ -105,9 +85,9 @@ void Desktop::LayOutHead(QVBoxLayout& column) {
     Image1.SetToolTip("Sign in as another user");
     Image1.SetAccessibleName("Sign in as another user");
     SetFontSize(company_, 15, true);
-    SetTextColour(company_, QColor(0x24, 0x4C, 0x44));
+    SetTextColour(company_, HeadingGreen);
     company_.setWordWrap(true);
-    SetTextColour(user_, QColor(0x55, 0x5F, 0x63));
+    SetTextColour(user_, QuietGrey);
     auto* names = new QVBoxLayout;
     names->setSpacing(2);
     names->addWidget(&company_);
@@ -120,7 +100,7 @@ void Desktop::LayOutHead(QVBoxLayout& column) {
 
 void Desktop::LayOutPaperChoice() {
     auto* options = new QVBoxLayout(&Frame1.Widget());
-    const int spacing = MeasuresInUse().spacing / 2;
+    const int spacing = MeasuresFor(*this).spacing / 2;
     options->setContentsMargins(14, spacing, 14, spacing);
     options->setSpacing(spacing);
     options->addWidget(&OptWhitePage.Widget());

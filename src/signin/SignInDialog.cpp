@@ -28,11 +28,7 @@ void SignInDialog::WireEvents() {
     TmrPause.Tick = [this] { TmrPause_Tick(); };
     TxtUserName.GotFocus = [this] { TxtUserName.SelectAll(); };
     TxtPassword.GotFocus = [this] { TxtPassword.SelectAll(); };
-    int index = 0;
-    for (VisualControl* control :
-         {static_cast<VisualControl*>(&TxtUserName), static_cast<VisualControl*>(&TxtPassword),
-          static_cast<VisualControl*>(&BtnSignIn), static_cast<VisualControl*>(&BtnCancel)})
-        control->SetTabIndex(index++);
+    NumberInTabOrder({&TxtUserName, &TxtPassword, &BtnSignIn, &BtnCancel});
 }
 
 void SignInDialog::LayOut() {

@@ -18,14 +18,6 @@ bool ShowsText(const ReportObject& object) {
     return object.kind == ReportObjectKind::Field || object.kind == ReportObjectKind::Text;
 }
 
-/// The pointer goes back also where the report fails while it is drawn.
-struct Hourglass {
-    Hourglass() { SetMousePointer(MousePointer::Hourglass); }
-    ~Hourglass() { SetMousePointer(MousePointer::Default); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
-
 } // namespace
 
 RptReportViewer::RptReportViewer() : Screen("RptReportViewer", "Previewing Report") {

@@ -83,7 +83,7 @@ void FrmWeighment::Form_Unload(bool& cancel) {
         if (BtnSave.Enabled() && MsgBox({"Are you sure to close without save?", "Alert",
                                          BoxIcon::Question, BoxButtons::YesNo}) == BoxAnswer::No)
             cancel = true;
-        // Also after a No: the operator stays on the screen with the line closed.
+        // Also after a No: the screen stays open, with the line closed.
         if (CM.PortOpen())
             CM.SetPortOpen(false);
     } catch (const Failure&) {

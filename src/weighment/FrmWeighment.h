@@ -24,17 +24,17 @@ class QLayout;
 
 namespace Quillane {
 
-/// The working screen: one arrival at a time, entered by keyboard with the scale reading always in
-/// view, saved, printed, found again, changed or removed.
+/// The working screen. It shows the scale reading and one arrival at a time, which can be entered,
+/// saved, printed, opened again, changed and removed by keyboard.
 ///
-/// The weighment is held in the controls and members of this screen, and in nothing else, until it
-/// is saved. Whether a save is possible (`BtnSave` enabled) is the true state of the screen.
+/// Until it is saved, the weighment is only in the controls and members of this screen. The state
+/// of the screen is whether `BtnSave` is enabled.
 class FrmWeighment : public Screen {
 public:
     FrmWeighment();
     ~FrmWeighment() override;
 
-    // The controls, in the screen's control order: `ClearControls` walks them so.
+    // The controls. `ClearControls` uses the order of their declarations.
     TextBox TxtDeduction{*this, "TxtDeduction"};
     TDBGrid Grid{*this, "Grid"};
     TextBox TxtBuiltyNo{*this, "TxtBuiltyNo"};
@@ -81,12 +81,12 @@ public:
     std::string LoadStatement;  ///< the statement last built for the slip
 
     // Modes (FrmWeighmentModes.cpp)
-    /// 1 new, 2 changed, 3 stored; 5 is defined, but nothing asks for it. Others do nothing.
+    /// 1 new, 2 changed, 3 stored; 5 exists, but is not used. Others do nothing.
     void SetButtonState(int mode);
     /// Blanks the screen in its control order. Failures are reported.
     void ClearControls();
-    /// An empty screen with the next free id and today's date, the line reopened. Failures are
-    /// reported, and the steps after one are not done.
+    /// Clears the screen, sets the next free id and today's date and reopens the line. A failure is
+    /// reported, and the remaining steps are skipped.
     void NewWeighment();
     void BtnClear_Click();
     void ChkFinalized_Click();
@@ -110,16 +110,16 @@ public:
     void CmdTareWeight_Click();
 
     // Saving (FrmWeighmentValidate.cpp, FrmWeighmentSave.cpp)
-    /// True when the screen may be saved; otherwise a box has said why.
+    /// True if the screen can be saved; otherwise a box has given the reason.
     bool ValidateWeighment();
     /// Validates again, and writes the weighment in one transaction.
     void SaveWeighment();
     void BtnSave_Click();
 
     // Opening (FrmWeighmentOpen.cpp)
-    /// Brings a stored arrival onto the screen and replaces what was there; id 0 asks the
-    /// operator which. One that has no rows leaves the screen as it was, but for `ArrivalNo`.
-    /// Failures are reported; the screen then holds what had been filled so far.
+    /// Shows a stored arrival in place of the present contents; with id 0 the operator selects it.
+    /// If it has no rows, only `ArrivalNo` changes. A failure is reported; the screen then has the
+    /// fields that were filled before it.
     void LoadArrival(std::int16_t& id);
     void BtnOpen_Click();
     void TxtArrivalId_Change();
@@ -150,13 +150,11 @@ private:
 
     // FrmWeighmentLayout.cpp
     void DesignControls();
-    void SetTabOrder();
+    void NumberControls();
     void DesignBoxes();
     void DesignGrid();
     void HideControls();
     void DescribeControls();
-    bool OnSmallDisplay() const;
-    int TypeSize() const;
     void LayOut();
     QLayout* ReadingRow();
     QLayout* ArrivalFields();
@@ -165,7 +163,6 @@ private:
 
     // FrmWeighmentKeys.cpp
     void HandleKeyDown(int& key, int shift);
-    void HandleEnter(int& key);
     void HandleShortcut(int& key, int shift);
     void SearchParty(int& key);
     std::array<TextBox*, 6> NumberBoxes();
@@ -183,8 +180,10 @@ private:
     void ApplyWeighRule();
     void BlankControls();
     void EmptyBagRows();
-    /// None has it while the controls are blanked.
-    bool HasFocus(const VisualControl& control) const;
+    /// Starts a new weighment with the focus on the date.
+    void BeginNextWeighment();
+    /// False for all controls while they are blanked.
+    bool IsActive(const VisualControl& control) const;
 
     // FrmWeighmentWeights.cpp
     void BlankLoneZero(TextBox& box);

@@ -1,4 +1,3 @@
-#include "platform/runtime/Text.h"
 #include "weighment/FrmWeighment.h"
 
 #include "data/modCommon.h"
@@ -16,13 +15,8 @@ namespace {
 
 constexpr int CtrlShift = ShiftState::Ctrl + ShiftState::Shift;
 
-/// The name begins so, in any case.
-bool BeginsWith(std::string_view name, std::string_view start) {
-    return EqualIgnoringCase(name.substr(0, start.size()), start);
-}
-
-/// Keys that never turn a shown record into a changed one.
-bool LeavesModeAlone(int key) {
+/// Keys that do not start a change of a shown record.
+bool KeepsMode(int key) {
     if (key >= Key::F1 && key <= Key::F12)
         return true;
     constexpr std::array quiet{Key::Alt,  Key::Shift, Key::Control, Key::End,
@@ -54,21 +48,13 @@ void FrmWeighment::Form_KeyDown(int& key, int shift) {
 
 void FrmWeighment::HandleKeyDown(int& key, int shift) {
     if (key == Key::Return)
-        HandleEnter(key);
+        EnterAsTab(key);
     else if (IsShortcut(key, shift))
         HandleShortcut(key, shift);
-    else if (key == Key::F1 && HasFocus(CboSeller))
+    else if (key == Key::F1 && IsActive(CboSeller))
         SearchParty(key);
-    else if (!LeavesModeAlone(key) && !BtnSave.Enabled())
+    else if (!KeepsMode(key) && !BtnSave.Enabled())
         EnterChangeMode();
-}
-
-// On a control named Btn... the Enter is left to the button.
-void FrmWeighment::HandleEnter(int& key) {
-    if (BeginsWith(ActiveControlName(), "Btn"))
-        return;
-    key = 0;
-    SendTab();
 }
 
 void FrmWeighment::HandleShortcut(int& key, int shift) {
@@ -106,7 +92,7 @@ void FrmWeighment::Form_KeyPress(int& character) {
     for (const TextBox* box : NumberBoxes())
         if (box == ActiveControl())
             AllowNumericKey(character, *box, false);
-    if (!BtnSave.Enabled() && !BeginsWith(ActiveControlName(), "Btn"))
+    if (!BtnSave.Enabled() && !ActiveControlIsButton())
         EnterChangeMode();
 }
 

@@ -1,11 +1,11 @@
 #include "weighment/FrmWeighment.h"
 
 #include "platform/forms/controls/Label.h"
+#include "platform/forms/core/ScreenLook.h"
 
 #include <QBoxLayout>
 #include <QFrame>
 #include <QGridLayout>
-#include <QScreen>
 #include <QScrollArea>
 
 #include <initializer_list>
@@ -14,10 +14,6 @@
 namespace Quillane {
 
 namespace {
-
-constexpr Colour DarkRed = 0x0000C0;
-constexpr Colour Yellow = 0x00FFFF;
-constexpr Colour Black = 0x000000;
 
 void MakeWeightBox(TextBox& box, int characters) {
     box.SetAlignment(TextBox::Alignment::Right);
@@ -51,7 +47,7 @@ void AddWeightLine(QGridLayout& grid, int row, std::string_view caption, TextBox
 
 } // namespace
 
-void FrmWeighment::SetTabOrder() {
+void FrmWeighment::NumberControls() {
     const std::initializer_list<std::pair<VisualControl*, int>> places{
         {&TxtArrivalId, 0},      {&DtpArrivalDate, 1},
         {&CboCommodity, 2},      {&CboSellerType, 3},
@@ -77,12 +73,12 @@ void FrmWeighment::SetTabOrder() {
 }
 
 void FrmWeighment::DesignControls() {
-    SetTabOrder();
+    NumberControls();
     DesignBoxes();
     DesignGrid();
     HideControls();
     DescribeControls();
-    // One that the screen's keys leave alone: any other begins a change, which turns Print off.
+    // A key that does not start a change, since a change disables Print.
     BtnPrint.SetFunctionKey(Key::F9);
 }
 
@@ -98,7 +94,7 @@ void FrmWeighment::DesignBoxes() {
         MakeReadOnly(*box);
     }
     for (TextBox* box : {&TxtInitialGrossWeight, &TxtTareWeight, &TxtGrossWeight, &TxtDeduction})
-        box->SetFont("Arial", OnSmallDisplay() ? 12 : 16, false);
+        box->SetFont("Arial", OnSmallDisplay(*this) ? 12 : 16, false);
     TxtScaleDeductKg.SetEnabled(false);
     MakeResult(TxtNetWeight);
     MakeResult(TxtMoundKgs);
@@ -124,7 +120,7 @@ void FrmWeighment::DesignGrid() {
     Grid.SetDropDown(1, CboBagType);
 }
 
-// Never shown: their values count all the same.
+// Never shown, but their values are used.
 void FrmWeighment::HideControls() {
     TxtShortage.Widget().setParent(&FrminVisible.Widget());
     for (VisualControl* control : std::initializer_list<VisualControl*>{
@@ -178,9 +174,7 @@ void FrmWeighment::DescribeControls() {
 }
 
 void FrmWeighment::LayOut() {
-    QFont type = font();
-    type.setPointSize(TypeSize());
-    setFont(type);
+    SetLetterSize(*this);
 
     auto* middle = new QHBoxLayout;
     middle->setSpacing(24);
@@ -194,8 +188,7 @@ void FrmWeighment::LayOut() {
     rows->addLayout(middle, 1);
     rows->addLayout(ButtonRow());
 
-    // On a display that is too small for the whole screen nothing is cut off, and the reading stays
-    // in view.
+    // On a display that is too small, all but the reading scrolls.
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
@@ -206,24 +199,10 @@ void FrmWeighment::LayOut() {
     whole->addLayout(ReadingRow());
     whole->addWidget(scroll, 1);
 
-    const QSize room = screen()->availableSize() - QSize(8, 40); // less the window's frame
+    const QSize largest = LargestWindow(*this);
     const QSize around(40, TxtWeight.Widget().sizeHint().height() + 40);
     const QSize wanted = (content->sizeHint() + around).expandedTo(QSize(980, 640));
-    resize(wanted.expandedTo(room * 2 / 3).boundedTo(room));
-}
-
-// Points of the captions and entries: legible at arm's length where there is room for it.
-int FrmWeighment::TypeSize() const {
-    const QSize room = screen()->availableSize();
-    if (OnSmallDisplay())
-        return 9;
-    return room.width() < 1600 || room.height() < 900 ? 12 : 14;
-}
-
-// A display of few points, such as 1280 by 800 at twice the scale.
-bool FrmWeighment::OnSmallDisplay() const {
-    const QSize room = screen()->availableSize();
-    return room.width() < 900 || room.height() < 560;
+    resize(wanted.expandedTo(largest * 2 / 3).boundedTo(largest));
 }
 
 QLayout* FrmWeighment::ReadingRow() {
@@ -294,7 +273,7 @@ QLayout* FrmWeighment::WeightFields() {
     column->setSpacing(12);
     column->addLayout(captures);
     column->addLayout(figures);
-    // What the frame holds is never shown, so it takes no room.
+    // The contents of the frame are never shown, so it needs no space.
     FrminVisible.Widget().setMaximumHeight(0);
     column->addWidget(&FrminVisible.Widget());
     column->addWidget(&hints_, 1);
@@ -314,7 +293,7 @@ QLayout* FrmWeighment::ButtonRow() {
     row->addWidget(&BtnClose.Widget());
     for (VisualControl* button : std::initializer_list<VisualControl*>{
              &BtnSave, &BtnClear, &BtnOpen, &BtnRemove, &BtnPrint, &BtnClose})
-        button->Widget().setMinimumSize(OnSmallDisplay() ? QSize(84, 32) : QSize(104, 40));
+        button->Widget().setMinimumSize(ButtonSize(*this));
     return row;
 }
 

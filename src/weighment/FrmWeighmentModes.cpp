@@ -8,6 +8,8 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Numbers.h"
 
+#include <QScopedValueRollback>
+
 namespace Quillane {
 
 void FrmWeighment::SetButtonState(int mode) {
@@ -83,17 +85,14 @@ void FrmWeighment::EnterChangeMode() {
     SetButtonState(2);
 }
 
-bool FrmWeighment::HasFocus(const VisualControl& control) const {
+bool FrmWeighment::IsActive(const VisualControl& control) const {
     return !blanking_ && ActiveControl() == &control;
 }
 
-// Whichever control has the focus, its handler takes this for a write from elsewhere: a box that
-// computed here would leave the figures of the weighment that goes.
+// The handlers treat these writes as writes to a box without the focus: a box that computes here
+// would leave figures of the former weighment.
 void FrmWeighment::BlankControls() {
-    struct Walk {
-        bool& running;
-        ~Walk() { running = false; }
-    } walk{blanking_ = true};
+    const QScopedValueRollback blanking(blanking_, true);
     for (Control* control : Controls()) {
         const std::string& kind = control->TypeName();
         if (kind == "TextBox")
@@ -141,23 +140,27 @@ void FrmWeighment::NewWeighment() {
     }
 }
 
+void FrmWeighment::BeginNextWeighment() {
+    NewWeighment();
+    if (DtpArrivalDate.Enabled())
+        DtpArrivalDate.SetFocus();
+    else
+        TxtArrivalId.SetFocus();
+}
+
 void FrmWeighment::BtnClear_Click() {
     try {
         if (BtnSave.Enabled() && MsgBox({"Are you sure to clear the entries?", "Alert",
                                          BoxIcon::Question, BoxButtons::YesNo}) == BoxAnswer::No)
             return;
-        NewWeighment();
-        if (DtpArrivalDate.Enabled())
-            DtpArrivalDate.SetFocus();
-        else
-            TxtArrivalId.SetFocus();
+        BeginNextWeighment();
     } catch (const Failure&) {
         ShowError();
     }
 }
 
 void FrmWeighment::ChkFinalized_Click() {
-    if (ChkFinalized.Visible() && HasFocus(ChkFinalized) && !BtnSave.Enabled())
+    if (ChkFinalized.Visible() && IsActive(ChkFinalized) && !BtnSave.Enabled())
         EnterChangeMode();
 }
 

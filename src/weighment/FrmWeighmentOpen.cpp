@@ -27,8 +27,8 @@ void FrmWeighment::TxtArrivalId_Change() {
     }
 }
 
-// A free id stays as typed: the arrival is a new one under it. Of a stored one the id passes
-// through 16 bits on this path; the search screen opens those beyond.
+// A free id is kept: the new arrival gets it. On this path the id of a stored arrival is converted
+// to 16 bits; larger ones can be opened from the search screen.
 void FrmWeighment::TxtArrivalId_Validate() {
     try {
         const double typed = Val(TxtArrivalId.Text());
@@ -62,7 +62,7 @@ void FrmWeighment::LoadArrival(std::int16_t& id) {
         ComputeNetWeight();
         SetButtonState(3);
     } catch (const Failure&) {
-        // The bag lines that have come in are seen, since a save would store them.
+        // Show the bag lines that have been read, since a save would store them.
         Grid.Refresh();
         ShowError();
     }
@@ -99,8 +99,8 @@ void FrmWeighment::ShowHeader(const Recordset& rows) {
     TxtDriverName.SetText(rows.Fields("DriverName").TextOrEmpty());
 }
 
-// The weights are summed in their boxes, row by row: the gross and the deduction are rounded at
-// each row, the tare is not.
+// The weights are added up in their boxes. Gross and deduction are rounded at each row, the tare is
+// not.
 void FrmWeighment::ShowBagLine(const Recordset& rows, int line) {
     if (const std::string vehicle = rows.Fields("VehicleNo").TextOrEmpty(); !vehicle.empty())
         TxtVehicleNo.SetText(vehicle);

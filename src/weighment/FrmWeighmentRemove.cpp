@@ -18,8 +18,8 @@ bool MayRemove() {
     return false;
 }
 
-// Only the one table is looked at here, unlike at a save.
-bool RestsOnNoPurchase(const std::string& arrival) {
+// Only this table is checked here, unlike at a save.
+bool HasNoPurchase(const std::string& arrival) {
     const Recordset purchases = Con->Execute(
         "select 1 from arrivals where arrivalid in (select ArrivalId from purchasebody) and "
         "arrivalid = " +
@@ -31,8 +31,8 @@ bool RestsOnNoPurchase(const std::string& arrival) {
     return false;
 }
 
-// The lines are those read before the operator was asked. One that another station has added since
-// stays, or keeps the header from going, as the database has it.
+// Deletes the lines that were read before the question. A line that another station has added since
+// then stays, or the database refuses to delete the header because of it.
 void DeleteArrival(const std::string& arrival, Recordset& bodyRows) {
     Con->Execute("Update Arrivals Set IsPosted=0 where arrivalid=" + arrival);
     const std::int16_t lines = ToInteger(static_cast<double>(bodyRows.RecordCount()));
@@ -55,18 +55,14 @@ void FrmWeighment::BtnRemove_Click() {
                       adLockOptimistic, adCmdUnspecified);
         if (MsgBox({"Are you sure to remove this arrival?", "Alert", BoxIcon::Question,
                     BoxButtons::YesNo}) == BoxAnswer::No ||
-            !RestsOnNoPurchase(arrival))
+            !HasNoPurchase(arrival))
             return;
         Con->BeginTrans();
         DeleteArrival(arrival, bodyRows);
         Con->CommitTrans();
-        NewWeighment();
-        if (DtpArrivalDate.Enabled())
-            DtpArrivalDate.SetFocus();
-        else
-            TxtArrivalId.SetFocus();
+        BeginNextWeighment();
     } catch (const Failure&) {
-        // Before the transaction has begun this fails in its turn, and nothing here catches that.
+        // Fails if the transaction has not begun; that failure is not caught here.
         Con->RollbackTrans();
         ShowError();
     }

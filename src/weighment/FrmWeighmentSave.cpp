@@ -20,9 +20,9 @@ void Reopen(Recordset& rows, const std::string& source, int cursorType) {
     rows.Open(source, *Con, cursorType, adLockOptimistic, adCmdUnspecified);
 }
 
-/// An id is a whole number of 32 bits. `ArrivalNo` has not followed the box to any other, and the
-/// steps that go by it would take the lines of another arrival. A new id must leave a next one, or
-/// no new weighment could be numbered any more.
+/// Fails (6) unless the id is a whole number of 32 bits. `ArrivalNo` does not have the value of any
+/// other, so the steps that use it would change the lines of another arrival. The largest number is
+/// refused for a new arrival, since no number would follow it.
 void FailUnlessId(double id, bool isNew) {
     const std::int32_t whole = ToLong(id);
     if (whole != id || (isNew && whole == std::numeric_limits<std::int32_t>::max()))
@@ -31,8 +31,7 @@ void FailUnlessId(double id, bool isNew) {
 
 } // namespace
 
-// The whole validation runs here and again in SaveWeighment: the first pass is the one that
-// normally reports.
+// The validation runs here and again in SaveWeighment; normally this first pass reports.
 void FrmWeighment::BtnSave_Click() {
     try {
         if (ValidateWeighment())
@@ -121,7 +120,7 @@ void FrmWeighment::WriteBagLine(bool first) {
     bodyRows_.Collect("BagsClassId", GetIdOfName(CboBagClass, Grid.ColumnText(0)));
     bodyRows_.Collect("BagsTypeId", GetIdOfName(CboBagType, Grid.ColumnText(1)));
     bodyRows_.Collect("NoOfBags", Val(Grid.ColumnText(2)));
-    // Only the first line has vehicle and tare, so that their sum over the lines is right.
+    // Only the first line has vehicle and tare, so that their sum over the lines is correct.
     bodyRows_.Collect("VehicleNo", first ? TxtVehicleNo.Text() : std::string());
     bodyRows_.Collect("TareWeight", first ? Val(TxtTareWeight.Text()) : 0.0);
 
@@ -149,11 +148,7 @@ void FrmWeighment::FinishSave() {
                 BoxAnswer::No}) == BoxAnswer::Yes)
         BtnPrint_Click();
     savedId_ = TxtArrivalId.Text();
-    NewWeighment();
-    if (DtpArrivalDate.Enabled())
-        DtpArrivalDate.SetFocus();
-    else
-        TxtArrivalId.SetFocus();
+    BeginNextWeighment();
 }
 
 } // namespace Quillane

@@ -21,8 +21,8 @@ void FrmWeighment::ChkManualWeight_Click() {
     TxtWeight.SetLocked(!manual);
 }
 
-// The change handler runs twice: once by the write, with the focus still on the button, and once by
-// hand, with the focus in the box. Only the second computes.
+// The change handler runs twice: for the write, with the focus on the button, and by an explicit
+// call, with the focus in the box. Only the second one computes.
 void FrmWeighment::CmdGrossWeight_Click() {
     const double reading = Val(TxtWeight.Text());
     if (!(reading > 0))
@@ -35,8 +35,8 @@ void FrmWeighment::CmdGrossWeight_Click() {
     TxtInitialGrossWeight.SetEnabled(false);
 }
 
-// Not the gross handler with another box: the focus comes before the text, the box stays enabled,
-// and the focus ends on the vehicle.
+// Different from the gross handler: the focus moves before the text is written, the box stays
+// enabled, and the focus ends on the vehicle.
 void FrmWeighment::CmdTareWeight_Click() {
     const double reading = Val(TxtWeight.Text());
     if (!(reading > 0))
@@ -44,7 +44,7 @@ void FrmWeighment::CmdTareWeight_Click() {
     TxtTareWeight.SetEnabled(true);
     TxtTareWeight.SetFocus();
     TxtTareWeight.SetText(NumberText(reading));
-    // A change handler may have disabled it.
+    // A change handler may have disabled the box.
     if (TxtTareWeight.Enabled())
         TxtTareWeight.SetFocus();
     TxtTareWeight_Change();

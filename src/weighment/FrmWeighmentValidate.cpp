@@ -72,7 +72,7 @@ bool FrmWeighment::HasGrossWeight() {
     if (Val(TxtGrossWeight.Text()) != 0)
         return true;
     Refuse("Gross weight cannot be empty or zero");
-    // The heap number is never shown, so this fails and a second box reports it: it stays so.
+    // The heap number is never shown, so this fails and a second box reports it. That is required.
     if (TxtHeapNo.Enabled())
         TxtHeapNo.SetFocus();
     return false;
@@ -86,7 +86,7 @@ bool FrmWeighment::HasBagLines() {
     return false;
 }
 
-// An opened arrival is expected to exist.
+// An opened arrival exists.
 bool FrmWeighment::IdIsFree() {
     if (IsOpened)
         return true;
@@ -108,7 +108,7 @@ bool FrmWeighment::MayModify() {
     return false;
 }
 
-// A record counts as posted once its header holds both weights, and only for lesser users.
+// A record is posted if its header has both weights, and only for users without full rights.
 bool FrmWeighment::IsPosted() {
     const Recordset rows = Con->Execute(
         "Select NoOfBags*BagWeight As GrossWeight, TareWeight From Arrivals Where ArrivalID = " +

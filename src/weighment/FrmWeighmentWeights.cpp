@@ -10,7 +10,7 @@
 namespace Quillane {
 
 void FrmWeighment::TxtInitialGrossWeight_Change() {
-    if (HasFocus(TxtInitialGrossWeight)) {
+    if (IsActive(TxtInitialGrossWeight)) {
         ComputeGrossWeight();
         RefreshGrossEntry();
     } else {
@@ -19,7 +19,7 @@ void FrmWeighment::TxtInitialGrossWeight_Change() {
 }
 
 void FrmWeighment::TxtTareWeight_Change() {
-    if (HasFocus(TxtTareWeight)) {
+    if (IsActive(TxtTareWeight)) {
         ComputeGrossWeight();
         RefreshGrossEntry();
     } else {
@@ -29,14 +29,14 @@ void FrmWeighment::TxtTareWeight_Change() {
 
 void FrmWeighment::TxtGrossWeight_Change() {
     ComputeNetWeight();
-    if (!HasFocus(TxtGrossWeight)) {
+    if (!IsActive(TxtGrossWeight)) {
         BlankLoneZero(TxtGrossWeight);
         return;
     }
     const bool empty = TxtGrossWeight.Text().empty();
     TxtInitialGrossWeight.SetEnabled(empty);
     TxtTareWeight.SetEnabled(empty);
-    // Grey in both branches, on purpose.
+    // Grey in both cases; that is required.
     TxtInitialGrossWeight.SetBackColor(ClosedGrey);
     TxtTareWeight.SetBackColor(ClosedGrey);
 }
@@ -73,7 +73,7 @@ void FrmWeighment::RefreshGrossEntry() {
         return;
     }
     BlankLoneZero(TxtGrossWeight);
-    // Never brings back a disabled box, on purpose.
+    // Never enables a disabled box; that is required.
     if (TxtGrossWeight.Enabled())
         TxtGrossWeight.SetEnabled(true);
     TxtGrossWeight.SetBackColor(White);

@@ -9,7 +9,8 @@ std::optional<GrossFigures> GrossFiguresOf(std::string_view initialGross, std::s
     const double initial = Val(initialGross);
     if (initial == 0)
         return std::nullopt;
-    // The pass through text cuts the quotient to 15 significant digits before it is multiplied.
+    // The conversion to text rounds the quotient to 15 significant digits before the
+    // multiplication.
     const double mounds = Val(NumberText((initial - Val(tare)) / KgsPerMound));
     GrossFigures figures;
     figures.scaleDeduction = WeightText(RoundWeight(Val(rate) * mounds));

@@ -5,21 +5,20 @@
 #include <string>
 #include <string_view>
 
-/// The arithmetic of a weighment over plain values. All weights are kilograms; texts in are read
-/// leniently (`Val`), texts out are whole numbers in plain digits.
+/// The arithmetic of a weighment. All weights are in kilograms. Text parameters are read leniently
+/// (`Val`); text results are whole numbers in plain digits.
 namespace Quillane {
 
-/// A mound, the trade's measure of grain, is 40 kilograms.
+/// A mound, the trade's unit of grain, is 40 kilograms.
 inline constexpr double KgsPerMound = 40;
 
 struct GrossFigures {
     std::string scaleDeduction;
-    std::string gross; ///< the load: what is left of the initial gross after tare and deduction
+    std::string gross; ///< the initial gross less tare and scale deduction
 };
 
-/// None while there is no initial gross: nothing is to be written then. `rate` is the kilograms
-/// deducted for each mound of load. Nothing guards against a tare above the initial gross: the
-/// figures are negative then.
+/// None if there is no initial gross; nothing is written then. `rate` is the deduction in kilograms
+/// for each mound. A tare above the initial gross gives negative figures.
 std::optional<GrossFigures> GrossFiguresOf(std::string_view initialGross, std::string_view tare,
                                            std::string_view rate);
 
@@ -27,7 +26,7 @@ std::optional<GrossFigures> GrossFiguresOf(std::string_view initialGross, std::s
 std::string NetWeightOf(std::string_view gross, std::string_view bagsWeight,
                         std::string_view shortage, std::string_view deduction);
 
-/// The figures of the whole weighment that are shared out over its bag lines.
+/// The figures of the weighment that are divided among its bag lines.
 struct WeighmentTotals {
     double gross = 0;
     double shortage = 0;
@@ -43,7 +42,7 @@ struct BagLineFigures {
     double netWeight = 0;
 };
 
-/// Fails with Division by zero (11) when there are no bags, or Overflow (6) for nothing by nothing.
+/// Fails with Division by zero (11) if there are no bags, or Overflow (6) for zero divided by zero.
 BagLineFigures ShareOfLine(const WeighmentTotals& totals, double bagsOfLine);
 
 } // namespace Quillane

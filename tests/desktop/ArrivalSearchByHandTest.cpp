@@ -1,4 +1,4 @@
-// The search for a stored load: by the keyboard alone, and by the real mouse.
+// The search for a stored load: only by keyboard, and by the real mouse.
 
 #include "StoredLoad.h"
 #include "platform/runtime/Date.h"
@@ -150,7 +150,7 @@ TEST_F(ArrivalSearchByHand, MarksALineByAClickAndTakesItByTheButton) {
     });
 }
 
-TEST_F(ArrivalSearchByHand, StaysOpenWhereNothingIsListed) {
+TEST_F(ArrivalSearchByHand, EmptyListKeepsTheScreenOpen) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         SchArrivals& search = Open(by);
         by.Type("nobody");
@@ -158,15 +158,14 @@ TEST_F(ArrivalSearchByHand, StaysOpenWhereNothingIsListed) {
         by.DoubleClickAt(LineOf(by, search.GrdSch, 0));
         by.UntilActive("GrdSch");
         by.Press({"Return"});
-        by.Click(search.BtnSelect);
-        by.UntilActive("BtnSelect");
+        by.ClickInto(search.BtnSelect);
         EXPECT_TRUE(by.See([&] { return search.isVisible(); }));
         by.Press({"Escape"});
         ExpectNothingChosen(by, screen);
     });
 }
 
-TEST_F(ArrivalSearchByHand, TellsOfAnApostropheAtEachKeyUntilItIsGone) {
+TEST_F(ArrivalSearchByHand, ApostropheIsReportedAtEachKeyUntilItIsRemoved) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         SchArrivals& search = Open(by);
         by.Press({"Return"});
@@ -187,7 +186,7 @@ TEST_F(ArrivalSearchByHand, TellsOfAnApostropheAtEachKeyUntilItIsGone) {
 }
 
 // The keys of a whole search in one go, typed while the screens come up and go.
-TEST_F(ArrivalSearchByHand, LosesNoKeyTypedAhead) {
+TEST_F(ArrivalSearchByHand, NoKeyTypedAheadIsLost) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         Open(by);
         by.WithoutLooking({"key", "--delay", "0", "Return", "g", "r", "Return", "Down", "Return"});

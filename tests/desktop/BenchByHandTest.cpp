@@ -36,8 +36,8 @@ protected:
     }
 };
 
-// The stored settings would read the check behind the weight.
-TEST_F(BenchByHand, WorksOutALineByKeysAloneAndTheWeighmentReadsByIt) {
+// The stored settings would read the checksum after the weight.
+TEST_F(BenchByHand, SettingsFoundByKeysAreUsedByTheWeighment) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         Indicate(by, "layout checked");
@@ -74,15 +74,14 @@ TEST_F(BenchByHand, WorksOutALineByKeysAloneAndTheWeighmentReadsByIt) {
     EXPECT_EQ(boxes->All().size(), 1U);
 }
 
-TEST_F(BenchByHand, FollowsAChangeOfItsSettingsWhileItTriesThem) {
+TEST_F(BenchByHand, ChangedSettingsTakeEffectDuringTheTest) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         Indicate(by, "layout equals-reversed");
         FrmPortSettings& bench = Open(by);
         OpenPort(by);
         by.Click(bench.CmdModifiedWeight);
-        by.Click(bench.TxtDataFrom);
-        by.UntilActive("TxtDataFrom");
+        by.ClickInto(bench.TxtDataFrom);
         by.Type("7");
         by.Until("the digits as they come",
                  [&] { return bench.TxtModifiedWeight.Text() == "452100"; });
@@ -93,7 +92,7 @@ TEST_F(BenchByHand, FollowsAChangeOfItsSettingsWhileItTriesThem) {
     EXPECT_TRUE(boxes->All().empty());
 }
 
-TEST_F(BenchByHand, TellsOfALineThatHangsUpUntilThePortIsOpenedAgain) {
+TEST_F(BenchByHand, LostLineIsReportedUntilThePortIsOpenedAgain) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         FrmPortSettings& bench = Open(by);
@@ -115,7 +114,7 @@ TEST_F(BenchByHand, TellsOfALineThatHangsUpUntilThePortIsOpenedAgain) {
     EXPECT_EQ(boxes->MostAtOnce(), 1U);
 }
 
-TEST_F(BenchByHand, EndsTheProgramWhereTheWeightOfAClosedPortIsAskedFor) {
+TEST_F(BenchByHand, GetWeightOnAClosedPortEndsTheProgram) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         FrmPortSettings& bench = Open(by);

@@ -10,7 +10,7 @@ class QMessageBox;
 
 namespace Quillane::Testing {
 
-/// Sees every message box that really comes up while it stands.
+/// Records every message box that is really shown during its lifetime.
 class BoxWatch : public QObject {
 public:
     BoxWatch();

@@ -18,14 +18,14 @@ struct Way {
     void (*close)(Operator& by, FrmWeighment& screen);
 };
 
-/// As the display's server tells it: the toolkit looks at the frame once, which may be before a
+/// As the display's server reports it: the toolkit looks at the frame once, which may be before a
 /// slow window manager has drawn it.
 int HeightOfTitle(const FrmWeighment& screen) {
     QProcess tool;
     tool.start("xprop", {"-id", QString::number(screen.winId()), "-notype", "_NET_FRAME_EXTENTS"});
     tool.waitForFinished();
     const QList<QByteArray> extents = tool.readAllStandardOutput().split(',');
-    constexpr int top = 2; // behind left and right
+    constexpr int top = 2; // after left and right
     return extents.size() > top ? extents[top].trimmed().toInt() : 0;
 }
 
@@ -170,8 +170,7 @@ TEST_F(SigningInAnew, AsAUserOfTheSecondLevelHidesWhatIsNotForHim) {
         by.Press({"Return", "Return", "Return", "Return", "Return", "Return", "Return", "Return",
                   "Return", "Return", "Return", "Return"});
         by.UntilActive("BtnSave");
-        by.Click(screen.TxtWeight);
-        by.UntilActive("TxtWeight");
+        by.ClickInto(screen.TxtWeight);
         by.Type("7");
         by.Press({"Tab"});
         by.UntilActive("TxtInitialGrossWeight");

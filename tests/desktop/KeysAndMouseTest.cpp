@@ -24,7 +24,7 @@ QTableView* DroppedRows(VisualControl& list) {
 
 class KeysTypedAhead : public Station {};
 
-TEST_F(KeysTypedAhead, OfAWholeWeighmentGoWhereTheyBelong) {
+TEST_F(KeysTypedAhead, OfAWholeWeighmentReachTheirControls) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.WithoutLooking({"key",    "--delay", "0",      "Return", "Return", "w",     "h",
                            "Return", "Return",  "c",      "h",      "a",      "u",     "Return",
@@ -51,8 +51,7 @@ TEST_F(KeysTypedAhead, OfAWholeWeighmentGoWhereTheyBelong) {
 TEST_F(KeysTypedAhead, DuringTicksAreNeitherLostNorDoubled) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         Indicate(by, "baud 115200");
-        by.Click(screen.TxtDriverName);
-        by.UntilActive("TxtDriverName");
+        by.ClickInto(screen.TxtDriverName);
         by.UntilReading(12540);
         const std::string name = "Abdul Rehman Khan of Chak 39";
         for (int times = 0; times < 10; ++times) {
@@ -64,7 +63,7 @@ TEST_F(KeysTypedAhead, DuringTicksAreNeitherLostNorDoubled) {
     });
 }
 
-TEST_F(KeysTypedAhead, WhileABoxIsUpStayWithTheBox) {
+TEST_F(KeysTypedAhead, WhileABoxIsShownReachOnlyTheBox) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.Click(screen.TxtVehicleNo);
         by.Type("k5");
@@ -180,7 +179,7 @@ TEST_F(ListsByKeys, OpenByF4AndAreChosenFromByArrowsAndEnter) {
     });
 }
 
-// Sellers alone stand in the list then.
+// The list then has only sellers.
 TEST_F(ListsByKeys, OfSellersFollowTheSellerType) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.Press({"Return", "Return", "Return"});
@@ -206,7 +205,7 @@ TEST_F(ListsByKeys, KeepANameThatTheyDoNotHoldInTheBox) {
 
 class ListsByMouse : public Station {};
 
-TEST_F(ListsByMouse, AreOpenedByTheArrowAndChosenFromByAClick) {
+TEST_F(ListsByMouse, ClicksOpenAListAndSelectARow) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         QWidget& box = screen.CboCommodity.Widget();
         by.Click(box, [&] { return QPoint(box.width() - 8, box.height() / 2); });
@@ -222,40 +221,34 @@ TEST_F(ListsByMouse, AreOpenedByTheArrowAndChosenFromByAClick) {
     });
 }
 
-TEST_F(ListsByMouse, AndBoxesTakeTheFocusByAClick) {
+TEST_F(ListsByMouse, ClickMovesTheFocusToABox) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
-        by.Click(screen.TxtVehicleNo);
-        by.UntilActive("TxtVehicleNo");
+        by.ClickInto(screen.TxtVehicleNo);
         by.Type("k5");
-        by.Click(screen.TxtDeduction);
-        by.UntilActive("TxtDeduction");
+        by.ClickInto(screen.TxtDeduction);
         by.Type("1.7x");
         by.Until("digits alone", [&] { return screen.TxtDeduction.Text() == "17"; });
         EXPECT_EQ(by.See([&] { return screen.TxtDeduction.BackColor(); }), 0xC0FFFFU);
         EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "k5");
-        by.Click(screen.TxtVehicleNo);
-        by.UntilActive("TxtVehicleNo");
+        by.ClickInto(screen.TxtVehicleNo);
         // A box that once had the focus stays tinted.
         EXPECT_EQ(by.See([&] { return screen.TxtDeduction.BackColor(); }), 0xC0FFFFU);
     });
 }
 
 // What the box holds is selected as it gets the focus, by the mouse too.
-TEST_F(ListsByMouse, AndAClickIntoTheDeductionLetsItBeWrittenOver) {
+TEST_F(ListsByMouse, ClickIntoTheDeductionSelectsItsText) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
-        by.Click(screen.TxtDeduction);
-        by.UntilActive("TxtDeduction");
+        by.ClickInto(screen.TxtDeduction);
         by.Type("17");
-        by.Click(screen.TxtVehicleNo);
-        by.UntilActive("TxtVehicleNo");
-        by.Click(screen.TxtDeduction);
-        by.UntilActive("TxtDeduction");
+        by.ClickInto(screen.TxtVehicleNo);
+        by.ClickInto(screen.TxtDeduction);
         by.Type("5");
         by.Until("the new deduction", [&] { return screen.TxtDeduction.Text() == "5"; });
     });
 }
 
-TEST_F(ListsByMouse, AndTheCheckBoxBeginsAChange) {
+TEST_F(ListsByMouse, ClickOnACheckBoxStartsAChange) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         EXPECT_FALSE(by.See([&] { return screen.BtnSave.Enabled(); }));
         QWidget& box = screen.ChkFinalized.Widget();

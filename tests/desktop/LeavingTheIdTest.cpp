@@ -1,4 +1,4 @@
-// The ways out of the box of the id while the number of a stored load stands in it: the load comes
+// Leaving the box of the id while it holds the number of a stored load: the load comes
 // up, the focus goes to the date, and whatever the operator was about to reach is not reached.
 
 #include "StoredLoad.h"

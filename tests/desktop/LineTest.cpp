@@ -34,7 +34,7 @@ TEST_F(LineUnderHands, KeepsTheOldReadingWhileItIsSilent) {
     });
 }
 
-TEST_F(LineUnderHands, OutlivesNoiseOfAnyBytesWhileTheOperatorTypes) {
+TEST_F(LineUnderHands, NoiseDoesNotDisturbTyping) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         Indicate(by, "baud 115200");
@@ -77,7 +77,7 @@ TEST_F(LineUnderHands, ReportsAPulledCableInOneBoxAtATimeUntilManualWeightStopsI
         by.UntilActive("CmdTareWeight");
         EXPECT_EQ(by.See([&] { return screen.TxtInitialGrossWeight.Text(); }), "7000");
 
-        // The cable is back: the next weighment opens the line anew.
+        // The cable is back: the next weighment opens the line again.
         Indicate(by, "connect");
         by.Press({"ctrl+l"});
         by.Answer("Alert", "Are you sure to clear the entries?", {"Return"});
@@ -89,10 +89,9 @@ TEST_F(LineUnderHands, ReportsAPulledCableInOneBoxAtATimeUntilManualWeightStopsI
 }
 
 // The timer ticks every 300 ms; the toolkit's timers may be 5 per cent early.
-TEST_F(LineUnderHands, LeavesTheOperatorAWholeIntervalAndHisKeysBetweenTwoBoxes) {
+TEST_F(LineUnderHands, OperatorHasAWholeIntervalBetweenTwoBoxes) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
-        by.Click(screen.TxtDriverName);
-        by.UntilActive("TxtDriverName");
+        by.ClickInto(screen.TxtDriverName);
         by.UntilReading(12540);
         Indicate(by, "hangup");
         std::string typed;
@@ -112,11 +111,10 @@ TEST_F(LineUnderHands, LeavesTheOperatorAWholeIntervalAndHisKeysBetweenTwoBoxes)
     });
 }
 
-TEST_F(LineUnderHands, LetsNobodyTypeAWeightWhileItIsLive) {
+TEST_F(LineUnderHands, LiveWeightCannotBeTyped) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
-        by.Click(screen.TxtWeight);
-        by.UntilActive("TxtWeight");
+        by.ClickInto(screen.TxtWeight);
         by.Type("7");
         by.Until("the changed screen", [&] { return screen.BtnSave.Enabled(); });
         by.UntilReading(12540);

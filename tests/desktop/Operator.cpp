@@ -101,6 +101,11 @@ void Operator::Click(QWidget& widget, const std::function<QPoint()>& place) {
     ClickAt(OnDisplay(widget, See(place)));
 }
 
+void Operator::ClickInto(VisualControl& control) {
+    Click(control);
+    UntilActive(control.Name());
+}
+
 void Operator::ClickAt(QPoint point) {
     RunTool("xdotool",
             {"mousemove", QString::number(point.x()), QString::number(point.y()), "click", "1"});
@@ -122,7 +127,7 @@ QPoint Operator::OnDisplay(const QWidget& widget, QPoint place) const {
 // so a window that has newly come to the front is asked for there as well.
 void Operator::UntilKeyboardIsReady() {
     Until("the window in front to have the keyboard", KeyboardIsReady);
-    const QDeadlineTimer end(10000);
+    const QDeadlineTimer end(Patience);
     const auto inFront = [] {
         const QWidget* window = QApplication::activeWindow();
         return window ? window->winId() : 0;
@@ -140,7 +145,7 @@ void Operator::UntilKeyboardIsReady() {
 // ---- eyes ----
 
 void Operator::Until(const std::string& what, const std::function<bool()>& condition) const {
-    const QDeadlineTimer end(10000);
+    const QDeadlineTimer end(Patience);
     while (!See(condition)) {
         if (end.hasExpired())
             throw Missed("waited in vain for " + what + "; " +
@@ -205,7 +210,7 @@ void Operator::PastLineBoxes(const std::function<void()>& act, const std::string
         const QMessageBox* box = boxes_.Up();
         return box && box->windowTitle() == "Serial line" ? boxes_.All().size() : 0;
     };
-    const QDeadlineTimer end(10000);
+    const QDeadlineTimer end(Patience);
     while (!See(condition)) {
         if (end.hasExpired())
             throw Missed("tried in vain: " + what + "; " + See([this] { return WhatIsSeen(); }));
@@ -264,7 +269,7 @@ void Operator::CloseEverything() const {
             QTimer::singleShot(0, modal, [modal] { modal->close(); });
         return modal != nullptr;
     };
-    const QDeadlineTimer end(10000);
+    const QDeadlineTimer end(Patience);
     while (See(closeOne) && !end.hasExpired())
         QThread::msleep(20);
 }

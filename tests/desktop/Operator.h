@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QWidget>
 
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <stdexcept>
@@ -17,13 +18,16 @@
 
 namespace Quillane::Testing {
 
+/// How long a condition is waited for, also on a busy machine.
+inline constexpr std::chrono::seconds Patience{60};
+
 /// What was waited for did not come.
 struct Missed : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
 /// Somebody at the station: hands on the keyboard and the mouse, which go through the display's
-/// server, and eyes on the screens. Works in a thread beside the program's, so that a test reads in
+/// server, and eyes on the screens. Works in another thread than the program, so that a test reads in
 /// order, also across boxes and modal screens. Nothing is waited for by time: each look is repeated
 /// until it shows what it should, or Missed is thrown.
 class Operator {
@@ -38,6 +42,8 @@ public:
     void WithoutLooking(const QStringList& arguments);
     void Click(VisualControl& control);
     void Click(QWidget& widget, const std::function<QPoint()>& place);
+    /// Clicks in the middle of a control and waits until it has the focus.
+    void ClickInto(VisualControl& control);
     /// Clicks at a point of the display.
     void ClickAt(QPoint point);
     void DoubleClickAt(QPoint point);

@@ -12,7 +12,7 @@ namespace {
 
 class PreviewByHand : public StoredLoad {
 protected:
-    /// The pages as the display shows them are as they would be painted anew.
+    /// The pages as the display shows them are as they would be painted again.
     static bool IsShownWhole(RptReportViewer& viewer) {
         auto& pages = dynamic_cast<QAbstractScrollArea&>(viewer.CRViewer91.FocusWidget());
         QWidget& shown = *pages.viewport();

@@ -1,5 +1,6 @@
 #include "ScaleIndicator.h"
 
+#include "Operator.h"
 #include "platform/forms/core/Text.h"
 
 #include <QDeadlineTimer>
@@ -30,10 +31,10 @@ void ScaleIndicator::Command(const std::string& command) {
 }
 
 bool ScaleIndicator::WaitForAnswer(const QByteArray& start) {
-    const QDeadlineTimer end(10000);
+    const QDeadlineTimer end(Patience);
     answers_.clear();
     while (!answers_.startsWith(start) || !answers_.endsWith('\n')) {
-        if (end.hasExpired() || !tool_.waitForReadyRead(5000))
+        if (end.hasExpired() || !tool_.waitForReadyRead(static_cast<int>(end.remainingTime())))
             return false;
         answers_ += tool_.readAllStandardOutput();
     }

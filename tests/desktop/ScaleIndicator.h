@@ -6,7 +6,7 @@
 
 namespace Quillane::Testing {
 
-/// A weighing indicator on a line of its own, behind a link: the tool, as a process of its own that
+/// A weighing indicator on a separate line, with a link to it: the tool, as a process that
 /// ends with this object.
 class ScaleIndicator {
 public:

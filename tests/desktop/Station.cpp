@@ -36,7 +36,7 @@ std::string CellText(const Value& cell) {
     return cell.IsNull() ? "Null" : cell.Text();
 }
 
-/// Tells what went wrong, and leaves nothing open behind it.
+/// Reports what went wrong, and closes everything.
 void RunDay(Operator& by, const std::function<void(Operator&)>& day) {
     try {
         day(by);

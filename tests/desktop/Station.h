@@ -16,7 +16,7 @@
 
 namespace Quillane::Testing {
 
-/// A whole station on a real display: a folder of its own with the sample rows in its
+/// A whole station on a real display: a new folder with the sample rows in its
 /// database, an indicator on port 1 with 12540 kg on the scale, boxes that really come up. The
 /// sample rows end with arrival 1042; Nadia has level 1, "gate" level 2. Fails off screen.
 class Station : public testing::Test {
@@ -32,12 +32,12 @@ protected:
 
     /// A command to the indicator, from an operator's thread.
     void Indicate(const Operator& by, const std::string& command);
-    /// Runs a statement in a session beside the program's.
+    /// Runs a statement in another session than the program's.
     void RunBeside(const std::string& statement) const;
 
-    /// A stored cell with every digit that tells it from all others; "Null".
+    /// A stored cell with all its digits; "Null".
     using Row = std::vector<std::string>;
-    /// Read beside the program.
+    /// Read in another session than the program's.
     std::vector<Row> Stored(const std::string& query) const;
 
     std::optional<StationDatabase> database;

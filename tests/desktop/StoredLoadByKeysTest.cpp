@@ -126,7 +126,7 @@ TEST_F(StoredLoadByKeys, IsFoundChangedPrintedAgainAndRemovedAndItsNumberGivenTo
     EXPECT_EQ(boxes->MostAtOnce(), 1U);
 }
 
-TEST_F(StoredLoadByKeys, StaysWhereAPurchaseRestsOnIt) {
+TEST_F(StoredLoadByKeys, IsNotRemovedIfAPurchaseUsesIt) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         OpenTyped(by, screen, 1035);
         by.Press({"ctrl+shift+Delete"});
@@ -134,8 +134,7 @@ TEST_F(StoredLoadByKeys, StaysWhereAPurchaseRestsOnIt) {
         by.Answer("Alert", "Cannot remove this invoice because it is used in (PurchaseBody) table",
                   {"Return"});
         UntilStored(by, screen, 1035);
-        by.Click(screen.TxtDriverName);
-        by.UntilActive("TxtDriverName");
+        by.ClickInto(screen.TxtDriverName);
         by.Press({"End"});
         by.Type(" Khan");
         by.Press({"ctrl+s"});
@@ -150,7 +149,7 @@ TEST_F(StoredLoadByKeys, StaysWhereAPurchaseRestsOnIt) {
               (std::vector<Row>{{"Shabbir Ahmad"}}));
 }
 
-TEST_F(StoredLoadByKeys, IsNotForAUserOfTheSecondLevelToRemove) {
+TEST_F(StoredLoadByKeys, CannotBeRemovedByAUserOfTheSecondLevel) {
     Work([this](Operator& by) {
         by.SignIn("gate", "gate");
         FrmWeighment& screen = by.OpenWeighment();
@@ -163,14 +162,13 @@ TEST_F(StoredLoadByKeys, IsNotForAUserOfTheSecondLevelToRemove) {
               (std::vector<Row>{{"2"}}));
 }
 
-TEST_F(StoredLoadByKeys, ReplacesWhatStandsOnTheScreenWithoutAQuestion) {
+TEST_F(StoredLoadByKeys, ReplacesUnsavedEntriesWithoutAQuestion) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.Click(screen.TxtVehicleNo);
         by.Type("k5");
         by.Until("the changed screen", [&] { return screen.BtnSave.Enabled(); });
         by.Press({"ctrl+o"});
-        by.Click(screen.TxtArrivalId);
-        by.UntilActive("TxtArrivalId");
+        by.ClickInto(screen.TxtArrivalId);
         by.Press({"ctrl+a"});
         OpenTyped(by, screen, 1031);
         EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "LEA-4521");
@@ -179,7 +177,7 @@ TEST_F(StoredLoadByKeys, ReplacesWhatStandsOnTheScreenWithoutAQuestion) {
     EXPECT_TRUE(boxes->All().empty()) << "nor does Ctrl+O do anything there";
 }
 
-TEST_F(StoredLoadByKeys, WithAnIdBeyondSixteenBitsIsOpenedFromTheSearchAlone) {
+TEST_F(StoredLoadByKeys, WithAnIdBeyond16BitsIsOpenedOnlyFromTheSearch) {
     RunBeside("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Select 40000,"
               " ArrivalDate, CommodityId, SellerId From Arrivals Where ArrivalID = 1042");
     RunBeside("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags,"

@@ -133,7 +133,7 @@ const QStringList ClearedAtTheSecondQuestion{"Return", "w", "h", "ctrl+l", "n", 
 const QStringList ClosedWithItsQuestion{"Return", "w", "h", "ctrl+q", "y"};
 const QStringList ScreenOpenedAgain{"Return", "Return", "Return", "w", "h"};
 
-TEST_P(AtAnySpeed, EveryKeyOfTheMainJobGoesWhereItBelongs) {
+TEST_P(AtAnySpeed, EveryKeyOfTheMainJobReachesItsControl) {
     Work([this](Operator& by) {
         by.UntilInFront("Sign in");
         by.UntilKeyboardIsReady();

@@ -1,4 +1,4 @@
-// The main job of the station from the sign-in to the slip, by keyboard alone.
+// The main job of the station from the sign-in to the slip, only by keyboard.
 
 #include "Station.h"
 #include "platform/forms/core/Text.h"
@@ -145,7 +145,7 @@ TEST_F(WeighmentByKeys, GoesFromTheSignInToTheSlipAndStoresItsFigures) {
     ExpectStoredRows(today);
 }
 
-TEST_F(WeighmentByKeys, SharesALoadOverThirtyAndTenBagsToTheLastDigit) {
+TEST_F(WeighmentByKeys, DividesALoadOver30And10BagsExactly) {
     constexpr Load fourTonnes{8320, 4320, 4000, "40", "30", "10"};
     WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
         EnterHead(by, screen);
@@ -168,7 +168,7 @@ TEST_F(WeighmentByKeys, SharesALoadOverThirtyAndTenBagsToTheLastDigit) {
                           {"10", "", "0", "0", "100", "0", "15", "985", "LEA-4521"}}));
 }
 
-TEST_F(WeighmentByKeys, PrintsNothingWhereTheDefaultAnswerIsTaken) {
+TEST_F(WeighmentByKeys, DefaultAnswerPrintsNothing) {
     WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
         EnterAllButBagLines(by);
         by.Press({"shift+Tab"});
@@ -188,7 +188,7 @@ TEST_F(WeighmentByKeys, PrintsNothingWhereTheDefaultAnswerIsTaken) {
               (std::vector<Row>{{"4", "4", "1", "12540"}}));
 }
 
-TEST_F(WeighmentByKeys, KeepsEverythingWhereTheSaveIsAnsweredNo) {
+TEST_F(WeighmentByKeys, SaveAnsweredNoKeepsTheEntries) {
     WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
         EnterAllButBagLines(by);
         by.Press({"ctrl+s"});

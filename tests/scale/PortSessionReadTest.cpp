@@ -21,7 +21,7 @@ constexpr const char* frames = "+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n+0012"
 struct PortSessionRead : PortSessionTest {
     PortSessionRead() { screen.CM.SetPortOpen(true); }
 
-    /// One look under these settings; "777" is what stood there before.
+    /// One look under these settings; "777" is the former reading.
     std::string LookWith(const Rows& rows) {
         Store(rows);
         screen.TxtWeight.SetText("777");
@@ -39,7 +39,7 @@ TEST_F(PortSessionRead, ShowsTheDecodedReading) {
     EXPECT_EQ(LookWith(PortSettingsDatabase::With("IsReversed", "1")), "052100");
 }
 
-TEST_F(PortSessionRead, LeavesTheReadingWhereTheDecodingGivesNone) {
+TEST_F(PortSessionRead, KeepsTheReadingIfTheDecodingGivesNone) {
     int changes = 0;
     screen.TxtWeight.Change = [&] { ++changes; };
     EXPECT_EQ(Look("ERR\r\n"), "777");
@@ -47,17 +47,17 @@ TEST_F(PortSessionRead, LeavesTheReadingWhereTheDecodingGivesNone) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(PortSessionRead, LooksAtNoSettingWhileTheLineIsSilent) {
+TEST_F(PortSessionRead, ReadsNoSettingWhileTheLineIsSilent) {
     Store({});
     EXPECT_EQ(Look(""), "777") << "and no box";
 }
 
-TEST_F(PortSessionRead, NeverChangesTheReadingWithALengthOfNothing) {
+TEST_F(PortSessionRead, LengthZeroNeverChangesTheReading) {
     EXPECT_EQ(LookWith(PortSettingsDatabase::With("DataLength", "0")), "777");
     EXPECT_EQ(LookWith(PortSettingsDatabase::With("DataLength", "")), "777");
 }
 
-TEST_F(PortSessionRead, TakesAnyOtherDirectionAsLeft) {
+TEST_F(PortSessionRead, AnyOtherDirectionIsLeft) {
     for (const char* direction : {"right", "Left", "", "nonsense"}) {
         Rows rows = PortSettingsDatabase::With("DataDirection", direction);
         rows[3].second = "4";
@@ -65,7 +65,7 @@ TEST_F(PortSessionRead, TakesAnyOtherDirectionAsLeft) {
     }
 }
 
-TEST_F(PortSessionRead, DoesNotCutWithoutOneDirection) {
+TEST_F(PortSessionRead, DoesNotCutUnlessThereIsOneDirection) {
     Rows doubled = PortSettingsDatabase::UsualRows();
     doubled.emplace_back("DataDirection", "Left");
     for (Rows rows : {PortSettingsDatabase::Without("DataDirection"), doubled}) {
@@ -77,7 +77,7 @@ TEST_F(PortSessionRead, DoesNotCutWithoutOneDirection) {
     }
 }
 
-TEST_F(PortSessionRead, ReportsAMissingLengthOrReversalOnEachLookThatBringsData) {
+TEST_F(PortSessionRead, MissingLengthOrReversalIsReportedAtEachReadWithData) {
     for (const char* key : {"DataLength", "IsReversed"}) {
         Store(PortSettingsDatabase::Without(key));
         BoxAnswers answers;
@@ -91,7 +91,7 @@ TEST_F(PortSessionRead, ReportsAMissingLengthOrReversalOnEachLookThatBringsData)
     }
 }
 
-TEST_F(PortSessionRead, ReportsAReversalThatIsNoNumber) {
+TEST_F(PortSessionRead, ReversalThatIsNotANumberIsReported) {
     for (const char* value : {"", "yes"}) {
         BoxAnswers answers;
         answers.Expect(Critical("Type mismatch", "Quillane"));
@@ -105,21 +105,21 @@ TEST_F(PortSessionRead, ReportsANegativeLength) {
     EXPECT_EQ(LookWith(PortSettingsDatabase::With("DataLength", "-1")), "777");
 }
 
-TEST_F(PortSessionRead, TakesTheFirstOfDoubledLengthsAndReversals) {
+TEST_F(PortSessionRead, FirstOfSeveralLengthsAndReversalsIsUsed) {
     Rows rows = PortSettingsDatabase::UsualRows();
     rows.emplace_back("DataLength", "3");
     rows.emplace_back("IsReversed", "1");
     EXPECT_EQ(LookWith(rows), "1250");
 }
 
-TEST_F(PortSessionRead, KeepsTheSettingsThatWereLoadedUntilTheyAreLoadedAgain) {
+TEST_F(PortSessionRead, StoredSettingsTakeEffectWhenTheyAreLoadedAgain) {
     database.Store(PortSettingsDatabase::With("DataLength", "3"));
     EXPECT_EQ(Look(frames), "1250");
     database.Load(screen.PortSettingsRows);
     EXPECT_EQ(Look(frames), "250");
 }
 
-TEST_F(PortSessionRead, LetsPendingEventsRunTwiceBeforeTheNewReadingIsShown) {
+TEST_F(PortSessionRead, PendingEventsRunTwiceBeforeTheNewReadingIsShown) {
     std::vector<std::string> seen;
     QTimer pending;
     QObject::connect(&pending, &QTimer::timeout, [&] { seen.push_back(screen.TxtWeight.Text()); });
@@ -131,7 +131,21 @@ TEST_F(PortSessionRead, LetsPendingEventsRunTwiceBeforeTheNewReadingIsShown) {
     EXPECT_TRUE(seen.empty()) << "nothing received, no events";
 }
 
-TEST_F(PortSessionRead, EndsWhereTheScreenWasUnloadedMeanwhile) {
+TEST_F(PortSessionRead, ReadsTheSettingsAfterBothRunsOfPendingEvents) {
+    int runs = 0;
+    QTimer pending;
+    QObject::connect(&pending, &QTimer::timeout, [&] {
+        if (++runs == 2) {
+            database.Store(PortSettingsDatabase::With("DataLength", "3"));
+            database.Load(screen.PortSettingsRows);
+        }
+    });
+    pending.start(0);
+    EXPECT_EQ(Look(frames), "250");
+    EXPECT_EQ(runs, 2);
+}
+
+TEST_F(PortSessionRead, EndsIfPendingEventsUnloadTheScreen) {
     screen.Show();
     QTimer::singleShot(0, [this] { screen.Unload(); });
     terminal.Write(frames);
@@ -139,7 +153,7 @@ TEST_F(PortSessionRead, EndsWhereTheScreenWasUnloadedMeanwhile) {
     EXPECT_EQ(screen.TxtWeight.Text(), "777");
 }
 
-TEST_F(PortSessionRead, ToleratesAnyNoise) {
+TEST_F(PortSessionRead, AnyNoiseIsTolerated) {
     std::mt19937 generator(20261121);
     std::uniform_int_distribution<int> any(0, 255);
     for (int round = 0; round < 300; ++round) {
@@ -151,7 +165,7 @@ TEST_F(PortSessionRead, ToleratesAnyNoise) {
     EXPECT_EQ(Look(frames), "1250");
 }
 
-TEST_F(PortSessionRead, ShowsTheOldestOfWhatPiledUpAndThenWhatIsFresh) {
+TEST_F(PortSessionRead, FullBufferGivesTheOldestReadingFirst) {
     std::string pile;
     for (int i = 0; i < 100; ++i)
         pile += "+001111 kg\r\n";
@@ -163,7 +177,7 @@ TEST_F(PortSessionRead, ShowsTheOldestOfWhatPiledUpAndThenWhatIsFresh) {
     EXPECT_EQ(Look("+004444 kg\r\n+004444 kg\r\n+004444 kg\r\n"), "4444");
 }
 
-TEST_F(PortSessionRead, ReportsALineThatHungUp) {
+TEST_F(PortSessionRead, LostLineIsReported) {
     terminal.HangUp();
     BoxAnswers answers;
     const auto box = Critical(Named() + " is closed: the line was disconnected. Check the cable.",
@@ -175,7 +189,7 @@ TEST_F(PortSessionRead, ReportsALineThatHungUp) {
     EXPECT_EQ(screen.TxtWeight.Text(), "777");
 }
 
-TEST_F(PortSessionRead, FollowsTheLineOnItsTimer) {
+TEST_F(PortSessionRead, TimerReadsTheLine) {
     screen.Session.OpenScalePort();
     screen.Show();
     terminal.Write(frames);
@@ -185,7 +199,7 @@ TEST_F(PortSessionRead, FollowsTheLineOnItsTimer) {
     screen.Unload();
 }
 
-TEST_F(PortSessionRead, ReportsAClosedPortOnceATick) {
+TEST_F(PortSessionRead, ClosedPortIsReportedOncePerTick) {
     screen.CM.SetPortOpen(false);
     screen.Timer.SetInterval(20);
     screen.Timer.SetEnabled(true);

@@ -71,14 +71,14 @@ TEST_F(SettingsTest, AreWrittenByTheStatementsAndReadBack) {
     }
 }
 
-TEST_F(SettingsTest, ThatAreMissingAreNotAddedByAnUpdate) {
+TEST_F(SettingsTest, MissingRowIsNotAddedByAnUpdate) {
     database.Store(PortSettingsDatabase::Without("DataLength"));
     database.Session().Execute(UpdateStatement(LengthSetting, "6"));
     database.Load(rows);
     EXPECT_EQ(rows.RecordCount(), 4);
 }
 
-TEST_F(SettingsTest, AreOneRowOrNone) {
+TEST_F(SettingsTest, ValueNeedsExactlyOneRow) {
     auto doubled = PortSettingsDatabase::UsualRows();
     doubled.emplace_back("portname", "2");
     EXPECT_EQ(SingleFrom(PortSettingsDatabase::UsualRows(), PortNameSetting), "1");
@@ -87,7 +87,7 @@ TEST_F(SettingsTest, AreOneRowOrNone) {
     EXPECT_EQ(SingleFrom({}, LineSetting), std::nullopt);
 }
 
-TEST_F(SettingsTest, SayHowAReadingIsMade) {
+TEST_F(SettingsTest, GiveTheSettingsOfTheDecoding) {
     const LiveReading reading = ReadFrom(PortSettingsDatabase::UsualRows());
     EXPECT_EQ(reading.direction, "Right");
     EXPECT_EQ(reading.length, 6);
@@ -103,7 +103,7 @@ TEST_F(SettingsTest, KeepTheDirectionUnchanged) {
     EXPECT_EQ(ReadFrom(doubled).direction, std::nullopt);
 }
 
-TEST_F(SettingsTest, TakeANullDirectionAsLeftAndFailOnAnyOtherNull) {
+TEST_F(SettingsTest, NullDirectionIsLeftAndAnyOtherNullFails) {
     const auto makeNull = [&](const std::string& key) {
         database.Store(PortSettingsDatabase::UsualRows());
         database.Run("Update PortSettings Set RegistryValue = Null Where RegistryKey = '" + key +
@@ -122,20 +122,20 @@ TEST_F(SettingsTest, TakeANullDirectionAsLeftAndFailOnAnyOtherNull) {
     }
 }
 
-TEST_F(SettingsTest, HaveTheLengthReadLeniently) {
+TEST_F(SettingsTest, LengthIsReadLeniently) {
     const std::pair<const char*, double> cases[] = {
         {"0", 0}, {"9", 9}, {"", 0}, {"six", 0}, {" 4 digits", 4}, {"-1", -1}, {"2.5", 2.5}};
     for (const auto& [text, length] : cases)
         EXPECT_EQ(ReadFrom(PortSettingsDatabase::With("DataLength", text)).length, length) << text;
 }
 
-TEST_F(SettingsTest, NeedALengthOnlyWithADirection) {
+TEST_F(SettingsTest, LengthIsNeededOnlyWithADirection) {
     EXPECT_EQ(FailureNumberOf([&] { ReadFrom(PortSettingsDatabase::Without("DataLength")); }),
               3021);
     EXPECT_FALSE(ReadFrom({{"IsReversed", "0"}}).direction);
 }
 
-TEST_F(SettingsTest, AreReversedOnlyByTheNumberOne) {
+TEST_F(SettingsTest, OnlyTheNumberOneReverses) {
     const std::pair<const char*, bool> cases[] = {{"0", false},  {"1", true},   {"2", false},
                                                   {"-1", false}, {"1.0", true}, {" 1 ", true}};
     for (const auto& [text, reversed] : cases)
@@ -143,7 +143,7 @@ TEST_F(SettingsTest, AreReversedOnlyByTheNumberOne) {
             << text;
 }
 
-TEST_F(SettingsTest, FailOnAReversalThatIsNoNumber) {
+TEST_F(SettingsTest, ReversalThatIsNotANumberFails) {
     for (const char* text : {"", "yes", "True", "1x"})
         EXPECT_EQ(
             FailureNumberOf([&] { ReadFrom(PortSettingsDatabase::With("IsReversed", text)); }), 13)
@@ -152,7 +152,7 @@ TEST_F(SettingsTest, FailOnAReversalThatIsNoNumber) {
               3021);
 }
 
-TEST_F(SettingsTest, TakeTheFirstOfDoubledLengthsAndReversals) {
+TEST_F(SettingsTest, FirstOfSeveralLengthsAndReversalsIsUsed) {
     auto doubled = PortSettingsDatabase::UsualRows();
     doubled.emplace_back("DataLength", "3");
     doubled.emplace_back("IsReversed", "1");

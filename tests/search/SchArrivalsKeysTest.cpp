@@ -199,6 +199,13 @@ TEST_F(SchArrivalsKeys, IdBeyond32BitsIsReportedOnceAndTheScreenStays) {
     EXPECT_EQ(screen->SelectedArrivalId, 0);
 }
 
+TEST_F(SchArrivalsKeys, CloseButtonSetsTheSelectedIdToZero) {
+    Open();
+    screen->SelectedArrivalId = 1041;
+    screen->BtnClose.Click();
+    EXPECT_EQ(screen->SelectedArrivalId, 0);
+}
+
 TEST_F(SchArrivalsKeys, ClosingTheWindowReturnsZero) {
     Open();
     screen->GrdSch.SetFocus();

@@ -42,6 +42,16 @@ TEST_F(SchPartyKeys, DownMovesFromTheBoxesToTheListWithoutChangingItsLine) {
     EXPECT_EQ(CurrentId(), ids[1]);
 }
 
+TEST_F(SchPartyKeys, DownHandlerOfTheIdBoxDoesNothingUnlessTheBoxIsActive) {
+    Open();
+    int down = Key::Down;
+    screen->CmdClose.SetFocus();
+    screen->TxtFilterId.KeyDown(down, ShiftState::None);
+    EXPECT_EQ(screen->ActiveControlName(), "CmdClose");
+    screen->TxtFilter.KeyDown(down, ShiftState::None);
+    EXPECT_EQ(screen->ActiveControlName(), "Grid");
+}
+
 TEST_F(SchPartyKeys, DownMovesToAnEmptyListToo) {
     Open();
     Enter(screen->TxtFilter, "nobody at all");

@@ -106,7 +106,7 @@ TEST_F(RptReportViewerTest, DrawsTheReportUnderTheHourglass) {
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
-TEST_F(RptReportViewerTest, HandsAFailureOfTheReportToItsCaller) {
+TEST_F(RptReportViewerTest, FailureOfTheReportReachesTheCaller) {
     FillWithSlip();
     auto rows = std::make_shared<Recordset>();
     rows->Open("Select 1 As Other", database_.connection);
@@ -135,7 +135,7 @@ TEST_F(RptReportViewerTest, FillsTheScreenAtEverySize) {
     viewer_.Unload();
 }
 
-TEST_F(RptReportViewerTest, PutsItsViewerIntoItsCornerWhenItIsResized) {
+TEST_F(RptReportViewerTest, ResizeMovesTheViewerToTopAndLeftZero) {
     FillWithSlip();
     viewer_.Load();
     viewer_.CRViewer91.SetTop(7);
@@ -163,7 +163,7 @@ TEST_F(RptReportViewerTest, ClosesByItsKeysAndItsButton) {
     });
 }
 
-TEST_F(RptReportViewerTest, GivesTheKeyboardToThePages) {
+TEST_F(RptReportViewerTest, PagesHaveTheFocus) {
     FillWithSlip();
     RunModal(viewer_, [&](Screen& screen) {
         EXPECT_EQ(screen.ActiveControlName(), "CRViewer91");
@@ -171,7 +171,7 @@ TEST_F(RptReportViewerTest, GivesTheKeyboardToThePages) {
     });
 }
 
-TEST_F(RptReportViewerTest, StripsTheColours) {
+TEST_F(RptReportViewerTest, RemovesTheColours) {
     viewer_.Report = OneOfEachKind();
     const std::vector<Colours> stripped{
         {-1, 0, 3, 100}, {-1, 0, 3, 100}, {1, 2, 16777215, 100}, {1, 2, 3, 100}};
@@ -181,7 +181,7 @@ TEST_F(RptReportViewerTest, StripsTheColours) {
     EXPECT_EQ(ColoursOf(*viewer_.Report), stripped);
 }
 
-TEST_F(RptReportViewerTest, StripsNothingFromAReportWithoutSectionsAndPrintsIt) {
+TEST_F(RptReportViewerTest, PrintsAReportWithoutSections) {
     viewer_.Report = std::make_unique<Report>(0);
     viewer_.RemoveObjectColors();
     viewer_.SetBorderColor();
@@ -210,7 +210,7 @@ TEST_F(RptReportViewerTest, MovesTheObjectsOfOneSectionToItsTop) {
                                                                 {14547931, 2, 3, 0}}));
 }
 
-TEST_F(RptReportViewerTest, LeavesTheSlipsPlacesWhereTheBordersAreColoured) {
+TEST_F(RptReportViewerTest, ColouredBordersDoNotMoveTheSlip) {
     FillWithSlip();
     const auto before = ColoursOf(*viewer_.Report);
     viewer_.SetBorderColor();
@@ -237,7 +237,7 @@ bool HasFills(const Report& report) {
     return false;
 }
 
-TEST_F(RptReportViewerTest, StripsTheColoursBeforeItPrints) {
+TEST_F(RptReportViewerTest, RemovesTheColoursBeforePrinting) {
     FillWithSlip();
     viewer_.Load();
     EXPECT_TRUE(HasFills(*viewer_.Report));
@@ -254,14 +254,14 @@ TEST_F(RptReportViewerTest, StripsTheColoursBeforeItPrints) {
     EXPECT_TRUE(std::filesystem::exists(database_.Folder() + "/paper.pdf"));
 }
 
-TEST_F(RptReportViewerTest, StripsTheColoursBeforeItSaves) {
+TEST_F(RptReportViewerTest, RemovesTheColoursBeforeSaving) {
     FillWithSlip();
     viewer_.Load();
     EXPECT_TRUE(viewer_.CRViewer91.SavePdf(database_.Folder() + "/slip.pdf"));
     EXPECT_FALSE(HasFills(*viewer_.Report));
 }
 
-TEST_F(RptReportViewerTest, LetsItsReportGoWhenItCloses) {
+TEST_F(RptReportViewerTest, ReleasesItsReportWhenItCloses) {
     FillWithSlip();
     RunModal(viewer_, [&](Screen& screen) {
         EXPECT_TRUE(viewer_.CRViewer91.SavePdf(database_.Folder() + "/open.pdf"));
@@ -272,7 +272,7 @@ TEST_F(RptReportViewerTest, LetsItsReportGoWhenItCloses) {
     EXPECT_FALSE(std::filesystem::exists(database_.Folder() + "/closed.pdf"));
 }
 
-TEST_F(RptReportViewerTest, TakesANewReportForEachSlip) {
+TEST_F(RptReportViewerTest, ShowsANewReportForEachSlip) {
     FillWithSlip();
     RunModal(viewer_, [](Screen& screen) { screen.Unload(); });
     viewer_.Report = OneOfEachKind();

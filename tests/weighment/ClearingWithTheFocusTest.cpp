@@ -56,7 +56,7 @@ TEST_P(ClearingWithTheFocus, RunsEveryHandlerInTheSameOrder) {
     EXPECT_EQ(Cleared(), elsewhere);
 }
 
-TEST_P(ClearingWithTheFocus, LeavesTheNextArrivalItsOwnFigures) {
+TEST_P(ClearingWithTheFocus, NextArrivalHasItsOwnFigures) {
     OpenWithFocusOn(GetParam());
     OpenBySearch(1031);
     EXPECT_EQ(Weights(), "12540 / 4320 / 8220 / 17 / 8203 / 205-3");
@@ -65,7 +65,7 @@ TEST_P(ClearingWithTheFocus, LeavesTheNextArrivalItsOwnFigures) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-TEST_P(ClearingWithTheFocus, LeavesNothingThatCanBeSavedWithoutAWeighing) {
+TEST_P(ClearingWithTheFocus, ClearedScreenCannotBeSavedWithoutAWeighing) {
     OpenWithFocusOn(GetParam());
     ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_L);
     screen->CboSeller.SetText("Chaudhry Grain Traders-Okara");
@@ -99,7 +99,7 @@ TEST_F(Clearing, AfterASaveFromTheTareBoxLeavesAnEmptyScreen) {
     EXPECT_EQ(screen->ScreenMode, "NewMode");
 }
 
-TEST_F(Clearing, ThatFailedLetsTheFocusCountAgain) {
+TEST_F(Clearing, FailedClearingRestoresTheFocusTests) {
     OpenWithFocusOn("TxtTareWeight");
     screen->TxtDeduction.Change = [] { Fail(FailureNumber::InvalidCall); };
     {

@@ -35,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(FrmWeighmentArrivalId, IsFollowedByTheArrivalOnTheScreen) {
+TEST_F(FrmWeighmentArrivalId, ArrivalNoFollowsTheBox) {
     const std::pair<const char*, std::int32_t> texts[] = {
         {"1040", 1040},
         {"2.5", 2},
@@ -55,7 +55,7 @@ TEST_F(FrmWeighmentArrivalId, IsFollowedByTheArrivalOnTheScreen) {
     }
 }
 
-TEST_F(FrmWeighmentArrivalId, IsFollowedWithEachKey) {
+TEST_F(FrmWeighmentArrivalId, ArrivalNoFollowsEachKey) {
     ScreenDriver driver(*screen);
     driver.Type("12");
     EXPECT_EQ(screen->ArrivalNo, 12);
@@ -63,7 +63,7 @@ TEST_F(FrmWeighmentArrivalId, IsFollowedWithEachKey) {
     EXPECT_EQ(screen->ArrivalNo, 1);
 }
 
-TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsReportedAndNotFollowed) {
+TEST_F(FrmWeighmentArrivalId, IdBeyond32BitsIsReportedAndKeepsArrivalNo) {
     for (const char* text : {"2147483648", "9999999999", "-2147483649", "1e300"}) {
         screen->TxtArrivalId.SetText("1040");
         BoxAnswers answers;
@@ -75,7 +75,7 @@ TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsReportedAndNotFollowed) {
     screen->TxtArrivalId.SetText("1040");
 }
 
-TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsReportedAsItIsTyped) {
+TEST_F(FrmWeighmentArrivalId, IdBeyond32BitsIsReportedWhileItIsTyped) {
     BoxAnswers answers;
     answers.Expect(Critical("Overflow", "Quillane"));
     ScreenDriver(*screen).Type("9999999999");
@@ -83,7 +83,7 @@ TEST_F(FrmWeighmentArrivalId, BeyondTheRangeOfIdsIsReportedAsItIsTyped) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "9999999999");
 }
 
-TEST_F(FrmWeighmentArrivalId, ThatIsFreeIsLeftWithoutAMessage) {
+TEST_F(FrmWeighmentArrivalId, FreeIdIsLeftWithoutAMessage) {
     for (const auto& [text, number] : {std::pair{"1043", "1043"},
                                        {"5000", "5000"},
                                        {"", "0"},
@@ -97,13 +97,13 @@ TEST_F(FrmWeighmentArrivalId, ThatIsFreeIsLeftWithoutAMessage) {
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
 }
 
-TEST_F(FrmWeighmentArrivalId, IsNotLookedUpWhereItIsClosedOrTheScreenGoes) {
+TEST_F(FrmWeighmentArrivalId, DisabledBoxOrClosedScreenLooksNothingUp) {
     EXPECT_EQ(Leaving("1040", [this] { screen->TxtArrivalId.SetEnabled(false); }), Lines{});
     screen->TxtArrivalId.SetEnabled(true);
     EXPECT_EQ(Leaving("1040", [this] { screen->Unload(); }), Lines{});
 }
 
-TEST_F(FrmWeighmentArrivalId, ThatCannotBeLookedUpIsReportedAndLeft) {
+TEST_F(FrmWeighmentArrivalId, FailedLookUpIsReportedAndTheBoxIsLeft) {
     database.Rename("Arrivals", "Elsewhere");
     EXPECT_EQ(LeavingByTab("1040"), (Lines{"Validate TxtArrivalId", Counting + "1040",
                                            Testing::DatabaseBox("no such table: Arrivals")}));

@@ -15,7 +15,7 @@ using Testing::ScreenDriver;
 
 using FrmWeighmentCapture = Testing::WeighmentWeights;
 
-TEST_F(FrmWeighmentCapture, OfTheGrossCapture) {
+TEST_F(FrmWeighmentCapture, GrossButtonTakesTheReading) {
     EXPECT_EQ(
         Capturing(screen->CmdGrossWeight, "12540"),
         (Lines{// The press moves the focus to the button.
@@ -25,7 +25,7 @@ TEST_F(FrmWeighmentCapture, OfTheGrossCapture) {
                "TxtInitialGrossWeight = '12540'", "Validate CmdGrossWeight",
                "LostFocus CmdGrossWeight", "GotFocus TxtInitialGrossWeight",
                "TxtInitialGrossWeight 0xC0FFFF",
-               // The change handler by hand.
+               // The explicit call of the change handler.
                "TxtScaleDeductKg = '0'", "TxtGrossWeight = '12540'", "TxtNetWeight = '12540'",
                "TxtMoundKgs = '313-20'", "TxtGrossWeight off", "Validate TxtInitialGrossWeight",
                "LostFocus TxtInitialGrossWeight", "GotFocus CmdTareWeight",
@@ -33,7 +33,7 @@ TEST_F(FrmWeighmentCapture, OfTheGrossCapture) {
     EXPECT_EQ(screen->TxtGrossWeight.BackColor(), ClosedGrey);
 }
 
-TEST_F(FrmWeighmentCapture, OfTheTareCapture) {
+TEST_F(FrmWeighmentCapture, TareButtonTakesTheReading) {
     Capturing(screen->CmdGrossWeight, "12540");
     const Lines computed{"TxtScaleDeductKg = '0'", "TxtGrossWeight = '8220'",
                          "TxtNetWeight = '8220'", "TxtMoundKgs = '205-20'"};
@@ -43,14 +43,14 @@ TEST_F(FrmWeighmentCapture, OfTheTareCapture) {
                 {"Validate CmdTareWeight", "LostFocus CmdTareWeight", "GotFocus TxtTareWeight",
                  "TxtTareWeight 0xC0FFFF", "TxtTareWeight = '4320'"},
                 computed,
-                // And by hand a second time.
+                // And the explicit call again.
                 computed,
                 {"Validate TxtTareWeight", "LostFocus TxtTareWeight", "GotFocus TxtVehicleNo"}}));
     EXPECT_EQ(Enabled(), "iTg") << "the tare stays open";
     EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
 }
 
-TEST_F(FrmWeighmentCapture, OfATareBeforeTheGross) {
+TEST_F(FrmWeighmentCapture, TareMayBeTakenBeforeTheGross) {
     const Lines trace = Capturing(screen->CmdTareWeight, "4320");
     EXPECT_EQ(Lines(trace.end() - 5, trace.end()),
               (Lines{"TxtTareWeight = '4320'", "TxtGrossWeight off", "Validate TxtTareWeight",
@@ -61,7 +61,7 @@ TEST_F(FrmWeighmentCapture, OfATareBeforeTheGross) {
     EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
 }
 
-TEST_F(FrmWeighmentCapture, OfAGrossBeforeTheTare) {
+TEST_F(FrmWeighmentCapture, GrossMayBeTakenBeforeTheTare) {
     Capturing(screen->CmdGrossWeight, "12540");
     EXPECT_EQ(Figures(), "12540 / 12540 / 313-20");
     Capturing(screen->CmdTareWeight, "4320");
@@ -69,7 +69,7 @@ TEST_F(FrmWeighmentCapture, OfAGrossBeforeTheTare) {
 }
 
 // The capture leaves its box closed; the next one opens it again.
-TEST_F(FrmWeighmentCapture, OfTheGrossTwiceInARowTakeTheLastReading) {
+TEST_F(FrmWeighmentCapture, SecondGrossReplacesTheFirst) {
     Capturing(screen->CmdGrossWeight, "12540");
     ASSERT_FALSE(screen->TxtInitialGrossWeight.Enabled());
     EXPECT_EQ(Capturing(screen->CmdGrossWeight, "11000"),
@@ -84,7 +84,7 @@ TEST_F(FrmWeighmentCapture, OfTheGrossTwiceInARowTakeTheLastReading) {
 }
 
 // A gross weight given in its own box closes the other two.
-TEST_F(FrmWeighmentCapture, OfATareWhoseBoxIsClosedOpensIt) {
+TEST_F(FrmWeighmentCapture, TareButtonEnablesADisabledTareBox) {
     screen->TxtGrossWeight.SetFocus();
     screen->TxtGrossWeight.SetText("500");
     ASSERT_EQ(Enabled(), "itG");
@@ -98,13 +98,13 @@ TEST_F(FrmWeighmentCapture, OfATareWhoseBoxIsClosedOpensIt) {
     EXPECT_EQ(screen->TxtTareWeight.Text(), "4320");
 }
 
-TEST_F(FrmWeighmentCapture, WithATareAboveTheGrossAreNegative) {
+TEST_F(FrmWeighmentCapture, TareAboveTheGrossGivesNegativeWeights) {
     Capturing(screen->CmdGrossWeight, "4320");
     Capturing(screen->CmdTareWeight, "4361");
     EXPECT_EQ(Figures(), "-41 / -41 / -1-1");
 }
 
-TEST_F(FrmWeighmentCapture, WithNoReadingAreNotCaptured) {
+TEST_F(FrmWeighmentCapture, NothingIsTakenWithoutAReading) {
     for (JeweledButton* button : {&screen->CmdGrossWeight, &screen->CmdTareWeight}) {
         for (const char* reading : {"", "0", "000", "-5", "kg", "0.0"}) {
             button->SetFocus();
@@ -113,7 +113,7 @@ TEST_F(FrmWeighmentCapture, WithNoReadingAreNotCaptured) {
     }
 }
 
-TEST_F(FrmWeighmentCapture, AreCapturedAsTheNumberThatTheReadingBeginsWith) {
+TEST_F(FrmWeighmentCapture, LeadingNumberOfTheReadingIsTaken) {
     const std::pair<const char*, const char*> readings[] = {
         {"1250.5", "1250.5"}, {"1250kg", "1250"},     {"0012500", "12500"},
         {" 12 50", "1250"},   {"9999999", "9999999"}, {"0.5", "0.5"}};
@@ -127,7 +127,7 @@ TEST_F(FrmWeighmentCapture, AreCapturedAsTheNumberThatTheReadingBeginsWith) {
     }
 }
 
-TEST_F(FrmWeighmentCapture, AreCapturedByTheSpaceBar) {
+TEST_F(FrmWeighmentCapture, SpaceBarPressesTheButtons) {
     screen->TxtWeight.SetText("12540");
     screen->CmdGrossWeight.SetFocus();
     ScreenDriver(*screen).Press(Qt::Key_Space);
@@ -135,14 +135,14 @@ TEST_F(FrmWeighmentCapture, AreCapturedByTheSpaceBar) {
     EXPECT_EQ(screen->ActiveControlName(), "CmdTareWeight");
 }
 
-TEST_F(FrmWeighmentCapture, AreCapturedAlsoWhereAChangeClosesTheTareBox) {
+TEST_F(FrmWeighmentCapture, TareIsTakenIfItsChangeHandlerDisablesTheBox) {
     screen->TxtTareWeight.Change = [this] { screen->TxtTareWeight.SetEnabled(false); };
     Capturing(screen->CmdTareWeight, "4320");
     EXPECT_EQ(screen->TxtTareWeight.Text(), "4320");
     EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");
 }
 
-TEST_F(FrmWeighmentCapture, AreCapturedWithoutATrap) {
+TEST_F(FrmWeighmentCapture, FailureInACaptureEndsTheProcess) {
     const std::pair<JeweledButton*, VisualControl*> unreachable[] = {
         {&screen->CmdGrossWeight, &screen->CmdTareWeight},
         {&screen->CmdTareWeight, &screen->TxtVehicleNo}};
@@ -158,7 +158,7 @@ TEST_F(FrmWeighmentCapture, AreCapturedWithoutATrap) {
     }
 }
 
-TEST_F(FrmWeighmentCapture, TypedByHandAreCapturedLikeTheLiveOnes) {
+TEST_F(FrmWeighmentCapture, TypedWeightsAreTakenLikeLiveOnes) {
     ScreenDriver driver(*screen);
     driver.Click(screen->ChkManualWeight);
     EXPECT_FALSE(screen->Timer.Enabled());
@@ -174,7 +174,7 @@ TEST_F(FrmWeighmentCapture, TypedByHandAreCapturedLikeTheLiveOnes) {
     EXPECT_TRUE(screen->TxtWeight.Locked());
 }
 
-TEST_F(FrmWeighmentCapture, OfTheWorkedExample) {
+TEST_F(FrmWeighmentCapture, WorkedExampleGivesItsFigures) {
     Capturing(screen->CmdGrossWeight, "12540");
     Capturing(screen->CmdTareWeight, "4320");
     EXPECT_EQ(Writing(screen->TxtKandaDeduction, "0.5"),

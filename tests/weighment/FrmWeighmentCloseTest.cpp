@@ -37,7 +37,7 @@ protected:
     }
 };
 
-TEST_P(FrmWeighmentClose, AsksNothingWhereNothingIsUnsaved) {
+TEST_P(FrmWeighmentClose, ClosesWithoutAQuestionIfNothingIsUnsaved) {
     for (const int mode : {1, 3, 5}) {
         if (!screen->IsLoaded())
             screen->Show();
@@ -50,7 +50,7 @@ TEST_P(FrmWeighmentClose, AsksNothingWhereNothingIsUnsaved) {
     }
 }
 
-TEST_P(FrmWeighmentClose, AsksWhereSomethingIsUnsavedAndClosesOnYes) {
+TEST_P(FrmWeighmentClose, AsksIfSomethingIsUnsavedAndClosesOnYes) {
     screen->SetButtonState(2);
     BoxAnswers answers;
     answers.Expect(CloseQuestion, BoxAnswer::Yes,
@@ -60,7 +60,7 @@ TEST_P(FrmWeighmentClose, AsksWhereSomethingIsUnsavedAndClosesOnYes) {
     EXPECT_FALSE(screen->CM.PortOpen());
 }
 
-TEST_P(FrmWeighmentClose, StaysOnNoWithTheLineClosedAndAnErrorAtEachTick) {
+TEST_P(FrmWeighmentClose, StaysOpenOnNoWithTheLineClosedAndAnErrorAtEachTick) {
     FillIn();
     screen->TxtVehicleNo.SetFocus();
     BoxAnswers answers;
@@ -93,7 +93,7 @@ TEST_P(FrmWeighmentClose, OpensTheLineAgainWithTheNextNewWeighment) {
     EXPECT_TRUE(WaitFor([&] { return screen->TxtWeight.Text() == "1250"; }));
 }
 
-TEST_P(FrmWeighmentClose, TouchesNoRow) {
+TEST_P(FrmWeighmentClose, ChangesNoRow) {
     FillIn();
     screen->CboSeller.SetFocus();
     Trace trace(*screen, line);
@@ -118,7 +118,7 @@ TEST_P(FrmWeighmentClose, LoadsAgainTheNextTime) {
     EXPECT_EQ(screen->Timer.Interval(), 300);
 }
 
-TEST_P(FrmWeighmentClose, EndsATickInWhosePendingEventsItComes) {
+TEST_P(FrmWeighmentClose, ClosingDuringATickEndsTheTick) {
     screen->Timer.SetEnabled(false);
     line.Write("+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n");
     ASSERT_TRUE(WaitFor([&] { return line.Unread() == 0; }));

@@ -87,7 +87,7 @@ protected:
     }
 };
 
-TEST_P(FrmWeighmentInsertedText, IsRefusedWholeByANumberBoxForOneCharacterThatIsNoDigit) {
+TEST_P(FrmWeighmentInsertedText, NumberBoxRefusesTextWithOneCharacterThatIsNotADigit) {
     const char* const refused[] = {
         "-99", "-1e9", "1.5", "1 2", " 17", "17\n", "x4.", "12kg", "+5", "1,0", "\xDB\xB1\xDB\xB2",
         "1\b2"};
@@ -100,7 +100,7 @@ TEST_P(FrmWeighmentInsertedText, IsRefusedWholeByANumberBoxForOneCharacterThatIs
     }
 }
 
-TEST_P(FrmWeighmentInsertedText, OfDigitsGoesIntoANumberBox) {
+TEST_P(FrmWeighmentInsertedText, NumberBoxAcceptsDigits) {
     for (TextBox* box : NumberBoxes()) {
         Prepare(*box);
         GetParam().bring(*screen, *box, "0420");
@@ -108,14 +108,14 @@ TEST_P(FrmWeighmentInsertedText, OfDigitsGoesIntoANumberBox) {
     }
 }
 
-TEST_P(FrmWeighmentInsertedText, OfDigitsIsComputedWith) {
+TEST_P(FrmWeighmentInsertedText, InsertedDigitsAreComputed) {
     Prepare(screen->TxtDeduction);
     screen->TxtGrossWeight.SetText("8220");
     EXPECT_EQ(Bringing(screen->TxtDeduction, "17"),
               (Lines{"TxtDeduction = '17'", "TxtNetWeight = '8203'", "TxtMoundKgs = '205-3'"}));
 }
 
-TEST_P(FrmWeighmentInsertedText, GoesIntoTheOtherBoxesAsItIs) {
+TEST_P(FrmWeighmentInsertedText, OtherBoxesAcceptAnyText) {
     for (TextBox* box : {&screen->TxtArrivalId, &screen->TxtVehicleNo, &screen->TxtBuiltyNo,
                          &screen->TxtDriverName, &screen->TxtKandaDeduction, &screen->TxtHeapName,
                          &screen->TxtWeight}) {
@@ -125,7 +125,7 @@ TEST_P(FrmWeighmentInsertedText, GoesIntoTheOtherBoxesAsItIs) {
     }
 }
 
-TEST_P(FrmWeighmentInsertedText, StaysOutOfALockedBox) {
+TEST_P(FrmWeighmentInsertedText, LockedBoxAcceptsNoText) {
     Prepare(screen->TxtTareWeight, "4320");
     screen->TxtTareWeight.SetLocked(true);
     GetParam().bring(*screen, screen->TxtTareWeight, "5");
@@ -137,7 +137,7 @@ INSTANTIATE_TEST_SUITE_P(By, FrmWeighmentInsertedText, testing::ValuesIn(Ways),
 
 using FrmWeighmentWrittenText = Testing::WeighmentKeys;
 
-TEST_F(FrmWeighmentWrittenText, GoesIntoANumberBoxWhateverItIs) {
+TEST_F(FrmWeighmentWrittenText, NumberBoxAcceptsAnyTextFromCode) {
     for (const char* text : {"-40", "4320.5", "none"}) {
         screen->TxtDeduction.SetText(text);
         EXPECT_EQ(screen->TxtDeduction.Text(), text);
@@ -145,7 +145,7 @@ TEST_F(FrmWeighmentWrittenText, GoesIntoANumberBoxWhateverItIs) {
 }
 
 // A refused text is a key all the same.
-TEST_F(FrmWeighmentWrittenText, ThatIsRefusedTurnsTheScreenToChanged) {
+TEST_F(FrmWeighmentWrittenText, RefusedCharacterStartsAChange) {
     Begin(screen->TxtDeduction, 3);
     QApplication::clipboard()->setText("-999");
     Driver().Press(Qt::CTRL | Qt::Key_V);

@@ -22,7 +22,7 @@ protected:
 };
 
 // A capture with the focus elsewhere would write the reading and leave the gross as it was.
-TEST_F(FrmWeighmentInterruptions, OfACaptureByANameThatIsOnNoListCaptureNothing) {
+TEST_F(FrmWeighmentInterruptions, UnlistedSellerPreventsACapture) {
     screen->TxtWeight.SetText("12540");
     screen->CboSeller.SetFocus();
     ScreenDriver driver(*screen);
@@ -36,7 +36,7 @@ TEST_F(FrmWeighmentInterruptions, OfACaptureByANameThatIsOnNoListCaptureNothing)
     EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");
 }
 
-TEST_F(FrmWeighmentInterruptions, OfASaveByANameThatIsOnNoListSaveNothingAndSayNothing) {
+TEST_F(FrmWeighmentInterruptions, UnlistedSellerPreventsASaveWithoutAMessage) {
     FillIn();
     screen->CboCommodity.SetFocus();
     ScreenDriver driver(*screen);
@@ -48,7 +48,7 @@ TEST_F(FrmWeighmentInterruptions, OfASaveByANameThatIsOnNoListSaveNothingAndSayN
 }
 
 // The box of the failed look-up comes up while the press moves the focus.
-TEST_F(FrmWeighmentInterruptions, OfAPressByABoxUseThePressUp) {
+TEST_F(FrmWeighmentInterruptions, PressDuringWhichABoxIsShownHasNoEffect) {
     screen->TxtWeight.SetText("12540");
     database.Rename("Arrivals", "Away");
     ScreenDriver driver(*screen);
@@ -63,7 +63,7 @@ TEST_F(FrmWeighmentInterruptions, OfAPressByABoxUseThePressUp) {
     EXPECT_EQ(screen->TxtGrossWeight.Text(), "12540");
 }
 
-TEST_F(FrmWeighmentInterruptions, OfACellByAClearThatIsAnsweredNoKeepTheLine) {
+TEST_F(FrmWeighmentInterruptions, ClearAnsweredNoKeepsThePendingCell) {
     BeginCell("Jute O");
     Trace trace(*screen, line);
     ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_L);
@@ -74,7 +74,7 @@ TEST_F(FrmWeighmentInterruptions, OfACellByAClearThatIsAnsweredNoKeepTheLine) {
     EXPECT_EQ(screen->ActiveControlName(), "Grid");
 }
 
-TEST_F(FrmWeighmentInterruptions, OfACellByAClearLeaveNoLine) {
+TEST_F(FrmWeighmentInterruptions, ClearRemovesThePendingCell) {
     const std::function<void(ScreenDriver&)> clears[] = {
         [](ScreenDriver& driver) { driver.Press(Qt::CTRL | Qt::Key_L); },
         [this](ScreenDriver& driver) { driver.Click(screen->BtnClear); }};
@@ -91,7 +91,7 @@ TEST_F(FrmWeighmentInterruptions, OfACellByAClearLeaveNoLine) {
     }
 }
 
-TEST_F(FrmWeighmentInterruptions, OfTheLineByAPreviewLetTheReadingGoOnUnderIt) {
+TEST_F(FrmWeighmentInterruptions, ReadingContinuesBelowThePreview) {
     FillIn();
     Trace trace(*screen, line);
     trace.Answer("Do you want to print?", BoxAnswer::Yes);
@@ -107,7 +107,7 @@ TEST_F(FrmWeighmentInterruptions, OfTheLineByAPreviewLetTheReadingGoOnUnderIt) {
 }
 
 // The tick has read the line before the save, and shows the reading after it.
-TEST_F(FrmWeighmentInterruptions, OfATickByASaveFinishBoth) {
+TEST_F(FrmWeighmentInterruptions, SaveDuringATickCompletesBoth) {
     FillIn();
     screen->Timer.SetEnabled(false);
     Trace trace(*screen, line);

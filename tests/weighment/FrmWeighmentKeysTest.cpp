@@ -18,7 +18,7 @@ const Box NoParty{.text = "Please select a valid Party and try again",
                   .title = "Alert",
                   .icon = BoxIcon::Exclamation};
 
-TEST_F(FrmWeighmentKeys, EnterMovesOnLikeTabOnAllThatIsNoScreenButton) {
+TEST_F(FrmWeighmentKeys, EnterMovesOnLikeTabExceptOnScreenButtons) {
     screen->TxtWeight.SetText("500");
     for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
         for (VisualControl* control : WhereEnterMovesOn()) {
@@ -35,7 +35,7 @@ TEST_F(FrmWeighmentKeys, EnterMovesOnLikeTabOnAllThatIsNoScreenButton) {
     EXPECT_EQ(screen->ChkManualWeight.Value(), 0);
 }
 
-TEST_F(FrmWeighmentKeys, EnterWithAModifierMovesOnLikewise) {
+TEST_F(FrmWeighmentKeys, EnterWithAModifierMovesOnToo) {
     screen->TxtWeight.SetText("500");
     for (const Qt::KeyboardModifier held :
          {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
@@ -52,13 +52,13 @@ TEST_F(FrmWeighmentKeys, EnterWithAModifierMovesOnLikewise) {
     EXPECT_EQ(screen->TxtTareWeight.Text(), "");
 }
 
-TEST_F(FrmWeighmentKeys, EnterIsSeenAgainAsTheTabThatItSends) {
+TEST_F(FrmWeighmentKeys, ScreenReceivesTheTabThatEnterSends) {
     Begin(screen->TxtVehicleNo);
     Driver().Press(Qt::Key_Return);
     EXPECT_EQ(State(), "ChangeMode, can be saved") << "Tab is an ordinary key";
 }
 
-TEST_F(FrmWeighmentKeys, EnterOnATareButtonWithAReadingMovesOn) {
+TEST_F(FrmWeighmentKeys, EnterOnTheTareButtonMovesOnWithoutACapture) {
     Begin(screen->CmdTareWeight);
     screen->TxtWeight.SetText("4320");
     Driver().Press(Qt::Key_Return);
@@ -93,7 +93,7 @@ TEST_F(FrmWeighmentKeys, EnterOnSavePressesItWithoutAQuestion) {
     EXPECT_EQ(screen->ActiveControlName(), "CboSeller") << "where the refusal leads";
 }
 
-TEST_F(FrmWeighmentKeys, EnterOnClearPressesItAndIsNoOrdinaryKey) {
+TEST_F(FrmWeighmentKeys, EnterOnClearPressesItAndStartsNoChange) {
     screen->BtnClear.SetFocus();
     screen->TxtVehicleNo.SetText("LEB-4217");
     Driver().Press(Qt::Key_Enter);
@@ -102,7 +102,7 @@ TEST_F(FrmWeighmentKeys, EnterOnClearPressesItAndIsNoOrdinaryKey) {
     EXPECT_EQ(State(), "NewMode");
 }
 
-TEST_F(FrmWeighmentKeys, CtrlLClearsWithoutAQuestionWhereNothingIsUnsaved) {
+TEST_F(FrmWeighmentKeys, CtrlLClearsWithoutAQuestionIfNothingIsUnsaved) {
     for (const int mode : {1, 3}) {
         Begin(screen->TxtVehicleNo, mode);
         screen->TxtVehicleNo.SetText("LEB-4217");
@@ -113,7 +113,7 @@ TEST_F(FrmWeighmentKeys, CtrlLClearsWithoutAQuestionWhereNothingIsUnsaved) {
     }
 }
 
-TEST_F(FrmWeighmentKeys, CtrlLAsksWhereSomethingIsUnsaved) {
+TEST_F(FrmWeighmentKeys, CtrlLAsksIfSomethingIsUnsaved) {
     Begin(screen->TxtVehicleNo, 2);
     screen->TxtVehicleNo.SetText("LEB-4217");
     {
@@ -132,7 +132,7 @@ TEST_F(FrmWeighmentKeys, CtrlLAsksWhereSomethingIsUnsaved) {
     EXPECT_EQ(State(), "NewMode");
 }
 
-TEST_F(FrmWeighmentKeys, CtrlLClearsAlsoWhereTheButtonIsOff) {
+TEST_F(FrmWeighmentKeys, CtrlLClearsAlsoIfTheButtonIsDisabled) {
     Begin(screen->TxtVehicleNo);
     screen->TxtVehicleNo.SetText("LEB-4217");
     screen->BtnClear.SetEnabled(false);
@@ -141,7 +141,7 @@ TEST_F(FrmWeighmentKeys, CtrlLClearsAlsoWhereTheButtonIsOff) {
     EXPECT_TRUE(screen->BtnClear.Enabled());
 }
 
-TEST_F(FrmWeighmentKeys, CtrlLGoesToTheIdWhereTheDateIsClosed) {
+TEST_F(FrmWeighmentKeys, CtrlLMovesToTheIdIfTheDateIsDisabled) {
     Begin(screen->TxtVehicleNo);
     screen->DtpArrivalDate.SetEnabled(false);
     database.Rename("PortSettings", "Elsewhere");
@@ -151,7 +151,7 @@ TEST_F(FrmWeighmentKeys, CtrlLGoesToTheIdWhereTheDateIsClosed) {
     EXPECT_EQ(screen->ActiveControlName(), "TxtArrivalId");
 }
 
-TEST_F(FrmWeighmentKeys, CtrlLReportsAFailureAndLeaves) {
+TEST_F(FrmWeighmentKeys, CtrlLReportsAFailure) {
     Begin(screen->TxtVehicleNo);
     screen->DtpArrivalDate.SetEnabled(false);
     screen->TxtArrivalId.SetEnabled(false);
@@ -163,7 +163,7 @@ TEST_F(FrmWeighmentKeys, CtrlLReportsAFailureAndLeaves) {
     EXPECT_EQ(screen->ActiveControlName(), "TxtVehicleNo");
 }
 
-TEST_F(FrmWeighmentKeys, CtrlSDoesNothingWhereNothingCanBeSaved) {
+TEST_F(FrmWeighmentKeys, CtrlSDoesNothingIfSaveIsDisabled) {
     for (const int mode : {1, 3}) {
         Begin(screen->TxtVehicleNo, mode);
         Driver().Press(Qt::CTRL | Qt::Key_S);
@@ -171,7 +171,7 @@ TEST_F(FrmWeighmentKeys, CtrlSDoesNothingWhereNothingCanBeSaved) {
     }
 }
 
-TEST_F(FrmWeighmentKeys, CtrlSAsksAndSavesOnYesAlone) {
+TEST_F(FrmWeighmentKeys, CtrlSAsksAndSavesOnlyOnYes) {
     Begin(screen->TxtVehicleNo, 2);
     {
         BoxAnswers answers;
@@ -185,7 +185,7 @@ TEST_F(FrmWeighmentKeys, CtrlSAsksAndSavesOnYesAlone) {
     EXPECT_EQ(screen->ActiveControlName(), "CboSeller") << "where the refusal leads";
 }
 
-TEST_F(FrmWeighmentKeys, CtrlSSeesTheCellThatIsStillBeingEdited) {
+TEST_F(FrmWeighmentKeys, CtrlSStoresTheCellBeingEdited) {
     FillIn();
     screen->Grid.SetFocus();
     Driver().Press(Qt::Key_Right).Press(Qt::Key_Right).Type("75");
@@ -196,7 +196,7 @@ TEST_F(FrmWeighmentKeys, CtrlSSeesTheCellThatIsStillBeingEdited) {
     EXPECT_EQ(screen->BagRows.Get(0, 2), "75");
 }
 
-TEST_F(FrmWeighmentKeys, CtrlQClosesWhereCloseIsOn) {
+TEST_F(FrmWeighmentKeys, CtrlQClosesIfCloseIsEnabled) {
     screen->BtnClose.SetEnabled(false);
     Driver().Press(Qt::CTRL | Qt::Key_Q);
     EXPECT_TRUE(screen->IsLoaded());
@@ -206,7 +206,7 @@ TEST_F(FrmWeighmentKeys, CtrlQClosesWhereCloseIsOn) {
     EXPECT_FALSE(screen->IsLoaded());
 }
 
-TEST_F(FrmWeighmentKeys, CtrlOOpensTheSearchWhereOpenIsOn) {
+TEST_F(FrmWeighmentKeys, CtrlOOpensTheSearchIfOpenIsEnabled) {
     for (const int mode : {1, 3}) {
         Begin(screen->TxtVehicleNo, mode);
         VisitModal search([](Screen& modal) {
@@ -222,7 +222,7 @@ TEST_F(FrmWeighmentKeys, CtrlOOpensTheSearchWhereOpenIsOn) {
     EXPECT_TRUE(screen->isActiveWindow());
 }
 
-TEST_F(FrmWeighmentKeys, CtrlShiftDeleteAsksToRemoveWhereRemoveIsOn) {
+TEST_F(FrmWeighmentKeys, CtrlShiftDeleteAsksToRemoveIfRemoveIsEnabled) {
     Begin(screen->TxtVehicleNo, 3);
     {
         BoxAnswers answers;
@@ -237,7 +237,7 @@ TEST_F(FrmWeighmentKeys, CtrlShiftDeleteAsksToRemoveWhereRemoveIsOn) {
     }
 }
 
-TEST_F(FrmWeighmentKeys, F1SearchesThePartiesInTheSellerListAlone) {
+TEST_F(FrmWeighmentKeys, F1SearchesPartiesOnlyInTheSellerList) {
     for (VisualControl* control : WhereEnterMovesOn()) {
         if (control == &screen->CboSeller)
             continue;
@@ -255,7 +255,7 @@ TEST_F(FrmWeighmentKeys, F1SearchesThePartiesInTheSellerListAlone) {
     EXPECT_EQ(State(), "NewMode");
 }
 
-TEST_F(FrmWeighmentKeys, F1WithAModifierSearchesThePartiesLikewise) {
+TEST_F(FrmWeighmentKeys, F1WithAModifierSearchesPartiesToo) {
     for (const Qt::KeyboardModifier held : {Qt::ShiftModifier, Qt::ControlModifier}) {
         Begin(screen->CboSeller);
         VisitModal search([](Screen& modal) {

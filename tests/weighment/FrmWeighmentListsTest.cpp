@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(FrmWeighmentLists, FillTheSellersByTheRoleThatIsChosen) {
+TEST_F(FrmWeighmentLists, ChosenSellerTypeFillsTheSellers) {
     const auto all = SellerNames();
     screen->CboSeller.SetText("Chaudhry Grain Traders-Okara");
     screen->CboSellerType.SetFocus();
@@ -41,7 +41,7 @@ TEST_F(FrmWeighmentLists, FillTheSellersByTheRoleThatIsChosen) {
     EXPECT_EQ(SellerNames(), all);
 }
 
-TEST_F(FrmWeighmentLists, FillTheSellersByARoleThatIsTyped) {
+TEST_F(FrmWeighmentLists, TypedSellerTypeFillsTheSellers) {
     screen->CboCommodity.SetFocus();
     ScreenDriver(*screen).Press(Qt::Key_Tab);
     Trace trace(*screen, line);
@@ -50,7 +50,7 @@ TEST_F(FrmWeighmentLists, FillTheSellersByARoleThatIsTyped) {
     EXPECT_EQ(trace.Take().size(), 2u) << "by its first letter Buyers or Brokers, then the other";
 }
 
-TEST_F(FrmWeighmentLists, FillTheSellersOnceForARoleThatStays) {
+TEST_F(FrmWeighmentLists, UnchangedSellerTypeFillsTheSellersOnce) {
     Trace trace(*screen, line);
     screen->CboSellerType.SetBookmark(0);
     EXPECT_EQ(trace.Take(), Lines{});
@@ -60,7 +60,7 @@ TEST_F(FrmWeighmentLists, FillTheSellersOnceForARoleThatStays) {
     EXPECT_EQ(StatementsOf(trace.Take()).size(), 1u) << "a clear has left no role current";
 }
 
-TEST_F(FrmWeighmentLists, TakeTheFocusBackWithANameThatTheyDoNotHold) {
+TEST_F(FrmWeighmentLists, UnlistedNameKeepsTheFocus) {
     for (TDBCombo* list : {&screen->CboSeller, &screen->CboCommodity}) {
         for (const bool byMouse : {false, true}) {
             list->SetText("");
@@ -79,7 +79,7 @@ TEST_F(FrmWeighmentLists, TakeTheFocusBackWithANameThatTheyDoNotHold) {
     }
 }
 
-TEST_F(FrmWeighmentLists, KeepANameThatIsWrittenFromCode) {
+TEST_F(FrmWeighmentLists, UnlistedNameFromCodeIsKept) {
     screen->CboSeller.SetText("Nobody-Nowhere");
     screen->CboSeller.SetFocus();
     ScreenDriver(*screen).Press(Qt::Key_Tab);
@@ -88,14 +88,14 @@ TEST_F(FrmWeighmentLists, KeepANameThatIsWrittenFromCode) {
     EXPECT_FALSE(screen->CboSeller.Bookmark());
 }
 
-TEST_F(FrmWeighmentLists, BlankARoleThatTheyDoNotHold) {
+TEST_F(FrmWeighmentLists, UnlistedSellerTypeIsCleared) {
     screen->CboSellerType.SetFocus();
     ScreenDriver(*screen).Type("xyz").Press(Qt::Key_Tab);
     EXPECT_EQ(screen->CboSellerType.Text(), "");
     EXPECT_EQ(screen->ActiveControlName(), "CboSeller");
 }
 
-TEST_F(FrmWeighmentLists, ChooseByTypingTheBeginningOfAName) {
+TEST_F(FrmWeighmentLists, TypingTheBeginningOfANameSelectsIt) {
     screen->CboSeller.SetFocus();
     ScreenDriver(*screen).Type("chaudhry g").Press(Qt::Key_Tab);
     EXPECT_EQ(screen->CboSeller.Text(), "Chaudhry Grain Traders-Okara");

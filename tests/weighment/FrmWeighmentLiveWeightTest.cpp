@@ -16,7 +16,7 @@ using FrmWeighmentLiveWeight = Testing::WeighmentWeights;
 
 constexpr const char* Frames = "+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n+0012";
 
-TEST_F(FrmWeighmentLiveWeight, KeepTheLineOpenWhileWeighedByHand) {
+TEST_F(FrmWeighmentLiveWeight, ManualWeightKeepsTheLineOpen) {
     screen->ChkManualWeight.SetValue(1);
     EXPECT_TRUE(screen->CM.PortOpen());
     screen->ChkManualWeight.SetValue(0);
@@ -24,7 +24,7 @@ TEST_F(FrmWeighmentLiveWeight, KeepTheLineOpenWhileWeighedByHand) {
     EXPECT_EQ(screen->Timer.Interval(), 300);
 }
 
-TEST_F(FrmWeighmentLiveWeight, GoOnTickingWhereTheScreenItselfTakesTheFocus) {
+TEST_F(FrmWeighmentLiveWeight, TimerRunsIfTheScreenItselfGetsTheFocus) {
     screen->ChkManualWeight.SetValue(1);
     for (Control* control : screen->Controls())
         if (auto* visual = dynamic_cast<VisualControl*>(control))
@@ -34,7 +34,7 @@ TEST_F(FrmWeighmentLiveWeight, GoOnTickingWhereTheScreenItselfTakesTheFocus) {
     EXPECT_FALSE(screen->TxtWeight.Locked());
 }
 
-TEST_F(FrmWeighmentLiveWeight, FollowTheLine) {
+TEST_F(FrmWeighmentLiveWeight, ReadingFollowsTheLine) {
     line.Write(Frames);
     EXPECT_TRUE(WaitFor([&] { return screen->TxtWeight.Text() == "1250"; }));
     line.Write("+000000 kg\r\n+000000 kg\r\n+000000 kg\r\n");
@@ -42,7 +42,7 @@ TEST_F(FrmWeighmentLiveWeight, FollowTheLine) {
     EXPECT_EQ(screen->BtnSave.Enabled(), false) << "a reading is no entry";
 }
 
-TEST_F(FrmWeighmentLiveWeight, WithReversedDigitsShowTheirZerosAndAreTakenWithoutThem) {
+TEST_F(FrmWeighmentLiveWeight, ReversedReadingIsShownWithItsZerosAndTakenWithoutThem) {
     RunBeside("UPDATE PortSettings SET RegistryValue = '1' WHERE RegistryKey = 'IsReversed'");
     screen->NewWeighment();
     line.Write("+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n");
@@ -51,7 +51,7 @@ TEST_F(FrmWeighmentLiveWeight, WithReversedDigitsShowTheirZerosAndAreTakenWithou
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "52100");
 }
 
-TEST_F(FrmWeighmentLiveWeight, ByHandLeaveTheLineUnreadUntilTheOldestIsShown) {
+TEST_F(FrmWeighmentLiveWeight, ManualWeightLeavesTheLineUnread) {
     screen->ChkManualWeight.SetValue(1);
     screen->TxtWeight.SetText("777");
     std::string pile;
@@ -67,7 +67,7 @@ TEST_F(FrmWeighmentLiveWeight, ByHandLeaveTheLineUnreadUntilTheOldestIsShown) {
     EXPECT_EQ(screen->TxtWeight.Text(), "1111");
 }
 
-TEST_F(FrmWeighmentLiveWeight, OfALineThatHungUpAreReportedOneBoxATickUntilWeighedByHand) {
+TEST_F(FrmWeighmentLiveWeight, LostLineIsReportedAtEachTickUntilManualWeight) {
     screen->TxtWeight.SetText("777");
     BoxAnswers answers;
     const auto box = Critical("Port 1 (" + line.Device() +
@@ -94,7 +94,7 @@ TEST_F(FrmWeighmentLiveWeight, OfALineThatHungUpAreReportedOneBoxATickUntilWeigh
     EXPECT_EQ(screen->TxtWeight.Text(), "777");
 }
 
-TEST_F(FrmWeighmentLiveWeight, TakenDuringATickAreThoseBeforeIt) {
+TEST_F(FrmWeighmentLiveWeight, CaptureDuringATickTakesTheFormerReading) {
     screen->Timer.SetEnabled(false);
     screen->TxtWeight.SetText("777");
     line.Write(Frames);

@@ -79,20 +79,20 @@ protected:
     }
 };
 
-TEST_F(FrmWeighmentModes, SetTheButtons) {
+TEST_F(FrmWeighmentModes, EachModeSetsTheButtons) {
     EXPECT_EQ(OnIn(1), "Open Clear ");
     EXPECT_EQ(OnIn(2), "Save Clear ");
     EXPECT_EQ(OnIn(3), "Open Print Remove Clear ");
     EXPECT_EQ(OnIn(5), "Open Print Clear ");
 }
 
-TEST_F(FrmWeighmentModes, OfNoMeaningDoNothing) {
+TEST_F(FrmWeighmentModes, UnknownModesDoNothing) {
     screen->SetButtonState(2);
     for (const int mode : {0, 4, 6, -1, 100})
         EXPECT_EQ(Setting(mode), Lines{}) << mode;
 }
 
-TEST_F(FrmWeighmentModes, NeverTouchTheCloseButton) {
+TEST_F(FrmWeighmentModes, NoModeChangesTheCloseButton) {
     for (const bool enabled : {false, true}) {
         screen->BtnClose.SetEnabled(enabled);
         for (const int mode : {1, 2, 3, 5}) {
@@ -102,12 +102,12 @@ TEST_F(FrmWeighmentModes, NeverTouchTheCloseButton) {
     }
 }
 
-TEST_F(FrmWeighmentModes, OfAChangedScreenSetNothingButTheButtons) {
+TEST_F(FrmWeighmentModes, ChangeModeSetsOnlyTheButtons) {
     EXPECT_EQ(Setting(2), (Lines{"BtnOpen off", "BtnSave on"}));
     EXPECT_EQ(Setting(5), (Lines{"BtnOpen on", "BtnPrint on", "BtnSave off"}));
 }
 
-TEST_F(FrmWeighmentModes, OfAStoredScreenApplyTheWeighRuleFirstAndMoveToTheDate) {
+TEST_F(FrmWeighmentModes, StoredModeAppliesTheWeighRuleAndMovesToTheDate) {
     FillIn();
     screen->TxtVehicleNo.SetFocus();
     EXPECT_EQ(Setting(3), (Lines{"CmdGrossWeight off", "CmdTareWeight off", "BtnOpen on",
@@ -118,14 +118,14 @@ TEST_F(FrmWeighmentModes, OfAStoredScreenApplyTheWeighRuleFirstAndMoveToTheDate)
     EXPECT_EQ(screen->ScreenMode, "NewMode") << "and the word stays";
 }
 
-TEST_F(FrmWeighmentModes, OfAStoredScreenMoveOnFromTheIdWithoutItsValidation) {
+TEST_F(FrmWeighmentModes, StoredModeLeavesTheIdWithoutValidation) {
     ASSERT_EQ(screen->ActiveControlName(), "TxtArrivalId");
     EXPECT_EQ(Setting(3),
               (Lines{"BtnPrint on", "BtnRemove on", "LostFocus TxtArrivalId",
                      "GotFocus DtpArrivalDate", "TxtArrivalId off", "TxtArrivalId 0xE0E0E0"}));
 }
 
-TEST_F(FrmWeighmentModes, OfANewScreenBringBackWhatWasClosed) {
+TEST_F(FrmWeighmentModes, NewModeEnablesWhatWasDisabled) {
     for (VisualControl* closed : std::initializer_list<VisualControl*>{
              &screen->ChkManualWeight, &screen->TxtInitialGrossWeight, &screen->TxtTareWeight,
              &screen->CboSeller, &screen->TxtArrivalId, &screen->CmdGrossWeight,
@@ -149,7 +149,7 @@ TEST_F(FrmWeighmentModes, OfANewScreenBringBackWhatWasClosed) {
     EXPECT_EQ(screen->TxtTareWeight.BackColor(), White);
 }
 
-TEST_F(FrmWeighmentModes, WeighOnlyWhatHasNoTareUnlessByHand) {
+TEST_F(FrmWeighmentModes, LoadWithATareIsWeighedAgainOnlyByManualWeight) {
     const std::pair<const char*, bool> tares[] = {{"", true},     {"0", true},     {"-5", true},
                                                   {"none", true}, {"4320", false}, {"0.5", false}};
     for (const auto& [tare, weighable] : tares) {
@@ -171,7 +171,7 @@ TEST_F(FrmWeighmentModes, WeighOnlyWhatHasNoTareUnlessByHand) {
     }
 }
 
-TEST_F(FrmWeighmentModes, FollowADateOfTheOperator) {
+TEST_F(FrmWeighmentModes, DateChangedByTheOperatorStartsAChange) {
     screen->DtpArrivalDate.SetFocus();
     auto& edit = dynamic_cast<QDateEdit&>(screen->DtpArrivalDate.Widget());
     ASSERT_TRUE(Testing::WaitFor([&] { return edit.hasFocus(); }));
@@ -192,7 +192,7 @@ TEST_F(FrmWeighmentModes, FollowADateOfTheOperator) {
     EXPECT_EQ(State(), "ChangeMode, can be saved");
 }
 
-TEST_F(FrmWeighmentModes, FollowAClickOnFinalized) {
+TEST_F(FrmWeighmentModes, ClickOnFinalizedStartsAChange) {
     ClickOn(screen->ChkFinalized);
     EXPECT_EQ(screen->ChkFinalized.Value(), 1);
     EXPECT_EQ(State(), "ChangeMode, can be saved");
@@ -202,7 +202,7 @@ TEST_F(FrmWeighmentModes, FollowAClickOnFinalized) {
     EXPECT_EQ(State(), "ChangeMode, can be saved");
 }
 
-TEST_F(FrmWeighmentModes, DoNotFollowFinalizedSetFromCodeWithTheFocusElsewhere) {
+TEST_F(FrmWeighmentModes, FinalizedSetFromCodeStartsNoChange) {
     screen->ChkFinalized.SetValue(1);
     EXPECT_EQ(State(), "NewMode");
     screen->ChkFinalized.SetFocus();
@@ -210,14 +210,14 @@ TEST_F(FrmWeighmentModes, DoNotFollowFinalizedSetFromCodeWithTheFocusElsewhere) 
     EXPECT_EQ(State(), "ChangeMode, can be saved");
 }
 
-TEST_F(FrmWeighmentModes, DoNotFollowFinalizedWhereTheScreenCanBeSavedAlready) {
+TEST_F(FrmWeighmentModes, FinalizedDoesNotSetTheModeOfAChangedScreen) {
     screen->SetButtonState(2);
     ClickOn(screen->ChkFinalized);
     EXPECT_EQ(screen->ChkFinalized.Value(), 1);
     EXPECT_EQ(State(), "NewMode, can be saved") << "not even the word";
 }
 
-TEST_F(FrmWeighmentModes, StayWithACaptureByTheMouse) {
+TEST_F(FrmWeighmentModes, CaptureByTheMouseKeepsTheMode) {
     screen->TxtWeight.SetText("12540");
     ScreenDriver(*screen).Click(screen->CmdGrossWeight);
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "12540");
@@ -248,17 +248,17 @@ const std::vector<std::string> WholeWalk{"TxtArrivalId",
                                          "TxtMoundKgs",
                                          "TxtNetWeight"};
 
-TEST_F(FrmWeighmentModes, AreWalkedByTab) {
+TEST_F(FrmWeighmentModes, TabFollowsTheTabOrder) {
     EXPECT_EQ(Walk(Qt::Key_Tab), WholeWalk) << "the first Tab has turned the screen to changed";
 }
 
-TEST_F(FrmWeighmentModes, AreWalkedBackByBacktab) {
+TEST_F(FrmWeighmentModes, BacktabFollowsTheTabOrderBackwards) {
     std::vector<std::string> back(WholeWalk.rbegin(), WholeWalk.rend() - 1);
     back.insert(back.begin(), "TxtArrivalId");
     EXPECT_EQ(Walk(Qt::Key_Backtab), back);
 }
 
-TEST_F(FrmWeighmentModes, OfAStoredScreenAreWalkedWithoutTheId) {
+TEST_F(FrmWeighmentModes, TabSkipsTheIdOfAStoredScreen) {
     screen->SetButtonState(3);
     screen->BtnSave.SetEnabled(true); // or the first Tab would turn the screen to changed
     std::vector<std::string> walk(WholeWalk.begin() + 1, WholeWalk.end());
@@ -276,21 +276,21 @@ protected:
     }
 };
 
-TEST_F(FrmWeighmentForGate, IsWalkedByTabWithoutWhatIsHidden) {
+TEST_F(FrmWeighmentForGate, TabSkipsHiddenControls) {
     std::vector<std::string> walk = WholeWalk;
     std::erase(walk, "ChkFinalized");
     std::erase(walk, "ChkManualWeight");
     EXPECT_EQ(Walk(Qt::Key_Tab), walk);
 }
 
-TEST_F(FrmWeighmentForGate, TakesNoTypedReading) {
+TEST_F(FrmWeighmentForGate, ReadingCannotBeTyped) {
     screen->TxtWeight.SetFocus();
     ScreenDriver(*screen).Type("500");
     EXPECT_EQ(screen->TxtWeight.Text(), "");
     EXPECT_TRUE(screen->TxtWeight.Locked());
 }
 
-TEST_F(FrmWeighmentForGate, DoesNotFollowAHiddenFinalized) {
+TEST_F(FrmWeighmentForGate, HiddenFinalizedStartsNoChange) {
     screen->ChkFinalized.SetValue(1);
     EXPECT_EQ(State(), "NewMode");
 }
@@ -307,7 +307,7 @@ protected:
     static QLineEdit& EditOf(TextBox& box) { return dynamic_cast<QLineEdit&>(box.Widget()); }
 };
 
-TEST_F(MarkedText, IsThatOfTheEightBoxesThatAreMarkedAsTheyGetTheFocus) {
+TEST_F(MarkedText, EightBoxesAreMarkedWhenTheyGetTheFocus) {
     screen->DtpArrivalDate.SetFocus();
     const std::set<std::string> marked{"TxtArrivalId",          "TxtDeduction", "TxtGrossWeight",
                                        "TxtHeapName",           "TxtHeapNo",    "TxtTareWeight",
@@ -326,7 +326,7 @@ TEST_F(MarkedText, IsThatOfTheEightBoxesThatAreMarkedAsTheyGetTheFocus) {
     }
 }
 
-TEST_F(MarkedText, StaysTintedAndIsSelectedAndPaintedEachTime) {
+TEST_F(MarkedText, TintStaysAndTextIsSelectedEachTime) {
     TextBox& box = screen->TxtDeduction;
     box.SetText("17");
     box.SetFocus();
@@ -339,7 +339,7 @@ TEST_F(MarkedText, StaysTintedAndIsSelectedAndPaintedEachTime) {
     EXPECT_EQ(box.SelectedText(), "17");
 }
 
-TEST_F(MarkedText, LosesItsTintToTheStatesAlone) {
+TEST_F(MarkedText, OnlyModesRemoveTheTint) {
     screen->TxtTareWeight.SetFocus();
     screen->TxtInitialGrossWeight.SetFocus();
     screen->SetButtonState(2);

@@ -104,7 +104,7 @@ TEST_F(PrintTest, ChangesNothingOnTheScreenOrInTheTables) {
     EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
 }
 
-TEST_F(PrintTest, ComesUpByTheButtonOfAStoredArrival) {
+TEST_F(PrintTest, PrintButtonOfAStoredArrivalShowsThePreview) {
     FillInOpened(1031);
     screen->SetButtonState(3);
     Preview([this] { ScreenDriver(*screen).Click(screen->BtnPrint); },
@@ -113,7 +113,7 @@ TEST_F(PrintTest, ComesUpByTheButtonOfAStoredArrival) {
             });
 }
 
-TEST_F(PrintTest, TakesEmptyBoxesForZero) {
+TEST_F(PrintTest, EmptyBoxesAreZero) {
     Preview([](RptReportViewer& viewer) {
         EXPECT_EQ(NumberOf(*viewer.Report, 6), 0.0);
         EXPECT_EQ(NumberOf(*viewer.Report, 7), 0.0);
@@ -121,7 +121,7 @@ TEST_F(PrintTest, TakesEmptyBoxesForZero) {
     });
 }
 
-TEST_F(PrintTest, ASecondTimeMakesASecondSlipOfTheRowsAsTheyAreThen) {
+TEST_F(PrintTest, SecondPreviewReadsTheRowsAgain) {
     FillInOpened(1031);
     const Report* first = nullptr;
     Preview([&](RptReportViewer& viewer) { first = viewer.Report.get(); });
@@ -167,7 +167,7 @@ TEST_F(PrintTest, NamesTheUserWhoIsSignedIn) {
     });
 }
 
-TEST_F(PrintTest, ShowsWhatTheJoinsLeave) {
+TEST_F(PrintTest, ShowsTheRowsOfTheJoins) {
     RunBeside("UPDATE ArrivalsBody SET BagsClassId = 0 WHERE ArrivalId = 1031 AND NoOfBags = 60;"
               "UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
     FillInOpened(1031);
@@ -230,7 +230,7 @@ TEST_F(PrintTest, AfterASaveShowsTheRowsJustStoredBeforeTheScreenIsCleared) {
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "");
 }
 
-TEST_F(PrintTest, ThatFailsAfterASaveStillEmptiesTheScreen) {
+TEST_F(PrintTest, FailedPreviewAfterASaveStillClearsTheScreen) {
     FillIn();
     Trace trace(*screen, line);
     trace.Answer(PrintText, BoxAnswer::Yes);
@@ -241,7 +241,7 @@ TEST_F(PrintTest, ThatFailsAfterASaveStillEmptiesTheScreen) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
 }
 
-TEST_F(PrintTest, OfAStoredLoadComesUpByItsKeyAndLeavesTheLoadAsItIs) {
+TEST_F(PrintTest, F9ShowsThePreviewOfAStoredLoadWithoutAChange) {
     FillInOpened(1031);
     screen->SetButtonState(3);
     const std::string mode = screen->ScreenMode;
@@ -257,7 +257,7 @@ TEST_F(PrintTest, OfAStoredLoadComesUpByItsKeyAndLeavesTheLoadAsItIs) {
     EXPECT_NE(screen->BtnPrint.ToolTip().find("(F9)"), std::string::npos);
 }
 
-TEST_F(PrintTest, DoesNotComeUpByItsKeyWhereNoLoadIsStoredOrItIsChanged) {
+TEST_F(PrintTest, F9ShowsNoPreviewOfAnUnsavedLoad) {
     ScreenDriver(*screen).Press(Qt::Key_F9);
     EXPECT_FALSE(screen->BtnSave.Enabled()) << "the key begins no change";
     FillInOpened(1031);

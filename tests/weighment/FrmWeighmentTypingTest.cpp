@@ -12,7 +12,7 @@ using Testing::SaveQuestion;
 
 using FrmWeighmentTyping = Testing::WeighmentKeys;
 
-TEST_F(FrmWeighmentTyping, AnyOtherKeyTurnsTheScreenToChanged) {
+TEST_F(FrmWeighmentTyping, AnyOtherKeyStartsAChange) {
     const QKeyCombination ordinary[] = {
         Qt::Key_L,
         Qt::Key_S,
@@ -50,7 +50,7 @@ TEST_F(FrmWeighmentTyping, AnyOtherKeyTurnsTheScreenToChanged) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, SomeKeysLeaveTheScreenAsItIs) {
+TEST_F(FrmWeighmentTyping, SomeKeysStartNoChange) {
     std::vector<Qt::Key> quiet{Qt::Key_Alt,  Qt::Key_Shift, Qt::Key_Control, Qt::Key_End,
                                Qt::Key_Left, Qt::Key_Up,    Qt::Key_Right,   Qt::Key_Down};
     for (int key = Qt::Key_F1; key <= Qt::Key_F12; ++key)
@@ -65,13 +65,13 @@ TEST_F(FrmWeighmentTyping, SomeKeysLeaveTheScreenAsItIs) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, AnOrdinaryKeyLeavesTheWordWhereTheScreenCanBeSavedAlready) {
+TEST_F(FrmWeighmentTyping, KeyDoesNotSetTheModeOfAChangedScreen) {
     Begin(screen->TxtVehicleNo, 2);
     Driver().Type("x");
     EXPECT_EQ(State(), "NewMode, can be saved");
 }
 
-TEST_F(FrmWeighmentTyping, AKeyOnAButtonTurnsTheScreenToChangedAllTheSame) {
+TEST_F(FrmWeighmentTyping, KeyOnAButtonStartsAChange) {
     for (const Qt::Key key : {Qt::Key_A, Qt::Key_Home}) {
         Begin(screen->BtnClear, 3);
         Driver().Press(key);
@@ -79,7 +79,7 @@ TEST_F(FrmWeighmentTyping, AKeyOnAButtonTurnsTheScreenToChangedAllTheSame) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, ACharacterAloneTurnsTheScreenToChangedUnlessOnAButton) {
+TEST_F(FrmWeighmentTyping, CommittedCharacterStartsAChangeExceptOnAButton) {
     Begin(screen->TxtVehicleNo);
     Driver().Commit("x");
     EXPECT_EQ(State(), "ChangeMode, can be saved");
@@ -92,7 +92,7 @@ TEST_F(FrmWeighmentTyping, ACharacterAloneTurnsTheScreenToChangedUnlessOnAButton
     EXPECT_EQ(State(), "NewMode");
 }
 
-TEST_F(FrmWeighmentTyping, ALetterInTheDeductionIsSwallowedAndChangesTheScreen) {
+TEST_F(FrmWeighmentTyping, SwallowedLetterInTheDeductionStartsAChange) {
     Begin(screen->TxtDeduction, 3);
     screen->TxtDeduction.SetText("17");
     Driver().Press(Qt::Key_End).Type("x");
@@ -104,7 +104,7 @@ TEST_F(FrmWeighmentTyping, ALetterInTheDeductionIsSwallowedAndChangesTheScreen) 
     EXPECT_EQ(State(), "ChangeMode, can be saved") << "whether or not it was swallowed";
 }
 
-TEST_F(FrmWeighmentTyping, NumberBoxesTakeDigitsAndBackspaceAlone) {
+TEST_F(FrmWeighmentTyping, NumberBoxesAcceptOnlyDigitsAndBackspace) {
     for (TextBox* box :
          {&screen->TxtDeduction, &screen->TxtShortage, &screen->TxtHeapNo,
           &screen->TxtInitialGrossWeight, &screen->TxtTareWeight, &screen->TxtGrossWeight}) {
@@ -139,7 +139,7 @@ TEST_F(FrmWeighmentTyping, DigitsTypedAfterASaveChangeTheDateAndTheScreen) {
     EXPECT_EQ(ShownDate(screen->DtpArrivalDate.Value()), "10/04/2026");
 }
 
-TEST_F(FrmWeighmentTyping, OtherBoxesTakeAnything) {
+TEST_F(FrmWeighmentTyping, OtherBoxesAcceptAnyCharacter) {
     for (TextBox* box : {&screen->TxtVehicleNo, &screen->TxtBuiltyNo, &screen->TxtDriverName,
                          &screen->TxtKandaDeduction, &screen->TxtHeapName}) {
         Begin(screen->TxtArrivalId);
@@ -150,7 +150,7 @@ TEST_F(FrmWeighmentTyping, OtherBoxesTakeAnything) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, BoxesTakeNoMoreThanTheirLimit) {
+TEST_F(FrmWeighmentTyping, BoxesAcceptNoMoreThanTheirLimit) {
     const std::pair<TextBox*, std::size_t> limits[] = {
         {&screen->TxtDeduction, 4},   {&screen->TxtBuiltyNo, 10},  {&screen->TxtVehicleNo, 10},
         {&screen->TxtDriverName, 30}, {&screen->TxtArrivalId, 10},
@@ -163,7 +163,7 @@ TEST_F(FrmWeighmentTyping, BoxesTakeNoMoreThanTheirLimit) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, AListPassesEachKeyOnOnce) {
+TEST_F(FrmWeighmentTyping, ScreenReceivesEachKeyOfAListOnce) {
     for (const bool open : {false, true}) {
         for (TDBCombo* list : Lists()) {
             Begin(*list, 2);
@@ -178,7 +178,7 @@ TEST_F(FrmWeighmentTyping, AListPassesEachKeyOnOnce) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, TheListOfACellPassesEachKeyOnOnce) {
+TEST_F(FrmWeighmentTyping, ScreenReceivesEachKeyOfACellsListOnce) {
     for (int column = 0; column < 2; ++column) {
         Begin(screen->Grid, 2);
         for (int moves = 0; moves < column; ++moves)
@@ -191,14 +191,14 @@ TEST_F(FrmWeighmentTyping, TheListOfACellPassesEachKeyOnOnce) {
     }
 }
 
-TEST_F(FrmWeighmentTyping, ALetterTypedInAListIsSeenOnce) {
+TEST_F(FrmWeighmentTyping, ScreenReceivesALetterTypedInAListOnce) {
     Begin(screen->CboCommodity);
     Driver().Type("w");
     EXPECT_EQ(State(), "ChangeMode, can be saved");
     EXPECT_EQ(screen->CboCommodity.Text(), "Wheat");
 }
 
-TEST_F(FrmWeighmentTyping, ClearByTheMouseAsksLikewise) {
+TEST_F(FrmWeighmentTyping, ClearByTheMouseAsksToo) {
     Begin(screen->TxtVehicleNo, 2);
     BoxAnswers answers;
     answers.Expect(ClearQuestion, BoxAnswer::Yes);

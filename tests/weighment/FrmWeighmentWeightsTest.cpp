@@ -10,7 +10,7 @@ using Testing::Lines;
 
 using FrmWeighmentWeights = Testing::WeighmentWeights;
 
-TEST_F(FrmWeighmentWeights, OfALoneZeroAreNotShownElsewhere) {
+TEST_F(FrmWeighmentWeights, LoneZeroIsClearedInBoxesWithoutTheFocus) {
     for (TextBox* box : {&screen->TxtInitialGrossWeight, &screen->TxtTareWeight}) {
         const std::string name = box->Name();
         EXPECT_EQ(Writing(*box, "0"), (Lines{name + " = '0'", name + " = ''"}));
@@ -23,7 +23,7 @@ TEST_F(FrmWeighmentWeights, OfALoneZeroAreNotShownElsewhere) {
     EXPECT_EQ(Writing(screen->TxtGrossWeight, "00"), Joined({{"TxtGrossWeight = '00'"}, net}));
 }
 
-TEST_F(FrmWeighmentWeights, OfALoneZeroStayWhereTheFocusIs) {
+TEST_F(FrmWeighmentWeights, LoneZeroStaysInTheBoxWithTheFocus) {
     screen->TxtTareWeight.SetFocus();
     EXPECT_EQ(Writing(screen->TxtTareWeight, "0"),
               (Lines{"TxtTareWeight = '0'", "TxtGrossWeight off"}));
@@ -34,7 +34,7 @@ TEST_F(FrmWeighmentWeights, OfALoneZeroStayWhereTheFocusIs) {
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "0");
 }
 
-TEST_F(FrmWeighmentWeights, WrittenWithTheFocusElsewhereComputeNothing) {
+TEST_F(FrmWeighmentWeights, WriteToABoxWithoutTheFocusComputesNothing) {
     EXPECT_EQ(Writing(screen->TxtInitialGrossWeight, "12540"),
               (Lines{"TxtInitialGrossWeight = '12540'"}));
     EXPECT_EQ(Writing(screen->TxtTareWeight, "4320"), (Lines{"TxtTareWeight = '4320'"}));
@@ -42,7 +42,7 @@ TEST_F(FrmWeighmentWeights, WrittenWithTheFocusElsewhereComputeNothing) {
     EXPECT_EQ(Enabled(), "ITG");
 }
 
-TEST_F(FrmWeighmentWeights, CloseTheGrossBoxWhereEitherIsGiven) {
+TEST_F(FrmWeighmentWeights, EitherWeighingDisablesTheGrossBox) {
     const std::pair<const char*, const char*> given[] = {{"5", ""}, {"", "5"}, {"5", "5"}};
     for (const auto& [initial, tare] : given) {
         screen->TxtGrossWeight.SetEnabled(true);
@@ -55,7 +55,7 @@ TEST_F(FrmWeighmentWeights, CloseTheGrossBoxWhereEitherIsGiven) {
     }
 }
 
-TEST_F(FrmWeighmentWeights, PaintTheGrossBoxWhiteWhereNoneIsGivenAndNeverOpenIt) {
+TEST_F(FrmWeighmentWeights, GrossBoxWithoutWeighingsIsWhiteButNotEnabled) {
     screen->TxtInitialGrossWeight.SetText("  ");
     screen->TxtTareWeight.SetText(" ");
     for (const bool enabled : {true, false}) {
@@ -67,7 +67,7 @@ TEST_F(FrmWeighmentWeights, PaintTheGrossBoxWhiteWhereNoneIsGivenAndNeverOpenIt)
     }
 }
 
-TEST_F(FrmWeighmentWeights, BlankALoneZeroOfTheGrossWhereNoneIsGiven) {
+TEST_F(FrmWeighmentWeights, LoneZeroOfTheGrossIsClearedWithoutWeighings) {
     screen->TxtGrossWeight.SetFocus();
     screen->TxtGrossWeight.SetText("0");
     ASSERT_EQ(screen->TxtGrossWeight.Text(), "0");
@@ -78,7 +78,7 @@ TEST_F(FrmWeighmentWeights, BlankALoneZeroOfTheGrossWhereNoneIsGiven) {
     EXPECT_EQ(screen->TxtGrossWeight.Text(), "00");
 }
 
-TEST_F(FrmWeighmentWeights, OfAGrossWithTheFocusCloseTheOtherTwoAndPaintThemGreyBothWays) {
+TEST_F(FrmWeighmentWeights, GrossWithTheFocusDisablesBothWeighingsAndPaintsThemGrey) {
     screen->TxtGrossWeight.SetFocus();
     EXPECT_EQ(Writing(screen->TxtGrossWeight, "500"),
               (Lines{"TxtGrossWeight = '500'", "TxtNetWeight = '500'", "TxtMoundKgs = '12-20'",
@@ -92,27 +92,27 @@ TEST_F(FrmWeighmentWeights, OfAGrossWithTheFocusCloseTheOtherTwoAndPaintThemGrey
                      "TxtInitialGrossWeight 0xE0E0E0", "TxtTareWeight 0xE0E0E0"}));
 }
 
-TEST_F(FrmWeighmentWeights, LoseTheShortageToo) {
+TEST_F(FrmWeighmentWeights, NetIsLessTheShortage) {
     screen->TxtGrossWeight.SetText("4000");
     screen->TxtDeduction.SetText("40");
     EXPECT_EQ(Writing(screen->TxtShortage, "20"),
               (Lines{"TxtShortage = '20'", "TxtNetWeight = '3940'", "TxtMoundKgs = '98-20'"}));
 }
 
-TEST_F(FrmWeighmentWeights, DoNotFollowTheBagsWeightByItself) {
+TEST_F(FrmWeighmentWeights, BagsWeightAloneComputesNothing) {
     screen->TxtGrossWeight.SetText("4000");
     EXPECT_EQ(Writing(screen->TxtBagsWeight, "100"), (Lines{"TxtBagsWeight = '100'"}));
     EXPECT_EQ(Writing(screen->TxtDeduction, ""),
               (Lines{"TxtDeduction = ''", "TxtNetWeight = '3900'", "TxtMoundKgs = '97-20'"}));
 }
 
-TEST_F(FrmWeighmentWeights, BelowTheDeductionAreNegative) {
+TEST_F(FrmWeighmentWeights, DeductionAboveTheGrossGivesANegativeNet) {
     EXPECT_EQ(Writing(screen->TxtDeduction, "41"),
               (Lines{"TxtDeduction = '41'", "TxtNetWeight = '-41'", "TxtMoundKgs = '-1-1'"}));
 }
 
 // Only a gross of exactly nothing computes nothing.
-TEST_F(FrmWeighmentWeights, OfANegativeInitialGrossAreComputed) {
+TEST_F(FrmWeighmentWeights, NegativeInitialGrossIsComputed) {
     screen->TxtInitialGrossWeight.SetFocus();
     EXPECT_EQ(
         Writing(screen->TxtInitialGrossWeight, "-85"),
@@ -120,13 +120,13 @@ TEST_F(FrmWeighmentWeights, OfANegativeInitialGrossAreComputed) {
                "TxtNetWeight = '-85'", "TxtMoundKgs = '-2-5'", "TxtGrossWeight off"}));
 }
 
-TEST_F(FrmWeighmentWeights, KeepTheMoundsWhereTheNetIsBlanked) {
+TEST_F(FrmWeighmentWeights, ClearedNetKeepsTheMounds) {
     screen->TxtGrossWeight.SetText("500");
     EXPECT_EQ(Writing(screen->TxtNetWeight, ""), (Lines{"TxtNetWeight = ''"}));
     EXPECT_EQ(screen->TxtMoundKgs.Text(), "12-20");
 }
 
-TEST_F(FrmWeighmentWeights, BlankedWithTheFocusElsewhereLeaveTheFiguresUnchanged) {
+TEST_F(FrmWeighmentWeights, ClearingABoxWithoutTheFocusChangesNoFigures) {
     FillIn();
     EXPECT_EQ(Writing(screen->TxtInitialGrossWeight, ""), (Lines{"TxtInitialGrossWeight = ''"}));
     screen->ComputeGrossWeight();

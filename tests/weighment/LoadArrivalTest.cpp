@@ -36,6 +36,23 @@ TEST_F(LoadArrival, FillsTheScreenFromTheStoredRows) {
     EXPECT_EQ(Weights(), "12540 / 4320 / 8220 / 17 / 8203 / 205-3");
 }
 
+TEST_F(LoadArrival, CountsAsOpenedAfterItsLinesAndBeforeTheInitialGross) {
+    std::vector<std::string> order;
+    const auto note = [&](TextBox& box) {
+        box.Change = [&, change = box.Change] {
+            if (!box.Text().empty() && order.size() < 3)
+                order.push_back(box.Name() + (screen->IsOpened ? " opened" : " not opened"));
+            change();
+        };
+    };
+    note(screen->TxtGrossWeight);
+    note(screen->TxtInitialGrossWeight);
+    Open(1031);
+    EXPECT_EQ(order,
+              (std::vector<std::string>{"TxtGrossWeight not opened", "TxtGrossWeight not opened",
+                                        "TxtInitialGrossWeight opened"}));
+}
+
 TEST_F(LoadArrival, MakesPartyAndCommodityCurrentSoThatASaveFindsTheirIds) {
     Open(1031);
     EXPECT_EQ(screen->CboSeller.ColumnText(1), "6010001");

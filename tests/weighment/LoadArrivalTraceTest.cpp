@@ -34,7 +34,7 @@ const Lines Filling1040 = Joined({
     NetBecomes("7316", "182-36"),
 });
 
-/// The third state, where the first or the second stood and the load has a tare.
+/// The third state, after the first or the second, with a load that has a tare.
 const Lines WeighedOff{"CmdGrossWeight off", "CmdTareWeight off"};
 const Lines StoredButtons{"BtnPrint on", "BtnRemove on"};
 const Lines IdClosed{"TxtArrivalId off", "TxtArrivalId 0xE0E0E0"};

@@ -78,7 +78,7 @@ TEST_F(OpeningFromSearch, IsOutOfReachWhileSomethingIsUnsaved) {
     EXPECT_EQ(screen->TxtVehicleNo.Text(), "LEB-4217");
 }
 
-// The limit of 16 bits is on the typed path alone.
+// The limit of 16 bits is only on the typed path.
 TEST_F(OpeningFromSearch, OpensIdsBeyondSixteenBits) {
     for (const int id : {32768, 40000, 2147483647}) {
         Store(id, {{.bags = "10"}});

@@ -1,4 +1,4 @@
-// The order in which opening fills what it reads from the first row alone.
+// The order in which opening fills what it reads only from the first row.
 
 #include "weighment/OpeningFixture.h"
 

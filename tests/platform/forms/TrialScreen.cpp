@@ -11,9 +11,8 @@ TrialScreen::TrialScreen(std::string name) : Screen(std::move(name), "Trial") {
     for (VisualControl* control :
          {static_cast<VisualControl*>(&First), static_cast<VisualControl*>(&Second),
           static_cast<VisualControl*>(&Third), static_cast<VisualControl*>(&Around),
-          static_cast<VisualControl*>(&BtnGo)}) {
+          static_cast<VisualControl*>(&BtnGo)})
         column->addWidget(&control->Widget());
-    }
     auto* inner = new QVBoxLayout(&Around.Widget());
     inner->addWidget(&InFrame.Widget());
     First.SetTabIndex(0);
@@ -31,35 +30,29 @@ Events TrialScreen::Taken() {
 
 void TrialScreen::Form_Load() {
     Log.push_back("Form_Load");
-    if (OnLoad) {
+    if (OnLoad)
         OnLoad();
-    }
 }
 
 void TrialScreen::Form_Unload(bool& cancel) {
     Log.push_back("Form_Unload");
-    if (OnUnload) {
+    if (OnUnload)
         OnUnload(cancel);
-    }
 }
 
 void TrialScreen::Form_KeyDown(int& key, int shift) {
     const bool modifier = key == Key::Shift || key == Key::Control || key == Key::Alt;
-    if (LogKeys && (LogModifiers || !modifier)) {
+    if (LogKeys && (LogModifiers || !modifier))
         Log.push_back("KeyDown " + std::to_string(key) + " " + std::to_string(shift));
-    }
-    if (OnKeyDown) {
+    if (OnKeyDown)
         OnKeyDown(key, shift);
-    }
 }
 
 void TrialScreen::Form_KeyPress(int& character) {
-    if (LogKeys) {
+    if (LogKeys)
         Log.push_back("KeyPress " + std::to_string(character));
-    }
-    if (OnKeyPress) {
+    if (OnKeyPress)
         OnKeyPress(character);
-    }
 }
 
 } // namespace Quillane::Testing

@@ -6,9 +6,9 @@
 
 namespace Quillane {
 
-/// A button. Space and a click press it while it is enabled, and Enter where the screen leaves the
-/// Enter to it. So do Alt with the letter after an ampersand in its caption, and its function key:
-/// once the screen has seen the key, it moves the focus to the button and presses it.
+/// A button. While it is enabled it is pressed by Space, by a click, and by Enter if the screen
+/// does not consume Enter. Alt with the letter after an ampersand in its caption, and its function
+/// key, move the focus to the button and press it, unless the screen has consumed the key.
 class CommandButton : public VisualControl {
 public:
     CommandButton(Screen& screen, std::string name, std::string_view caption,

@@ -19,9 +19,8 @@ CheckBox::CheckBox(Screen& screen, std::string name, std::string_view caption)
     box_->setFocusPolicy(Qt::StrongFocus);
     QObject::connect(box_.get(), &QCheckBox::toggled, box_.get(), [this] {
         RunEvent([this] {
-            if (Click) {
+            if (Click)
                 Click();
-            }
         });
     });
 }
@@ -33,17 +32,15 @@ int CheckBox::Value() const {
 }
 
 void CheckBox::SetValue(int value) {
-    if ((value != 0) == box_->isChecked()) {
+    if ((value != 0) == box_->isChecked())
         return;
-    }
     {
-        // The handler runs in the writer, not in a signal: its failure is the writer's.
+        // The handler runs in the writer, not in a signal, so that its failure reaches the writer.
         const QSignalBlocker blocker(*box_);
         box_->setChecked(value != 0);
     }
-    if (Click) {
+    if (Click)
         Click();
-    }
 }
 
 QWidget& CheckBox::Widget() {

@@ -17,26 +17,23 @@ public:
 
 protected:
     void wheelEvent(QWheelEvent* event) override {
-        if (hasFocus()) {
+        if (hasFocus())
             QComboBox::wheelEvent(event);
-        } else {
+        else
             event->ignore();
-        }
     }
 };
 
 ComboBox::ComboBox(Screen& screen, std::string name, const std::vector<std::string>& items)
     : VisualControl(screen, std::move(name), "ComboBox"), box_(std::make_unique<Box>(&screen)) {
-    for (const std::string& item : items) {
+    for (const std::string& item : items)
         box_->addItem(ToQt(item));
-    }
     box_->setCurrentIndex(-1);
     box_->setFocusPolicy(Qt::StrongFocus);
     QObject::connect(box_.get(), &QComboBox::currentIndexChanged, box_.get(), [this] {
         RunEvent([this] {
-            if (Click) {
+            if (Click)
                 Click();
-            }
         });
     });
 }
@@ -48,20 +45,17 @@ int ComboBox::ListIndex() const {
 }
 
 void ComboBox::SetListIndex(int index) {
-    if (index < -1 || index >= ListCount()) {
+    if (index < -1 || index >= ListCount())
         Fail(FailureNumber::InvalidCall);
-    }
-    if (index == ListIndex()) {
+    if (index == ListIndex())
         return;
-    }
     {
         const QSignalBlocker blocker(*box_);
         box_->setCurrentIndex(index);
     }
     box_->update();
-    if (Click) {
+    if (Click)
         Click();
-    }
 }
 
 int ComboBox::ListCount() const {
@@ -74,9 +68,8 @@ std::string ComboBox::Text() const {
 
 void ComboBox::SetText(std::string_view text) {
     const int index = box_->findText(ToQt(text), Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (index < 0) {
+    if (index < 0)
         Fail(FailureNumber::InvalidCall);
-    }
     SetListIndex(index);
 }
 

@@ -8,7 +8,7 @@
 
 namespace Quillane {
 
-/// A plain drop-down list of fixed texts; nothing can be typed into it but the search for an entry.
+/// A drop-down list of fixed texts. Typing only searches for an entry.
 class ComboBox : public VisualControl {
 public:
     ComboBox(Screen& screen, std::string name, const std::vector<std::string>& items = {});

@@ -13,7 +13,7 @@ public:
     using QPushButton::QPushButton;
 
 protected:
-    // The style's own mark of the focus is a hair line, too little at arm's length.
+    // The style marks the focus with a thin line, which is not visible at arm's length.
     void paintEvent(QPaintEvent* event) override {
         QPushButton::paintEvent(event);
         if (hasFocus()) {
@@ -29,14 +29,13 @@ CommandButton::CommandButton(Screen& screen, std::string name, std::string_view 
                              std::string typeName)
     : VisualControl(screen, std::move(name), std::move(typeName)),
       button_(std::make_unique<Button>(ToQt(caption), &screen)) {
-    // An auto-default button would take the Enter that belongs to the screen.
+    // An auto-default button would consume the screen's Enter.
     button_->setAutoDefault(false);
     button_->setFocusPolicy(Qt::StrongFocus);
     QObject::connect(button_.get(), &QPushButton::clicked, button_.get(), [this] {
         RunEvent([this] {
-            if (Click) {
+            if (Click)
                 Click();
-            }
         });
     });
 }
@@ -52,9 +51,8 @@ QWidget& CommandButton::Widget() {
 }
 
 bool CommandButton::HandleKey(int key, int shift) {
-    if (key != Key::Return || shift != ShiftState::None) {
+    if (key != Key::Return || shift != ShiftState::None)
         return false;
-    }
     button_->click();
     return true;
 }

@@ -18,8 +18,8 @@ constexpr std::array<const char*, 32> controlNames{
     "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
     "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
 
-/// Where the characters are that the line shows now. The line tells only the place of its caret,
-/// which is always in view; the others are measured from there.
+/// The positions of the characters in view. The line gives only the position of its caret, which is
+/// always in view; the others are measured from there.
 class CharactersInView {
 public:
     explicit CharactersInView(QLineEdit& line) {
@@ -43,7 +43,8 @@ public:
     int First() const { return first_; }
     int End() const { return end_; }
 
-    /// No wider than a digit, as a tabulator is; where it has no width, across its place.
+    /// At most as wide as a digit, for example for a tab; centred on the position of a character
+    /// without width.
     QRectF BoxOf(int at) const {
         const double begin = row_.cursorToX(at - first_);
         const double width = row_.cursorToX(at + 1 - first_) - begin;
@@ -58,7 +59,7 @@ private:
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
 };
 
-/// Upwards, since a character is higher than wide.
+/// Written upwards, since a character is higher than wide.
 void PaintName(QPainter& painter, const QRectF& box, const QString& name) {
     const QRectF frame = box.adjusted(0.5, 1, -0.5, -1);
     painter.setPen(Qt::NoPen);
@@ -73,7 +74,7 @@ void PaintName(QPainter& painter, const QRectF& box, const QString& name) {
     painter.save();
     painter.translate(frame.center());
     painter.rotate(-90);
-    const double half = frame.height(); // more than there is, so that nothing is cut
+    const double half = frame.height(); // more than needed, so that nothing is clipped
     painter.drawText(QRectF(-half, -half, 2 * half, 2 * half), Qt::AlignCenter, name);
     painter.restore();
 }
@@ -86,7 +87,7 @@ QString NameOfUnseen(QChar character) {
         return controlNames[code];
     if (code == 0x7F)
         return "DEL";
-    // The second row of controls, the blank that does not break and the hyphen that is not drawn.
+    // The control characters above 127, the no-break space and the soft hyphen.
     if ((code >= 0x80 && code <= 0xA0) || code == 0xAD)
         return QString::number(code, 16).toUpper();
     return {};
@@ -97,7 +98,7 @@ void PaintControlSymbols(QLineEdit& line) {
     const CharactersInView view(line);
     QPainter painter(&line);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(line.rect().adjusted(3, 0, -3, 0)); // not over the frame
+    painter.setClipRect(line.rect().adjusted(3, 0, -3, 0)); // without the frame
     for (int at = view.First(); at < view.End(); ++at)
         if (const QString name = NameOfUnseen(text[at]); !name.isEmpty())
             PaintName(painter, view.BoxOf(at), name);

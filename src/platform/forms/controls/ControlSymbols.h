@@ -6,12 +6,12 @@ class QLineEdit;
 
 namespace Quillane {
 
-/// The name of a character that cannot be seen: "STX" or "CR" as the manuals of devices have them,
-/// "80" (its code) above 127. Empty for one that can be seen.
+/// The name of a character that is not visible: "STX" or "CR" as in the manuals of devices, or its
+/// code, such as "80", above 127. Empty for a visible character.
 QString NameOfUnseen(QChar character);
 
-/// Paints over a line, once it has painted itself, the names of the characters in view that cannot
-/// be seen: each in a small box in its own place. The text stays what it is.
+/// Paints the names of the invisible characters over a line, each in a small box at its position.
+/// To be called after the line has painted itself. The text does not change.
 void PaintControlSymbols(QLineEdit& line);
 
 } // namespace Quillane

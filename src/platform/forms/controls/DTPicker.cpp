@@ -12,9 +12,8 @@ DTPicker::DTPicker(Screen& screen, std::string name, std::string typeName)
     SetValue(Today());
     QObject::connect(edit_.get(), &QDateEdit::dateChanged, edit_.get(), [this] {
         RunEvent([this] {
-            if (Change) {
+            if (Change)
                 Change();
-            }
         });
     });
 }
@@ -41,16 +40,14 @@ QWidget& DTPicker::Widget() {
 bool DTPicker::HandleKey(int key, int shift) {
     const bool opens = (key == Key::F4 && shift == ShiftState::None) ||
                        (key == Key::Down && shift == ShiftState::Alt);
-    if (opens) {
+    if (opens)
         edit_->OpenCalendar();
-    }
     return opens;
 }
 
 bool DTPicker::HandleDropDownKey(int key, int shift) {
-    if (key != Key::Escape || shift != ShiftState::None || !edit_->CalendarIsOpen()) {
+    if (key != Key::Escape || shift != ShiftState::None || !edit_->CalendarIsOpen())
         return false;
-    }
     edit_->GiveUpCalendar();
     return true;
 }

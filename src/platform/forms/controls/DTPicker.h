@@ -7,12 +7,12 @@
 
 namespace Quillane {
 
-/// A date box, shown dd/MM/yyyy, with a calendar that F4 or Alt+Down opens. `Change` runs for the
-/// operator only, with each part that he changes: assigning the value from code is no change.
+/// A date box with the format dd/MM/yyyy and a calendar, which F4 or Alt+Down opens. `Change` runs
+/// for each part that the operator changes, and not for a value from code.
 ///
 /// Keys. Digits are typed part by part, with or without separators. Esc in the open calendar closes
-/// it and brings the day back that stood there before; the screen does not see that key. Every
-/// other key is the screen's first.
+/// it and restores the former date; the screen does not receive that key. The screen receives every
+/// other key first.
 class DTPicker : public VisualControl {
 public:
     DTPicker(Screen& screen, std::string name, std::string typeName = "DTPicker");

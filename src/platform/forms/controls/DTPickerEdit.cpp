@@ -97,12 +97,11 @@ void DTPicker::Edit::Advance() {
 }
 
 void DTPicker::Edit::TypeText(const QString& text) {
-    for (const QChar character : text) {
+    for (const QChar character : text)
         if (character.isDigit())
             TypeDigit(character.digitValue());
         else if (IsSeparator(character))
             TypeSeparator();
-    }
 }
 
 void DTPicker::Edit::TypeDigit(int digit) {
@@ -116,7 +115,7 @@ void DTPicker::Edit::TypeDigit(int digit) {
     Advance();
 }
 
-// One that follows the digit which has moved on already is that digit's.
+// A separator after a digit that has already moved on to the next part belongs to that digit.
 void DTPicker::Edit::TypeSeparator() {
     if (!std::exchange(advanced_, false)) {
         CommitPart();
@@ -139,7 +138,7 @@ void DTPicker::Edit::GiveUp() {
         ShowDate(date());
 }
 
-// Beside Qt's back, which would make a date of each digit.
+// Writes to the line directly; Qt would change the date at each digit.
 void DTPicker::Edit::ShowTyped() {
     QStringList parts = date().toString(displayFormat()).split('/');
     const int part = currentSection() == DaySection ? 0 : currentSection() == MonthSection ? 1 : 2;
@@ -164,7 +163,7 @@ void DTPicker::Edit::keyPressEvent(QKeyEvent* event) {
     } else {
         CommitPart();
         advanced_ = false;
-        // Enter is the screen's; Qt would tell of a change where there is none.
+        // Enter belongs to the screen; Qt would report a change without one.
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
             event->ignore();
         else
@@ -179,7 +178,7 @@ bool DTPicker::Edit::event(QEvent* event) {
     return true;
 }
 
-// The caret is placed among the parts of a whole date.
+// A press places the caret in a part of a complete date.
 bool DTPicker::Edit::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
         CommitPart();
@@ -195,7 +194,7 @@ void DTPicker::Edit::mousePressEvent(QMouseEvent* event) {
     QDateEdit::mousePressEvent(event);
 }
 
-// A wheel turned over the box in passing changes no date.
+// The wheel does not change the date of a box that the mouse only passes.
 void DTPicker::Edit::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) {
         CommitPart();
@@ -225,7 +224,7 @@ bool DTPicker::Edit::CalendarIsOpen() const {
     return popup != window() && popup->isVisible();
 }
 
-// The calendar has shown its day in the box with every step, so closing it keeps the day.
+// The box already shows the selected day, so closing the calendar keeps it.
 void DTPicker::Edit::CloseCalendar() {
     if (CalendarIsOpen())
         calendarWidget()->window()->close();

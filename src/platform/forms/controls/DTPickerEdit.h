@@ -8,24 +8,24 @@
 
 namespace Quillane {
 
-/// The box of a date picker. What is typed is taken part by part: a day or month when no further
-/// digit fits or a separator follows it, a year with its fourth digit; leaving the box takes what
-/// stands there, of a year also two digits. A number that the part cannot be leaves it as it was.
-/// The day that was typed is kept in mind until the box is left, so that the 31st may be typed
-/// while the month still shown is a shorter one.
+/// The box of a date picker. Typed digits change the date part by part: day and month when no
+/// further digit fits or a separator follows, the year with its fourth digit. Leaving the box takes
+/// the digits typed so far, for a year also two. A number that is not valid for its part changes
+/// nothing. The typed day is remembered until the box is left, so that 31 can be typed while the
+/// month shown has fewer days.
 class DTPicker::Edit : public QDateEdit {
 public:
     explicit Edit(QWidget* parent);
 
     void ShowDate(QDate date);
-    /// Takes the part that is being typed.
+    /// Ends the typing of the current part.
     void CommitPart();
-    /// The box is left: typing begins anew.
+    /// To be called when the box is left: the next digit starts again.
     void Finish();
 
     void OpenCalendar();
     void CloseCalendar();
-    /// Closes it with the date that stood there before.
+    /// Closes the calendar and restores the date from before it was opened.
     void GiveUpCalendar();
     bool CalendarIsOpen() const;
 
@@ -49,8 +49,8 @@ private:
 
     std::optional<QString> typed_; ///< digits of the part that is being typed
     bool advanced_ = false;        ///< the last digit has moved on to the next part
-    int wantedDay_ = 0;            ///< a day that the month shown is too short for
-    QDate taken_;                  ///< what typing last made of the date
+    int wantedDay_ = 0;            ///< a typed day that the month shown does not have
+    QDate taken_;                  ///< the date after the last typed part
     QDate beforeCalendar_;
 };
 

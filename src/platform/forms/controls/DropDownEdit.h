@@ -6,8 +6,8 @@
 
 namespace Quillane {
 
-/// The line in which a name is typed, of a pick list or of a grid's cell. It tells added text from
-/// removed text, since only what was added at the end is completed.
+/// The line of a pick list or of a grid's cell, in which a name is typed. It distinguishes added
+/// from removed text: only text added at the end is completed.
 class DropDownEdit : public FilteredLine {
 public:
     explicit DropDownEdit(QWidget* parent);
@@ -15,13 +15,14 @@ public:
     /// The operator changed the text; `added` if characters came in at its end.
     std::function<void(bool added)> Edited;
 
-    /// Shows a whole name behind what has been typed, the added part selected, so that typing on
+    /// Completes the typed text to a whole name. The added part is selected, so that further typing
     /// replaces it.
     void Complete(const QString& name);
-    /// Shows a text from its beginning; selected, while the operator is in the line.
+    /// Shows a text from its beginning, and selects it while the line has the focus.
     void ShowText(const QString& text);
 
-    /// Entering by keyboard or from code selects the text, so that typing replaces it.
+    /// If the focus comes by keyboard or from code, the text is selected, so that typing replaces
+    /// it.
     bool SelectsOnEntry = true;
 
 protected:

@@ -52,8 +52,8 @@ private:
     int count_ = 0;
 };
 
-/// Draws a row as the highlighted one also while its window is not the active one, and the line
-/// below each row that the list's divider style asks for.
+/// Draws the highlighted row as such also while the window is not active, and the divider below
+/// each row that the list is set to.
 class DropDownList::Divider : public QStyledItemDelegate {
 public:
     int style = 0;
@@ -202,7 +202,8 @@ void DropDownList::PlaceBelow(const QRect& field, bool emptyRows) {
     const QRect room = anchor_.screen()->availableGeometry();
     const int below = room.bottom() - field.bottom();
     const int above = field.top() - room.top();
-    // Where it fits on neither side it is shortened to the larger one: the line stays in sight.
+    // If it fits on neither side, it is shortened to the larger one, so that the line stays
+    // visible.
     const bool opensBelow = height <= below || below >= above;
     height = std::min(height, opensBelow ? below : above);
     const int top = opensBelow ? field.bottom() + 1 : field.top() - height;

@@ -15,32 +15,31 @@ class TDBCombo;
 
 /// The rows of a pick list, dropped down below a box or a grid's cell.
 ///
-/// Its window never takes the focus: the line that is typed in keeps the keyboard all the time, so
-/// that the screen sees each key once. It closes by itself when the mouse is pressed outside, and
-/// when the window it belongs to moves, hides, is blocked by a box or is no longer the active one;
-/// what was highlighted is then not taken. It reads the array only while it is open and copies
-/// nothing.
+/// Its window never takes the focus: the line keeps the keyboard, so that the screen receives each
+/// key once. The list closes when the mouse is pressed outside, and when the window it belongs to
+/// moves, is hidden, is blocked by a box or is no longer active; the highlighted row is not taken
+/// then. It reads the array only while it is open and copies nothing.
 class DropDownList : public QFrame {
 public:
-    /// `anchor`: a press in this widget is no press outside.
+    /// A press in `anchor` is not a press outside.
     explicit DropDownList(QWidget& anchor);
     ~DropDownList() override;
 
-    /// Drops the rows down below `field` (in global coordinates), looking as `list` is set up.
-    /// Does nothing for an empty array.
+    /// Opens the list below `field` (global coordinates) with the appearance that `list` is set to.
+    /// Does nothing if the array is empty.
     void Open(const RowArray& rows, const TDBCombo& list, const QRect& field);
     void Close();
     bool IsOpen() const { return isVisible(); }
 
     std::optional<int> Highlighted() const;
     void Highlight(std::optional<int> row);
-    /// Up, Down, Page Up and Page Down move what is highlighted; other keys give false.
+    /// Moves the highlight on Up, Down, Page Up and Page Down; returns false for other keys.
     bool MoveBy(int key);
 
     /// The operator clicked a row.
     std::function<void(int row)> Chosen;
 
-    /// The row that such a key leads to from `row` among `rowCount` rows.
+    /// The row to which such a key moves from `row`.
     static std::optional<int> RowAfter(std::optional<int> row, int key, int rowCount);
 
 protected:

@@ -17,10 +17,10 @@ QString Pasted(QClipboard::Mode mode = QClipboard::Clipboard) {
     return QGuiApplication::clipboard()->text(mode);
 }
 
-/// What a key brings in; empty for one that brings in nothing.
+/// The text that a key inserts; empty if it inserts none.
 QString TextOf(const QKeyEvent& key) {
     if (key.matches(QKeySequence::Paste)) {
-        // Where there is a selection to paste from, this key does so.
+        // On X11 this key pastes the selection.
         const bool selection = key.key() == Qt::Key_Insert &&
                                key.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
         return Pasted(selection ? QClipboard::Selection : QClipboard::Clipboard);
@@ -56,7 +56,7 @@ void FilteredLine::keyPressEvent(QKeyEvent* event) {
         LateLine::keyPressEvent(event);
 }
 
-// Qt takes a committed text into a locked line too.
+// Qt inserts committed text into a locked line too.
 void FilteredLine::inputMethodEvent(QInputMethodEvent* event) {
     if (isReadOnly()) {
         event->ignore();
@@ -70,7 +70,7 @@ void FilteredLine::inputMethodEvent(QInputMethodEvent* event) {
     LateLine::inputMethodEvent(&nothing);
 }
 
-// The middle button pastes what is selected elsewhere.
+// The middle button pastes the selection.
 void FilteredLine::mouseReleaseEvent(QMouseEvent* event) {
     const bool pastes =
         event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection();
@@ -88,7 +88,7 @@ void FilteredLine::dropEvent(QDropEvent* event) {
     dragLeaveEvent(&left);
 }
 
-// Qt's own menu, but that its Paste asks too.
+// Qt's menu with a Paste that can be refused.
 void FilteredLine::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -6,14 +6,14 @@
 
 namespace Quillane {
 
-/// A line that asks before a text of the operator goes in.
+/// A line that can refuse text which the operator inserts.
 class FilteredLine : public LateLine {
 public:
     using LateLine::LateLine;
 
-    /// Asked for what is typed, pasted, dropped or committed by an input method: `text` is what
-    /// comes in, `rest` what the line keeps besides. False keeps all of `text` out. Writes from
-    /// code and removals do not ask. Without it everything goes in.
+    /// Called for text that is typed, pasted, dropped or committed by an input method: `text` is
+    /// inserted, `rest` is the remaining text of the line. False refuses all of `text`. Not called
+    /// for writes from code and for removals. Without it everything is inserted.
     std::function<bool(const QString& text, const QString& rest)> Admits;
 
 protected:

@@ -15,11 +15,10 @@ Frame::Frame(Screen& screen, std::string name, std::string_view caption)
     : VisualControl(screen, std::move(name), "Frame"),
       group_(std::make_unique<Group>(ToQt(caption), &screen)) {}
 
-// What stands in the group is owned by its own controls, which may go later than the frame.
+// The widgets in the group belong to their controls, which may be destroyed after the frame.
 Frame::~Frame() {
-    for (QWidget* child : group_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (QWidget* child : group_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         child->setParent(&Owner());
-    }
 }
 
 QWidget& Frame::Widget() {

@@ -22,9 +22,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
             RunEvent([this] {
-                if (click_) {
+                if (click_)
                     click_();
-                }
             });
         }
     }

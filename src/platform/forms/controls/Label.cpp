@@ -6,9 +6,8 @@ namespace Quillane {
 
 Label::Label(std::string_view caption, QWidget* buddy) : QLabel(ToQt(caption)) {
     setTextFormat(Qt::PlainText);
-    if (buddy) {
+    if (buddy)
         setBuddy(buddy);
-    }
 }
 
 } // namespace Quillane

@@ -6,8 +6,8 @@
 
 namespace Quillane {
 
-/// A caption beside a control. It is no control of the screen: nothing walks or names it.
-/// `buddy` is the widget that it names to assistive technology.
+/// The caption of a control. It is not a control of the screen. `buddy` is the widget whose name it
+/// is for assistive technology.
 class Label : public QLabel {
 public:
     explicit Label(std::string_view caption, QWidget* buddy = nullptr);

@@ -6,9 +6,9 @@
 
 namespace Quillane {
 
-/// A line whose text from code is laid out when the line is next needed, not at each of the many
-/// assignments that fill a screen: whatever reaches the line, its painting too, comes as an event.
-/// Until then Qt's own `text()` has the former text.
+/// A line that lays out a text from code when the next event reaches it (painting is an event too),
+/// and not at each of the many assignments that fill a screen. Until then Qt's `text()` returns the
+/// former text.
 class LateLine : public QLineEdit {
 public:
     using QLineEdit::QLineEdit;
@@ -16,7 +16,7 @@ public:
     /// The text that was written or typed last.
     QString Text() const { return awaited_ ? *awaited_ : text(); }
     void Write(const QString& text);
-    /// Lays a written text out at once: for calls of Qt's that look at the text.
+    /// Lays out a written text immediately, before a call of Qt that uses the text.
     void Settle();
 
     bool event(QEvent* event) override;

@@ -20,13 +20,11 @@ OptionButton::OptionButton(Screen& screen, std::string name, std::string_view ca
       button_(std::make_unique<Button>(ToQt(caption), &screen)) {
     button_->setFocusPolicy(Qt::StrongFocus);
     QObject::connect(button_.get(), &QRadioButton::toggled, button_.get(), [this](bool selected) {
-        if (selected) {
+        if (selected)
             RunEvent([this] {
-                if (Click) {
+                if (Click)
                     Click();
-                }
             });
-        }
     });
 }
 
@@ -37,19 +35,17 @@ bool OptionButton::Value() const {
 }
 
 void OptionButton::SetValue(bool selected) {
-    if (selected == button_->isChecked()) {
+    if (selected == button_->isChecked())
         return;
-    }
     {
         const QSignalBlocker blocker(*button_);
-        // A group that excludes never lets its selected member be unselected.
+        // An exclusive group does not allow its selected button to be deselected.
         button_->setAutoExclusive(selected);
         button_->setChecked(selected);
         button_->setAutoExclusive(true);
     }
-    if (selected && Click) {
+    if (selected && Click)
         Click();
-    }
 }
 
 QWidget& OptionButton::Widget() {
@@ -59,9 +55,8 @@ QWidget& OptionButton::Widget() {
 bool OptionButton::HandleKey(int key, int shift) {
     const bool back = key == Key::Up || key == Key::Left;
     const bool on = key == Key::Down || key == Key::Right;
-    if (shift != ShiftState::None || (!back && !on)) {
+    if (shift != ShiftState::None || (!back && !on))
         return false;
-    }
     if (OptionButton* neighbour = Neighbour(on ? 1 : -1)) {
         neighbour->SetFocus();
         neighbour->SetValue(true);
@@ -74,9 +69,8 @@ OptionButton* OptionButton::Neighbour(int step) const {
     for (Control* control : Owner().Controls()) {
         auto* option = dynamic_cast<OptionButton*>(control);
         if (option && option->CanTakeFocus() &&
-            option->button_->parentWidget() == button_->parentWidget()) {
+            option->button_->parentWidget() == button_->parentWidget())
             group.push_back(option);
-        }
     }
     const auto here = std::ranges::find(group, this) - group.begin();
     const auto there = here + step;

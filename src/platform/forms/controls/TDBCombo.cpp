@@ -1,12 +1,13 @@
 #include "platform/forms/controls/TDBCombo.h"
 
-#include "platform/forms/controls/ControlColours.h"
 #include "platform/forms/controls/DropDownSearch.h"
 #include "platform/forms/controls/TDBComboBox.h"
 #include "platform/forms/core/KeyCodes.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/forms/core/Text.h"
 #include "platform/runtime/Failure.h"
+
+#include <QScopedValueRollback>
 
 #include <utility>
 
@@ -120,10 +121,7 @@ void TDBCombo::RefuseUnlisted() {
         SetText("");
         return;
     }
-    struct Refusal {
-        bool& running;
-        ~Refusal() { running = false; }
-    } refusal{refusing_ = true};
+    const QScopedValueRollback refusing(refusing_, true);
     NotInList();
 }
 
@@ -204,13 +202,13 @@ bool TDBCombo::HandleKey(int key, int shift) {
     return false;
 }
 
-// A closed list looks closed, and its text stays legible.
+// A disabled list looks disabled, and its text stays legible.
 void TDBCombo::ApplyColours() {
     VisualControl::ApplyColours();
     QPalette palette = box_->palette();
     palette.setColor(QPalette::Disabled, QPalette::Base,
                      ToQt(BackColor() == White ? ClosedGrey : BackColor()));
-    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x40, 0x40, 0x40));
+    palette.setColor(QPalette::Disabled, QPalette::Text, ToQt(ClosedText));
     box_->setPalette(palette);
 }
 

@@ -20,18 +20,18 @@ namespace Quillane {
 /// or none. Blanking or clearing makes none current. `RowChange` runs only when the marker moves to
 /// a row, not when that row was current already.
 ///
-/// `NotInList` runs each time that typed text which no row has is about to be left behind: a move
-/// of the focus, or Enter. The text stays, and a `SetFocus` on the list from within keeps the focus
-/// here. With no such handler the text is blanked. A text from code is never refused, nor is an
-/// empty one.
+/// `NotInList` runs when the focus moves or Enter is pressed and no row has the typed text. The
+/// text stays, and a `SetFocus` on the list inside the handler keeps the focus. Without a handler
+/// the text is cleared. A text from code and an empty text are always accepted.
 ///
-/// Keys. Typing completes and drops the list down. Up, Down, Page Up and Page Down move in the open
-/// list, and choose at once in a closed one; F4 and Alt+Down open and close it; Enter, Tab and any
-/// other move away take what is highlighted in an open list; Esc closes it and takes nothing, as a
-/// press of the mouse beside it does. Every key is seen by the screen first, and once.
+/// Keys. Typing completes the name and opens the list. Up, Down, Page Up and Page Down move the
+/// highlight in an open list and select a row in a closed one. F4 and Alt+Down open and close the
+/// list. Enter, Tab and any other move of the focus take the highlighted row of an open list; Esc
+/// and a press of the mouse outside close it and take nothing. The screen receives every key first,
+/// and once.
 class TDBCombo : public VisualControl {
 public:
-    /// The set-up that `FormatPickLists` gives; how the list looks and behaves follows it.
+    /// Appearance and behaviour of the list, as `FormatPickLists` sets them.
     struct Properties {
         bool ColumnHeaders = true;
         int RowDividerStyle = 1;
@@ -66,11 +66,11 @@ public:
     std::string Text() const;
     void SetText(std::string_view text);
 
-    /// Lets go of the list's fields: no rows are shown until the next `ReBind`.
+    /// Unbinds the list: no rows are shown until the next `ReBind`.
     void ClearFields();
     void SetArray(std::shared_ptr<RowArray> rows);
     const std::shared_ptr<RowArray>& Array() const;
-    /// Shows the array as it now stands.
+    /// Shows the present contents of the array.
     void ReBind();
 
     /// Text of a column of the current row. No current row is a failure (94).
@@ -80,7 +80,7 @@ public:
 
     /// The current-row marker; none when no row is current.
     std::optional<int> Bookmark() const;
-    /// Makes a row current and shows its name; none blanks nothing.
+    /// Makes a row current and shows its name. None leaves the text as it is.
     void SetBookmark(std::optional<int> row);
 
     std::function<void()> RowChange;

@@ -8,15 +8,15 @@
 
 namespace Quillane {
 
-/// What is seen of a pick list: the line, the arrow beside it and the border around both, as the
-/// list's set-up asks for.
+/// The visible part of a pick list: the line, the arrow button and the border that the list is set
+/// to.
 class TDBCombo::Box : public QWidget {
 public:
     Box(TDBCombo& list, QWidget& parent);
 
     DropDownEdit& Edit() { return edit_; }
     DropDownList& List() { return list_; }
-    /// Where the drop-down hangs below.
+    /// The rectangle below which the list opens, in global coordinates.
     QRect GlobalField() const;
 
     QSize sizeHint() const override;

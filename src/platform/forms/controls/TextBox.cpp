@@ -1,6 +1,5 @@
 #include "platform/forms/controls/TextBox.h"
 
-#include "platform/forms/controls/ControlColours.h"
 #include "platform/forms/controls/ControlSymbols.h"
 #include "platform/forms/controls/FilteredLine.h"
 #include "platform/forms/core/EventBoundary.h"
@@ -24,7 +23,7 @@ public:
     }
     int Limit() const { return limit_; }
 
-    // A text from code that is longer than the limit stands whole; the operator cannot lengthen it.
+    // A text from code that exceeds the limit is kept; the operator cannot lengthen it.
     void ApplyLimit() {
         const auto length = static_cast<int>(text().size());
         const int bound = limit_ > 0 ? std::max(limit_, length) : NoLimit;
@@ -47,7 +46,7 @@ protected:
             PaintControlSymbols(*this);
     }
 
-    // Another limit makes Qt lay the text out once more.
+    // Qt lays the text out again for each change of the limit.
     void Show(const QString& text) override {
         if (text.size() > maxLength())
             setMaxLength(NoLimit);
@@ -66,9 +65,8 @@ TextBox::TextBox(Screen& screen, std::string name)
     QObject::connect(edit_.get(), &QLineEdit::textEdited, edit_.get(), [this] {
         edit_->ApplyLimit();
         RunEvent([this] {
-            if (Change) {
+            if (Change)
                 Change();
-            }
         });
     });
     edit_->Admits = [this](const QString& text, const QString& /*rest*/) {
@@ -85,9 +83,8 @@ std::string TextBox::Text() const {
 
 void TextBox::SetText(std::string_view text) {
     edit_->Write(ToQt(text));
-    if (Change) {
+    if (Change)
         Change();
-    }
 }
 
 bool TextBox::Locked() const {
@@ -142,13 +139,13 @@ QWidget& TextBox::Widget() {
     return *edit_;
 }
 
-// A closed box looks closed also where nobody painted it, and its text stays legible.
+// A disabled box looks disabled even if no code has set its colour, and its text stays legible.
 void TextBox::ApplyColours() {
     QPalette palette = edit_->palette();
     palette.setColor(QPalette::Base, ToQt(BackColor()));
     palette.setColor(QPalette::Text, ToQt(ForeColor()));
     const Colour closed = BackColor() == White ? ClosedGrey : BackColor();
-    const QColor text = ForeColor() == 0 ? QColor(0x40, 0x40, 0x40) : ToQt(ForeColor());
+    const QColor text = ToQt(ForeColor() == Black ? ClosedText : ForeColor());
     palette.setColor(QPalette::Disabled, QPalette::Base, ToQt(closed));
     palette.setColor(QPalette::Disabled, QPalette::Text, text);
     edit_->setPalette(palette);

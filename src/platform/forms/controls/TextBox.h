@@ -8,10 +8,10 @@ namespace Quillane {
 
 /// A box for one line of text.
 ///
-/// `Change` runs once for each edit of the operator, and inside each `SetText` from code, also when
-/// the text is the same. `MaxLength` bounds what is typed or pasted; a text from code is kept
-/// whole, so that no stored figure is ever cut short. Nor does code ask `Admits`. The press of the
-/// mouse that brings the focus places no caret.
+/// `Change` runs once for each edit of the operator, and inside each `SetText` from code, also if
+/// the text is the same. `MaxLength` limits what is typed or pasted. Neither `MaxLength` nor
+/// `Admits` applies to a text from code, so that no stored figure is cut. The press of the mouse
+/// that brings the focus does not move the caret.
 class TextBox : public VisualControl {
 public:
     enum class Alignment { Left, Right, Centre };
@@ -29,14 +29,14 @@ public:
     void SetAlignment(Alignment alignment);
     void SetFont(std::string_view family, double points, bool bold);
     void SetPassword(bool password);
-    /// Paints the names of control characters in their places; the text stays what it is.
+    /// Paints the names of control characters at their positions; the text does not change.
     void SetControlSymbols(bool shown);
     void SelectAll();
     std::string SelectedText() const;
 
     std::function<void()> Change;
-    /// Asked before a text of the operator goes in: typed, pasted, dropped or committed by an input
-    /// method. False keeps all of it out. Without it everything goes in.
+    /// Called before text of the operator is inserted: typed, pasted, dropped or committed by an
+    /// input method. False refuses the whole text. Without it everything is inserted.
     std::function<bool(std::string_view text)> Admits;
 
     QWidget& Widget() override;

@@ -16,7 +16,7 @@ namespace Quillane {
 
 namespace {
 
-// Written out, since a palette asked of the style may follow the system's dark one.
+// Explicit, since the palette of the style may follow a dark theme of the system.
 QPalette LightPalette() {
     QPalette palette(QColor(0xF0, 0xF0, 0xEC));
     palette.setColor(QPalette::Base, Qt::white);
@@ -30,9 +30,8 @@ QPalette LightPalette() {
     palette.setColor(QPalette::Highlight, QColor(0x1F, 0x5F, 0xA8));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText}) {
+         {QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText})
         palette.setColor(QPalette::Disabled, role, QColor(0x78, 0x78, 0x78));
-    }
     palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x50, 0x50, 0x50));
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
     return palette;
@@ -59,13 +58,12 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setStyle(QStyleFactory::create("Fusion"));
     setPalette(LightPalette());
     setFont(QFont(FontFamilies("Arial"), 11));
-    // The screens say themselves when the program ends: a sign-in dialog that closes does not.
+    // The screens end the program; closing the sign-in dialog, the only window, does not.
     setQuitOnLastWindowClosed(false);
     installNativeEventFilter(&keysOfClosedWindows_);
     connect(this, &QApplication::focusChanged, this, [](QWidget*, QWidget* now) {
-        if (Screen* screen = Screen::Of(now)) {
+        if (Screen* screen = Screen::Of(now))
             screen->QtFocusMoved();
-        }
     });
 }
 
@@ -75,9 +73,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         event->ignore();
         return false;
     }
-    if (!receiver->isWidgetType()) {
+    if (!receiver->isWidgetType())
         return QApplication::notify(receiver, event);
-    }
     auto& widget = static_cast<QWidget&>(*receiver);
     switch (event->type()) {
     case QEvent::KeyPress:
@@ -91,7 +88,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     case QEvent::InputMethod:
         return NotifyInputMethod(widget, static_cast<QInputMethodEvent&>(*event));
     case QEvent::ShortcutOverride:
-        // Accepted, a button's shortcut arrives as a key that the screen sees first.
+        // If this is accepted, a button's shortcut arrives as a key, which the screen receives
+        // first.
         if (Screen* screen = Screen::Of(&widget);
             screen && screen->ShortcutControl(static_cast<QKeyEvent&>(*event))) {
             event->accept();
@@ -106,9 +104,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 bool Application::NotifyKey(QWidget& receiver, QKeyEvent& event) {
     QPointer<Screen> screen = Screen::Of(&receiver);
-    if (!screen || KeyDispatch::Handles(event)) {
+    if (!screen || KeyDispatch::Handles(event))
         return QApplication::notify(&receiver, &event);
-    }
     const QPointer<QWidget> target = &receiver;
     const std::uint64_t life = screen->life_;
     int tabs = 0;
@@ -118,51 +115,46 @@ bool Application::NotifyKey(QWidget& receiver, QKeyEvent& event) {
         bool used = true;
         RunEvent([&] { used = screen->PreviewKey(event); });
         event.accept();
-        if (!used && target) {
+        if (!used && target)
             result = QApplication::notify(target, &event);
-        }
         tabs = dispatch.Tabs();
     }
-    for (; tabs > 0 && screen && screen->Lives(life); --tabs) {
+    for (; tabs > 0 && screen && screen->Lives(life); --tabs)
         screen->DeliverTab();
-    }
     return result;
 }
 
 bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
     pressUsedUp_ = nullptr;
     QPointer<Screen> screen = Screen::Of(&receiver);
-    if (!screen) {
+    if (!screen)
         return QApplication::notify(&receiver, &event);
-    }
     const QPointer<QWidget> target = &receiver;
     const std::uint64_t life = screen->life_;
     const unsigned interruptions = Interruption::Count();
     auto press = Screen::Press::Nothing;
     RunEvent([&] { press = screen->PressedOn(receiver); });
-    // After a box the mouse button has long been let go: a press handed on now would never end.
-    const bool stands = target && screen && screen->life_ == life;
-    if (!stands || Interruption::Count() != interruptions) {
+    // After a box the mouse button has been released already: a press delivered now would never
+    // end.
+    const bool isShown = target && screen && screen->life_ == life;
+    if (!isShown || Interruption::Count() != interruptions)
         press = Screen::Press::Nothing;
-    }
     if (press != Screen::Press::HandedOn) {
         pressUsedUp_ = press == Screen::Press::UsedUp ? target : nullptr;
         event.accept();
         return true;
     }
     const bool result = QApplication::notify(target, &event);
-    if (screen && screen->Lives(life)) {
+    if (screen && screen->Lives(life))
         screen->GiveQtFocus();
-    }
     return result;
 }
 
-// A hand is never quite still: what follows on a press that was used up selects nothing either.
+// The mouse moves slightly during a press. If the press was used up, these moves select nothing.
 bool Application::NotifyDrag(QWidget& receiver, QEvent& event) {
     const bool usedUp = pressUsedUp_ == &receiver;
-    if (event.type() == QEvent::MouseButtonRelease) {
+    if (event.type() == QEvent::MouseButtonRelease)
         pressUsedUp_ = nullptr;
-    }
     if (usedUp) {
         event.accept();
         return true;
@@ -172,15 +164,13 @@ bool Application::NotifyDrag(QWidget& receiver, QEvent& event) {
 
 bool Application::NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event) {
     Screen* screen = Screen::Of(&receiver);
-    if (!screen || event.commitString().isEmpty()) {
+    if (!screen || event.commitString().isEmpty())
         return QApplication::notify(&receiver, &event);
-    }
     const QPointer<QWidget> target = &receiver;
     bool swallowed = true;
     RunEvent([&] { swallowed = screen->PreviewCommitted(event.commitString()); });
-    if (!target) {
+    if (!target)
         return true;
-    }
     QInputMethodEvent passed(event.preeditString(), event.attributes());
     if (!swallowed) {
         passed.setCommitString(event.commitString(), event.replacementStart(),

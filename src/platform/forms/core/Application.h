@@ -11,9 +11,9 @@ class QKeyEvent;
 
 namespace Quillane {
 
-/// The application object. It is the one place that sees every key before its control, and every
-/// mouse press before the focus moves; it hands both to the screen of the widget that receives
-/// them, climbing through popups and cell editors but never out of a box or another screen.
+/// The application object. It receives every key before the control does, and every press of the
+/// mouse before the focus moves, and gives both to the screen of the receiving widget. A popup and
+/// a cell editor belong to the screen that opened them; a box belongs to no screen.
 ///
 /// Sets the look that the screens' colours were chosen for: Fusion, a light palette on every
 /// system, Arial by name. The scale follows the system.
@@ -28,7 +28,7 @@ private:
     bool NotifyDrag(QWidget& receiver, QEvent& event);
     bool NotifyInputMethod(QWidget& receiver, QInputMethodEvent& event);
 
-    QPointer<QWidget> pressUsedUp_; ///< where, until the mouse button is let go
+    QPointer<QWidget> pressUsedUp_; ///< receiver of that press, until the button is released
     KeyRouter keyRouter_;
     KeysOfClosedWindows keysOfClosedWindows_;
 };

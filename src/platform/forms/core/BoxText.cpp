@@ -16,13 +16,13 @@ namespace Quillane {
 
 namespace {
 
-// A box is at least so wide, in pixels, before its text is wrapped; on a narrow display, half of
-// it.
+// The width in pixels up to which a box grows before its text is wrapped; half of the display if
+// that is less.
 constexpr int widestBeforeWrapping = 500;
-constexpr int besideText = 120;        ///< icon and margins
-constexpr int aboveAndBelowText = 150; ///< title, button and margins
+constexpr int iconAndMargins = 120;
+constexpr int titleButtonsAndMargins = 150;
 constexpr int linesOfNote = 3;
-/// More than any display shows. Laying out a text takes time that goes with its length.
+/// More than any display shows. The time to lay out a text grows with its length.
 constexpr qsizetype mostLetters = 20'000;
 
 struct Layout {
@@ -66,12 +66,12 @@ QString Note(const QString& text) {
 
 } // namespace
 
-QString TextThatFits(const QString& text, const QFont& font, QSize room) {
+QString TextThatFits(const QString& text, const QFont& font, QSize available) {
     const QString plain = WithOneLineEnd(text);
     const int mostLines =
-        std::max(linesOfNote + 1, room.height() / QFontMetrics(font).lineSpacing());
+        std::max(linesOfNote + 1, available.height() / QFontMetrics(font).lineSpacing());
     const auto wrapped = [&](QTextOption::WrapMode wrapping) {
-        return LayOut(plain, font, wrapping, room.width(), mostLines);
+        return LayOut(plain, font, wrapping, available.width(), mostLines);
     };
     const Layout words = wrapped(QTextOption::WordWrap);
     if (words.isWhole && !words.isTooWide)
@@ -82,10 +82,10 @@ QString TextThatFits(const QString& text, const QFont& font, QSize room) {
     return broken.lines.first(mostLines - linesOfNote).join('\n') + Note(text);
 }
 
-QSize RoomForText(const QMessageBox& box) {
+QSize SpaceForText(const QMessageBox& box) {
     const QSize display = box.screen()->availableGeometry().size();
-    return {std::min(display.width() / 2, widestBeforeWrapping) - besideText,
-            display.height() - aboveAndBelowText};
+    return {std::min(display.width() / 2, widestBeforeWrapping) - iconAndMargins,
+            display.height() - titleButtonsAndMargins};
 }
 
 CopyOnRequest::CopyOnRequest(QMessageBox& box, QString text) : text_(std::move(text)) {

@@ -9,15 +9,15 @@ class QMessageBox;
 
 namespace Quillane {
 
-/// What a box shows of a text. One that fits is shown as it is. Of one that does not, as many lines
-/// as fit are shown, words that are too long for a line are broken, and a last line says how long
-/// the whole text is. `room` is what the display leaves for the text, in pixels.
-QString TextThatFits(const QString& text, const QFont& font, QSize room);
+/// The part of a text that a box shows: the whole text if it fits, otherwise as many lines as fit
+/// and a last line with the length of the whole text. Words that are too long for a line are
+/// broken. `available` is the space for the text in pixels.
+QString TextThatFits(const QString& text, const QFont& font, QSize available);
 
-/// What the display on which a box comes up leaves for its text.
-QSize RoomForText(const QMessageBox& box);
+/// The space that the display leaves for the text of a box, in pixels.
+QSize SpaceForText(const QMessageBox& box);
 
-/// Copies the whole text of a box, however much of it is shown, to the clipboard on Ctrl+C.
+/// On Ctrl+C, copies the whole text of a box to the clipboard, also the part that is not shown.
 class CopyOnRequest : public QObject {
 public:
     CopyOnRequest(QMessageBox& box, QString text);

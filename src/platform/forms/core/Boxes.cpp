@@ -21,14 +21,13 @@ namespace {
 BoxPresenter presenter;
 int boxesUp = 0;
 
-// While a box is up everything is held up; as the last one closes, every timer starts anew.
+// Counts the boxes shown. When the last one closes, every timer restarts its interval.
 class BoxUp {
 public:
     BoxUp() { ++boxesUp; }
     ~BoxUp() {
-        if (--boxesUp == 0) {
+        if (--boxesUp == 0)
             Timer::RestartAll();
-        }
     }
     BoxUp(const BoxUp&) = delete;
     BoxUp& operator=(const BoxUp&) = delete;
@@ -40,8 +39,8 @@ private:
     Interruption interruption_;
 };
 
-// A letter answers at once. The toolkit shows the button going down for a moment first, in which
-// the box would take what is typed for the next one.
+// A letter answers at once. The toolkit would first show the button as pressed for a moment, and
+// the box would then receive keys that are typed for the next one.
 class MessageBox : public QMessageBox {
 public:
     using QMessageBox::QMessageBox;
@@ -56,24 +55,21 @@ protected:
         return QMessageBox::event(event);
     }
     void keyPressEvent(QKeyEvent* event) override {
-        if (QAbstractButton* button = ButtonOf(*event)) {
+        if (QAbstractButton* button = ButtonOf(*event))
             button->click();
-        } else {
+        else
             QMessageBox::keyPressEvent(event);
-        }
     }
 
 private:
-    // The one whose letter is pressed, with Alt or without.
+    // The button whose letter is pressed, with Alt or without.
     QAbstractButton* ButtonOf(const QKeyEvent& event) const {
-        if (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) {
+        if (event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier))
             return nullptr;
-        }
         for (QAbstractButton* button : buttons()) {
             const QKeySequence shortcut = button->shortcut();
-            if (!shortcut.isEmpty() && shortcut[0].key() == event.key()) {
+            if (!shortcut.isEmpty() && shortcut[0].key() == event.key())
                 return button;
-            }
         }
         return nullptr;
     }
@@ -95,13 +91,13 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-// Beside the title stand the frame's picture and its buttons, and Qt does not count on all of them.
+// The title bar also holds the icon and the buttons of the frame; Qt does not reserve space for all
+// of them.
 void WidenToTitle(QMessageBox& shown) {
-    constexpr int besideTitle = 150;
-    const int width = shown.fontMetrics().horizontalAdvance(shown.windowTitle()) + besideTitle;
-    if (auto* grid = qobject_cast<QGridLayout*>(shown.layout())) {
+    constexpr int iconAndButtons = 150;
+    const int width = shown.fontMetrics().horizontalAdvance(shown.windowTitle()) + iconAndButtons;
+    if (auto* grid = qobject_cast<QGridLayout*>(shown.layout()))
         grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
-    }
 }
 
 BoxAnswer ShowMessage(const Box& box, BoxUp& up) {
@@ -109,7 +105,7 @@ BoxAnswer ShowMessage(const Box& box, BoxUp& up) {
     MessageBox shown(IconOf(box.icon), ToQt(box.title), ToQt(box.text),
                      question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, up.Parent());
     shown.setTextFormat(Qt::PlainText);
-    shown.setText(TextThatFits(shown.text(), shown.font(), RoomForText(shown)));
+    shown.setText(TextThatFits(shown.text(), shown.font(), SpaceForText(shown)));
     const CopyOnRequest copy(shown, ToQt(box.text));
     WidenToTitle(shown);
     if (!question) {

@@ -11,10 +11,10 @@ enum class BoxIcon { None, Critical, Question, Exclamation, Information };
 enum class BoxButtons { Ok, YesNo };
 enum class BoxAnswer { Ok, Yes, No };
 
-/// A message box. While one is up no timer ticks (see Timer).
+/// A message box. While one is shown, no timer ticks (see Timer).
 struct Box {
     std::string text{};
-    std::string title{}; ///< as it stands, also when empty
+    std::string title{}; ///< used as it is, also when empty
     BoxIcon icon = BoxIcon::None;
     BoxButtons buttons = BoxButtons::Ok;
     BoxAnswer defaultButton = BoxAnswer::Yes; ///< of a Yes/No box
@@ -27,21 +27,21 @@ struct InputPrompt {
     std::string defaultText{};
 };
 
-/// The program's title, for boxes that name no other: the application's name.
+/// The title of boxes that have none of their own: the application's name.
 std::string ProgramTitle();
 
 BoxAnswer MsgBox(const Box& box);
 /// Cancel gives the empty text.
 std::string InputBox(const InputPrompt& prompt);
 
-/// Who shows the boxes. Tests give the answers; empty functions bring the real boxes back.
+/// Replaces the boxes, so that tests can answer them. Empty functions restore the real boxes.
 struct BoxPresenter {
     std::function<BoxAnswer(const Box&)> message;
     std::function<std::string(const InputPrompt&)> input;
 };
 void SetBoxPresenter(BoxPresenter presenter);
 
-/// True while a box is up.
+/// True while a box is shown.
 bool BoxIsUp();
 
 } // namespace Quillane

@@ -1,18 +1,10 @@
 #include "platform/forms/core/Control.h"
 
-#include "platform/forms/controls/ControlColours.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/forms/core/Text.h"
 #include "platform/runtime/Failure.h"
 
-#include <QPalette>
-
 namespace Quillane {
-
-QColor ToQt(Colour colour) {
-    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
-                  static_cast<int>(colour >> 16 & 0xFF));
-}
 
 Control::Control(Screen& screen, std::string name, std::string typeName)
     : screen_(screen), name_(std::move(name)), typeName_(std::move(typeName)) {
@@ -21,17 +13,15 @@ Control::Control(Screen& screen, std::string name, std::string typeName)
 
 Control::~Control() {
     std::erase(screen_.controls_, this);
-    if (screen_.active_ == this) {
+    if (screen_.active_ == this)
         screen_.active_ = nullptr;
-    }
 }
 
 void VisualControl::SetEnabled(bool enabled) {
-    if (enabled_ == enabled) {
+    if (enabled_ == enabled)
         return;
-    }
     enabled_ = enabled;
-    // The focus has moved on before Qt hears of it, also if a handler fails on the way.
+    // Qt is informed after the focus has moved on, also if a handler fails meanwhile.
     struct Apply {
         VisualControl& control;
         ~Apply() { control.ApplyEnabled(); }
@@ -48,23 +38,20 @@ void VisualControl::SetVisible(bool visible) {
     Owner().MoveOnIfUnable();
 }
 
-// Goes by what was set, since Qt calls nothing visible before the screen is shown.
+// Uses what was set, since for Qt nothing is visible before the screen is shown.
 bool VisualControl::CanTakeFocus() const {
     auto& self = const_cast<VisualControl&>(*this);
-    if (self.FocusWidget().focusPolicy() == Qt::NoFocus) {
+    if (self.FocusWidget().focusPolicy() == Qt::NoFocus)
         return false;
-    }
     const VisualControl* around = this;
-    while (around && around->enabled_ && around->visible_) {
+    while (around && around->enabled_ && around->visible_)
         around = Owner().ControlOf(const_cast<VisualControl*>(around)->Widget().parentWidget());
-    }
     return !around;
 }
 
 void VisualControl::SetFocus() {
-    if (!Owner().shown_ || !CanTakeFocus()) {
+    if (!Owner().shown_ || !CanTakeFocus())
         Fail(FailureNumber::InvalidCall);
-    }
     Owner().MoveFocus(this, Screen::Move::Code);
 }
 
@@ -101,6 +88,12 @@ void VisualControl::ApplyColours() {
     palette.setColor(QPalette::Text, ToQt(foreColor_));
     palette.setColor(QPalette::WindowText, ToQt(foreColor_));
     Widget().setPalette(palette);
+}
+
+void NumberInTabOrder(std::initializer_list<VisualControl*> controls) {
+    int index = 0;
+    for (VisualControl* control : controls)
+        control->SetTabIndex(index++);
 }
 
 } // namespace Quillane

@@ -1,7 +1,9 @@
 #pragma once
 
-#include <cstdint>
+#include "platform/forms/core/Colours.h"
+
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -11,13 +13,8 @@ namespace Quillane {
 
 class Screen;
 
-/// A 24-bit colour with blue in the high byte: 0xBBGGRR.
-using Colour = std::uint32_t;
-inline constexpr Colour White = 0xFFFFFF;
-inline constexpr Colour ClosedGrey = 0xE0E0E0;
-
-/// Anything that stands on a screen, shown or not: the table of a screen's controls is the order in
-/// which its members are declared, since each registers itself with its screen when it is made.
+/// Anything on a screen, shown or not. Each control registers itself with its screen when it is
+/// constructed, so the table of a screen's controls has the order of their declarations.
 class Control {
 public:
     Control(Screen& screen, std::string name, std::string typeName);
@@ -36,27 +33,27 @@ private:
     std::string typeName_;
 };
 
-/// A control that is seen and may take the focus.
+/// A control that can be seen and can take the focus.
 ///
 /// Focus events. `Validate` runs when the focus is about to leave for another control of the same
 /// screen, then `LostFocus`, then the other's `GotFocus`; all before Qt moves anything. None runs
 /// for boxes, modal screens, popups or another window becoming active. Disabling or hiding the
 /// active control moves on to the next in tab order without `Validate`.
 ///
-/// `KeyDown` is the control's own share of a key, while it is the active one: it runs after the
-/// screen's `Form_KeyDown`, which may have swallowed the key, and swallows it by setting it to 0. A
-/// key in whose handling the focus has moved is used up, and never acts on the control that has the
-/// focus now.
+/// `KeyDown` is the control's own handler of a key, while the control is active. It runs after the
+/// screen's `Form_KeyDown`, unless that has swallowed the key, and swallows the key by setting it
+/// to 0. A key whose handling has moved the focus is used up: it never acts on the control that has
+/// the focus now.
 class VisualControl : public Control {
 public:
     using Control::Control;
 
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
-    /// As set; a control in a hidden frame is not seen all the same.
+    /// As set; a control in a hidden frame is not shown even so.
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
-    /// Seen and enabled, with everything it stands in.
+    /// Visible and enabled, and so is every frame around it.
     bool CanTakeFocus() const;
 
     int TabIndex() const { return tabIndex_; } ///< -1: no place in the tab order
@@ -67,8 +64,8 @@ public:
     Colour ForeColor() const { return foreColor_; }
     virtual void SetForeColor(Colour colour);
 
-    /// Moves the focus here and now, through the same sequence as the operator's moves. Fails (5)
-    /// on a control that is hidden or disabled.
+    /// Moves the focus at once, through the same sequence as the operator's moves. Fails (5) on a
+    /// control that is hidden or disabled.
     void SetFocus();
 
     std::string ToolTip() const;
@@ -86,15 +83,15 @@ public:
     /// What gets Qt's focus.
     virtual QWidget& FocusWidget() { return Widget(); }
 
-    /// Stores what is still being edited (a cell's pending text) and closes what is dropped down.
-    /// Leaving a control commits first, and so does a key with Ctrl or Alt that is no editing key,
-    /// before the screen sees it: what is seen is what a shortcut works on.
+    /// Stores a pending edit (the text of a cell) and closes a list that is dropped down. Runs
+    /// before the control is left, and before the screen sees a key with Ctrl or Alt that is no
+    /// editing key: a shortcut works on what is shown.
     virtual void CommitEdit() {}
-    /// Runs before everything else, on the active control; true uses the key up, unseen by the
-    /// screen. For a key that is meant for what is dropped down alone, as Esc in an open calendar.
+    /// Runs first, on the active control; true uses the key up before the screen sees it. For a key
+    /// that is meant only for what is dropped down, such as Esc in an open calendar.
     virtual bool HandleDropDownKey(int /*key*/, int /*shift*/) { return false; }
-    /// Whether the press that brings the focus is used up by that. The selection that was made on
-    /// got-focus then stays.
+    /// Whether the press of the mouse that brings the focus does nothing else. The selection that
+    /// was made on got-focus then stays.
     virtual bool KeepsFirstPress() const { return false; }
     /// Runs after `KeyDown` and before `Form_KeyPress`, on the active control; true uses the key
     /// up.
@@ -110,7 +107,10 @@ private:
     bool visible_ = true;
     int tabIndex_ = -1;
     Colour backColor_ = White;
-    Colour foreColor_ = 0;
+    Colour foreColor_ = Black;
 };
+
+/// Gives the controls their places in the tab order: 0, 1, 2 and so on.
+void NumberInTabOrder(std::initializer_list<VisualControl*> controls);
 
 } // namespace Quillane

@@ -50,7 +50,7 @@ xcb_window_t KeyboardsWindow(xcb_connection_t& server) {
     return reply ? reply->focus : xcb_window_t{XCB_NONE};
 }
 
-/// Never seen. The keys that it is sent are saved by KeysOfClosedWindows.
+/// An invisible window. KeysOfClosedWindows redirects the keys that are sent to it.
 xcb_window_t WaitingWindow(xcb_connection_t& server) {
     static xcb_window_t id = XCB_NONE;
     if (id == XCB_NONE) {
@@ -78,10 +78,11 @@ bool HasWindowManager(xcb_connection_t& server) {
     return reply && reply->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT;
 }
 
-// A window manager gives the keyboard to each new window. Were the window hidden just then, the
-// manager would take the keyboard itself for a moment, and what is typed would be lost.
+// A window manager gives the keyboard to each new window. If the window is hidden at that moment,
+// the manager takes the keyboard itself for a short time, and keys are lost.
 void WaitUntilGiven(xcb_connection_t& server, xcb_window_t window) {
-    constexpr std::chrono::milliseconds limit{300}; // for a manager that gives it to another window
+    constexpr std::chrono::milliseconds limit{
+        300}; // in case the manager gives it to another window
     const QDeadlineTimer end(limit);
     xcb_window_t now = KeyboardsWindow(server);
     while (now != window && IsPrograms(server, now) && !end.hasExpired()) {
@@ -94,17 +95,14 @@ void WaitUntilGiven(xcb_connection_t& server, xcb_window_t window) {
 
 void PassKeyboard(const QWidget& from, const QWidget* to) {
     xcb_connection_t* server = Server();
-    if (!server) {
+    if (!server)
         return;
-    }
-    if (HasWindowManager(*server)) {
+    if (HasWindowManager(*server))
         WaitUntilGiven(*server, static_cast<xcb_window_t>(from.winId()));
-    }
-    if (!IsPrograms(*server, KeyboardsWindow(*server))) {
+    if (!IsPrograms(*server, KeyboardsWindow(*server)))
         return;
-    }
     const auto next = to ? static_cast<xcb_window_t>(to->winId()) : WaitingWindow(*server);
-    // Refused, and ignored, where the window cannot be seen.
+    // The server refuses this for a window that is not visible; that is ignored.
     const auto request =
         xcb_set_input_focus_checked(server, XCB_INPUT_FOCUS_PARENT, next, XCB_CURRENT_TIME);
     xcb_discard_reply(server, request.sequence);
@@ -112,22 +110,19 @@ void PassKeyboard(const QWidget& from, const QWidget* to) {
 
 bool KeysOfClosedWindows::nativeEventFilter(const QByteArray& kind, void* message,
                                             qintptr* /*result*/) {
-    if (kind != "xcb_generic_event_t") {
+    if (kind != "xcb_generic_event_t")
         return false;
-    }
     const auto type = static_cast<xcb_generic_event_t*>(message)->response_type & 0x7F;
     if (type == XCB_FOCUS_IN) {
         const QWindow* window = ProgramsWindow(static_cast<xcb_focus_in_event_t*>(message)->event);
         return window && !window->isVisible();
     }
-    if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE) {
+    if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
         return false;
-    }
     auto& key = *static_cast<xcb_key_press_event_t*>(message);
     if (!ProgramsWindow(key.event)) {
-        if (const QWindow* window = AnyWindowShown()) {
+        if (const QWindow* window = AnyWindowShown())
             key.event = static_cast<xcb_window_t>(window->winId());
-        }
     }
     return false;
 }

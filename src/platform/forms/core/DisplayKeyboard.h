@@ -6,17 +6,16 @@ class QWidget;
 
 namespace Quillane {
 
-/// Gives the keyboard to a window that is shown, where this program has it: as the last thing
-/// before the window `from` is hidden. Otherwise the X server sends what is typed to nobody, until
-/// the window manager has found the next window. Null means the window that is shown next. Waits
-/// until the window manager has given the keyboard to `from`, where that has only now been shown.
-/// Does nothing on other systems.
+/// Moves the keyboard focus of the X server from a window to the window `to`. To be called
+/// immediately before `from` is hidden: otherwise keys are lost until the window manager has chosen
+/// the next window. A null `to` stands for the window that will be shown next. Does nothing if
+/// another program has the keyboard. If `from` has only just been shown, waits until the window
+/// manager has given it the keyboard. Does nothing on other systems.
 void PassKeyboard(const QWidget& from, const QWidget* to);
 
-/// Saves the keys that the X server sent to a window which was closed before they were read: they
-/// count as sent to another window of this program. A window that had the keyboard only after it
-/// was hidden is not reported to the toolkit, which would take it for the active one. Install it on
-/// the application.
+/// Keeps keys that the X server sent to a window which was closed before they were read: they are
+/// treated as sent to another window of this program. Drops the report that a hidden window got the
+/// keyboard, since the toolkit would make it the active window. To be installed on the application.
 class KeysOfClosedWindows : public QAbstractNativeEventFilter {
 public:
     bool nativeEventFilter(const QByteArray& kind, void* message, qintptr* result) override;

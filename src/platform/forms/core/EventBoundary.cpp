@@ -20,11 +20,11 @@ void RunLastAct() {
         if (const auto act = std::exchange(lastAct, {}))
             act();
     } catch (const std::exception&) {
-        // No screen is left that could report it.
+        // No screen is left to report it.
     }
 }
 
-// No procedure trapped it: the runtime speaks, and the program is over.
+// No procedure trapped the failure.
 void EndOnFailure(const std::string& description) {
     MsgBox({.text = description, .title = ProgramTitle(), .icon = BoxIcon::Critical});
     EndProcess(1);
@@ -36,7 +36,7 @@ void RunEvent(const std::function<void()>& procedure) {
     try {
         procedure();
     } catch (const ScreenGone&) {
-        // The procedure's screen was unloaded while it let events run: it just ends.
+        // The screen was unloaded while the procedure let events run: nothing to report.
     } catch (const Failure& failure) {
         EndOnFailure(failure.Description());
     } catch (const std::exception& failure) {

@@ -4,19 +4,19 @@
 
 namespace Quillane {
 
-/// Thrown by `Screen::DoEvents` when the screen was unloaded meanwhile: ends the procedure that let
-/// the events run. No trap catches it, since it is no Failure.
+/// Thrown by `Screen::DoEvents` if the events have unloaded the screen; ends the procedure that
+/// called it. It is not a Failure, so no trap catches it.
 struct ScreenGone {};
 
-/// Runs an event procedure from Qt's side. A failure that no procedure trapped shows the runtime's
-/// error box - critical, OK, titled with the program's title - and ends the process. No exception
-/// travels through Qt code.
+/// Runs an event procedure for Qt. A failure that no procedure traps shows the runtime's error box
+/// (critical, OK, titled with the program's title) and ends the process. No exception passes
+/// through Qt code.
 void RunEvent(const std::function<void()>& procedure);
 
-/// Ends the process at once, without ceremony but for the last act, through the function that tests
-/// may replace: that one then runs in place of both.
+/// Runs the last act and ends the process immediately, without destructors. Tests may replace both
+/// by a function.
 void EndProcess(int exitCode);
-/// What is still done before the process ends. What it fails with is dropped.
+/// Sets what is done before the process ends. A failure of it is ignored.
 void SetLastAct(std::function<void()> act);
 void SetEndProcess(std::function<void(int)> end);
 

@@ -10,15 +10,14 @@ namespace Quillane {
 
 namespace {
 
-// Behind the name comes the font that stands in for it, since a name that is not there would be
-// passed over.
+// The second family is the substitute for the named one, since a family that is not installed is
+// skipped.
 QStringList Find(const QString& name) {
     QStringList families{name, QFontInfo(QFont(name)).family()};
     for (const char* complete :
-         {"Nafees Web Naskh", "Noto Naskh Arabic", "Scheherazade New", "Scheherazade", "Amiri"}) {
+         {"Nafees Web Naskh", "Noto Naskh Arabic", "Scheherazade New", "Scheherazade", "Amiri"})
         if (QFontDatabase::hasFamily(QLatin1String(complete)))
             families.append(QLatin1String(complete));
-    }
     return families;
 }
 

@@ -4,9 +4,9 @@
 
 namespace Quillane {
 
-/// The families to ask for where a text of any script may stand: the named one, and behind it those
-/// of the installed ones that have all letters of Urdu. The fonts that are commonly fallen back to
-/// lack single ones, and a word drawn in two fonts falls apart.
+/// The font families for text in any script: the named one, then those installed ones that have all
+/// letters of Urdu. Common fallback fonts lack some of these letters, and the letters of a word
+/// that is drawn in two fonts do not join.
 const QStringList& FontFamilies(const QString& name);
 
 } // namespace Quillane

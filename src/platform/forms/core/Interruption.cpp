@@ -19,17 +19,16 @@ namespace {
 unsigned interruptions = 0;
 Interruption* innermost = nullptr;
 
-// The toolkit may still take a screen for the active one that has just been closed.
+// The toolkit may still report a screen as active that has just been closed.
 Screen* ScreenInFront() {
     const std::vector<Screen*>& shown = ShownScreens();
     auto* active = dynamic_cast<Screen*>(QApplication::activeWindow());
-    if (std::ranges::find(shown, active) != shown.end()) {
+    if (std::ranges::find(shown, active) != shown.end())
         return active;
-    }
     return shown.empty() ? nullptr : shown.back();
 }
 
-// Before the first screen is shown the program is about to come to the front.
+// Before its first screen the program is about to become active.
 bool IsInFront() {
     return ShownScreens().empty() || QGuiApplication::applicationState() == Qt::ApplicationActive;
 }
@@ -44,9 +43,8 @@ Interruption::Interruption() : below_(ScreenInFront()), inFront_(IsInFront()), o
 Interruption::~Interruption() {
     innermost = outer_;
     if (Screen* below = Below(); below && below->shown_) {
-        if (inFront_ || IsInFront()) {
+        if (inFront_ || IsInFront())
             below->activateWindow();
-        }
         below->GiveQtFocus();
     }
     KeyRouter::Resume();
@@ -62,7 +60,7 @@ void Interruption::Awaits(QWidget& window) {
 }
 
 void Interruption::Shows() {
-    window_->winId(); // makes its native window
+    window_->winId(); // creates its native window
     QObject::connect(window_->windowHandle(), &QWindow::visibleChanged, &context_,
                      [this](bool visible) { Changes(visible); });
 }
@@ -73,16 +71,15 @@ int Interruption::Run(QDialog& dialog) {
     return inFront_ ? dialog.exec() : RunUnasked(dialog);
 }
 
-// The toolkit takes the keyboard for whatever is modal as it is shown. This is not: Blocks and
-// InputWindow do what modality would.
+// The toolkit takes the keyboard for each modal window that is shown, so this dialog is not modal;
+// Blocks and InputWindow have the effect of modality.
 int Interruption::RunUnasked(QDialog& dialog) {
     QEventLoop loop;
     QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
     QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &dialog,
                      [&dialog](const QWindow* window) {
-                         if (window && Blocks(*window)) {
+                         if (window && Blocks(*window))
                              dialog.activateWindow();
-                         }
                      });
     unasked_ = dialog.windowHandle();
     dialog.setModal(false);
@@ -92,7 +89,7 @@ int Interruption::RunUnasked(QDialog& dialog) {
     return dialog.result();
 }
 
-// Runs before the window is shown or hidden on the display.
+// Called before the window is shown or hidden on the display.
 void Interruption::Changes(bool visible) const {
     if (visible) {
         KeyRouter::Resume();

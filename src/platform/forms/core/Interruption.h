@@ -11,8 +11,8 @@ namespace Quillane {
 
 class Screen;
 
-/// A box or a modal screen coming up over the screen that is active. As it ends, the screen below
-/// has the window and the focus back, with no focus event.
+/// A box or modal screen above the active screen. When it ends, the screen below becomes the active
+/// window and has its focus again, without a focus event.
 class Interruption {
 public:
     Interruption();
@@ -22,25 +22,25 @@ public:
 
     Screen* Below() const;
 
-    /// From here on, as long as the window is not shown and again once it is hidden, until this
-    /// object goes: no window of the program takes a press or is closed, and keys wait.
+    /// Blocks the program until the window is shown, and again after it is hidden until this object
+    /// is destroyed: no window accepts a press or is closed, and keys wait.
     void Awaits(QWidget& window);
-    /// The awaited window is about to be shown: keys are handed on as soon as it is.
+    /// Requires: `Awaits`. Delivers the waiting keys as soon as the window is shown.
     void Shows();
-    /// Shows a dialog and waits for its end; gives its result. It takes the keyboard, but not from
-    /// another program: then it is shown below that program's window, and takes the keyboard as
-    /// soon as this program has it.
+    /// Shows a dialog, waits for its end and returns its result. The dialog takes the keyboard, but
+    /// not from another program: then it is shown below that program's window, and takes the
+    /// keyboard when this program becomes active.
     int Run(QDialog& dialog);
 
-    /// True while the innermost interruption's window is not there.
+    /// True while the window of the innermost interruption is not shown.
     static bool IsPending();
-    /// The window that has all input, the box or modal window that is up, or null.
+    /// The box or modal window that receives all input, or null.
     static QWindow* InputWindow();
-    /// True while a window of the program takes no press and is not closed. The toolkit itself
-    /// blocks those below a modal window.
+    /// True while a window accepts no press and cannot be closed. The toolkit itself blocks the
+    /// windows below a modal one.
     static bool Blocks(const QWindow& window);
 
-    /// How many there have been: tells whether one came up during a procedure.
+    /// How many there have been. A change during a procedure means that one was shown.
     static unsigned Count();
 
 private:
@@ -51,10 +51,10 @@ private:
     QPointer<QObject> below_;
     bool awaits_ = false;
     QPointer<QWidget> window_;
-    bool inFront_;              ///< no other program was, as this began
-    QPointer<QWindow> unasked_; ///< of the dialog shown while another program was in front
+    bool inFront_;              ///< this program was active when the interruption began
+    QPointer<QWindow> unasked_; ///< of a dialog shown while another program was active
     Interruption* outer_;
-    QObject context_; ///< ends what Shows has connected
+    QObject context_; ///< disconnects what Shows has connected
 };
 
 } // namespace Quillane

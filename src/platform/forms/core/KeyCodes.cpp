@@ -45,10 +45,10 @@ constexpr std::array<std::pair<int, int>, 30> Named{{
     {Qt::Key_Help, 47},
 }};
 
-// Shifted digits arrive as the sign above them.
+// A digit with Shift arrives as the other character of its key.
 constexpr std::string_view SignsAboveDigits = ")!@#$%^&*(";
 
-// The keys of punctuation, each with what it gives plain and shifted.
+// The punctuation keys, each with its character without and with Shift.
 constexpr std::array<std::pair<std::string_view, int>, 11> Punctuation{{
     {";:", 186},
     {"=+", 187},
@@ -64,17 +64,13 @@ constexpr std::array<std::pair<std::string_view, int>, 11> Punctuation{{
 }};
 
 int CodeOfCharacter(char character) {
-    if ((character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9')) {
+    if ((character >= 'A' && character <= 'Z') || (character >= '0' && character <= '9'))
         return character;
-    }
-    if (const auto digit = SignsAboveDigits.find(character); digit != std::string_view::npos) {
+    if (const auto digit = SignsAboveDigits.find(character); digit != std::string_view::npos)
         return '0' + static_cast<int>(digit);
-    }
-    for (const auto& [characters, code] : Punctuation) {
-        if (characters.find(character) != std::string_view::npos) {
+    for (const auto& [characters, code] : Punctuation)
+        if (characters.find(character) != std::string_view::npos)
             return code;
-        }
-    }
     return Unnamed;
 }
 
@@ -82,14 +78,11 @@ int CodeOfCharacter(char character) {
 
 int KeyCodeOf(const QKeyEvent& event) {
     const int key = event.key();
-    for (const auto& [qt, code] : Named) {
-        if (key == qt) {
+    for (const auto& [qt, code] : Named)
+        if (key == qt)
             return code;
-        }
-    }
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
         return Key::F1 + key - Qt::Key_F1;
-    }
     return key > 0x20 && key < 0x7F ? CodeOfCharacter(static_cast<char>(key)) : Unnamed;
 }
 

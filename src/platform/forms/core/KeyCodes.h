@@ -32,7 +32,7 @@ inline constexpr int F9 = 120;
 inline constexpr int F12 = 123;
 } // namespace Key
 
-/// Shift state, added up.
+/// Shift state: the sum of these.
 namespace ShiftState {
 inline constexpr int None = 0;
 inline constexpr int Shift = 1;
@@ -40,8 +40,8 @@ inline constexpr int Ctrl = 2;
 inline constexpr int Alt = 4;
 } // namespace ShiftState
 
-/// The virtual key code of a key event. Backtab counts as Tab (with Shift), keypad Enter as Enter;
-/// keys that no code names give 255.
+/// The virtual key code of a key event. Backtab is Tab (with Shift), keypad Enter is Enter; 255 for
+/// a key without a code.
 int KeyCodeOf(const QKeyEvent& event);
 int ShiftStateOf(const QKeyEvent& event);
 

@@ -18,11 +18,9 @@ KeyDispatch::~KeyDispatch() {
 }
 
 bool KeyDispatch::Handles(const QEvent& event) {
-    for (const KeyDispatch* dispatch = innermost; dispatch; dispatch = dispatch->outer_) {
-        if (&dispatch->event_ == &event) {
+    for (const KeyDispatch* dispatch = innermost; dispatch; dispatch = dispatch->outer_)
+        if (&dispatch->event_ == &event)
             return true;
-        }
-    }
     return false;
 }
 

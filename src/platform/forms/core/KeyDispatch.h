@@ -6,8 +6,8 @@ namespace Quillane {
 
 class Screen;
 
-/// The handling of one key by one screen, from its arrival to its end. They nest: a modal screen
-/// opened from a key has dispatches of its own.
+/// The handling of one key by one screen. Dispatches nest: a modal screen that a key opens handles
+/// its own keys meanwhile.
 class KeyDispatch {
 public:
     KeyDispatch(const QEvent& event, const Screen& screen);
@@ -15,8 +15,8 @@ public:
     KeyDispatch(const KeyDispatch&) = delete;
     KeyDispatch& operator=(const KeyDispatch&) = delete;
 
-    /// True if this very event is being handled already: the key that opens a cell editor is handed
-    /// on to it as the same event.
+    /// True if this event object is being handled already: the key that opens a cell editor is
+    /// passed to the editor as the same event.
     static bool Handles(const QEvent& event);
     /// The innermost dispatch, if it is this screen's.
     static KeyDispatch* Current(const Screen& screen);

@@ -7,7 +7,8 @@
 #include <QApplication>
 #include <QWindow>
 
-// The toolkit has no public place at which a key can still be given to another window.
+// Private, since the toolkit has no public means to deliver a key to another window: its event
+// handling drops a key for a blocked or closed window before any filter of the application sees it.
 #include <qpa/qwindowsysteminterface_p.h>
 
 #include <deque>
@@ -21,17 +22,17 @@ namespace {
 using ServerEvent = QWindowSystemInterfacePrivate::WindowSystemEvent;
 using ServerKey = QWindowSystemInterfacePrivate::KeyEvent;
 using ServerMouse = QWindowSystemInterfacePrivate::MouseEvent;
+using ServerActivation = QWindowSystemInterfacePrivate::ActivatedWindowEvent;
 
-// The box or modal screen that is up keeps its own drop-downs' keys where they are.
+// Keys in a drop-down of the box or modal screen stay in the drop-down.
 QWindow* ReceiverOf(QWindow* window) {
     const bool shown = window && window->isVisible();
-    if (QWindow* input = Interruption::InputWindow()) {
+    if (QWindow* input = Interruption::InputWindow())
         return shown && input->isAncestorOf(window, QWindow::IncludeTransients) ? window : input;
-    }
     return shown || ShownScreens().empty() ? window : ShownScreens().back()->windowHandle();
 }
 
-/// The handling of a key or a press, and what was up as it began.
+/// The handling of a key or a press, with the window that had the input when it began.
 class Handling {
 public:
     Handling() : outer_(innermost) { innermost = this; }
@@ -39,9 +40,9 @@ public:
     Handling(const Handling&) = delete;
     Handling& operator=(const Handling&) = delete;
 
-    /// True while one goes on that nothing has come up over: what it lets run is no place for the
-    /// next key.
-    static bool GoesOn() {
+    /// True while a key is being handled and nothing has been shown above its window: the next key
+    /// must not be handled inside it.
+    static bool IsRunning() {
         return innermost && innermost->input_ == Interruption::InputWindow() &&
                innermost->popup_ == QApplication::activePopupWidget();
     }
@@ -57,7 +58,7 @@ private:
 Handling* Handling::innermost = nullptr;
 
 bool KeysMustWait() {
-    return Interruption::IsPending() || Handling::GoesOn();
+    return Interruption::IsPending() || Handling::IsRunning();
 }
 
 } // namespace
@@ -74,6 +75,10 @@ public:
         case QWindowSystemInterfacePrivate::Mouse:
             Take(static_cast<ServerMouse&>(*event));
             break;
+        case QWindowSystemInterfacePrivate::ActivatedWindow:
+            if (!IsLate(static_cast<ServerActivation&>(*event)))
+                QWindowSystemEventHandler::sendEvent(event);
+            break;
         default:
             QWindowSystemEventHandler::sendEvent(event);
         }
@@ -83,33 +88,35 @@ public:
     void Resume() {
         if (!waiting_.empty()) {
             QMetaObject::invokeMethod(
-                this, [this] { HandOnWaiting(); }, Qt::QueuedConnection);
+                this, [this] { DeliverWaiting(); }, Qt::QueuedConnection);
         }
     }
 
 private:
+    // A key that was received before this report has closed the window.
+    static bool IsLate(const ServerActivation& report) {
+        return report.activated && !report.activated->isVisible();
+    }
+
     void Take(ServerKey& key) {
-        if (waiting_.empty() && !KeysMustWait()) {
-            HandOn(key);
-        } else {
-            waiting_.push_back([this, key]() mutable { HandOn(key); });
-        }
+        if (waiting_.empty() && !KeysMustWait())
+            Deliver(key);
+        else
+            waiting_.push_back([this, key]() mutable { Deliver(key); });
     }
 
-    // The mouse waits for keys that wait, so that it does not overtake them.
+    // A press waits after waiting keys, so that the order is kept.
     void Take(ServerMouse& mouse) {
-        if (waiting_.empty() || Interruption::IsPending()) {
+        if (waiting_.empty() || Interruption::IsPending())
             Send(mouse);
-        } else {
+        else
             waiting_.push_back([this, mouse]() mutable { Send(mouse); });
-        }
     }
 
-    void HandOn(ServerKey& key) {
+    void Deliver(ServerKey& key) {
         key.window = ReceiverOf(key.window);
-        if (key.window) {
+        if (key.window)
             Send(key);
-        }
     }
 
     void Send(ServerEvent& event) {
@@ -120,7 +127,7 @@ private:
         Resume();
     }
 
-    void HandOnWaiting() {
+    void DeliverWaiting() {
         while (!waiting_.empty() && !KeysMustWait()) {
             const std::function<void()> next = std::move(waiting_.front());
             waiting_.pop_front();
@@ -146,9 +153,8 @@ KeyRouter::~KeyRouter() {
 }
 
 void KeyRouter::Resume() {
-    if (current) {
+    if (current)
         current->handler_->Resume();
-    }
 }
 
 } // namespace Quillane

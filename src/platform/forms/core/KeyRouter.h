@@ -4,14 +4,15 @@
 
 namespace Quillane {
 
-/// Takes each key from the display's server to the window that it is meant for, so that none is
-/// lost however fast it is typed. The toolkit drops a key for a window that a modal one blocks, and
-/// one for a window that has closed meanwhile.
+/// Delivers each key of the display's server to the window that it is meant for, so that no key is
+/// lost at any typing speed. The toolkit drops a key for a window that a modal window blocks, and a
+/// key for a window that has been closed.
 ///
-/// A key goes to the box or the modal screen that is up, in whichever window of this program it
-/// arrived, and otherwise to the screen shown last where its own window has closed. While such a
-/// window is coming up or going away (Interruption::IsPending) keys wait, and are handed on in
-/// their order. One router at a time, for as long as there is an application.
+/// A key is delivered to the box or modal screen that is shown, whichever window of this program
+/// received it. Without one it is delivered to its own window, or to the screen shown last if its
+/// own window has been closed. While a box or modal screen is being shown or closed
+/// (Interruption::IsPending), keys wait and are delivered in order afterwards. Requires: an
+/// application, and no other router.
 class KeyRouter {
 public:
     KeyRouter();
@@ -19,7 +20,7 @@ public:
     KeyRouter(const KeyRouter&) = delete;
     KeyRouter& operator=(const KeyRouter&) = delete;
 
-    /// Lets the waiting keys be handed on as soon as events run.
+    /// Delivers the waiting keys as soon as events run.
     static void Resume();
 
 private:

@@ -6,14 +6,12 @@
 namespace Quillane {
 
 void SetMousePointer(MousePointer pointer) {
-    if (pointer == CurrentMousePointer()) {
+    if (pointer == CurrentMousePointer())
         return;
-    }
-    if (pointer == MousePointer::Hourglass) {
+    if (pointer == MousePointer::Hourglass)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    } else {
+    else
         QGuiApplication::restoreOverrideCursor();
-    }
 }
 
 MousePointer CurrentMousePointer() {

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
@@ -24,19 +25,16 @@ constexpr Qt::WindowFlags PlainFrame = Qt::Dialog | Qt::CustomizeWindowHint | Qt
                                        Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
 void RunTimers(const std::vector<Control*>& controls, void (*run)(Timer&)) {
-    for (Control* control : controls) {
-        if (auto* timer = dynamic_cast<Timer*>(control)) {
+    for (Control* control : controls)
+        if (auto* timer = dynamic_cast<Timer*>(control))
             run(*timer);
-        }
-    }
 }
 
-// A window that is maximised for the second time grows back to the size that Qt has painted before.
-// Qt then paints only as far as its normal size reaches, and leaves beside that what stood there.
-void PaintAnew(QWidget& window) {
-    for (QWidget* part : window.findChildren<QWidget*>()) {
+// A window that is maximised for the second time gets the size back that Qt has painted before. Qt
+// then paints only the area of its normal size, and leaves the former picture in the rest.
+void Repaint(QWidget& window) {
+    for (QWidget* part : window.findChildren<QWidget*>())
         part->update();
-    }
 }
 
 } // namespace
@@ -63,9 +61,8 @@ void Screen::SetOpensMaximized() {
 }
 
 void Screen::Load() {
-    if (loaded_) {
+    if (loaded_)
         return;
-    }
     loaded_ = true;
     ++life_;
     RunTimers(controls_, [](Timer& timer) { timer.ScreenIsLoaded(true); });
@@ -91,24 +88,21 @@ void Screen::Show() {
 }
 
 void Screen::ShowModal(Screen* owner) {
-    if (shown_) {
+    if (shown_)
         Fail(FailureNumber::InvalidCall);
-    }
     Interruption interruption;
     interruption.Awaits(*this);
     Load();
-    if (!loaded_) {
+    if (!loaded_)
         return;
-    }
     const std::uint64_t life = life_;
     QEventLoop loop;
     loop_ = &loop;
     setWindowModality(Qt::ApplicationModal);
     interruption.Shows();
     Appear(owner ? owner : interruption.Below());
-    if (Lives(life)) {
+    if (Lives(life))
         loop.exec();
-    }
     loop_ = nullptr;
 }
 
@@ -117,7 +111,7 @@ void Screen::Appear(Screen* owner) {
     ShownScreens().push_back(this);
     winId();
     windowHandle()->setTransientParent(owner ? owner->windowHandle() : nullptr);
-    // Held by the form until it is shown, or Qt gives it to a control of its own choice.
+    // The form has the focus until it is shown; otherwise Qt gives it to a control that Qt chooses.
     setFocus(Qt::OtherFocusReason);
     if (opensMaximized_) {
         showMaximized();
@@ -130,35 +124,26 @@ void Screen::Appear(Screen* owner) {
 }
 
 void Screen::Centre() {
-    if (!testAttribute(Qt::WA_Resized)) {
+    if (!testAttribute(Qt::WA_Resized))
         adjustSize();
-    }
     const QScreen* display = QGuiApplication::primaryScreen();
-    if (!display) {
+    if (!display)
         return;
-    }
-    const QRect room = display->availableGeometry();
-    const QPoint corner = room.center() - rect().center();
-    move(std::max(corner.x(), room.left()), std::max(corner.y(), room.top()));
+    const QRect available = display->availableGeometry();
+    const QPoint corner = available.center() - rect().center();
+    move(std::max(corner.x(), available.left()), std::max(corner.y(), available.top()));
 }
 
 bool Screen::Unload() {
-    if (!loaded_) {
+    if (!loaded_)
         return true;
-    }
-    if (unloading_) {
+    if (unloading_)
         return false;
-    }
-    struct Mark {
-        bool& mark;
-        explicit Mark(bool& set) : mark(set) { mark = true; }
-        ~Mark() { mark = false; }
-    } unloading(unloading_);
+    const QScopedValueRollback unloading(unloading_, true);
     bool cancel = false;
     Form_Unload(cancel);
-    if (cancel) {
+    if (cancel)
         return false;
-    }
     Leave();
     return true;
 }
@@ -171,17 +156,15 @@ void Screen::Leave() {
     std::erase(ShownScreens(), this);
     RunTimers(controls_, [](Timer& timer) { timer.ScreenIsLoaded(false); });
     hide();
-    if (loop_) {
+    if (loop_)
         loop_->quit();
-    }
 }
 
 void Screen::DoEvents() {
     const std::uint64_t life = life_;
     QCoreApplication::processEvents();
-    if (life != life_) {
+    if (life != life_)
         throw ScreenGone();
-    }
 }
 
 void Screen::closeEvent(QCloseEvent* event) {
@@ -192,19 +175,16 @@ void Screen::closeEvent(QCloseEvent* event) {
 
 void Screen::changeEvent(QEvent* event) {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && shown_ && isActiveWindow()) {
+    if (event->type() == QEvent::ActivationChange && shown_ && isActiveWindow())
         GiveQtFocus();
-    }
 }
 
 void Screen::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    if (loaded_) {
+    if (loaded_)
         RunEvent([this] { Form_Resize(); });
-    }
-    if (opensMaximized_) {
-        PaintAnew(*this);
-    }
+    if (opensMaximized_)
+        Repaint(*this);
 }
 
 void Screen::reject() {

@@ -17,11 +17,11 @@ class QKeyEvent;
 
 namespace Quillane {
 
-/// A screen: a window with controls, one class for each. Its event procedures are named after what
-/// they handle (`BtnSave_Click`, `TxtGrossWeight_Change`) and are set as the controls' handlers in
-/// its constructor.
+/// A screen: a window with controls. Each screen is one class. Its event procedures are named after
+/// what they handle (`BtnSave_Click`, `TxtGrossWeight_Change`); its constructor sets them as the
+/// handlers of the controls.
 ///
-/// Life. `Load` runs `Form_Load` once, before the window is shown and before a modal event loop
+/// Loading. `Load` runs `Form_Load` once, before the window is shown and before a modal event loop
 /// starts, so that a failure there reaches whoever showed the screen. `Unload` runs `Form_Unload`,
 /// which may cancel. The window's close box and the system's close request are `Unload`. After an
 /// unload the next `Load` starts over.
@@ -44,7 +44,7 @@ public:
 
     void Load();
     bool IsLoaded() const { return loaded_; }
-    /// Shows the screen beside the others and returns.
+    /// Shows the screen, not modally, and returns.
     void Show();
     /// Shows the screen above `owner` and returns when it has been unloaded.
     void ShowModal(Screen* owner = nullptr);
@@ -64,6 +64,11 @@ public:
     /// ends and before the next key; the screen sees it as a key. Outside of any key's handling it
     /// is delivered at once.
     void SendTab();
+    /// What Enter does on a screen. A control whose name begins with "Btn", in any case, keeps the
+    /// key and is pressed; from any other the focus moves on as by Tab, and the key is used up.
+    void EnterAsTab(int& key);
+    /// True if the active control's name begins with "Btn", in any case.
+    bool ActiveControlIsButton() const;
 
     /// Lets pending events run. Throws ScreenGone if they unloaded this screen.
     void DoEvents();
@@ -107,8 +112,8 @@ private:
 
     /// Why the focus moves. `Unable`: the active control was disabled or hidden.
     enum class Move { Operator, Code, Unable };
-    /// What a press of the mouse still is, once it has moved the focus: nothing where it did not
-    /// bring its control the focus, since what it does there may rest on that.
+    /// What a press of the mouse does after it has moved the focus: nothing where its control did
+    /// not get the focus, since what the press does there may depend on that.
     enum class Press { Nothing, UsedUp, HandedOn };
 
     void Appear(Screen* owner);
@@ -147,7 +152,8 @@ private:
     bool unloading_ = false;
     bool reconciling_ = false;
     bool opensMaximized_ = false;
-    std::uint64_t life_ = 0; ///< counts loads and unloads: tells one showing from the next
+    std::uint64_t life_ =
+        0; ///< counts loads and unloads, which distinguishes one showing from the next
     QEventLoop* loop_ = nullptr;
 };
 

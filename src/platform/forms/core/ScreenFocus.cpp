@@ -3,6 +3,7 @@
 
 #include <QGuiApplication>
 #include <QMetaObject>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -11,36 +12,23 @@ namespace Quillane {
 
 namespace {
 
-class Raised {
-public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& flag_;
-};
-
 void Run(const std::function<void()>& handler) {
-    if (handler) {
+    if (handler)
         handler();
-    }
 }
 
-constexpr int RoomAround = 4; // pixels between a control brought into view and the edge
+constexpr int MarginAround = 4; // pixels between a control brought into view and the edge
 
-// On a screen that is too large for the display. Not under a press of the mouse, which would then
-// be let go over something else.
+// On a screen that is too large for the display. Not while a mouse button is held down: it would
+// then be released over something else.
 void BringIntoView(QWidget& widget) {
-    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
         return;
-    }
     for (QWidget* around = widget.parentWidget(); around; around = around->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(around)) {
             const QPoint centre = widget.mapTo(area->widget(), widget.rect().center());
-            area->ensureVisible(centre.x(), centre.y(), widget.width() / 2 + RoomAround,
-                                widget.height() / 2 + RoomAround);
+            area->ensureVisible(centre.x(), centre.y(), widget.width() / 2 + MarginAround,
+                                widget.height() / 2 + MarginAround);
         }
     }
 }
@@ -55,18 +43,15 @@ VisualControl* Screen::NextInTabOrder(const VisualControl* from, bool forward) c
     std::vector<VisualControl*> order;
     for (Control* control : controls_) {
         auto* visual = dynamic_cast<VisualControl*>(control);
-        if (visual && (visual == from || (visual->TabIndex() >= 0 && visual->CanTakeFocus()))) {
+        if (visual && (visual == from || (visual->TabIndex() >= 0 && visual->CanTakeFocus())))
             order.push_back(visual);
-        }
     }
     std::ranges::stable_sort(order, {}, &VisualControl::TabIndex);
-    if (!forward) {
+    if (!forward)
         std::ranges::reverse(order);
-    }
     const auto at = std::ranges::find(order, from);
-    if (at != order.end()) {
+    if (at != order.end())
         std::ranges::rotate(order, at + 1);
-    }
     const bool none = order.empty() || !order.front()->CanTakeFocus();
     return none ? nullptr : order.front();
 }
@@ -75,9 +60,8 @@ VisualControl* Screen::ControlOf(const QWidget* widget) const {
     while (widget && widget != this) {
         for (Control* control : controls_) {
             auto* visual = dynamic_cast<VisualControl*>(control);
-            if (visual && &visual->Widget() == widget) {
+            if (visual && &visual->Widget() == widget)
                 return visual;
-            }
         }
         const bool completer = widget->isWindow() && widget->focusProxy();
         widget = completer ? widget->focusProxy() : widget->parentWidget();
@@ -86,34 +70,33 @@ VisualControl* Screen::ControlOf(const QWidget* widget) const {
 }
 
 void Screen::TakeFirstFocus() {
-    if (!active_) {
+    if (!active_)
         Arrive(NextInTabOrder(nullptr));
-    }
 }
 
 // Leaving is decided here, before Qt moves anything. While a control is being left it is still the
-// active one; what SetFocus asks for meanwhile is kept and beats where the operator wanted to go.
+// active one; what SetFocus asks for meanwhile is kept, and is used instead of the operator's
+// target.
 void Screen::MoveFocus(VisualControl* target, Move cause) {
     if (leaving_) {
-        if (cause == Move::Code) {
+        if (cause == Move::Code)
             wish_ = target;
-        }
         return;
     }
     if (target == active_) {
         GiveQtFocus();
         return;
     }
-    if (active_ && !RunLeaving(*active_, target, cause)) {
+    if (active_ && !RunLeaving(*active_, target, cause))
         return;
-    }
     Arrive(target);
 }
 
-// False if there is nowhere to arrive: the control is not left after all, or the screen has gone.
+// False if no control is to be arrived at: the control is not left after all, or the screen has
+// been unloaded.
 bool Screen::RunLeaving(VisualControl& leaving, VisualControl*& target, Move cause) {
     const std::uint64_t life = life_;
-    const Raised raised(leaving_);
+    const QScopedValueRollback leavingNow(leaving_, true);
     const auto settle = [&] {
         target = Reachable(wish_ ? wish_ : target, &leaving);
         wish_ = nullptr;
@@ -124,9 +107,8 @@ bool Screen::RunLeaving(VisualControl& leaving, VisualControl*& target, Move cau
         Observe("Validate", &leaving);
         Run(leaving.Validate);
     }
-    if (!Lives(life)) {
+    if (!Lives(life))
         return false;
-    }
     settle();
     if (target == &leaving) {
         GiveQtFocus();
@@ -134,18 +116,17 @@ bool Screen::RunLeaving(VisualControl& leaving, VisualControl*& target, Move cau
     }
     Observe("LostFocus", &leaving);
     Run(leaving.LostFocus);
-    if (!Lives(life)) {
+    if (!Lives(life))
         return false;
-    }
     settle();
     return true;
 }
 
-// Where a move ends whose target can no longer take the focus: it stays, or goes on from there.
+// Where a move ends whose target can no longer take the focus: at the control being left, or at the
+// next one in tab order.
 VisualControl* Screen::Reachable(VisualControl* target, VisualControl* leaving) const {
-    if (target && target->CanTakeFocus()) {
+    if (target && target->CanTakeFocus())
         return target;
-    }
     return leaving->CanTakeFocus() ? leaving : NextInTabOrder(leaving);
 }
 
@@ -163,46 +144,40 @@ void Screen::Arrive(VisualControl* target) {
 }
 
 void Screen::MoveOnIfUnable() {
-    if (active_ && !leaving_ && !active_->CanTakeFocus()) {
+    if (active_ && !leaving_ && !active_->CanTakeFocus())
         MoveFocus(NextInTabOrder(active_), Move::Unable);
-    }
 }
 
 // A widget inside the active control, such as a cell editor, keeps the focus that it has.
 void Screen::GiveQtFocus() {
-    // Shown as for one who works by keyboard; Qt forgets it as windows come and go.
+    // Shows the focus as for keyboard use; Qt clears this as windows are shown and hidden.
     setAttribute(Qt::WA_KeyboardFocusChange);
     QWidget* wanted = active_ ? &active_->FocusWidget() : this;
     const QWidget* has = focusWidget();
     const bool inside = has && active_ && active_->Widget().isAncestorOf(has);
-    if (has != wanted && !inside) {
+    if (has != wanted && !inside)
         wanted->setFocus(Qt::OtherFocusReason);
-    }
 }
 
-// Qt moved the focus by itself, as assistive technology makes it do. Looked at once Qt is through
-// with it, since most of these are steps of a move of our own.
+// Qt moved the focus by itself, for example for assistive technology. Checked when Qt has finished,
+// since most of these are steps of a move of our own.
 void Screen::QtFocusMoved() {
-    if (!shown_ || reconciling_) {
+    if (!shown_ || reconciling_)
         return;
-    }
     reconciling_ = true;
     QMetaObject::invokeMethod(
         this, [this] { RunEvent([this] { Reconcile(); }); }, Qt::QueuedConnection);
 }
 
 void Screen::Reconcile() {
-    if (!reconciling_) {
+    if (!reconciling_)
         return;
-    }
     reconciling_ = false;
     VisualControl* control = shown_ && !leaving_ ? ControlOf(focusWidget()) : nullptr;
-    if (!control || control == active_) {
+    if (!control || control == active_)
         return;
-    }
-    if (control->CanTakeFocus()) {
+    if (control->CanTakeFocus())
         MoveFocus(control, Move::Operator);
-    }
     GiveQtFocus();
 }
 
@@ -210,26 +185,23 @@ Screen::Press Screen::PressedOn(const QWidget& widget) {
     Reconcile();
     VisualControl* control = ControlOf(&widget);
     if (!control || !shown_ || !control->CanTakeFocus() ||
-        !(control->FocusWidget().focusPolicy() & Qt::ClickFocus)) {
+        !(control->FocusWidget().focusPolicy() & Qt::ClickFocus))
         return Press::HandedOn;
-    }
     const bool brings = control != active_;
     MoveFocus(control, Move::Operator);
-    if (active_ != control) {
+    if (active_ != control)
         return Press::Nothing;
-    }
     return brings && control->KeepsFirstPress() ? Press::UsedUp : Press::HandedOn;
 }
 
-// The screen moves its focus itself; Qt's own chain has no say.
+// The screen moves its focus itself and does not use Qt's focus chain.
 bool Screen::focusNextPrevChild(bool /*next*/) {
     return false;
 }
 
 void Screen::Observe(std::string_view event, const VisualControl* control) const {
-    if (FocusObserver) {
+    if (FocusObserver)
         FocusObserver(std::string(event) + (control ? " " + control->Name() : std::string()));
-    }
 }
 
 } // namespace Quillane

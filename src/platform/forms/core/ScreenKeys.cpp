@@ -1,5 +1,6 @@
 #include "platform/forms/core/KeyDispatch.h"
 #include "platform/forms/core/Screen.h"
+#include "platform/runtime/Text.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -45,15 +46,12 @@ bool IsEditingKey(int key, int shift) {
     }
 }
 
-// Whether a pending edit is stored before the screen sees the key. Alt with an arrow drops a list
-// down.
+// True for a key before which a pending edit is stored. Alt with an arrow key opens a list.
 bool IsCommand(int key, int shift) {
-    if (IsModifierKey(key)) {
+    if (IsModifierKey(key))
         return false;
-    }
-    if (shift & ShiftState::Alt) {
+    if (shift & ShiftState::Alt)
         return key != Key::Up && key != Key::Down;
-    }
     return shift & ShiftState::Ctrl && !IsEditingKey(key, shift);
 }
 
@@ -61,12 +59,10 @@ bool IsCommand(int key, int shift) {
 
 Screen* Screen::Of(QWidget* widget) {
     while (widget) {
-        if (auto* screen = dynamic_cast<Screen*>(widget)) {
+        if (auto* screen = dynamic_cast<Screen*>(widget))
             return screen;
-        }
-        if (qobject_cast<QDialog*>(widget) || qobject_cast<QMenu*>(widget)) {
+        if (qobject_cast<QDialog*>(widget) || qobject_cast<QMenu*>(widget))
             return nullptr;
-        }
         const bool completer = widget->isWindow() && widget->focusProxy();
         widget = completer ? widget->focusProxy() : widget->parentWidget();
     }
@@ -79,27 +75,21 @@ bool Screen::PreviewKey(const QKeyEvent& event) {
     const std::uint64_t life = life_;
     const int shift = ShiftStateOf(event);
     int key = KeyCodeOf(event);
-    if (active_ && active_->HandleDropDownKey(key, shift)) {
+    if (active_ && active_->HandleDropDownKey(key, shift))
         return true;
-    }
-    if (active_ && IsCommand(key, shift)) {
+    if (active_ && IsCommand(key, shift))
         active_->CommitEdit();
-    }
     VisualControl* const receiver = active_;
     Form_KeyDown(key, shift);
-    if (!Lives(life) || key == 0) {
+    if (!Lives(life) || key == 0)
         return true;
-    }
-    if (receiver && receiver == active_ && PreviewKeyOf(*receiver, key, shift)) {
+    if (receiver && receiver == active_ && PreviewKeyOf(*receiver, key, shift))
         return true;
-    }
-    if (!Lives(life) || PreviewText(event) || PressShortcut(event)) {
+    if (!Lives(life) || PreviewText(event) || PressShortcut(event))
         return true;
-    }
     const bool tab = key == Key::Tab && !(shift & (ShiftState::Ctrl | ShiftState::Alt));
-    if (tab) {
+    if (tab)
         MoveFocus(NextInTabOrder(active_, !(shift & ShiftState::Shift)), Move::Operator);
-    }
     return tab;
 }
 
@@ -108,30 +98,25 @@ bool Screen::PreviewKeyOf(VisualControl& control, int& key, int shift) {
     if (control.KeyDown) {
         const std::uint64_t life = life_;
         control.KeyDown(key, shift);
-        if (!Lives(life) || key == 0 || active_ != &control) {
+        if (!Lives(life) || key == 0 || active_ != &control)
             return true;
-        }
     }
     return control.HandleKey(key, shift);
 }
 
 bool Screen::PreviewText(const QKeyEvent& event) {
-    if (event.modifiers() & CommandModifiers) {
+    if (event.modifiers() & CommandModifiers)
         return false;
-    }
-    if (event.key() == Qt::Key_Backspace) {
+    if (event.key() == Qt::Key_Backspace)
         return PreviewCharacter(static_cast<char32_t>(Key::Back));
-    }
     bool swallowed = false;
-    for (const char32_t character : event.text().toUcs4()) {
-        if (QChar::isPrint(character)) {
+    for (const char32_t character : event.text().toUcs4())
+        if (QChar::isPrint(character))
             swallowed = PreviewCharacter(character) || swallowed;
-        }
-    }
     return swallowed;
 }
 
-// True swallows it, also because the screen has gone meanwhile.
+// True swallows it, also if the screen has been unloaded meanwhile.
 bool Screen::PreviewCharacter(char32_t character) {
     const std::uint64_t life = life_;
     int code = static_cast<int>(character);
@@ -139,15 +124,13 @@ bool Screen::PreviewCharacter(char32_t character) {
     return !Lives(life) || code == 0;
 }
 
-// The whole text is swallowed with one of its characters: what is left of it would be another.
+// One swallowed character swallows the whole text: the rest alone would be a different text.
 bool Screen::PreviewCommitted(const QString& text) {
     const std::uint64_t life = life_;
     bool swallowed = false;
-    for (const char32_t character : text.toUcs4()) {
-        if (Lives(life)) {
+    for (const char32_t character : text.toUcs4())
+        if (Lives(life))
             swallowed = PreviewCharacter(character) || swallowed;
-        }
-    }
     return swallowed;
 }
 
@@ -156,32 +139,39 @@ VisualControl* Screen::ShortcutControl(const QKeyEvent& event) const {
     for (Control* control : controls_) {
         auto* visual = dynamic_cast<VisualControl*>(control);
         const auto* button = visual ? qobject_cast<QAbstractButton*>(&visual->Widget()) : nullptr;
-        if (button && visual->CanTakeFocus() && button->shortcut() == pressed) {
+        if (button && visual->CanTakeFocus() && button->shortcut() == pressed)
             return visual;
-        }
     }
     return nullptr;
 }
 
 bool Screen::PressShortcut(const QKeyEvent& event) {
     VisualControl* control = ShortcutControl(event);
-    if (!control) {
+    if (!control)
         return false;
-    }
     const std::uint64_t life = life_;
     MoveFocus(control, Move::Operator);
-    if (Lives(life) && active_ == control) {
+    if (Lives(life) && active_ == control)
         qobject_cast<QAbstractButton*>(&control->Widget())->click();
-    }
     return true;
 }
 
 void Screen::SendTab() {
-    if (KeyDispatch* dispatch = KeyDispatch::Current(*this)) {
+    if (KeyDispatch* dispatch = KeyDispatch::Current(*this))
         dispatch->AddTab();
-    } else {
+    else
         DeliverTab();
-    }
+}
+
+bool Screen::ActiveControlIsButton() const {
+    return EqualIgnoringCase(ActiveControlName().substr(0, 3), "Btn");
+}
+
+void Screen::EnterAsTab(int& key) {
+    if (ActiveControlIsButton())
+        return;
+    key = 0;
+    SendTab();
 }
 
 void Screen::DeliverTab() {
@@ -189,7 +179,7 @@ void Screen::DeliverTab() {
     QCoreApplication::sendEvent(active_ ? &active_->FocusWidget() : this, &tab);
 }
 
-// Enter presses no default button and Escape closes nothing: what they do is the screen's affair.
+// Qt's Enter and Escape of a dialog are off: the screen decides what these keys do.
 void Screen::keyPressEvent(QKeyEvent* event) {
     event->ignore();
 }

@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-/// Between Qt's text and the UTF-8 of everything else.
+/// Converts between the text of Qt and UTF-8, which all other code uses.
 namespace Quillane {
 
 inline QString ToQt(std::string_view text) {
-    // Qt takes a byte order mark in front for one of the encoding, and would drop it: a name that
-    // begins with one would no longer be found.
+    // Qt drops a byte order mark at the beginning. A name that begins with one would not be found
+    // any more.
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     qsizetype marks = 0;
     for (; text.starts_with(byteOrderMark); ++marks)

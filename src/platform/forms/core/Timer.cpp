@@ -26,11 +26,10 @@ public:
     }
 
     void Restart() {
-        if (enabled && loaded && interval > 0) {
+        if (enabled && loaded && interval > 0)
             timer_.start(interval);
-        } else {
+        else
             timer_.stop();
-        }
     }
 
     int interval = 0;
@@ -38,16 +37,14 @@ public:
     bool loaded = false;
 
 private:
-    // Restarting a timer in its own tick makes it due again inside a box that the tick shows.
+    // A timer that is restarted in its own tick would tick again inside a box that the tick shows.
     void Ring() {
-        if (ticking_ || BoxIsUp()) {
+        if (ticking_ || BoxIsUp())
             return;
-        }
         ticking_ = true;
         RunEvent([this] {
-            if (tick_) {
+            if (tick_)
                 tick_();
-            }
         });
         ticking_ = false;
     }
@@ -86,9 +83,8 @@ void Timer::SetEnabled(bool enabled) {
 }
 
 void Timer::RestartAll() {
-    for (Clock* clock : Clock::All()) {
+    for (Clock* clock : Clock::All())
         clock->Restart();
-    }
 }
 
 void Timer::ScreenIsLoaded(bool loaded) {

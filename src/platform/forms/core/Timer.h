@@ -9,10 +9,10 @@ namespace Quillane {
 
 /// Ticks on the screen's thread while its screen is loaded.
 ///
-/// While a box is up no timer ticks, and each starts a full interval anew afterwards, so that an
-/// operator always has a moment between two boxes. Timers go on under a modal screen. A timer never
-/// re-enters its own tick, also when the tick sets `Enabled` or `Interval`, and a screen closed
-/// while a tick lets pending events run ends that tick.
+/// While a box is shown no timer ticks, and each restarts its full interval afterwards, so that the
+/// operator has time between two boxes. Timers continue below a modal screen. A timer never
+/// re-enters its own tick, also if the tick sets `Enabled` or `Interval`. If a tick lets pending
+/// events run and they close the screen, the tick ends.
 class Timer : public Control {
 public:
     Timer(Screen& screen, std::string name, int interval, bool enabled = true);
@@ -25,7 +25,7 @@ public:
 
     std::function<void()> Tick;
 
-    /// Starts every running timer's interval anew, as the last box closes.
+    /// Restarts the interval of every running timer. Called when the last box closes.
     static void RestartAll();
 
 private:

@@ -1,12 +1,11 @@
 #include "platform/forms/dialogs/DialogLook.h"
 
-#include "platform/forms/core/Text.h"
+#include "platform/forms/core/ScreenLook.h"
 
 #include <QDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -16,41 +15,24 @@ namespace Quillane {
 
 namespace {
 
-const QColor headColour(0x2F, 0x6B, 0x5E);
-const QColor headingColour(0x24, 0x4C, 0x44);
-const QColor messageColour(0x9C, 0x1C, 0x1C);
-
-void SetFontSize(QWidget& widget, int points, bool bold) {
-    QFont font = widget.font();
-    font.setPointSize(points);
-    font.setBold(bold);
-    widget.setFont(font);
-}
-
-void SetTextColour(QWidget& widget, const QColor& colour) {
-    QPalette palette = widget.palette();
-    palette.setColor(QPalette::WindowText, colour);
-    widget.setPalette(palette);
-}
-
 QFrame* Head(std::string_view title, Label& subtitle, std::string_view note = {}) {
     auto* head = new QFrame;
     head->setAutoFillBackground(true);
     QPalette palette = head->palette();
-    palette.setColor(QPalette::Window, headColour);
+    palette.setColor(QPalette::Window, ToQt(DialogGreen));
     head->setPalette(palette);
     auto* name = new Label(title);
-    auto* besideName = new Label(note);
-    for (Label* label : {name, besideName, &subtitle})
-        SetTextColour(*label, Qt::white);
+    auto* small = new Label(note);
+    for (Label* label : {name, small, &subtitle})
+        SetTextColour(*label, White);
     SetFontSize(*name, 18, true);
-    SetFontSize(*besideName, 9, false);
+    SetFontSize(*small, 9, false);
     SetFontSize(subtitle, 11, false);
     subtitle.setWordWrap(true);
     auto* top = new QHBoxLayout;
     top->addWidget(name);
     top->addStretch();
-    top->addWidget(besideName);
+    top->addWidget(small);
     auto* column = new QVBoxLayout(head);
     column->setContentsMargins(24, 16, 24, 16);
     column->setSpacing(2);
@@ -58,10 +40,6 @@ QFrame* Head(std::string_view title, Label& subtitle, std::string_view note = {}
     column->addWidget(&subtitle);
     return head;
 }
-
-} // namespace
-
-namespace {
 
 QLabel* Caption(std::string_view text, TextBox& box) {
     auto* label = new Label(text, &box.FocusWidget());
@@ -114,14 +92,14 @@ QVBoxLayout* ScrollingColumn(QDialog& dialog, std::string_view title, Label& sub
 }
 
 void FitToDisplay(QDialog& dialog, int width) {
-    const QSize room = dialog.screen()->availableSize() - QSize(8, 40); // less the window's frame
+    const QSize largest = LargestWindow(dialog);
     auto* scroll = dialog.findChild<QScrollArea*>();
-    const int used = std::min(width, room.width());
+    const int used = std::min(width, largest.width());
     QLayout& column = *scroll->widget()->layout();
     const int content =
         column.hasHeightForWidth() ? column.heightForWidth(used) : column.sizeHint().height();
     const int around = dialog.layout()->sizeHint().height() - scroll->sizeHint().height();
-    dialog.resize(QSize(used, content + around).boundedTo(room));
+    dialog.resize(QSize(used, content + around).boundedTo(largest));
 }
 
 void BringIntoSight(QWidget& part) {
@@ -153,7 +131,7 @@ void AddFields(QGridLayout& grid, std::string_view leftCaption, TextBox& left,
 void AddHeading(QGridLayout& grid, std::string_view text) {
     auto* label = new Label(text);
     SetFontSize(*label, 12, true);
-    SetTextColour(*label, headingColour);
+    SetTextColour(*label, HeadingGreen);
     label->setContentsMargins(0, grid.rowCount() > 1 ? 10 : 0, 0, 0);
     grid.addWidget(label, grid.rowCount(), 0, 1, -1);
 }
@@ -190,7 +168,7 @@ void AddButton(QHBoxLayout& row, CommandButton& button, bool leading) {
     if (leading) {
         QPalette palette = widget.palette();
         for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-            palette.setColor(group, QPalette::Button, headColour);
+            palette.setColor(group, QPalette::Button, ToQt(DialogGreen));
             palette.setColor(group, QPalette::ButtonText, Qt::white);
         }
         widget.setPalette(palette);
@@ -207,7 +185,7 @@ void LookLikeText(Label& label, int lines) {
 
 void LookLikeMessage(Label& label) {
     LookLikeText(label, 2);
-    SetTextColour(label, messageColour);
+    SetTextColour(label, MessageRed);
 }
 
 } // namespace Quillane

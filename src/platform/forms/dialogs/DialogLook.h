@@ -10,64 +10,53 @@ class QGridLayout;
 class QHBoxLayout;
 class QVBoxLayout;
 
-/// The common look of the dialogs that come before the start screen.
+/// The common look of the dialogs before the start screen and of those of the office.
 namespace Quillane {
 
-/// The hourglass for as long as it lives; then the pointer that was there before.
-class Hourglass {
-public:
-    Hourglass() { SetMousePointer(MousePointer::Hourglass); }
-    ~Hourglass() { SetMousePointer(before_); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-
-private:
-    MousePointer before_ = CurrentMousePointer();
-};
-
-/// The dialog's column of contents below a coloured head with a title and a line under it. The note
-/// is small, at the right of the title.
+/// Adds a coloured head with a title, a small note at its right and a line below it, and returns
+/// the column for the contents.
 QVBoxLayout* DialogColumn(QDialog& dialog, std::string_view title, Label& subtitle,
                           std::string_view note = {});
 
-/// The same with contents that scroll where the display is too small for them, and `buttons` below,
-/// always in sight. `FitToDisplay` belongs at the end of the layout.
+/// The same with contents that scroll if the display is too small, and with `buttons` below them,
+/// which stay visible. Requires: `FitToDisplay` at the end of the layout.
 QVBoxLayout* ScrollingColumn(QDialog& dialog, std::string_view title, Label& subtitle,
                              QHBoxLayout& buttons);
 
-/// Gives a dialog with a scrolling column its size: as high as its contents, within the display.
+/// Sets the size of a dialog with a scrolling column: as high as its contents, but not larger than
+/// the display.
 void FitToDisplay(QDialog& dialog, int width);
 
-/// Scrolls a part of a scrolling column into sight.
+/// Scrolls a part of a scrolling column into view.
 void BringIntoSight(QWidget& part);
 
-/// A caption, whose letter behind the ampersand leads to the box, and the box beside it, as the
-/// next row of the grid.
+/// Adds a row: a caption and a box. Alt with the letter after the ampersand in the caption moves
+/// the focus to the box.
 void AddField(QGridLayout& grid, std::string_view caption, TextBox& box);
 
-/// Two captions with their boxes side by side, as the next row of the grid.
+/// Adds a row: two captions and their boxes.
 void AddFields(QGridLayout& grid, std::string_view leftCaption, TextBox& left,
                std::string_view rightCaption, TextBox& right);
 
-/// A heading across all columns, as the next row of the grid.
+/// Adds a row: a heading across all columns.
 void AddHeading(QGridLayout& grid, std::string_view text);
 
-/// A check box below the boxes, as the next row of the grid.
+/// Adds a row: a check box in the column of the boxes.
 void AddCheck(QGridLayout& grid, CheckBox& check);
 
-/// Options side by side that exclude each other, across all columns of the grid's next row.
+/// Adds a row: two options that exclude each other, across all columns.
 void AddOptions(QGridLayout& grid, OptionButton& left, OptionButton& right);
 
-/// A text that may change, and a button beside it, across all columns of the grid's next row.
+/// Adds a row: a text that may change and a button, across all columns.
 void AddTextAndButton(QGridLayout& grid, Label& text, CommandButton& button);
 
-/// A button of the dialog's width; the leading one is the one that Enter ends in.
+/// Adds a button to a row. `leading` marks the button that Enter finally presses.
 void AddButton(QHBoxLayout& row, CommandButton& button, bool leading);
 
-/// Plain text, wrapped, with room for so many lines.
+/// Plain text, wrapped, at least as high as this number of lines.
 void LookLikeText(Label& label, int lines);
 
-/// Dark red text that keeps its place while it is empty.
+/// Dark red text that keeps its space while it is empty.
 void LookLikeMessage(Label& label);
 
 } // namespace Quillane

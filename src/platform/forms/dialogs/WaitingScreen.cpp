@@ -13,7 +13,7 @@ namespace Quillane {
 
 namespace {
 
-// What is done sooner is not worth a window that comes and goes.
+// Shorter work shows no window.
 constexpr std::chrono::milliseconds moment{400};
 
 } // namespace
@@ -34,8 +34,8 @@ bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>&
 
 WaitingScreen::WaitingScreen(const std::string& title, LongWork& work, std::future<void>& end)
     : Screen("WaitingScreen", title), work_(work), end_(end) {
-    BtnBreakOff.Click = [this] { BtnBreakOff_Click(); };
-    BtnBreakOff.SetTabIndex(0);
+    BtnCancel.Click = [this] { BtnCancel_Click(); };
+    BtnCancel.SetTabIndex(0);
     TmrLook.Tick = [this] { TmrLook_Tick(); };
     LayOut();
     TmrLook_Tick();
@@ -47,7 +47,7 @@ void WaitingScreen::LayOut() {
     step_.setWordWrap(true);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
-    AddButton(*buttons, BtnBreakOff, false);
+    AddButton(*buttons, BtnCancel, false);
     auto* column = DialogColumn(*this, "Quillane", subtitle_);
     LookLikeText(step_, 2);
     column->addWidget(&step_);
@@ -63,25 +63,25 @@ bool WaitingScreen::HasEnded() const {
 void WaitingScreen::Form_Unload(bool& cancel) {
     cancel = !HasEnded();
     if (cancel)
-        BtnBreakOff_Click();
+        BtnCancel_Click();
 }
 
 void WaitingScreen::Form_KeyDown(int& key, int /*shift*/) {
     if (key == Key::Escape)
-        BtnBreakOff_Click();
-    // Typed ahead for the screen below, Enter or a blank must not break anything off.
+        BtnCancel_Click();
+    // Enter or a blank that was typed ahead for the screen below must not cancel the work.
     if (key == Key::Escape || key == Key::Return || key == Key::Space)
         key = 0;
 }
 
-void WaitingScreen::BtnBreakOff_Click() {
+void WaitingScreen::BtnCancel_Click() {
     work_.BreakOff();
-    BtnBreakOff.SetEnabled(false);
+    BtnCancel.SetEnabled(false);
     TmrLook_Tick();
 }
 
 void WaitingScreen::TmrLook_Tick() {
-    step_.setText(work_.IsBrokenOff() ? "Breaking off, as soon as the server has answered"
+    step_.setText(work_.IsBrokenOff() ? "Cancelling: waiting for the answer of the server"
                                       : ToQt(work_.Step()));
     bar_->setRange(0, work_.Parts());
     bar_->setValue(work_.Done());

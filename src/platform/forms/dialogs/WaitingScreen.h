@@ -14,20 +14,19 @@ class QProgressBar;
 
 namespace Quillane {
 
-/// Runs a piece of work that waits for a server on a thread of its own, and returns when it has
-/// ended. Work that takes longer than a moment is shown with its progress, and Esc breaks it off:
-/// it then ends at its next `Advance`. What it fails with is thrown here. The work must not touch a
-/// screen or put up a box.
-/// False where it was broken off.
+/// Runs work that waits for a server on another thread, and returns when it has ended. The progress
+/// of work that takes longer than a moment is shown, and Esc cancels it: it then ends at its next
+/// `Advance`. A failure of the work is thrown here. The work must not use a screen or show a box.
+/// False if it was cancelled.
 bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>& work);
 
-/// Shows the progress of work until it has ended. Esc, the button by the mouse or its letter, and
-/// the window's close box break it off.
+/// Shows the progress of work until it has ended. Esc, the button (by the mouse or its letter) and
+/// the window's close box cancel the work.
 class WaitingScreen : public Screen {
 public:
     WaitingScreen(const std::string& title, LongWork& work, std::future<void>& end);
 
-    CommandButton BtnBreakOff{*this, "BtnBreakOff", "&Break off (Esc)"};
+    CommandButton BtnCancel{*this, "BtnCancel", "&Cancel (Esc)"};
     Timer TmrLook{*this, "TmrLook", 50};
 
 protected:
@@ -36,7 +35,7 @@ protected:
 
 private:
     void LayOut();
-    void BtnBreakOff_Click();
+    void BtnCancel_Click();
     void TmrLook_Tick();
     bool HasEnded() const;
 

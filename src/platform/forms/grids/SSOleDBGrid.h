@@ -12,11 +12,11 @@ class Recordset;
 
 /// A grid that shows a recordset, one line for each row, and changes nothing in it.
 ///
-/// The recordset's current row is the grid's current line, both ways: a line chosen by arrows, Page
-/// Up, Page Down, Home, End or the mouse becomes the current row, and a row made current by code is
-/// brought into view. A recordset at its end has no current line. Only the lines in view are read
-/// and painted, so that a hundred thousand rows cost no more than twenty. Tab and Enter are left to
-/// the screen.
+/// The current row of the recordset is the current line of the grid: a line selected by arrows,
+/// Page Up, Page Down, Home, End or the mouse becomes the current row, and a row that code makes
+/// current is scrolled into view. A recordset at its end has no current line. Only the lines in
+/// view are read and painted, so that the cost does not depend on the number of rows. The screen
+/// receives Tab and Enter.
 class SSOleDBGrid : public VisualControl {
 public:
     SSOleDBGrid(Screen& screen, std::string name);
@@ -25,17 +25,17 @@ public:
     struct Column {
         std::string name;
         std::string caption;
-        int width = 0;         ///< twips; lines narrower or wider than the grid are fitted to it
+        int width = 0;         ///< twips; the columns are scaled to the width of the grid
         std::string format;    ///< "dd/MM/yyyy" for a date, empty for a value's own text
         std::string dataField; ///< shown field; a name that the rows do not have shows nothing
     };
     void AddColumn(std::string_view name, std::string_view caption, int width,
                    std::string_view format = "");
-    /// By name, without regard to case; another name fails (9).
+    /// By name, ignoring case; an unknown name fails (9).
     Column& Columns(std::string_view name);
 
-    /// What is shown from now on, owned together with whoever opened it. None, and a recordset that
-    /// is closed, show no lines.
+    /// Sets the recordset to show; its ownership is shared. Null or a closed recordset shows no
+    /// lines.
     void SetDataSource(std::shared_ptr<Recordset> rows);
     int Rows() const; ///< 0 without an open recordset
     void MoveFirst();
@@ -43,7 +43,7 @@ public:
 
     /// How the current line is drawn.
     void SetActiveRowStyle(Colour foreColour, Colour backColour);
-    /// In the system's highlight colours, as it is without a style of its own.
+    /// In the system's highlight colours, which is the default.
     void SetActiveRowHighlighted();
 
     /// Also runs where there are no rows.

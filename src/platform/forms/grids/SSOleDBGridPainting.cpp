@@ -1,4 +1,3 @@
-#include "platform/forms/controls/ControlColours.h"
 #include "platform/forms/core/Screen.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/grids/SSOleDBGridHeader.h"
@@ -21,7 +20,7 @@ namespace {
 
 constexpr int CellMargin = 4;
 constexpr std::string_view DateFormat = "dd/MM/yyyy";
-/// More characters than any cell has room for: what is longer is not measured to its end.
+/// More characters than fit in any cell; longer texts are not measured completely.
 constexpr qsizetype LongestShown = 1000;
 
 std::string TextOf(const Value& value, const std::string& format) {
@@ -31,13 +30,13 @@ std::string TextOf(const Value& value, const std::string& format) {
         try {
             return ShownDate(value.AsDate());
         } catch (const Failure&) {
-            // Shown as it stands: a value that is no date is to be seen, not hidden.
+            // A value that is not a date is shown unchanged.
         }
     }
     return value.Text();
 }
 
-/// One line without control characters, which would break it or be taken for layout.
+/// One line without control characters, which would break it.
 QString OneLine(QString text) {
     if (text.size() > LongestShown)
         text = text.left(LongestShown) + QChar(0x2026);
@@ -68,7 +67,7 @@ int SSOleDBGrid::View::FieldOf(const Column& column) const {
     return -1;
 }
 
-// The widths fill the grid; what does not divide is the last column's.
+// The widths fill the grid; the last column gets the remainder.
 std::vector<SSOleDBGrid::View::Strip> SSOleDBGrid::View::Strips() const {
     std::int64_t wanted = 0;
     for (const Column& column : columns_)
@@ -86,7 +85,7 @@ std::vector<SSOleDBGrid::View::Strip> SSOleDBGrid::View::Strips() const {
     return strips;
 }
 
-// Nothing fails through a paint: what cannot be read shows nothing.
+// Painting never fails: a value that cannot be read is shown empty.
 QString SSOleDBGrid::View::ShownText(int line, const Strip& strip) const {
     if (strip.field < 0)
         return {};
@@ -146,7 +145,7 @@ void SSOleDBGrid::View::paintEvent(QPaintEvent* event) {
     NoticeNewRows(count);
 }
 
-// Filled, which takes a twentieth of the time of drawn lines, and each column's in one.
+// Filled rectangles take a twentieth of the time of drawn lines.
 void SSOleDBGrid::View::PaintEdges(QPainter& painter, int first, int last,
                                    const std::vector<Strip>& strips) const {
     const QColor colour = GridLineColour();
@@ -158,8 +157,8 @@ void SSOleDBGrid::View::PaintEdges(QPainter& painter, int first, int last,
         painter.fillRect(QRect(0, (place + 1) * lineHeight_ - 1, viewport()->width(), 1), colour);
 }
 
-// Its owner has closed the recordset, opened it anew or put another in its place. What the scroll
-// bar makes of that waits for the end of the paint.
+// The owner has closed, reopened or replaced the recordset. The scroll bar is adjusted after the
+// paint.
 void SSOleDBGrid::View::NoticeNewRows(int count) {
     if (rows_ && !rows_->Moved)
         TakeMoved();
@@ -191,7 +190,7 @@ void SSOleDBGrid::View::PaintCell(QPainter& painter, const QString& text, const 
     const QRect room = cell.adjusted(CellMargin, 0, -CellMargin, -1);
     if (text.isEmpty() || room.width() <= 0)
         return;
-    // Laid out once, to be measured and to be painted: most of a paint's time goes into this.
+    // Laid out once for measuring and painting: this takes most of the time of a paint.
     const QFontMetrics letters = fontMetrics();
     const int top = room.top() + (room.height() - letters.height()) / 2;
     QTextLayout layout(text, font());

@@ -13,7 +13,7 @@ SSOleDBGridScrollBar::Look SSOleDBGridScrollBar::CurrentLook() const {
     return {slider, value() == minimum(), value() == maximum()};
 }
 
-// What the base makes of a change is a paint.
+// The base class paints itself at each change.
 void SSOleDBGridScrollBar::sliderChange(SliderChange change) {
     if (CurrentLook() != painted_)
         QScrollBar::sliderChange(change);

@@ -5,9 +5,8 @@
 
 namespace Quillane {
 
-/// A scroll bar that paints itself only where it would look different: among thousands of lines a
-/// few more or less, or one down, leave its slider where it is, and its paint costs more than that
-/// of ten lines.
+/// A scroll bar that paints itself only if its appearance changes. Among thousands of lines a step
+/// or a few more lines do not move its slider, and painting it costs more than painting ten lines.
 class SSOleDBGridScrollBar : public QScrollBar {
 public:
     explicit SSOleDBGridScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {}

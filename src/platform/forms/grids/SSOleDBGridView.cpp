@@ -1,6 +1,5 @@
 #include "platform/forms/grids/SSOleDBGridView.h"
 
-#include "platform/forms/controls/ControlColours.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "platform/forms/core/KeyCodes.h"
 #include "platform/forms/core/Screen.h"
@@ -11,6 +10,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -18,8 +18,8 @@
 
 namespace Quillane {
 
-/// What a recordset runs when its current row moves; a type of its own, so that a grid knows
-/// whether it is still the one that is told.
+/// What a recordset runs when its current row moves; a separate type, so that a grid can
+/// recognise its own handler.
 struct SSOleDBGrid::View::RowMoved {
     View* view;
     void operator()() const { view->CurrentRowMoved(); }
@@ -48,7 +48,7 @@ void SSOleDBGrid::View::AddColumn(Column column) {
     viewport()->update();
 }
 
-// The caller may be about to change what is shown.
+// The caller may be about to change the columns.
 SSOleDBGrid::Column& SSOleDBGrid::View::ColumnNamed(std::string_view name) {
     const auto found = std::ranges::find_if(
         columns_, [name](const Column& column) { return EqualIgnoringCase(column.name, name); });
@@ -79,7 +79,7 @@ void SSOleDBGrid::View::ReleaseMoved() {
         rows_->Moved = nullptr;
 }
 
-// Also comes where a filter has changed how many rows are shown.
+// Also runs if a filter has changed the number of rows.
 void SSOleDBGrid::View::CurrentRowMoved() {
     Fit();
     if (const auto line = CurrentLine(); line && !choosing_)
@@ -112,7 +112,7 @@ void SSOleDBGrid::View::GoTo(int line) {
         return;
     const int there = std::clamp(line, 0, count - 1);
     rows_->SetPosition(there);
-    // It may have been current already, and scrolled out of view.
+    // The row may have been current already, but scrolled out of view.
     BringIntoView(there);
 }
 
@@ -149,7 +149,7 @@ void SSOleDBGrid::View::BringIntoView(int line) {
     verticalScrollBar()->setValue(std::clamp(top, line - LinesInView() + 1, line));
 }
 
-// The place of the header, the height of a line and the range of the scroll bar.
+// Sets the position of the header, the height of a line and the range of the scroll bar.
 void SSOleDBGrid::View::Fit() {
     lineHeight_ = fontMetrics().height() * 3 / 2;
     const int headerHeight = lineHeight_ + 2;
@@ -188,7 +188,7 @@ void SSOleDBGrid::View::changeEvent(QEvent* event) {
         Fit();
 }
 
-// The frame tells whether the keys go here.
+// The frame shows whether the grid has the focus.
 void SSOleDBGrid::View::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     update();
@@ -199,22 +199,18 @@ void SSOleDBGrid::View::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
-// The keys that move are the control's, before they come here; all others are the screen's.
+// The control has handled the keys that move already; the screen handles all others.
 void SSOleDBGrid::View::keyPressEvent(QKeyEvent* event) {
     event->ignore();
 }
 
-// A line at the lower edge that is seen in part does not scroll under the mouse: the second press
-// of a double click is for the same line.
+// A partly visible line at the lower edge is not scrolled into view by a press: the second press of
+// a double click must hit the same line.
 void SSOleDBGrid::View::ChooseAt(QPoint point) {
     const int line = TopLine() + point.y() / lineHeight_;
     if (line >= LineCount())
         return;
-    struct Mark {
-        bool& mark;
-        explicit Mark(bool& set) : mark(set) { mark = true; }
-        ~Mark() { mark = false; }
-    } choosing(choosing_);
+    const QScopedValueRollback choosing(choosing_, true);
     rows_->SetPosition(line);
 }
 

@@ -12,9 +12,9 @@
 
 namespace Quillane {
 
-/// What is seen of a grid over a recordset: a header, and as many lines as there is room for. It
-/// asks the recordset anew at each paint and keeps nothing of its rows, so that one which its owner
-/// has closed or opened again meanwhile shows what it now holds.
+/// The visible part of a grid over a recordset: a header, and as many lines as fit. It reads the
+/// recordset at each paint and stores none of its rows, so that a recordset which its owner has
+/// closed or reopened is shown with its present rows.
 class SSOleDBGrid::View : public QAbstractScrollArea {
 public:
     View(SSOleDBGrid& grid, QWidget& parent);
@@ -26,7 +26,7 @@ public:
     void SetSource(std::shared_ptr<Recordset> rows);
     int LineCount() const; ///< 0 without an open recordset
     void GoTo(int line);   ///< as far as there is one
-    /// Arrows, Page Up, Page Down, Home and End move; other keys give false.
+    /// Moves on arrows, Page Up, Page Down, Home and End; returns false for other keys.
     bool MoveBy(int key);
 
     struct LineColours {

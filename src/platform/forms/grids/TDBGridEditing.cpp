@@ -16,7 +16,7 @@ namespace {
 
 constexpr qsizetype LongestNumber = 9;
 
-/// Digits and at most one point, as far as they make a number of bags.
+/// Digits and at most one point, with the length of a number of bags.
 bool IsNumber(const QString& text) {
     const auto digits =
         std::count_if(text.begin(), text.end(), [](QChar c) { return c >= '0' && c <= '9'; });
@@ -92,7 +92,7 @@ void TDBGrid::View::ToggleList() {
     DropDown(match.named ? match.named : match.beginning);
 }
 
-/// What the pending edit leaves in its cell; nothing where the cell keeps what it had.
+/// The text that the pending edit stores; none if the cell keeps its former text.
 std::optional<QString> TDBGrid::View::TextToStore() {
     const RowArray* names = Names();
     const auto highlighted = list_.Highlighted();
@@ -133,7 +133,7 @@ void TDBGrid::View::GiveUp() {
 void TDBGrid::View::EndEdit() {
     editing_ = false;
     list_.Close();
-    // Hiding the line that has the focus would hand it on to another control.
+    // Hiding the line while it has the focus would move the focus to another control.
     if (window()->focusWidget() == &editor_)
         setFocus();
     editor_.hide();

@@ -17,9 +17,8 @@ struct GridColumn {
     TDBCombo* list = nullptr; ///< names of its cells
 };
 
-/// The array behind a grid, with one empty line more at its end, as Qt's views see it. It copies
-/// nothing; rows that code adds or takes away are seen from the next `Reset` on. Until then the
-/// model is stale.
+/// The array of a grid, with an empty line at its end, as a Qt model. It copies nothing. Rows that
+/// code adds or removes are visible after the next `Reset`; until then the model is stale.
 class TDBGridModel : public QAbstractTableModel {
 public:
     void Bind(RowArray* rows) { rows_ = rows; }

@@ -9,8 +9,8 @@ namespace Quillane {
 /// Width of the arrow that opens a cell's list.
 inline constexpr int GridArrowWidth = 22;
 
-/// Paints a grid's cells: the current one clearly marked, also while the grid has no focus; the
-/// arrow in it where the cell has a list; the selected line.
+/// Paints the cells of a grid. The current cell is marked, also while the grid does not have the
+/// focus, and has an arrow if it has a list. The selected line is marked.
 class TDBGrid::View::Painter : public QStyledItemDelegate {
 public:
     explicit Painter(View& view) : view_(view) {}

@@ -153,7 +153,7 @@ void TDBGrid::View::keyPressEvent(QKeyEvent* event) {
         editor_.event(event);
 }
 
-/// A key that the editor left alone climbs to here, and is not for it a second time.
+/// A key that the editor has ignored arrives here and must not be handled a second time.
 void TDBGrid::View::PassToEditor(QKeyEvent* event) {
     if (window()->focusWidget() == &editor_)
         return;

@@ -11,14 +11,14 @@
 
 namespace Quillane {
 
-/// What is seen of a grid, its current cell and the edit in it. The editor is a line inside the
-/// view that no loss of Qt's focus ends: only its commands do.
+/// The visible part of a grid, with its current cell and the edit in it. The editor is a line
+/// inside the view. Losing Qt's focus does not end an edit.
 class TDBGrid::View : public QTableView {
 public:
     View(TDBGrid& grid, QWidget& parent);
     ~View() override;
 
-    /// How an edit began, which says whose the arrows are.
+    /// How an edit began. It decides what the arrow keys do.
     enum class Begun { ByTyping, WithCaret };
 
     TDBGridModel& Model() { return model_; }
@@ -26,9 +26,10 @@ public:
 
     int Row() const;
     int Column() const;
-    /// Moves to a cell, as far as there is one; commits nothing. A stale model is reset before.
+    /// Moves to a cell, or to the nearest one that exists. Commits nothing. A stale model is reset
+    /// first.
     void GoTo(int row, int column);
-    /// Arrows, Home, End, Page Up and Page Down move; other keys give false.
+    /// Moves on arrows, Home, End, Page Up and Page Down; returns false for other keys.
     bool MoveBy(int key);
 
     bool IsEditing() const { return editing_; }

@@ -52,7 +52,7 @@ inline QPoint PlaceOfRow(VisualControl& control, int row) {
     return rows.visualRect(index).center();
 }
 
-/// A screen with a box before and a box and a button behind what is tried. Enter moves on, as on
+/// A screen with a box before the tested control, and a box and a button after it. Enter moves on, as on
 /// the working screen; every key and every event of the focus is written down.
 class ListScreen : public Screen {
 public:

@@ -25,7 +25,7 @@ inline void SetUpAsPickList(TDBCombo& list) {
     list.Splits[0].Columns[1] = {.Visible = false, .AllowSizing = false};
 }
 
-/// Two pick lists, one behind the other, with a box before and a box behind them.
+/// Two pick lists, with a box before and a box after them.
 class TwoLists : public ListScreen {
 public:
     TextBox TxtBefore{*this, "TxtBefore"};
@@ -45,7 +45,7 @@ public:
     }
 };
 
-/// The list of sellers has the focus; some names begin alike, and one stands twice.
+/// The list of sellers has the focus; some names begin alike, and one occurs twice.
 class TDBComboTest : public testing::Test {
 protected:
     void SetUp() override {

@@ -141,7 +141,7 @@ TEST_F(TDBComboTest, HighlightingChangesNeitherTheTextNorTheCurrentRow) {
     EXPECT_EQ(list.Bookmark(), 0);
 }
 
-TEST_F(TDBComboTest, EscapeClosesTheListAndTakesNothing) {
+TEST_F(TDBComboTest, EscapeClosesTheListWithoutASelection) {
     list.SetBookmark(0);
     Press(Qt::Key_F4);
     Press(Qt::Key_Down);
@@ -150,7 +150,7 @@ TEST_F(TDBComboTest, EscapeClosesTheListAndTakesNothing) {
     EXPECT_EQ(list.Bookmark(), 0);
 }
 
-TEST_F(TDBComboTest, EnterAndTabTakeWhatIsHighlightedAndMoveOn) {
+TEST_F(TDBComboTest, EnterAndTabTakeTheHighlightedRowAndMoveOn) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab}) {
         list.SetFocus();
         list.SetText("");
@@ -165,7 +165,7 @@ TEST_F(TDBComboTest, EnterAndTabTakeWhatIsHighlightedAndMoveOn) {
     }
 }
 
-TEST_F(TDBComboTest, ArrowsChooseInAClosedList) {
+TEST_F(TDBComboTest, ArrowsSelectInAClosedList) {
     Press(Qt::Key_Down);
     EXPECT_EQ(list.Bookmark(), 0);
     Press(Qt::Key_Down);
@@ -200,7 +200,7 @@ TEST_F(TDBComboTest, TypingReplacesTheTextOfAListJustEntered) {
     EXPECT_EQ(list.Text(), "Ali Traders");
 }
 
-TEST_F(TDBComboTest, AShortcutOfTheScreenFindsWhatWasHighlightedTaken) {
+TEST_F(TDBComboTest, ShortcutTakesTheHighlightedRowFirst) {
     std::string saved;
     screen.OnSave = [&] { saved = list.ColumnText(1); };
     Press(Qt::Key_F4);
@@ -220,7 +220,7 @@ TEST_F(TDBComboTest, TheArrowOpensAndClosesTheListAndBringsTheFocus) {
     EXPECT_FALSE(list.IsDroppedDown());
 }
 
-TEST_F(TDBComboTest, TheArrowStaysShutWhileAnotherListKeepsTheFocus) {
+TEST_F(TDBComboTest, ArrowDoesNotOpenWhileAnotherListKeepsTheFocus) {
     RefuseAndStay();
     Type("zz");
     Click(screen.CboCommodity.Widget(), Arrow());
@@ -239,7 +239,7 @@ TEST_F(TDBComboTest, AClickOnARowTakesItAndTheFocusStays) {
     EXPECT_EQ(screen.focusWidget(), &Line());
 }
 
-TEST_F(TDBComboTest, APressBesideTheListClosesItAndTakesNothing) {
+TEST_F(TDBComboTest, PressOutsideClosesTheListWithoutASelection) {
     Press(Qt::Key_F4);
     Press(Qt::Key_Down);
     Click(screen, QPoint(600, 400));
@@ -253,7 +253,7 @@ TEST_F(TDBComboTest, AClickInTheLineLeavesTheListOpen) {
     EXPECT_TRUE(list.IsDroppedDown());
 }
 
-TEST_F(TDBComboTest, TheListClosesWithWhateverItHangsOn) {
+TEST_F(TDBComboTest, ListClosesWithItsWindow) {
     const std::vector<std::function<void()>> ends = {
         [this] { screen.move(screen.pos() + QPoint(30, 30)); },
         [this] { screen.resize(700, 500); },
@@ -298,7 +298,7 @@ TEST_F(TDBComboTest, TheSetUpOfAPickListShowsOneColumnOfNamesWithoutAHeader) {
     EXPECT_EQ(rows.verticalScrollBar()->maximum(), 0);
 }
 
-TEST_F(TDBComboTest, WithoutThatSetUpHeaderAndIdsAreSeen) {
+TEST_F(TDBComboTest, HeaderAndIdsAreShownByDefault) {
     list.Layout = {};
     list.Columns[1] = {};
     list.Splits[0].Columns[1] = {};
@@ -313,7 +313,7 @@ TEST_F(TDBComboTest, WithoutThatSetUpHeaderAndIdsAreSeen) {
     EXPECT_EQ(rows.horizontalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
 }
 
-TEST_F(TDBComboTest, EachLevelHidesTheIdsByItself) {
+TEST_F(TDBComboTest, EachLevelCanHideTheIds) {
     list.Columns[1].Visible = true;
     Press(Qt::Key_F4);
     EXPECT_TRUE(DroppedRows(list)->isColumnHidden(1));

@@ -73,7 +73,7 @@ TEST_F(TDBDateTest, IsTypedDigitByDigitWithSeparatorsOrWithout) {
         {Day(2026, 3, 31), "28022026", {"28/03/2026", "28/02/2026"}},
         {Day(2026, 3, 31), "29022024", {"29/03/2026", "28/02/2026", "29/02/2024"}},
         {Day(2026, 3, 31), "30022026", {"30/03/2026", "28/02/2026"}},
-        // A number that the part cannot be leaves it, and typing goes on behind it.
+        // A number that is not valid for the part is ignored, and typing continues in the next one.
         {start, "00032027", {"20/03/2026", "20/03/2027"}},
         {start, "35122027", {"20/12/2026", "20/12/2027"}},
         {start, "05132027", {"05/11/2026", "05/11/2027"}},
@@ -101,7 +101,7 @@ TEST_F(TDBDateTest, ShowsTheDigitsOfAPartAsTheyAreTypedAndChangesWithThePart) {
     EXPECT_EQ(Day(2026, 11, 25), date.Value());
 }
 
-TEST_F(TDBDateTest, LosesADigitToBackspaceAndAPartToDelete) {
+TEST_F(TDBDateTest, BackspaceRemovesADigitAndDeleteAPart) {
     driver.Type("1").Press(Qt::Key_Backspace).Type("25");
     EXPECT_EQ("25/11/2026", Shown());
     driver.Press(Qt::Key_Backspace).Type("3/");
@@ -148,7 +148,7 @@ TEST_F(TDBDateTest, TakesThePartThatIsBeingTypedBeforeAnArrowAPressAndAShortcut)
     EXPECT_EQ(Day(2026, 11, 2), seen);
 }
 
-TEST_F(TDBDateTest, KeepsADayTooLateForTheMonthInMindUntilItIsLeft) {
+TEST_F(TDBDateTest, DayBeyondTheMonthIsRememberedUntilTheBoxIsLeft) {
     driver.Type("31").Press(Qt::Key_Tab);
     EXPECT_EQ("30/11/2026", Shown());
     date.SetFocus();
@@ -165,7 +165,7 @@ TEST_F(TDBDateTest, KeepsADayTooLateForTheMonthInMindUntilItIsLeft) {
     EXPECT_EQ("10/12/2026", Shown());
 }
 
-TEST_F(TDBDateTest, GivesUpWhatIsBeingTypedForAValueFromCodeAndForEscape) {
+TEST_F(TDBDateTest, ValueFromCodeAndEscapeDropTheTypedDigits) {
     driver.Type("3");
     date.SetValue(Day(2026, 12, 24));
     EXPECT_EQ("24/12/2026", Shown());

@@ -246,7 +246,7 @@ protected:
     QLineEdit& Marked() { return dynamic_cast<QLineEdit&>(screen.Third.Widget()); }
 };
 
-TEST_F(MarkedBoxUnderTheMouse, KeepsItsSelectionUnderThePressThatBringsItTheFocus) {
+TEST_F(MarkedBoxUnderTheMouse, PressThatBringsTheFocusKeepsTheSelection) {
     driver.Click(screen.Third);
     EXPECT_EQ("Third", screen.ActiveControlName());
     EXPECT_EQ("17", screen.Third.SelectedText());
@@ -254,13 +254,13 @@ TEST_F(MarkedBoxUnderTheMouse, KeepsItsSelectionUnderThePressThatBringsItTheFocu
     EXPECT_EQ("5", screen.Third.Text());
 }
 
-TEST_F(MarkedBoxUnderTheMouse, KeepsItWhileAnUnsteadyHandHoldsTheButton) {
+TEST_F(MarkedBoxUnderTheMouse, SmallMovesDuringThePressKeepTheSelection) {
     const QPoint middle = Marked().rect().center();
     driver.Drag(Marked(), middle, middle - QPoint(30, 0));
     EXPECT_EQ("17", screen.Third.SelectedText());
 }
 
-TEST_F(MarkedBoxUnderTheMouse, IsSelectedFromByTheNextDrag) {
+TEST_F(MarkedBoxUnderTheMouse, NextDragSelects) {
     screen.Third.SetText("LEA-4521");
     driver.Click(screen.Third);
     const int height = Marked().height() / 2;
@@ -269,7 +269,7 @@ TEST_F(MarkedBoxUnderTheMouse, IsSelectedFromByTheNextDrag) {
     EXPECT_EQ('L', screen.Third.SelectedText().at(0));
 }
 
-TEST_F(MarkedBoxUnderTheMouse, PlacesTheCaretByTheNextPress) {
+TEST_F(MarkedBoxUnderTheMouse, NextPressMovesTheCaret) {
     driver.Click(screen.Third);
     driver.Click(Marked(), QPoint(4, Marked().height() / 2));
     EXPECT_EQ("", screen.Third.SelectedText());
@@ -277,19 +277,19 @@ TEST_F(MarkedBoxUnderTheMouse, PlacesTheCaretByTheNextPress) {
     EXPECT_EQ("517", screen.Third.Text());
 }
 
-TEST_F(MarkedBoxUnderTheMouse, IsSelectedAgainByEachPressThatBringsItTheFocusAgain) {
+TEST_F(MarkedBoxUnderTheMouse, EachPressThatBringsTheFocusSelectsAgain) {
     driver.Click(screen.Third).Click(screen.Third).Click(screen.First).Click(screen.Third);
     EXPECT_EQ("17", screen.Third.SelectedText());
 }
 
-TEST_F(TextBoxTest, KeepsItsCaretUnderThePressThatBringsItTheFocus) {
+TEST_F(TextBoxTest, PressThatBringsTheFocusKeepsTheCaret) {
     screen.Third.SetText("LEA-4521");
     auto& edit = dynamic_cast<QLineEdit&>(screen.Third.Widget());
     driver.Click(edit, QPoint(4, edit.height() / 2)).Type("x");
     EXPECT_EQ("LEA-4521x", screen.Third.Text());
 }
 
-TEST_F(TextBoxTest, ShowsAWriteFromCodeHoweverSoonItIsLookedAt) {
+TEST_F(TextBoxTest, TextFromCodeIsVisibleImmediately) {
     const auto picture = [this] { return box.Widget().grab().toImage(); };
     screen.Second.SetFocus(); // away with the caret
     QApplication::processEvents();
@@ -311,7 +311,7 @@ TEST_F(TextBoxTest, ShowsAWriteFromCodeHoweverSoonItIsLookedAt) {
     EXPECT_EQ("1240", box.Text());
 }
 
-TEST_F(TextBoxTest, LooksClosedButLegibleWhileItIsDisabled) {
+TEST_F(TextBoxTest, DisabledBoxIsGreyAndLegible) {
     box.SetEnabled(false);
     const QPalette palette = Edit().palette();
     EXPECT_EQ(QColor(0xE0, 0xE0, 0xE0), palette.color(QPalette::Disabled, QPalette::Base));
@@ -320,7 +320,7 @@ TEST_F(TextBoxTest, LooksClosedButLegibleWhileItIsDisabled) {
     EXPECT_EQ(QColor(0xFF, 0xFF, 0xC0), Edit().palette().color(QPalette::Disabled, QPalette::Base));
 }
 
-TEST_F(TextBoxTest, ShowsItselfAsItIsToldTo) {
+TEST_F(TextBoxTest, HasTheAppearanceThatIsSet) {
     box.SetAlignment(TextBox::Alignment::Right);
     EXPECT_TRUE(Edit().alignment() & Qt::AlignRight);
     box.SetAlignment(TextBox::Alignment::Centre);

@@ -9,7 +9,7 @@
 namespace Quillane {
 namespace {
 
-TEST(Application, LooksTheSameOnEverySystem) {
+TEST(Application, HasTheSameLookOnEverySystem) {
     EXPECT_EQ("fusion", QApplication::style()->name().toStdString());
     EXPECT_EQ("Arial", QApplication::font().family().toStdString());
     EXPECT_EQ(11, QApplication::font().pointSize());
@@ -19,7 +19,7 @@ TEST(Application, LooksTheSameOnEverySystem) {
     EXPECT_EQ(QColor(Qt::black), palette.color(QPalette::Text));
 }
 
-TEST(Application, GoesOnWhenItsLastWindowCloses) {
+TEST(Application, DoesNotQuitWhenItsLastWindowCloses) {
     EXPECT_FALSE(QApplication::quitOnLastWindowClosed());
 }
 

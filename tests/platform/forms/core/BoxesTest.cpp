@@ -40,7 +40,7 @@ TEST(MessageBox, ShowsItsTextPlainlyUnderItsTitle) {
     MsgBox(Question("<b>Seller</b> & Co"));
 }
 
-// The frame's picture and buttons stand beside the title, which tells where the box comes from.
+// The title bar also has the icon and the buttons of the frame.
 TEST(MessageBox, IsWideEnoughForItsTitleHoweverShortItsText) {
     for (const char* title : {"Quillane", "Confirmation", "A title of many words, as a file's"}) {
         const VisitBox visit([&](QDialog& shown) {

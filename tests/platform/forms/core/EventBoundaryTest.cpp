@@ -22,7 +22,7 @@ TEST(EventBoundary, ShowsTheRuntimesBoxAndEndsTheProcessOnAnUntrappedFailure) {
     EXPECT_EQ(std::vector<int>{1}, end.Codes());
 }
 
-TEST(EventBoundary, TreatsAnyOtherExceptionAlike) {
+TEST(EventBoundary, AnyOtherExceptionEndsTheProcessToo) {
     ProcessEnd end;
     BoxAnswers answers;
     answers.Expect(Critical("out of room", "Quillane"));
@@ -62,7 +62,7 @@ TEST(EventBoundaryDeathTest, EndsTheProcessAlsoWhereTheLastActFails) {
         testing::ExitedWithCode(3), "");
 }
 
-TEST(EventBoundary, RunsNoLastActWhereTheEndIsReplaced) {
+TEST(EventBoundary, ReplacedEndRunsNoLastAct) {
     ProcessEnd end;
     bool ran = false;
     SetLastAct([&] { ran = true; });
@@ -72,12 +72,12 @@ TEST(EventBoundary, RunsNoLastActWhereTheEndIsReplaced) {
     EXPECT_EQ(end.Codes(), std::vector<int>{0});
 }
 
-TEST(EventBoundary, SaysNothingWhereTheScreenHasGone) {
+TEST(EventBoundary, ReportsNothingIfTheScreenWasUnloaded) {
     RunEvent([] { throw ScreenGone(); });
 }
 
 // Each of these fails inside a handler that Qt's side has called.
-TEST(EventBoundary, StandsBetweenEveryHandlerAndQt) {
+TEST(EventBoundary, CatchesTheFailureOfEveryHandler) {
     const auto fail = [] { Fail(FailureNumber::Overflow); };
     const std::function<void(TrialScreen&, ScreenDriver&)> ways[] = {
         [&](auto& screen, auto& driver) {
@@ -126,7 +126,7 @@ TEST(EventBoundary, StandsBetweenEveryHandlerAndQt) {
     }
 }
 
-TEST(EventBoundary, LeavesAFailureToTheCodeThatWroteAProperty) {
+TEST(EventBoundary, FailureReachesTheCodeThatSetAProperty) {
     TrialScreen screen;
     screen.First.Change = [] { Fail(FailureNumber::Overflow); };
     screen.First.LostFocus = [] { Fail(FailureNumber::TypeMismatch); };

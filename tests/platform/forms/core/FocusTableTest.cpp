@@ -80,9 +80,8 @@ const Row Moves[] = {
          for (VisualControl* each : {static_cast<VisualControl*>(&screen.Second),
                                      static_cast<VisualControl*>(&screen.Third),
                                      static_cast<VisualControl*>(&screen.InFrame),
-                                     static_cast<VisualControl*>(&screen.BtnGo)}) {
+                                     static_cast<VisualControl*>(&screen.BtnGo)})
              each->SetEnabled(false);
-         }
          driver.Press(Qt::Key_Tab);
      },
      {},
@@ -276,9 +275,8 @@ const Row Moves[] = {
                                      static_cast<VisualControl*>(&screen.Third),
                                      static_cast<VisualControl*>(&screen.InFrame),
                                      static_cast<VisualControl*>(&screen.BtnGo),
-                                     static_cast<VisualControl*>(&screen.First)}) {
+                                     static_cast<VisualControl*>(&screen.First)})
              each->SetEnabled(false);
-         }
          screen.Taken();
          screen.Third.SetEnabled(true);
          driver.Press(Qt::Key_Tab);

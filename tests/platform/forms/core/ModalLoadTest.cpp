@@ -29,7 +29,7 @@ protected:
     int clicks = 0;
 };
 
-TEST_F(ModalScreenThatLoads, LeavesTheScreenBelowNoPress) {
+TEST_F(ModalScreenThatLoads, ScreenBelowAcceptsNoPress) {
     above.OnLoad = [this] {
         driver.Click(below.BtnGo).Click(below.Third).DoubleClick(below.BtnGo.Widget(), {5, 5});
         above.DoEvents();
@@ -41,7 +41,7 @@ TEST_F(ModalScreenThatLoads, LeavesTheScreenBelowNoPress) {
     EXPECT_EQ(1, clicks);
 }
 
-TEST_F(ModalScreenThatLoads, LeavesTheScreenBelowOpen) {
+TEST_F(ModalScreenThatLoads, ScreenBelowCannotBeClosed) {
     above.OnLoad = [this] {
         below.close();
         above.DoEvents();
@@ -53,7 +53,7 @@ TEST_F(ModalScreenThatLoads, LeavesTheScreenBelowOpen) {
     EXPECT_FALSE(below.IsLoaded());
 }
 
-TEST_F(ModalScreenThatLoads, IsOpenedOnceByTwoPresses) {
+TEST_F(ModalScreenThatLoads, TwoPressesOpenItOnce) {
     int opened = 0;
     below.BtnGo.Click = [this, &opened] {
         ++opened;
@@ -64,7 +64,7 @@ TEST_F(ModalScreenThatLoads, IsOpenedOnceByTwoPresses) {
     EXPECT_EQ(1, opened);
 }
 
-TEST_F(ModalScreenThatLoads, GivesTheScreenBelowItsPressesBackWhereItFails) {
+TEST_F(ModalScreenThatLoads, ScreenBelowAcceptsPressesAfterAFailure) {
     above.OnLoad = [] { Fail(FailureNumber::TypeMismatch); };
     EXPECT_EQ(FailureNumber::TypeMismatch, FailureNumberOf([this] { above.ShowModal(&below); }));
     driver.Click(below.BtnGo);

@@ -42,7 +42,7 @@ protected:
     int clicks = 0;
 };
 
-TEST_F(Press, PressesNothingWhereABoxCameUpAsTheControlWasValidated) {
+TEST_F(Press, HasNoEffectIfValidationShowsABox) {
     BoxAnswers answers;
     answers.Expect(Alert("Text"));
     screen.First.Validate = [] { MsgBox(Alert("Text")); };
@@ -50,7 +50,7 @@ TEST_F(Press, PressesNothingWhereABoxCameUpAsTheControlWasValidated) {
     ExpectTheNextIsWhole();
 }
 
-TEST_F(Press, PressesNothingWhereABoxCameUpAsTheControlWasLeft) {
+TEST_F(Press, HasNoEffectIfLostFocusShowsABox) {
     BoxAnswers answers;
     answers.Expect(Alert("Text"));
     screen.First.LostFocus = [] { MsgBox(Alert("Text")); };
@@ -58,7 +58,7 @@ TEST_F(Press, PressesNothingWhereABoxCameUpAsTheControlWasLeft) {
     ExpectTheNextIsWhole();
 }
 
-TEST_F(Press, PressesNothingWhereABoxCameUpAsItsOwnControlGotTheFocus) {
+TEST_F(Press, HasNoEffectIfGotFocusShowsABox) {
     BoxAnswers answers;
     answers.Expect(Alert("Text"));
     screen.BtnGo.GotFocus = [] { MsgBox(Alert("Text")); };
@@ -66,7 +66,7 @@ TEST_F(Press, PressesNothingWhereABoxCameUpAsItsOwnControlGotTheFocus) {
     ExpectTheNextIsWhole();
 }
 
-TEST_F(Press, PressesNothingWhereAModalScreenCameUp) {
+TEST_F(Press, HasNoEffectIfAModalScreenIsShown) {
     TrialScreen above("Above");
     screen.First.Validate = [&] { RunModal(above, [](Screen& shown) { shown.Unload(); }); };
     ExpectNothingPressed("BtnGo");
@@ -74,14 +74,14 @@ TEST_F(Press, PressesNothingWhereAModalScreenCameUp) {
 }
 
 // As a list does that does not hold the text typed in it.
-TEST_F(Press, PressesNothingWhereTheControlTakesTheFocusBack) {
+TEST_F(Press, HasNoEffectIfTheLeftControlKeepsTheFocus) {
     screen.First.Validate = [this] { screen.First.SetFocus(); };
     ExpectNothingPressed("First");
     ExpectTheNextIsWhole();
 }
 
 // As the id does that turns out to be a stored load's.
-TEST_F(Press, PressesNothingWhereLeavingTheControlLeadsElsewhere) {
+TEST_F(Press, HasNoEffectIfTheFocusMovesElsewhere) {
     screen.First.Validate = [this] { screen.Second.SetFocus(); };
     ExpectNothingPressed("Second");
     ExpectTheNextIsWhole();

@@ -14,9 +14,8 @@ public:
         : TextBox(screen, std::move(name)), log_(screen.Log) {}
 
     bool HandleKey(int key, int shift) override {
-        if (key == Key::Shift || key == Key::Control || key == Key::Alt) {
+        if (key == Key::Shift || key == Key::Control || key == Key::Alt)
             return false;
-        }
         log_.push_back("HandleKey " + std::to_string(key) + " " + std::to_string(shift));
         return key == 'X';
     }
@@ -41,7 +40,7 @@ protected:
     ScreenDriver driver{screen};
 };
 
-TEST_F(ScreenKeysOfAControl, AreItsOwnBetweenKeyDownAndKeyPress) {
+TEST_F(ScreenKeysOfAControl, AreHandledByItBetweenKeyDownAndKeyPress) {
     driver.Type("a").Type("x");
     EXPECT_EQ(
         (Events{"KeyDown 65 0", "HandleKey 65 0", "KeyPress 97", "KeyDown 88 0", "HandleKey 88 0"}),
@@ -49,7 +48,7 @@ TEST_F(ScreenKeysOfAControl, AreItsOwnBetweenKeyDownAndKeyPress) {
     EXPECT_EQ("a", box.Text());
 }
 
-TEST_F(ScreenKeysOfAControl, AreNotItsOwnOnceTheScreenMovedTheFocus) {
+TEST_F(ScreenKeysOfAControl, AreNotHandledByItIfTheScreenMovesTheFocus) {
     screen.OnKeyDown = [this](int&, int) { screen.Third.SetFocus(); };
     driver.Press(Qt::Key_Insert);
     EXPECT_EQ(
@@ -57,7 +56,7 @@ TEST_F(ScreenKeysOfAControl, AreNotItsOwnOnceTheScreenMovedTheFocus) {
         screen.Taken());
 }
 
-TEST_F(ScreenKeysOfAControl, AreNotItsOwnOnceTheScreenHasBeenShownAnew) {
+TEST_F(ScreenKeysOfAControl, AreNotHandledByItIfTheScreenIsShownAgain) {
     screen.OnKeyDown = [this](int&, int) {
         screen.Unload();
         screen.Show();
@@ -69,9 +68,8 @@ TEST_F(ScreenKeysOfAControl, AreNotItsOwnOnceTheScreenHasBeenShownAnew) {
 // Its KeyDown is logged as its own, and does what is asked of it.
 void ListenToKeysOf(HandlingBox& box, TrialScreen& screen, const std::function<void(int&)>& act) {
     box.KeyDown = [&screen, act](int& key, int shift) {
-        if (key == Key::Shift || key == Key::Alt) {
+        if (key == Key::Shift || key == Key::Alt)
             return;
-        }
         screen.Log.push_back("Box_KeyDown " + std::to_string(key) + " " + std::to_string(shift));
         act(key);
     };
@@ -95,7 +93,7 @@ TEST_F(ScreenKeysOfAControl, AreSwallowedByItsKeyDown) {
     EXPECT_EQ("Box", screen.ActiveControlName());
 }
 
-TEST_F(ScreenKeysOfAControl, DoNotReachItsKeyDownOnceTheScreenSwallowedThem) {
+TEST_F(ScreenKeysOfAControl, DoNotReachItsKeyDownIfTheScreenSwallowsThem) {
     ListenToKeysOf(box, screen, [](int&) {});
     screen.OnKeyDown = [](int& key, int) { key = 0; };
     driver.Type("a");
@@ -111,7 +109,7 @@ TEST_F(ScreenKeysOfAControl, ReachTheKeyDownOfNoOtherControl) {
               screen.Taken());
 }
 
-TEST_F(ScreenKeysOfAControl, AreUsedUpOnceItsKeyDownMovedTheFocus) {
+TEST_F(ScreenKeysOfAControl, AreUsedUpIfItsKeyDownMovesTheFocus) {
     screen.BtnGo.Click = [this] { screen.Log.push_back("Click"); };
     ListenToKeysOf(box, screen, [this](int&) { screen.Third.SetFocus(); });
     for (const QKeyCombination key : {QKeyCombination(Qt::Key_A), QKeyCombination(Qt::Key_Tab),
@@ -125,7 +123,7 @@ TEST_F(ScreenKeysOfAControl, AreUsedUpOnceItsKeyDownMovedTheFocus) {
     EXPECT_EQ("", screen.Third.Text());
 }
 
-TEST_F(ScreenKeysOfAControl, GoNoFurtherOnceItsKeyDownHasClosedTheScreen) {
+TEST_F(ScreenKeysOfAControl, EndIfItsKeyDownClosesTheScreen) {
     ListenToKeysOf(box, screen, [this](int&) { screen.Unload(); });
     driver.Type("a");
     EXPECT_EQ((Events{"KeyDown 65 0", "Box_KeyDown 65 0", "Form_Unload"}), screen.Taken());
@@ -149,7 +147,7 @@ TEST_F(ScreenKeysOfAControl, CommitItsPendingEditBeforeAShortcutActs) {
     EXPECT_EQ((Events{"CommitEdit", "KeyDown 46 3", "HandleKey 46 3"}), screen.Taken());
 }
 
-TEST_F(ScreenKeysOfAControl, LeaveItsPendingEditWhereTheyEditText) {
+TEST_F(ScreenKeysOfAControl, ThatEditTextKeepItsPendingEdit) {
     for (const QKeyCombination key :
          {Qt::CTRL | Qt::Key_C, Qt::CTRL | Qt::Key_V, Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_Z,
           Qt::CTRL | Qt::Key_Left, Qt::CTRL | Qt::Key_Delete, Qt::ALT | Qt::Key_Down,

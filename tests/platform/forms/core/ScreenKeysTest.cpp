@@ -96,7 +96,7 @@ TEST_F(ScreenKeys, OfTabGiveNoKeyPress) {
               screen.Taken());
 }
 
-TEST_F(ScreenKeys, OfTabStayWhereTheScreenSwallowsThem) {
+TEST_F(ScreenKeys, OfTabDoNotMoveTheFocusIfTheScreenSwallowsThem) {
     screen.OnKeyDown = [](int& key, int) { key = 0; };
     driver.Press(Qt::Key_Tab);
     EXPECT_EQ("First", screen.ActiveControlName());
@@ -129,15 +129,14 @@ TEST_F(ScreenKeys, ReachAFormWithoutAnActiveControl) {
     for (VisualControl* each :
          {static_cast<VisualControl*>(&screen.Second), static_cast<VisualControl*>(&screen.Third),
           static_cast<VisualControl*>(&screen.InFrame), static_cast<VisualControl*>(&screen.BtnGo),
-          static_cast<VisualControl*>(&screen.First)}) {
+          static_cast<VisualControl*>(&screen.First)})
         each->SetEnabled(false);
-    }
     screen.Taken();
     driver.Type("a");
     EXPECT_EQ((Events{"KeyDown 65 0", "KeyPress 97"}), screen.Taken());
 }
 
-TEST_F(ScreenKeys, OfABoxAreNotTheScreens) {
+TEST_F(ScreenKeys, OfABoxDoNotReachTheScreen) {
     {
         const VisitBox visit([](QDialog& box) { PressIn(box, Qt::Key_Escape); });
         MsgBox({.text = "Text", .title = "Title", .buttons = BoxButtons::YesNo});
@@ -145,7 +144,7 @@ TEST_F(ScreenKeys, OfABoxAreNotTheScreens) {
     EXPECT_EQ(Events{}, screen.Taken());
 }
 
-TEST_F(ScreenKeys, OfAModalScreenAreNotTheScreensBelow) {
+TEST_F(ScreenKeys, OfAModalScreenDoNotReachTheScreenBelow) {
     TrialScreen above("Above");
     RunModal(
         above,
@@ -158,7 +157,7 @@ TEST_F(ScreenKeys, OfAModalScreenAreNotTheScreensBelow) {
     EXPECT_EQ(Events{}, screen.Taken());
 }
 
-TEST_F(ScreenKeys, OfAScreenBlockedByAModalOneGoNowhere) {
+TEST_F(ScreenKeys, ForAScreenBelowAModalOneReachTheModalOne) {
     TrialScreen above("Above");
     RunModal(above, [&](Screen& shown) {
         driver.Click(screen.Third);
@@ -167,14 +166,14 @@ TEST_F(ScreenKeys, OfAScreenBlockedByAModalOneGoNowhere) {
     EXPECT_EQ(Events{}, screen.Taken());
 }
 
-TEST_F(ScreenKeys, GoNoFurtherOnceTheyHaveClosedTheScreen) {
+TEST_F(ScreenKeys, ThatCloseTheScreenEndThere) {
     screen.OnKeyDown = [this](int&, int) { screen.Unload(); };
     driver.Type("a");
     EXPECT_EQ((Events{"KeyDown 65 0", "Form_Unload"}), screen.Taken());
     EXPECT_EQ("", screen.First.Text());
 }
 
-TEST_F(ScreenKeys, GoNoFurtherEvenIfTheScreenWasShownAnew) {
+TEST_F(ScreenKeys, ThatCloseAndShowTheScreenEndThere) {
     screen.OnKeyDown = [this](int&, int) {
         screen.Unload();
         screen.Show();
@@ -268,9 +267,8 @@ TEST_F(ScreenKeys, SendATabToTheScreenThatAskedForIt) {
     TrialScreen above("Above");
     EnterMovesOn(above);
     screen.OnKeyDown = [&](int& key, int) {
-        if (key != Key::Return) {
+        if (key != Key::Return)
             return;
-        }
         key = 0;
         screen.SendTab();
         RunModal(above, [](Screen& shown) {
@@ -298,7 +296,7 @@ TEST_F(ScreenKeys, SendATabAtOnceToAModalScreenThatHandlesNoKey) {
     driver.Press(Qt::Key_F1);
 }
 
-TEST_F(ScreenKeys, SendNoTabToAScreenThatHasGone) {
+TEST_F(ScreenKeys, SendNoTabToAClosedScreen) {
     screen.OnKeyDown = [this](int& key, int) {
         key = 0;
         screen.SendTab();

@@ -52,7 +52,7 @@ TEST(Screen, IsVisibleAtItsFirstGotFocus) {
     EXPECT_TRUE(visible);
 }
 
-TEST(Screen, LeavesAFailureOfItsLoadToWhoeverShowsIt) {
+TEST(Screen, FailureOfItsLoadReachesTheCaller) {
     TrialScreen screen;
     screen.OnLoad = [] { Fail(FailureNumber::TypeMismatch); };
     EXPECT_THROW(screen.ShowModal(), Failure);
@@ -63,7 +63,7 @@ TEST(Screen, LeavesAFailureOfItsLoadToWhoeverShowsIt) {
     EXPECT_TRUE(screen.IsLoaded());
 }
 
-TEST(Screen, StartsOverAfterAnUnload) {
+TEST(Screen, LoadsAgainAfterAnUnload) {
     TrialScreen screen;
     screen.Show();
     screen.Third.SetFocus();
@@ -75,7 +75,7 @@ TEST(Screen, StartsOverAfterAnUnload) {
     EXPECT_EQ((Events{"Form_Load", "GotFocus First"}), screen.Taken());
 }
 
-TEST(Screen, StaysWhereItsUnloadIsCancelled) {
+TEST(Screen, StaysOpenIfItsUnloadIsCancelled) {
     TrialScreen screen;
     screen.OnUnload = [](bool& cancel) { cancel = true; };
     screen.Show();
@@ -84,7 +84,7 @@ TEST(Screen, StaysWhereItsUnloadIsCancelled) {
     EXPECT_TRUE(screen.IsLoaded());
 }
 
-TEST(Screen, TakesItsCloseBoxAndRejectionForAnUnload) {
+TEST(Screen, CloseBoxAndRejectionUnloadIt) {
     TrialScreen screen;
     screen.Show();
     EXPECT_TRUE(screen.close());
@@ -95,7 +95,7 @@ TEST(Screen, TakesItsCloseBoxAndRejectionForAnUnload) {
     EXPECT_FALSE(screen.IsLoaded());
 }
 
-TEST(Screen, UnloadsOnceThoughItsUnloadAsksForIt) {
+TEST(Screen, UnloadInsideItsUnloadDoesNothing) {
     TrialScreen screen;
     screen.Show();
     screen.OnUnload = [&](bool&) { EXPECT_FALSE(screen.Unload()); };
@@ -104,7 +104,7 @@ TEST(Screen, UnloadsOnceThoughItsUnloadAsksForIt) {
     EXPECT_EQ((Events{"Form_Unload"}), screen.Taken());
 }
 
-TEST(Screen, ComesBackFromAModalShowingWhenItIsUnloaded) {
+TEST(Screen, ModalShowingReturnsWhenItIsUnloaded) {
     TrialScreen screen;
     bool unloaded = false;
     screen.OnUnload = [&](bool&) { unloaded = true; };
@@ -142,12 +142,11 @@ TEST(Screen, LetsPendingEventsRun) {
     EXPECT_THROW(screen.DoEvents(), ScreenGone);
 }
 
-TEST(Screen, ListsItsControlsAsTheyAreDeclared) {
+TEST(Screen, ListsItsControlsInTheOrderOfDeclaration) {
     TrialScreen screen;
     Events names;
-    for (const Control* control : screen.Controls()) {
+    for (const Control* control : screen.Controls())
         names.push_back(control->Name() + " " + control->TypeName());
-    }
     EXPECT_EQ((Events{"Third TextBox", "First TextBox", "Second TextBox", "Around Frame",
                       "InFrame TextBox", "BtnGo CommandButton"}),
               names);
@@ -164,14 +163,14 @@ TEST(Screen, OpensInTheMiddleOfTheDisplayWithNeitherMaximiseNorMinimise) {
     EXPECT_TRUE(screen.windowFlags() & Qt::WindowCloseButtonHint);
 }
 
-TEST(Screen, OpensMaximisedWhereItIsMeantTo) {
+TEST(Screen, OpensMaximisedIfSetSo) {
     TrialScreen screen;
     screen.SetOpensMaximized();
     screen.Show();
     EXPECT_TRUE(screen.isMaximized());
 }
 
-TEST(Screen, ShowsTheFocusAsForOneWhoWorksByKeyboard) {
+TEST(Screen, ShowsTheFocusAsForKeyboardUse) {
     TrialScreen screen;
     screen.First.SetText("text");
     screen.Show();
@@ -210,7 +209,7 @@ bool IsSeenWhole(VisualControl& control) {
     return control.Widget().visibleRegion() == QRegion(control.Widget().rect());
 }
 
-TEST(Screen, ThatIsTooSmallBringsTheActiveControlIntoView) {
+TEST(Screen, ScrollsTheActiveControlIntoView) {
     ScrolledScreen screen;
     screen.Show();
     ScreenDriver driver(screen);
@@ -223,7 +222,7 @@ TEST(Screen, ThatIsTooSmallBringsTheActiveControlIntoView) {
     EXPECT_TRUE(IsSeenWhole(screen.Lower));
 }
 
-TEST(Screen, DoesNotScrollUnderAPressOfTheMouse) {
+TEST(Screen, DoesNotScrollDuringAPressOfTheMouse) {
     ScrolledScreen screen;
     screen.Show();
     screen.Lower.SetFocus();
@@ -234,7 +233,7 @@ TEST(Screen, DoesNotScrollUnderAPressOfTheMouse) {
     EXPECT_FALSE(IsSeenWhole(screen.Upper));
 }
 
-TEST(Screen, MayGoWhileItIsShown) {
+TEST(Screen, MayBeDestroyedWhileItIsShown) {
     {
         TrialScreen screen;
         screen.Show();

@@ -5,7 +5,7 @@
 namespace Quillane {
 namespace {
 
-TEST(Text, GoesToQtAndBackUnchanged) {
+TEST(Text, IsUnchangedByConversionToQtAndBack) {
     for (const std::string_view text :
          {"", "Ali", "زبیر", "\xEF\xBB\xBF", "\xEF\xBB\xBFJute New", "\xEF\xBB\xBF\xEF\xBB\xBF 7",
           "Jute \xEF\xBB\xBFNew", "a\r\nb"})

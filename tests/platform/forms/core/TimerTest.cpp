@@ -66,7 +66,7 @@ TEST_F(TimerTest, NeverTicksWithAnIntervalOfZero) {
     EXPECT_TRUE(Ticks(1));
 }
 
-TEST_F(TimerTest, GoesOnUnderAModalScreen) {
+TEST_F(TimerTest, TicksBelowAModalScreen) {
     CountTicks();
     screen.Show();
     TrialScreen above("Above");
@@ -76,7 +76,7 @@ TEST_F(TimerTest, GoesOnUnderAModalScreen) {
     });
 }
 
-TEST_F(TimerTest, HoldsStillWhileABoxIsUp) {
+TEST_F(TimerTest, DoesNotTickWhileABoxIsShown) {
     CountTicks();
     screen.Show();
     BoxAnswers answers;
@@ -85,7 +85,7 @@ TEST_F(TimerTest, HoldsStillWhileABoxIsUp) {
     EXPECT_TRUE(Ticks(ticks + 1));
 }
 
-TEST_F(TimerTest, StartsAFullIntervalAnewAfterABox) {
+TEST_F(TimerTest, RestartsItsIntervalAfterABox) {
     QElapsedTimer sinceBox;
     timer.SetInterval(100);
     timer.Tick = [&] { ++ticks; };
@@ -100,7 +100,7 @@ TEST_F(TimerTest, StartsAFullIntervalAnewAfterABox) {
     EXPECT_GE(sinceBox.elapsed(), 95);
 }
 
-TEST_F(TimerTest, ShowsOneBoxAtATimeThoughItsTickStartsItAnew) {
+TEST_F(TimerTest, ShowsOneBoxAtATimeIfItsTickRestartsIt) {
     int up = 0;
     int most = 0;
     BoxAnswers answers;
@@ -117,9 +117,8 @@ TEST_F(TimerTest, ShowsOneBoxAtATimeThoughItsTickStartsItAnew) {
         timer.SetInterval(5);
         timer.SetEnabled(true);
         MsgBox(Alert("Port closed"));
-        if (ticks == 2) {
+        if (ticks == 2)
             timer.SetEnabled(false);
-        }
     };
     screen.Show();
     EXPECT_TRUE(WaitFor([&] { return answers.Remaining() == 0; }));
@@ -142,7 +141,7 @@ TEST_F(TimerTest, NeverReentersItsOwnTickWhileEventsRun) {
     EXPECT_EQ(1, most);
 }
 
-TEST_F(TimerTest, EndsTheTickOfAScreenThatWasClosedMeanwhile) {
+TEST_F(TimerTest, TickEndsIfItsScreenIsClosedMeanwhile) {
     bool cameBack = false;
     timer.Tick = [&] {
         ++ticks;
@@ -157,7 +156,7 @@ TEST_F(TimerTest, EndsTheTickOfAScreenThatWasClosedMeanwhile) {
     EXPECT_FALSE(cameBack);
 }
 
-TEST_F(TimerTest, EndsTheProcessOnAFailureThatNobodyTraps) {
+TEST_F(TimerTest, UntrappedFailureEndsTheProcess) {
     ProcessEnd end;
     BoxAnswers answers;
     answers.Expect(Critical("Type mismatch", "Quillane"));

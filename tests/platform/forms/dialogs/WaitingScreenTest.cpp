@@ -31,7 +31,7 @@ bool Shows(const Screen& screen, const QString& text) {
 
 } // namespace
 
-TEST(LongWork, ThatIsDoneAtOnceShowsNothing) {
+TEST(LongWork, RunsOnAnotherThread) {
     const auto here = std::this_thread::get_id();
     std::thread::id there;
     EXPECT_TRUE(RunLongWork(Title, [&](LongWork&) { there = std::this_thread::get_id(); }));
@@ -39,7 +39,7 @@ TEST(LongWork, ThatIsDoneAtOnceShowsNothing) {
     EXPECT_NE(there, here);
 }
 
-TEST(LongWork, ShowsHowFarItIsAndEndsByItself) {
+TEST(LongWork, ShowsItsProgressAndEnds) {
     std::binary_semaphore seen(0);
     const VisitModal visit([&](Screen& screen) {
         EXPECT_EQ(screen.Name(), "WaitingScreen");
@@ -57,19 +57,19 @@ TEST(LongWork, ShowsHowFarItIsAndEndsByItself) {
     }));
 }
 
-TEST(LongWork, IsBrokenOffByEscAndByTheCloseBoxAndByNoKeyTypedAhead) {
+TEST(LongWork, EscAndCloseBoxCancelItButKeysTypedAheadDoNot) {
     for (const bool byKey : {true, false}) {
         std::binary_semaphore seen(0);
         const VisitModal visit([&](Screen& screen) {
             ScreenDriver driver(screen);
             driver.Press(Qt::Key_Return).Press(Qt::Key_Space).Press(Qt::Key_Return);
-            EXPECT_TRUE(dynamic_cast<WaitingScreen&>(screen).BtnBreakOff.Enabled());
+            EXPECT_TRUE(dynamic_cast<WaitingScreen&>(screen).BtnCancel.Enabled());
             if (byKey)
                 driver.Press(Qt::Key_Escape);
             else
                 screen.close();
             EXPECT_TRUE(screen.IsLoaded()) << "it waits for the work";
-            EXPECT_TRUE(Shows(screen, "Breaking off, as soon as the server has answered"));
+            EXPECT_TRUE(Shows(screen, "Cancelling: waiting for the answer of the server"));
             seen.release();
             EXPECT_TRUE(WaitFor([&] { return !screen.IsLoaded(); }));
         });
@@ -82,7 +82,7 @@ TEST(LongWork, IsBrokenOffByEscAndByTheCloseBoxAndByNoKeyTypedAhead) {
     }
 }
 
-TEST(LongWork, ThrowsHereWhatItFailsWith) {
+TEST(LongWork, FailureReachesTheCaller) {
     const auto fail = [](LongWork&) { throw Failure(FailureNumber::Database, "no disk", "D"); };
     EXPECT_EQ(FailureOf([&] { RunLongWork(Title, fail); }).Description(), "no disk");
     std::binary_semaphore seen(0);

@@ -10,7 +10,7 @@
 namespace Quillane {
 namespace {
 
-/// Takes down the texts of a paint, and where they stand.
+/// Records the texts of a paint and their positions.
 class TextTaker : public QPaintDevice, private QPaintEngine {
 public:
     explicit TextTaker(QWidget& widget)

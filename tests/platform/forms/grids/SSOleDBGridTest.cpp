@@ -112,7 +112,7 @@ TEST_F(SSOleDBGridTest, TakesARecordsetThatItsOwnerClosedAndOpenedAgain) {
     EXPECT_EQ(Top(), 0);
 }
 
-TEST_F(SSOleDBGridTest, FitsARecordsetThatWasOpenedAgainBehindItsBack) {
+TEST_F(SSOleDBGridTest, AdjustsToARecordsetThatItsOwnerOpenedAgain) {
     const auto rows = Show(3);
     rows->Close();
     rows->Open(Numbered(400), database.connection);
@@ -138,7 +138,7 @@ TEST_F(SSOleDBGridTest, ClosedBetweenTwoKeysItShowsNoLines) {
     EXPECT_EQ(View().accessibleDescription(), QString());
 }
 
-TEST_F(SSOleDBGridTest, LetsGoOfTheSourceThatItNoLongerShows) {
+TEST_F(SSOleDBGridTest, ReleasesTheFormerSource) {
     const auto first = Show(100);
     const auto second = Show(100);
     EXPECT_FALSE(first->Moved);
@@ -153,7 +153,7 @@ TEST_F(SSOleDBGridTest, LetsGoOfTheSourceThatItNoLongerShows) {
     EXPECT_EQ(second.use_count(), 1);
 }
 
-TEST_F(SSOleDBGridTest, LetsGoOfItsSourceAsItGoes) {
+TEST_F(SSOleDBGridTest, ReleasesItsSourceWhenItIsDestroyed) {
     const auto rows = Query(Numbered(10));
     {
         SearchScreen other;
@@ -164,7 +164,7 @@ TEST_F(SSOleDBGridTest, LetsGoOfItsSourceAsItGoes) {
     rows->MoveLast();
 }
 
-TEST_F(SSOleDBGridTest, LeavesTheSourceToTheGridThatTookItLast) {
+TEST_F(SSOleDBGridTest, SourceBelongsToTheLastGrid) {
     const auto rows = Show(1000);
     SearchScreen other;
     other.Grid.SetDataSource(rows);
@@ -202,7 +202,7 @@ std::size_t BytesInUse() {
     return mallinfo2().uordblks;
 }
 
-TEST_F(SSOleDBGridTest, TakesNoMemoryForTheRowsThatItShows) {
+TEST_F(SSOleDBGridTest, AllocatesNoMemoryForItsRows) {
     Show(50);
     const auto rows = Query(Numbered(100'000));
     const std::size_t before = BytesInUse();

@@ -19,7 +19,7 @@
 
 namespace Quillane {
 
-/// A connection to an empty embedded database of its own.
+/// A connection to a new, empty embedded database.
 class EmptyDatabase {
 public:
     EmptyDatabase() {

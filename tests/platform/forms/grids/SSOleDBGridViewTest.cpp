@@ -124,7 +124,7 @@ TEST_F(SSOleDBGridTest, ADoubleClickRunsItsHandlerOnTheLineThatWasPressed) {
     grid.DblClick = [&] { chosen.push_back(rows->Fields("ArrivalId").Long()); };
     DoubleClick(Viewport(), PlaceOf(4));
     EXPECT_EQ(chosen, std::vector<int>{5});
-    // Also on the last line, which is seen in part alone: it does not slip away between the clicks.
+    // Also on the last line, which is only partly visible: it is not scrolled between the clicks.
     View().resize(600, View().height() + LineHeight() / 2 - Viewport().height() % LineHeight());
     View().verticalScrollBar()->setValue(100);
     const int cut = 100 + LinesInView();

@@ -10,7 +10,7 @@ namespace {
 
 // What commits and what does not.
 
-TEST_F(TDBGridTest, EveryRoadOutOfTheGridCommitsOldAndNewLines) {
+TEST_F(TDBGridTest, LeavingTheGridCommitsThePendingCell) {
     const std::vector<std::function<void()>> roads = {
         [this] { Press(Qt::Key_Tab); },
         [this] { Press(Qt::SHIFT | Qt::Key_Tab); },
@@ -34,7 +34,7 @@ TEST_F(TDBGridTest, EveryRoadOutOfTheGridCommitsOldAndNewLines) {
     }
 }
 
-TEST_F(TDBGridTest, AShortcutOfTheScreenFindsThePendingCellStored) {
+TEST_F(TDBGridTest, ShortcutStoresThePendingCellFirst) {
     std::string saved;
     screen.OnSave = [&] { saved = Cell(0, QuantityColumn); };
     GoTo(0, QuantityColumn);
@@ -43,7 +43,7 @@ TEST_F(TDBGridTest, AShortcutOfTheScreenFindsThePendingCellStored) {
     EXPECT_EQ(saved, "55");
 }
 
-TEST_F(TDBGridTest, LosingQtsFocusNeitherStoresNorDropsThePendingText) {
+TEST_F(TDBGridTest, LosingQtsFocusKeepsThePendingText) {
     FillTwo();
     GoTo(0, QuantityColumn);
     Type("5");
@@ -61,7 +61,7 @@ TEST_F(TDBGridTest, LosingQtsFocusNeitherStoresNorDropsThePendingText) {
     EXPECT_EQ(Cell(0, QuantityColumn), "56");
 }
 
-TEST_F(TDBGridTest, ABoxNeitherStoresNorDropsThePendingText) {
+TEST_F(TDBGridTest, BoxKeepsThePendingText) {
     FillTwo();
     Type("pl");
     {
@@ -121,7 +121,7 @@ TEST_F(TDBGridTest, AClickOnAGridThatCannotHaveTheFocusDoesNothing) {
     screen.TxtBefore.Validate = nullptr;
 }
 
-TEST_F(TDBGridTest, TheNewTextStandsInTheArrayWhenTheHandlersRun) {
+TEST_F(TDBGridTest, NewTextIsInTheArrayWhenTheHandlersRun) {
     std::vector<std::string> seen;
     grid.Change = [&] { seen.push_back("Change " + Cell(0, ClassColumn)); };
     grid.AfterColUpdate = [&] {
@@ -149,7 +149,7 @@ TEST_F(TDBGridTest, CtrlDeleteDeletesTheCurrentLine) {
     EXPECT_EQ(events, std::vector<std::string>{"Change"});
 }
 
-TEST_F(TDBGridTest, CtrlDeleteGivesUpAPendingCellWithItsLine) {
+TEST_F(TDBGridTest, CtrlDeleteDropsThePendingCellOfItsLine) {
     FillTwo();
     Type("pl");
     Press(Qt::CTRL | Qt::Key_Delete);
@@ -166,7 +166,7 @@ TEST_F(TDBGridTest, TheEmptyLastLineIsNotDeleted) {
     EXPECT_TRUE(events.empty());
 }
 
-TEST_F(TDBGridTest, CtrlShiftDeleteIsTheScreensAndDeletesNoLine) {
+TEST_F(TDBGridTest, CtrlShiftDeleteDeletesNoLine) {
     FillTwo();
     Press(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete);
     EXPECT_EQ(screen.BagRows.RowCount(), 2);
@@ -207,7 +207,7 @@ TEST_F(TDBGridTest, MovingPastTheLastRowLeavesNoCurrentRowAndCreatesNone) {
     EXPECT_EQ(screen.BagRows.RowCount(), 2);
 }
 
-TEST_F(TDBGridTest, ReBindingReadsTheArrayAnewAndDropsThePendingCell) {
+TEST_F(TDBGridTest, ReBindReadsTheArrayAgainAndDropsThePendingCell) {
     FillTwo();
     GoTo(1, QuantityColumn);
     Type("9");
@@ -231,7 +231,7 @@ TEST_F(TDBGridTest, RowsThatCodeAddedWithoutReBindingAreNotOverwritten) {
     EXPECT_EQ(Cell(2, QuantityColumn), "9");
 }
 
-TEST_F(TDBGridTest, RowsThatCodeHasChangedAreSeenBeforeTheyAreWalked) {
+TEST_F(TDBGridTest, RowsChangedByCodeAreReadBeforeAWalk) {
     for (const int lines : {1, 3, 5}) {
         FillTwo();
         grid.MoveNext();
@@ -288,12 +288,12 @@ TEST_F(TDBGridTest, AGridBoundToNothingHasNoRows) {
 
 // The look.
 
-TEST_F(TDBGridTest, AListThatServesAGridIsNotSeenItself) {
+TEST_F(TDBGridTest, ListOfAGridIsHidden) {
     EXPECT_FALSE(screen.CboBagClass.Visible());
     EXPECT_FALSE(screen.CboBagType.Widget().isVisible());
 }
 
-TEST_F(TDBGridTest, TheColumnsFillTheWidthAndCountsStandOnTheRight) {
+TEST_F(TDBGridTest, ColumnsFillTheWidthAndCountsAreRightAligned) {
     FillTwo();
     int width = 0;
     for (int column = 0; column < 3; ++column)

@@ -33,7 +33,7 @@ TEST_F(TDBGridTest, TwoLinesAreEnteredWithoutTheMouse) {
     EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
 }
 
-TEST_F(TDBGridTest, WhatAnInputMethodCommitsOpensTheCellToo) {
+TEST_F(TDBGridTest, CommittedTextOpensTheCell) {
     EXPECT_TRUE(View().testAttribute(Qt::WA_InputMethodEnabled));
     Testing::ScreenDriver driver(screen);
     driver.Commit("ju");
@@ -49,7 +49,7 @@ TEST_F(TDBGridTest, WhatAnInputMethodCommitsOpensTheCellToo) {
     EXPECT_EQ(Editor()->text(), "75");
 }
 
-TEST_F(TDBGridTest, TypingReplacesWhatStoodInTheCell) {
+TEST_F(TDBGridTest, TypingReplacesTheTextOfTheCell) {
     FillTwo();
     GoTo(0, QuantityColumn);
     Type("45");
@@ -102,7 +102,7 @@ TEST_F(TDBGridTest, F2InAnEditBegunByTypingGivesTheArrowsToTheCaret) {
     EXPECT_EQ(Editor()->text(), "192");
 }
 
-TEST_F(TDBGridTest, EscapeGivesTheEditUp) {
+TEST_F(TDBGridTest, EscapeCancelsTheEdit) {
     FillTwo();
     Type("pl");
     Press(Qt::Key_Escape);
@@ -231,7 +231,7 @@ TEST_F(TDBGridTest, ANumberMayBeginWithItsPoint) {
     EXPECT_EQ(Cell(0, QuantityColumn), ".5");
 }
 
-TEST_F(TDBGridTest, TextThatMakesNoNumberStaysOutOfItsCellWhole) {
+TEST_F(TDBGridTest, TextThatIsNotANumberIsRefusedAsAWhole) {
     GoTo(0, QuantityColumn);
     Type("1");
     const auto paste = [this](const char* text) {
@@ -278,7 +278,7 @@ TEST_F(TDBGridTest, ANumberHasNoMoreThanNineCharacters) {
     EXPECT_EQ(Editor()->text(), "12345.678");
 }
 
-TEST_F(TDBGridTest, AStoredFigureOfAnotherFormCanOnlyBeTakenAwayFrom) {
+TEST_F(TDBGridTest, StoredTextThatIsNotANumberCanOnlyBeShortened) {
     Fill({{"Jute", "50 Kg", "-30.5"}});
     GoTo(0, QuantityColumn);
     Press(Qt::Key_F2);
@@ -329,7 +329,7 @@ TEST_F(TDBGridTest, F4InACellWithoutAListDoesNothing) {
     EXPECT_EQ(Editor(), nullptr);
 }
 
-TEST_F(TDBGridTest, EnterTakesWhatIsHighlightedAndLeavesTheGrid) {
+TEST_F(TDBGridTest, EnterTakesTheHighlightedRowAndLeavesTheGrid) {
     FillTwo();
     Press(Qt::Key_F4);
     Press(Qt::Key_Down);
@@ -347,7 +347,7 @@ TEST_F(TDBGridTest, TheFirstNameThatBeginsWithTheTextIsTaken) {
     EXPECT_EQ(Cell(0, ClassColumn), "Plastic");
 }
 
-TEST_F(TDBGridTest, TextThatTheListDoesNotHoldLeavesTheCellAsItWas) {
+TEST_F(TDBGridTest, UnlistedTextKeepsTheFormerTextOfTheCell) {
     FillTwo();
     Type("xyz");
     Press(Qt::Key_Right);
@@ -359,7 +359,7 @@ TEST_F(TDBGridTest, TextThatTheListDoesNotHoldLeavesTheCellAsItWas) {
     EXPECT_EQ(screen.BagRows.RowCount(), 2);
 }
 
-TEST_F(TDBGridTest, ACellOfAListStillWithoutRowsHoldsNoName) {
+TEST_F(TDBGridTest, CellWithAnEmptyListAcceptsNoName) {
     screen.CboBagClass.SetArray(nullptr);
     Type("j");
     Press(Qt::Key_F4);

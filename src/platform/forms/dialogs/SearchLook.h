@@ -13,10 +13,6 @@ class QHBoxLayout;
 /// The common layout of the search screens: filters at the top, then the list, then the buttons.
 namespace Quillane {
 
-/// Sets a font size that is legible at arm's length, or a smaller one on a small display. Requires:
-/// nothing of the screen has been laid out yet.
-void SetLetterSize(Screen& screen);
-
 /// Adds a caption and its filter to the row of filters. The filter is at least ten digits wide.
 void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& filter,
                int stretch = 0);
@@ -25,8 +21,6 @@ void AddFilter(QHBoxLayout& filters, std::string_view caption, VisualControl& fi
 /// the display is large enough.
 void LayOutSearch(Screen& screen, QHBoxLayout& filters, VisualControl& list,
                   std::initializer_list<VisualControl*> buttons, QSize least);
-
-void SetTabOrder(std::initializer_list<VisualControl*> controls);
 
 /// Clears a text box without calling its change handler.
 void Blank(TextBox& box);
