@@ -75,6 +75,12 @@ TEST_F(DependentTable, ForeignColumnNameReplacesTheKeyName) {
     EXPECT_EQ(database.statements.at(1), "Select TOP 1 * From Checks Where CheckedLoad=12");
 }
 
+TEST_F(DependentTable, EveryOccurrenceOfTheKeyNameIsReplaced) {
+    Find("Loads", "(LoadID=12)OR(LoadID=13)", "Bills");
+    EXPECT_EQ(database.statements.at(1),
+              "Select TOP 1 * From Checks Where (CheckedLoad=12)OR(CheckedLoad=13)");
+}
+
 TEST_F(DependentTable, KeyNameInAnotherCaseIsNotReplaced) {
     boxes.Expect(Critical(EngineWords("no such column: LOADID"), "Database"));
     EXPECT_EQ(Find("Loads", "LOADID=12"), "");

@@ -298,6 +298,20 @@ TEST_F(StartUp, StartContinuesWhenTheLockIsReleased) {
     }
 }
 
+// The wait for the lock is inside the opening.
+TEST_F(StartUp, ConnectionTimeoutIsSetBeforeTheDatabaseIsOpened) {
+    MakeFile("Account1");
+    HeldLock(File("Account1.db"), "PRAGMA journal_mode = WAL");
+    auto lock = std::make_unique<HeldLock>(File("Account1.db"), ProgramThatHoldsTheFile);
+    const VisitLockScreen wait([&](LockScreen&) {
+        EXPECT_EQ(Con->State(), adStateClosed);
+        EXPECT_EQ(Con->ConnectionTimeout, 120);
+        lock.reset();
+    });
+    const VisitModal visit(SignInAs("ali", "wheat"));
+    Main();
+}
+
 TEST_F(StartUp, CancelledWaitEndsTheProcess) {
     MakeFile("Account1");
     HeldLock(File("Account1.db"), "PRAGMA journal_mode = WAL");
@@ -498,6 +512,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FieldCase{"Server=a,1433;Database=b", "Server=a"},
                     FieldCase{"\"Server=a,1433;Database=b\"", "Server=a,1433;Database=b"},
                     FieldCase{"  \"Server=a,1433\";Database=b", "Server=a,1433"},
+                    FieldCase{"\"Server=a,1433\",\"b\"", "Server=a,1433"},
                     FieldCase{"\"Server=a,1433", "Server=a,1433"}, FieldCase{"\"\"", ""},
                     FieldCase{"Server=\"a,b\"", "Server=\"a"}, FieldCase{"\nServer=a", ""},
                     FieldCase{",Server=a", ""}, FieldCase{"\xEF\xBB\xBFServer=a", "Server=a"},
@@ -551,6 +566,21 @@ INSTANTIATE_TEST_SUITE_P(
                     StringCase{"Microsoft Windows XP Professional", "",
                                "Driver=SQL Server;Server=a;Database=b"},
                     StringCase{"", "", "Driver=SQL Server;Server=a;Database=b"}));
+
+// The release of the other two has no effect that can be seen.
+TEST(ReleaseServices, ReleasesTheSignInLast) {
+    struct AtRelease {
+        std::vector<bool>& others;
+        ~AtRelease() { others = {CompanyProfile.Exists(), DatabaseSetup.Exists()}; }
+    };
+    std::vector<bool> others;
+    UserLogin->About = [seen = std::make_shared<AtRelease>(others)] {};
+    CompanyProfile->CompanyTitle();
+    DatabaseSetup->Succeeded();
+    ReleaseServices();
+    EXPECT_EQ(others, (std::vector<bool>{false, false}));
+    EXPECT_FALSE(UserLogin.Exists());
+}
 
 TEST(CompanyNumber, IsTheEighthCharacter) {
     EXPECT_EQ(CompanyNumber("Account1"), 1);
