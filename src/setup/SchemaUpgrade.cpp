@@ -149,7 +149,7 @@ std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, d
     QFile::remove(ToQt(unfinished));
     MakePrivateFile(unfinished);
     connection.Execute("VACUUM INTO '" + Doubled(unfinished, '\'') + "'");
-    BringToDisk(unfinished);
+    FlushToDisk(unfinished);
     QFile copy(ToQt(unfinished));
     if (!copy.rename(ToQt(name)))
         throw Failure(FailureNumber::PathAccess, FromQt(copy.errorString()) + ": " + name);

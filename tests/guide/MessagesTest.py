@@ -1,4 +1,4 @@
-"""Every text that the program can put before an operator stands in the operator's guide."""
+"""The operator's guide lists every text that the program can show to an operator."""
 
 import re
 import sys

@@ -23,7 +23,7 @@ namespace {
 
 constexpr qint64 bytesInMegabyte = 1'000'000;
 
-/// The part of a name that the backups of a database begin with: "Account1".
+/// The prefix of the names of all backups of a database: "Account1".
 std::string NameOfDatabase(const std::string& file) {
     return FromQt(QFileInfo(ToQt(file)).completeBaseName());
 }
@@ -35,12 +35,11 @@ Backup MakeCopy(const BackupOrder& order, LongWork& work) {
     const std::string copy = UnfinishedName(backup.file);
     MakePrivateFile(copy);
     backup.contents = CopyOnline(order.database, copy, work);
-    if (LookThrough(copy, copy, work) != backup.contents)
+    if (CheckDatabase(copy, copy, work) != backup.contents)
         FailDatabase("The copy " + copy +
-                     " does not hold what the database held. Please check the disk, and try "
-                     "again.");
-    BringToDisk(copy);
-    GiveName(copy, backup.file);
+                     " differs from the database. Check the disk, then try again.");
+    FlushToDisk(copy);
+    Rename(copy, backup.file);
     return backup;
 }
 
@@ -57,31 +56,31 @@ void RemoveOldest(const BackupOrder& order, Backup& backup) {
             backup.removed.push_back(file);
         else
             backup.notes.push_back("The old backup " + file + " cannot be removed: " +
-                                   FromQt(old.errorString()) + ". Please remove it by hand.");
+                                   FromQt(old.errorString()) + ". Remove it by hand.");
     }
 }
 
-// The sign-in of the stations goes by it.
+// The sign-in of the stations reads this record.
 void Remember(const BackupOrder& order, Backup& backup) {
     try {
         WriteBackupRecord(FromQt(QFileInfo(ToQt(order.database)).path()), Clock::now(),
                           backup.file);
     } catch (const Failure& failure) {
         backup.notes.push_back(
-            "The time of this backup cannot be noted for the stations' sign-in: " +
-            failure.Description() + ". Please check this user's rights in the station's folder.");
+            "The time of this backup cannot be stored for the sign-in of the stations: " +
+            failure.Description() + ". Check the rights of this user in the station folder.");
     }
 }
 
-/// Empty where the disk can take a backup.
+/// Returns what to do if the disk has too little space for a backup; otherwise nothing.
 std::string AdviceOnSpace(const BackupOrder& order) {
     const QStorageInfo disk(ToQt(order.folder));
     const qint64 needed = QFileInfo(ToQt(order.database)).size();
     if (!disk.isValid() || disk.bytesAvailable() > needed)
         return {};
-    return "\nThe disk has no space for it: a backup needs about " +
+    return "\nThe disk has too little space: a backup needs about " +
            std::to_string(needed / bytesInMegabyte + 1) +
-           " MB. Please make space, or name another folder.";
+           " MB. Free some space, or name another folder.";
 }
 
 } // namespace
@@ -94,14 +93,14 @@ std::optional<Backup> BackUp(const BackupOrder& order, LongWork& work) {
         RemoveOldest(order, backup);
         Remember(order, backup);
         return backup;
-    } catch (const BrokenOff&) {
+    } catch (const Cancelled&) {
         RemoveUnfinished(order.folder, NameOfDatabase(order.database));
         return std::nullopt;
     } catch (const Failure& failure) {
         RemoveUnfinished(order.folder, NameOfDatabase(order.database));
         throw Failure(failure.Number(),
                       "No backup has been made in " + order.folder + ": " + failure.Description() +
-                          AdviceOnSpace(order) + "\nThe earlier backups are as they were.",
+                          AdviceOnSpace(order) + "\nThe earlier backups have not been changed.",
                       failure.Source());
     }
 }

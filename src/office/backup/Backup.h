@@ -10,23 +10,22 @@ namespace Quillane::Office {
 
 struct BackupOrder {
     std::string database; ///< the file of an embedded database
-    std::string folder;   ///< must be there
-    int keep = 0;         ///< backups that stay, this one among them; 0: all
+    std::string folder;   ///< must exist
+    int keep = 0;         ///< number of backups to keep, including this one; 0: all
 };
 
 struct Backup {
     std::string file;
     Contents contents{};
     std::vector<std::string> removed{}; ///< older backups
-    std::vector<std::string>
-        notes{}; ///< what went wrong without harm to the backup, and what to do
+    std::vector<std::string> notes{};   ///< errors that do not affect the backup, and what to do
 };
 
-/// Makes a backup of an embedded database while stations work in it. It gets its name when it has
-/// been checked in full and is on the disk; then the oldest beyond `keep` go, and the station's
-/// folder remembers the time. Where anything before fails (with a text that says what to do), or
-/// the work is broken off, there is no new file and all others are as they were. Empty where it is
-/// broken off.
+/// Makes a backup of an embedded database while stations use it. The backup gets its name when it
+/// has been checked completely and flushed to the disk. Then the oldest backups beyond `keep` are
+/// removed, and the time is stored in the station folder. Returns nothing if it was cancelled.
+/// After an error (the text says what to do) or a cancellation there is no new file, and the
+/// earlier backups are unchanged.
 std::optional<Backup> BackUp(const BackupOrder& order, LongWork& work);
 
 } // namespace Quillane::Office

@@ -31,10 +31,10 @@ QDateTime QtTime(Clock::time_point time) {
     return QDateTime::fromSecsSinceEpoch(Clock::to_time_t(time));
 }
 
-/// The names in the folder that are those of backups with this behind them.
-QStringList NamesIn(const QString& folder, const std::string& database, const QString& behind) {
+/// Lists the names of backups in the folder that have this suffix.
+QStringList NamesIn(const QString& folder, const std::string& database, const QString& suffix) {
     const QRegularExpression form("^" + QRegularExpression::escape(ToQt(database)) +
-                                  "-\\d{8}-\\d{6}" + QRegularExpression::escape(ending + behind) +
+                                  "-\\d{8}-\\d{6}" + QRegularExpression::escape(ending + suffix) +
                                   "$");
     QStringList names;
     for (const QString& name : QDir(folder).entryList(QDir::Files, QDir::Name))
@@ -56,7 +56,7 @@ std::string TimeInName(Clock::time_point time) {
 std::vector<std::string> BackupsIn(const std::string& folder, const std::string& database) {
     const QFileInfo info(ToQt(folder));
     if (info.exists() && !info.isReadable())
-        Refuse(folder, "cannot be read. Please check this user's rights in it.");
+        Refuse(folder, "cannot be read. Check the rights of this user in it.");
     std::vector<std::string> backups;
     for (const QString& name : NamesIn(ToQt(folder), database, {}))
         backups.push_back(folder + "/" + FromQt(name));
@@ -73,8 +73,8 @@ std::string FreeBackupName(const std::string& folder, const std::string& databas
 }
 
 void RemoveUnfinished(const std::string& folder, const std::string& database) {
-    for (const char* behind : {".part", ".part-wal", ".part-shm", ".part-journal"})
-        for (const QString& name : NamesIn(ToQt(folder), database, behind))
+    for (const char* suffix : {".part", ".part-wal", ".part-shm", ".part-journal"})
+        for (const QString& name : NamesIn(ToQt(folder), database, suffix))
             QFile::remove(ToQt(folder) + "/" + name);
 }
 
@@ -93,29 +93,30 @@ std::string BackupFolderOf(const std::string& stationFolder, const StationFile& 
 void CheckBackupFolder(const std::string& folder) {
     const QFileInfo info(ToQt(folder));
     if (!info.exists())
-        Refuse(folder, "does not exist. Please create it, connect the drive that holds it, or name "
-                       "another folder. No backup has been made.");
+        Refuse(folder, "does not exist. No backup has been made. Create the folder, connect its "
+                       "drive, or name another folder.");
     if (!info.isDir())
-        Refuse(folder, "is not a folder. Please name another one. No backup has been made.");
+        Refuse(folder, "is not a folder. No backup has been made. Name another folder.");
     QTemporaryFile attempt(info.filePath() + "/quillane-XXXXXX.part");
     if (!attempt.open())
-        Refuse(folder, "cannot be written: " + FromQt(attempt.errorString()) +
-                           ". Please check this user's rights in it, or name another folder. No "
-                           "backup has been made.");
+        Refuse(folder,
+               "is not writable: " + FromQt(attempt.errorString()) +
+                   ". No backup has been made. Check the rights of this user in it, or name "
+                   "another folder.");
 }
 
-void GiveName(const std::string& file, const std::string& name) {
+void Rename(const std::string& file, const std::string& name) {
     QFile moved(ToQt(file));
     if (!moved.rename(ToQt(name)))
         throw Failure(FailureNumber::PathAccess, FromQt(moved.errorString()) + ": " + name);
-    BringToDisk(FromQt(QFileInfo(ToQt(name)).path()));
+    FlushToDisk(FromQt(QFileInfo(ToQt(name)).path()));
 }
 
-void TakeRightsOf([[maybe_unused]] const std::string& model,
-                  [[maybe_unused]] const std::string& file) {
+void CopyPermissions([[maybe_unused]] const std::string& from,
+                     [[maybe_unused]] const std::string& file) {
 #ifndef _WIN32
     struct stat rights {};
-    if (::stat(model.c_str(), &rights) != 0)
+    if (::stat(from.c_str(), &rights) != 0)
         return;
     constexpr mode_t readAndWrite = 0666;
     constexpr auto sameOwner = static_cast<uid_t>(-1);

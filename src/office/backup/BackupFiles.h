@@ -8,43 +8,42 @@ namespace Quillane {
 struct StationFile;
 }
 
-/// The files of a backup folder. A backup of the database "Account1" is named by the local time:
-/// "Account1-20261122-104149.db". No other file in the folder is looked at.
+/// The files of a backup folder. A backup of the database "Account1" is named after the local time:
+/// "Account1-20261122-104149.db". Other files in the folder are ignored.
 namespace Quillane::Office {
 
 using Clock = std::chrono::system_clock;
 
-/// "20261122-104149"; local time, to the second.
+/// Formats the local time, to the second: "20261122-104149".
 std::string TimeInName(Clock::time_point time);
 
-/// The backups of this database, the oldest first, each with its folder. A folder that is missing
-/// has none; one that cannot be read fails (75).
+/// Lists the backups of this database with their paths, oldest first. Empty if the folder does not
+/// exist. Errors: 75 if it cannot be read.
 std::vector<std::string> BackupsIn(const std::string& folder, const std::string& database);
 
-/// A name that no file in the folder has yet: that of the time, or of the next second that is free.
+/// Returns an unused name: the one of the given time, or of the next second that is free.
 std::string FreeBackupName(const std::string& folder, const std::string& database,
                            Clock::time_point time);
 
-/// Removes what broken-off backups of this database have left. Nobody else may be making one.
+/// Removes the unfinished files of killed backups of this database. Requires: the caller holds the
+/// WorkLock.
 void RemoveUnfinished(const std::string& folder, const std::string& database);
 
-/// What a backup is called until it counts.
+/// The name of a backup until it is complete and checked.
 std::string UnfinishedName(const std::string& backup);
 
-/// The folder that `Station.ini` names for backups. The default one, `backups` in the station's
-/// folder, is made where it is missing; one that is named is not: its drive may not be connected.
+/// The backup folder of `Station.ini`, by default `backups` in the station folder. The default
+/// folder is created if it is missing; a named one is not, because its drive may not be mounted.
 std::string BackupFolderOf(const std::string& stationFolder, const StationFile& station);
 
-/// Whether a backup could be written there: fails (75) with what to do where the folder is missing,
-/// is no folder, or may not be written.
+/// Errors: 75, with what to do, if the folder does not exist, is not a folder, or is not writable.
 void CheckBackupFolder(const std::string& folder);
 
-/// Gives a file the owner, group and rights of another one, or of a folder, as far as this user
-/// may: the stations, which may be other users, must be able to write it.
-void TakeRightsOf(const std::string& model, const std::string& file);
+/// Copies owner, group and permissions of a file or folder to a file, as far as this user may do
+/// so. The stations may run as other users and must be able to write the file.
+void CopyPermissions(const std::string& from, const std::string& file);
 
-/// A file is to be moved into place by this: it never replaces another one, and is on the disk
-/// afterwards. Fails (75).
-void GiveName(const std::string& file, const std::string& name);
+/// Renames a file and flushes its folder to the disk. Never replaces another file. Errors: 75.
+void Rename(const std::string& file, const std::string& name);
 
 } // namespace Quillane::Office

@@ -25,7 +25,7 @@ namespace {
 constexpr int WithoutOthers = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
 constexpr std::size_t HeaderLength = 100;
 
-/// A number of the file's header, the highest byte first.
+/// A big-endian number in the file header.
 std::uint64_t NumberAt(const std::string& header, std::size_t place, std::size_t length) {
     std::uint64_t number = 0;
     for (std::size_t i = 0; i < length; ++i)
@@ -33,7 +33,7 @@ std::uint64_t NumberAt(const std::string& header, std::size_t place, std::size_t
     return number;
 }
 
-/// The length that the header gives the file.
+/// The length of the file according to its header.
 std::uint64_t LengthInHeader(const std::string& header) {
     constexpr std::size_t pageSizeAt = 16;
     constexpr std::size_t pagesAt = 28;
@@ -41,7 +41,7 @@ std::uint64_t LengthInHeader(const std::string& header) {
     return (pageSize == 1 ? 65536 : pageSize) * NumberAt(header, pagesAt, 4);
 }
 
-// The engine's own message for a shortened file is that of a damaged one.
+// SQLite reports a truncated file as a damaged one.
 void RefuseByHeader(const std::string& path, const std::string& name) {
     std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())),
                        std::ios::binary);
@@ -56,12 +56,11 @@ void RefuseByHeader(const std::string& path, const std::string& name) {
     const auto length = static_cast<std::uint64_t>(file.tellg());
     if (length < LengthInHeader(header))
         FailDatabase("The file " + name + " is not complete: it has " + std::to_string(length) +
-                     " of " + std::to_string(LengthInHeader(header)) +
-                     " bytes. Please use another copy.");
+                     " of " + std::to_string(LengthInHeader(header)) + " bytes. Use another copy.");
 }
 
 int EndsWork(void* work) {
-    return static_cast<LongWork*>(work)->IsBrokenOff() ? 1 : 0;
+    return static_cast<LongWork*>(work)->IsCancelled() ? 1 : 0;
 }
 
 Contents CheckedContents(const std::string& path, LongWork& work) {
@@ -75,11 +74,11 @@ Contents CheckedContents(const std::string& path, LongWork& work) {
     return ContentsOf(file);
 }
 
-std::optional<double> SchemaNumberOf(const Contents& contents) {
+std::optional<double> SchemaVersionOf(const Contents& contents) {
     if (contents.RowsOf("StationSchema") != 1)
         return std::nullopt;
     try {
-        return ToDouble(contents.schemaNumber);
+        return ToDouble(contents.schemaVersion);
     } catch (const Failure&) {
         return std::nullopt;
     }
@@ -105,7 +104,7 @@ Contents ContentsOf(EmbeddedFile& file) {
         contents.rows[table] =
             file.FirstNumber(("SELECT count(*) FROM " + InDoubleQuotes(table)).c_str());
     if (contents.rows.contains("StationSchema"))
-        contents.schemaNumber = file.FirstText("SELECT SchemaVersion FROM StationSchema");
+        contents.schemaVersion = file.FirstText("SELECT SchemaVersion FROM StationSchema");
     if (contents.rows.contains("Arrivals"))
         contents.lastArrival =
             file.FirstText("SELECT ArrivalID || ' of ' || substr(ArrivalDate, 1, 10) "
@@ -113,24 +112,25 @@ Contents ContentsOf(EmbeddedFile& file) {
     return contents;
 }
 
-Contents LookThrough(const std::string& path, const std::string& name, LongWork& work) {
+Contents CheckDatabase(const std::string& path, const std::string& name, LongWork& work) {
     RefuseByHeader(path, name);
     work.Begin("Checking " + name);
     try {
         return CheckedContents(path, work);
     } catch (const Failure& failure) {
-        if (work.IsBrokenOff())
-            throw BrokenOff();
+        if (work.IsCancelled())
+            throw Cancelled();
         FailDatabase("The file " + name + " is damaged (" + failure.Description() +
-                     "). Please use another copy.");
+                     "). Use another copy.");
     }
 }
 
 void RefuseForeign(const std::string& path, const Contents& contents, const std::string& name) {
     EmbeddedFile file(ImmutableUri(path), WithoutOthers);
     if (!HoldsStationTables(file))
-        FailDatabase("The file " + name + " is a database of another program, not of a station.");
-    const std::optional<double> number = SchemaNumberOf(contents);
+        FailDatabase("The file " + name +
+                     " is a database of another program. Use a backup of a station.");
+    const std::optional<double> number = SchemaVersionOf(contents);
     if (!number)
         FailDatabase(UnreadableSchemaText("the file " + name) + " Please use another copy.");
     if (*number > SchemaVersionOfProgram())

@@ -10,14 +10,14 @@ class LongWork;
 
 namespace Quillane::Office {
 
-/// Thrown where the work is broken off; nothing of it counts.
-struct BrokenOff {};
+/// Thrown when an operation has been cancelled.
+struct Cancelled {};
 
-/// What a database holds, as far as two states of it are compared.
+/// A summary of a database, used to compare two states of it.
 struct Contents {
-    std::string schemaNumber;         ///< empty where there is none
-    std::map<std::string, long> rows; ///< by table
-    std::string lastArrival;          ///< "1042 of 2026-11-20"; empty where there is none
+    std::string schemaVersion;        ///< empty if there is none
+    std::map<std::string, long> rows; ///< number of rows by table
+    std::string lastArrival;          ///< "1042 of 2026-11-20"; empty if there is none
 
     long RowsOf(const std::string& table) const;
     bool operator==(const Contents&) const = default;
@@ -25,13 +25,13 @@ struct Contents {
 
 Contents ContentsOf(EmbeddedFile& file);
 
-/// Looks through a file that nobody else writes, all of it, and gives what it holds. Fails with a
-/// text that calls the file by the given name: where it is empty, no database, shorter than its
-/// contents, or damaged. Leaves no other file next to it.
-Contents LookThrough(const std::string& path, const std::string& name, LongWork& work);
+/// Checks a complete database file and returns its contents. Requires: nobody else writes the file.
+/// Leaves no other file next to it. Errors: a failure that uses the given name of the file if it is
+/// empty, not a database, truncated or damaged.
+Contents CheckDatabase(const std::string& path, const std::string& name, LongWork& work);
 
-/// Fails where a station of this program could not work on the database, or not without loss: its
-/// tables are missing, or its schema number is not one that this program knows.
+/// Fails if a station of this program cannot use the database: its tables are missing, or its
+/// schema number is missing or newer than the program.
 void RefuseForeign(const std::string& path, const Contents& contents, const std::string& name);
 
 } // namespace Quillane::Office

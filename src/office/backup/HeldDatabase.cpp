@@ -28,18 +28,18 @@ bool IsBusy(EmbeddedFile& session) {
 [[noreturn]] void FailInUse(const std::string& path) {
     throw Failure(FailureNumber::PathAccess,
                   "The database " + path +
-                      " is in use. Please close every station and office that works on it, and try "
-                      "again. Nothing has been changed.");
+                      " is in use. Nothing has been changed. Close every station and office that "
+                      "uses it, then try again.");
 }
 
 [[noreturn]] void FailToMove(const std::string& path, const std::error_code& error) {
     throw Failure(
         FailureNumber::PathAccess,
         path + ": " + error.message() +
-            ". Please check this user's rights in the folder. The database is as it was.");
+            ". The database has not been changed. Check the rights of this user in the folder.");
 }
 
-/// The second name of one file. Some file systems know no such thing: there the file is moved.
+/// Gives the file a second name. File systems without hard links get a copy instead.
 void NameOld(const std::string& path, const std::string& name) {
     std::error_code error;
     fs::create_hard_link(PathOf(path), PathOf(name), error);
@@ -66,7 +66,7 @@ HeldDatabase::HeldDatabase(const std::string& path) : path_(path), exists_(FileE
         return;
     session_ = std::make_unique<EmbeddedFile>(path, SQLITE_OPEN_READWRITE);
     try {
-        Take();
+        Lock();
     } catch (const Failure&) {
         if (IsBusy(*session_))
             FailInUse(path);
@@ -74,9 +74,9 @@ HeldDatabase::HeldDatabase(const std::string& path) : path_(path), exists_(FileE
     }
 }
 
-// A session with a write-ahead log keeps a lock as long as it lasts, so that the log is left only
-// where there is no other. One that comes after that brings the log back before it is locked out.
-void HeldDatabase::Take() {
+// Leaving the write-ahead log mode fails while another session has the file open. A session that
+// opens the file in between switches it back to that mode, and the second check reports it.
+void HeldDatabase::Lock() {
     RegisterTextComparison(session_->Session());
     PrepareSqliteSession(session_->Session(), path_);
     sqlite3_busy_timeout(session_->Session(), 0);
@@ -90,7 +90,7 @@ void HeldDatabase::ReplaceBy(const std::string& file, const std::string& nameOfO
         NameOld(path_, nameOfOld);
     MoveJournals(path_, nameOfOld);
 #ifdef _WIN32
-    session_.reset(); // a file that is open cannot be replaced there
+    session_.reset(); // Windows cannot replace an open file
 #endif
     std::error_code error;
     fs::rename(PathOf(file), PathOf(path_), error);
@@ -99,7 +99,7 @@ void HeldDatabase::ReplaceBy(const std::string& file, const std::string& nameOfO
         fs::remove(PathOf(nameOfOld), ignored);
         FailToMove(path_, error);
     }
-    BringToDisk(PathOf(path_).parent_path().string());
+    FlushToDisk(PathOf(path_).parent_path().string());
     session_.reset();
 }
 

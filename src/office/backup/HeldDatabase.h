@@ -7,27 +7,26 @@
 
 namespace Quillane::Office {
 
-/// The present database, taken so that no station can open it. Its journal has been brought into
-/// the file, and is gone. A file that is missing or damaged is held by nobody, and stays as it is.
+/// An exclusive lock on the current database: no station can open it. Its journal has been written
+/// back into the file and removed. A missing or damaged file cannot be locked and is not changed.
 class HeldDatabase {
 public:
-    /// Fails, with what to do, where a station or an office has the file open.
+    /// Errors: 75, with what to do, if a station or an office has the file open.
     explicit HeldDatabase(const std::string& path);
 
     bool Exists() const { return exists_; }
-    /// The session that holds it; null where nobody does.
+    /// The session that holds the lock; null if there is none.
     EmbeddedFile* File() { return session_.get(); }
-    /// Moves the file, and what a damaged one has next to it, to this name, and puts another file
-    /// in its place: at each moment the old or the new one has its name. A failure leaves the old
-    /// one.
+    /// Renames the file, and the journals of a damaged one, to `nameOfOld`, and replaces it by
+    /// `file`. The replacement is atomic. After an error the old file is still in place.
     void ReplaceBy(const std::string& file, const std::string& nameOfOld);
 
 private:
-    void Take();
+    void Lock();
 
     std::string path_;
     bool exists_ = false;
-    std::unique_ptr<EmbeddedFile> session_; ///< null where it cannot be held
+    std::unique_ptr<EmbeddedFile> session_; ///< holds the lock; null if it cannot be locked
 };
 
 } // namespace Quillane::Office

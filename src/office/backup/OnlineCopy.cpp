@@ -14,14 +14,14 @@ namespace Quillane::Office {
 namespace {
 
 constexpr int busyMilliseconds = 30'000;
-constexpr int pagesInOneStep = 256; ///< a megabyte of the usual pages
+constexpr int pagesInOneStep = 256; ///< a megabyte with the default page size
 
 struct EndBackup {
     void operator()(sqlite3_backup* backup) const { sqlite3_backup_finish(backup); }
 };
 
-/// The source stays at one moment: in a transaction that reads, which no station waits for. Without
-/// one the copy would begin again with each save.
+/// Requires: the source is in a read transaction, which blocks no station. Without it the copy
+/// would start again after each save.
 void CopyPages(EmbeddedFile& source, EmbeddedFile& target, LongWork& work) {
     const std::unique_ptr<sqlite3_backup, EndBackup> backup(
         sqlite3_backup_init(target.Session(), "main", source.Session(), "main"));
@@ -35,17 +35,17 @@ void CopyPages(EmbeddedFile& source, EmbeddedFile& target, LongWork& work) {
         if (work.Parts() != pages)
             work.Begin(work.Step(), pages);
         if (!work.Advance(pages - sqlite3_backup_remaining(backup.get())))
-            throw BrokenOff();
+            throw Cancelled();
     }
 }
 
-/// Takes the mark of a write-ahead log out of the copy: it would bring further files about wherever
-/// it is opened. The log that this takes needs no index, which not every file system can hold.
+/// Turns off the write-ahead log mode of the copy; otherwise opening it would create further files.
+/// The exclusive locking mode avoids the index of the log, which some file systems do not support.
 void MakeSelfContained(const std::string& copy) {
     EmbeddedFile file(copy, SQLITE_OPEN_READWRITE);
     file.Run("PRAGMA locking_mode = EXCLUSIVE; PRAGMA synchronous = OFF");
     if (file.FirstText("PRAGMA journal_mode = DELETE") != "delete")
-        FailDatabase("The copy " + copy + " keeps a journal.");
+        FailDatabase("The journal of the copy " + copy + " cannot be turned off. Try again.");
 }
 
 } // namespace
@@ -61,7 +61,8 @@ Contents CopyOnline(const std::string& database, const std::string& copy, LongWo
         source.Run("BEGIN");
         contents = ContentsOf(source);
         EmbeddedFile target(copy, SQLITE_OPEN_READWRITE);
-        // What breaks off is removed, and what ends is brought to the disk as a whole.
+        // Faster, and safe: an incomplete copy is removed, and a complete one is flushed at the
+        // end.
         target.Run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
         CopyPages(source, target, work);
     }

@@ -6,9 +6,9 @@
 
 namespace Quillane::Office {
 
-/// Copies a database while stations save into it: the state of one moment, into one file without a
-/// journal. The file must be there, and empty. Gives what the database held at that moment; throws
-/// `BrokenOff` where the work is broken off.
+/// Copies a consistent snapshot of a database, while stations save to it, into one file without a
+/// journal. Returns the contents of the snapshot. Requires: the file `copy` exists and is empty.
+/// Throws `Cancelled`.
 Contents CopyOnline(const std::string& database, const std::string& copy, LongWork& work);
 
 } // namespace Quillane::Office

@@ -33,10 +33,11 @@ constexpr qint64 bytesInOneStep = 1'048'576;
 }
 
 [[noreturn]] void FailToCopy(const QFile& file) {
-    Refuse("The copy cannot be brought next to the database: " + FromQt(file.errorString()) + " (" +
-           FromQt(file.fileName()) +
-           "). Please check the rights in the folder and the space on its disk. The database is as "
-           "it was.");
+    Refuse(
+        "The backup cannot be copied into the folder of the database: " +
+        FromQt(file.errorString()) + " (" + FromQt(file.fileName()) +
+        "). The database has not been changed. Check the rights in the folder and the free space "
+        "on its disk.");
 }
 
 bool IsSameFile(const std::string& left, const std::string& right) {
@@ -44,7 +45,7 @@ bool IsSameFile(const std::string& left, const std::string& right) {
     return fs::equivalent(PathOf(left), PathOf(right), error);
 }
 
-/// A restore that was killed just before the old file was replaced has left it a second name.
+/// A restore that was killed just before the replacement has left a second name of the file.
 void RemoveSecondNames(const std::string& database) {
     const QFileInfo info(ToQt(database));
     const QStringList form{info.completeBaseName() + "-before-restore-*.db"};
@@ -53,18 +54,19 @@ void RemoveSecondNames(const std::string& database) {
             QFile::remove(old.filePath());
 }
 
-/// What is not one file by itself, or is the database that is to be replaced.
+/// Refuses a backup that is not a single file, and the database itself.
 void RefuseByFiles(const std::string& database, const std::string& copy) {
     if (!FileExists(copy))
-        throw Failure(FailureNumber::FileNotFound, "There is no file " + copy + ".");
+        throw Failure(FailureNumber::FileNotFound,
+                      "The file " + copy + " does not exist. Check the path.");
     if (!QFileInfo(ToQt(copy)).isFile())
-        Refuse(copy + " is not a file.");
+        Refuse(copy + " is not a file. Give the path of a backup.");
     if (IsSameFile(copy, database))
-        Refuse(copy + " is the database that is to be replaced. Please name a copy of it.");
+        Refuse(copy + " is the database itself. Give the path of a backup.");
     for (const char* ending : {"-wal", "-journal"})
         if (QFileInfo(ToQt(copy + ending)).size() > 0)
             Refuse("The file " + copy + " has a journal, " + copy + ending +
-                   ", with changes that are not in the file. Please use a copy that has none.");
+                   ", with changes that are not in the file. Use a copy without a journal.");
 }
 
 void CopyBytes(const std::string& from, const std::string& to, LongWork& work) {
@@ -82,15 +84,11 @@ void CopyBytes(const std::string& from, const std::string& to, LongWork& work) {
         if (target.write(bytes) != bytes.size() || !target.flush())
             FailToCopy(target);
         if (!work.Advance(step))
-            throw BrokenOff();
+            throw Cancelled();
     }
 }
 
-std::string FolderOf(const std::string& file) {
-    return FromQt(QFileInfo(ToQt(file)).path());
-}
-
-/// "Account1-before-restore-20261122-104149.db", a second later where there is one.
+/// "Account1-before-restore-20261122-104149.db", or the next second that is free.
 std::string NameOfOld(const std::string& database) {
     const QFileInfo info(ToQt(database));
     const std::string base =
@@ -107,14 +105,14 @@ Restoration::Restoration(std::string database, const std::string& copy, LongWork
     : database_(std::move(database)), lock_(database_), checked_(database_ + ".restore") {
     RefuseByFiles(database_, copy);
     RemoveSecondNames(database_);
-    { const HeldDatabase inTime(database_); }
+    { const HeldDatabase isNotInUse(database_); }
     try {
         QFile::remove(ToQt(checked_));
         MakePrivateFile(checked_);
         CopyBytes(copy, checked_, work);
-        contents_ = LookThrough(checked_, copy, work);
+        contents_ = CheckDatabase(checked_, copy, work);
         RefuseForeign(checked_, contents_, copy);
-        BringToDisk(checked_);
+        FlushToDisk(checked_);
     } catch (...) {
         QFile::remove(ToQt(checked_));
         throw;
@@ -127,7 +125,8 @@ Restoration::~Restoration() {
 
 std::string Restoration::PutInPlace() {
     HeldDatabase present(database_);
-    TakeRightsOf(present.Exists() ? database_ : FolderOf(database_), checked_);
+    const std::string folder = FromQt(QFileInfo(ToQt(database_)).path());
+    CopyPermissions(present.Exists() ? database_ : folder, checked_);
     const std::string old = NameOfOld(database_);
     present.ReplaceBy(checked_, old);
     return present.Exists() ? old : std::string();

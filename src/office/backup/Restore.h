@@ -7,14 +7,14 @@
 
 namespace Quillane::Office {
 
-/// Puts a copy in the place of an embedded database. Making one checks all of the copy, and changes
-/// nothing; `PutInPlace` does it. Killed at any moment, or without power, the station's database is
-/// the old one or the copy, whole.
+/// Replaces an embedded database by a backup. The constructor checks the backup completely and
+/// changes nothing; `PutInPlace` replaces the database. If the process is killed or the power
+/// fails, the database is either the old one or the backup, complete.
 class Restoration {
 public:
-    /// Fails, with what to do, where the copy is no database of a station, newer than this program,
-    /// damaged or not complete, and where a station or an office has the database open. Throws
-    /// `BrokenOff` where the work is broken off.
+    /// Errors: a failure that says what to do if the backup is not a station database, is newer
+    /// than this program, damaged or incomplete, or if a station or an office has the database
+    /// open. Throws `Cancelled`.
     Restoration(std::string database, const std::string& copy, LongWork& work);
     ~Restoration();
     Restoration(const Restoration&) = delete;
@@ -22,14 +22,14 @@ public:
 
     const Contents& OfCopy() const { return contents_; }
 
-    /// Gives the file that the database of before is kept in; restoring that one undoes it. Empty
-    /// where there was none. Fails where the database has been opened meanwhile.
+    /// Returns the file that now contains the previous database; restoring it undoes this. Empty if
+    /// there was none. Errors: 75 if somebody has opened the database since the constructor ran.
     std::string PutInPlace();
 
 private:
     std::string database_;
     WorkLock lock_;
-    std::string checked_; ///< the copy of the copy, next to the database
+    std::string checked_; ///< a copy of the backup in the folder of the database
     Contents contents_;
 };
 

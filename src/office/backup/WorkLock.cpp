@@ -13,18 +13,18 @@ void MakeLockFile(const std::string& file, const std::string& database) {
     if (FileExists(file))
         return;
     MakePrivateFile(file);
-    TakeRightsOf(database, file);
+    CopyPermissions(database, file);
 }
 
 [[noreturn]] void FailUnderWay(const std::string& database) {
     throw Failure(FailureNumber::PathAccess,
                   "Another backup or restore of " + database +
-                      " is under way. Please wait until it has ended, and try again.");
+                      " is running. Wait until it has ended, then try again.");
 }
 
 } // namespace
 
-// The engine's own locks are those of the system, on every system. Nothing is ever written.
+// SQLite uses the file locks of each operating system. Nothing is ever written to the file.
 WorkLock::WorkLock(const std::string& database) {
     const std::string file = database + ".lock";
     constexpr int primary = 0xFF;
@@ -38,7 +38,7 @@ WorkLock::WorkLock(const std::string& database) {
             FailUnderWay(database);
         throw Failure(FailureNumber::PathAccess,
                       "The file " + file + " cannot be used (" + failure.Description() +
-                          "). Please check this user's rights in the folder.");
+                          "). Check the rights of this user in the folder.");
     }
 }
 

@@ -7,12 +7,12 @@
 
 namespace Quillane::Office {
 
-/// Held by whoever makes or restores a backup of a database: one at a time. It is a lock of the
-/// system on the empty file "Account1.db.lock" next to the database, and ends with its process,
-/// however that ends.
+/// Prevents two backups or restores of one database at the same time. It is a lock of the operating
+/// system on the empty file "Account1.db.lock" next to the database, and is released when its
+/// process ends, however it ends.
 class WorkLock {
 public:
-    /// Fails where another process holds it, or the file cannot be made.
+    /// Errors: 75 if another process has the lock, or if the file cannot be created.
     explicit WorkLock(const std::string& database);
 
 private:

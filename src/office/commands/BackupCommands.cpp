@@ -19,9 +19,9 @@ std::string Described(const Contents& contents) {
            (contents.lastArrival.empty() ? "" : ", the last one " + contents.lastArrival);
 }
 
-ExitCode TellBrokenOff(Terminal& terminal) {
-    terminal.err << "Broken off. Nothing has been changed.\n";
-    return ExitCode::BrokenOff;
+ExitCode ReportCancelled(Terminal& terminal) {
+    terminal.err << "Cancelled. Nothing has been changed.\n";
+    return ExitCode::Cancelled;
 }
 
 BackupOrder OrderOf(const std::string& stationFolder, const std::string& database,
@@ -32,7 +32,7 @@ BackupOrder OrderOf(const std::string& stationFolder, const std::string& databas
             .keep = request.keep == 0 ? TheStation().BackupsKept : request.keep};
 }
 
-void TellBackup(const Backup& backup, Terminal& terminal) {
+void ReportBackup(const Backup& backup, Terminal& terminal) {
     terminal.out << "Backup " << backup.file << ": " << Described(backup.contents) << ".\n";
     for (const std::string& file : backup.removed)
         terminal.out << "Removed " << file << ".\n";
@@ -41,11 +41,10 @@ void TellBackup(const Backup& backup, Terminal& terminal) {
 }
 
 bool IsConfirmed(const Restoration& restoration, const Request& request, Terminal& terminal) {
-    terminal.out << "The copy " << request.file << " is sound: " << Described(restoration.OfCopy())
-                 << ".\n"
+    terminal.out << "The backup " << request.file
+                 << " is valid: " << Described(restoration.OfCopy()) << ".\n"
                  << std::flush;
-    return request.isConfirmed ||
-           terminal.confirm("Put it in the place of the station's database?");
+    return request.isConfirmed || terminal.confirm("Replace the database of the station by it?");
 }
 
 } // namespace
@@ -53,44 +52,44 @@ bool IsConfirmed(const Restoration& restoration, const Request& request, Termina
 ExitCode RunBackup(const std::string& stationFolder, const Request& request, Terminal& terminal) {
     const std::string database = EmbeddedDatabaseOf(stationFolder);
     if (database.empty()) {
-        terminal.out << "The database is on a database server: whoever owns it backs it up there. "
-                        "There is nothing to do on this station.\n";
+        terminal.out << "The database is on a database server. Its owner makes the backups there; "
+                        "nothing needs to be done on this station.\n";
         return ExitCode::Done;
     }
     std::optional<Backup> backup;
     terminal.runLong(
         [&](LongWork& work) { backup = BackUp(OrderOf(stationFolder, database, request), work); });
     if (!backup)
-        return TellBrokenOff(terminal);
-    TellBackup(*backup, terminal);
+        return ReportCancelled(terminal);
+    ReportBackup(*backup, terminal);
     return ExitCode::Done;
 }
 
 ExitCode RunRestore(const std::string& stationFolder, const Request& request, Terminal& terminal) {
     const std::string database = EmbeddedDatabaseOf(stationFolder);
     if (database.empty()) {
-        terminal.err << "The database is on a database server: whoever owns it restores it there. "
-                        "Nothing has been changed.\n";
+        terminal.err << "The database is on a database server. Nothing has been changed. Ask its "
+                        "owner to restore it there.\n";
         return ExitCode::Refused;
     }
     std::unique_ptr<Restoration> restoration;
     terminal.runLong([&](LongWork& work) {
         try {
             restoration = std::make_unique<Restoration>(database, request.file, work);
-        } catch (const BrokenOff&) {
-            // There is no restoration then.
+        } catch (const Cancelled&) {
+            // `restoration` is then empty.
         }
     });
     if (!restoration)
-        return TellBrokenOff(terminal);
+        return ReportCancelled(terminal);
     if (!IsConfirmed(*restoration, request, terminal)) {
-        terminal.err << "Nothing has been changed. Answer yes, or give --yes.\n";
+        terminal.err << "Nothing has been changed. Answer yes, or use --yes.\n";
         return ExitCode::NotConfirmed;
     }
     const std::string old = restoration->PutInPlace();
-    terminal.out << "The copy is now the station's database.\n";
+    terminal.out << "The database has been restored.\n";
     if (!old.empty())
-        terminal.out << "The database of before is kept in " << old << ". To undo this: "
+        terminal.out << "The previous database is kept in " << old << ". To undo this: "
                      << "quillane-office --restore " << old << "\n";
     return ExitCode::Done;
 }

@@ -6,8 +6,8 @@
 
 namespace Quillane::Office {
 
-// The commands that work on the file of an embedded database, which they open themselves. Failures
-// are thrown. For a database on a server the backup says who makes it there, and is done.
+// The commands that open the file of an embedded database themselves. Failures are thrown. If the
+// database is on a server, RunBackup prints a message and succeeds.
 
 ExitCode RunBackup(const std::string& stationFolder, const Request& request, Terminal& terminal);
 ExitCode RunRestore(const std::string& stationFolder, const Request& request, Terminal& terminal);

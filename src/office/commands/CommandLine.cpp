@@ -17,59 +17,60 @@ The office of a flour mill's weighbridge: its lists, its users and its backups.
 Without a command the window opens.
 
 Commands:
-  --import TABLE FILE    compare a CSV file with a list, and write it after a yes
+  --import TABLE FILE    compare a CSV file with a list, and write it if confirmed
   --export TABLE FILE    write a list as a CSV file
   --day-book FROM TO     write the arrivals of these days to the file that --csv or
                          --xlsx names
   --add-user NAME        add a user of the stations; the password is asked for
   --reset-password NAME  give a user a new password, which is asked for
-  --register-driver PLACE
+  --register-driver SCOPE
                          register the driver of SQL Server, of the package tdsodbc;
-                         PLACE is system (for all users) or user (for this one)
-  --backup [FOLDER]      make a backup of the station's database, also while it works;
-                         without FOLDER where [Backup] in Station.ini says
-  --restore FILE         put a backup in the place of the database, after a yes
+                         SCOPE is system (for all users) or user (for this one)
+  --backup [FOLDER]      make a backup of the station's database, also while stations
+                         run; without FOLDER in the folder set in Station.ini
+  --restore FILE         replace the database by a backup, if confirmed
   --move-to-server SERVER
-                         move the station's database to a SQL Server, after a yes
-  -h, --help             write this text and end
-  -v, --version          write the version and end
+                         move the station's database to a SQL Server, if confirmed
+  -h, --help             print this text and exit
+  -v, --version          print the version and exit
 
 Days: 2026-11-20, 20/11/2026, today, yesterday
 Tables: cities, parties, commodities, bag-classes, bag-types
 
 Options:
-  --station FOLDER       the folder of the station, where Config.ini lies; found as
-                         by the station itself where it is not given
+  --station FOLDER       the folder with Config.ini; without it the same folder that
+                         the station uses
   --yes                  with --import, --restore and --move-to-server: write without
                          asking
-  --skip-faulty          with --import: write the sound lines, leave the faulty ones
+  --skip-faulty          with --import: skip faulty lines, write the others
   --csv FILE             with --day-book: a CSV file
   --xlsx FILE            with --day-book: a workbook, with the sums on further sheets
-  --sums BY              with --csv: the sums by day, party or commodity in place of
+  --sums BY              with --csv: the sums by day, party or commodity instead of
                          the arrivals
-  --party ACCOUNT        with --day-book: of one party
-  --commodity ID         with --day-book: of one commodity
-  --vehicle TEXT         with --day-book: of vehicles whose number holds the text
-  --inside               with --day-book: trucks alone that have no tare yet
+  --party ACCOUNT        with --day-book: only this party
+  --commodity ID         with --day-book: only this commodity
+  --vehicle TEXT         with --day-book: only vehicle numbers that contain the text
+  --inside               with --day-book: only trucks without a tare
   --keep N               with --backup: remove the oldest backups beyond N; without it
-                         as [Backup] in Station.ini says, or none
+                         the number in Station.ini, or none
   --level N              with --add-user: 1 full rights, 2 restricted (the default)
-  --user NAME            with --move-to-server: as whom the station signs in there,
-                         whose password is asked for
-  --database NAME        with --move-to-server: the database there, which must exist;
-                         without it, of the same name as here
-  --port N               with --move-to-server: without it 1433
+  --user NAME            with --move-to-server: the login of the station; its password
+                         is asked for
+  --database NAME        with --move-to-server: the existing database on the server;
+                         without it the one with the same name as here
+  --port N               with --move-to-server: the port; without it 1433
   --options TEXT         with --move-to-server: further attributes for the driver, such
                          as Encryption=require
-  --sign-in NAME         sign in to the database server as NAME, whose password is
-                         asked for first, in place of the sign-in in Config.ini
+  --sign-in NAME         use the login NAME on the database server instead of the one
+                         in Config.ini; its password is asked for first
 
-FILE may be - for the standard input or output. Passwords are read from the
-terminal, or a line each from the standard input; never from an argument.
+FILE can be - for the standard input or output. Passwords are read from the
+terminal, otherwise from lines of the standard input; never from an argument.
 
-Exit codes: 0 done; 1 a failure of the database or of a file; 2 wrong arguments;
-3 refused, nothing is written: faulty lines, a rule of users, or a server that
-cannot be used; 4 not confirmed, nothing is written; 5 broken off, nothing is written.
+Exit codes: 0 done; 1 an error of the database or of a file; 2 wrong arguments;
+3 refused, nothing was written: faulty lines, a rule for users, or a server that
+cannot be used; 4 not confirmed, nothing was written; 5 cancelled, nothing was
+written.
 )";
 
 QString ToQString(const std::string& text) {
@@ -133,7 +134,7 @@ public:
             ReadDayBook();
         else
             ReadFile();
-        RefuseLonelyOptions();
+        RefuseUnusedOptions();
         return request_;
     }
 
@@ -161,9 +162,9 @@ private:
         Take("day-book", Request::Act::DayBook, nullptr);
         Take("add-user", Request::Act::AddUser, &Request::user);
         Take("reset-password", Request::Act::ResetPassword, &Request::user);
-        Take("register-driver", Request::Act::RegisterDriver, &Request::place);
-        if (request_.act == Request::Act::RegisterDriver && !IsDriverPlace(request_.place))
-            Refuse("A driver is registered for the \"system\" or for the \"user\".");
+        Take("register-driver", Request::Act::RegisterDriver, &Request::driverFor);
+        if (request_.act == Request::Act::RegisterDriver && !IsDriverScope(request_.driverFor))
+            Refuse("The option --register-driver needs \"system\" or \"user\".");
         Take("backup", Request::Act::Backup, nullptr);
         Take("restore", Request::Act::Restore, &Request::file);
         Take("move-to-server", Request::Act::Move, nullptr);
@@ -204,7 +205,7 @@ private:
     Date DayOf(const QString& text) {
         const std::optional<Date> day = ReadDay(text.toStdString());
         if (!day)
-            Refuse("\"" + text.toStdString() + "\" is no day. Write it as 2026-11-20.");
+            Refuse("\"" + text.toStdString() + "\" is not a date. Write it as 2026-11-20.");
         return day.value_or(Today());
     }
 
@@ -224,9 +225,9 @@ private:
             return;
         request_.dayBook.sums = SumsNamed(Value("sums"));
         if (!request_.dayBook.sums)
-            Refuse("Sums are by day, party or commodity.");
+            Refuse("The option --sums needs day, party or commodity.");
         if (request_.dayBook.isWorkbook)
-            Refuse("--sums belongs to --csv: a workbook has all sums.");
+            Refuse("--sums can only be used with --csv. A workbook contains all sums.");
     }
 
     void ReadDayBook() {
@@ -239,7 +240,7 @@ private:
         request_.dayBook.isWorkbook = parser_.isSet("xlsx");
         request_.file = Value(request_.dayBook.isWorkbook ? "xlsx" : "csv");
         if (parser_.isSet("xlsx") == parser_.isSet("csv") || request_.file.empty())
-            Refuse("A day book needs one file, by --csv or --xlsx.");
+            Refuse("A day book needs one file, with --csv or --xlsx.");
         if (request_.dayBook.isWorkbook && request_.file == "-")
             Refuse("A workbook needs a file with a name.");
         ReadSums();
@@ -247,25 +248,25 @@ private:
 
     void ReadFolder(const QStringList& rest) {
         if (rest.size() > 1)
-            Refuse("A backup goes into one folder.");
+            Refuse("The option --backup takes at most one folder.");
         else if (!rest.isEmpty())
             request_.folder = rest.first().toStdString();
     }
 
-    void RefuseLonelyOptions() {
+    void RefuseUnusedOptions() {
         const bool isImport = request_.act == Request::Act::Import;
         if (!isImport && request_.skipsFaulty)
-            Refuse("--skip-faulty belongs to --import.");
+            Refuse("--skip-faulty can only be used with --import.");
         const bool asks =
             isImport || request_.act == Request::Act::Restore || request_.act == Request::Act::Move;
         if (!asks && request_.isConfirmed)
-            Refuse("--yes belongs to --import, --restore and --move-to-server.");
+            Refuse("--yes can only be used with --import, --restore and --move-to-server.");
         if (parser_.isSet("keep") && request_.act != Request::Act::Backup)
-            Refuse("--keep belongs to --backup.");
+            Refuse("--keep can only be used with --backup.");
         if (parser_.isSet("keep") && request_.keep < 1)
-            Refuse("The option --keep needs a number from 1 on.");
+            Refuse("The option --keep needs a number of at least 1.");
         if (request_.act != Request::Act::AddUser && parser_.isSet("level"))
-            Refuse("--level belongs to --add-user.");
+            Refuse("--level can only be used with --add-user.");
         RefuseUnless(Request::Act::DayBook, "--day-book",
                      {"csv", "xlsx", "sums", "party", "commodity", "vehicle", "inside"});
         RefuseUnless(Request::Act::Move, "--move-to-server",
@@ -276,7 +277,7 @@ private:
                       std::initializer_list<const char*> options) {
         for (const char* option : options)
             if (request_.act != act && parser_.isSet(option))
-                Refuse("--" + std::string(option) + " belongs to " + command + ".");
+                Refuse("--" + std::string(option) + " can only be used with " + command + ".");
     }
 
     QCommandLineParser parser_;

@@ -9,23 +9,23 @@
 
 namespace Quillane::Office {
 
-/// The day book that is asked for. Its file is the request's.
+/// The arguments of --day-book; the file is a member of Request.
 struct DayBookRequest {
     ArrivalFilter filter{};
-    std::optional<SumsBy> sums{}; ///< in place of the arrivals
+    std::optional<SumsBy> sums{}; ///< instead of the arrivals
     bool isWorkbook = false;      ///< --xlsx; else --csv
 };
 
-/// The server that a station is moved to; texts that are not given are empty.
+/// The arguments of --move-to-server; texts that are not given are empty.
 struct MoveRequest {
     std::string server{};
     std::string port{};
     std::string database{};
-    std::string user{}; ///< the station's sign-in
+    std::string user{}; ///< the login of the station
     std::string options{};
 };
 
-/// What the command line asks of the office.
+/// The parsed command line.
 struct Request {
     enum class Act {
         Window,
@@ -43,23 +43,23 @@ struct Request {
     };
 
     Act act = Act::Window;    ///< without a command the window opens
-    std::string table{};      ///< of an import or export, as it was typed
-    std::string file{};       ///< that is read or written; "-" is the terminal
-    std::string user{};       ///< who is added or gets a new password
-    std::string place{};      ///< of a driver: "system" or "user"
-    std::int32_t level = 2;   ///< of a new user
-    DayBookRequest dayBook{}; ///< of a day book
-    MoveRequest move{};       ///< of a move to a server
-    std::string folder{};     ///< of a backup; empty: as Station.ini says
-    int keep = 0;             ///< backups that stay; 0: as Station.ini says
+    std::string table{};      ///< for import and export, as typed
+    std::string file{};       ///< to read or write; "-" is standard input or output
+    std::string user{};       ///< the user to add, or whose password is replaced
+    std::string driverFor{};  ///< for RegisterDriver: "system" or "user"
+    std::int32_t level = 2;   ///< for AddUser
+    DayBookRequest dayBook{}; ///< for DayBook
+    MoveRequest move{};       ///< for Move
+    std::string folder{};     ///< for Backup; empty: from Station.ini
+    int keep = 0;             ///< number of backups to keep; 0: from Station.ini
     bool isConfirmed = false; ///< --yes
     bool skipsFaulty = false; ///< --skip-faulty
-    std::string station{};    ///< the folder of the station; empty: it is looked for
-    std::string signIn{};     ///< of the database server, in place of the one in Config.ini
-    std::string fault{};      ///< what is wrong with the arguments; empty: nothing
+    std::string station{};    ///< the station folder; empty: the default
+    std::string signIn{};     ///< login for the database server; empty: from Config.ini
+    std::string fault{};      ///< an error in the arguments; empty: none
 };
 
-/// Reads the arguments, the program's name being the first.
+/// Parses the arguments. The first one is the name of the program.
 Request ReadArguments(const std::vector<std::string>& arguments);
 
 /// The text of --help.

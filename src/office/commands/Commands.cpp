@@ -22,13 +22,14 @@ std::string ReadInput(const std::string& file, Terminal& terminal) {
     if (file == "-")
         return {std::istreambuf_iterator<char>(terminal.in), {}};
     if (!QFile::exists(QString::fromStdString(file)))
-        throw Failure(FailureNumber::FileNotFound, "There is no file " + file + ".");
+        throw Failure(FailureNumber::FileNotFound,
+                      "The file " + file + " does not exist. Check the path.");
     return ReadWholeFile(file);
 }
 
-void TellPlan(const ImportPlan& plan, Terminal& terminal) {
+void ReportPlan(const ImportPlan& plan, Terminal& terminal) {
     for (const std::string& column : plan.unreadColumns)
-        terminal.err << "The column \"" << column << "\" is not read.\n";
+        terminal.err << "The column \"" << column << "\" is unknown and ignored.\n";
     for (const ImportLine& line : plan.lines)
         if (!line.text.empty())
             terminal.err << "Line " << line.line
@@ -60,16 +61,16 @@ ExitCode Import(Connection& connection, const Request& request, Terminal& termin
         terminal.err << plan.fault << "\n";
         return ExitCode::Refused;
     }
-    TellPlan(plan, terminal);
+    ReportPlan(plan, terminal);
     if (plan.Count(Kind::Faulty) > 0 && !request.skipsFaulty) {
-        terminal.err << "Nothing is written. Correct the faulty lines, or leave them out with "
+        terminal.err << "Nothing has been written. Correct the faulty lines, or skip them with "
                         "--skip-faulty.\n";
         return ExitCode::Refused;
     }
     if (plan.Count(Kind::New) + plan.Count(Kind::Changed) == 0)
         return ExitCode::Done;
     if (!request.isConfirmed && !terminal.confirm("Write this?")) {
-        terminal.err << "Nothing is written. Answer yes, or give --yes.\n";
+        terminal.err << "Nothing has been written. Answer yes, or use --yes.\n";
         return ExitCode::NotConfirmed;
     }
     return WritePlan(connection, plan, terminal);
@@ -93,7 +94,7 @@ ExitCode SetPasswordBy(const std::string& user, Terminal& terminal,
     terminal.err << PasswordRule() << "\n";
     const std::string password = terminal.password("Password of " + user + ": ");
     if (terminal.password("The same again: ") != password) {
-        terminal.err << "The two passwords differ. Nothing is written; please try again.\n";
+        terminal.err << "The two passwords differ. Nothing has been written. Try again.\n";
         return ExitCode::Refused;
     }
     if (const std::string why = write(password); !why.empty()) {
@@ -108,7 +109,7 @@ ExitCode AddUserOf(Connection& connection, const Request& request, Terminal& ter
         return AddUser(connection, {request.user, request.level}, password, terminal.hashCost);
     });
     if (code == ExitCode::Done)
-        terminal.out << "User " << request.user << " is added with level " << request.level
+        terminal.out << "User " << request.user << " has been added with level " << request.level
                      << ".\n";
     return code;
 }

@@ -20,27 +20,28 @@ enum class ExitCode {
     WrongArguments = 2,
     Refused = 3,
     NotConfirmed = 4,
-    BrokenOff = 5
+    Cancelled = 5
 };
 
 using LongTask = std::function<void(LongWork& work)>;
 
-/// What a command reads from and writes to.
+/// Input and output of a command.
 struct Terminal {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
     /// Asks for a password without showing it.
     std::function<std::string(const std::string& prompt)> password;
-    /// Asks for a yes; false also where nobody can be asked.
+    /// Asks for confirmation; false if there is no terminal.
     std::function<bool(const std::string& question)> confirm;
     HashCost hashCost = HashCost::Interactive;
-    /// Runs work that takes long, shows its progress, and breaks it off where that is asked for.
-    /// What it fails with is thrown here.
+    /// Runs a long operation, shows its progress, and cancels it on request. Rethrows its
+    /// exception.
     std::function<void(const LongTask& task)> runLong{};
 };
 
-/// The terminal of this process. Passwords are lines of the standard input where that is none.
+/// The terminal of this process. Without a terminal, passwords are read from lines of the standard
+/// input.
 Terminal ProcessTerminal();
 
 /// Runs a command on an open connection; failures are thrown.

@@ -9,15 +9,15 @@ namespace Quillane::Office {
 
 namespace {
 
-bool NeverBreakOff(const DayBook&) {
+bool NeverCancel(const DayBook&) {
     return true;
 }
 
 void WriteCsv(DayBook& book, const std::optional<SumsBy>& sums, const TextSink& sink) {
     if (sums)
-        WriteSumsCsv(book, *sums, sink, NeverBreakOff);
+        WriteSumsCsv(book, *sums, sink, NeverCancel);
     else
-        WriteArrivalsCsv(book, sink, NeverBreakOff);
+        WriteArrivalsCsv(book, sink, NeverCancel);
 }
 
 } // namespace
@@ -31,7 +31,7 @@ ExitCode WriteDayBook(Connection& connection, const Request& request, Terminal& 
         return ExitCode::Done;
     }
     if (wanted.isWorkbook)
-        WriteWorkbook(book, request.file, NeverBreakOff);
+        WriteWorkbook(book, request.file, NeverCancel);
     else
         WriteTextFile(request.file, [&](const TextSink& sink) {
             WriteCsv(book, wanted.sums, sink);

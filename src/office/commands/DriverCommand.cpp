@@ -16,15 +16,15 @@
 
 namespace Quillane::Office {
 
-bool IsDriverPlace(std::string_view place) {
-    return place == "system" || place == "user";
+bool IsDriverScope(std::string_view scope) {
+    return scope == "system" || scope == "user";
 }
 
 #ifdef _WIN32
 
 ExitCode RegisterDriver(std::string_view, Terminal&) {
     throw Failure(FailureNumber::InvalidCall,
-                  "The driver \"SQL Server\" belongs to Windows: there is nothing to register.");
+                  "The driver \"SQL Server\" is part of Windows. Nothing needs to be registered.");
 }
 
 #else
@@ -39,20 +39,21 @@ std::string Variable(const char* name, const std::string& otherwise) {
     return value && *value ? value : otherwise;
 }
 
-/// As the driver manager finds it.
+/// The file that the driver manager reads.
 std::filesystem::path DriverFile(bool isForSystem) {
     if (isForSystem)
         return std::filesystem::path(Variable("ODBCSYSINI", "/etc")) /
                Variable("ODBCINSTINI", "odbcinst.ini");
     const std::string home = Variable("HOME", "");
     if (home.empty())
-        throw Failure(FailureNumber::PathAccess,
-                      "The variable HOME names no folder. Please run the command in the session of "
-                      "the user who is to have the driver.");
+        throw Failure(
+            FailureNumber::PathAccess,
+            "The environment variable HOME is not set. Run the command in a session of the "
+            "user who needs the driver.");
     return std::filesystem::path(home) / ".odbcinst.ini";
 }
 
-/// Looked for where the driver manager is installed.
+/// Searches the folder of the driver manager.
 bool LibraryIsInstalled() {
     Dl_info manager{};
     if (::dladdr(reinterpret_cast<const void*>(&SQLGetPrivateProfileString), &manager) == 0)
@@ -63,28 +64,28 @@ bool LibraryIsInstalled() {
 }
 
 void WriteDriver(const std::string& file, const std::string& text) {
-    const std::string described = WithStationEntry(
-        text, driverName, "Description", "FreeTDS under the name that the station looks for");
+    const std::string described = WithStationEntry(text, driverName, "Description",
+                                                   "FreeTDS under the name that the station uses");
     try {
         WriteWholeFile(file, WithStationEntry(described, driverName, "Driver", library));
     } catch (const Failure& failure) {
         throw Failure(
             failure.Number(),
             failure.Description() +
-                ". Please run the command with the right to change this file, or register "
-                "the driver for one user: --register-driver user");
+                ". Run the command with the right to change this file, or register the driver for "
+                "one user: --register-driver user");
     }
 }
 
 } // namespace
 
-ExitCode RegisterDriver(std::string_view place, Terminal& terminal) {
-    const bool isForSystem = place == "system";
+ExitCode RegisterDriver(std::string_view scope, Terminal& terminal) {
+    const bool isForSystem = scope == "system";
     const std::string file = DriverFile(isForSystem).string();
     const std::string text = ReadWholeFile(file);
     if (const std::string found = StationEntry(text, driverName, "Driver"); !found.empty()) {
         terminal.out << "The driver \"" << driverName << "\" is already registered in " << file
-                     << " with the library " << found << ". Nothing is changed.\n";
+                     << " with the library " << found << ". Nothing has been changed.\n";
         return ExitCode::Done;
     }
     WriteDriver(file, text);
@@ -92,8 +93,7 @@ ExitCode RegisterDriver(std::string_view place, Terminal& terminal) {
                  << (isForSystem ? "for all users" : "for this user") << " in " << file
                  << " with the library " << library << ".\n";
     if (!LibraryIsInstalled())
-        terminal.err
-            << "This library is not on the computer. Please install the package tdsodbc.\n";
+        terminal.err << "This library is not installed. Install the package tdsodbc.\n";
     return ExitCode::Done;
 }
 

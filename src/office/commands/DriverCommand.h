@@ -4,12 +4,12 @@
 
 namespace Quillane::Office {
 
-/// Whether a text names a place where a driver can be registered: "system" or "user".
-bool IsDriverPlace(std::string_view place);
+/// True for "system" and "user", the two scopes of a registration.
+bool IsDriverScope(std::string_view scope);
 
-/// Registers FreeTDS with the ODBC driver manager under the name that the station looks for: for
-/// all users of the computer, or for this user alone. A driver that is registered under the name
-/// stays. Fails (75) where the file of the place cannot be read or written.
-ExitCode RegisterDriver(std::string_view place, Terminal& terminal);
+/// Registers FreeTDS with the ODBC driver manager under the name that the station uses: for all
+/// users of the computer, or only for this user. A driver that is already registered under this
+/// name is kept. Errors: 75 if the registration file cannot be read or written.
+ExitCode RegisterDriver(std::string_view scope, Terminal& terminal);
 
 } // namespace Quillane::Office

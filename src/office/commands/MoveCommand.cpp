@@ -108,7 +108,7 @@ ExitCode TryOutAndMove(const MoveOrder& order, const Request& request, Terminal&
         return TellMoved(*moved, order, terminal);
     terminal.err << "Cancelled. The station works on its database on this computer as before. The "
                     "next move begins again.\n";
-    return ExitCode::BrokenOff;
+    return ExitCode::Cancelled;
 }
 
 } // namespace

@@ -26,7 +26,7 @@ bool IsTyped() {
 #endif
 }
 
-/// Keeps the terminal from showing what is typed, for as long as it lives.
+/// Turns off the echo of the terminal during its lifetime.
 class HiddenTyping {
 public:
 #ifndef _WIN32
@@ -51,7 +51,7 @@ std::string ReadLine() {
     std::string line;
     if (!std::getline(std::cin, line))
         throw Failure(FailureNumber::InputPastEnd,
-                      "The standard input ended before the password. Please give it a line.");
+                      "The standard input contains no password. Pass it as a line.");
     if (line.ends_with('\r'))
         line.pop_back();
     return line;
@@ -76,24 +76,24 @@ bool Confirm(const std::string& question) {
     return answer == "y" || answer == "Y" || answer == "yes";
 }
 
-LongWork* workThatRuns = nullptr;
+LongWork* runningWork = nullptr;
 
-void BreakOffWork(int) {
-    workThatRuns->BreakOff();
+void CancelWork(int) {
+    runningWork->Cancel();
 }
 
-/// Ctrl+C and the system's end of the session break the work off, for as long as this lives.
+/// Ctrl+C and a termination signal cancel the operation during the lifetime of this object.
 class Signals {
 public:
     explicit Signals(LongWork& work) {
-        workThatRuns = &work;
+        runningWork = &work;
         for (std::size_t i = 0; i < numbers.size(); ++i)
-            before_[i] = std::signal(numbers[i], BreakOffWork);
+            before_[i] = std::signal(numbers[i], CancelWork);
     }
     ~Signals() {
         for (std::size_t i = 0; i < numbers.size(); ++i)
             std::signal(numbers[i], before_[i]);
-        workThatRuns = nullptr;
+        runningWork = nullptr;
     }
     Signals(const Signals&) = delete;
     Signals& operator=(const Signals&) = delete;
@@ -111,7 +111,7 @@ bool IsShown() {
 #endif
 }
 
-/// Writes over its line; the blanks cover a longer one of before.
+/// Overwrites its line. The blanks cover the rest of a longer previous text.
 void ShowProgress(const LongWork& work) {
     std::cerr << "\r" << work.Step();
     if (work.Parts() > 0)
@@ -122,7 +122,7 @@ void ShowProgress(const LongWork& work) {
 void RunLong(const LongTask& task) {
     constexpr std::chrono::milliseconds betweenLooks{200};
     LongWork work;
-    const Signals breakingOff(work);
+    const Signals cancelling(work);
     std::future<void> end = std::async(std::launch::async, [&] { task(work); });
     bool hasShown = false;
     while (IsShown() && end.wait_for(betweenLooks) != std::future_status::ready) {

@@ -23,7 +23,8 @@ namespace {
 
 constexpr int connectionTimeoutSeconds = 120;
 
-/// Up to the semicolon that ends the first attribute; one in braces may hold semicolons.
+/// The length of the first attribute, without its semicolon. A value in braces may contain
+/// semicolons.
 std::size_t EndOfAttribute(std::string_view text) {
     const std::size_t equals = text.find('=');
     const bool inBraces =
@@ -79,10 +80,11 @@ void OpenStationDatabase(Connection& connection, const std::string& folder,
                          const ServerSignIn& signIn) {
     const std::string config = folder + "/Config.ini";
     if (!FileExists(config))
-        throw Failure(FailureNumber::FileNotFound,
-                      "There is no " + config +
-                          ". Please start the station first, which sets the "
-                          "database up, or name its folder by --station.");
+        throw Failure(
+            FailureNumber::FileNotFound,
+            "There is no " + config +
+                ". Start the station first to set up its database, or name another folder "
+                "with --station.");
     connection.SetEmbeddedSupport(
         {.folder = folder, .registerFunctions = RegisterEmbeddedFunctions});
     connection.ConnectionTimeout = connectionTimeoutSeconds;

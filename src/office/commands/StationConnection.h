@@ -9,23 +9,22 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// Whoever signs in to the database server in place of the sign-in in `Config.ini`.
+/// A login for the database server that replaces the one in `Config.ini`.
 struct ServerSignIn {
-    std::string name{}; ///< empty: as Config.ini says
+    std::string name{}; ///< empty: the login in Config.ini
     std::string password{};
 };
 
-/// Opens the database that `Config.ini` in the station's folder names. Fails where the station has
-/// not been set up, and where the database's schema is not the one of this program: a start of the
-/// station brings an older one up to date.
+/// Opens the database of `Config.ini` in the station folder. Errors: a failure if the station has
+/// not been set up, or if the schema number of the database is not that of this program.
 void OpenStationDatabase(Connection& connection, const std::string& folder,
                          const ServerSignIn& signIn);
 
-/// The file of the database that `Config.ini` names, which may be missing; empty where the database
-/// is on a server. A station that has not been set up will look for its first one there.
+/// Returns the file of the embedded database in `Config.ini`, which may not exist; empty if the
+/// database is on a server. Without a `Config.ini` it is the default file of the set-up.
 std::string EmbeddedDatabaseOf(const std::string& folder);
 
-/// A connection string's part without the attributes of a sign-in.
+/// Removes the attributes of a login from a part of a connection string.
 std::string WithoutSignIn(std::string_view fragment);
 
 } // namespace Quillane::Office

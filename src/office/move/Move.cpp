@@ -65,8 +65,8 @@ public:
         try {
             MakePrivateFile(path_);
             CopyFrom(reader, work);
-            BringToDisk(path_);
-            TakeRightsOf(FromQt(reader.fileName()), path_);
+            FlushToDisk(path_);
+            CopyPermissions(FromQt(reader.fileName()), path_);
         } catch (...) {
             Remove();
             throw;
@@ -95,7 +95,7 @@ private:
             if (target.write(bytes) != bytes.size() || !target.flush())
                 FailOnSecondFile(target);
             if (!work.Advance(step))
-                throw BrokenOff();
+                throw Cancelled();
         }
     }
     void Remove() const {
@@ -124,7 +124,7 @@ std::string KeepConfig(const std::string& folder) {
         time += std::chrono::seconds(1);
     const std::string kept = base + TimeInName(time) + ".ini";
     WriteWholeFile(kept, ReadWholeFile(config), FileReaders::OwnerAndGroup);
-    TakeRightsOf(config, kept);
+    CopyPermissions(config, kept);
     fs::permissions(PathOf(kept), fs::perms::others_all, fs::perm_options::remove);
     return kept;
 }
@@ -143,8 +143,8 @@ public:
         SecondFile second(reader_, work_);
         FillTarget(server, target);
         server.makeReady(work_);
-        if (work_.IsBrokenOff())
-            throw BrokenOff();
+        if (work_.IsCancelled())
+            throw Cancelled();
         target.EndMove();
         MovedStation moved = Described();
         moved.configKept = PointStation(server);
@@ -183,7 +183,7 @@ private:
             throw;
         }
         // Whoever runs this may not be who runs the station.
-        TakeRightsOf(kept, folder_ + "/Config.ini");
+        CopyPermissions(kept, folder_ + "/Config.ini");
         return kept;
     }
 
@@ -216,7 +216,7 @@ std::optional<MovedStation> Move(const std::string& stationFolder, const std::st
                                  LongWork& work) {
     try {
         return MoveOfStation(stationFolder, database, work).Run(connect);
-    } catch (const BrokenOff&) {
+    } catch (const Cancelled&) {
         return std::nullopt;
     } catch (const MoveRefused&) {
         throw;

@@ -20,7 +20,7 @@ struct MoveServer {
     std::unique_ptr<Connection> connection;
     MoveDialect dialect;
     std::set<std::string> filledBySchema{}; ///< tables in which making the schema stores rows
-    /// Makes what is missing of the schema. Throws `BrokenOff` where the work is cancelled.
+    /// Makes what is missing of the schema. Throws `Cancelled` where the work is cancelled.
     std::function<void(LongWork& work)> makeSchema{};
     /// Last, with all rows there: rights, and a try-out of the station's sign-in.
     std::function<void(LongWork& work)> makeReady{};

@@ -29,7 +29,7 @@ void ForEachTable(const SourceDatabase& source, const std::string& what, LongWor
         const ReportRows report = [&](long rows) {
             done += rows;
             if (!work.Advance(static_cast<int>(done)))
-                throw BrokenOff();
+                throw Cancelled();
         };
         report(0);
         act(i, report);
@@ -43,13 +43,13 @@ Digest DigestOnServer(const SourceTable& table, TargetDatabase& target, const Re
         digest.Add(block);
         try {
             report(block.RowCount());
-        } catch (const BrokenOff&) {
+        } catch (const Cancelled&) {
             isCancelled = true;
         }
         return !isCancelled;
     });
     if (isCancelled)
-        throw BrokenOff();
+        throw Cancelled();
     return digest;
 }
 
@@ -173,8 +173,8 @@ void CheckTables(const SourceDatabase& source, TargetDatabase& target) {
 Digests CopyRows(const SourceDatabase& source, TargetDatabase& target, LongWork& work) {
     work.Begin("Emptying the server's tables");
     for (const SourceTable& table : std::views::reverse(source.Tables())) {
-        if (work.IsBrokenOff())
-            throw BrokenOff();
+        if (work.IsCancelled())
+            throw Cancelled();
         target.Clear(table.name);
     }
     Digests digests(source.Tables().size());

@@ -30,7 +30,7 @@ enum class TargetState {
 
 /// `mark` is what an unfinished move of this database is known by there. Rows of the tables in
 /// `filledBySchema` are replaced by a move. Fails (`MoveRefused`) where there are other rows than
-/// ours, or the unfinished move of another database. Throws `BrokenOff` where the work is
+/// ours, or the unfinished move of another database. Throws `Cancelled` where the work is
 /// cancelled.
 TargetState LookAtTarget(const SourceDatabase& source, TargetDatabase& target,
                          const std::string& mark, const std::set<std::string>& filledBySchema,
@@ -43,11 +43,11 @@ void CheckTables(const SourceDatabase& source, TargetDatabase& target);
 using Digests = std::vector<Digest>;
 
 /// Empties the tables on the server and stores all rows there, in transactions of some hundred
-/// rows. Gives what has been stored. Throws `BrokenOff` where the work is cancelled.
+/// rows. Gives what has been stored. Throws `Cancelled` where the work is cancelled.
 Digests CopyRows(const SourceDatabase& source, TargetDatabase& target, LongWork& work);
 
 /// Reads all rows on the server and compares their counts, sums and checksums. Fails with the
-/// table, and with the first row that differs. Throws `BrokenOff` where the work is cancelled.
+/// table, and with the first row that differs. Throws `Cancelled` where the work is cancelled.
 void CompareRows(const SourceDatabase& source, const Digests& digests, TargetDatabase& target,
                  LongWork& work);
 

@@ -25,7 +25,7 @@ void MakeSchema(Connection& connection, LongWork& work) {
         return work.Advance(done);
     };
     if (!SetUpSqlServerDatabase(connection, NewDatabase{}, progress))
-        throw BrokenOff();
+        throw Cancelled();
 }
 
 // Where no owner signs in, the station's own sign-in is one.
@@ -33,7 +33,7 @@ void MakeReady(Connection& connection, const MoveOrder& order, LongWork& work) {
     if (!order.owner.IsGiven())
         RenewRights(connection);
     if (!PrepareSqlServerDatabase(order.place, order.owner, nullptr, work))
-        throw BrokenOff();
+        throw Cancelled();
 }
 
 // An older one is upgraded with the rest of the schema.

@@ -60,7 +60,7 @@ ExitCode Answer(const Request& request) {
     }
     if (request.act == Request::Act::RegisterDriver) {
         Terminal terminal = ProcessTerminal();
-        return RegisterDriver(request.place, terminal);
+        return RegisterDriver(request.driverFor, terminal);
     }
     return Run(request);
 }

@@ -1,6 +1,7 @@
 #include "office/records/Checks.h"
 
 #include "office/records/Texts.h"
+#include "platform/runtime/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -95,7 +96,7 @@ private:
         return before_ && Folded(row[KeyCell]) == Folded((*before_)[KeyCell]);
     }
 
-    // The station finds bag classes, bag types and commodities by their names alone.
+    // The station finds bag classes, bag types and commodities only by their names.
     void CheckNameIsFree() {
         if (after_[NameCell].empty() || !IsNewOrDiffers(NameCell))
             return;
@@ -148,10 +149,6 @@ private:
     std::vector<Finding> findings_;
 };
 
-bool IsDigits(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 /// The next number of the same length: 6010042 gives 6010043. If that number would not begin with
 /// 6, a digit is appended instead: 6999 gives 69991.
 std::string NextAccount(const std::string& account) {
@@ -175,7 +172,7 @@ std::size_t RoleOf(const Table& table, const Row& row) {
 }
 
 bool IsInBranch(const std::string& account) {
-    return IsDigits(account) && account.front() == searchedBranch;
+    return account.starts_with(searchedBranch) && std::ranges::all_of(account, IsDigit);
 }
 
 std::string HighestAccount(const std::vector<Row>& rows, std::size_t role) {

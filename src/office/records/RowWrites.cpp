@@ -115,7 +115,7 @@ WriteResult WriteWithin(Transaction& transaction, Connection& connection, const 
         for (PartRows& part : parts)
             part.Write(change);
         if (progress && !progress(++done))
-            return {WriteResult::End::BrokenOff, {}};
+            return {WriteResult::End::Cancelled, {}};
     }
     transaction.Commit();
     return {};

@@ -27,7 +27,7 @@ struct Conflict {
 };
 
 struct WriteResult {
-    enum class End { Written, Conflicts, BrokenOff };
+    enum class End { Written, Conflicts, Cancelled };
     End end = End::Written;
     Conflict conflict; ///< the first one
 };

@@ -45,7 +45,7 @@ std::string DescribeChange(const StationEntry& entry, const std::optional<std::s
            ". Nothing was written. Check the entry and try again.";
 }
 
-/// Puts the file back as it was, unless it is kept.
+/// Restores the file unless `Keep` has been called.
 class FileGuard {
 public:
     explicit FileGuard(std::string path)
@@ -59,7 +59,7 @@ public:
             else
                 QFile::remove(QString::fromStdString(path_));
         } catch (const std::exception&) {
-            // What went wrong before is on its way; the next start writes the name that is there.
+            // The first failure is being reported; the next start writes the name in the file.
         }
     }
     FileGuard(const FileGuard&) = delete;
@@ -111,7 +111,7 @@ std::string SaveCompanyName(Connection& connection, const std::string& folder,
                             const std::string& shown, const std::string& wanted) {
     if (wanted.empty())
         return "The company name is empty. Fill it in.";
-    // The station joins the name to a statement as it is.
+    // The station inserts the name into a statement unchanged.
     if (wanted.find('\'') != std::string::npos)
         return "The company name contains an apostrophe. Remove it.";
     if (HoldsControlCharacter(wanted))

@@ -19,10 +19,6 @@ bool IsAscii(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-std::string_view WithoutBlanksAtEnd(std::string_view text) {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
 // Format characters are not refused in general: right-to-left scripts need the joiners.
 bool IsUnfit(QChar character) {
     constexpr char16_t directionFirst = 0x202A;
@@ -40,7 +36,7 @@ std::string SqlText(std::string_view text) {
 }
 
 std::string Folded(std::string_view text) {
-    const std::string_view kept = WithoutBlanksAtEnd(text);
+    const std::string_view kept = text.substr(0, text.find_last_not_of(' ') + 1);
     if (!IsAscii(kept))
         return ToQString(kept).toCaseFolded().toStdString();
     std::string folded(kept);

@@ -30,7 +30,7 @@ TableRights ReadTableRights(Connection& connection, std::string_view table) {
     const Recordset answer = connection.Execute(RightsStatement(table));
     return {.mayWrite =
                 IsOne(answer.Fields(0)) && IsOne(answer.Fields(1)) && IsOne(answer.Fields(2)),
-            .madeHere = !answer.Fields(3).IsNull(),
+            .isOfStations = !answer.Fields(3).IsNull(),
             .owner = answer.Fields(4).TextOrEmpty(),
             .database = answer.Fields(5).TextOrEmpty(),
             .signIn = answer.Fields(6).TextOrEmpty()};
@@ -41,14 +41,13 @@ std::string WhyReadOnly(const TableRights& rights) {
         return {};
     const std::string mayNot =
         "The sign-in \"" + rights.signIn + "\" may read this list, but not change it. ";
-    if (rights.madeHere)
-        return mayNot + "It belongs to the stations' own tables in the database " +
-               rights.database +
-               ": please start the office with the sign-in of the database's owner, by the option "
+    if (rights.isOfStations)
+        return mayNot + "It is a table of the stations in the database " + rights.database +
+               ". Start the office with the sign-in of the database owner, by the option "
                "--sign-in.";
     const std::string owner = rights.owner.empty() ? "" : ", owner " + rights.owner;
     return mayNot + "It belongs to the accounting database " + rights.database + owner +
-           ": please change it in the program that keeps it there.";
+           ". Change it in the accounting program.";
 }
 
 std::string WhyReadOnly(Connection& connection, std::span<const std::string_view> tables) {

@@ -10,22 +10,22 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// What a server says of a table and of whoever has signed in.
+/// The rights of the current login on a table.
 struct TableRights {
-    bool mayWrite = true; ///< insert, update and delete
-    bool madeHere = true; ///< by the set-up of a station
-    std::string owner{};  ///< of the table
+    bool mayWrite = true;     ///< insert, update and delete
+    bool isOfStations = true; ///< created by the set-up of a station
+    std::string owner{};      ///< of the table
     std::string database{};
     std::string signIn{};
 };
 
-/// On the embedded database, which only opens for writing, everything may be written.
+/// Reads the rights. In the embedded database everything may be written.
 TableRights ReadTableRights(Connection& connection, std::string_view table);
 
-/// Why a list may only be read, whose it is, and what to do; empty where it may be written.
+/// Describes why a list is read-only, to whom it belongs, and what to do; empty if it is writable.
 std::string WhyReadOnly(const TableRights& rights);
 
-/// The same for a list that is kept in several tables: of the first that may not be written.
+/// The same for a list of several tables: describes the first that is not writable.
 std::string WhyReadOnly(Connection& connection, std::span<const std::string_view> tables);
 
 } // namespace Quillane::Office

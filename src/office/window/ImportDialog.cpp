@@ -42,7 +42,7 @@ QVariant ColourOf(Kind kind) {
 class WorkProgress {
 public:
     WorkProgress(const QString& what, int parts, QWidget* over)
-        : dialog_(what, "&Break off", 0, parts, over) {
+        : dialog_(what, "&Cancel", 0, parts, over) {
         dialog_.setWindowTitle("Quillane office");
         dialog_.setWindowModality(Qt::ApplicationModal);
         dialog_.setMinimumDuration(400);
@@ -222,8 +222,8 @@ void ImportDialog::Write() {
         written_ = static_cast<long>(changes.size());
         accept();
         break;
-    case WriteResult::End::BrokenOff:
-        Warn(this, "The import has been broken off. Nothing has been written.");
+    case WriteResult::End::Cancelled:
+        Warn(this, "The import was cancelled. Nothing has been written.");
         break;
     case WriteResult::End::Conflicts:
         Warn(this, DescribeConflict(*plan_.table, changes[result.conflict.change], result.conflict,

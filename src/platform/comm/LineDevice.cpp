@@ -12,7 +12,7 @@ std::string NoSuchDevice() {
 
 std::string FaultOfDevice(const std::string& device) {
 #ifdef Q_OS_WIN
-    // Its devices are no files.
+    // Devices are not files on Windows.
     return {};
 #else
     const QFileInfo file(ToQt(device));

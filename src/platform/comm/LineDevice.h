@@ -4,10 +4,10 @@
 
 namespace Quillane {
 
-/// Why a serial device cannot be opened, as far as that is seen without opening it: it is not
-/// there, or this user may not use it. Empty where nothing speaks against it.
+/// Returns why a serial device cannot be opened, without opening it: it does not exist, or this
+/// user has no permission. Empty if neither is the case.
 std::string FaultOfDevice(const std::string& device);
-/// The first of these faults.
+/// The text for a missing device.
 std::string NoSuchDevice();
 
 } // namespace Quillane

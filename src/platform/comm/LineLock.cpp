@@ -16,7 +16,7 @@ namespace Quillane {
 
 #ifdef _WIN32
 
-// The system itself keeps a device for one program.
+// Windows itself limits a device to one program.
 LineLock ReadLineLock(const std::string&) {
     return {};
 }
@@ -29,7 +29,7 @@ bool RemoveLeftLock(const LineLock&) {
 
 namespace {
 
-/// The file that the toolkit uses: in the first of its folders where the file is, or can be made.
+/// The lock file that Qt uses: in the first of its folders that contains it or is writable.
 std::string LockFile(const std::string& device) {
     std::string name = device.starts_with("/dev/") ? device.substr(5) : device;
     std::replace(name.begin(), name.end(), '/', '_');
@@ -43,8 +43,8 @@ std::string LockFile(const std::string& device) {
     return {};
 }
 
-/// An open file, locked for this process. The toolkit keeps its own file locked so for as long as
-/// it holds the device.
+/// An open file that is locked by this process if possible. Qt locks its file in the same way while
+/// it has the device open.
 class LockedFile {
 public:
     explicit LockedFile(const std::string& path)
@@ -71,7 +71,7 @@ private:
     bool isMine_;
 };
 
-/// The system cuts the names of processes at this length.
+/// The kernel truncates process names to this length.
 constexpr std::size_t lengthOfProcessName = 15;
 
 bool Runs(pid_t process, const std::string& name) {
@@ -79,12 +79,12 @@ bool Runs(pid_t process, const std::string& name) {
         return false;
     std::string found;
     std::getline(std::ifstream("/proc/" + std::to_string(process) + "/comm"), found);
-    // The number of a process that has ended is given to another one.
+    // Process numbers are reused, so the name must agree too.
     return name.empty() || found.empty() || found == name.substr(0, lengthOfProcessName);
 }
 
-/// The first line is the number of the process, as with all programs that lock devices by files;
-/// the toolkit adds the program's name.
+/// The first line of a lock file is the process number; Qt adds a second line with the name of the
+/// program.
 bool NamesRunningProcess(const std::string& file) {
     std::ifstream lock(file);
     std::string number, name;

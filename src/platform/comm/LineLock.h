@@ -4,25 +4,25 @@
 
 namespace Quillane {
 
-/// The lock file by which a program keeps a serial device for itself. It is in a folder of the
-/// whole system, where a user may as a rule delete only files of his own.
+/// The lock file of a serial device. It is in a system folder where users can usually delete only
+/// their own files.
 struct LineLock {
     enum class State {
-        None,      ///< there is none
-        InUse,     ///< of a process that runs
-        Left,      ///< of a process that has ended
-        Unreadable ///< of another user, who keeps others from reading it
+        None,      ///< no lock file
+        InUse,     ///< its process is running
+        Left,      ///< its process has ended
+        Unreadable ///< it belongs to another user, and this user may not read it
     };
 
     State state = State::None;
     std::string file{};
 };
 
-/// The lock of a device, by the path under which it is opened.
+/// Reads the lock of a device. Requires: `device` is the path under which the device is opened.
 LineLock ReadLineLock(const std::string& device);
 
-/// Deletes the lock of a process that has ended. False where it stays: this user may not delete it,
-/// or another process has just taken it.
+/// Deletes the lock of a process that has ended. Returns false if this user may not delete it, or
+/// if another process has just acquired it.
 bool RemoveLeftLock(const LineLock& lock);
 
 } // namespace Quillane

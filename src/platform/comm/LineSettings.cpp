@@ -16,7 +16,7 @@ std::optional<Fields> Split(std::string_view text) {
     Fields fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const std::size_t comma = text.find(',');
-        // There is a comma between two fields, and nowhere else.
+        // The last field, and only the last, is not followed by a comma.
         if ((comma == std::string_view::npos) != (i + 1 == fields.size()))
             return std::nullopt;
         fields[i] = Trim(text.substr(0, comma));

@@ -13,46 +13,45 @@ namespace Quillane {
 
 class SerialLine;
 
-/// The serial line, receive only. Bytes become text one for one (Latin-1: byte value is character
-/// code, held here as one char each). The receive buffer is 1,024 bytes; when it is full the oldest
-/// are kept and what comes after is dropped, also out of the system's buffer. A line that hangs up
-/// closes the port, and the next `Input` fails. Failures carry the source "Serial line" and say to
-/// the operator which port and device it is and what is wrong with it.
+/// The serial line, receive only. Each received byte is one char of the text (Latin-1). The receive
+/// buffer has 1,024 bytes; when it is full, new bytes are dropped, also from the buffer of the
+/// system. A line that hangs up closes the port, and the next `Input` fails. Failures have the
+/// source "Serial line" and name the port, the device and the cause.
 ///
-/// A port may be read in whole bursts instead, for an indicator that pauses between its frames:
-/// `Input` then gives bytes only up to a silence of three characters' time and at least 50 ms, and
-/// only where there are several such bursts, so that none of its numbers is cut and the first one
-/// may be thrown away.
+/// For an indicator that pauses between its frames, a port can be read in whole bursts. `Input`
+/// then returns only bytes followed by a pause of three character times and at least 50 ms, and
+/// only several bursts together, so that no number is cut and the first one can be dropped.
 class MSComm : public Control {
 public:
-    /// Settings are "rate,parity letter,data bits,stop bits": "9600,n,8,1". Where the port is read
-    /// in whole bursts, `Input` gives at least so many at once.
+    /// Settings are "rate,parity letter,data bits,stop bits": "9600,n,8,1". If the port is read in
+    /// whole bursts, `Input` returns at least `leastBursts` of them.
     MSComm(Screen& screen, std::string name, std::int16_t port = 1,
            std::string_view settings = "9600,n,8,1", int leastBursts = 2);
     ~MSComm() override;
 
     bool PortOpen() const;
-    /// True on an open port fails (8005), on one that cannot be opened (8002). False on a closed
-    /// port does nothing.
+    /// Errors: opening fails with 8005 if the port is already open, with 8002 if it cannot be
+    /// opened. Closing a closed port does nothing.
     void SetPortOpen(bool open);
 
     std::int16_t CommPort() const;
-    /// Fails (8005) while the port is open, (5) for a number below 1.
+    /// Errors: 8005 if the port is open, 5 for a number below 1.
     void SetCommPort(std::int16_t port);
     const std::string& Settings() const;
-    /// Fails (8005) while the port is open; a text of another form fails (5), nothing changes.
+    /// Errors: 8005 if the port is open, 5 for an invalid text; the settings are then not changed.
     void SetSettings(std::string_view settings);
 
-    /// Everything received since the last read, and empties the buffer. Fails (8018) when closed,
-    /// and (8002) where a port that is read in whole bursts has not paused for five seconds.
+    /// Returns everything received since the last call. Errors: 8018 if the port is closed, 8002 if
+    /// it is read in whole bursts and the line has not paused for five seconds.
     std::string Input();
 
-    /// Which device a port number means; the start-up fills it from the station file. With an empty
-    /// function it is the one of a station file that names no ports.
+    /// Sets the function that maps a port number to its device; the start sets it to the station
+    /// file. An empty function means the default devices.
     static void SetDevices(std::function<std::string(int port)> deviceOf);
-    /// Which ports are read in whole bursts, likewise; asked at each opening. By default none is.
+    /// Sets the function that selects the ports to read in whole bursts, by default none. It is
+    /// called at each opening.
     static void SetWholeBursts(std::function<bool(int port)> hasWholeBursts);
-    /// The clock that measures silences; an empty function brings the system's back.
+    /// Sets the clock that measures pauses. An empty function restores the system clock.
     static void SetClock(std::function<std::chrono::steady_clock::time_point()> clock);
 
 private:

@@ -31,24 +31,24 @@ Bursts::Time Now() {
     return SerialLine::Clock ? SerialLine::Clock() : std::chrono::steady_clock::now();
 }
 
-/// Three characters' time, which no indicator leaves between the bytes of a frame; but not less
-/// than an adapter or a loaded system may hold bytes back. USB adapters collect for up to 16 ms.
+/// Three character times, because no indicator pauses that long within a frame; but longer than an
+/// adapter or a busy system buffers bytes. USB adapters buffer for up to 16 ms.
 std::chrono::milliseconds SilenceAfterBurst(const LineSettings& settings) {
     constexpr std::chrono::milliseconds least(50);
     return std::max(least, std::chrono::ceil<std::chrono::milliseconds>(3 * settings.Character()));
 }
 
-/// Why a device that this user may use cannot be opened.
+/// Returns why a device cannot be opened although this user has the permission.
 std::string WhyLocked(const std::string& file) {
     const LineLock lock = ReadLineLock(file);
     if (lock.state == LineLock::State::Left)
         return "a program that has ended left the lock file " + lock.file +
-               ", and this user may not delete it. Please have the person who looks after the "
-               "computer delete the file, or start the computer again.";
+               ", and this user may not delete it. Ask the administrator of the computer to delete "
+               "the file, or restart the computer.";
     if (lock.state == LineLock::State::Unreadable)
         return "the lock file " + lock.file +
-               " is another user's. Please close the other user's program; where none runs, have "
-               "the person who looks after the computer delete the file.";
+               " belongs to another user. Close the program of that user. If none is running, ask "
+               "the administrator of the computer to delete the file.";
     return "another program is using it.";
 }
 
@@ -87,21 +87,21 @@ std::string SerialLine::Named() const {
 void SerialLine::Open() {
     Close();
     device_ = DeviceOfPort(number_);
-    // A device has one lock, whatever link it is reached by.
+    // The lock belongs to the device and not to a symbolic link to it.
     const QString file = QFileInfo(ToQt(device_)).canonicalFilePath();
     port_.setPortName(file.isEmpty() ? ToQt(device_) : file);
-    // Given before opening: afterwards some lines refuse seven bits and even parity.
+    // Set before opening: afterwards some devices refuse seven data bits with even parity.
     port_.setBaudRate(parsed_.rate);
     port_.setParity(parsed_.parity);
     port_.setDataBits(parsed_.dataBits);
     port_.setStopBits(parsed_.stopBits);
     port_.setFlowControl(QSerialPort::NoFlowControl);
-    if (!OpenDevice() && !(FreeFromLeftLock() && OpenDevice()))
+    if (!OpenDevice() && !(RemoveStaleLock() && OpenDevice()))
         FailToOpen();
     if (HasWholeBursts && HasWholeBursts(number_)) {
         const auto silence = SilenceAfterBurst(parsed_);
         bursts_.emplace(silence, leastBursts_, Now());
-        // A timer may fire within the millisecond before its time.
+        // A timer can fire up to a millisecond early.
         silenceTimer_.start(silence + std::chrono::milliseconds(1));
     }
 }
@@ -113,7 +113,7 @@ bool SerialLine::OpenDevice() {
     return opened;
 }
 
-bool SerialLine::FreeFromLeftLock() {
+bool SerialLine::RemoveStaleLock() {
     if (port_.error() != QSerialPort::PermissionError)
         return false;
     const LineLock lock = ReadLineLock(FromQt(port_.portName()));
@@ -122,7 +122,7 @@ bool SerialLine::FreeFromLeftLock() {
 
 void SerialLine::FailToOpen() {
     const auto why = [this]() -> std::string {
-        // First: the name of a missing device may be locked all the same.
+        // Checked first: a missing device can still have a lock file.
         if (std::string fault = FaultOfDevice(device_); !fault.empty())
             return fault;
         switch (port_.error()) {
@@ -150,22 +150,22 @@ void SerialLine::Close() {
 }
 
 void SerialLine::OnError(QSerialPort::SerialPortError error) {
-    // A look that finds nothing counts as timed out.
+    // A read that finds nothing is reported as a time-out.
     if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !IsOpen())
         return;
     hungUp_ = true;
-    // Not here, during the port's own reading; but at once, for a line that has hung up reports it
-    // without end.
+    // The port cannot be closed while it is reading. It must be closed as soon as possible, because
+    // it keeps reporting the error.
     QTimer::singleShot(0, &port_, [this] {
         if (hungUp_ && port_.isOpen())
             port_.close();
     });
 }
 
-// The event loop may not have run for a while. One look takes no more than the system's own buffer
-// holds; the bound is for a line that sends faster than it can be read.
-void SerialLine::Look() {
-    for (int look = 0; look < 16 && IsOpen(); ++look) {
+// The event loop may not have run for a while. One pass reads at most the buffer of the system; the
+// limit is for a line that sends faster than it can be read.
+void SerialLine::ReadAvailable() {
+    for (int pass = 0; pass < 16 && IsOpen(); ++pass) {
         const auto begin = Now();
         if (port_.waitForReadyRead(0)) {
             Drain();
@@ -177,7 +177,7 @@ void SerialLine::Look() {
     }
 }
 
-/// Always empties the system's buffer, so that what comes after a full buffer is lost and not late.
+/// Always empties the buffer of the system: bytes that do not fit are dropped, not delayed.
 void SerialLine::Drain() {
     const QByteArray bytes = port_.readAll();
     const std::string_view text(bytes.constData(), static_cast<std::size_t>(bytes.size()));
@@ -190,13 +190,13 @@ void SerialLine::Drain() {
 }
 
 void SerialLine::AwaitSilence() {
-    Look();
+    ReadAvailable();
     if (IsOpen() && !bursts_->IsSilent())
         silenceTimer_.start();
 }
 
 std::string SerialLine::Input() {
-    Look();
+    ReadAvailable();
     if (hungUp_)
         FailLine(FailureNumber::PortNotOpen,
                  Named() + " is closed: the line was disconnected. Check the cable.");

@@ -14,19 +14,20 @@
 
 namespace Quillane {
 
-/// The port of an MSComm: its number and settings, and what an open one receives. Failures are
-/// those that MSComm names.
+/// The port of an MSComm: its number, its settings and the received bytes. Errors: as described in
+/// MSComm.h.
 class SerialLine {
 public:
-    /// At least so many bursts are read at once, on a line that is read in whole bursts.
+    /// `leastBursts` is the minimum number of bursts that `Input` returns, if the port is read in
+    /// whole bursts.
     SerialLine(std::int16_t number, std::string_view settings, int leastBursts);
 
     std::int16_t Number() const { return number_; }
     void SetNumber(std::int16_t number) { number_ = number; }
     const std::string& Settings() const { return settings_; }
-    /// Fails for a text of another form; nothing changes.
+    /// Errors: 5 for an invalid text; the settings are then not changed.
     void SetSettings(std::string_view settings);
-    /// "Port 1 (/dev/ttyUSB0)", for messages; the device is the one of the last opening.
+    /// Returns "Port 1 (/dev/ttyUSB0)" for messages, with the device of the last opening.
     std::string Named() const;
 
     bool IsOpen() const { return port_.isOpen() && !opening_ && !hungUp_; }
@@ -34,19 +35,19 @@ public:
     void Close();
     std::string Input();
 
-    /// What is known of a port from outside; empty functions bring the defaults back.
+    /// See the setters of MSComm.
     static std::function<std::string(int port)> DeviceOf;
     static std::function<bool(int port)> HasWholeBursts;
     static std::function<Bursts::Time()> Clock;
 
 private:
     bool OpenDevice();
-    /// True where a process that has ended kept the device locked, and does so no more.
-    bool FreeFromLeftLock();
+    /// Removes the lock of a process that has ended. Returns true if there was one and it is gone.
+    bool RemoveStaleLock();
     [[noreturn]] void FailToOpen();
     void OnError(QSerialPort::SerialPortError error);
-    /// Takes what has arrived, also while the event loop does not run.
-    void Look();
+    /// Reads the bytes that have arrived, even if the event loop has not run.
+    void ReadAvailable();
     void Drain();
     void AwaitSilence();
 
@@ -56,7 +57,7 @@ private:
     LineSettings parsed_;
     std::string device_;
     std::string received_;
-    std::optional<Bursts> bursts_; ///< instead of received_, on a line read in whole bursts
+    std::optional<Bursts> bursts_; ///< used instead of received_ if read in whole bursts
     bool opening_ = false;
     bool hungUp_ = false;
     QSerialPort port_;

@@ -19,6 +19,7 @@ constexpr int firstPort = 1;
 constexpr int lastPort = 32767;
 constexpr int mostBackups = 9999;
 constexpr int mostDays = 366;
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// Reads the lines of a station file in order into a `StationFile` and counts them for messages.
 class LineReader {
@@ -126,11 +127,6 @@ private:
     int number_ = 0;
 };
 
-void SkipByteOrderMark(std::string& line) {
-    if (line.starts_with("\xEF\xBB\xBF"))
-        line.erase(0, 3);
-}
-
 } // namespace
 
 StationFile StationFile::Read(const std::string& path) {
@@ -143,7 +139,7 @@ StationFile StationFile::Read(const std::string& path) {
     std::string line;
     for (bool first = true; std::getline(file, line); first = false) {
         if (first)
-            SkipByteOrderMark(line);
+            line.erase(0, line.starts_with(byteOrderMark) ? byteOrderMark.size() : 0);
         reader.Read(line);
     }
     // Opening a folder succeeds; the first read fails.

@@ -51,18 +51,18 @@ void WriteWholeFile(const std::string& path, const std::string& bytes, FileReade
 }
 
 #ifndef _WIN32
-// Some file systems have nothing to bring to the disk for a folder, and say so by EINVAL.
-void BringToDisk(const std::string& path) {
+// Some file systems cannot flush a folder and return EINVAL.
+void FlushToDisk(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     const int code = file < 0 || ::fsync(file) != 0 ? errno : 0;
     if (file >= 0)
         ::close(file);
     if (code != 0 && code != EINVAL)
-        throw Failure(FailureNumber::PathAccess, path + " cannot be brought to the disk: " +
+        throw Failure(FailureNumber::PathAccess, path + " cannot be written to disk: " +
                                                      std::system_category().message(code) + ".");
 }
 #else
-void BringToDisk(const std::string& path) {
+void FlushToDisk(const std::string& path) {
     QFile file(QString::fromStdString(path));
     if (QFileInfo(file).isDir())
         return;

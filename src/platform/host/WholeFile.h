@@ -16,9 +16,9 @@ enum class FileReaders { All, OwnerAndGroup };
 void WriteWholeFile(const std::string& path, const std::string& bytes,
                     FileReaders readers = FileReaders::All);
 
-/// Brings what a file holds, or the names in a folder, to the disk: a power cut does not undo it.
-/// Fails (75) with the name. No session of a database may have the file open: closing it here would
-/// drop that session's locks.
-void BringToDisk(const std::string& path);
+/// Flushes the contents of a file, or the names in a folder, to the disk, so that they survive a
+/// power failure. Errors: path access (75), naming the file. Requires: no database session of this
+/// process has the file open, because closing it here would drop the locks of that session.
+void FlushToDisk(const std::string& path);
 
 } // namespace Quillane

@@ -11,7 +11,7 @@ void LongWork::Begin(const std::string& step, int parts) {
 
 bool LongWork::Advance(int done) {
     done_ = done;
-    return !brokenOff_;
+    return !cancelled_;
 }
 
 std::string LongWork::Step() const {

@@ -6,28 +6,28 @@
 
 namespace Quillane {
 
-/// What a long piece of work reports of itself, and hears: shared by its thread and by whoever
-/// shows its progress.
+/// The progress of a long operation and the request to cancel it. It is shared by the thread of the
+/// operation and the one that shows the progress.
 class LongWork {
 public:
-    /// Begins a step of so many parts; 0 where nobody knows how many.
+    /// Begins a step with this number of parts; 0 if it is not known.
     void Begin(const std::string& step, int parts = 0);
-    /// So many parts of the step are done. False where the work is to be broken off.
+    /// Reports the number of completed parts. Returns false if the operation must end.
     bool Advance(int done);
-    bool IsBrokenOff() const { return brokenOff_; }
+    bool IsCancelled() const { return cancelled_; }
 
-    /// May be called in a signal handler.
-    void BreakOff() { brokenOff_ = true; }
+    /// Can be called in a signal handler.
+    void Cancel() { cancelled_ = true; }
     std::string Step() const;
     int Done() const { return done_; }
     int Parts() const { return parts_; }
 
 private:
-    mutable std::mutex guard_; ///< of the step's text
+    mutable std::mutex guard_; ///< protects step_
     std::string step_;
     std::atomic<int> done_ = 0;
     std::atomic<int> parts_ = 0;
-    std::atomic<bool> brokenOff_ = false;
+    std::atomic<bool> cancelled_ = false;
 };
 
 } // namespace Quillane

@@ -15,13 +15,13 @@
 
 namespace Quillane::Office {
 
-/// How many rounds the environment asks for.
+/// The number of rounds, from the environment.
 inline int RoundsOf(const char* variable, int otherwise) {
     const char* given = std::getenv(variable);
     return given ? std::atoi(given) : otherwise;
 }
 
-/// The names in a folder, without folders.
+/// The names of the files in a folder.
 inline std::set<std::string> FilesIn(const std::string& folder) {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))

@@ -18,7 +18,7 @@ bool Says(const std::string& text, const std::string& part) {
 
 using Backups = BackupTest;
 
-TEST_F(Backups, HoldWhatIsStillInTheJournalInOneFile) {
+TEST_F(Backups, IncludeTheJournalInOneFile) {
     Connection open;
     station.Open(open);
     open.Execute("Update Project_Registry Set value = 'Saved last' Where registrykey = "
@@ -48,7 +48,7 @@ TEST_F(Backups, AreNamedByTimeAndNeverReplaceEachOther) {
               (std::vector<std::string>{first->file, second->file}));
 }
 
-TEST_F(Backups, OldestBeyondTheNumberGoAfterANewOne) {
+TEST_F(Backups, OldestBeyondTheLimitAreRemovedAfterANewOne) {
     for (const char* name : {"Account1-20260101-000000.db", "Account1-20260102-000000.db",
                              "Account1-20260103-000000.db", "Account2-20260101-000000.db",
                              "Account1-20260101-000000.db.txt", "Account1-before-2.db"})
@@ -63,15 +63,15 @@ TEST_F(Backups, OldestBeyondTheNumberGoAfterANewOne) {
     EXPECT_TRUE(backups.Has("Account2-20260101-000000.db"));
 }
 
-// As after a wrong clock was put right: the new one is the oldest by its name.
-TEST_F(Backups, NewOneStaysWhateverTheNamesOfTheOthers) {
+// The clock was wrong before: by its name the new backup is the oldest.
+TEST_F(Backups, NewOneIsKeptWhateverTheNamesOfTheOthers) {
     backups.Write("Account1-20990101-000000.db", "old");
     const auto backup = Make(1);
     ASSERT_TRUE(backup);
     EXPECT_EQ(BackupsIn(backups.path, "Account1"), std::vector<std::string>{backup->file});
 }
 
-TEST_F(Backups, DamagedDatabaseGivesNoneAndRemovesNone) {
+TEST_F(Backups, DamagedDatabaseIsNotBackedUpAndNoBackupIsRemoved) {
     backups.Write("Account1-20260101-000000.db", "old");
     backups.Write("Account1-20260102-000000.db", "old");
     EmbeddedFile(Database(), SQLITE_OPEN_READWRITE).Run("PRAGMA journal_mode = DELETE");
@@ -79,19 +79,19 @@ TEST_F(Backups, DamagedDatabaseGivesNoneAndRemovesNone) {
     Overwrite(Database(), fifthPage, std::string(4096, 'x'));
     const std::string text = FailureOf([&] { Make(1); }).Description();
     EXPECT_TRUE(Says(text, "No backup has been made in " + backups.path)) << text;
-    EXPECT_TRUE(Says(text, "The earlier backups are as they were.")) << text;
+    EXPECT_TRUE(Says(text, "The earlier backups have not been changed.")) << text;
     EXPECT_EQ(FilesIn(backups.path).size(), 2U);
     EXPECT_FALSE(ReadBackupRecord(station.folder.path));
 }
 
-TEST_F(Backups, BrokenOffLeaveNothing) {
-    work.BreakOff();
+TEST_F(Backups, CancelledBackupLeavesNoFile) {
+    work.Cancel();
     EXPECT_FALSE(Make());
     EXPECT_TRUE(FilesIn(backups.path).empty());
     EXPECT_FALSE(ReadBackupRecord(station.folder.path));
 }
 
-TEST_F(Backups, LeftoversOfKilledOnesGo) {
+TEST_F(Backups, UnfinishedFilesOfKilledBackupsAreRemoved) {
     backups.Write("Account1-20260101-000000.db.part", "x");
     backups.Write("Account1-20260101-000000.db.part-wal", "x");
     backups.Write("other.part", "x");
@@ -100,7 +100,7 @@ TEST_F(Backups, LeftoversOfKilledOnesGo) {
     EXPECT_TRUE(backups.Has("other.part"));
 }
 
-TEST_F(Backups, FolderThatCannotTakeThemIsNamed) {
+TEST_F(Backups, UnusableFolderIsNamedInTheMessage) {
     backups.Write("file", "x");
     const auto failure = [&](const std::string& folder) {
         return FailureOf([&] { BackUp({.database = Database(), .folder = folder}, work); })
@@ -108,25 +108,25 @@ TEST_F(Backups, FolderThatCannotTakeThemIsNamed) {
     };
     EXPECT_EQ(failure(backups.File("usb")),
               "The backup folder " + backups.File("usb") +
-                  " does not exist. Please create it, connect the drive that holds it, or name "
-                  "another folder. No backup has been made.");
+                  " does not exist. No backup has been made. Create the folder, connect its "
+                  "drive, or name another folder.");
     EXPECT_TRUE(Says(failure(backups.File("file")), "is not a folder"));
-    EXPECT_TRUE(Says(failure("/proc"), "The backup folder /proc cannot be written: "));
+    EXPECT_TRUE(Says(failure("/proc"), "The backup folder /proc is not writable: "));
 }
 
-TEST_F(Backups, OneIsMadeAtATime) {
+TEST_F(Backups, OnlyOneIsMadeAtATime) {
     const WorkLock other(Database());
-    EXPECT_TRUE(Says(FailureOfMake(),
-                     "Another backup or restore of " + Database() + " is under way. Please wait"));
+    EXPECT_TRUE(
+        Says(FailureOfMake(), "Another backup or restore of " + Database() + " is running. Wait"));
 }
 
-// As a process leaves it that is killed while it makes the file.
-TEST_F(Backups, LockFileOfAKilledOneHoldsNobodyUp) {
+// The state after a process was killed while it created the file.
+TEST_F(Backups, LockFileOfAKilledBackupDoesNotBlock) {
     station.folder.Write("Account1.db.lock", "");
     EXPECT_TRUE(Make());
 }
 
-TEST_F(Backups, LastGoodOneIsNotedForTheSignIn) {
+TEST_F(Backups, LastSuccessfulOneIsRecordedForTheSignIn) {
     EXPECT_FALSE(ReadBackupRecord(station.folder.path));
     const auto before = std::chrono::floor<std::chrono::seconds>(Clock::now());
     ASSERT_TRUE(Make());
@@ -135,15 +135,15 @@ TEST_F(Backups, LastGoodOneIsNotedForTheSignIn) {
     EXPECT_FALSE(ReadBackupRecord(station.folder.path));
 }
 
-TEST_F(Backups, OneThatCannotBeNotedCountsAllTheSame) {
+TEST_F(Backups, UnwritableRecordIsReportedButTheBackupIsKept) {
     fs::create_directory(station.folder.File("LastBackup"));
     const auto backup = Make();
     ASSERT_TRUE(backup);
     ASSERT_EQ(backup->notes.size(), 1U);
-    EXPECT_TRUE(Says(backup->notes[0], "cannot be noted"));
+    EXPECT_TRUE(Says(backup->notes[0], "cannot be stored"));
 }
 
-TEST_F(Backups, GoWhereTheStationFileSays) {
+TEST_F(Backups, AreStoredInTheFolderOfTheStationFile) {
     StationFile file;
     EXPECT_EQ(BackupFolderOf(station.folder.path, file), station.folder.File("backups"));
     EXPECT_TRUE(fs::is_directory(station.folder.File("backups")));
@@ -156,8 +156,8 @@ TEST_F(Backups, GoWhereTheStationFileSays) {
 
 // ---- a full disk ----
 
-/// Runs a script of the shell where a file system of so many kilobytes can be mounted on the folder
-/// of backups; nobody else sees it. Gives what it wrote.
+/// Runs a shell script with a file system of this size in kilobytes mounted on the backup folder,
+/// for this process only. Returns its output; empty if nothing can be mounted.
 QString RunWithSmallDisk(const std::string& folder, int kilobytes, const std::string& script) {
     QProcess shell;
     shell.setProcessChannelMode(QProcess::MergedChannels);
@@ -171,7 +171,7 @@ QString RunWithSmallDisk(const std::string& folder, int kilobytes, const std::st
     return QString::fromUtf8(shell.readAll());
 }
 
-TEST_F(Backups, FullDiskGivesNoneAndRemovesNone) {
+TEST_F(Backups, FullDiskLeavesNoNewFileAndKeepsTheOldOnes) {
     const std::string folder = backups.path;
     const std::string old = folder + "/Account1-20260101-000000.db";
     const std::string output =
@@ -183,8 +183,8 @@ TEST_F(Backups, FullDiskGivesNoneAndRemovesNone) {
     if (output.empty())
         GTEST_SKIP() << "this user may not mount a file system: run the test as root";
     EXPECT_TRUE(Says(output, "No backup has been made in " + folder + ": ")) << output;
-    EXPECT_TRUE(Says(output, "The disk has no space for it: a backup needs about 1 MB. Please make "
-                             "space, or name another folder."))
+    EXPECT_TRUE(Says(output, "The disk has too little space: a backup needs about 1 MB. Free "
+                             "some space, or name another folder."))
         << output;
     EXPECT_TRUE(Says(output, "code 1\nAccount1-20260101-000000.db\n")) << output;
 }

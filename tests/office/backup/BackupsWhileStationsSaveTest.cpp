@@ -1,4 +1,4 @@
-// Backups at random moments of two stations that save as fast as they can.
+// Backups at random moments while two stations save as fast as they can.
 
 #include "BackupFixture.h"
 
@@ -13,9 +13,8 @@ namespace {
 
 using Testing::Station;
 
-/// Arrivals of the two stations whose lines are not all that one save wrote: a driver is "east-17",
-/// a bilty the number of the lines, and the net weights add up to 1000 and the serial, less the
-/// rest of the serial by 7.
+/// Selects incomplete arrivals of the two stations: the driver is "east-17", the bilty is the
+/// number of lines, and the net weights add up to 1000 plus the serial, minus the serial modulo 7.
 constexpr const char* TornArrivals =
     "SELECT count(*) FROM Arrivals A LEFT JOIN (SELECT ArrivalId, count(*) Lines, "
     "min(BiltyNo) Bilty, min(DriverName) Driver, max(DriverName) OtherDriver, "
@@ -38,7 +37,7 @@ protected:
         ASSERT_EQ(copy.FirstText("PRAGMA integrity_check"), "ok");
         ASSERT_EQ(copy.FirstText("PRAGMA foreign_key_check"), "");
         ASSERT_EQ(copy.FirstNumber(TornArrivals), 0);
-        // Numbers are given without a gap, and each that was reported is there.
+        // The numbers have no gaps, and every reported arrival is stored.
         const long count = copy.FirstNumber("SELECT count(*) FROM Arrivals WHERE ArrivalID > 1042");
         if (!savedBefore.empty()) {
             ASSERT_GE(count, static_cast<long>(savedBefore.size()));
@@ -47,7 +46,7 @@ protected:
         }
         ASSERT_EQ(count, copy.FirstNumber("SELECT max(ArrivalID) - 1042 FROM Arrivals"));
     }
-    /// What the copy holds is the station's database after a restore, and a station opens it.
+    /// After a restore the database has the contents of the backup, and a station can open it.
     void ExpectRestored(const std::string& file) {
         StationDatabase other;
         const std::string database = other.folder.File("Account1.db");
@@ -59,7 +58,7 @@ protected:
     }
 };
 
-TEST_F(BackupsWhileStationsSave, HoldEveryArrivalWithItsOwnLines) {
+TEST_F(BackupsWhileStationsSave, ContainEveryArrivalWithItsLines) {
     constexpr int Endless = 1'000'000;
     constexpr int RoundsOfOneDatabase = 100;
     std::mt19937 chance(std::random_device{}());

@@ -1,4 +1,4 @@
-// Restores that are killed at random moments: the station always starts on a whole database.
+// Restores that are killed at random moments: the station always starts with a complete database.
 
 #include "BackupFixture.h"
 
@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 class KilledRestores : public BackupTest {
 protected:
-    /// A copy with so many arrivals more.
+    /// A backup with this number of additional arrivals.
     std::string CopyWith(int arrivals) {
         EmbeddedFile file(Database(), SQLITE_OPEN_READWRITE);
         file.Run("BEGIN");
@@ -39,7 +39,7 @@ protected:
         return std::chrono::duration_cast<std::chrono::microseconds>(
             std::chrono::steady_clock::now() - begun);
     }
-    /// What a station finds at its start.
+    /// The number of arrivals that a station finds at its start.
     long ArrivalsAtStart() {
         Connection connection;
         station.Open(connection);
@@ -47,7 +47,7 @@ protected:
         EXPECT_EQ(connection.Execute("PRAGMA foreign_key_check").RecordCount(), 0);
         return connection.Execute("Select Count(*) From Arrivals").Fields(0).Long();
     }
-    /// As the station's owner does after a while.
+    /// Removes the kept files, as the owner of the station does from time to time.
     void RemoveKept() {
         for (const auto& entry : fs::directory_iterator(station.folder.path))
             if (entry.path().filename().string().starts_with("Account1-before-restore-"))
@@ -55,7 +55,7 @@ protected:
     }
 };
 
-TEST_F(KilledRestores, LeaveTheOldDatabaseOrTheCopyWhole) {
+TEST_F(KilledRestores, LeaveTheOldDatabaseOrTheBackupComplete) {
     const std::string small = Make()->file;
     const std::string large = CopyWith(2000);
     const long few = CountIn(small, Arrivals);
@@ -80,7 +80,7 @@ TEST_F(KilledRestores, LeaveTheOldDatabaseOrTheCopyWhole) {
     }
     std::cout << replaced << " of the killed restores had replaced the database\n";
     EXPECT_NE(TimeOf(now == few ? large : small).count(), 0)
-        << "one that is not killed goes through";
+        << "a restore that is not killed succeeds";
 }
 
 } // namespace

@@ -24,11 +24,11 @@ protected:
     }
     std::string Refusal(const std::string& file) {
         const std::string text = FailureOf([&] { Put(file); }).Description();
-        EXPECT_EQ(CountIn(Database(), Arrivals), old) << "the database is as it was";
+        EXPECT_EQ(CountIn(Database(), Arrivals), old) << "the database is unchanged";
         EXPECT_FALSE(station.folder.Has("Account1.db.restore"));
         return text;
     }
-    /// A copy of the backup that is spoilt.
+    /// A damaged copy of the backup.
     std::string Spoilt(const std::function<void(const std::string&)>& spoil) {
         std::string file = backups.File("spoilt.db");
         fs::copy_file(copy, file, fs::copy_options::overwrite_existing);
@@ -40,7 +40,7 @@ protected:
     long old = 0;
 };
 
-TEST_F(Restore, PutsTheCopyInPlaceAndIsUndoneByTheKeptFile) {
+TEST_F(Restore, ReplacesTheDatabaseAndIsUndoneWithTheKeptFile) {
     const std::string kept = Put(copy);
     EXPECT_EQ(CountIn(Database(), Arrivals), old - 1);
     EXPECT_EQ(CountIn(kept, Arrivals), old);
@@ -52,9 +52,9 @@ TEST_F(Restore, PutsTheCopyInPlaceAndIsUndoneByTheKeptFile) {
     station.Open(connection);
 }
 
-TEST_F(Restore, KeepsWhatWasStillInTheJournal) {
+TEST_F(Restore, KeepsTheJournalOfTheOldDatabase) {
     {
-        // As after a power cut: the last session has not brought its journal into the file.
+        // The state after a power failure: the last session has not written its journal back.
         EmbeddedFile cut(Database(), SQLITE_OPEN_READWRITE);
         cut.LeaveJournal();
         cut.Run("PRAGMA journal_mode = WAL");
@@ -72,12 +72,12 @@ TEST_F(Restore, IsRefusedWhileAStationHasTheFileOpen) {
     station.Open(open);
     const std::string text = Refusal(copy);
     EXPECT_EQ(text, "The database " + Database() +
-                        " is in use. Please close every station and office that works on it, and "
-                        "try again. Nothing has been changed.");
+                        " is in use. Nothing has been changed. Close every station and office "
+                        "that uses it, then try again.");
     open.Execute("Delete From Arrivals Where ArrivalID = 2000");
 }
 
-TEST_F(Restore, IsRefusedWhereAStationHasOpenedTheFileMeanwhile) {
+TEST_F(Restore, IsRefusedIfAStationOpensTheFileAfterTheCheck) {
     Restoration restoration(Database(), copy, work);
     Connection open;
     station.Open(open);
@@ -88,11 +88,11 @@ TEST_F(Restore, IsRefusedWhereAStationHasOpenedTheFileMeanwhile) {
                                      "LastBackup"}));
 }
 
-TEST_F(Restore, RefusesWhatIsNoCopyOfAStationsDatabase) {
+TEST_F(Restore, RefusesFilesThatAreNotStationDatabases) {
     EXPECT_EQ(Refusal(backups.File("none.db")),
-              "There is no file " + backups.File("none.db") + ".");
+              "The file " + backups.File("none.db") + " does not exist. Check the path.");
     EXPECT_TRUE(Says(Refusal(backups.path), "is not a file."));
-    EXPECT_TRUE(Says(Refusal(Database()), "is the database that is to be replaced."));
+    EXPECT_TRUE(Says(Refusal(Database()), "is the database itself."));
     backups.Write("empty.db", "");
     EXPECT_TRUE(Says(Refusal(backups.File("empty.db")), "is empty; it is not a database."));
     backups.Write("text.db", std::string(5000, 'a'));
@@ -120,7 +120,7 @@ TEST_F(Restore, RefusesADamagedCopy) {
     EXPECT_TRUE(Says(text, "is damaged (")) << text;
 }
 
-TEST_F(Restore, RefusesANewerSchemaAndOneThatCannotBeRead) {
+TEST_F(Restore, RefusesANewerOrUnreadableSchemaNumber) {
     const auto withSchema = [&](const char* statement) {
         return Refusal(Spoilt([&](const std::string& file) {
             EmbeddedFile(file, SQLITE_OPEN_READWRITE).Run(statement);
@@ -139,7 +139,7 @@ TEST_F(Restore, RefusesACopyWithAJournal) {
     EXPECT_TRUE(Says(Refusal(file), "has a journal, " + file + "-wal"));
 }
 
-TEST_F(Restore, TakesAnOlderSchemaWhichTheStationBringsUpToDate) {
+TEST_F(Restore, AcceptsAnOlderSchemaThatTheStationUpgrades) {
     const std::string file = Spoilt([](const std::string& older) {
         EmbeddedFile(older, SQLITE_OPEN_READWRITE)
             .Run("UPDATE StationSchema SET SchemaVersion = 1");
@@ -161,30 +161,30 @@ TEST_F(Restore, DamagedDatabaseIsKeptWithItsJournal) {
     station.Open(connection);
 }
 
-TEST_F(Restore, MissingDatabaseIsPutThere) {
+TEST_F(Restore, MissingDatabaseIsCreated) {
     fs::remove(Database());
     EXPECT_EQ(Put(copy), "");
     EXPECT_EQ(CountIn(Database(), Arrivals), old - 1);
 }
 
-TEST_F(Restore, GivesTheCopyTheRightsOfTheDatabase) {
+TEST_F(Restore, KeepsTheFilePermissionsOfTheDatabase) {
     fs::permissions(Database(), fs::perms(0640));
     Put(copy);
     EXPECT_EQ(fs::status(Database()).permissions(), fs::perms(0640));
 }
 
-TEST_F(Restore, BrokenOffLeavesAllAsItWas) {
-    work.BreakOff();
-    EXPECT_THROW(Put(copy), BrokenOff);
+TEST_F(Restore, CancelledRestoreChangesNothing) {
+    work.Cancel();
+    EXPECT_THROW(Put(copy), Cancelled);
     EXPECT_EQ(CountIn(Database(), Arrivals), old);
     EXPECT_FALSE(station.folder.Has("Account1.db.restore"));
 }
 
-TEST_F(Restore, SecondNameOfTheDatabaseLeftByAKilledOneGoes) {
+TEST_F(Restore, RemovesTheSecondNameLeftByAKilledRestore) {
     const std::string second = station.folder.File("Account1-before-restore-20260101-000000.db");
     fs::create_hard_link(Database(), second);
     fs::copy_file(copy, station.folder.File("Account1-before-restore-20260102-000000.db"));
-    EXPECT_TRUE(Says(Refusal(second), "is the database that is to be replaced."));
+    EXPECT_TRUE(Says(Refusal(second), "is the database itself."));
     Put(copy);
     EXPECT_FALSE(fs::exists(second));
     EXPECT_TRUE(station.folder.Has("Account1-before-restore-20260102-000000.db"));

@@ -31,7 +31,7 @@ protected:
                           .out = out,
                           .err = err,
                           .password = {},
-                          .confirm = [&](const std::string&) { return saysYes; },
+                          .confirm = [&](const std::string&) { return confirms; },
                           .runLong = [&](const LongTask& task) { task(work); }};
         return request.act == Request::Act::Backup
                    ? RunBackup(station.folder.path, request, terminal)
@@ -53,10 +53,10 @@ protected:
     std::istringstream in;
     std::ostringstream out;
     std::ostringstream err;
-    bool saysYes = false;
+    bool confirms = false;
 };
 
-TEST_F(BackupCommands, BackupReportsWhatItHolds) {
+TEST_F(BackupCommands, BackupReportsItsContents) {
     const std::string file = Made();
     const std::string day = station
                                 .Rows("SELECT substr(max(ArrivalDate), 1, 10) FROM Arrivals WHERE "
@@ -68,7 +68,7 @@ TEST_F(BackupCommands, BackupReportsWhatItHolds) {
     EXPECT_EQ(err.str(), "");
 }
 
-TEST_F(BackupCommands, FolderAndNumberComeFromTheStationFileUnlessTheyAreGiven) {
+TEST_F(BackupCommands, FolderAndNumberDefaultToTheStationFile) {
     const FreshFolder disk;
     TheStation().BackupFolder = disk.path;
     TheStation().BackupsKept = 1;
@@ -87,25 +87,25 @@ TEST_F(BackupCommands, FolderAndNumberComeFromTheStationFileUnlessTheyAreGiven) 
 TEST_F(BackupCommands, DatabaseOnAServerIsBackedUpThere) {
     WriteConfig("Server=books;Database=Account1;UID=a;PWD=b");
     EXPECT_EQ(Run({"--backup"}), ExitCode::Done);
-    EXPECT_EQ(out.str(), "The database is on a database server: whoever owns it backs it up there. "
-                         "There is nothing to do on this station.\n");
+    EXPECT_EQ(out.str(), "The database is on a database server. Its owner makes the backups "
+                         "there; nothing needs to be done on this station.\n");
     EXPECT_EQ(Run({"--restore", "x"}), ExitCode::Refused);
 }
 
-TEST_F(BackupCommands, BackupThatIsBrokenOffSaysSo) {
-    work.BreakOff();
-    EXPECT_EQ(Run({"--backup"}), ExitCode::BrokenOff);
-    EXPECT_EQ(err.str(), "Broken off. Nothing has been changed.\n");
+TEST_F(BackupCommands, CancelledBackupIsReported) {
+    work.Cancel();
+    EXPECT_EQ(Run({"--backup"}), ExitCode::Cancelled);
+    EXPECT_EQ(err.str(), "Cancelled. Nothing has been changed.\n");
 }
 
-TEST_F(BackupCommands, RestoreWaitsForAYesAndSaysHowToUndoIt) {
+TEST_F(BackupCommands, RestoreAsksForConfirmation) {
     const std::string copy = Made();
     station.Run("DELETE FROM Arrivals WHERE ArrivalID NOT IN (SELECT ArrivalId FROM ArrivalsBody)");
     EXPECT_EQ(Run({"--restore", copy}), ExitCode::NotConfirmed);
-    EXPECT_EQ(err.str(), "Nothing has been changed. Answer yes, or give --yes.\n");
+    EXPECT_EQ(err.str(), "Nothing has been changed. Answer yes, or use --yes.\n");
 }
 
-TEST_F(BackupCommands, RestoreOnANewComputerMakesTheDatabase) {
+TEST_F(BackupCommands, RestoreOnANewComputerCreatesTheDatabase) {
     const std::string copy = Made();
     const FreshFolder fresh;
     const Request request = ReadArguments({"quillane-office", "--restore", copy, "--yes"});

@@ -37,12 +37,12 @@ TEST(OfficeCommandLine, DriverIsRegisteredForTheSystemOrTheUser) {
     const Request request = Read({"--register-driver", "system"});
     EXPECT_EQ(request.fault, "");
     EXPECT_EQ(request.act, Request::Act::RegisterDriver);
-    EXPECT_EQ(request.place, "system");
+    EXPECT_EQ(request.driverFor, "system");
     EXPECT_EQ(Read({"--register-driver", "user"}).fault, "");
     EXPECT_EQ(Read({"--register-driver", "all"}).fault,
-              "A driver is registered for the \"system\" or for the \"user\".");
+              "The option --register-driver needs \"system\" or \"user\".");
     EXPECT_EQ(Read({"--register-driver", "user", "--yes"}).fault,
-              "--yes belongs to --import, --restore and --move-to-server.");
+              "--yes can only be used with --import, --restore and --move-to-server.");
 }
 
 TEST(OfficeCommandLine, BackupNamesAFolderAndANumberOrNeither) {
@@ -78,8 +78,10 @@ TEST(OfficeCommandLine, MoveNamesItsServer) {
     EXPECT_EQ(request.move.options, "Encryption=require");
     EXPECT_EQ(request.signIn, "sa");
     EXPECT_TRUE(request.isConfirmed);
-    EXPECT_EQ(Read({"--backup", "--port", "1"}).fault, "--port belongs to --move-to-server.");
-    EXPECT_EQ(Read({"--move-to-server", "a", "--csv", "x"}).fault, "--csv belongs to --day-book.");
+    EXPECT_EQ(Read({"--backup", "--port", "1"}).fault,
+              "--port can only be used with --move-to-server.");
+    EXPECT_EQ(Read({"--move-to-server", "a", "--csv", "x"}).fault,
+              "--csv can only be used with --day-book.");
 }
 
 TEST(OfficeCommandLine, HelpAndVersionNeedNothingElse) {
@@ -98,7 +100,7 @@ TEST(OfficeCommandLine, WindowOpensWithoutACommand) {
     EXPECT_EQ(Read({}).act, Request::Act::Window);
 }
 
-TEST(OfficeCommandLine, WrongArgumentsAreToldApart) {
+TEST(OfficeCommandLine, EachWrongArgumentHasItsMessage) {
     EXPECT_EQ(Read({"--import", "cows", "x.csv"}).fault, "There is no table \"cows\".");
     EXPECT_EQ(Read({"--import", "parties"}).fault, "A table and one file are needed.");
     EXPECT_EQ(Read({"--export", "parties", "a", "b"}).fault, "A table and one file are needed.");
@@ -106,18 +108,19 @@ TEST(OfficeCommandLine, WrongArgumentsAreToldApart) {
     EXPECT_EQ(Read({"--add-user", "a", "--level", "x"}).fault,
               "The option --level needs a number.");
     EXPECT_EQ(Read({"--export", "parties", "a", "--yes"}).fault,
-              "--yes belongs to --import, --restore and --move-to-server.");
+              "--yes can only be used with --import, --restore and --move-to-server.");
     EXPECT_EQ(Read({"--reset-password", "a", "--level", "1"}).fault,
-              "--level belongs to --add-user.");
+              "--level can only be used with --add-user.");
     EXPECT_EQ(Read({"--add-user", "a", "--reset-password", "b"}).fault,
               "Only one command can be given at a time.");
     EXPECT_EQ(Read({"--add-user", "a", "--skip-faulty"}).fault,
-              "--skip-faulty belongs to --import.");
-    EXPECT_EQ(Read({"--backup", "a", "b"}).fault, "A backup goes into one folder.");
+              "--skip-faulty can only be used with --import.");
+    EXPECT_EQ(Read({"--backup", "a", "b"}).fault, "The option --backup takes at most one folder.");
     EXPECT_EQ(Read({"--backup", "--keep", "0"}).fault,
-              "The option --keep needs a number from 1 on.");
+              "The option --keep needs a number of at least 1.");
     EXPECT_EQ(Read({"--backup", "--keep", "many"}).fault, "The option --keep needs a number.");
-    EXPECT_EQ(Read({"--restore", "a", "--keep", "3"}).fault, "--keep belongs to --backup.");
+    EXPECT_EQ(Read({"--restore", "a", "--keep", "3"}).fault,
+              "--keep can only be used with --backup.");
     EXPECT_NE(Read({"--frobnicate"}).fault, "");
 }
 
@@ -144,23 +147,24 @@ TEST(OfficeCommandLine, DayBookNamesItsDaysFileAndFilters) {
     SetClock({});
 }
 
-TEST(OfficeCommandLine, FaultyDayBooksSayWhatIsMissing) {
+TEST(OfficeCommandLine, IncompleteDayBookArgumentsAreReported) {
     const auto fault = [](std::vector<std::string> arguments) { return Read(arguments).fault; };
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "--csv", "x"}),
               "A day book needs a first and a last day.");
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-02-30", "--csv", "x"}),
-              "\"2026-02-30\" is no day. Write it as 2026-11-20.");
+              "\"2026-02-30\" is not a date. Write it as 2026-11-20.");
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-19", "--csv", "x"}),
               "The last day of the day book is before its first one.");
-    const std::string oneFile = "A day book needs one file, by --csv or --xlsx.";
+    const std::string oneFile = "A day book needs one file, with --csv or --xlsx.";
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20"}), oneFile);
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20", "--csv", "x", "--xlsx", "y"}),
               oneFile);
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20", "--xlsx", "-"}),
               "A workbook needs a file with a name.");
     EXPECT_EQ(fault({"--day-book", "2026-11-20", "2026-11-20", "--csv", "x", "--sums", "week"}),
-              "Sums are by day, party or commodity.");
-    EXPECT_EQ(fault({"--export", "parties", "x", "--csv", "y"}), "--csv belongs to --day-book.");
+              "The option --sums needs day, party or commodity.");
+    EXPECT_EQ(fault({"--export", "parties", "x", "--csv", "y"}),
+              "--csv can only be used with --day-book.");
 }
 
 } // namespace

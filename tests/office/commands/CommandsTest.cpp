@@ -55,18 +55,18 @@ protected:
     bool saysYes = false;
 };
 
-TEST_F(OfficeCommands, ImportIsWrittenAfterAYes) {
+TEST_F(OfficeCommands, ImportIsWrittenAfterConfirmation) {
     EXPECT_EQ(Run({"--import", "cities", "-"}, "CityId,CityName\n77,Jhang\n3,Okara\n"),
               ExitCode::NotConfirmed);
     EXPECT_FALSE(Has(CitiesTable(), "77"));
     EXPECT_EQ(out.str(), "Cities: 1 new, 0 changed, 1 unchanged, 0 faulty.\n");
-    EXPECT_EQ(err.str(), "Nothing is written. Answer yes, or give --yes.\n");
+    EXPECT_EQ(err.str(), "Nothing has been written. Answer yes, or use --yes.\n");
     saysYes = true;
     EXPECT_EQ(Run({"--import", "cities", "-"}, "CityId,CityName\n77,Jhang\n"), ExitCode::Done);
     EXPECT_TRUE(Has(CitiesTable(), "77"));
 }
 
-TEST_F(OfficeCommands, ImportOfAFileNeedsNoQuestionWithYes) {
+TEST_F(OfficeCommands, ImportWithYesAsksNoQuestion) {
     database.folder.Write("cities.csv", "CityId,CityName\n77,Jhang\n");
     EXPECT_EQ(Run({"--import", "CITIES", database.folder.File("cities.csv"), "--yes"}),
               ExitCode::Done);
@@ -74,24 +74,24 @@ TEST_F(OfficeCommands, ImportOfAFileNeedsNoQuestionWithYes) {
     EXPECT_TRUE(Has(CitiesTable(), "77"));
 }
 
-TEST_F(OfficeCommands, FaultyLineKeepsTheWholeFileOutUnlessItIsSkipped) {
+TEST_F(OfficeCommands, FaultyLinePreventsTheImportUnlessSkipped) {
     const std::string text = "CityId,CityName\n77,Jhang\nx,Kasur\n";
     EXPECT_EQ(Run({"--import", "cities", "-", "--yes"}, text), ExitCode::Refused);
     EXPECT_FALSE(Has(CitiesTable(), "77"));
     EXPECT_EQ(
         err.str(),
         "Line 3 (Kasur), faulty: Number \"x\" is not a whole number from 1 to 2147483647.\n"
-        "Nothing is written. Correct the faulty lines, or leave them out with --skip-faulty.\n");
+        "Nothing has been written. Correct the faulty lines, or skip them with --skip-faulty.\n");
     EXPECT_EQ(Run({"--import", "cities", "-", "--yes", "--skip-faulty"}, text), ExitCode::Done);
     EXPECT_TRUE(Has(CitiesTable(), "77"));
 }
 
-TEST_F(OfficeCommands, FileThatIsNoListIsRefused) {
+TEST_F(OfficeCommands, FileWithoutTheColumnsOfTheListIsRefused) {
     EXPECT_EQ(Run({"--import", "cities", "-", "--yes"}, "1,2\n"), ExitCode::Refused);
     EXPECT_EQ(Run({"--import", "cities", "-", "--yes"}, "CityName\nZo\xEB\n"), ExitCode::Refused);
     EXPECT_EQ(err.str(), "Line 2: The file is not UTF-8. Save it as \"CSV UTF-8\".\n");
     const Failure missing = FailureOf([&] { Run({"--import", "cities", "/none/x.csv"}); });
-    EXPECT_EQ(missing.Description(), "There is no file /none/x.csv.");
+    EXPECT_EQ(missing.Description(), "The file /none/x.csv does not exist. Check the path.");
 }
 
 TEST_F(OfficeCommands, ExportedFileIsImportedUnchanged) {
@@ -115,26 +115,26 @@ TEST_F(OfficeCommands, AddedUserAndResetPasswordSignIn) {
     EXPECT_EQ(login.SignIn("Nadia", "bale-of-straw"), UserLoginObject::Attempt::SignedIn);
 }
 
-TEST_F(OfficeCommands, PasswordIsToldItsRuleFirstAndAskedForTwice) {
+TEST_F(OfficeCommands, PasswordRuleIsShownAndThePasswordAskedForTwice) {
     passwords = {"sack-of-wheat", "sack-of-what"};
     EXPECT_EQ(Run({"--add-user", "Imran"}), ExitCode::Refused);
     EXPECT_EQ(err.str(), "At least 8 characters, at most 128. The password is case-sensitive.\n"
-                         "The two passwords differ. Nothing is written; please try again.\n");
+                         "The two passwords differ. Nothing has been written. Try again.\n");
     passwords = {"short", "short"};
     EXPECT_EQ(Run({"--reset-password", "Nadia"}), ExitCode::Refused);
     passwords = {"sack-of-wheat", "sack-of-wheat"};
     EXPECT_EQ(Run({"--reset-password", "nobody"}), ExitCode::Refused);
 }
 
-TEST_F(OfficeCommands, StationThatIsNotSetUpIsToldWhatToDo) {
+TEST_F(OfficeCommands, MessageForAStationWithoutSetUpSaysWhatToDo) {
     const FreshFolder empty;
     Connection other;
     const Failure failure = FailureOf([&] { OpenStationDatabase(other, empty.path, {}); });
     EXPECT_EQ(failure.Number(), FailureNumber::FileNotFound);
-    EXPECT_NE(failure.Description().find("Please start the station first"), std::string::npos);
+    EXPECT_NE(failure.Description().find("Start the station first"), std::string::npos);
 }
 
-TEST_F(OfficeCommands, DatabaseOfAnotherSchemaIsLeftAlone) {
+TEST_F(OfficeCommands, DatabaseWithAnotherSchemaNumberIsRefused) {
     database.Run("Update StationSchema Set SchemaVersion = 99");
     Connection other;
     const Failure failure =
@@ -142,7 +142,7 @@ TEST_F(OfficeCommands, DatabaseOfAnotherSchemaIsLeftAlone) {
     EXPECT_NE(failure.Description().find("is 99, newer than"), std::string::npos);
 }
 
-TEST(ServerSignIns, AttributesOfASignInAreTakenOut) {
+TEST(ServerSignIns, LoginAttributesAreRemoved) {
     EXPECT_EQ(WithoutSignIn("Server=a;Port=1;Database=Account1;uid=x;PWD={a;b};TDS_Version=7.4"),
               "Server=a;Port=1;Database=Account1;TDS_Version=7.4");
     EXPECT_EQ(WithoutSignIn("Server=a;Trusted_Connection=Yes"), "Server=a");
@@ -152,7 +152,8 @@ TEST(ServerSignIns, AttributesOfASignInAreTakenOut) {
 TEST_F(OfficeCommands, DayBookIsWrittenToTheOutputAndToFiles) {
     EXPECT_EQ(Run({"--day-book", "2000-01-01", "2999-12-31", "--csv", "-"}), ExitCode::Done);
     const std::string text = out.str();
-    EXPECT_EQ(std::ranges::count(text, '\n'), 13); // the headings, and the sample's arrivals
+    EXPECT_EQ(std::ranges::count(text, '\n'),
+              13); // the headings and the arrivals of the sample rows
     const std::string file = database.folder.File("book.csv");
     EXPECT_EQ(Run({"--day-book", "2000-01-01", "2999-12-31", "--csv", file}), ExitCode::Done);
     EXPECT_EQ(out.str(), "12 arrivals of 01/01/2000 to 31/12/2999 written to " + file + ".\n");

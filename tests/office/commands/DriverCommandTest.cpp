@@ -13,10 +13,10 @@ namespace Quillane::Office {
 namespace {
 
 const std::string section = "[SQL Server]\n"
-                            "Description=FreeTDS under the name that the station looks for\n"
+                            "Description=FreeTDS under the name that the station uses\n"
                             "Driver=libtdsodbc.so\n";
 
-/// A variable of the environment, for as long as it lives.
+/// Sets an environment variable during its lifetime.
 class Variable {
 public:
     Variable(const char* name, const std::string& value) : name_(name) {
@@ -46,12 +46,10 @@ protected:
         Terminal terminal{.in = in, .out = out, .err = err, .password = {}, .confirm = {}};
         return RegisterDriver(place, terminal);
     }
-    /// What it says where the library is not installed may follow on the other stream.
+    /// If the library is not installed, a message follows on the other stream.
     void ExpectNothingWrong() const {
-        EXPECT_TRUE(
-            err.str().empty() ||
-            err.str() ==
-                "This library is not on the computer. Please install the package tdsodbc.\n")
+        EXPECT_TRUE(err.str().empty() ||
+                    err.str() == "This library is not installed. Install the package tdsodbc.\n")
             << err.str();
     }
 
@@ -81,7 +79,7 @@ TEST_F(OfficeDriver, IsRegisteredForThisUserInTheHomeFolder) {
     ExpectNothingWrong();
 }
 
-TEST_F(OfficeDriver, LeavesTheOtherDriversOfTheFileAsTheyAre) {
+TEST_F(OfficeDriver, KeepsTheOtherDriversOfTheFile) {
     const std::string others = "# by hand\n[FreeTDS]\nDriver=libtdsodbc.so\n\n[PostgreSQL]\n"
                                "Driver=psqlodbcw.so\n";
     folder.Write("odbcinst.ini", others);
@@ -89,17 +87,17 @@ TEST_F(OfficeDriver, LeavesTheOtherDriversOfTheFileAsTheyAre) {
     EXPECT_EQ(folder.Read("odbcinst.ini"), others + "\n" + section);
 }
 
-TEST_F(OfficeDriver, ThatIsRegisteredStaysAndIsNamed) {
+TEST_F(OfficeDriver, AlreadyRegisteredIsKeptAndNamed) {
     const std::string before = "[SQL Server]\nDriver=/opt/driver/libmsodbcsql.so\n";
     folder.Write("odbcinst.ini", before);
     EXPECT_EQ(Register("system"), ExitCode::Done);
     EXPECT_EQ(folder.Read("odbcinst.ini"), before);
     EXPECT_EQ(out.str(),
               "The driver \"SQL Server\" is already registered in " + folder.File("odbcinst.ini") +
-                  " with the library /opt/driver/libmsodbcsql.so. Nothing is changed.\n");
+                  " with the library /opt/driver/libmsodbcsql.so. Nothing has been changed.\n");
 }
 
-TEST_F(OfficeDriver, ThatCannotBeWrittenFailsAndNamesTheOtherPlace) {
+TEST_F(OfficeDriver, UnwritableFileFailsAndNamesTheOtherScope) {
     const Variable missing("ODBCSYSINI", folder.File("missing"));
     const Failure failure = FailureOf([&] { Register("system"); });
     EXPECT_EQ(failure.Number(), 75);
@@ -107,12 +105,12 @@ TEST_F(OfficeDriver, ThatCannotBeWrittenFailsAndNamesTheOtherPlace) {
         failure.Description().starts_with("The file " + folder.File("missing/odbcinst.ini") + ": "))
         << failure.Description();
     EXPECT_TRUE(failure.Description().ends_with(
-        ". Please run the command with the right to change this file, or register the driver for "
+        ". Run the command with the right to change this file, or register the driver for "
         "one user: --register-driver user"))
         << failure.Description();
 }
 
-TEST_F(OfficeDriver, OfAUserWithoutAHomeFolderFails) {
+TEST_F(OfficeDriver, UserWithoutAHomeFolderFails) {
     const Variable none("HOME", "");
     EXPECT_EQ(FailureOf([&] { Register("user"); }).Number(), 75);
 }

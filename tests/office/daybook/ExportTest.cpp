@@ -74,7 +74,7 @@ TEST_F(DayBookExport, CsvHasALineForEachArrivalWithoutUnitsOrGroups) {
                   party + ",6010001," + commodity + ",LEA-1,100,12000,,,,,,1\r\n");
 }
 
-TEST_F(DayBookExport, BrokenOffCsvLeavesTheFileThatWasThere) {
+TEST_F(DayBookExport, CancelledCsvLeavesTheFileThatWasThere) {
     AddPages();
     database.folder.Write("book.csv", "before");
     DayBook book(database.connection, Year2024());
@@ -108,7 +108,7 @@ TEST_F(DayBookExport, WorkbookHasASheetOfArrivalsAndOneForEachKindOfSum) {
               std::string::npos); // 2024-05-01 as a spreadsheet counts
 }
 
-TEST_F(DayBookExport, BrokenOffWorkbookLeavesTheFileThatWasThereAndNoOther) {
+TEST_F(DayBookExport, CancelledWorkbookLeavesTheFileThatWasThereAndNoOther) {
     AddPages();
     database.folder.Write("book.xlsx", "before");
     const auto count = [&] {

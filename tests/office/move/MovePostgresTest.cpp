@@ -302,7 +302,7 @@ TEST_F(EachStatementOnPostgres, CancelledMoveLeavesTheStationAndTheNextOneGoesTh
         observed.emplace();
         const bool moved = MovedWith(target, [&](int statement) {
             if (statement == at)
-                observed->BreakOff();
+                observed->Cancel();
         });
         EXPECT_EQ(words, "");
         cancelled += moved ? 0 : 1;

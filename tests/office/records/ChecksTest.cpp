@@ -7,7 +7,7 @@ namespace {
 
 using Weight = Finding::Weight;
 
-/// The rules need no database: a small list of each kind.
+/// The rules need no database, only a small list of each kind.
 class Checks : public testing::Test {
 protected:
     Checks() {
@@ -153,7 +153,7 @@ TEST_F(Checks, CommodityThatTheStationDoesNotListGivesAWarning) {
 
 TEST_F(Checks, ProposedAccountIsTheNextFreeOneOfTheRole) {
     KeyProposals keys(parties);
-    EXPECT_EQ(keys.For(NewParty), "6010011") << "6010010 is no party's, but taken";
+    EXPECT_EQ(keys.For(NewParty), "6010011") << "6010010 is used by an account that is not a party";
     EXPECT_EQ(keys.For(NewParty), "6010012");
     Row buyer = Party("IsSeller", "0");
     buyer[PlaceOf(PartiesTable(), "IsBuyer")] = "1";

@@ -10,7 +10,7 @@
 
 namespace Quillane::Office {
 
-/// A database with the sample rows, and two offices at work on it.
+/// A database with the sample rows, opened by two offices.
 class OfficeDatabase : public StationDatabase {
 public:
     explicit OfficeDatabase(const NewDatabase& particulars = SampleParticulars())

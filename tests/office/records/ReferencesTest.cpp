@@ -46,7 +46,7 @@ TEST_F(References, PartyWithArrivalsIsNotDeleted) {
     EXPECT_EQ(result.end, End::IsReferredTo);
     EXPECT_TRUE(database.Has(PartiesTable(), seller));
     ASSERT_FALSE(result.references.empty());
-    // A server's catalogue may spell it in another case.
+    // The catalogue of a server may use another case.
     EXPECT_TRUE(EqualIgnoringCase(result.references[0].from.table, "Arrivals"));
     EXPECT_EQ(std::to_string(result.references[0].rows), count);
 }
@@ -83,7 +83,7 @@ TEST_F(References, CityOfAPartyIsNotDeleted) {
     EXPECT_EQ(Delete(CitiesTable(), "77").end, End::Deleted);
 }
 
-// No foreign key ties bag lines to these two: they may hold 0.
+// Bag lines have no foreign keys to these two tables, because they may contain 0.
 TEST_F(References, BagClassAndTypeOfAStoredLineAreNotDeleted) {
     const std::string bagClass = database.Text("Select Min(BagsClassId) From ArrivalsBody");
     const std::string bagType = database.Text("Select Min(BagsTypeId) From ArrivalsBody");

@@ -52,7 +52,7 @@ TEST_F(RowWrites, ChangeSendsOnlyTheColumnsThatDiffer) {
     EXPECT_EQ(database.Stored(PartiesTable(), "6010001"), change.after);
 }
 
-// The lock comes first, so that nobody changes the row between the look at it and the write.
+// The row is locked first, so that nobody changes it between the check and the write.
 TEST_F(RowWrites, RowIsLockedBeforeItIsComparedAndWritten) {
     const RowChange change = database.Changed(CitiesTable(), "3", "CityName", "Okara Cantonment");
     std::vector<std::string> statements;
@@ -120,7 +120,7 @@ TEST_F(RowWrites, RowDeletedByAnotherSessionIsAConflict) {
               "Another user has deleted city 77 (Jhang) in the meantime. Nothing was written.");
 }
 
-TEST_F(RowWrites, NewRowWithANumberUsedMeanwhileIsAConflict) {
+TEST_F(RowWrites, NewRowWithAUsedNumberIsAConflict) {
     database.Run("Insert Into Cities (CityId, CityName) Values (77, 'Jhang')");
     const RowChange ours{std::nullopt, {"77", "Kasur"}};
     const WriteResult result = database.Write(CitiesTable(), {ours});
@@ -162,12 +162,12 @@ TEST_F(RowWrites, CancelledWriteIsRolledBack) {
             told.push_back(done);
             return done < 1;
         });
-    EXPECT_EQ(result.end, End::BrokenOff);
+    EXPECT_EQ(result.end, End::Cancelled);
     EXPECT_EQ(told, std::vector<int>{1});
     EXPECT_FALSE(database.Has(CitiesTable(), "77"));
 }
 
-TEST_F(RowWrites, DatabaseErrorRollsBackAndLeavesTheConnectionUsable) {
+TEST_F(RowWrites, DatabaseErrorRollsBackAndKeepsTheConnectionUsable) {
     database.Refuse({.write = "INSERT", .table = "Parties", .words = "closed"});
     EXPECT_THROW(database.Write(PartiesTable(), {{std::nullopt, NewParty}}), Failure);
     EXPECT_EQ(database.Text("Select Count(*) From ChartOfAccounts Where AccountNo = '6010099'"),

@@ -50,14 +50,14 @@ TEST_F(StationEntries, EntryChangedByAnotherUserIsReportedWithAllValues) {
     EXPECT_EQ(File(), "[Ports]\n1=/dev/ttyUSB7\n");
 }
 
-TEST_F(StationEntries, CompanyNameGoesToTheFileAndInCapitalsToTheDatabase) {
+TEST_F(StationEntries, CompanyNameIsStoredInTheFileAndInCapitalsInTheDatabase) {
     database.folder.Write("Station.ini", "; ours\n[CompanyNames]\n1=Old Mills\n");
     EXPECT_EQ(SaveName("Mühle am Bach"), "");
     EXPECT_EQ(File(), "; ours\n[CompanyNames]\n1=Mühle am Bach\n");
     EXPECT_EQ(StoredName(), "MÜHLE AM BACH");
 }
 
-TEST_F(StationEntries, CompanyNameThatWouldEndTheStationsStartIsRefused) {
+TEST_F(StationEntries, CompanyNameWithAnApostropheIsRefused) {
     const std::string before = StoredName();
     EXPECT_EQ(SaveName("Owner's Mills"), "The company name contains an apostrophe. Remove it.");
     EXPECT_EQ(SaveName(""), "The company name is empty. Fill it in.");
@@ -66,7 +66,7 @@ TEST_F(StationEntries, CompanyNameThatWouldEndTheStationsStartIsRefused) {
     EXPECT_FALSE(database.folder.Has("Station.ini"));
 }
 
-TEST_F(StationEntries, FileIsPutBackWhereTheDatabaseRefusesTheName) {
+TEST_F(StationEntries, FileIsRestoredIfTheDatabaseRefusesTheName) {
     database.folder.Write("Station.ini", "[CompanyNames]\n1=Old Mills\n");
     database.Refuse({.write = "UPDATE", .table = "Project_Registry", .words = "refused"});
     EXPECT_THROW(SaveName("New Mills"), Failure);
@@ -77,7 +77,7 @@ TEST_F(StationEntries, FileIsPutBackWhereTheDatabaseRefusesTheName) {
     EXPECT_EQ(File(), "[CompanyNames]\n1=Old Mills\n");
 }
 
-TEST_F(StationEntries, CompanyEntryGoesByTheDatabasesNumber) {
+TEST_F(StationEntries, CompanyEntryDependsOnTheCompanyNumber) {
     EXPECT_EQ(CompanyNameEntry(database.connection), 1);
 }
 

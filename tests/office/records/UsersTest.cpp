@@ -131,7 +131,7 @@ TEST_F(Users, LevelChangedByAnotherSessionIsReported) {
               "There is no user \"gate\". Update the list of users.");
 }
 
-// Each of them sees two users of level 1 on its screen.
+// Each session still shows two users of level 1.
 TEST_F(Users, TwoSessionsCannotRemoveTheLastTwoUsersOfLevelOne) {
     ASSERT_EQ(SetLevel(database.connection, {"gate", 2}, 1), "");
     EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), "");

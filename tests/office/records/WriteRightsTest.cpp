@@ -9,26 +9,25 @@
 namespace Quillane::Office {
 namespace {
 
-TEST(WriteRights, ListOfTheStationsSaysWhichSignInMayChangeIt) {
+TEST(WriteRights, OwnListNamesTheSignInThatMayChangeIt) {
     EXPECT_EQ(WhyReadOnly({.mayWrite = false,
-                           .madeHere = true,
+                           .isOfStations = true,
                            .owner = "dbo",
                            .database = "Account1",
                            .signIn = "Gate1"}),
-              "The sign-in \"Gate1\" may read this list, but not change it. It belongs to the "
-              "stations' own tables in the database Account1: please start the office with the "
-              "sign-in of the database's owner, by the option --sign-in.");
+              "The sign-in \"Gate1\" may read this list, but not change it. It is a table of the "
+              "stations in the database Account1. Start the office with the sign-in of the "
+              "database owner, by the option --sign-in.");
 }
 
-TEST(WriteRights, ListOfAnAccountingDatabaseSaysWhoseItIs) {
+TEST(WriteRights, ListOfAnAccountingDatabaseNamesItsOwner) {
     EXPECT_EQ(WhyReadOnly({.mayWrite = false,
-                           .madeHere = false,
+                           .isOfStations = false,
                            .owner = "dbo",
                            .database = "Account1",
                            .signIn = "Gate1"}),
               "The sign-in \"Gate1\" may read this list, but not change it. It belongs to the "
-              "accounting database Account1, owner dbo: please change it in the program that keeps "
-              "it there.");
+              "accounting database Account1, owner dbo. Change it in the accounting program.");
 }
 
 TEST(WriteRights, OwnerOfTheDatabaseMayWriteEveryList) {

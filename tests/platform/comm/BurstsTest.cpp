@@ -7,13 +7,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A line whose silence is 50 ms, read two bursts at a time; time passes as the test says.
+/// A line with a pause length of 50 ms that returns two bursts together; the test sets the time.
 class BurstsTest : public testing::Test {
 protected:
     void Pass(Bursts::Duration time) { now_ += time; }
     void Receive(std::string_view bytes) { bursts.Receive(bytes, now_); }
     void FindNothing() { bursts.FindNothing(now_); }
-    /// The bytes, and then a silence that a look has seen.
+    /// Bytes followed by a detected pause.
     void ReceiveBurst(std::string_view bytes) {
         Receive(bytes);
         Pass(50ms);
@@ -28,7 +28,7 @@ protected:
     Bursts bursts{50ms, 2, now_};
 };
 
-TEST_F(BurstsTest, AreTakenTwoAtATime) {
+TEST_F(BurstsTest, AreReturnedTwoTogether) {
     StartWithASilence();
     ReceiveBurst("one ");
     EXPECT_EQ(bursts.Take(), "");
@@ -36,13 +36,13 @@ TEST_F(BurstsTest, AreTakenTwoAtATime) {
     EXPECT_EQ(bursts.Take(), "one two ");
     EXPECT_EQ(bursts.Take(), "");
     ReceiveBurst("three ");
-    EXPECT_EQ(bursts.Take(), "") << "each is taken once";
+    EXPECT_EQ(bursts.Take(), "") << "each burst is returned once";
     ReceiveBurst("four ");
     ReceiveBurst("five");
     EXPECT_EQ(bursts.Take(), "three four five");
 }
 
-TEST_F(BurstsTest, LeaveTheOneThatIsBeingReceived) {
+TEST_F(BurstsTest, DoNotIncludeAnUnfinishedBurst) {
     StartWithASilence();
     ReceiveBurst("one ");
     ReceiveBurst("two ");
@@ -55,7 +55,7 @@ TEST_F(BurstsTest, LeaveTheOneThatIsBeingReceived) {
     EXPECT_EQ(bursts.Take(), "three four");
 }
 
-TEST_F(BurstsTest, EndWithASilenceOfFullLengthOnly) {
+TEST_F(BurstsTest, EndOnlyWithAPauseOfFullLength) {
     StartWithASilence();
     ReceiveBurst("one ");
     Receive("tw");
@@ -70,8 +70,8 @@ TEST_F(BurstsTest, EndWithASilenceOfFullLengthOnly) {
     EXPECT_EQ(bursts.Take(), "one two");
 }
 
-// The program was busy: what it finds then may have come at any time.
-TEST_F(BurstsTest, AreNotEndedByTimeInWhichNobodyLooked) {
+// The program was busy: the bytes may have arrived at any time.
+TEST_F(BurstsTest, AreNotEndedByTimeWithoutARead) {
     StartWithASilence();
     ReceiveBurst("one ");
     Receive("012");
@@ -85,7 +85,7 @@ TEST_F(BurstsTest, AreNotEndedByTimeInWhichNobodyLooked) {
     EXPECT_EQ(bursts.Take(), "one 012540 kg");
 }
 
-TEST_F(BurstsTest, AreJoinedByASilenceThatNobodySaw) {
+TEST_F(BurstsTest, AreJoinedByAnUndetectedPause) {
     StartWithASilence();
     Receive("one ");
     Pass(400ms);
@@ -95,7 +95,7 @@ TEST_F(BurstsTest, AreJoinedByASilenceThatNobodySaw) {
     EXPECT_EQ(bursts.Take(), "one two three");
 }
 
-TEST_F(BurstsTest, BeginAfterTheFirstSilence) {
+TEST_F(BurstsTest, BeginAfterTheFirstPause) {
     EXPECT_FALSE(bursts.IsSilent());
     Receive("540 kg ");
     Pass(20ms);
@@ -106,7 +106,7 @@ TEST_F(BurstsTest, BeginAfterTheFirstSilence) {
     EXPECT_EQ(bursts.Take(), "one two");
 }
 
-TEST_F(BurstsTest, AreNotMadeBySilenceAlone) {
+TEST_F(BurstsTest, AreNotCreatedByPausesOnly) {
     for (int look = 0; look < 5; ++look) {
         Pass(50ms);
         FindNothing();
@@ -130,7 +130,7 @@ TEST_F(BurstsTest, KeepTheOldestOfAFullBuffer) {
     EXPECT_EQ(bursts.Take(), "one two");
 }
 
-TEST_F(BurstsTest, SeeALineThatNeverPauses) {
+TEST_F(BurstsTest, DetectALineThatNeverPauses) {
     StartWithASilence();
     const auto sendFor = [&](Bursts::Duration time) {
         for (Bursts::Duration sent{}; sent < time; sent += 10ms) {
@@ -145,21 +145,21 @@ TEST_F(BurstsTest, SeeALineThatNeverPauses) {
     EXPECT_EQ(bursts.Take(), "");
     Pass(50ms);
     FindNothing();
-    EXPECT_FALSE(bursts.NeverPauses()) << "it has paused now";
+    EXPECT_FALSE(bursts.NeverPauses()) << "the line has paused";
     sendFor(4990ms);
     EXPECT_FALSE(bursts.NeverPauses());
 }
 
-TEST_F(BurstsTest, DoNotCallALineEndlessThatNobodyWatched) {
+TEST_F(BurstsTest, DoNotReportAnUnreadLineAsNeverPausing) {
     StartWithASilence();
     for (int look = 0; look < 200; ++look) {
         Pass(50ms);
         Receive("12540 ");
     }
-    EXPECT_FALSE(bursts.NeverPauses()) << "a silence may have gone unseen each time";
+    EXPECT_FALSE(bursts.NeverPauses()) << "a pause may have been missed each time";
 }
 
-TEST(Bursts, AreTakenAsManyAtATimeAsIsAskedFor) {
+TEST(Bursts, AreReturnedInTheRequestedNumber) {
     Bursts::Time now{};
     Bursts bursts(50ms, 3, now);
     for (const char* burst : {"", "one ", "two ", "three"}) {

@@ -1,4 +1,4 @@
-// Lock files of serial devices that a process has left.
+// Lock files of serial devices, left by ended processes or in use.
 
 #include "platform/comm/LineLock.h"
 
@@ -40,7 +40,7 @@ std::string NameOf(pid_t process) {
     return fs::read_symlink("/proc/" + std::to_string(process) + "/exe").filename();
 }
 
-/// A folder of its own cannot be given to a process in every container.
+/// Not every container allows a private mount for a process.
 bool OpenedOrNotPossible(int status) {
     return WIFEXITED(status) &&
            (WEXITSTATUS(status) == 0 || WEXITSTATUS(status) == notPossibleHere);
@@ -57,7 +57,7 @@ protected:
         fs::remove(lock);
     }
 
-    /// As terminal programs write it: the number in ten places.
+    /// Like terminal programs: the process number in ten characters.
     void LeaveLock(pid_t process, const std::string& name = {}) const {
         const std::string number = std::to_string(process);
         std::ofstream(lock) << std::string(10 - number.size(), ' ') << number << "\n"
@@ -67,7 +67,7 @@ protected:
 
     std::string Named() const { return "Port 1 (" + terminal.Device() + ")"; }
 
-    /// Writes how an opening ends; for a process of its own.
+    /// Prints the result of opening the port; for a child process.
     [[noreturn]] void OpenAsNobody() {
         if (::setgid(nobody) != 0 || ::setuid(nobody) != 0)
             std::_Exit(notPossibleHere);
@@ -87,7 +87,7 @@ protected:
     MSComm line{screen, "CM"};
 };
 
-TEST_F(LineLockTest, LockOfAnEndedProcessDoesNotKeepThePortClosed) {
+TEST_F(LineLockTest, LockOfAnEndedProcessIsRemoved) {
     LeaveLock(EndedProcess());
     line.SetPortOpen(true);
     EXPECT_TRUE(line.PortOpen());
@@ -118,7 +118,7 @@ TEST_F(LineLockTest, LockOfARunningProcessIsRespected) {
     EXPECT_TRUE(fs::exists(lock));
 }
 
-TEST_F(LineLockTest, LockThatAProcessKeepsLockedIsInUseWhateverItNames) {
+TEST_F(LineLockTest, LockedFileIsInUseWhateverProcessItNames) {
     MSComm other(screen, "Other");
     other.SetPortOpen(true);
     EXPECT_EQ(ReadLineLock(terminal.Device()).state, LineLock::State::InUse);
@@ -128,15 +128,15 @@ TEST_F(LineLockTest, LockThatAProcessKeepsLockedIsInUseWhateverItNames) {
     EXPECT_FALSE(RemoveLeftLock({LineLock::State::Left, lock}));
 }
 
-TEST_F(LineLockTest, LockThatAnotherUsersEndedProgramLeftIsNamed) {
+TEST_F(LineLockTest, StaleLockOfAnotherUserIsNamed) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "Only root can open the line as two users";
     LeaveLock(EndedProcess(), "quillane");
     EXPECT_EXIT(OpenAsNobody(), testing::ExitedWithCode(0),
                 "^Port 1 \\(.*\\) cannot be opened: a program that has ended left the lock file " +
                     lock +
-                    ", and this user may not delete it\\. Please have the person who looks after "
-                    "the computer delete the file, or start the computer again\\.$");
+                    ", and this user may not delete it\\. Ask the administrator of the computer to "
+                    "delete the file, or restart the computer\\.$");
     EXPECT_TRUE(fs::exists(lock));
 }
 
@@ -148,15 +148,15 @@ TEST_F(LineLockTest, LockOfAnotherUsersRunningProgramIsInUse) {
                 "cannot be opened: another program is using it\\.$");
 }
 
-TEST_F(LineLockTest, LockThatAnotherUserKeepsFromBeingReadIsNamed) {
+TEST_F(LineLockTest, UnreadableLockOfAnotherUserIsNamed) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "Only root can open the line as two users";
     LeaveLock(EndedProcess(), "quillane");
     ::chmod(lock.c_str(), 0600);
     EXPECT_EXIT(OpenAsNobody(), testing::ExitedWithCode(0),
                 "cannot be opened: the lock file " + lock +
-                    " is another user's\\. Please close the other user's program; where none runs, "
-                    "have the person who looks after the computer delete the file\\.$");
+                    " belongs to another user\\. Close the program of that user\\. If none is "
+                    "running, ask the administrator of the computer to delete the file\\.$");
 }
 
 } // namespace

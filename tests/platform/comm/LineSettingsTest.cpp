@@ -5,7 +5,7 @@
 namespace Quillane {
 namespace {
 
-TEST(LineSettings, AreRateParityDataBitsAndStopBits) {
+TEST(LineSettings, AcceptRateParityDataBitsAndStopBits) {
     struct Case {
         const char* text;
         std::int32_t rate;
@@ -33,7 +33,7 @@ TEST(LineSettings, AreRateParityDataBitsAndStopBits) {
     }
 }
 
-TEST(LineSettings, GiveTheTimeThatACharacterTakes) {
+TEST(LineSettings, ComputeTheTransmissionTimeOfACharacter) {
     const std::pair<const char*, std::chrono::nanoseconds> cases[] = {
         {"1000,n,8,1", std::chrono::milliseconds(10)},
         {"1000,e,8,1", std::chrono::milliseconds(11)},
@@ -45,7 +45,7 @@ TEST(LineSettings, GiveTheTimeThatACharacterTakes) {
         EXPECT_EQ(ParseLineSettings(text)->Character(), time) << text;
 }
 
-TEST(LineSettings, OfAnyOtherFormAreNone) {
+TEST(LineSettings, RefuseAnyOtherText) {
     for (const char* text : {"",
                              ",,,",
                              "9600",

@@ -11,17 +11,16 @@
 
 namespace Quillane::Testing {
 
-/// The name by which a device is locked, for one user at a time. QSerialPort locks a device by a
-/// file of its name in a folder of the whole system. The name of a pseudo-terminal is given out
-/// again at once, often before its last user has removed that file; and containers may share the
-/// folder while each has pseudo-terminals of the same names. tools/indicator claims names by the
-/// same files.
+/// Reserves the lock name of a device. QSerialPort locks a device by a file with its name in a
+/// system folder. The system reuses the name of a pseudo-terminal immediately, often before its
+/// last user has removed that file; and containers may share the folder but have pseudo-terminals
+/// with the same names. tools/indicator uses the same files.
 class LockName {
 public:
-    /// None while another has the name, or the file of its lock is still there.
+    /// Returns none if the name is reserved or its lock file still exists.
     static std::unique_ptr<LockName> Claim(const std::string& device) {
         std::unique_ptr<LockName> name(new LockName(device));
-        // The lock is looked for once the name is claimed: from then on nobody else makes one.
+        // The lock file is checked after the reservation: from then on nobody else creates one.
         const bool mine = name->IsMine() && access(LockFile(device).c_str(), F_OK) != 0;
         return mine ? std::move(name) : nullptr;
     }
@@ -42,7 +41,7 @@ private:
         : file_(File("claim..", device)),
           claim_(open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {}
 
-    /// Locked by this process, and not just removed by the one that had it before.
+    /// True if this process has the lock, and the previous owner has not just removed the file.
     bool IsMine() const {
         struct stat claimed {
         }, there{};

@@ -1,4 +1,4 @@
-// A port that is read in whole bursts, on a real line; only the clock is the test's.
+// A port that is read in whole bursts, on a real line; only the clock is simulated.
 
 #include "platform/comm/MSComm.h"
 
@@ -33,12 +33,12 @@ protected:
         line.SetPortOpen(true);
         PassSilently();
     }
-    /// The silence that ends a burst, seen by a look.
+    /// A detected pause that ends a burst.
     void PassSilently() {
         now += 51ms;
         EXPECT_EQ(line.Input(), "");
     }
-    /// The event loop has taken what was sent.
+    /// Waits until the event loop has read the sent bytes.
     void ExpectTaken() {
         ASSERT_TRUE(WaitFor([&] { return indicator.Unread() == 0; }));
     }
@@ -50,13 +50,13 @@ protected:
     MSComm line{screen, "CM"};
 };
 
-TEST_F(MSCommBurstsTest, GivesTwoWholeBurstsAtATimeWhereverTheLooksFall) {
+TEST_F(MSCommBurstsTest, ReturnsTwoWholeBurstsForAnyTimingOfTheReads) {
     Open();
     for (const char* sent : {"+0125", "40 kg\r\n"}) {
         indicator.Write(sent);
         EXPECT_EQ(line.Input(), "");
         now += 30ms;
-        EXPECT_EQ(line.Input(), "") << "no silence yet";
+        EXPECT_EQ(line.Input(), "") << "no pause yet";
     }
     PassSilently();
     indicator.Write("+012540 kg\r\n");
@@ -66,7 +66,7 @@ TEST_F(MSCommBurstsTest, GivesTwoWholeBurstsAtATimeWhereverTheLooksFall) {
     EXPECT_EQ(line.Input(), "");
 }
 
-TEST_F(MSCommBurstsTest, DropsWhatWasUnderWayWhenItOpened) {
+TEST_F(MSCommBurstsTest, DropsTheBurstThatWasUnderWayAtOpening) {
     line.SetPortOpen(true);
     indicator.Write("540 kg\r\n");
     for (const char* sent : {"+012540 kg\r\n", "+012540 kg\r\n"}) {
@@ -79,13 +79,13 @@ TEST_F(MSCommBurstsTest, DropsWhatWasUnderWayWhenItOpened) {
     EXPECT_EQ(line.Input(), "+012540 kg\r\n+012540 kg\r\n");
 }
 
-TEST_F(MSCommBurstsTest, SeesSilencesBetweenTheReads) {
+TEST_F(MSCommBurstsTest, DetectsPausesBetweenTheReads) {
     Open();
     for (const char* sent : {"one ", "two "}) {
         indicator.Write(sent);
         ExpectTaken();
         now += 51ms;
-        // The line's own look comes by itself; the read below must not need to see each silence.
+        // The line detects pauses itself, without a call of Input.
         int looks = 0;
         MSComm::SetClock([this, &looks] {
             ++looks;
@@ -97,7 +97,7 @@ TEST_F(MSCommBurstsTest, SeesSilencesBetweenTheReads) {
     EXPECT_EQ(line.Input(), "one two ");
 }
 
-TEST_F(MSCommBurstsTest, WaitsForThreeCharactersWhereTheLineIsSlow) {
+TEST_F(MSCommBurstsTest, WaitsForThreeCharacterTimesOnASlowLine) {
     line.SetSettings("110,e,8,2"); // 12 bits: 109 ms each
     line.SetPortOpen(true);
     now += 328ms;
@@ -114,7 +114,7 @@ TEST_F(MSCommBurstsTest, WaitsForThreeCharactersWhereTheLineIsSlow) {
     }
 }
 
-TEST_F(MSCommBurstsTest, GivesAsManyAtATimeAsTheControlAsksFor) {
+TEST_F(MSCommBurstsTest, ReturnsTheNumberOfBurstsOfTheControl) {
     MSComm bench(screen, "Bench", 1, "2400,n,8,1", 3);
     bench.SetPortOpen(true);
     for (const char* sent : {"one ", "two ", "three"}) {
@@ -127,7 +127,7 @@ TEST_F(MSCommBurstsTest, GivesAsManyAtATimeAsTheControlAsksFor) {
     EXPECT_EQ(bench.Input(), "one two three");
 }
 
-TEST_F(MSCommBurstsTest, ReadsAPortThatIsNotNamedAsItComes) {
+TEST_F(MSCommBurstsTest, ReadsOtherPortsWithoutBursts) {
     line.SetCommPort(2);
     line.SetPortOpen(true);
     other.Write("+0125");
@@ -147,7 +147,7 @@ TEST_F(MSCommBurstsTest, ForgetsItsBurstsWhenItCloses) {
     EXPECT_EQ(line.Input(), "");
 }
 
-TEST_F(MSCommBurstsTest, FailsWhereTheLineNeverPauses) {
+TEST_F(MSCommBurstsTest, FailsIfTheLineNeverPauses) {
     Open();
     for (int look = 0; look < 200; ++look) {
         now += 25ms;
@@ -158,7 +158,7 @@ TEST_F(MSCommBurstsTest, FailsWhereTheLineNeverPauses) {
     indicator.Write("12540 ");
     try {
         line.Input();
-        ADD_FAILURE() << "it did not fail";
+        ADD_FAILURE() << "Input has not failed";
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.Number(), 8002);
         EXPECT_EQ(failure.Source(), "Serial line");

@@ -61,7 +61,7 @@ protected:
     MSComm line{screen, "CM"};
 };
 
-TEST_F(MSCommTest, IsAControlThatIsNotSeen) {
+TEST_F(MSCommTest, IsAnInvisibleControl) {
     EXPECT_EQ(line.Name(), "CM");
     EXPECT_EQ(line.TypeName(), "MSComm");
     EXPECT_EQ(screen.Controls(), std::vector<Control*>{&line});
@@ -76,7 +76,7 @@ TEST_F(MSCommTest, StartsClosedWithTheSettingsOfItsDesign) {
     EXPECT_EQ(bench.Settings(), "2400,n,8,1");
 }
 
-TEST_F(MSCommTest, GivesEverythingReceivedSinceTheLastReadOnce) {
+TEST_F(MSCommTest, ReturnsReceivedBytesOnce) {
     line.SetPortOpen(true);
     EXPECT_TRUE(line.PortOpen());
     EXPECT_EQ(line.Input(), "");
@@ -88,15 +88,15 @@ TEST_F(MSCommTest, GivesEverythingReceivedSinceTheLastReadOnce) {
     EXPECT_EQ(line.Input(), "+001260 kg");
 }
 
-TEST_F(MSCommTest, GivesWhatArrivedWhileEventsRanAndWhatCameAfter) {
+TEST_F(MSCommTest, ReturnsBytesReceivedDuringAndAfterEvents) {
     line.SetPortOpen(true);
     terminal.Write("first ");
-    ASSERT_TRUE(WaitFor([&] { return terminal.Unread() == 0; })) << "not taken by the event loop";
+    ASSERT_TRUE(WaitFor([&] { return terminal.Unread() == 0; })) << "not read by the event loop";
     terminal.Write("second");
     EXPECT_EQ(line.Input(), "first second");
 }
 
-TEST_F(MSCommTest, GivesEveryByteAsOneCharacter) {
+TEST_F(MSCommTest, ReturnsEveryByteAsOneCharacter) {
     std::string bytes;
     for (int code = 0; code <= 255; ++code)
         bytes += static_cast<char>(code);
@@ -110,12 +110,12 @@ TEST_F(MSCommTest, KeepsTheOldestOfAFullBufferAndDropsTheRest) {
     line.SetPortOpen(true);
     terminal.Write(sent);
     EXPECT_EQ(line.Input(), std::string(1024, 'a'));
-    EXPECT_EQ(line.Input(), "") << "the rest is gone from the system's buffer too";
+    EXPECT_EQ(line.Input(), "") << "the rest is also dropped from the buffer of the system";
     terminal.Write("fresh");
     EXPECT_EQ(line.Input(), "fresh");
 }
 
-TEST_F(MSCommTest, KeepsTheOldestWhenNobodyReadsForLong) {
+TEST_F(MSCommTest, KeepsTheOldestBytesWithoutAReadForLong) {
     line.SetPortOpen(true);
     terminal.Write(std::string(1000, 'a'));
     for (int round = 0; round < 20; ++round) {
@@ -183,7 +183,7 @@ TEST_F(MSCommTest, CanBeChangedOnlyWhileClosed) {
     EXPECT_EQ(line.Input(), "still read");
 }
 
-TEST_F(MSCommTest, RefusesSettingsAndPortNumbersThatAreNone) {
+TEST_F(MSCommTest, RefusesInvalidSettingsAndPortNumbers) {
     ExpectFailure([&] { line.SetSettings("fast"); }, 5,
                   "\"fast\" is not a valid line setting. Use rate,parity,data bits,stop bits, for "
                   "example 9600,n,8,1.");
@@ -209,8 +209,8 @@ TEST_F(MSCommTest, ReportsAMissingDevice) {
     EXPECT_TRUE(line.PortOpen());
 }
 
-// Another program that looks for the device locks its name, and so does one that was killed.
-TEST_F(MSCommTest, ReportsAMissingDeviceAlsoWhileItsNameIsLocked) {
+// Programs that search for the device, or were killed, leave a lock for its name.
+TEST_F(MSCommTest, ReportsAMissingDeviceEvenIfItsNameIsLocked) {
     const std::string device = "/dev/no-such-line-" + std::to_string(getpid());
     MSComm::SetDevices([&](int) { return device; });
     QLockFile lock(QString::fromStdString(Testing::LockName::LockFile(device)));
@@ -221,7 +221,7 @@ TEST_F(MSCommTest, ReportsAMissingDeviceAlsoWhileItsNameIsLocked) {
                       "adapter is plugged in.");
 }
 
-TEST_F(MSCommTest, ReportsADeviceThatAnotherProgramUsesByAnyName) {
+TEST_F(MSCommTest, ReportsADeviceInUseUnderAnyName) {
     const auto link = std::filesystem::temp_directory_path() /
                       ("line-" + std::to_string(getpid()) + "-under-another-name");
     std::filesystem::create_symlink(terminal.Device(), link);
@@ -252,7 +252,7 @@ TEST_F(MSCommTest, ReportsADeviceThatThisUserMayNotUse) {
         "Port 1 \\(.*\\) cannot be opened: this user has no permission to use the device\\.");
 }
 
-TEST_F(MSCommTest, ReportsAFileThatIsNoSerialLine) {
+TEST_F(MSCommTest, ReportsAFileThatIsNotASerialLine) {
     const auto file = std::filesystem::temp_directory_path() /
                       ("line-" + std::to_string(getpid()) + "-plain-file");
     std::ofstream(file) << "12540";
@@ -288,7 +288,7 @@ TEST_F(MSCommTest, OpensAgainAfterAHangUp) {
     line.SetPortOpen(true);
     terminal.HangUp();
     EXPECT_TRUE(FailureOf([&] { line.Input(); }));
-    // Before the old line's end has been worked off by the event loop.
+    // Before the event loop has processed the end of the old line.
     PseudoTerminal second;
     MSComm::SetDevices([&](int) { return second.Device(); });
     line.SetPortOpen(true);
@@ -308,7 +308,7 @@ TEST_F(MSCommTest, CanBeClosedAndChangedAfterAHangUp) {
     ExpectFailure([&] { line.Input(); }, 8018, "Port 2 is closed: nothing can be read from it.");
 }
 
-TEST_F(MSCommTest, FreesTheDeviceWhenItGoes) {
+TEST_F(MSCommTest, ReleasesTheDeviceWhenDestroyed) {
     {
         MSComm other(screen, "Other");
         other.SetPortOpen(true);
@@ -317,7 +317,7 @@ TEST_F(MSCommTest, FreesTheDeviceWhenItGoes) {
     EXPECT_TRUE(line.PortOpen());
 }
 
-TEST_F(MSCommTest, TakesTheSystemsOwnPortsWhereTheStationNamesNone) {
+TEST_F(MSCommTest, UsesTheDefaultPortsIfTheStationFileNamesNone) {
     MSComm::SetDevices({});
     line.SetCommPort(99);
     const auto failure = FailureOf([&] { line.SetPortOpen(true); });

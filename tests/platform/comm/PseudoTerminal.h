@@ -19,11 +19,11 @@
 
 namespace Quillane::Testing {
 
-/// A serial line without a cable: what is written here can be read at Device().
+/// A simulated serial line: bytes written here can be read at Device().
 class PseudoTerminal {
 public:
     PseudoTerminal() {
-        // One whose name is in use stays open until another is found: its number is taken.
+        // A terminal with a used name stays open, so that the next one gets another number.
         std::vector<int> inUse;
         for (Open(); !(name_ = LockName::Claim(device_)); Open())
             inUse.insert(inUse.end(), {indicator_, observer_});
@@ -47,12 +47,12 @@ public:
                   static_cast<ssize_t>(bytes.size()));
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
         while (Unread() < before + static_cast<int>(bytes.size())) {
-            ASSERT_LT(std::chrono::steady_clock::now(), end) << "the bytes do not arrive";
+            ASSERT_LT(std::chrono::steady_clock::now(), end) << "the bytes have not arrived";
             std::this_thread::yield();
         }
     }
 
-    /// Bytes that the system holds for whoever reads.
+    /// The number of bytes in the input buffer of the system.
     int Unread() const {
         int count = 0;
         ioctl(observer_, FIONREAD, &count);

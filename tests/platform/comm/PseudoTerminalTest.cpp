@@ -13,7 +13,7 @@ namespace {
 using Testing::LockName;
 using Testing::PseudoTerminal;
 
-TEST(PseudoTerminal, IsLockedByTheFileThatBearsItsName) {
+TEST(PseudoTerminal, IsLockedByTheFileWithItsName) {
     const PseudoTerminal terminal;
     MSComm::SetDevices([&](int) { return terminal.Device(); });
     Screen screen("FrmTest", "Test");
@@ -24,8 +24,8 @@ TEST(PseudoTerminal, IsLockedByTheFileThatBearsItsName) {
     MSComm::SetDevices({});
 }
 
-// As a process that closes its line leaves it for a moment: the number is free, its lock not yet.
-TEST(PseudoTerminal, TakesNoNameThatIsStillLocked) {
+// The state just after a process has closed its line: the number is free, but still locked.
+TEST(PseudoTerminal, DoesNotUseANameThatIsStillLocked) {
     auto former = std::make_unique<PseudoTerminal>();
     const std::string name = former->Device();
     QLockFile lock(QString::fromStdString(LockName::LockFile(name)));
@@ -46,7 +46,7 @@ TEST(LockName, HasOneUserAtATime) {
     auto first = LockName::Claim(device);
     ASSERT_TRUE(first);
     EXPECT_FALSE(LockName::Claim(device));
-    EXPECT_FALSE(LockName::Claim(device)) << "a refused claim leaves the name with its user";
+    EXPECT_FALSE(LockName::Claim(device)) << "a refused claim does not release the name";
     first.reset();
     EXPECT_TRUE(LockName::Claim(device));
 }

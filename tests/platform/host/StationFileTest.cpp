@@ -61,7 +61,7 @@ TEST(StationFile, PortsWithWholeBurstsAreRead) {
     EXPECT_EQ(station.WholeBursts, (std::set<int>{1, 12}));
 }
 
-TEST(StationFile, SaysWhereBackupsGoAndHowManyStay) {
+TEST(StationFile, HasTheFolderAndTheNumberOfBackups) {
     const FreshFolder folder;
     const StationFile none = StationFile::Read(folder.Write("Station.ini", "[Backup]\n"));
     EXPECT_EQ(none.BackupFolder, "");

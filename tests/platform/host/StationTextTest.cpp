@@ -40,12 +40,12 @@ TEST(StationText, NumberedEntriesStayInOrder) {
         EXPECT_EQ(WithStationEntry(each.before, "Ports", "3", "new"), each.after) << each.before;
 }
 
-TEST(StationText, EntryOfAnotherSectionIsLeftAlone) {
+TEST(StationText, EntryOfAnotherSectionIsKept) {
     EXPECT_EQ(WithStationEntry("[CompanyNames]\n1=Mill\n[Ports]\n1=a\n", "Ports", "1", "b"),
               "[CompanyNames]\n1=Mill\n[Ports]\n1=b\n");
 }
 
-TEST(StationText, EntryIsTakenOutAndItsSectionStays) {
+TEST(StationText, EntryIsRemovedAndItsSectionIsKept) {
     constexpr Case cases[] = {{"[Ports]\n; scale\n1=a\n2=b\n", "[Ports]\n; scale\n2=b\n"},
                               {"[Ports]\n1=a\n", "[Ports]\n"},
                               {"[CompanyNames]\n1=Mill\n", "[CompanyNames]\n1=Mill\n"},

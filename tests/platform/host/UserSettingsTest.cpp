@@ -50,7 +50,7 @@ TEST_F(UserSettings, ApplicationsSectionsAndKeysAreSeparate) {
     EXPECT_EQ(GetSetting("Mill", "Printer", "page", ""), "four");
 }
 
-TEST_F(UserSettings, ValueIsInTheUsersFileAtOnce) {
+TEST_F(UserSettings, ValueIsWrittenImmediately) {
     SaveSetting("Mill", "Printer", "Page", "Printed");
     EXPECT_TRUE(SettingsFile("Mill").starts_with(folder.path + "/"));
     std::ifstream file(SettingsFile("Mill"));

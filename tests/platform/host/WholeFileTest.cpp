@@ -33,11 +33,11 @@ TEST(WholeFile, FolderCannotBeReadAsAFile) {
 TEST(WholeFile, FileOrFolderIsFlushedToTheDisk) {
     const FreshFolder folder;
     folder.Write("note", "text");
-    BringToDisk(folder.File("note"));
-    BringToDisk(folder.path);
-    const Failure failure = FailureOf([&] { BringToDisk(folder.File("none")); });
+    FlushToDisk(folder.File("note"));
+    FlushToDisk(folder.path);
+    const Failure failure = FailureOf([&] { FlushToDisk(folder.File("none")); });
     EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
-    EXPECT_NE(failure.Description().find(folder.File("none") + " cannot be brought to the disk: "),
+    EXPECT_NE(failure.Description().find(folder.File("none") + " cannot be written to disk: "),
               std::string::npos);
 }
 

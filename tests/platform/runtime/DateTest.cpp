@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 constexpr Date opening = 2026y / 11 / 20;
 
-TEST(Date, LiteralIsReadAlikeUnderEveryLanguageSetting) {
+TEST(Date, LiteralDoesNotDependOnTheLanguageSetting) {
     EXPECT_EQ(DateLiteral(opening), "2026-11-20T00:00:00");
     EXPECT_EQ(DateLiteral(987y / 1 / 2), "0987-01-02T00:00:00");
 }

@@ -85,7 +85,7 @@ TEST(Val, NumberBeyondADoubleDoesNotFail) {
 
 TEST(Val, DecimalPointDoesNotDependOnTheLocale) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
-    // A locale that is not installed leaves the one before in effect.
+    // If the locale is not installed, the previous one is still active.
     for (const char* language : {"de_DE.UTF-8", "fr_FR.UTF-8", "ur_PK.UTF-8", "C.UTF-8"}) {
         std::setlocale(LC_ALL, language);
         EXPECT_EQ(Val("205.5"), 205.5) << language;

@@ -8,7 +8,7 @@
 namespace Quillane {
 namespace {
 
-/// Each cell holds "row.column".
+/// Each cell contains "row.column".
 RowArray Numbered(int rows, int columns) {
     RowArray array;
     array.ReDim(rows - 1, columns - 1);

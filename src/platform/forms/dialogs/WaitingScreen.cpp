@@ -29,7 +29,7 @@ bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>&
     if (isLong)
         WaitingScreen(title, shared, end).ShowModal();
     end.get();
-    return !shared.IsBrokenOff();
+    return !shared.IsCancelled();
 }
 
 WaitingScreen::WaitingScreen(const std::string& title, LongWork& work, std::future<void>& end)
@@ -75,13 +75,13 @@ void WaitingScreen::Form_KeyDown(int& key, int /*shift*/) {
 }
 
 void WaitingScreen::BtnCancel_Click() {
-    work_.BreakOff();
+    work_.Cancel();
     BtnCancel.SetEnabled(false);
     TmrLook_Tick();
 }
 
 void WaitingScreen::TmrLook_Tick() {
-    step_.setText(work_.IsBrokenOff() ? "Cancelling: waiting for the answer of the server"
+    step_.setText(work_.IsCancelled() ? "Cancelling: waiting for the answer of the server"
                                       : ToQt(work_.Step()));
     bar_->setRange(0, work_.Parts());
     bar_->setValue(work_.Done());
