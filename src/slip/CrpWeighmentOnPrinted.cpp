@@ -6,7 +6,7 @@ namespace Quillane {
 
 namespace {
 
-/// Captions, boxes and lines, and the company's heading, are on the paper already.
+/// The paper already has captions, boxes, lines and the heading of the company.
 bool IsPreprinted(const ReportObject& object) {
     if (object.kind != ReportObjectKind::Field)
         return true;

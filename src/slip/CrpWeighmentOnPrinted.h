@@ -4,9 +4,9 @@
 
 namespace Quillane {
 
-/// The slip for pre-printed paper: the same sections, parameters and places of the figures as
-/// CrpCottonWeighment, without the heading, captions and boxes that such paper has already. Kept
-/// with the system; nothing creates it.
+/// The slip for pre-printed paper: the same sections, parameters and positions of the figures as
+/// CrpCottonWeighment, without the heading, captions and boxes that the paper already has. It is
+/// part of the system, but nothing creates it.
 class CrpWeighmentOnPrinted : public Report {
 public:
     CrpWeighmentOnPrinted();

@@ -38,7 +38,7 @@ void RptReportViewer::Form_Load() {
     CRViewer91.Zoom(pageWidth);
 }
 
-/// The caller may replace the report once the preview is closed.
+/// The caller may replace the report after the preview is closed.
 void RptReportViewer::Form_Unload(bool& /*cancel*/) {
     CRViewer91.ClearReportSource();
 }

@@ -17,9 +17,9 @@ public:
     std::unique_ptr<Quillane::Report> Report;
     CRViewer9 CRViewer91{*this, "CRViewer91"};
 
-    /// Strips the report's colours: what goes to the paper has no coloured fills.
+    /// Removes the colours of the report before it is printed.
     void RemoveObjectColors();
-    /// Gives the report's objects a coloured border, for designs with a section "TSection5".
+    /// Adds coloured borders to the objects, for designs with a section "TSection5".
     void SetBorderColor();
 
 protected:

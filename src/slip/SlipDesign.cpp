@@ -42,21 +42,21 @@ std::string PrintingOf(const ReportContext& context) {
     return "Printed " + time + (user.empty() ? "" : " by " + user);
 }
 
-/// On every page, so that the sheets of a long load can be put together again.
+/// On every page, so that the pages of a long load can be identified.
 ReportSection Foot() {
     constexpr int outerWidth = 2600;
     constexpr int innerWidth = PageWidth - 2 * outerWidth;
-    const auto place = [](int left, int width) { return Place{left, 120, width, 240}; };
+    const auto area = [](int left, int width) { return Area{left, 120, width, 240}; };
     const auto look = [](const ReportObject& object) {
         return Coloured(Sized(object, 8), CaptionGrey);
     };
-    ReportObject pages = At(ReportObjectKind::Field, place(outerWidth + innerWidth, outerWidth));
+    ReportObject pages = At(ReportObjectKind::Field, area(outerWidth + innerWidth, outerWidth));
     pages.field.source = ReportField::Source::PageNofM;
     return {"PageFooterSection1",
             360,
             {Line({0, 100, PageWidth, 0}),
-             look(RowFormula(place(0, outerWidth), "Arrival", ArrivalOf)),
-             look(Aligned(Formula(place(outerWidth, innerWidth), "Printing", PrintingOf),
+             look(RowFormula(area(0, outerWidth), "Arrival", ArrivalOf)),
+             look(Aligned(Formula(area(outerWidth, innerWidth), "Printing", PrintingOf),
                           ReportAlignment::Centre)),
              look(Aligned(pages, ReportAlignment::Right))},
             ReportSectionKind::PageFooter};

@@ -18,11 +18,11 @@ inline constexpr int NetWeight = 7;
 inline constexpr int Count = 7;
 } // namespace SlipParameter
 
-/// The five sections of the slip, from the top of the page. Fills and borders are coloured, for
-/// the screen; the preview strips them before they go to paper.
+/// Creates the five sections of the slip, from the top of the page. Fills and borders have colours
+/// for the screen; the preview removes them before printing.
 std::vector<ReportSection> SlipSections();
 
-/// "Slip" and the arrival's number, where the data has a row.
+/// Returns "Slip" and the number of the arrival, if the data has a row.
 std::string SlipFileName(const Report& slip);
 
 } // namespace Quillane

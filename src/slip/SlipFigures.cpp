@@ -76,11 +76,6 @@ FirstWeighing FirstWeighingOf(double initialGross, double tare, double gross) {
     return tare != 0 && gross == 0 ? FirstWeighing::EmptyTruck : FirstWeighing::No;
 }
 
-/// The weights of the screen are whole kilograms, the sums of the lines nearly so.
-bool AreEqual(double left, double right) {
-    return std::abs(left - right) < 0.5;
-}
-
 } // namespace
 
 LoadWeights WeightsOf(const SlipLines& lines, double initialGross, double net) {
@@ -98,7 +93,8 @@ LoadWeights WeightsOf(const SlipLines& lines, double initialGross, double net) {
         weights.tare = tare;
     weights.gross = gross;
     weights.deduction = deduction;
-    if (AreEqual(deduction, lines.total.deduction + lines.scaleDeduction))
+    // The weights of the screen are whole kilograms; the sums of the lines are nearly whole.
+    if (std::abs(deduction - (lines.total.deduction + lines.scaleDeduction)) < 0.5)
         weights.scaleDeduction = lines.scaleDeduction;
     weights.firstWeighing = FirstWeighingOf(initial, tare, gross);
     return weights;

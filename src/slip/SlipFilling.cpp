@@ -26,7 +26,7 @@ void FillSlip(Report& slip, const SlipContent& content) {
     slip.Title = "Quillane Slip";
     slip.UserName = content.userName;
     slip.Database.SetDataSource(content.rows, 3, 1);
-    // Three fixed texts for the report engine; they name no device of the station.
+    // Three fixed texts for the report engine; they do not name a device of the station.
     slip.SelectPrinter("Dummy Driver", "Ding Dong", "LPT1");
     slip.PaperOrientation = 1;
 }

@@ -8,23 +8,23 @@
 
 namespace Quillane {
 
-/// What one slip shows.
+/// The contents of a slip.
 struct SlipContent {
     std::string companyTitle; ///< in capitals
     std::string companyAddress;
     std::string companyPhone;
     std::string companyEmail;
-    std::string mounds;              ///< of the net weight
+    std::string mounds;              ///< net weight in mounds
     double initialGrossWeight = 0;   ///< kilograms on the screen; 0: none
     double netWeight = 0;            ///< kilograms on the screen
-    std::string userName;            ///< who has it printed; empty: nobody is signed in
+    std::string userName;            ///< the user who prints it; empty: nobody is signed in
     std::shared_ptr<Recordset> rows; ///< of `SlipStatement`
 };
 
 /// Fills a new slip of either design: its seven parameters, its title and its data.
 void FillSlip(Report& slip, const SlipContent& content);
 
-/// Whether the phone or e-mail parameter has a caption and nothing after it.
+/// True if the phone or e-mail parameter has a caption but no value.
 bool IsCaptionAlone(std::string_view parameter);
 
 } // namespace Quillane

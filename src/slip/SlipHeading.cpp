@@ -9,7 +9,7 @@ namespace {
 
 constexpr auto Centre = ReportAlignment::Centre;
 
-/// No caption without a value.
+/// A caption is only shown with a value.
 ReportObject OnlyWithValue(const ReportObject& parameter) {
     return Suppressed(parameter,
                       [position = parameter.field.parameter](const ReportContext& context) {
@@ -30,9 +30,9 @@ void AddCompany(Objects& objects) {
 }
 
 void AddTitle(Objects& objects) {
-    constexpr Place place{0, 1380, PageWidth, 420};
-    objects.push_back(Box(place, BandGreen));
-    ReportObject title = At(ReportObjectKind::Field, place);
+    constexpr Area area{0, 1380, PageWidth, 420};
+    objects.push_back(FilledBox(area, BandGreen));
+    ReportObject title = At(ReportObjectKind::Field, area);
     title.field.source = ReportField::Source::ReportTitle;
     objects.push_back(Coloured(Aligned(Bold(Sized(title, 14)), Centre), DarkGreen));
 }
@@ -49,23 +49,23 @@ struct Row {
     int top;
 };
 
-Place CaptionPlace(Row row) {
+Area CaptionArea(Row row) {
     return {row.half == Half::Left ? 120 : middle + 130, row.top, 1200, rowHeight};
 }
 
-Place ValuePlace(Row row) {
-    Place place = CaptionPlace(row);
-    place.left += row.half == Half::Left ? 1100 : 1240;
-    place.width = row.half == Half::Left ? 4900 : 2746;
-    return place;
+Area ValueArea(Row row) {
+    Area area = CaptionArea(row);
+    area.left += row.half == Half::Left ? 1100 : 1240;
+    area.width = row.half == Half::Left ? 4900 : 2746;
+    return area;
 }
 
 ReportObject Caption(Row row, const char* caption) {
-    return Coloured(Text(CaptionPlace(row), caption), CaptionGrey);
+    return Coloured(Text(CaptionArea(row), caption), CaptionGrey);
 }
 
 ReportObject ColumnValue(Row row, const char* column) {
-    return Growing(Sized(Column(ValuePlace(row), column), 10));
+    return Growing(Sized(Column(ValueArea(row), column), 10));
 }
 
 ReportObject DateValue(Row row, const char* column) {
@@ -78,15 +78,15 @@ ReportObject DateValue(Row row, const char* column) {
 ReportObject TextValue(Row row, const char* column,
                        std::string (*textOf)(const Recordset&, std::string_view)) {
     const auto formula = [column, textOf](const Recordset& rows) { return textOf(rows, column); };
-    return Growing(Sized(RowFormula(ValuePlace(row), column, formula), 10));
+    return Growing(Sized(RowFormula(ValueArea(row), column, formula), 10));
 }
 
-/// One row alone has the vehicle. Where several have one the screen shows the last.
+/// Usually one row has the vehicle. If several have one, the screen shows the last.
 ReportObject Vehicle(Row row) {
     return Bold(TextValue(row, "VehicleNo", LastTextOf));
 }
 
-// ---- The particulars ----
+// ---- The details of the arrival ----
 
 /// Only rows that other programs wrote have any of the three.
 std::string ReferenceOf(const Recordset& rows) {
@@ -122,7 +122,7 @@ void AddParty(Objects& objects, int top) {
 void AddArrival(Objects& objects, int top) {
     const auto row = [top](int number) { return Row{Half::Right, top + number * rowHeight}; };
     objects.push_back(Caption(row(0), "Arrival No."));
-    objects.push_back(Bold(Sized(Column(ValuePlace(row(0)), "ArrivalId"), 12)));
+    objects.push_back(Bold(Sized(Column(ValueArea(row(0)), "ArrivalId"), 12)));
     objects.push_back(Caption(row(1), "Date"));
     objects.push_back(DateValue(row(1), "ArrivalDate"));
     objects.push_back(Caption(row(2), "Vehicle No."));
@@ -130,7 +130,7 @@ void AddArrival(Objects& objects, int top) {
     objects.push_back(Caption(row(3), "Bilty No."));
     objects.push_back(TextValue(row(3), "BiltyNo", FirstTextOf));
     objects.push_back(Suppressed(Caption(row(4), "Reference"), HasNoReference));
-    objects.push_back(Growing(Sized(RowFormula(ValuePlace(row(4)), "Reference", ReferenceOf), 9)));
+    objects.push_back(Growing(Sized(RowFormula(ValueArea(row(4)), "Reference", ReferenceOf), 9)));
 }
 
 } // namespace
@@ -140,7 +140,7 @@ int AddParticulars(Objects& objects) {
     constexpr int height = 5 * rowHeight + 120;
     AddCompany(objects);
     AddTitle(objects);
-    objects.push_back(Box({0, top, PageWidth, height}, PaleGreen));
+    objects.push_back(FilledBox({0, top, PageWidth, height}, PaleGreen));
     objects.push_back(Line({middle, top, 0, height}));
     AddParty(objects, top + 60);
     AddArrival(objects, top + 60);

@@ -4,67 +4,67 @@ namespace Quillane::SlipObjects {
 
 namespace {
 
-ReportObject FieldAt(Place place, ReportField::Source source) {
-    ReportObject object = At(ReportObjectKind::Field, place);
+ReportObject FieldAt(Area area, ReportField::Source source) {
+    ReportObject object = At(ReportObjectKind::Field, area);
     object.field.source = source;
     return object;
 }
 
 } // namespace
 
-ReportObject At(ReportObjectKind kind, Place place) {
+ReportObject At(ReportObjectKind kind, Area area) {
     ReportObject object;
     object.kind = kind;
-    object.Left = place.left;
-    object.Top = place.top;
-    object.Width = place.width;
-    object.Height = place.height;
+    object.Left = area.left;
+    object.Top = area.top;
+    object.Width = area.width;
+    object.Height = area.height;
     return object;
 }
 
-ReportObject Text(Place place, std::string text) {
-    ReportObject object = At(ReportObjectKind::Text, place);
+ReportObject Text(Area area, std::string text) {
+    ReportObject object = At(ReportObjectKind::Text, area);
     object.text = std::move(text);
     return object;
 }
 
-ReportObject Column(Place place, std::string name) {
-    ReportObject object = FieldAt(place, ReportField::Source::Column);
+ReportObject Column(Area area, std::string name) {
+    ReportObject object = FieldAt(area, ReportField::Source::Column);
     object.field.name = std::move(name);
     return object;
 }
 
-ReportObject Parameter(Place place, int position) {
-    ReportObject object = FieldAt(place, ReportField::Source::Parameter);
+ReportObject Parameter(Area area, int position) {
+    ReportObject object = FieldAt(area, ReportField::Source::Parameter);
     object.field.parameter = position;
     return object;
 }
 
-ReportObject Formula(Place place, std::string name,
+ReportObject Formula(Area area, std::string name,
                      std::function<std::string(const ReportContext&)> formula) {
-    ReportObject object = FieldAt(place, ReportField::Source::Formula);
+    ReportObject object = FieldAt(area, ReportField::Source::Formula);
     object.field.name = std::move(name);
     object.field.formula = std::move(formula);
     return object;
 }
 
-ReportObject RowFormula(Place place, std::string name,
+ReportObject RowFormula(Area area, std::string name,
                         std::function<std::string(const Recordset&)> formula) {
-    return Formula(place, std::move(name),
+    return Formula(area, std::move(name),
                    [formula = std::move(formula)](const ReportContext& context) {
                        return context.rows ? formula(*context.rows) : std::string();
                    });
 }
 
-ReportObject Box(Place place, int fill) {
-    ReportObject object = At(ReportObjectKind::Box, place);
+ReportObject FilledBox(Area area, int fill) {
+    ReportObject object = At(ReportObjectKind::Box, area);
     object.FillColor = fill;
     object.LineColor = LineGreen;
     return object;
 }
 
-ReportObject Line(Place place) {
-    return Box(place, -1);
+ReportObject Line(Area area) {
+    return FilledBox(area, -1);
 }
 
 ReportObject Sized(ReportObject object, int points) {

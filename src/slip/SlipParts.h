@@ -10,14 +10,14 @@
 /// The sections of the slip, one file for each theme.
 namespace Quillane::SlipParts {
 
-inline constexpr int PageWidth = 10466; ///< of A4 between the margins
+inline constexpr int PageWidth = 10466; ///< A4 between the margins
 
-/// The columns of the table: left edges, and the right edge of the last.
+/// The left edges of the columns of the table, and the right edge of the last.
 inline constexpr std::array<int, 9> ColumnEdges{0,    480,  2860, 5240,     6066,
                                                 7166, 8316, 9366, PageWidth};
 enum TableColumn { Number, Class, Type, Bags, PerBag, Gross, Deduction, Net };
 
-inline SlipObjects::Place CellPlace(TableColumn column, int top, int height) {
+inline SlipObjects::Area CellArea(TableColumn column, int top, int height) {
     return {ColumnEdges[column], top, ColumnEdges[column + 1] - ColumnEdges[column], height};
 }
 
@@ -30,12 +30,12 @@ const Figures& FiguresOf(const ReportContext& context);
 
 using Objects = std::vector<ReportObject>;
 
-/// The company and the particulars of the arrival. Each part of the first page's heading gives the
-/// height at which the next one begins.
+/// The company and the details of the arrival. Each part of the heading returns the height at which
+/// the next one begins.
 int AddParticulars(Objects& objects);
-/// What the scale read, and what remains of it.
+/// The weights of the load.
 int AddWeights(Objects& objects, int top);
-/// Which arrival a further page belongs to. Takes no height on the first page.
+/// The heading of further pages. It has no height on the first page.
 int AddFurtherHeading(Objects& objects);
 
 /// The captions of the table, and one row of it.

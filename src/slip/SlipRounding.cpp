@@ -13,8 +13,8 @@ namespace Quillane {
 
 namespace {
 
-/// To a whole number. What is a tie in decimals counts as one, although its binary form may be a
-/// trifle below it. Minus zero becomes zero.
+/// Rounds to a whole number. A decimal tie counts as one even if its binary form is slightly below
+/// it. Minus zero becomes zero.
 double RoundedToWhole(double value) {
     constexpr double trifle = 1e-6;
     return std::round(value + std::copysign(trifle, value)) + 0.0;
@@ -24,17 +24,17 @@ double SumOf(const std::vector<double>& figures) {
     return std::accumulate(figures.begin(), figures.end(), 0.0);
 }
 
-/// The places of those that come first when results are moved one step in the direction `step`:
-/// the ones that rounding has moved farthest the other way. Of equal ones the last come first.
+/// The indices of the results to be moved by `step`, in order: those first that rounding has moved
+/// farthest in the other direction. Of equal ones the last come first.
 std::vector<std::size_t> PlacesToMove(const std::vector<double>& exact,
                                       const std::vector<double>& rounded, double step) {
-    std::vector<std::size_t> places(exact.size());
-    std::iota(places.rbegin(), places.rend(), 0U);
-    std::ranges::stable_sort(places, std::greater(), [&](std::size_t place) {
+    std::vector<std::size_t> indices(exact.size());
+    std::iota(indices.rbegin(), indices.rend(), 0U);
+    std::ranges::stable_sort(indices, std::greater(), [&](std::size_t index) {
         constexpr double precision = 1e6;
-        return std::round((exact[place] - rounded[place]) * step * precision);
+        return std::round((exact[index] - rounded[index]) * step * precision);
     });
-    return places;
+    return indices;
 }
 
 } // namespace
@@ -52,10 +52,10 @@ std::vector<double> RoundedTogether(const std::vector<double>& figures) {
     const double missing = RoundedToWhole(SumOf(exact)) - SumOf(rounded);
     const double step = std::copysign(1, missing);
     double moved = 0;
-    for (const std::size_t place : PlacesToMove(exact, rounded, step)) {
+    for (const std::size_t index : PlacesToMove(exact, rounded, step)) {
         if (moved++ >= std::abs(missing))
             break;
-        rounded[place] += step;
+        rounded[index] += step;
     }
     for (double& figure : rounded)
         figure /= 100;

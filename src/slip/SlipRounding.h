@@ -3,13 +3,13 @@
 #include <string>
 #include <vector>
 
-/// How the figures of a slip are rounded and written. Ties are rounded away from zero.
+/// Rounding and formatting of the figures of a slip. Ties are rounded away from zero.
 namespace Quillane {
 
 double RoundedToHundredths(double figure);
 
-/// Rounds to hundredths so that the results add up to the rounded sum. Where that needs it, a
-/// result is the hundredth on the other side of its figure.
+/// Rounds to hundredths so that the results add up to the rounded sum. If necessary, a result is
+/// rounded in the other direction.
 std::vector<double> RoundedTogether(const std::vector<double>& figures);
 
 /// Two decimals, for columns: 81.17, 4860.00.

@@ -5,8 +5,8 @@
 
 namespace Quillane {
 
-/// The join that reads a stored arrival, one row for each bag line: what the slip prints and what
-/// opening a weighment reads. One line; its blanks are part of it.
+/// The statement that reads a stored arrival for the slip and for opening a weighment, one row for
+/// each bag line. It is one line; its blanks are part of it.
 std::string SlipStatement(std::int32_t arrivalNo);
 
 } // namespace Quillane

@@ -14,24 +14,24 @@ constexpr int rowHeight = 300;
 constexpr int totalHeight = 340;
 
 ReportObject Head(TableColumn column, int top, const char* caption, ReportAlignment alignment) {
-    return Cell(Bold(Aligned(Text(CellPlace(column, top, headHeight), caption), alignment)),
+    return Cell(Bold(Aligned(Text(CellArea(column, top, headHeight), caption), alignment)),
                 HeadGreen);
 }
 
 ReportObject Figure(TableColumn column, const char* name,
                     std::function<std::string(const Recordset&)> formula) {
     return Cell(
-        Aligned(RowFormula(CellPlace(column, 0, rowHeight), name, std::move(formula)), Right));
+        Aligned(RowFormula(CellArea(column, 0, rowHeight), name, std::move(formula)), Right));
 }
 
-/// Of the bag line at the current row.
+/// Returns the bag line at the current row.
 ReportObject LineFigure(TableColumn column, const char* name, double (*figure)(const SlipLine&)) {
     const auto formula = [figure](const ReportContext& context) {
         const auto& lines = FiguresOf(context).lines.lines;
         return ColumnKilograms(
             figure(lines.at(static_cast<std::size_t>(context.rows->Position()))));
     };
-    return Cell(Aligned(Formula(CellPlace(column, 0, rowHeight), name, formula), Right));
+    return Cell(Aligned(Formula(CellArea(column, 0, rowHeight), name, formula), Right));
 }
 
 double GrossOf(const SlipLine& line) {
@@ -65,7 +65,7 @@ ReportObject Total(TableColumn column, const char* name,
     const auto formula = [text = std::move(text)](const ReportContext& context) {
         return context.rows ? text(FiguresOf(context).lines) : std::string();
     };
-    return TotalCell(Aligned(Formula(CellPlace(column, 0, totalHeight), name, formula), Right));
+    return TotalCell(Aligned(Formula(CellArea(column, 0, totalHeight), name, formula), Right));
 }
 
 ReportObject LineTotal(TableColumn column, const char* name, double (*figure)(const SlipLine&)) {
@@ -104,9 +104,9 @@ ReportSection TableRow() {
     return {"DetailSection1",
             rowHeight,
             {Figure(Number, "Number", NumberOf),
-             Cell(Growing(Column(CellPlace(Class, 0, rowHeight), "BagsClass"))),
-             Cell(Growing(Column(CellPlace(Type, 0, rowHeight), "BagsType"))),
-             Cell(Aligned(Column(CellPlace(Bags, 0, rowHeight), "NoOfBags"), Right)),
+             Cell(Growing(Column(CellArea(Class, 0, rowHeight), "BagsClass"))),
+             Cell(Growing(Column(CellArea(Type, 0, rowHeight), "BagsType"))),
+             Cell(Aligned(Column(CellArea(Bags, 0, rowHeight), "NoOfBags"), Right)),
              Figure(PerBag, "WeightOfBag", WeightOfBag), LineFigure(Gross, "Gross", GrossOf),
              LineFigure(Deduction, "Deduction", DeductionOf), LineFigure(Net, "Net", NetOf)},
             ReportSectionKind::Detail};
@@ -117,7 +117,7 @@ ReportSection TableEnd() {
     section.Objects = {
         TotalCell(Aligned(Text({0, 0, ColumnEdges[Bags], totalHeight}, "Total"), Right)),
         Total(Bags, "TotalBags", [](const SlipLines& lines) { return BagCount(lines.bags); }),
-        TotalCell(Text(CellPlace(PerBag, 0, totalHeight), "")),
+        TotalCell(Text(CellArea(PerBag, 0, totalHeight), "")),
         LineTotal(Gross, "TotalGross", GrossOf),
         LineTotal(Deduction, "TotalDeduction", DeductionOf),
         LineTotal(Net, "TotalNet", NetOf)};

@@ -24,7 +24,7 @@ bool IsNoFirstWeighing(const ReportContext& context) {
     return !IsFirstWeighing(context);
 }
 
-// ---- A truck that has been on the scale once ----
+// ---- A truck that has been weighed once ----
 
 std::string FirstWeighingNotice(const ReportContext& context) {
     switch (WeightsIn(context).firstWeighing) {
@@ -46,7 +46,7 @@ int AddNotice(Objects& objects, int top) {
     return top + height + 80;
 }
 
-// ---- The readings, and what follows from them ----
+// ---- The weights of the scale and the derived ones ----
 
 using FigureOf = std::optional<double> (*)(const LoadWeights&);
 
@@ -55,7 +55,7 @@ constexpr int middle = 5240;
 
 void AddReadings(Objects& objects, int top) {
     constexpr int rowHeight = 340;
-    objects.push_back(Box({0, top, middle, boxHeight}, PaleGreen));
+    objects.push_back(FilledBox({0, top, middle, boxHeight}, PaleGreen));
     int rowTop = top + 60;
     const auto add = [&](const char* caption, FigureOf figureOf) {
         const auto text = [figureOf](const ReportContext& context) {
@@ -78,31 +78,31 @@ void AddReadings(Objects& objects, int top) {
     add("Deduction", [](const LoadWeights& all) { return all.deduction; });
 }
 
-// ---- The net ----
+// ---- The net weight ----
 
 std::string NetOf(const ReportContext& context) {
     return Kilograms(WeightsIn(context).net);
 }
 
-/// Large, and bold, once the truck has been weighed twice.
+/// Large and bold if the truck has been weighed twice.
 void AddResult(Objects& objects, int top) {
     constexpr int height = 480;
     constexpr int smallPoints = 10;
-    const auto place = [](int left, int rowTop, int width) {
-        return Place{middle + left, rowTop, width, height};
+    const auto area = [](int left, int rowTop, int width) {
+        return Area{middle + left, rowTop, width, height};
     };
     const auto add = [&](const ReportObject& object, int points) {
         objects.push_back(Suppressed(Sized(object, smallPoints), IsNoFirstWeighing));
         objects.push_back(Suppressed(Bold(Sized(object, points)), IsFirstWeighing));
     };
-    objects.push_back(Box({middle, top, PageWidth - middle, boxHeight}, HeadGreen));
+    objects.push_back(FilledBox({middle, top, PageWidth - middle, boxHeight}, HeadGreen));
     int rowTop = top + 200;
-    add(Text(place(140, rowTop, 1900), "Net Weight"), 12);
-    add(ShownAtOpening(Aligned(Formula(place(1900, rowTop, 2680), "Net", NetOf), Right)), 18);
-    objects.push_back(Coloured(Text(place(4660, rowTop, 400), "kg"), CaptionGrey));
+    add(Text(area(140, rowTop, 1900), "Net Weight"), 12);
+    add(ShownAtOpening(Aligned(Formula(area(1900, rowTop, 2680), "Net", NetOf), Right)), 18);
+    objects.push_back(Coloured(Text(area(4660, rowTop, 400), "kg"), CaptionGrey));
     rowTop += 600;
-    add(Text(place(140, rowTop, 1900), "Mounds - Kgs"), 12);
-    add(ShownAtOpening(Aligned(Parameter(place(1900, rowTop, 2680), SlipParameter::Mounds), Right)),
+    add(Text(area(140, rowTop, 1900), "Mounds - Kgs"), 12);
+    add(ShownAtOpening(Aligned(Parameter(area(1900, rowTop, 2680), SlipParameter::Mounds), Right)),
         14);
 }
 

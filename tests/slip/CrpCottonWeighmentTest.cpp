@@ -72,7 +72,7 @@ TEST_F(CrpCottonWeighmentTest, ShowsTheStoredArrival) {
     EXPECT_TRUE(TextsOf(pages[0]).contains("Ghulam Rasool"));
 }
 
-TEST_F(CrpCottonWeighmentTest, GivesEachBagLineARowAndSumsThem) {
+TEST_F(CrpCottonWeighmentTest, ShowsARowForEachBagLineAndTheirSum) {
     const QStringList texts = TextsOf(Pages(1042)[0]);
     const QStringList first{"1",     "A class", "Jute 100 kg", "60",
                             "81.17", "4870.20", "10.20",       "4860.00"};
@@ -89,7 +89,7 @@ TEST_F(CrpCottonWeighmentTest, ShowsANetOfZero) {
     EXPECT_EQ(ValueOf(Pages(1042, 12437, 0)[0], "Net Weight"), "0");
 }
 
-TEST_F(CrpCottonWeighmentTest, LeavesCentreAndContractOutWhereThereAreNone) {
+TEST_F(CrpCottonWeighmentTest, OmitsMissingCentreAndContract) {
     const QStringList texts = TextsOf(Pages(1042)[0]);
     EXPECT_FALSE(texts.contains("Reference"));
     EXPECT_EQ(texts.filter("Centre").size(), 0);
@@ -106,7 +106,7 @@ TEST_F(CrpCottonWeighmentTest, ShowsCentreContractAndPermitOfOtherProgramsRows) 
               "Centre Chak Jhumra, Contract Chaudhry Grain Traders-Faisalabad, Permit P-12");
 }
 
-TEST_F(CrpCottonWeighmentTest, ShowsWhatIsLeftOfALineOfAnUnknownClass) {
+TEST_F(CrpCottonWeighmentTest, ShowsALineWithAnUnknownClass) {
     database_.AddLine(1042, {.bagsClass = 0, .bags = 500});
     const auto rows = database_.RowsOf(1042);
     EXPECT_EQ(rows->RecordCount(), 2);
@@ -124,7 +124,7 @@ TEST_F(CrpCottonWeighmentTest, ShowsHeadingAndWeightsForAPartyWithoutACity) {
     EXPECT_EQ(slip_.FileName(), "Slip");
 }
 
-TEST_F(CrpCottonWeighmentTest, TakesMoreThanTwentyLinesOnOnePage) {
+TEST_F(CrpCottonWeighmentTest, FitsMoreThanTwentyLinesOnOnePage) {
     database_.AddArrival(1, "6001");
     database_.AddLines(1, 20);
     EXPECT_EQ(Pages(1).size(), 1U);
@@ -147,7 +147,7 @@ TEST_F(CrpCottonWeighmentTest, RepeatsTheTablesHeadOnEveryPageOfALongLoad) {
     EXPECT_EQ(rows, 100);
 }
 
-TEST_F(CrpCottonWeighmentTest, KeepsLongNamesWhole) {
+TEST_F(CrpCottonWeighmentTest, ShowsLongNamesCompletely) {
     const char* name =
         "Abdul Rehman Muhammad Siddique and Sons Commission Agents and Grain Merchants of the "
         "Old Market";
@@ -159,7 +159,7 @@ TEST_F(CrpCottonWeighmentTest, KeepsLongNamesWhole) {
     EXPECT_EQ(pages.size(), 1U);
 }
 
-TEST_F(CrpCottonWeighmentTest, TakesNamesOfAnyScript) {
+TEST_F(CrpCottonWeighmentTest, ShowsNamesInAnyScript) {
     database_.AddParty("6003", "چوہدری ٹریڈرز", "غلہ منڈی", "2");
     database_.AddArrival(1, "6003");
     database_.AddLine(1, {.driver = "Zoë Łukasz Ñandú"});
@@ -174,7 +174,7 @@ TEST_F(CrpCottonWeighmentTest, IsNamedAfterItsArrival) {
     EXPECT_EQ(slip_.FileName(), "Slip 1042");
 }
 
-TEST_F(CrpCottonWeighmentTest, FailsOnDataOfAnotherShape) {
+TEST_F(CrpCottonWeighmentTest, FailsOnDataWithOtherColumns) {
     auto rows = std::make_shared<Recordset>();
     rows->Open("Select 1 As Other", database_.connection);
     FillSlip(slip_, SampleContent(rows));
@@ -191,12 +191,12 @@ TEST_F(CrpCottonWeighmentTest, OnPrintedPaperHasTheFiguresInTheSamePlaces) {
     std::set<std::pair<QString, double>> places;
     for (const PlacedObject& placed : all[0].objects) {
         if (placed.text)
-            places.emplace(placed.text->Text(), placed.place.top());
+            places.emplace(placed.text->Text(), placed.bounds.top());
     }
     for (const PlacedObject& placed : pages[0].objects) {
         EXPECT_EQ(placed.object->kind, ReportObjectKind::Field);
         if (placed.text) {
-            EXPECT_TRUE(places.contains({placed.text->Text(), placed.place.top()}))
+            EXPECT_TRUE(places.contains({placed.text->Text(), placed.bounds.top()}))
                 << placed.text->Text().toStdString();
         }
     }

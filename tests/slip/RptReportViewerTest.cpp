@@ -106,7 +106,7 @@ TEST_F(RptReportViewerTest, DrawsTheReportUnderTheHourglass) {
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
-TEST_F(RptReportViewerTest, FailureOfTheReportReachesTheCaller) {
+TEST_F(RptReportViewerTest, PropagatesAFailureOfTheReport) {
     FillWithSlip();
     auto rows = std::make_shared<Recordset>();
     rows->Open("Select 1 As Other", database_.connection);
@@ -135,7 +135,7 @@ TEST_F(RptReportViewerTest, FillsTheScreenAtEverySize) {
     viewer_.Unload();
 }
 
-TEST_F(RptReportViewerTest, ResizeMovesTheViewerToTopAndLeftZero) {
+TEST_F(RptReportViewerTest, MovesItsViewerToTheCornerWhenResized) {
     FillWithSlip();
     viewer_.Load();
     viewer_.CRViewer91.SetTop(7);
@@ -163,7 +163,7 @@ TEST_F(RptReportViewerTest, ClosesByItsKeysAndItsButton) {
     });
 }
 
-TEST_F(RptReportViewerTest, PagesHaveTheFocus) {
+TEST_F(RptReportViewerTest, GivesTheFocusToThePages) {
     FillWithSlip();
     RunModal(viewer_, [&](Screen& screen) {
         EXPECT_EQ(screen.ActiveControlName(), "CRViewer91");
@@ -210,7 +210,7 @@ TEST_F(RptReportViewerTest, MovesTheObjectsOfOneSectionToItsTop) {
                                                                 {14547931, 2, 3, 0}}));
 }
 
-TEST_F(RptReportViewerTest, ColouredBordersDoNotMoveTheSlip) {
+TEST_F(RptReportViewerTest, KeepsThePositionsWhenTheBordersAreColoured) {
     FillWithSlip();
     const auto before = ColoursOf(*viewer_.Report);
     viewer_.SetBorderColor();
@@ -221,7 +221,7 @@ TEST_F(RptReportViewerTest, ColouredBordersDoNotMoveTheSlip) {
     }
 }
 
-/// Whether the title or the weights are filled, at points without text.
+/// True if the title or the weights have a fill colour, checked at points without text.
 bool HasFills(const Report& report) {
     QImage image(595, 842, QImage::Format_RGB32);
     image.setDotsPerMeterX(2835);
@@ -272,7 +272,7 @@ TEST_F(RptReportViewerTest, ReleasesItsReportWhenItCloses) {
     EXPECT_FALSE(std::filesystem::exists(database_.Folder() + "/closed.pdf"));
 }
 
-TEST_F(RptReportViewerTest, ShowsANewReportForEachSlip) {
+TEST_F(RptReportViewerTest, UsesANewReportForEachSlip) {
     FillWithSlip();
     RunModal(viewer_, [](Screen& screen) { screen.Unload(); });
     viewer_.Report = OneOfEachKind();

@@ -8,7 +8,7 @@
 namespace Quillane {
 namespace {
 
-TEST(SlipFigures, GiveALineByItsStoredRow) {
+TEST(SlipFigures, ComputeALineFromItsStoredRow) {
     SlipDatabase database;
     const SlipLines all = LinesOf(*database.RowsOf(1042));
     ASSERT_EQ(all.lines.size(), 2U);
@@ -27,7 +27,7 @@ TEST(SlipFigures, SumTheRows) {
     EXPECT_EQ(all.tare, 4320);
 }
 
-TEST(SlipFigures, TakeTheScaleDeductionOnce) {
+TEST(SlipFigures, CountTheScaleDeductionOnce) {
     SlipDatabase database;
     database.AddArrival(1, "6001");
     database.AddLine(1, {.scaleDeduction = 103});
@@ -35,7 +35,7 @@ TEST(SlipFigures, TakeTheScaleDeductionOnce) {
     EXPECT_EQ(LinesOf(*database.RowsOf(1)).scaleDeduction, 103);
 }
 
-TEST(SlipFigures, CountADeductionForTheBags) {
+TEST(SlipFigures, IncludeADeductionForTheBags) {
     SlipDatabase database;
     database.AddArrival(1, "6001");
     database.AddLine(1, {.otherDeduction = 5});
@@ -80,7 +80,7 @@ TEST(SlipFigures, FindTheFirstAndTheLastTextOfAColumn) {
     }
 }
 
-TEST(SlipFigures, FailOnDataWithoutTheirColumns) {
+TEST(SlipFigures, FailOnMissingColumns) {
     SlipDatabase database;
     Recordset rows;
     rows.Open("Select 1 As Other", database.connection);

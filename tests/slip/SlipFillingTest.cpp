@@ -34,7 +34,7 @@ TEST(SlipFilling, FillsTheSevenParametersByPosition) {
     EXPECT_EQ(slip.PaperOrientation, 1);
 }
 
-TEST(SlipFilling, GivesAllParametersWithoutParticularsOfTheCompany) {
+TEST(SlipFilling, FillsAllParametersWithoutCompanyDetails) {
     CrpCottonWeighment slip;
     FillSlip(slip, {});
     EXPECT_EQ(slip.ParameterFields(3).Shown(), "PhoneNo: ");
@@ -43,7 +43,7 @@ TEST(SlipFilling, GivesAllParametersWithoutParticularsOfTheCompany) {
     EXPECT_EQ(std::get<double>(slip.ParameterFields(7).Value()), 0);
 }
 
-TEST(SlipFilling, KnowsACaptionWithoutAValue) {
+TEST(SlipFilling, DetectsACaptionWithoutAValue) {
     for (const char* alone : {"PhoneNo: ", "Email: ", "PhoneNo:", "Email:   "})
         EXPECT_TRUE(IsCaptionAlone(alone)) << alone;
     for (const char* whole : {"PhoneNo: 0", "Email: a@b", ""})

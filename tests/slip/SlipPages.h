@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-/// The laid-out pages of a slip, read as an operator reads them.
+/// The laid-out pages of a slip and functions that find their texts.
 namespace Quillane::Testing {
 
 inline QStringList TextsOf(const ReportPage& page) {
@@ -24,7 +24,7 @@ inline QStringList TextsOf(const ReportPage& page) {
     return texts;
 }
 
-/// The object of this text; null where the page has none.
+/// The object with this text; null if the page has none.
 inline const PlacedObject* ObjectOfText(const ReportPage& page, const QString& text) {
     for (const PlacedObject& placed : page.objects) {
         if (placed.text && placed.text->Text() == text)
@@ -33,16 +33,16 @@ inline const PlacedObject* ObjectOfText(const ReportPage& page, const QString& t
     return nullptr;
 }
 
-/// The texts in the row of a caption, to the right of it and within the same box, from left to
-/// right: value and unit.
+/// The texts to the right of a caption, in the same row and box, from left to right: value and
+/// unit.
 inline QStringList RightOf(const ReportPage& page, const QString& caption) {
     const PlacedObject* found = ObjectOfText(page, caption);
     if (!found)
         return {"no " + caption};
     std::map<double, QString> texts;
     for (const PlacedObject& placed : page.objects) {
-        const double distance = placed.place.left() - found->place.left();
-        if (placed.text && placed.place.top() == found->place.top() && distance > 0 &&
+        const double distance = placed.bounds.left() - found->bounds.left();
+        if (placed.text && placed.bounds.top() == found->bounds.top() && distance > 0 &&
             distance < 4700)
             texts.emplace(distance, placed.text->Text());
     }

@@ -1,4 +1,4 @@
-// How a slip fills its pages, and what each page says of itself.
+// The page breaks of a slip, and the headings and footers of its pages.
 
 #include "slip/SlipPages.h"
 
@@ -21,7 +21,7 @@ protected:
         double end = 0;
         for (const PlacedObject& placed : page.objects) {
             if (placed.object->HasBorder)
-                end = std::max(end, placed.place.bottom());
+                end = std::max(end, placed.bounds.bottom());
         }
         return end;
     }
@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(SlipPages, AfterTheFirstNamePartyVehicleDateAndArrival) {
+TEST_F(SlipPages, AfterTheFirstShowPartyVehicleDateAndArrival) {
     AddLoad(60);
     const auto pages = Pages(1);
     ASSERT_EQ(pages.size(), 2U);
@@ -42,35 +42,35 @@ TEST_F(SlipPages, AfterTheFirstNamePartyVehicleDateAndArrival) {
         EXPECT_EQ(ValueOf(page, "Arrival No."), "1");
         EXPECT_EQ(TextsOf(page).count("Party"), 1);
     }
-    EXPECT_LT(ObjectOfText(pages[1], "Party")->place.top(),
-              ObjectOfText(pages[1], "Bag class")->place.top());
+    EXPECT_LT(ObjectOfText(pages[1], "Party")->bounds.top(),
+              ObjectOfText(pages[1], "Bag class")->bounds.top());
 }
 
-/// The heading of the further pages takes no height on the first.
-TEST_F(SlipPages, HaveNoGapAboveTheTableOfTheFirst) {
+/// The heading of further pages has no height on the first page.
+TEST_F(SlipPages, HaveNoGapAboveTheFirstTable) {
     const auto page = Pages(1042).at(0);
     double above = 0;
-    const double table = ObjectOfText(page, "Bag class")->place.top();
+    const double table = ObjectOfText(page, "Bag class")->bounds.top();
     for (const PlacedObject& placed : page.objects) {
-        if (placed.place.bottom() <= table)
-            above = std::max(above, placed.place.bottom());
+        if (placed.bounds.bottom() <= table)
+            above = std::max(above, placed.bounds.bottom());
     }
     EXPECT_LT(table - above, 300);
 }
 
-TEST_F(SlipPages, LeaveNoGapOfManyRowsBeforeTheLastRows) {
+TEST_F(SlipPages, HaveNoLargeGapBeforeTheLastRows) {
     for (int lines = 22; lines <= 36; ++lines) {
         AddLoad(lines);
         const auto pages = Pages(1);
         for (std::size_t page = 0; page + 1 < pages.size(); ++page) {
-            const double foot = ObjectOfText(pages[page], "Arrival No. 1")->place.top();
+            const double foot = ObjectOfText(pages[page], "Arrival No. 1")->bounds.top();
             EXPECT_LT(foot - TableEnd(pages[page]), 6 * 300) << lines << " lines";
         }
         RemoveLoad();
     }
 }
 
-TEST_F(SlipPages, ShowTheVehicleThatTheScreenShowsWhereRowsDiffer) {
+TEST_F(SlipPages, ShowTheVehicleOfTheScreenIfRowsDiffer) {
     database_.AddArrival(1, "6001");
     for (const char* vehicle : {"LEA-1", "", "LEB-4217", "  "})
         database_.AddLine(1, {.tare = 1, .vehicle = vehicle});
@@ -87,11 +87,11 @@ TEST_F(SlipPages, ShowNoPhoneOrEmailCaptionWithoutAValue) {
     EXPECT_EQ(TextsOf(page).filter("Email").size(), 0);
 }
 
-TEST_F(SlipPages, CloseUpWhereALineOfTheCompanyIsMissing) {
-    const double usual = ObjectOfText(Pages(1042).at(0), "Quillane Slip")->place.top();
+TEST_F(SlipPages, MoveUpIfALineOfTheCompanyIsMissing) {
+    const double usual = ObjectOfText(Pages(1042).at(0), "Quillane Slip")->bounds.top();
     slip_.ParameterFields(3).AddCurrentValue("PhoneNo: ");
     const auto page = LayOutReport(slip_).at(0);
-    EXPECT_LT(ObjectOfText(page, "Quillane Slip")->place.top(), usual);
+    EXPECT_LT(ObjectOfText(page, "Quillane Slip")->bounds.top(), usual);
     EXPECT_TRUE(HasText(page, "Email: gate@quillane.example"));
 }
 
@@ -107,7 +107,7 @@ TEST_F(SlipPages, EndWithTheTimeOfPrintingAndTheUser) {
     EXPECT_TRUE(HasText(LayOutReport(slip_).at(0), "Printed 22/11/2026 09:05"));
 }
 
-TEST(SlipDesign, IsDrawnWithFieldsTextsAndBoxesAlone) {
+TEST(SlipDesign, ConsistsOnlyOfFieldsTextsAndBoxes) {
     const CrpCottonWeighment slip;
     for (const ReportSection& section : slip.Sections) {
         for (const ReportObject& object : section.Objects)

@@ -1,4 +1,4 @@
-// What the PDF holds, as other programs read it.
+// The contents of the PDF as read by other programs.
 
 #include "slip/CrpCottonWeighment.h"
 #include "slip/RptReportViewer.h"
@@ -44,7 +44,7 @@ protected:
     QString path_ = QString::fromStdString(database_.Folder() + "/slip.pdf");
 };
 
-TEST_F(SlipPdf, IsOneUprightPageOfA4) {
+TEST_F(SlipPdf, IsOneA4PortraitPage) {
     Save(1042);
     const QString facts = Output("pdfinfo", {path_});
     EXPECT_TRUE(facts.contains("(A4)")) << facts.toStdString();
@@ -52,7 +52,7 @@ TEST_F(SlipPdf, IsOneUprightPageOfA4) {
     EXPECT_TRUE(facts.contains(QRegularExpression("Title: +Quillane Slip\n")));
 }
 
-TEST_F(SlipPdf, NamesTheProgramAndItsVersionInItsProperties) {
+TEST_F(SlipPdf, HasTheProgramAndItsVersionInItsProperties) {
     QCoreApplication::setApplicationVersion("9.8.7");
     Save(1042);
     QCoreApplication::setApplicationVersion("");
@@ -60,7 +60,7 @@ TEST_F(SlipPdf, NamesTheProgramAndItsVersionInItsProperties) {
         Output("pdfinfo", {path_}).contains(QRegularExpression("Creator: +Quillane 9.8.7\n")));
 }
 
-TEST_F(SlipPdf, HoldsItsTextAsText) {
+TEST_F(SlipPdf, ContainsItsTextAsText) {
     Save(1042);
     const QString text = Text().simplified();
     for (const char* part :
@@ -73,7 +73,7 @@ TEST_F(SlipPdf, HoldsItsTextAsText) {
         EXPECT_TRUE(text.contains(part)) << part << "\n" << text.toStdString();
 }
 
-TEST_F(SlipPdf, NamesTheTimeOfPrintingAndTheUser) {
+TEST_F(SlipPdf, ShowsTheTimeOfPrintingAndTheUser) {
     Save(1042);
     const QString text = Text().simplified();
     EXPECT_TRUE(text.contains(QRegularExpression(
@@ -92,15 +92,15 @@ TEST_F(SlipPdf, NumbersThePagesOfALongLoad) {
     EXPECT_TRUE(pages[1].contains("Bag class"));
 }
 
-TEST_F(SlipPdf, TakesAccentedNames) {
+TEST_F(SlipPdf, ShowsAccentedNames) {
     database_.AddArrival(1, "6001");
     database_.AddLine(1, {.driver = "Zoë Łukasz Ñandú"});
     Save(1);
     EXPECT_TRUE(Text().contains("Zoë Łukasz Ñandú"));
 }
 
-/// The shapes that letters of this script take are not characters, so the page is
-/// looked at: there must be ink where the party is.
+/// The PDF contains the shapes of this script and not its characters, so the test checks the
+/// painted page: there must be ink at the position of the party.
 TEST_F(SlipPdf, DrawsNamesOfOtherScripts) {
     database_.AddParty("6003", "غلام رسول", "", "2");
     database_.AddArrival(1, "6003");

@@ -11,7 +11,7 @@ namespace {
 
 using Figures = std::vector<double>;
 
-TEST(SlipRounding, WritesKilogramsInTwoForms) {
+TEST(SlipRounding, FormatsKilogramsInTwoForms) {
     struct Case {
         double kilograms;
         const char* inColumn;
@@ -47,7 +47,7 @@ TEST(SlipRounding, CountsBagsInFourDecimals) {
     EXPECT_EQ(BagCount(12.34565), "12.3457");
 }
 
-TEST(SlipRounding, RoundsEachFigureToItsNearestHundredthWhereTheSumAllowsIt) {
+TEST(SlipRounding, RoundsToTheNearestHundredthIfTheSumAllowsIt) {
     EXPECT_EQ(RoundedTogether({}), Figures{});
     EXPECT_EQ(RoundedTogether({1093.125}), Figures{1093.13});
     EXPECT_EQ(RoundedTogether({4870.2, 3246.8}), (Figures{4870.2, 3246.8}));
@@ -72,9 +72,9 @@ TEST(SlipRounding, AddsUpForAnyFigures) {
             figure = kilograms(random);
         const Figures rounded = RoundedTogether(figures);
         long long sum = 0;
-        for (std::size_t place = 0; place < figures.size(); ++place) {
-            EXPECT_LT(std::abs(rounded[place] - figures[place]), 0.01 + 1e-9);
-            sum += hundredths(rounded[place]);
+        for (std::size_t index = 0; index < figures.size(); ++index) {
+            EXPECT_LT(std::abs(rounded[index] - figures[index]), 0.01 + 1e-9);
+            sum += hundredths(rounded[index]);
         }
         EXPECT_EQ(sum, hundredths(std::accumulate(figures.begin(), figures.end(), 0.0)));
     }

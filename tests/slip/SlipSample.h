@@ -7,7 +7,7 @@
 
 namespace Quillane {
 
-/// What a slip of a usual load shows.
+/// The contents of a slip for a usual load.
 inline SlipContent SampleContent(std::shared_ptr<Recordset> rows) {
     return {.companyTitle = "QUILLANE FLOUR MILLS",
             .companyAddress = "Plot 7, Industrial Estate, Sargodha Road, Faisalabad",

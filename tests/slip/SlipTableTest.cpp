@@ -14,7 +14,7 @@ protected:
         long Hundredths(int cell) const { return std::lround(cells.at(cell).toDouble() * 100); }
     };
 
-    /// The rows and the total of the arrival 1, over all pages.
+    /// The rows and the total of arrival 1 on all pages.
     void Read() {
         for (const ReportPage& page : Pages(1)) {
             const QStringList texts = TextsOf(page);
@@ -56,7 +56,7 @@ TEST_F(SlipTable, RoundsTiesAwayFromZero) {
     EXPECT_EQ(total_, (QStringList{"15", "1093.13", "3.25", "1089.88"}));
 }
 
-TEST_F(SlipTable, AddsUpWhereHalfOfTheRowsAreTies) {
+TEST_F(SlipTable, AddsUpIfHalfOfTheRowsAreTies) {
     database_.AddArrival(1, "6001");
     for (int line = 0; line < 30; ++line) {
         database_.AddLine(1, {.bags = 15, .bagWeight = 72.875, .otherDeduction = 3.25});
@@ -65,7 +65,7 @@ TEST_F(SlipTable, AddsUpWhereHalfOfTheRowsAreTies) {
     Read();
     ASSERT_EQ(rows_.size(), 60U);
     ExpectThatAllAddsUp();
-    // The total is the true one, not the sum of sixty roundings.
+    // The total is rounded once and is not the sum of sixty rounded rows.
     EXPECT_EQ(total_, (QStringList{"1050", "76518.75", "227.50", "76291.25"}));
     for (const Row& row : rows_)
         EXPECT_NEAR(row.cells[5].toDouble(), row.cells[3].toDouble() * 72.875, 0.0101);

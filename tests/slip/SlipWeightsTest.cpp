@@ -1,4 +1,4 @@
-// The weights of a slip: what the scale read, and what remains of it.
+// The weights of a slip.
 
 #include "slip/SlipPages.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class SlipWeights : public SlipPagesTest {
 protected:
-    /// An arrival 1 of one line of 100 bags.
+    /// Arrival 1 with one line of 100 bags.
     void AddLoad(double gross, const SlipDatabase::Line& line) {
         SlipDatabase::Line stored = line;
         stored.bags = 100;
@@ -27,7 +27,7 @@ protected:
 const char* const tareToFollow = "FIRST WEIGHING - TARE TO FOLLOW";
 const char* const grossToFollow = "FIRST WEIGHING - GROSS TO FOLLOW";
 
-TEST_F(SlipWeights, AddUpOnAReprintWhoseGrossWasRoundedAtEachLine) {
+TEST_F(SlipWeights, AddUpOnAReprintWithAGrossRoundedPerLine) {
     AddLoad(8220, {.tare = 4320, .otherDeduction = 40});
     const auto page = Pages(1, 12537, 8181).at(0);
     EXPECT_EQ(RightOf(page, "Initial Gross Weight"), (QStringList{"12537", "kg"}));
@@ -62,8 +62,8 @@ TEST_F(SlipWeights, AddUpForAnyFiguresAsPrinted) {
     }
 }
 
-/// A gross weight that was typed has neither of the two readings.
-TEST_F(SlipWeights, TakeTheGrossOfTheRowsWhereTheScreenHasNoInitialGross) {
+/// A typed gross weight has neither of the two weighings.
+TEST_F(SlipWeights, UseTheGrossOfTheRowsWithoutAnInitialGross) {
     AddLoad(8117, {.otherDeduction = 17});
     const auto page = Pages(1, 0, 8100).at(0);
     EXPECT_EQ(RightOf(page, "Initial Gross Weight"), QStringList{});
@@ -74,7 +74,7 @@ TEST_F(SlipWeights, TakeTheGrossOfTheRowsWhereTheScreenHasNoInitialGross) {
     EXPECT_FALSE(TextsOf(page).contains(grossToFollow));
 }
 
-TEST_F(SlipWeights, OfASlipWithoutRowsHaveNoBareUnits) {
+TEST_F(SlipWeights, WithoutRowsShowNoUnits) {
     const auto page = Pages(5).at(0);
     EXPECT_EQ(RightOf(page, "Initial Gross Weight"), (QStringList{"12437", "kg"}));
     EXPECT_EQ(RightOf(page, "Net Weight"), (QStringList{"8100", "kg"}));
@@ -82,9 +82,9 @@ TEST_F(SlipWeights, OfASlipWithoutRowsHaveNoBareUnits) {
     EXPECT_EQ(TextsOf(page).filter("FIRST WEIGHING").size(), 0);
 }
 
-// ---- A truck that has been on the scale once ----
+// ---- A truck that has been weighed once ----
 
-TEST_F(SlipWeights, OfALoadWithoutATareSayInLargeLettersThatItFollows) {
+TEST_F(SlipWeights, WithoutATareStateItInLargeLetters) {
     AddLoad(12540, {});
     const auto page = Pages(1, 12540, 12540).at(0);
     EXPECT_GE(SizeOf(page, tareToFollow), 20);
@@ -99,7 +99,7 @@ TEST_F(SlipWeights, OfALoadWithoutATareSayInLargeLettersThatItFollows) {
     EXPECT_LE(SizeOf(page, "202-20"), 10);
 }
 
-TEST_F(SlipWeights, OfAnEmptyTruckSayThatTheGrossFollows) {
+TEST_F(SlipWeights, WithoutAGrossStateThatItFollows) {
     AddLoad(0, {.tare = 4320});
     for (const double initialGross : {0.0, 4320.0}) {
         const auto page = Pages(1, initialGross, 0).at(0);
@@ -110,7 +110,7 @@ TEST_F(SlipWeights, OfAnEmptyTruckSayThatTheGrossFollows) {
     }
 }
 
-TEST_F(SlipWeights, OfALoadWithBothWeighingsShowTheNetInLargeLetters) {
+TEST_F(SlipWeights, WithBothWeighingsShowTheNetInLargeLetters) {
     const auto page = Pages(1042).at(0);
     EXPECT_EQ(TextsOf(page).filter("FIRST WEIGHING").size(), 0);
     EXPECT_GE(SizeOf(page, "8100"), 18);
@@ -120,7 +120,7 @@ TEST_F(SlipWeights, OfALoadWithBothWeighingsShowTheNetInLargeLetters) {
 
 // ---- The scale deduction ----
 
-TEST_F(SlipWeights, NameAScaleDeductionThatTheirDeductionIncludes) {
+TEST_F(SlipWeights, ShowAScaleDeductionThatIsIncluded) {
     AddLoad(8117, {.tare = 4320, .scaleDeduction = 103, .otherDeduction = 17});
     const auto page = Pages(1, 12540, 8100).at(0);
     EXPECT_EQ(ValueOf(page, "Deduction"), "120");
@@ -128,14 +128,14 @@ TEST_F(SlipWeights, NameAScaleDeductionThatTheirDeductionIncludes) {
                                        "lines below are after it."));
 }
 
-TEST_F(SlipWeights, NameNoScaleDeductionThatTheInitialGrossIsAlreadyWithout) {
+TEST_F(SlipWeights, ShowNoScaleDeductionForAnOpenedArrival) {
     AddLoad(8117, {.tare = 4320, .scaleDeduction = 103, .otherDeduction = 17});
     const auto page = Pages(1, 12437, 8100).at(0);
     EXPECT_EQ(ValueOf(page, "Deduction"), "17");
     EXPECT_EQ(TextsOf(page).filter("scale deduction").size(), 0);
 }
 
-TEST_F(SlipWeights, NameNoScaleDeductionWhereThereIsNone) {
+TEST_F(SlipWeights, ShowNoScaleDeductionIfThereIsNone) {
     EXPECT_EQ(TextsOf(Pages(1042).at(0)).filter("scale deduction").size(), 0);
 }
 

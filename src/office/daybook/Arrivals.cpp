@@ -10,7 +10,7 @@ namespace {
 /// In the order of the statement's columns.
 enum Column { Day, Id, Party, Commodity, Vehicle, Bags, Gross, Tare, ScaleDeduction, Net };
 
-/// A text with the characters that mean something to Like made plain by "!".
+/// Escapes the wildcards of Like by "!".
 std::string PlainInPattern(std::string_view text) {
     std::string plain;
     for (const char c : text) {
@@ -25,19 +25,20 @@ std::string Quoted(const std::string& moment) {
     return "'" + moment + "'";
 }
 
-/// The number alone is compared within the day of the place, so that the index on the date serves.
-std::string PeriodCondition(const ArrivalFilter& filter, const ArrivalPlace& place) {
-    const std::string first = place.moment.empty() ? DateLiteral(filter.from) : place.moment;
+/// The number is only compared within the day of the position, so that the index on the date is
+/// used.
+std::string PeriodCondition(const ArrivalFilter& filter, const ArrivalPosition& position) {
+    const std::string first = position.moment.empty() ? DateLiteral(filter.from) : position.moment;
     std::string condition = "A.ArrivalDate >= " + Quoted(first) + " And A.ArrivalDate < " +
                             Quoted(DateLiteral(AddDays(filter.to, 1)));
-    if (!place.moment.empty())
-        condition += " And (A.ArrivalDate > " + Quoted(place.moment) + " Or A.ArrivalID > " +
-                     std::to_string(place.id) + ")";
+    if (!position.moment.empty())
+        condition += " And (A.ArrivalDate > " + Quoted(position.moment) + " Or A.ArrivalID > " +
+                     std::to_string(position.id) + ")";
     return condition;
 }
 
-std::string Condition(const ArrivalFilter& filter, const ArrivalPlace& place) {
-    std::string condition = PeriodCondition(filter, place);
+std::string Condition(const ArrivalFilter& filter, const ArrivalPosition& position) {
+    std::string condition = PeriodCondition(filter, position);
     if (!filter.party.empty())
         condition += " And A.SellerId = " + SqlText(filter.party);
     if (!filter.commodity.empty())
@@ -56,7 +57,7 @@ double NumberOrZero(const Value& value) {
     return value.IsNull() ? 0 : value.Number();
 }
 
-/// Texts of a fixed length are filled up with blanks.
+/// Columns of a fixed length are padded with blanks.
 std::string TextOf(const Value& value) {
     std::string text = value.TextOrEmpty();
     text.erase(text.find_last_not_of(' ') + 1);
@@ -70,7 +71,7 @@ Arrival ArrivalOf(const Recordset& rows) {
                     .commodity = TextOf(rows.Fields(Commodity)),
                     .vehicle = TextOf(rows.Fields(Vehicle))};
     const Value tare = rows.Fields(Tare);
-    if (tare.IsNull()) // no bag lines at all
+    if (tare.IsNull()) // no bag lines
         return arrival;
     const StoredFigures stored{.bags = NumberOrZero(rows.Fields(Bags)),
                                .gross = NumberOrZero(rows.Fields(Gross)),
@@ -84,27 +85,28 @@ Arrival ArrivalOf(const Recordset& rows) {
 
 } // namespace
 
-std::string ArrivalsStatement(const ArrivalFilter& filter, const ArrivalPlace& place, int most) {
+std::string ArrivalsStatement(const ArrivalFilter& filter, const ArrivalPosition& position,
+                              int most) {
     return "Select TOP " + std::to_string(most) +
            " A.ArrivalDate, A.ArrivalID, Max(A.SellerId) As SellerId, Max(A.CommodityId) As "
            "CommodityId, Max(B.VehicleNo) As VehicleNo, Sum(B.NoOfBags) As Bags, "
            "Sum(B.NoOfBags * B.BagWeight) As GrossWeight, Sum(B.TareWeight) As TareWeight, "
            "Max(B.ScaleDeduction) As ScaleDeduction, Sum(B.NetWeight) As NetWeight "
            "From Arrivals A Left Outer Join ArrivalsBody B On B.ArrivalId = A.ArrivalID Where " +
-           Condition(filter, place) +
+           Condition(filter, position) +
            " Group By A.ArrivalDate, A.ArrivalID Order By A.ArrivalDate, A.ArrivalID";
 }
 
 std::vector<Arrival> ReadArrivals(Connection& connection, const ArrivalFilter& filter,
-                                  ArrivalPlace& place, int most) {
+                                  ArrivalPosition& position, int most) {
     std::vector<Arrival> arrivals;
-    Recordset rows = connection.Execute(ArrivalsStatement(filter, place, most));
+    Recordset rows = connection.Execute(ArrivalsStatement(filter, position, most));
     arrivals.reserve(static_cast<std::size_t>(rows.RecordCount()));
     for (; !rows.Eof(); rows.MoveNext())
         arrivals.push_back(ArrivalOf(rows));
     if (!arrivals.empty()) {
         const int last = rows.RecordCount() - 1;
-        place = {rows.ValueAt(last, Day).Text(), arrivals.back().id};
+        position = {rows.ValueAt(last, Day).Text(), arrivals.back().id};
     }
     return arrivals;
 }

@@ -13,13 +13,13 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// Which arrivals a day book is of.
+/// Selects the arrivals of a day book.
 struct ArrivalFilter {
     Date from;
-    Date to;                 ///< included
+    Date to;                 ///< inclusive
     std::string party{};     ///< the account; empty: all
     std::string commodity{}; ///< the id; empty: all
-    std::string vehicle{};   ///< a part of the vehicle's number, case aside; empty: all
+    std::string vehicle{};   ///< a part of the vehicle number, not case-sensitive; empty: all
     bool onlyInside = false; ///< only trucks that have not been weighed empty yet
 };
 
@@ -30,24 +30,24 @@ struct Arrival {
     std::string party{};     ///< the account
     std::string commodity{}; ///< the id
     std::string vehicle{};
-    /// No tare yet: `figures` has the bags and the first weight alone, and no sum counts them.
+    /// No tare yet: `figures` has only the bags and the first weight, and no sum includes them.
     bool isInside = false;
     Figures figures{};
 };
 
-/// A place between two arrivals in the order of the day book, by day and then by number.
-struct ArrivalPlace {
-    std::string
-        moment{}; ///< of the arrival before it, as statements write it; empty: the beginning
+/// A position between two arrivals in the order of the day book, by day and then by number.
+struct ArrivalPosition {
+    std::string moment{}; ///< of the arrival before it, as a literal; empty: the beginning
     std::int32_t id = 0;
 };
 
-/// The next arrivals from a place on, `most` of them where there are so many. One statement, the
-/// same for either engine; `place` moves on after them.
+/// Reads up to `most` arrivals from a position on and advances it. Runs one statement, the same for
+/// both engines.
 std::vector<Arrival> ReadArrivals(Connection& connection, const ArrivalFilter& filter,
-                                  ArrivalPlace& place, int most);
+                                  ArrivalPosition& position, int most);
 
-/// The text of that statement.
-std::string ArrivalsStatement(const ArrivalFilter& filter, const ArrivalPlace& place, int most);
+/// Returns the text of that statement.
+std::string ArrivalsStatement(const ArrivalFilter& filter, const ArrivalPosition& position,
+                              int most);
 
 } // namespace Quillane::Office

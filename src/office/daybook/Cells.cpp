@@ -10,13 +10,13 @@ namespace {
 
 constexpr int kilogramsPerMound = 40;
 
-/// The digits of a whole number; with a comma after each third one from the right, if wanted.
+/// Formats a whole number, with thousands separators if wanted.
 std::string Digits(std::uint64_t number, bool inGroups) {
     std::string digits = std::to_string(number);
     constexpr std::size_t group = 3;
     if (inGroups)
-        for (std::size_t place = digits.size(); place > group;)
-            digits.insert(place -= group, ",");
+        for (std::size_t position = digits.size(); position > group;)
+            digits.insert(position -= group, ",");
     return digits;
 }
 
@@ -27,7 +27,7 @@ std::int64_t UnitOf(int decimals) {
     return unit;
 }
 
-/// Without a point where the number is whole.
+/// Without a decimal point if the number is whole.
 std::string NumberText(std::int64_t number, int decimals, bool isShown) {
     const std::int64_t unit = UnitOf(decimals);
     const auto part = [](std::int64_t value) {
@@ -38,7 +38,7 @@ std::string NumberText(std::int64_t number, int decimals, bool isShown) {
     if (rest == 0)
         return text;
     std::string fraction = std::to_string(part(rest) + static_cast<std::uint64_t>(unit)).substr(1);
-    // Of a weight that is shown both decimals.
+    // A fractional weight is shown with both decimals.
     const std::size_t least = isShown && decimals == WeightDecimals ? 2 : 1;
     while (fraction.size() > least && fraction.back() == '0')
         fraction.pop_back();

@@ -7,31 +7,31 @@
 #include <string_view>
 #include <vector>
 
-/// The two tables of a day book, of arrivals and of sums: what the page, the print and the files
-/// have in their columns.
+/// The columns of the two tables of a day book, arrivals and sums. The page, the print and the
+/// files use the same columns.
 namespace Quillane::Office {
 
-/// What a cell holds: a text, or an exact number.
+/// The contents of a cell: a text or an exact number.
 struct Cell {
     enum class Kind {
         Empty,
         Text,
-        Note, ///< a text in place of a number, for people alone
+        Note, ///< a text instead of a number; not written to files
         Number,
-        Id,    ///< a number that is never grouped
+        Id,    ///< a number without thousands separators
         Day,   ///< YYYY-MM-DD in `text`
-        Mounds ///< of a net weight
+        Mounds ///< a net weight in mounds
     };
     Kind kind = Kind::Empty;
     std::string text{};
     std::int64_t number = 0; ///< in units of the last decimal
     int decimals = 0;
 
-    /// For people: 12,540; 12,540.50; 20/11/2026; mounds and kilograms as on the slip.
+    /// The text to show: 12,540; 12,540.50; 20/11/2026; mounds and kilograms as on the slip.
     std::string Shown() const;
-    /// For programs: 12540; 12540.5; 2026-11-20; mounds as a number, 202.5.
+    /// The text to export: 12540; 12540.5; 2026-11-20; mounds as a number, 202.5.
     std::string Plain() const;
-    /// A number or mounds, as the nearest floating number.
+    /// A number or mounds, as the nearest double.
     double AsDouble() const;
     /// A number without a fraction.
     bool IsWhole() const;
@@ -40,7 +40,7 @@ struct Cell {
 struct ColumnHeading {
     std::string_view caption;
     std::string_view unit;  ///< "kg"; empty: none
-    std::string_view plain; ///< of a file's column
+    std::string_view plain; ///< name of the column in a file
     bool isNumber = false;
     int width = 0; ///< in characters
 
@@ -55,9 +55,9 @@ std::vector<Cell> CellsOf(const Arrival& arrival, const DayBookNames& names);
 const std::vector<ColumnHeading>& SumHeadings(SumsBy by);
 std::vector<Cell> CellsOf(const NamedSum& sum, SumsBy by);
 
-/// The sum of all arrivals, cell by cell below those of the arrivals.
+/// The cells of the sum of all arrivals, in the columns of the arrivals.
 std::vector<Cell> CellsBelowArrivals(const Sum& sum);
-/// And below those of the sums.
+/// The same in the columns of the sums.
 std::vector<Cell> CellsBelowSums(const Sum& sum, SumsBy by);
 
 /// "Arrivals", "By day", "By party", "By commodity".

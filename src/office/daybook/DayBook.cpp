@@ -22,8 +22,8 @@ DayBook::DayBook(Connection& connection, ArrivalFilter filter)
 bool DayBook::ReadOn() {
     if (isComplete_)
         return false;
-    const ArrivalPlace before = place_;
-    const std::vector<Arrival> arrivals = ReadArrivals(connection_, filter_, place_, PageRows);
+    const ArrivalPosition before = position_;
+    const std::vector<Arrival> arrivals = ReadArrivals(connection_, filter_, position_, PageRows);
     if (!arrivals.empty())
         pages_.push_back(before);
     count_ += static_cast<int>(arrivals.size());
@@ -45,8 +45,8 @@ double DayBook::Progress() const {
 }
 
 std::vector<Arrival> DayBook::Page(int page) const {
-    ArrivalPlace place = pages_.at(static_cast<std::size_t>(page));
-    return ReadArrivals(connection_, filter_, place, PageRows);
+    ArrivalPosition position = pages_.at(static_cast<std::size_t>(page));
+    return ReadArrivals(connection_, filter_, position, PageRows);
 }
 
 } // namespace Quillane::Office

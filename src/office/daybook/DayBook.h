@@ -13,21 +13,21 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// The arrivals of a filter, read page by page: of the arrivals themselves only a page at a time
-/// is in memory, with the sums and the places at which pages begin. Each page is one statement, so
-/// that stations can save and a window can handle its events in between.
+/// The arrivals of a filter, read page by page. Only one page of arrivals is in memory, with the
+/// sums and the start positions of all pages. Each page is one statement, so that stations can save
+/// and a window can process its events in between.
 class DayBook {
 public:
     static constexpr int PageRows = 500;
 
-    /// The connection outlives this.
+    /// Requires: the connection outlives this object.
     DayBook(Connection& connection, ArrivalFilter filter);
 
-    /// Reads and sums the next page; false, and nothing more, at the end. A failure leaves what
-    /// was read before.
+    /// Reads and sums the next page. Returns false at the end. After a failure the earlier pages
+    /// are still valid.
     bool ReadOn();
     bool IsComplete() const { return isComplete_; }
-    /// From 0 to 1, by the days that are done.
+    /// The share of the days that have been read, from 0 to 1.
     double Progress() const;
     /// Called with each arrival that `ReadOn` reads, in order.
     std::function<void(const Arrival&)> Visit;
@@ -35,10 +35,10 @@ public:
     const ArrivalFilter& Filter() const { return filter_; }
     const DayBookSums& Sums() const { return sums_; }
     const DayBookNames& Names() const { return names_; }
-    /// The arrivals that have been read so far.
+    /// The number of arrivals that have been read so far.
     int Count() const { return count_; }
 
-    /// A page of those that have been read, the first one being 0, read from the database again.
+    /// Reads one of these pages from the database again; the first is 0.
     std::vector<Arrival> Page(int page) const;
 
 private:
@@ -46,8 +46,8 @@ private:
     ArrivalFilter filter_;
     DayBookNames names_;
     DayBookSums sums_;
-    std::vector<ArrivalPlace> pages_; ///< where each begins
-    ArrivalPlace place_;
+    std::vector<ArrivalPosition> pages_; ///< the start of each page
+    ArrivalPosition position_;
     Date lastDay_;
     int count_ = 0;
     bool isComplete_ = false;

@@ -7,7 +7,7 @@
 
 namespace Quillane::Office {
 
-/// What of a day book is printed, in this order.
+/// The tables to print, in this order.
 struct PrintedParts {
     bool arrivals = true;
     bool byDay = true;
@@ -16,14 +16,14 @@ struct PrintedParts {
     bool picture = true;
 };
 
-/// A day book on paper, A4 on its side: tables of arrivals and of sums, each ended by its sum, and
-/// the picture. The user that prints it is the report's `UserName`.
+/// A day book on paper, A4 landscape: tables of arrivals and of sums, each with its total, and the
+/// picture. `UserName` of the report is the user who prints it.
 class DayBookReport : public Report {
 public:
-    /// A list of more arrivals than this is not for paper: a line says so in its place.
+    /// A longer list of arrivals is not printed; a line states this instead.
     static constexpr int MostArrivals = 2'000;
 
-    /// Reads the arrivals of a complete day book again; the report keeps nothing of it.
+    /// Reads the arrivals of a complete day book again; the report does not keep a reference to it.
     DayBookReport(const DayBook& book, const PrintedParts& parts, const std::string& company);
 
     std::string FileName() const override;
@@ -32,11 +32,11 @@ private:
     std::string fileName_;
 };
 
-/// "Day book 2026-11-01 to 2026-11-22", without an ending.
+/// A file name without extension: "Day book 2026-11-01 to 2026-11-22".
 std::string FileNameOf(const ArrivalFilter& filter);
 /// "22/11/2026", or "01/11/2026 to 22/11/2026".
 std::string PeriodText(const ArrivalFilter& filter);
-/// What the filter narrows a day book to: "Wheat, vehicle LEA"; empty where it holds all arrivals.
+/// Describes the filter: "Wheat, vehicle LEA"; empty if it selects all arrivals.
 std::string NarrowedText(const DayBook& book);
 
 } // namespace Quillane::Office

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t length = std::string_view("2026-11-20").size();
 
-/// dd/MM/yyyy as YYYY-MM-DD; any other text as it is.
+/// Converts dd/MM/yyyy to YYYY-MM-DD; returns any other text unchanged.
 std::string YearFirst(std::string_view text) {
     if (text.size() != length || text[2] != '/' || text[5] != '/')
         return std::string(text);

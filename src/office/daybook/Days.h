@@ -8,10 +8,10 @@
 
 namespace Quillane::Office {
 
-/// "2026-11-20", "20/11/2026", "today" or "yesterday"; none for any other text.
+/// Parses "2026-11-20", "20/11/2026", "today" or "yesterday"; none for any other text.
 std::optional<Date> ReadDay(std::string_view text);
 
-/// "day", "party" or "commodity", case aside; none for any other text.
+/// Parses "day", "party" or "commodity", not case-sensitive; none for any other text.
 std::optional<SumsBy> SumsNamed(std::string_view text);
 
 } // namespace Quillane::Office

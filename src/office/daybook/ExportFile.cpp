@@ -10,7 +10,7 @@ namespace Quillane::Office {
 
 namespace {
 
-/// A file that takes its name when it is whole.
+/// A file that gets its name when it is complete.
 class NewFile {
 public:
     explicit NewFile(const std::string& path) : file(QString::fromStdString(path)), path_(path) {

@@ -11,7 +11,7 @@ namespace Quillane::Office {
 namespace {
 
 std::int64_t Scaled(double figure, double scale) {
-    constexpr double most = 1e14; // of a sum of many such figures, too, every digit is kept
+    constexpr double most = 1e14; // also keeps every digit of a sum of many such figures
     const double scaled = std::round(figure * scale);
     if (!(std::fabs(scaled) < most))
         Fail(FailureNumber::Overflow);

@@ -4,11 +4,11 @@
 
 namespace Quillane::Office {
 
-/// Bags and weights, exact, so that a sum of a million of them is right to its last digit: bags in
-/// ten-thousandths, weights in hundredths of a kilogram, as the slip rounds them.
+/// Bags in ten-thousandths and weights in hundredths of a kilogram, rounded as on the slip. They
+/// are integers, so that a sum of a million of them is exact.
 struct Figures {
     std::int64_t bags = 0;
-    std::int64_t firstWeight = 0; ///< the loaded truck
+    std::int64_t firstWeight = 0; ///< weight of the loaded truck
     std::int64_t tare = 0;
     std::int64_t gross = 0;     ///< first weight less tare
     std::int64_t deduction = 0; ///< gross less net
@@ -21,7 +21,7 @@ struct Figures {
 inline constexpr int BagDecimals = 4;
 inline constexpr int WeightDecimals = 2;
 
-/// What is stored of one arrival, summed over its bag lines. Kilograms.
+/// The stored figures of one arrival, summed over its bag lines. Kilograms.
 struct StoredFigures {
     double bags = 0;
     double gross = 0; ///< after tare and scale deduction
@@ -30,11 +30,12 @@ struct StoredFigures {
     double net = 0;
 };
 
-/// The figures of an arrival that has been weighed twice, by the rule of its slip. A figure that is
-/// no weight of a truck, beyond a billion tons, fails (6).
+/// Computes the figures of an arrival that has been weighed twice, as on its slip. Errors: overflow
+/// (6) beyond a billion tons.
 Figures FiguresOf(const StoredFigures& stored);
 
-/// The figures of one whose truck is still inside: bags and first weight, all else 0.
+/// Computes the figures of an arrival whose truck is still inside: bags and first weight, all
+/// others 0.
 Figures FirstFiguresOf(const StoredFigures& stored);
 
 } // namespace Quillane::Office

@@ -8,8 +8,8 @@
 namespace Quillane::Office {
 
 const std::string& DayBookNames::List::NameOf(const std::string& id) const {
-    const auto found = places.find(Folded(id));
-    return found == places.end() || all[found->second].name.empty() ? id : all[found->second].name;
+    const auto found = indices.find(Folded(id));
+    return found == indices.end() || all[found->second].name.empty() ? id : all[found->second].name;
 }
 
 DayBookNames::List DayBookNames::Read(Connection& connection, const std::string& statement) {
@@ -18,8 +18,8 @@ DayBookNames::List DayBookNames::Read(Connection& connection, const std::string&
         list.all.push_back(
             {Trimmed(rows.Fields(0).TextOrEmpty()), Trimmed(rows.Fields(1).TextOrEmpty())});
     std::ranges::stable_sort(list.all, {}, [](const Named& one) { return Folded(one.name); });
-    for (std::size_t place = 0; place < list.all.size(); ++place)
-        list.places.emplace(Folded(list.all[place].id), place);
+    for (std::size_t index = 0; index < list.all.size(); ++index)
+        list.indices.emplace(Folded(list.all[index].id), index);
     return list;
 }
 

@@ -16,24 +16,24 @@ struct Named {
     std::string name;
 };
 
-/// The parties and commodities by their names, as the station shows them: "Zahid Traders-Lahore".
+/// The parties and commodities with their names as the station shows them: "Zahid Traders-Lahore".
 class DayBookNames {
 public:
     DayBookNames() = default;
     explicit DayBookNames(Connection& connection);
 
-    /// By name.
+    /// Sorted by name.
     const std::vector<Named>& Parties() const { return parties_.all; }
     const std::vector<Named>& Commodities() const { return commodities_.all; }
 
-    /// The id itself where there is no such row, or where it has no name.
+    /// Returns the id itself if there is no such row, or if its name is empty.
     const std::string& Party(const std::string& id) const { return parties_.NameOf(id); }
     const std::string& Commodity(const std::string& id) const { return commodities_.NameOf(id); }
 
 private:
     struct List {
         std::vector<Named> all;
-        std::unordered_map<std::string, std::size_t> places; ///< by folded id
+        std::unordered_map<std::string, std::size_t> indices; ///< index by folded id
         const std::string& NameOf(const std::string& id) const;
     };
     static List Read(Connection& connection, const std::string& statement);

@@ -35,7 +35,7 @@ std::int64_t Highest(const std::vector<Bar>& bars) {
     return highest;
 }
 
-/// The step of a scale that reaches a value in at most five: 1, 2 or 5 times a power of ten.
+/// The smallest step of 1, 2 or 5 times a power of ten that reaches a value in at most five steps.
 std::int64_t StepFor(std::int64_t highest) {
     constexpr std::int64_t kilogram = 100;
     for (std::int64_t power = kilogram;; power *= 10)
@@ -53,7 +53,7 @@ ReportObject Title(int top, const std::string& text) {
     return Coloured(Bold(Sized(Text({0, top, PictureWidth, titleHeight}, text), 12)), DarkGreen);
 }
 
-// ---- Upright bars along the time ----
+// ---- Vertical bars for the days or months ----
 
 constexpr int mostDays = 366;
 
@@ -74,7 +74,7 @@ struct Frame {
     int left, top, width, height;
 };
 
-/// The lines of the scale, each with its weight at the left.
+/// The grid lines, each with its weight at the left.
 void AddScale(Objects& objects, const Frame& frame, std::int64_t step, std::int64_t steps) {
     for (std::int64_t line = 0; line <= steps; ++line) {
         const int y = frame.top + frame.height - static_cast<int>(frame.height * line / steps);
@@ -90,7 +90,7 @@ void AddScale(Objects& objects, const Frame& frame, std::int64_t step, std::int6
     }
 }
 
-/// Every how many bars there is room for a label.
+/// The number of bars for each label that fits.
 int LabelStride(std::size_t bars, int width) {
     constexpr int labelWidth = 1'000;
     const int most = std::max(width / labelWidth, 1);
@@ -104,18 +104,18 @@ void AddBars(Objects& objects, const Frame& frame, const std::vector<Bar>& bars,
     constexpr int widest = 1'100;
     const int pitch = std::min(frame.width / count, widest);
     const int stride = LabelStride(bars.size(), pitch * count);
-    for (int place = 0; place < count; ++place) {
-        const Bar& bar = bars[static_cast<std::size_t>(place)];
-        const int left = frame.left + place * pitch;
+    for (int index = 0; index < count; ++index) {
+        const Bar& bar = bars[static_cast<std::size_t>(index)];
+        const int left = frame.left + index * pitch;
         const auto height =
             static_cast<int>(static_cast<double>(std::max<std::int64_t>(bar.net, 0)) /
                              static_cast<double>(scale) * frame.height);
         const int gap = pitch / 5;
         if (height > 0)
-            objects.push_back(Bare(Box({left + gap / 2, frame.top + frame.height - height,
-                                        std::max(pitch - gap, 10), height},
-                                       barGreen)));
-        if (place % stride == 0)
+            objects.push_back(Bare(FilledBox({left + gap / 2, frame.top + frame.height - height,
+                                              std::max(pitch - gap, 10), height},
+                                             barGreen)));
+        if (index % stride == 0)
             objects.push_back(Sized(
                 Coloured(Text({left, frame.top + frame.height + 40, 1'000, labelHeight}, bar.label),
                          CaptionGrey),
@@ -135,7 +135,7 @@ void AddTime(Objects& objects, const std::vector<Bar>& bars, int top) {
         AddBars(objects, frame, bars, step * steps);
 }
 
-// ---- Level bars for the commodities ----
+// ---- Horizontal bars for the commodities ----
 
 constexpr std::size_t mostCommodities = 8;
 
@@ -147,8 +147,8 @@ std::vector<Bar> BarsByCommodity(const DayBookSums& sums, const DayBookNames& na
     if (bars.size() <= mostCommodities)
         return bars;
     Bar others{"Others"};
-    for (std::size_t place = mostCommodities - 1; place < bars.size(); ++place)
-        others.net += bars[place].net;
+    for (std::size_t index = mostCommodities - 1; index < bars.size(); ++index)
+        others.net += bars[index].net;
     bars.resize(mostCommodities - 1);
     bars.push_back(others);
     return bars;
@@ -167,7 +167,7 @@ void AddCommodities(Objects& objects, const std::vector<Bar>& bars, int top) {
         objects.push_back(Aligned(Text({0, rowTop, left - 150, rowHeight - 60}, bar.label),
                                   ReportAlignment::Right));
         if (width > 0)
-            objects.push_back(Bare(Box({left, rowTop, width, rowHeight - 90}, barGreen)));
+            objects.push_back(Bare(FilledBox({left, rowTop, width, rowHeight - 90}, barGreen)));
         objects.push_back(
             Text({left + width + 120, rowTop, 1'780, rowHeight - 60}, Kilograms(bar.net)));
         rowTop += rowHeight;

@@ -5,19 +5,20 @@
 
 #include <vector>
 
-/// Pictures of the net weights of a day book, for who would rather look than read: objects of a
-/// report, so that the screen, the printer and a PDF show the same.
+/// Bar charts of the net weights of a day book. They consist of report objects, so that the screen,
+/// the printer and a PDF show the same.
 namespace Quillane::Office {
 
 /// In twips.
-inline constexpr int PictureWidth = 15'398; ///< of A4 on its side, between the margins
+inline constexpr int PictureWidth = 15'398; ///< A4 landscape, between the margins
 inline constexpr int PictureHeight = 8'000;
 
-/// Bars upright for the days, or where they are more than a year's for the months; below them bars
-/// for the commodities with the most net weight, the others in one. From the corner (0, top).
+/// Creates the charts below the line `top`: vertical bars for the days, or for the months if there
+/// are more days than in a year; below them horizontal bars for the largest commodities and one for
+/// all others.
 std::vector<ReportObject> Picture(const DayBookSums& sums, const DayBookNames& names, int top);
 
-/// The picture alone, on a sheet of its size, as a window shows it.
+/// A report with only the picture, on a page of its size, for the window.
 class PictureReport : public Report {
 public:
     PictureReport(const DayBookSums& sums, const DayBookNames& names);

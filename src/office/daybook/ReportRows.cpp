@@ -40,8 +40,8 @@ void ReportRows::AddRow(const std::vector<Cell>& cells, bool isEnd) {
     title_.clear();
     rows_.AddWhole(static_cast<int>(table_));
     rows_.AddWhole(isEnd ? 1 : 0);
-    for (std::size_t place = 0; place < mostCells_; ++place)
-        rows_.AddText(place < cells.size() ? cells[place].Shown() : std::string());
+    for (std::size_t index = 0; index < mostCells_; ++index)
+        rows_.AddText(index < cells.size() ? cells[index].Shown() : std::string());
 }
 
 void ReportRows::AddEmptyRow() {

@@ -14,12 +14,12 @@ inline constexpr int PrintedTableCount = 4;
 
 const std::vector<ColumnHeading>& HeadingsOf(PrintedTable table);
 
-/// The columns of a printed day book's data; from `FirstCell` on texts as they are printed, one for
-/// each heading of the row's table.
+/// The columns of the data of a printed day book. From `FirstCell` on they hold the printed texts,
+/// one for each heading of the table.
 namespace PrintedColumn {
-inline constexpr int Title = 0; ///< of a table, in its first row; else Null
+inline constexpr int Title = 0; ///< title of the table in its first row; otherwise Null
 inline constexpr int Table = 1;
-inline constexpr int IsEnd = 2; ///< 1: the sum that ends a table
+inline constexpr int IsEnd = 2; ///< 1: the total of a table
 inline constexpr int FirstCell = 3;
 } // namespace PrintedColumn
 
@@ -30,7 +30,8 @@ public:
 
     void BeginTable(PrintedTable table, std::string_view title);
     void AddRow(const std::vector<Cell>& cells, bool isEnd = false);
-    /// A row without height. What follows the rows is then not kept with a table's last row.
+    /// Adds a row without height, so that the report footer is not kept together with the last row
+    /// of a table.
     void AddEmptyRow();
     ResultSet Take() { return std::move(rows_); }
 

@@ -13,10 +13,11 @@ using Condition = std::function<bool(const ReportContext&)>;
 constexpr int rowHeight = 275;
 constexpr int ruleGrey = 0xE4E4E4;
 
-/// Where the columns of a table lie: the width of the page, shared as the headings ask for it.
-class ColumnPlaces {
+/// The positions of the columns: the page width is divided in proportion to the widths of the
+/// headings.
+class ColumnAreas {
 public:
-    explicit ColumnPlaces(const std::vector<ColumnHeading>& headings) {
+    explicit ColumnAreas(const std::vector<ColumnHeading>& headings) {
         int all = 0;
         for (const ColumnHeading& heading : headings)
             all += heading.width;
@@ -27,7 +28,7 @@ public:
         }
         edges_.push_back(PictureWidth);
     }
-    Place At(std::size_t column, int top, int height) const {
+    Area At(std::size_t column, int top, int height) const {
         return {edges_[column], top, edges_[column + 1] - edges_[column], height};
     }
 
@@ -63,10 +64,10 @@ ReportObject InColumn(ReportObject object, const ColumnHeading& heading,
 void AddCaptions(std::vector<ReportObject>& objects, PrintedTable table, int top,
                  const Condition& suppressed) {
     const std::vector<ColumnHeading>& headings = HeadingsOf(table);
-    const ColumnPlaces places(headings);
+    const ColumnAreas areas(headings);
     for (std::size_t column = 0; column < headings.size(); ++column) {
-        ReportObject caption = Bold(
-            Sized(Text(places.At(column, top, CaptionHeight), headings[column].WithUnit()), 8));
+        ReportObject caption =
+            Bold(Sized(Text(areas.At(column, top, CaptionHeight), headings[column].WithUnit()), 8));
         caption.BackColor = HeadGreen;
         objects.push_back(InColumn(std::move(caption), headings[column], suppressed));
     }
@@ -78,11 +79,11 @@ void AddCells(std::vector<ReportObject>& objects, PrintedTable table, int top) {
     const Condition isNoEnd =
         Unless([table](const ReportContext& c) { return IsOf(c, table) && IsEnd(c); });
     const std::vector<ColumnHeading>& headings = HeadingsOf(table);
-    const ColumnPlaces places(headings);
+    const ColumnAreas areas(headings);
     for (std::size_t column = 0; column < headings.size(); ++column) {
         const int field = PrintedColumn::FirstCell + static_cast<int>(column);
         const ReportObject cell =
-            Sized(RowFormula(places.At(column, top, rowHeight), "Cell",
+            Sized(RowFormula(areas.At(column, top, rowHeight), "Cell",
                              [field](const Recordset& rows) { return rows.Fields(field).Text(); }),
                   9);
         objects.push_back(InColumn(cell, headings[column], isNoRow));

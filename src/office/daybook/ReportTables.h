@@ -5,11 +5,11 @@
 
 namespace Quillane::Office {
 
-/// A detail section with the rows of one printed table; of a row of another table it shows nothing
-/// and takes no height.
+/// Creates the detail section of one printed table. For rows of other tables it is empty and has no
+/// height.
 ReportSection TableSection(PrintedTable table);
 
-/// The captions of whichever table goes on at the top of a page, for a page header.
+/// Creates the page header: the captions of the table that continues on the page.
 std::vector<ReportObject> ContinuedCaptions(int top);
 inline constexpr int CaptionHeight = 300;
 

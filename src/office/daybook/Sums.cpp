@@ -23,10 +23,10 @@ std::vector<NamedSum> ByName(const Groups& groups,
 
 template <typename Groups>
 Sum& SumIn(Groups& groups, const std::string& id) {
-    const auto [place, isNew] = groups.try_emplace(Folded(id));
+    const auto [group, isNew] = groups.try_emplace(Folded(id));
     if (isNew)
-        place->second.id = id;
-    return place->second.sum;
+        group->second.id = id;
+    return group->second.sum;
 }
 
 } // namespace

@@ -10,9 +10,10 @@
 
 namespace Quillane::Office {
 
-/// The sum of some arrivals. A truck that is still inside is counted, but its figures are not in.
+/// The sum of a group of arrivals. A truck that is still inside is counted, but its figures are not
+/// included.
 struct Sum {
-    std::int64_t arrivals = 0; ///< those that are in the figures
+    std::int64_t arrivals = 0; ///< number of arrivals in the figures
     std::int64_t inside = 0;
     Figures figures{};
 
@@ -23,21 +24,21 @@ struct Sum {
 
 /// The sum of one day, party or commodity.
 struct NamedSum {
-    std::string id;   ///< YYYY-MM-DD, the account, the commodity's id
-    std::string name; ///< of a day: dd/MM/yyyy
+    std::string id;   ///< YYYY-MM-DD, the account, or the id of the commodity
+    std::string name; ///< for a day: dd/MM/yyyy
     Sum sum;
 };
 
-/// What a day book's arrivals are summed by.
+/// The grouping of sums.
 enum class SumsBy { Day, Party, Commodity };
 
-/// The sums of a day book, in memory by their number of days, parties and commodities.
+/// The sums of a day book. The memory depends on the number of days, parties and commodities.
 class DayBookSums {
 public:
     void Add(const Arrival& arrival);
 
     const Sum& All() const { return all_; }
-    /// Days in their order; parties and commodities by name.
+    /// Sorted by day; parties and commodities by name.
     std::vector<NamedSum> By(SumsBy by, const DayBookNames& names) const;
 
 private:

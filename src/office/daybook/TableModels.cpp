@@ -78,7 +78,7 @@ const ArrivalsModel::Page& ArrivalsModel::ReadPage(int number) const {
     return pages_.front();
 }
 
-/// No exception travels through the view that asks.
+/// Exceptions must not pass through the Qt view.
 const ArrivalsModel::Page* ArrivalsModel::PageWith(int row) const {
     const int number = row / DayBook::PageRows;
     const auto known = std::ranges::find(pages_, number, &Page::number);
@@ -96,11 +96,11 @@ const ArrivalsModel::Page* ArrivalsModel::PageWith(int row) const {
     }
 }
 
-/// Where arrivals have been removed meanwhile, a page has fewer rows than it had.
+/// If arrivals have been removed since, the page has fewer rows than before.
 const std::vector<Cell>* ArrivalsModel::CellsAt(int row) const {
     const Page* page = PageWith(row);
-    const auto place = static_cast<std::size_t>(row % DayBook::PageRows);
-    return page && place < page->rows.size() ? &page->rows[place] : nullptr;
+    const auto index = static_cast<std::size_t>(row % DayBook::PageRows);
+    return page && index < page->rows.size() ? &page->rows[index] : nullptr;
 }
 
 bool ArrivalsModel::IsMarked(int row) const {
@@ -126,7 +126,7 @@ const std::vector<Cell>* SumsModel::CellsAt(int row) const {
     return &rows_[static_cast<std::size_t>(row)];
 }
 
-// ---- The row below ----
+// ---- The row of totals ----
 
 void BelowModel::Show(const std::vector<ColumnHeading>& headings, std::vector<Cell> cells) {
     beginResetModel();

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-/// Tables of a day book for views: units in the headings, numbers at the right.
+/// Models of the tables of a day book: units in the headings, numbers right-aligned.
 namespace Quillane::Office {
 
-/// Shows cells below headings.
+/// A model of cells with headings.
 class CellsModel : public QAbstractTableModel {
 public:
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -22,23 +22,23 @@ public:
 
 protected:
     virtual const std::vector<ColumnHeading>& Headings() const = 0;
-    /// Null where the row cannot be had.
+    /// Null if the row cannot be read.
     virtual const std::vector<Cell>* CellsAt(int row) const = 0;
     virtual bool IsMarked(int /*row*/) const { return false; } ///< drawn in another colour
 };
 
-/// The arrivals of a day book, of which it holds those pages that have been looked at last.
+/// The arrivals of a day book; caches the pages used last.
 class ArrivalsModel : public CellsModel {
 public:
-    /// Begins with what the book has read.
+    /// Starts with the arrivals that the book has read.
     void Show(std::shared_ptr<const DayBook> book);
-    /// Takes over what the book has read since.
+    /// Adds the arrivals that the book has read since.
     void TakeMore();
-    /// Told why a page could not be read, once for a book; its rows are then blank.
+    /// Called with the reason, once per book, if a page cannot be read; its rows are then blank.
     std::function<void(const std::string&)> Failed;
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    /// How many arrivals are in memory.
+    /// The number of arrivals in memory.
     std::size_t RowsHeld() const;
 
 protected:
@@ -56,7 +56,7 @@ private:
 
     std::shared_ptr<const DayBook> book_;
     int rows_ = 0;
-    mutable std::deque<Page> pages_; ///< the last one used in front
+    mutable std::deque<Page> pages_; ///< most recently used first
     mutable bool hasFailed_ = false;
 };
 
@@ -76,7 +76,7 @@ private:
     std::vector<std::vector<Cell>> rows_;
 };
 
-/// The one row of sums below a table.
+/// The row of totals below a table.
 class BelowModel : public CellsModel {
 public:
     void Show(const std::vector<ColumnHeading>& headings, std::vector<Cell> cells);

@@ -35,7 +35,7 @@ lxw_datetime DateTimeOf(const std::string& text) {
     return moment;
 }
 
-/// A number of this process's own, so that two of them in one folder do not meet.
+/// The process number makes the name unique if two processes write into one folder.
 std::string TemporaryName(const std::string& path) {
     return path + ".part-" + std::to_string(QCoreApplication::applicationPid());
 }
@@ -51,13 +51,13 @@ Workbook::Workbook(std::string path)
     options.tmpdir = folder_.data();
     book_ = workbook_new_opt(temporary_.c_str(), &options);
     if (!book_)
-        FailWriting(path_, "the folder refuses it");
+        FailWriting(path_, "the folder is not writable");
     MakeFormats();
 }
 
 Workbook::~Workbook() {
     if (book_)
-        workbook_close(book_); // the only call that frees it
+        workbook_close(book_); // no other call frees it
     std::error_code ignored;
     std::filesystem::remove(temporary_, ignored);
 }
@@ -83,12 +83,12 @@ void Workbook::MakeFormats() {
     format_set_text_wrap(headingFormat_);
 }
 
-/// The library does not report what its own temporary files are refused.
+/// The library does not report errors of its temporary files.
 void Workbook::CheckDisk() const {
     constexpr qint64 least = 32 << 20;
     const QStorageInfo disk(QString::fromStdString(folder_));
     if (!disk.isValid())
-        FailWriting(path_, "there is no folder " + folder_);
+        FailWriting(path_, "the folder " + folder_ + " does not exist");
     if (disk.bytesAvailable() < least)
         FailWriting(path_, "the disk is nearly full");
 }
@@ -99,10 +99,10 @@ void Workbook::BeginSheet(std::string_view title, const std::vector<ColumnHeadin
     worksheet_set_landscape(sheet_);
     worksheet_fit_to_pages(sheet_, 1, 0);
     worksheet_repeat_rows(sheet_, 0, 0);
-    for (std::size_t place = 0; place < headings.size(); ++place) {
-        const auto column = static_cast<lxw_col_t>(place);
-        worksheet_set_column(sheet_, column, column, headings[place].width + 2, nullptr);
-        CheckCell(worksheet_write_string(sheet_, 0, column, headings[place].WithUnit().c_str(),
+    for (std::size_t index = 0; index < headings.size(); ++index) {
+        const auto column = static_cast<lxw_col_t>(index);
+        worksheet_set_column(sheet_, column, column, headings[index].width + 2, nullptr);
+        CheckCell(worksheet_write_string(sheet_, 0, column, headings[index].WithUnit().c_str(),
                                          headingFormat_));
     }
     row_ = 1;
@@ -142,8 +142,8 @@ void Workbook::AddCell(const Cell& cell, std::uint16_t column, bool isBold) {
 void Workbook::AddRow(const std::vector<Cell>& cells, bool isBold) {
     if (row_ >= LXW_ROW_MAX)
         throw Failure(FailureNumber::Overflow,
-                      "The arrivals are more than the 1,048,575 rows of a sheet. Please choose a "
-                      "shorter period, or a CSV file.");
+                      "A sheet has 1,048,575 rows, which is too few for the arrivals. Choose a "
+                      "shorter period, or export a CSV file.");
     constexpr std::uint32_t rowsBetweenLooks = 5'000;
     if (row_ % rowsBetweenLooks == 0)
         CheckDisk();

@@ -13,8 +13,9 @@ struct lxw_worksheet;
 
 namespace Quillane::Office {
 
-/// An XLSX file that is written row by row, with one row in memory. It is written under another
-/// name in the same folder, and lost unless `Finish` is called. A refusal of the disk fails (75).
+/// An XLSX file that is written row by row, with one row in memory. It is written to a temporary
+/// file in the same folder, which is removed unless `Finish` is called. Errors: 75 if the disk
+/// cannot be written.
 class Workbook {
 public:
     explicit Workbook(std::string path);
@@ -22,11 +23,11 @@ public:
     Workbook(const Workbook&) = delete;
     Workbook& operator=(const Workbook&) = delete;
 
-    /// Begins the next sheet, with its headings.
+    /// Starts the next sheet with its headings.
     void BeginSheet(std::string_view title, const std::vector<ColumnHeading>& headings);
-    /// More rows than a sheet has fail (6).
+    /// Errors: 6 if the sheet is full.
     void AddRow(const std::vector<Cell>& cells, bool isBold = false);
-    /// Writes all to the disk and gives the file its name.
+    /// Flushes the file to the disk and gives it its name.
     void Finish();
 
 private:
@@ -43,7 +44,7 @@ private:
     lxw_workbook* book_ = nullptr;
     lxw_worksheet* sheet_ = nullptr;
     lxw_format* headingFormat_ = nullptr;
-    std::array<std::array<lxw_format*, LookCount>, 2> formats_{}; ///< plain and bold
+    std::array<std::array<lxw_format*, LookCount>, 2> formats_{}; ///< regular and bold
     std::uint32_t row_ = 0;
 };
 

@@ -14,8 +14,8 @@
 
 namespace Quillane {
 
-/// Hands the report's pages to the preview. A failure on that way must not travel through Qt: it is
-/// kept until the preview has returned.
+/// Passes the pages of the report to the preview. A failure must not pass through Qt: it is stored
+/// until the preview has returned.
 class CRViewer9::Pane : public ViewerPane {
 public:
     explicit Pane(QWidget* parent) : ViewerPane(parent) {

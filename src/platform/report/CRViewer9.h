@@ -22,19 +22,19 @@ public:
     CRViewer9(Screen& screen, std::string name);
     ~CRViewer9() override;
 
-    /// The report must stay until the source is cleared or another one is given.
+    /// Requires: the report outlives this object or the next call.
     void SetReportSource(Report& report);
     void ClearReportSource();
-    /// Draws the pages. A failure of the report comes back to the caller.
+    /// Draws the pages. A failure of the report is thrown.
     void ViewReport();
-    /// 1: page width, 2: whole page, 25 to 400: per cent. Another level fails (5).
+    /// 1: page width, 2: whole page, 25 to 400: percent. Errors: 5 for any other level.
     void Zoom(int level);
 
     int PageCount() const;
     int CurrentPage() const; ///< from 1
     void ShowPage(int number);
 
-    /// Place on the screen, in the screen's pixels.
+    /// Position and size on the screen, in pixels.
     int Top() const;
     int Left() const;
     int Width() const;
@@ -44,23 +44,23 @@ public:
     void SetWidth(int width);
     void SetHeight(int height);
 
-    /// Raised when the operator asks to print or to save as PDF, before the pages are asked for
-    /// again: what it changes in the report is so on paper.
+    /// Raised when the operator prints or saves as PDF, before the pages are painted again, so that
+    /// changes to the report appear on paper.
     std::function<void()> PrintButtonClicked;
     std::function<void()> CloseButtonClicked;
 
-    /// The print button: asks which printer and prints. Where no printer is installed it says so
-    /// and offers the PDF. Reports its own failures.
+    /// The print button: shows the printer dialog and prints. If no printer is installed, it offers
+    /// the PDF. Failures are shown in a box.
     void PrintReport();
-    /// The button "Save as PDF": asks for the file and saves.
+    /// The button "Save as PDF": shows the file dialog and saves.
     void SaveReport();
-    /// Saves as PDF, over an existing file; that file stays as it was if this fails, which is
-    /// reported in a box. True when saved.
+    /// Saves as PDF and replaces an existing file. Returns false after a failure, which is shown in
+    /// a box; the existing file is then not changed.
     bool SavePdf(const std::string& path);
 
-    /// The desktop's part, which tests replace: whether a printer is installed; the printer dialog
-    /// (false: cancelled); the file dialog, given a proposed path (none: cancelled), which asks
-    /// before it lets a file be written over.
+    /// Functions of the desktop that tests replace: whether a printer is installed; the printer
+    /// dialog (false: cancelled); the file dialog with a proposed path (none: cancelled), which
+    /// asks before an existing file is replaced.
     std::function<bool()> PrinterInstalled;
     std::function<bool(QPrinter&)> ChoosePrinter;
     std::function<std::optional<std::string>(const std::string&)> ChoosePdfFile;
@@ -73,7 +73,7 @@ private:
     class Pane;
     std::unique_ptr<Pane> pane_;
     Report* report_ = nullptr;
-    std::string folder_; ///< where the last PDF went
+    std::string folder_; ///< the folder of the last PDF
 };
 
 } // namespace Quillane

@@ -34,12 +34,12 @@ bool OfferPdf() {
     return answer == BoxAnswer::Yes;
 }
 
-/// What made the document, for its properties.
+/// The creator in the properties of the document.
 QString Creator() {
     return (ToQt(ProgramTitle()) + " " + QCoreApplication::applicationVersion()).trimmed();
 }
 
-/// Paints on a printer or a PDF. The text is what went wrong, empty where nothing did.
+/// Paints on a printer or a PDF. Returns the error; empty if there was none.
 template <typename Device>
 std::string PaintOn(Device& device, const ReportPainter& pages, int first, int last) {
     QPainter painter;
@@ -65,7 +65,7 @@ std::string PrintPages(QPrinter& printer, const Report& report) {
     return reason;
 }
 
-/// An existing file is replaced only once the new one is whole on the disk.
+/// An existing file is replaced only when the new one is complete on the disk.
 std::string WritePdf(const QString& path, const Report& report) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))

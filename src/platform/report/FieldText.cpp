@@ -6,7 +6,7 @@ namespace Quillane {
 
 namespace {
 
-/// Text that is no date is shown as it is and not refused: other programs write the data.
+/// Text that is not a date is shown unchanged, because other programs write the data.
 std::string DateText(const Value& value) {
     try {
         return ShownDate(value.AsDate());

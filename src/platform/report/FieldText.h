@@ -6,8 +6,8 @@
 
 namespace Quillane {
 
-/// The text that a field or text object shows. Without a current row (no data, or none left of it)
-/// columns are empty. Null is empty. The count of pages is not known here: `PageNofM` is empty.
+/// Returns the text that a field or text object shows. Columns are empty without a current row and
+/// for Null. `PageNofM` is empty, because the number of pages is not known yet.
 std::string ObjectText(const ReportObject& object, const ReportContext& context);
 
 } // namespace Quillane

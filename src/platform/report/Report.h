@@ -17,25 +17,26 @@ namespace Quillane {
 
 class Report;
 
-/// What formulas and conditions read while a report is laid out.
+/// The input of formulas and conditions during the layout of a report.
 struct ReportContext {
     const Report& report;
-    const Recordset* rows; ///< at the current row; null without one
+    const Recordset* rows; ///< positioned at the current row; null if there is none
     int page;              ///< from 1, in page headers and page footers; 0 elsewhere
-    QDateTime time;        ///< at which the layout began
-    std::any& kept;        ///< what formulas keep until the layout ends; empty at first
+    QDateTime time;        ///< start of the layout
+    std::any& kept;        ///< cache of the formulas for this layout; initially empty
 };
 
-/// Kinds of report objects. Places and sizes are in twips (1/1440 inch) from the section's corner.
+/// Kinds of report objects. Positions and sizes are in twips (1/1440 inch) from the corner of the
+/// section.
 enum class ReportObjectKind { Field, Text, Box, Line };
 
 enum class ReportAlignment { Left, Centre, Right };
 
-/// How a column's value is written. A number is in the general form and a date value is always
-/// dd/MM/yyyy; `DateOnly` reads text that begins YYYY-MM-DD as a date, too.
+/// The format of a column. Numbers have the general form and dates the form dd/MM/yyyy; `DateOnly`
+/// also converts text that begins with YYYY-MM-DD.
 enum class ReportFormat { General, DateOnly };
 
-/// What a field object shows.
+/// The contents of a field object.
 struct ReportField {
     enum class Source {
         Column,
@@ -45,7 +46,7 @@ struct ReportField {
         PageNofM ///< "Page 1 of 2"
     };
     Source source = Source::Column;
-    std::string name;  ///< of the column, or of the formula
+    std::string name;  ///< name of the column or the formula
     int parameter = 0; ///< 1-based position
     std::function<std::string(const ReportContext&)> formula;
     ReportFormat format = ReportFormat::General;
@@ -60,17 +61,17 @@ struct ReportFont {
 
 /// One object of a section. Colours are 0xBBGGRR.
 ///
-/// The text of a field or text object is on one line, made smaller where it is too long for the
-/// object. One that can grow is broken into lines instead: the objects next to it become as high,
-/// and those below it in the section move down. Where all texts of a row are suppressed, the
+/// The text of a field or text object is on one line, in a smaller font if it is too long for the
+/// object. An object that can grow wraps its text instead: the objects next to it get the same
+/// height, and those below it in the section move down. If all texts of a row are suppressed, the
 /// objects below them move up.
 struct ReportObject {
     ReportObjectKind kind = ReportObjectKind::Text;
     int Left = 0, Top = 0, Width = 0, Height = 0;
     int BackColor = -1;   ///< field and text objects; -1: none
-    int BorderColor = -1; ///< field and text objects, of the border where there is one; -1: none
+    int BorderColor = -1; ///< field and text objects with a border; -1: none
     int FillColor = -1;   ///< box objects; -1: none
-    std::string text;     ///< of a text object
+    std::string text;     ///< text objects
     ReportField field;
 
     ReportFont Font;
@@ -85,8 +86,8 @@ struct ReportObject {
     std::function<bool(const ReportContext&)> Suppress; ///< true: not shown; empty: always shown
 };
 
-/// When a section appears. Page headers and footers come on every page; details once for each row
-/// of the data. Details flow over the pages; a report footer is kept whole.
+/// The kind of a section. Page headers and footers are on every page; details are repeated for each
+/// row of the data. Details flow over the pages; a report footer is never split.
 enum class ReportSectionKind { ReportHeader, PageHeader, Detail, ReportFooter, PageFooter };
 
 struct ReportSection {
@@ -96,7 +97,7 @@ struct ReportSection {
     ReportSectionKind Kind = ReportSectionKind::Detail;
 };
 
-/// The sheet, in twips, upright. A4 with margins of half an inch.
+/// The paper in twips, portrait: A4 with margins of half an inch.
 struct ReportPaper {
     int Width = 11906;
     int Height = 16838;
@@ -109,7 +110,7 @@ class ParameterField {
 public:
     void AddCurrentValue(std::string text) { value_ = std::move(text); }
     void AddCurrentValue(double number) { value_ = number; }
-    /// The text as shown; a number is in the general form, and no value the empty text.
+    /// The text to show: numbers in the general form; empty if there is no value.
     std::string Shown() const;
     const std::variant<std::monostate, std::string, double>& Value() const { return value_; }
 
@@ -117,11 +118,11 @@ private:
     std::variant<std::monostate, std::string, double> value_;
 };
 
-/// The data of a report: one table. The report shares ownership of its recordset.
+/// The data of a report, one table. The report shares the ownership of its recordset.
 class ReportDatabase {
 public:
-    /// The tag is kept with the data: 3 marks a recordset. A report has one table, number 1;
-    /// another number fails (9).
+    /// Sets the data. A tag of 3 means a recordset; it is only stored. Errors: 9 for a table number
+    /// other than 1.
     void SetDataSource(std::shared_ptr<Recordset> data, int dataTag, int tableNumber);
     const std::shared_ptr<Recordset>& Data() const { return data_; }
     int DataTag() const { return dataTag_; }
@@ -131,12 +132,12 @@ private:
     int dataTag_ = 0;
 };
 
-/// The texts of a printer as they were handed over.
+/// The three texts of `SelectPrinter`.
 struct ReportPrinter {
     std::string Driver, Printer, Port;
 };
 
-/// A report design with its data: it paints itself page by page on any painter (ReportPainter).
+/// A report design with its data. ReportPainter paints it page by page on any painter.
 class Report {
 public:
     explicit Report(int parameterCount);
@@ -147,20 +148,20 @@ public:
     std::vector<ReportSection> Sections;
     std::string Title;
     ReportPaper Paper;
-    int PaperOrientation = 0; ///< 0 or 1: upright; 2: on its side
-    std::string UserName;     ///< who has the report made, for its formulas
+    int PaperOrientation = 0; ///< 0 or 1: portrait; 2: landscape
+    std::string UserName;     ///< the user who creates the report, for its formulas
     std::function<QDateTime()> Now = QDateTime::currentDateTime;
 
-    /// 1-based; another position fails (9).
+    /// Positions start at 1. Errors: 9 for any other position.
     ParameterField& ParameterFields(int position);
     const ParameterField& ParameterFields(int position) const;
     int ParameterCount() const { return static_cast<int>(parameters_.size()); }
     ReportDatabase Database;
-    /// Kept with the report; opens nothing.
+    /// Stores the texts only; opens no printer.
     void SelectPrinter(std::string driver, std::string printer, std::string port);
     const ReportPrinter& SelectedPrinter() const { return printer_; }
 
-    /// What a file of this report would be called, without folder and ending.
+    /// The proposed name of a file, without folder and extension.
     virtual std::string FileName() const { return Title; }
 
 private:

@@ -21,7 +21,7 @@ private:
     void BeginPage();
     void EndPage();
     void PlaceAt(const PlacedSection& section, double top);
-    void Place(const PlacedSection& section);
+    void Append(const PlacedSection& section);
     void Flow(const PlacedSection& section, double roomWanted);
     void FlowDetails();
     void NumberPages();
@@ -30,14 +30,14 @@ private:
     QSizeF sheet_;
     QDateTime time_;
     std::any kept_;
-    std::optional<Recordset> rows_; ///< a view of our own: the caller's current row stays
+    std::optional<Recordset> rows_; ///< a clone, so that the current row of the caller is kept
     std::vector<ReportPage> pages_;
     PlacedSection pageFooter_;
     PlacedSection reportFooter_;
-    double roomOnFreshPage_ = 0; ///< by the height of this page's header
+    double heightOfFreshPage_ = 0; ///< the height below the header of this page
     double top_ = 0;
     double bottom_ = 0;
-    bool fresh_ = true; ///< nothing has flowed onto this page yet
+    bool fresh_ = true; ///< the page has no details yet
 };
 
 PageBuilder::PageBuilder(const Report& report)
@@ -65,7 +65,7 @@ PlacedSection PageBuilder::LayOut(ReportSectionKind kind) {
             continue;
         PlacedSection one = LayOutSection(section, context);
         for (PlacedObject& object : one.objects) {
-            object.place.translate(0, all.height);
+            object.bounds.translate(0, all.height);
             all.objects.push_back(std::move(object));
         }
         all.height += one.height;
@@ -75,12 +75,12 @@ PlacedSection PageBuilder::LayOut(ReportSectionKind kind) {
 
 void PageBuilder::PlaceAt(const PlacedSection& section, double top) {
     for (PlacedObject object : section.objects) {
-        object.place.translate(report_.Paper.LeftMargin, top);
+        object.bounds.translate(report_.Paper.LeftMargin, top);
         pages_.back().objects.push_back(std::move(object));
     }
 }
 
-void PageBuilder::Place(const PlacedSection& section) {
+void PageBuilder::Append(const PlacedSection& section) {
     PlaceAt(section, top_);
     top_ += section.height;
 }
@@ -95,11 +95,11 @@ void PageBuilder::BeginPage() {
     if (isFirst) {
         const PlacedSection header = LayOut(ReportSectionKind::ReportHeader);
         fresh_ = header.objects.empty();
-        Place(header);
+        Append(header);
     }
     const PlacedSection header = LayOut(ReportSectionKind::PageHeader);
-    roomOnFreshPage_ = bottom_ - report_.Paper.TopMargin - header.height;
-    Place(header);
+    heightOfFreshPage_ = bottom_ - report_.Paper.TopMargin - header.height;
+    Append(header);
 }
 
 void PageBuilder::EndPage() {
@@ -111,11 +111,11 @@ void PageBuilder::Flow(const PlacedSection& section, double roomWanted) {
         EndPage();
         BeginPage();
     }
-    Place(section);
+    Append(section);
     fresh_ = false;
 }
 
-/// Ends on the last row, whose values the report footer shows, also if that starts a page.
+/// Stays at the last row for the report footer, even if the footer starts a page.
 void PageBuilder::FlowDetails() {
     bool more = CurrentRow() != nullptr;
     while (more) {
@@ -124,7 +124,7 @@ void PageBuilder::FlowDetails() {
         double room = row.height;
         if (!more) {
             reportFooter_ = LayOut(ReportSectionKind::ReportFooter);
-            if (room + reportFooter_.height <= roomOnFreshPage_)
+            if (room + reportFooter_.height <= heightOfFreshPage_)
                 room += reportFooter_.height;
         }
         Flow(row, room);
@@ -133,7 +133,7 @@ void PageBuilder::FlowDetails() {
     }
 }
 
-/// The count is known only now.
+/// Fills in the number of pages.
 void PageBuilder::NumberPages() {
     const QString count = QString::number(pages_.size());
     for (std::size_t page = 0; page < pages_.size(); ++page) {

@@ -10,34 +10,34 @@
 
 namespace Quillane {
 
-/// One object in its place on a page, in twips from the corner of the paper.
+/// An object at its position on a page, in twips from the corner of the paper.
 struct PlacedObject {
     const ReportObject* object = nullptr;
-    QRectF place;
-    std::shared_ptr<const TextLines> text; ///< null where there is none
+    QRectF bounds;
+    std::shared_ptr<const TextLines> text; ///< null without a text
 };
 
 struct ReportPage {
     std::vector<PlacedObject> objects;
 };
 
-/// A section at one row, in twips from its own corner.
+/// A section for one row, in twips from the corner of the section.
 struct PlacedSection {
     std::vector<PlacedObject> objects;
     double height = 0;
 };
 
-/// Lays a section out. A text that needs more height than its object has makes the objects next to
-/// it (those that end where it ends, or lower) as high, and moves down those that begin below it.
-/// Where every text that ends at one height is suppressed, the objects below move up.
+/// Lays out a section. If a text needs more height than its object has, the objects next to it
+/// (with the same or a lower bottom edge) grow too, and those below it move down. If all texts with
+/// the same bottom edge are suppressed, the objects below them move up.
 PlacedSection LayOutSection(const ReportSection& section, const ReportContext& context);
 
-/// Width and height of the sheet in twips, by the report's orientation.
+/// Width and height of the paper in twips, in the orientation of the report.
 QSizeF SheetOf(const Report& report);
 
-/// Lays the report out over its pages; there is always one. The report header comes first on the
-/// first page, page headers and footers on each, with the values of the page's first row. A detail
-/// row is never broken. The report footer is kept whole, with the last row above it.
+/// Lays out all pages of the report; there is always at least one. The report header is at the top
+/// of the first page; page headers and footers are on every page, with the values of the first row
+/// of the page. A detail row is never split. The report footer is kept together with the last row.
 std::vector<ReportPage> LayOutReport(const Report& report);
 
 } // namespace Quillane

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double twipsPerInch = 1440;
 
-/// From blue in the high byte.
+/// Converts from 0xBBGGRR.
 QColor ColourOf(int colour) {
     return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
@@ -23,27 +23,23 @@ QPen PenOf(int colour, int width) {
                       : QPen(ColourOf(colour), width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
 }
 
-QBrush BrushOf(int colour) {
-    return colour < 0 ? QBrush(Qt::NoBrush) : QBrush(ColourOf(colour));
-}
-
-void PaintFrame(QPainter& painter, const QRectF& place, const QPen& pen, int fill) {
+void PaintFrame(QPainter& painter, const QRectF& bounds, const QPen& pen, int fill) {
     if (pen.style() == Qt::NoPen && fill < 0)
         return;
     painter.setPen(pen);
-    painter.setBrush(BrushOf(fill));
-    painter.drawRect(place);
+    painter.setBrush(fill < 0 ? QBrush(Qt::NoBrush) : QBrush(ColourOf(fill)));
+    painter.drawRect(bounds);
 }
 
 void PaintText(QPainter& painter, const PlacedObject& placed) {
     const ReportObject& object = *placed.object;
     constexpr int borderWidth = 8;
     const QPen border = object.HasBorder ? PenOf(object.BorderColor, borderWidth) : Qt::NoPen;
-    PaintFrame(painter, placed.place, border, object.BackColor);
+    PaintFrame(painter, placed.bounds, border, object.BackColor);
     if (!placed.text)
         return;
     painter.setPen(ColourOf(object.TextColor));
-    placed.text->Draw(painter, placed.place.topLeft());
+    placed.text->Draw(painter, placed.bounds.topLeft());
 }
 
 void PaintObject(QPainter& painter, const PlacedObject& placed) {
@@ -54,12 +50,12 @@ void PaintObject(QPainter& painter, const PlacedObject& placed) {
         PaintText(painter, placed);
         break;
     case ReportObjectKind::Box:
-        PaintFrame(painter, placed.place, PenOf(object.LineColor, object.LineWidth),
+        PaintFrame(painter, placed.bounds, PenOf(object.LineColor, object.LineWidth),
                    object.FillColor);
         break;
     case ReportObjectKind::Line:
         painter.setPen(PenOf(object.LineColor, object.LineWidth));
-        painter.drawLine(placed.place.topLeft(), placed.place.bottomRight());
+        painter.drawLine(placed.bounds.topLeft(), placed.bounds.bottomRight());
         break;
     }
 }

@@ -9,10 +9,9 @@ class QPainter;
 
 namespace Quillane {
 
-/// Lays a report out over its pages and paints them on any painter: the preview, the printer and a
-/// PDF are the same code. Texts and page breaks are settled when it is made; colours are those that
-/// the report's objects have when a page is painted. The report must outlive it, its sections
-/// unchanged.
+/// Lays out a report and paints its pages on any painter; the preview, the printer and a PDF use
+/// the same code. The constructor computes texts and page breaks; colours are read when a page is
+/// painted. Requires: the report outlives the painter, and its sections do not change.
 class ReportPainter {
 public:
     explicit ReportPainter(const Report& report);
@@ -27,7 +26,7 @@ public:
     /// gives the resolution.
     void PaintPage(QPainter& painter, int number) const;
 
-    /// Paints the pages `first` to `last`, a new sheet for each. False if the device refuses one.
+    /// Paints the pages `first` to `last`. Returns false if the device refuses a page.
     bool PaintPages(QPainter& painter, QPagedPaintDevice& device, int first, int last) const;
 
 private:
@@ -35,8 +34,8 @@ private:
     double sheetHeight_;
 };
 
-/// Gives a printer or a PDF the report's paper, upright or on its side, with no margins of the
-/// device's own: the report has its margins in itself.
+/// Sets the paper size and orientation of a printer or a PDF, without margins of the device: the
+/// report contains its margins.
 void ApplyPaper(QPagedPaintDevice& device, const Report& report);
 
 } // namespace Quillane

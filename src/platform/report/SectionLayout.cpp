@@ -9,7 +9,7 @@ namespace Quillane {
 
 namespace {
 
-/// How far objects move down, or up where negative, below given heights of the section.
+/// The distances by which objects below certain heights move down (negative: up).
 class Growth {
 public:
     void Note(const ReportObject& object, double needed) {
@@ -27,7 +27,7 @@ public:
     }
 
 private:
-    std::map<double, double> extraBelow_; ///< by the lower edge of the texts
+    std::map<double, double> extraBelow_; ///< by the bottom edge of the texts
 };
 
 bool ShowsText(const ReportObject& object) {
@@ -63,7 +63,7 @@ PlacedSection LayOutSection(const ReportSection& section, const ReportContext& c
         const ReportObject& object = *each.object;
         const double top = object.Top + growth.At(object.Top);
         const double lower = object.Top + object.Height;
-        each.place = QRectF(object.Left, top, object.Width, lower + growth.At(lower) - top);
+        each.bounds = QRectF(object.Left, top, object.Width, lower + growth.At(lower) - top);
     }
     placed.height = section.Height + growth.At(section.Height);
     return placed;

@@ -12,7 +12,7 @@ namespace Quillane {
 namespace {
 
 constexpr int twipsPerPoint = 20;
-/// The heights of lines are rounded up, one by one.
+/// Each line height is rounded up.
 constexpr double rounding = 5;
 /// Letters of Arabic script are drawn smaller than Latin ones at the same size.
 constexpr double sizeOfRightToLeft = 1.25;
@@ -28,7 +28,7 @@ QFont FontOf(const ReportFont& font, double size) {
     return made;
 }
 
-/// Left is left for every script: the value is next to its caption.
+/// Left-aligned for every script, so that the value is next to its caption.
 Qt::Alignment AlignmentOf(ReportAlignment alignment) {
     switch (alignment) {
     case ReportAlignment::Centre:
@@ -49,8 +49,9 @@ QTextOption OptionOf(const ReportObject& object) {
     return option;
 }
 
-/// A layout breaks at line separators only; on one line they would be boxes. The preview replays a
-/// text word by word from left to right: a comma of Arabic script keeps its side by a mark.
+/// A layout breaks lines only at line separators; on a single line they would be drawn as boxes.
+/// The preview draws a text word by word from left to right; a mark keeps an Arabic comma on its
+/// side.
 QString Prepared(QString text, bool severalLines) {
     text.remove(u'\r');
     if (text.isRightToLeft())
@@ -79,7 +80,7 @@ TextLines::TextLines(const ReportObject& object, const QString& text)
     neededHeight_ = grows ? needed : object.Height;
 }
 
-/// Whatever the script, the first line has the baseline of its caption.
+/// The first line has the baseline of its caption in every script.
 double TextLines::BreakIntoLines(double width, double left, double baseline) {
     double bottom = 0;
     layout_->beginLayout();

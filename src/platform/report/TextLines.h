@@ -8,17 +8,17 @@
 
 namespace Quillane {
 
-/// A text, not empty, broken into lines for an object, measured in twips on no particular device,
-/// so that every device breaks it alike.
+/// A non-empty text that is wrapped for an object. It is measured in twips independently of a
+/// device, so that all devices wrap it in the same way.
 class TextLines {
 public:
     TextLines(const ReportObject& object, const QString& text);
 
-    /// The height that the object needs to hold all lines; its own height where they fit.
+    /// The height of the object if all lines fit, otherwise the height that they need.
     double NeededHeight() const { return neededHeight_; }
     QString Text() const { return layout_->text(); }
     int LineCount() const { return layout_->lineCount(); }
-    /// Of the font, in twips: smaller than asked for where the text did not fit.
+    /// The font size in twips, reduced if the text did not fit.
     int Size() const { return layout_->font().pixelSize(); }
     void Draw(QPainter& painter, QPointF corner) const { layout_->draw(&painter, corner); }
 

@@ -12,8 +12,7 @@
 
 namespace Quillane {
 
-/// A printer object turns itself silently to PDF where none is installed, so that it cannot be
-/// asked.
+/// QPrinter cannot be used to find out: without an installed printer it silently changes to PDF.
 bool AnyPrinterInstalled() {
     return !QPrinterInfo::availablePrinterNames().isEmpty();
 }

@@ -6,19 +6,19 @@
 class QPrinter;
 class QWidget;
 
-/// The parts of the desktop that the viewer asks.
+/// The functions of the desktop that the viewer uses.
 namespace Quillane {
 
 bool AnyPrinterInstalled();
 
-/// The printer dialog; false if cancelled.
+/// Shows the printer dialog; false if cancelled.
 bool AskForPrinter(QPrinter& printer, QWidget& parent);
 
-/// The file dialog, which asks before it lets a file be written over; none if cancelled.
+/// Shows the file dialog, which asks before an existing file is replaced; none if cancelled.
 std::optional<std::string> AskForPdf(const std::string& proposedPath, QWidget& parent);
 
-/// Where the file dialog starts: the folder of the last file (empty: none yet), the operator's for
-/// documents, the home folder or the one for temporary files, whichever is the first that exists.
+/// The start folder of the file dialog: the first that exists of the folder of the last file
+/// (empty: none yet), the documents folder, the home folder and the folder for temporary files.
 std::string FolderToStartIn(const std::string& last);
 
 } // namespace Quillane

@@ -18,7 +18,7 @@ enum class ViewerIcon {
     Close
 };
 
-/// Drawn line by line, so that it is sharp at every scale factor and needs no picture file.
+/// A vector drawing, so that it is sharp at every scale factor and needs no picture file.
 QIcon IconOf(ViewerIcon icon);
 
 } // namespace Quillane

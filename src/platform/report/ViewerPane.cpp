@@ -122,7 +122,7 @@ void ViewerPane::AddScrolling(const QKeySequence& key, int direction) {
     addAction(action);
 }
 
-/// The pages are below each other; scrolling changes the current one.
+/// The pages are arranged vertically; scrolling changes the current one.
 void ViewerPane::ScrollByScreen(int direction) {
     if (preview_->zoomMode() == QPrintPreviewWidget::FitInView)
         return ShowPage(preview_->currentPage() + direction);

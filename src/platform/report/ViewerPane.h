@@ -15,7 +15,8 @@ class QToolBar;
 
 namespace Quillane {
 
-/// What is seen of the viewer: a toolbar over the pages. It knows no report; it asks for the pages.
+/// The widgets of the viewer: a toolbar above the pages. It gets the pages from a callback and does
+/// not depend on a report.
 class ViewerPane : public QWidget {
 public:
     explicit ViewerPane(QWidget* parent);

@@ -61,7 +61,7 @@ public:
                      .net = net,
                      .vehicle = vehicle}});
     }
-    /// The digits that give the same number again.
+    /// Enough digits to read back the same number.
     static std::string Exact(double number) {
         char text[32];
         std::snprintf(text, sizeof text, "%.17e", number);

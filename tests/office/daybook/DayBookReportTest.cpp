@@ -12,7 +12,7 @@
 namespace Quillane::Office {
 namespace {
 
-/// All texts of a page, and the widths of its bars.
+/// All texts of a page and the widths of its bars.
 std::multiset<std::string> TextsOf(const ReportPage& page) {
     std::multiset<std::string> texts;
     for (const PlacedObject& placed : page.objects)
@@ -34,7 +34,7 @@ protected:
         KeepPdf(report);
         return LayOutReport(report);
     }
-    /// For looking at, where a folder is named.
+    /// Writes a PDF for visual inspection if the environment names a folder.
     static void KeepPdf(const Report& report) {
         const QString folder = qEnvironmentVariable("QUILLANE_TEST_PICTURES");
         if (folder.isEmpty())
@@ -63,16 +63,16 @@ TEST_F(DayBookReports, TableOfArrivalsHasUnitsRowsAndItsSum) {
 
 TEST_F(DayBookReports, EachTableHasItsOwnCaptionsAndRows) {
     const std::vector<ReportPage> pages = Pages({});
-    ASSERT_EQ(pages.size(), 2U); // the picture has one of its own
+    ASSERT_EQ(pages.size(), 2U); // the picture is on the second page
     const std::multiset<std::string> texts = TextsOf(pages[0]);
     for (const char* title : {"Arrivals", "By day", "By party", "By commodity"})
         EXPECT_GE(texts.count(title), 1U) << title;
     EXPECT_EQ(texts.count("Sum"), 4U);
     EXPECT_EQ(texts.count("Still inside"), 3U);
-    EXPECT_EQ(texts.count("01/05/2024"), 3U); // two arrivals, and the sum of their day
+    EXPECT_EQ(texts.count("01/05/2024"), 3U); // two arrivals and the sum of their day
 }
 
-TEST_F(DayBookReports, CaptionsComeAgainOnEachPageThatATableGoesOnOn) {
+TEST_F(DayBookReports, CaptionsAreRepeatedOnEachPageOfATable) {
     database.Together([&] {
         for (int id = 0; id < 100; ++id)
             database.AddLoad(21000 + id, "2024-06-01", 8000, 4000, 8000);
@@ -83,7 +83,7 @@ TEST_F(DayBookReports, CaptionsComeAgainOnEachPageThatATableGoesOnOn) {
         EXPECT_EQ(TextsOf(page).count("Tare (kg)"), 1U);
 }
 
-TEST_F(DayBookReports, TooManyArrivalsAreNotPrintedAndALineSaysSo) {
+TEST_F(DayBookReports, TooManyArrivalsAreReplacedByALine) {
     database.Together([&] {
         for (int id = 0; id <= DayBookReport::MostArrivals; ++id)
             database.AddArrival(21000 + id, "2024-06-01", "6010001", 1, {});
@@ -104,7 +104,7 @@ TEST_F(DayBookReports, EmptyDayBookHasItsSumsAndAnEmptyPicture) {
     EXPECT_EQ(report.FileName(), "Day book 2020-01-01");
 }
 
-TEST(DayBookPicture, BarsAreAsLongAsTheirNetWeights) {
+TEST(DayBookPicture, BarLengthsAreProportionalToNetWeights) {
     DayBookSums sums;
     for (const auto& [day, commodity, net] :
          std::initializer_list<std::tuple<unsigned, const char*, std::int64_t>>{
@@ -123,7 +123,7 @@ TEST(DayBookPicture, BarsAreAsLongAsTheirNetWeights) {
     EXPECT_NEAR(widths[0], widths[1] * 9.0, 9);
 }
 
-TEST(DayBookPicture, MoreDaysThanAYearAreShownByMonthAndManyCommoditiesAsOthers) {
+TEST(DayBookPicture, MoreThanAYearIsShownByMonthAndRareCommoditiesAsOthers) {
     DayBookSums sums;
     for (int day = 0; day < 800; ++day)
         sums.Add({.id = 1,

@@ -30,7 +30,7 @@ TEST(DayBook, FiguresOfAnArrivalAddUpAsOnItsSlip) {
                                             .net = 810'000}));
 }
 
-TEST(DayBook, TruckWithoutTareIsInsideAndInNoSum) {
+TEST(DayBook, TruckWithoutTareIsInsideAndNotInTheSums) {
     DayBookDatabase database;
     database.AddLoad(20001, "2024-05-01", 8000, 4000, 7990);
     database.AddLoad(20002, "2024-05-01", 12000, 0, 12000);
@@ -47,14 +47,14 @@ TEST(DayBook, TruckWithoutTareIsInsideAndInNoSum) {
     EXPECT_EQ(page[1].figures.net, 0);
 }
 
-TEST(DayBook, ArrivalWithoutBagLinesIsThereWithoutFigures) {
+TEST(DayBook, ArrivalWithoutBagLinesHasNoFigures) {
     DayBookDatabase database;
     database.AddArrival(20001, "2024-05-01", "6010001", 1, {});
     const DayBook book = database.ReadAll(Year2024());
     EXPECT_EQ(book.Sums().All(), (Sum{.arrivals = 1}));
 }
 
-TEST(DayBook, PeriodIncludesBothItsDaysAndGoesByDayThenNumber) {
+TEST(DayBook, PeriodIncludesBothDaysAndIsSortedByDayThenNumber) {
     DayBookDatabase database;
     for (const auto& [id, day] :
          std::initializer_list<std::pair<int, const char*>>{{20001, "2024-04-30"},
@@ -91,7 +91,7 @@ TEST(DayBook, PagesFollowOneAnotherWithoutGapsWithinOneDay) {
     EXPECT_EQ(shown, expected);
 }
 
-TEST(DayBook, FiltersNarrowTheArrivals) {
+TEST(DayBook, FiltersSelectArrivals) {
     DayBookDatabase database;
     const std::vector<DayBookDatabase::Line> load{{100, 80, 4000, 0, 0, 8000, "LEA-1234"}};
     database.AddArrival(20001, "2024-05-01", "6010001", 1, load);
@@ -115,7 +115,7 @@ TEST(DayBook, FiltersNarrowTheArrivals) {
     EXPECT_EQ(database.Ids(filter), (std::vector{20004}));
 }
 
-TEST(DayBook, SumsComeByDayAndByName) {
+TEST(DayBook, SumsAreSortedByDayAndByName) {
     DayBookDatabase database;
     database.AddLoad(20001, "2024-05-02", 8000, 4000, 8000);
     database.AddLoad(20002, "2024-05-01", 8000, 4000, 7000);
@@ -144,7 +144,7 @@ TEST(DayBook, SumsComeByDayAndByName) {
                       .Text());
 }
 
-TEST(DayBook, SumsAddUpWhereHeapsOfFloatingNumbersWouldNot) {
+TEST(DayBook, SumsAreExactWhereFloatingPointIsNot) {
     DayBookSums sums;
     const Arrival tenth{.id = 1, .day = DayOf(2024, 1, 1), .figures = {.net = 10}}; // 0.10 kg
     for (int time = 0; time < 1'000'000; ++time)

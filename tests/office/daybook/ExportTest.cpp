@@ -15,7 +15,7 @@ namespace {
 bool GoesOn(const DayBook&) {
     return true;
 }
-bool BreaksOff(const DayBook&) {
+bool AlwaysCancels(const DayBook&) {
     return false;
 }
 
@@ -25,7 +25,7 @@ protected:
         database.AddLoad(20001, "2024-05-01", 8100.5, 4000, 8100, "LEA \"7\"");
         database.AddLoad(20002, "2024-05-01", 12000, 0, 12000);
     }
-    /// More than one page, so that there is a moment to break off.
+    /// More than one page, so that it can be cancelled between two.
     void AddPages() {
         database.Together([&] {
             for (int id = 0; id <= DayBook::PageRows; ++id)
@@ -60,7 +60,7 @@ protected:
     DayBookDatabase database;
 };
 
-TEST_F(DayBookExport, CsvHasALineForEachArrivalWithoutUnitsOrGroups) {
+TEST_F(DayBookExport, CsvHasALineForEachArrivalWithoutUnitsOrSeparators) {
     const std::string party = Name("Parties", "FunGetPartyName", "'6010001'");
     const std::string commodity = Name("Commodities", "FunGetCommodity", "1");
     EXPECT_EQ(Csv(),
@@ -74,17 +74,17 @@ TEST_F(DayBookExport, CsvHasALineForEachArrivalWithoutUnitsOrGroups) {
                   party + ",6010001," + commodity + ",LEA-1,100,12000,,,,,,1\r\n");
 }
 
-TEST_F(DayBookExport, CancelledCsvLeavesTheFileThatWasThere) {
+TEST_F(DayBookExport, CancelledCsvKeepsTheOldFile) {
     AddPages();
     database.folder.Write("book.csv", "before");
     DayBook book(database.connection, Year2024());
     EXPECT_FALSE(WriteTextFile(database.folder.File("book.csv"), [&](const TextSink& sink) {
-        return WriteArrivalsCsv(book, sink, BreaksOff);
+        return WriteArrivalsCsv(book, sink, AlwaysCancels);
     }));
     EXPECT_EQ(database.folder.Read("book.csv"), "before");
 }
 
-TEST_F(DayBookExport, CsvIntoAMissingFolderSaysSo) {
+TEST_F(DayBookExport, CsvInAMissingFolderFails) {
     const Failure failure = FailureOf([&] {
         WriteTextFile(database.folder.File("none/book.csv"), [](const TextSink&) { return true; });
     });
@@ -108,7 +108,7 @@ TEST_F(DayBookExport, WorkbookHasASheetOfArrivalsAndOneForEachKindOfSum) {
               std::string::npos); // 2024-05-01 as a spreadsheet counts
 }
 
-TEST_F(DayBookExport, CancelledWorkbookLeavesTheFileThatWasThereAndNoOther) {
+TEST_F(DayBookExport, CancelledWorkbookKeepsTheOldFileAndLeavesNoOther) {
     AddPages();
     database.folder.Write("book.xlsx", "before");
     const auto count = [&] {
@@ -117,19 +117,19 @@ TEST_F(DayBookExport, CancelledWorkbookLeavesTheFileThatWasThereAndNoOther) {
     };
     const auto before = count();
     DayBook book(database.connection, Year2024());
-    EXPECT_FALSE(WriteWorkbook(book, File(), BreaksOff));
+    EXPECT_FALSE(WriteWorkbook(book, File(), AlwaysCancels));
     EXPECT_EQ(database.folder.Read("book.xlsx"), "before");
     EXPECT_EQ(count(), before);
 }
 
-TEST_F(DayBookExport, WorkbookIntoAMissingFolderSaysSo) {
+TEST_F(DayBookExport, WorkbookInAMissingFolderFails) {
     DayBook book(database.connection, Year2024());
     const Failure failure =
         FailureOf([&] { WriteWorkbook(book, database.folder.File("none/book.xlsx"), GoesOn); });
     EXPECT_EQ(failure.Number(), FailureNumber::PathAccess);
 }
 
-TEST(DayBookCells, NumbersAreShownInGroupsAndWrittenPlain) {
+TEST(DayBookCells, NumbersAreShownWithSeparatorsAndWrittenWithout) {
     const auto weight = [](std::int64_t hundredths) {
         return Cell{.kind = Cell::Kind::Number, .number = hundredths, .decimals = WeightDecimals};
     };

@@ -15,8 +15,8 @@ namespace {
 
 constexpr int arrivals = 1'200; // several pages, the last one not full
 
-/// Loads as the station stores them, shares of whole kilograms, and some of other programs whose
-/// weights have fractions, ties among them.
+/// Loads as the station stores them, shares of whole kilograms, and some of other programs with
+/// fractional weights, including ties.
 class RandomLoads {
 public:
     explicit RandomLoads(DayBookDatabase& database) : database_(database) {}
@@ -92,7 +92,7 @@ std::set<std::string> ScriptSums(const DayBookDatabase& database) {
     return sums;
 }
 
-/// The lines of a CSV file of sums in the form of the script: without names, the id in front.
+/// Converts the lines of a CSV file of sums to the form of the script: id first, without names.
 void AddLines(std::set<std::string>& lines, DayBook& book, SumsBy by, const std::string& name) {
     std::string text;
     EXPECT_TRUE(WriteSumsCsv(

@@ -26,7 +26,7 @@ protected:
     ArrivalsModel model;
 };
 
-TEST_F(DayBookModels, EveryRowIsShownWhileFewAreInMemory) {
+TEST_F(DayBookModels, AllRowsAreShownWithFewInMemory) {
     constexpr int pages = 6;
     AddPages(pages);
     model.Show(Read());
@@ -37,7 +37,7 @@ TEST_F(DayBookModels, EveryRowIsShownWhileFewAreInMemory) {
     EXPECT_EQ(model.index(0, 0).data().toString(), "20000");
 }
 
-TEST_F(DayBookModels, UnitsStandInTheHeadingsAndNumbersAtTheRight) {
+TEST_F(DayBookModels, UnitsAreInTheHeadingsAndNumbersAreRightAligned) {
     constexpr int tare = 8;
     EXPECT_EQ(model.headerData(tare, Qt::Horizontal, Qt::DisplayRole).toString(), "Tare (kg)");
     EXPECT_EQ(model.headerData(tare, Qt::Horizontal, Qt::TextAlignmentRole).toInt(),
@@ -49,7 +49,7 @@ TEST_F(DayBookModels, UnitsStandInTheHeadingsAndNumbersAtTheRight) {
               int(Qt::AlignRight | Qt::AlignVCenter));
 }
 
-TEST_F(DayBookModels, ArrivalsRemovedMeanwhileLeaveBlankRows) {
+TEST_F(DayBookModels, RemovedArrivalsLeaveBlankRows) {
     database.AddLoad(20001, "2024-05-01", 8000, 4000, 7990);
     database.AddLoad(20002, "2024-05-01", 8000, 4000, 7990);
     model.Show(Read());

@@ -25,7 +25,7 @@ std::string ContentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// By the page objects of the file.
+/// Counts the page objects of the file.
 long PagesOf(const std::string& path) {
     const std::string content = ContentOf(path);
     const std::regex page("/Type /Page\\b(?!s)");
@@ -40,8 +40,8 @@ Box OfferOfPdf() {
             .buttons = BoxButtons::YesNo};
 }
 
-/// A viewer whose desktop is this test: a printer that is there, and files in a fresh folder. The
-/// log holds what was asked in its order; "pages" means the first row being read.
+/// A viewer with simulated desktop functions: a printer is installed, and files are in a temporary
+/// folder. The log contains the calls in order; "pages" means that the first row was read.
 class CRViewer9Printing : public testing::Test {
 protected:
     CRViewer9Printing() {
@@ -124,7 +124,7 @@ TEST_F(CRViewer9Printing, OffersThePdfWhereNoPrinterIsInstalled) {
     EXPECT_EQ(PagesOf(pdf_), 3);
 }
 
-TEST_F(CRViewer9Printing, LeavesItWhereTheOfferIsDeclined) {
+TEST_F(CRViewer9Printing, DoesNothingIfTheOfferIsDeclined) {
     viewer_.PrinterInstalled = [] { return false; };
     BoxAnswers answers;
     answers.Expect(OfferOfPdf(), BoxAnswer::No);
@@ -140,7 +140,7 @@ TEST_F(CRViewer9Printing, ProposesTheReportsNameInTheFolderOfTheLastFile) {
     EXPECT_EQ(proposed_, source_.Folder() + "/List.pdf");
 }
 
-/// The operator's folders are those of an account whose home folder is this one.
+/// The folders of an operator with this home folder.
 class Home {
 public:
     explicit Home(const std::string& folder) {
@@ -199,7 +199,7 @@ TEST_F(CRViewer9Printing, SavesNothingWhenTheFileDialogIsCancelled) {
     EXPECT_FALSE(std::filesystem::exists(pdf_));
 }
 
-TEST_F(CRViewer9Printing, WritesOverAnExistingFile) {
+TEST_F(CRViewer9Printing, OverwritesAnExistingFile) {
     std::ofstream(pdf_) << "old";
     EXPECT_TRUE(viewer_.SavePdf(pdf_));
     EXPECT_EQ(PagesOf(pdf_), 3);
@@ -216,7 +216,7 @@ TEST_F(CRViewer9Printing, ReportsAFileThatCannotBeWritten) {
     EXPECT_TRUE(viewer_.SavePdf(pdf_));
 }
 
-TEST_F(CRViewer9Printing, KeepsTheExistingFileWhereTheReportFails) {
+TEST_F(CRViewer9Printing, KeepsTheExistingFileIfTheReportFails) {
     std::ofstream(pdf_) << "old";
     report_.Section(ReportSectionKind::ReportFooter).Objects[0] =
         FieldObject(ReportField::Source::Column, "missing");
@@ -229,7 +229,7 @@ TEST_F(CRViewer9Printing, KeepsTheExistingFileWhereTheReportFails) {
     EXPECT_EQ(ContentOf(pdf_), "old");
 }
 
-TEST_F(CRViewer9Printing, TakesTheKeysOfThePrintRequests) {
+TEST_F(CRViewer9Printing, HandlesTheKeysOfThePrintRequests) {
     viewer_.ViewReport();
     screen_.Show();
     log_.clear();

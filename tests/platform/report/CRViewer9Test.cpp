@@ -63,12 +63,12 @@ TEST_F(CRViewer9Test, FailsWithoutAReport) {
     EXPECT_THROW(screen_.Viewer.ViewReport(), Failure);
 }
 
-TEST_F(CRViewer9Test, HandsAFailureOfTheReportToItsCaller) {
+TEST_F(CRViewer9Test, PropagatesAFailureOfTheReport) {
     ListReport report(source_.Query("Select 1 As other"));
     screen_.Viewer.SetReportSource(report);
     try {
         screen_.Viewer.ViewReport();
-        FAIL() << "the column n is not there";
+        FAIL() << "the column n is missing";
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.Number(), FailureNumber::ItemNotFound);
     }
@@ -76,7 +76,7 @@ TEST_F(CRViewer9Test, HandsAFailureOfTheReportToItsCaller) {
     EXPECT_EQ(screen_.Viewer.PageCount(), 1);
 }
 
-TEST_F(CRViewer9Test, KnowsItsZoomLevels) {
+TEST_F(CRViewer9Test, HasItsZoomLevels) {
     View(1);
     screen_.Viewer.Zoom(1);
     EXPECT_EQ(Preview().zoomMode(), QPrintPreviewWidget::FitToWidth);
@@ -91,7 +91,7 @@ TEST_F(CRViewer9Test, KnowsItsZoomLevels) {
         EXPECT_THROW(screen_.Viewer.Zoom(level), Failure) << level;
 }
 
-TEST_F(CRViewer9Test, TakesThePlaceItIsGiven) {
+TEST_F(CRViewer9Test, TakesTheGivenPosition) {
     screen_.Viewer.SetTop(3);
     screen_.Viewer.SetLeft(4);
     screen_.Viewer.SetHeight(120);
@@ -164,7 +164,7 @@ TEST_F(CRViewer9Test, TurnsWholePages) {
     EXPECT_EQ(screen_.Viewer.CurrentPage(), 1);
 }
 
-TEST_F(CRViewer9Test, OffersPagingOnlyWhereThereIsAPage) {
+TEST_F(CRViewer9Test, EnablesPagingOnlyIfThereIsAPage) {
     View(25);
     EXPECT_FALSE(Button("First page").isEnabled());
     EXPECT_FALSE(Button("Previous page").isEnabled());
@@ -198,7 +198,7 @@ TEST_F(CRViewer9Test, ZoomsInSteps) {
     EXPECT_EQ(Preview().zoomMode(), QPrintPreviewWidget::FitInView);
 }
 
-TEST_F(CRViewer9Test, NamesEveryButtonAndItsKey) {
+TEST_F(CRViewer9Test, EveryButtonHasANameAndShowsItsKey) {
     const std::pair<const char*, const char*> keys[] = {{"First page", "Ctrl+Home"},
                                                         {"Previous page", "Ctrl+PgUp"},
                                                         {"Next page", "Ctrl+PgDown"},

@@ -9,7 +9,7 @@ namespace Quillane {
 namespace {
 
 struct ColumnCase {
-    const char* value; ///< as the query writes it
+    const char* value; ///< as in the query
     ReportFormat format;
     const char* shown;
 };
@@ -48,7 +48,7 @@ TEST(FieldText, IsEmptyWithoutARow) {
     EXPECT_EQ(TextAt(FieldObject(ReportField::Source::Column, "Any"), Report(0), nullptr), "");
 }
 
-TEST(FieldText, OfAFormulaMayUseTheParametersAlsoWithoutARow) {
+TEST(FieldText, OfAFormulaCanUseTheParametersWithoutARow) {
     Report report(1);
     report.ParameterFields(1).AddCurrentValue("12540");
     ReportObject formula = FieldObject(ReportField::Source::Formula);
@@ -72,7 +72,7 @@ TEST(FieldText, ShowsParametersAndTheTitle) {
               "Quillane Slip");
 }
 
-TEST(FieldText, FailsOnAColumnThatIsNotThere) {
+TEST(FieldText, FailsOnAMissingColumn) {
     RowSource source;
     const auto rows = source.Query("Select 1 As Cell");
     EXPECT_THROW(TextAt(FieldObject(ReportField::Source::Column, "Other"), Report(0), rows.get()),

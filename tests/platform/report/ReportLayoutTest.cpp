@@ -31,7 +31,7 @@ TEST(ReportLayout, FillsOnePage) {
     EXPECT_EQ(TextsOf(pages[0]), PageTexts(firstHead, RowsFrom(1, 9) + footer, 1, 1));
 }
 
-TEST(ReportLayout, TakesTheLastRowOverWithTheReportFooter) {
+TEST(ReportLayout, MovesTheLastRowToThePageOfTheReportFooter) {
     RowSource source;
     const ListReport report(source.Numbers(10));
     const auto pages = LayOutReport(report);
@@ -55,9 +55,9 @@ TEST(ReportLayout, KeepsEverythingBetweenTheMargins) {
     const ListReport report(source.Numbers(57));
     for (const ReportPage& page : LayOutReport(report)) {
         for (const PlacedObject& placed : page.objects) {
-            EXPECT_GE(placed.place.top(), report.Paper.TopMargin);
-            EXPECT_LE(placed.place.bottom(), report.Paper.Height - report.Paper.BottomMargin);
-            EXPECT_EQ(placed.place.left(), report.Paper.LeftMargin);
+            EXPECT_GE(placed.bounds.top(), report.Paper.TopMargin);
+            EXPECT_LE(placed.bounds.bottom(), report.Paper.Height - report.Paper.BottomMargin);
+            EXPECT_EQ(placed.bounds.left(), report.Paper.LeftMargin);
         }
     }
 }
@@ -79,7 +79,7 @@ TEST(ReportLayout, PutsEachRowHigherThanAPageOnASeparatePage) {
     EXPECT_EQ(LayOutReport(report).size(), 5U);
 }
 
-TEST(ReportLayout, OfNoRowsHasHeadersAndFooters) {
+TEST(ReportLayout, WithoutRowsHasHeadersAndFooters) {
     RowSource source;
     const ListReport report(source.Numbers(0));
     const auto pages = LayOutReport(report);
@@ -87,19 +87,19 @@ TEST(ReportLayout, OfNoRowsHasHeadersAndFooters) {
     EXPECT_EQ(TextsOf(pages[0]), PageTexts(firstHead, footer, 1, 1));
 }
 
-TEST(ReportLayout, OfNoDataHasHeadersAndFooters) {
+TEST(ReportLayout, WithoutDataHasHeadersAndFooters) {
     EXPECT_EQ(TextsOf(LayOutReport(ListReport(nullptr)).at(0)), PageTexts(firstHead, footer, 1, 1));
     EXPECT_EQ(TextsOf(LayOutReport(ListReport(std::make_shared<Recordset>())).at(0)),
               PageTexts(firstHead, footer, 1, 1));
 }
 
-TEST(ReportLayout, OfNoSectionsIsOneEmptyPage) {
+TEST(ReportLayout, WithoutSectionsIsOneEmptyPage) {
     const auto pages = LayOutReport(Report(0));
     ASSERT_EQ(pages.size(), 1U);
     EXPECT_TRUE(pages[0].objects.empty());
 }
 
-TEST(ReportLayout, LeavesTheCurrentRowOfItsRecordset) {
+TEST(ReportLayout, DoesNotChangeTheCurrentRowOfItsRecordset) {
     RowSource source;
     const auto rows = source.Numbers(5);
     rows->SetPosition(3);
@@ -124,7 +124,7 @@ TEST(ReportLayout, ShowsThePagesFirstRowInItsHeaderAndTheLastRowInTheReportFoote
               QStringList({"row 11", "row 11", "row 12", "row 12", "Page 2 of 2"}));
 }
 
-TEST(ReportLayout, ShowsTheLastRowOnAPageOfTheReportFooterAlone) {
+TEST(ReportLayout, ShowsTheLastRowOnAPageWithOnlyTheReportFooter) {
     RowSource source;
     ListReport report(source.Numbers(3));
     report.Section(ReportSectionKind::PageHeader).Objects =
@@ -135,7 +135,7 @@ TEST(ReportLayout, ShowsTheLastRowOnAPageOfTheReportFooterAlone) {
     EXPECT_EQ(TextsOf(pages[1]), QStringList({"row 3", "report footer", "Page 2 of 2"}));
 }
 
-TEST(ReportLayout, GivesFormulasThePageAndOneTimeForAll) {
+TEST(ReportLayout, PassesThePageAndOneTimeToAllFormulas) {
     RowSource source;
     ListReport report(source.Numbers(12));
     int minute = 0;
@@ -156,7 +156,7 @@ TEST(ReportLayout, GivesFormulasThePageAndOneTimeForAll) {
     EXPECT_EQ(TextsOf(LayOutReport(report).at(0)).first(), "0 at 09:01");
 }
 
-TEST(ReportLayout, KeepsWhatFormulasComputeForOneLayout) {
+TEST(ReportLayout, CachesResultsOfFormulasForOneLayout) {
     RowSource source;
     ListReport report(source.Numbers(25));
     int computed = 0;
@@ -170,7 +170,7 @@ TEST(ReportLayout, KeepsWhatFormulasComputeForOneLayout) {
     EXPECT_EQ(TextsOf(LayOutReport(report).at(2)).count("2"), 4);
 }
 
-TEST(ReportLayout, LetsAFailureOfAFormulaThrough) {
+TEST(ReportLayout, PropagatesAFailureOfAFormula) {
     RowSource source;
     ListReport report(source.Numbers(1));
     report.Section(ReportSectionKind::Detail).Objects[0].field.formula =

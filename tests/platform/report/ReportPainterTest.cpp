@@ -12,7 +12,7 @@
 namespace Quillane {
 namespace {
 
-/// An A4 page at 72 dots to the inch: one dot is 20 twips.
+/// An A4 page at 72 dots per inch: one dot is 20 twips.
 QImage Painted(const ReportPainter& painter, int page = 1) {
     QImage image(596, 842, QImage::Format_RGB32);
     image.setDotsPerMeterX(2835);
@@ -34,7 +34,7 @@ public:
     ReportObject& Object() { return Sections[0].Objects[0]; }
 };
 
-constexpr QPoint inside{150, 105}; ///< of an object at 2000, 2000 twips of the page
+constexpr QPoint inside{150, 105}; ///< a point inside an object at 2000, 2000 twips
 const QColor red(255, 0, 0);
 
 TEST(ReportPainter, ReadsColoursWithBlueInTheHighByte) {
@@ -55,7 +55,7 @@ TEST(ReportPainter, PlacesByTwipsFromTheMargins) {
     EXPECT_EQ(image.pixelColor(150, 152), QColor(Qt::white));
 }
 
-TEST(ReportPainter, UsesTheColoursOfTheMomentOfPainting) {
+TEST(ReportPainter, UsesTheColoursAtTheTimeOfPainting) {
     OneObject report(BoxObject(2000, 1000, 0x0000FF));
     const ReportPainter painter(report);
     report.Object().FillColor = 0xFFFFFF;
@@ -69,7 +69,7 @@ TEST(ReportPainter, FillsATextObjectByItsBackColour) {
     EXPECT_EQ(Painted(ReportPainter(report)).pixelColor(inside), red);
 }
 
-TEST(ReportPainter, DrawsABorderOnlyWhereThereIsOne) {
+TEST(ReportPainter, DrawsABorderOnlyIfThereIsOne) {
     OneObject report(TextObject("", 1000));
     report.Object().BorderColor = 0;
     const QImage blank = Painted(ReportPainter(report));
@@ -99,7 +99,7 @@ TEST(ReportPainter, DrawsLines) {
     EXPECT_EQ(Painted(ReportPainter(report)).pixelColor(150, 100), QColor(Qt::black));
 }
 
-TEST(ReportPainter, RefusesAPageThatIsNotThere) {
+TEST(ReportPainter, RefusesAMissingPage) {
     const Report report(0);
     const ReportPainter painter(report);
     EXPECT_EQ(painter.PageCount(), 1);
@@ -107,7 +107,7 @@ TEST(ReportPainter, RefusesAPageThatIsNotThere) {
     EXPECT_THROW(Painted(painter, 2), Failure);
 }
 
-TEST(ReportPainter, GivesADeviceTheReportsPaper) {
+TEST(ReportPainter, SetsThePaperOfTheDevice) {
     RowSource source;
     QPdfWriter writer(QString::fromStdString(source.Folder() + "/paper.pdf"));
     Report report(0);

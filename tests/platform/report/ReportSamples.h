@@ -16,7 +16,7 @@
 
 namespace Quillane {
 
-/// An embedded database without tables, for queries that bring their rows along.
+/// An embedded database without tables, for queries that contain their rows.
 class RowSource {
 public:
     RowSource() {
@@ -85,7 +85,7 @@ inline ReportObject BoxObject(int width, int height, int fill) {
     return object;
 }
 
-/// What an object of a report shows, and how a section is laid out, outside pages.
+/// The context for objects and sections outside pages.
 inline std::string TextAt(const ReportObject& object, const Report& report, const Recordset* rows) {
     std::any kept;
     return ObjectText(object, {report, rows, 0, {}, kept});
@@ -96,8 +96,8 @@ inline PlacedSection LaidOut(const ReportSection& section, const Report& report,
     return LayOutSection(section, {report, rows, 0, {}, kept});
 }
 
-/// A report of five sections that name themselves: a row shows "row n", and ten rows of 1000 twips
-/// fit on the first page under the report header, eleven on each further page.
+/// A report of five sections that show their names; a row shows "row n". Ten rows of 1000 twips fit
+/// on the first page below the report header, eleven on each further page.
 class ListReport : public Report {
 public:
     explicit ListReport(std::shared_ptr<Recordset> rows) : Report(0) {
@@ -123,7 +123,7 @@ public:
     }
 };
 
-/// The texts of a page, in their order.
+/// The texts of a page in order.
 inline QStringList TextsOf(const ReportPage& page) {
     QStringList texts;
     for (const PlacedObject& placed : page.objects) {

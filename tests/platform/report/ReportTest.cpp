@@ -16,7 +16,7 @@ TEST(Report, NumbersItsParametersFromOne) {
     EXPECT_EQ(report.ParameterCount(), 7);
 }
 
-TEST(Report, RefusesAParameterThatIsNotThere) {
+TEST(Report, RefusesAMissingParameter) {
     for (const int position : {-1, 0, 8}) {
         Report report(7);
         try {
@@ -49,7 +49,7 @@ TEST(Report, SharesItsRecordset) {
     EXPECT_THROW(report.Database.SetDataSource(rows, 3, 2), Failure);
 }
 
-TEST(Report, KeepsTheTextsOfAPrinterAsTheyAre) {
+TEST(Report, DoesNotChangeTheTextsOfThePrinter) {
     Report report(0);
     report.SelectPrinter("Dummy Driver", "Ding Dong", "LPT1");
     EXPECT_EQ(report.SelectedPrinter().Driver, "Dummy Driver");

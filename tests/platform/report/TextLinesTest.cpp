@@ -9,14 +9,14 @@ namespace {
 
 const QString longText = QStringLiteral("Messrs. Abdul Rehman Muhammad Siddique and Sons");
 
-TEST(TextLines, LeavesATextThatFitsAsItIs) {
+TEST(TextLines, DoesNotChangeATextThatFits) {
     const TextLines lines(TextObject({}), QStringLiteral("Wheat"));
     EXPECT_EQ(lines.LineCount(), 1);
     EXPECT_EQ(lines.Size(), 180);
     EXPECT_EQ(lines.NeededHeight(), 300);
 }
 
-TEST(TextLines, MakesATextSmallerThatIsTooWide) {
+TEST(TextLines, ShrinksATextThatIsTooWide) {
     const TextLines lines(TextObject({}), longText);
     EXPECT_EQ(lines.LineCount(), 1);
     EXPECT_EQ(lines.Text(), longText);
@@ -32,7 +32,7 @@ TEST(TextLines, CutsATextThatWouldBeTooSmallToRead) {
     EXPECT_TRUE(lines.Text().startsWith(QStringLiteral("Messrs. Abdul")));
 }
 
-TEST(TextLines, BreaksATextThatMayGrow) {
+TEST(TextLines, WrapsATextThatMayGrow) {
     ReportObject object = TextObject({});
     object.CanGrow = true;
     const TextLines lines(object, longText);
@@ -42,13 +42,13 @@ TEST(TextLines, BreaksATextThatMayGrow) {
     EXPECT_GT(lines.NeededHeight(), 300);
 }
 
-TEST(TextLines, BreaksAWordThatIsWiderThanTheObject) {
+TEST(TextLines, WrapsAWordThatIsWiderThanTheObject) {
     ReportObject object = TextObject({});
     object.CanGrow = true;
     EXPECT_GT(TextLines(object, QString(100, u'W')).LineCount(), 2);
 }
 
-TEST(TextLines, TakesLineEndsAsTheyCome) {
+TEST(TextLines, AcceptsAllLineEnds) {
     ReportObject object = TextObject({});
     const QString text = QStringLiteral("one\r\ntwo");
     EXPECT_EQ(TextLines(object, text).LineCount(), 1);
@@ -56,7 +56,7 @@ TEST(TextLines, TakesLineEndsAsTheyCome) {
     EXPECT_EQ(TextLines(object, text).LineCount(), 2);
 }
 
-TEST(TextLines, CountsTheInsetAsLostWidth) {
+TEST(TextLines, SubtractsTheInsetFromTheWidth) {
     ReportObject object = TextObject({});
     const QString text = QStringLiteral("Polypropylene 50 kg, new, sewn");
     ASSERT_EQ(TextLines(object, text).Size(), 180);

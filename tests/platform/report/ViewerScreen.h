@@ -7,7 +7,7 @@
 
 namespace Quillane {
 
-/// A screen that is all viewer.
+/// A screen that contains only a viewer.
 class ViewerScreen : public Screen {
 public:
     ViewerScreen() : Screen("ViewerScreen", "Viewer") { resize(900, 700); }
