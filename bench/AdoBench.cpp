@@ -1,6 +1,6 @@
-// What the data access objects cost, each beside the same work done on SQLite with bare hands.
-// Compare the pairs of one run: Open with its reference at most 1.3 times the time and 1.5 times
-// the bytes, a one-row query at most 1.3 times, the T-SQL surface at most a quarter.
+// The data access objects, each compared with the same work done directly on SQLite. Limits within
+// one run: Open 1.3 times the time and 1.5 times the bytes of its reference, a one-row query 1.3
+// times, the T-SQL translator a quarter.
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/sqlite/TSqlTranslator.h"
@@ -35,7 +35,7 @@ void RunScript(sqlite3* database, const char* script) {
         throw std::runtime_error(sqlite3_errmsg(database));
 }
 
-/// A folder with a filled database, gone at the end of the program.
+/// A temporary folder with a filled database.
 class FilledDatabase {
 public:
     FilledDatabase() {
@@ -57,7 +57,7 @@ public:
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000) "
             "INSERT INTO Arrivals SELECT i, 40, 100.5, 4320 FROM n; COMMIT;");
         sqlite3_close(handle);
-        // As the embedded engine opens it.
+        // With the settings of the embedded engine.
         sqlite3_open_v2((folder / "Account1.db").string().c_str(), &handle,
                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
         connection.SetEmbeddedSupport({folder.string(), {}});
@@ -79,8 +79,8 @@ FilledDatabase& Database() {
     return database;
 }
 
-/// The least that keeps all cells: a kind, a length for texts, and the bytes, one cell behind the
-/// other, and where each row begins.
+/// The smallest storage for all cells: the kind, the length of texts and the bytes of each cell in
+/// sequence, and the start of each row.
 struct RawArena {
     void Add(const void* bytes, std::size_t count) {
         const std::size_t end = cells.size();
@@ -126,7 +126,7 @@ double BytesInUse() {
     return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
-/// What a holder of rows takes from the heap, by the allocator's own count.
+/// The heap memory of a container of rows, as counted by the allocator.
 template <typename Make>
 double BytesOf(Make make) {
     { const auto warmUp = make(); }
@@ -183,12 +183,12 @@ void OpenOneRowRaw(benchmark::State& state) {
     }
 }
 
-void Surface(benchmark::State& state, const char* statement) {
+void Translator(benchmark::State& state, const char* statement) {
     for (auto _ : state)
         benchmark::DoNotOptimize(FromTSql(statement));
 }
 
-void SurfaceBesidePrepare(benchmark::State& state, const char* statement) {
+void SqlitePrepare(benchmark::State& state, const char* statement) {
     sqlite3* database = Database().handle;
     const std::string text = FromTSql(statement);
     for (auto _ : state) {
@@ -206,12 +206,12 @@ BENCHMARK(OpenAllRows)->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenAllRowsRaw)->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenOneRow);
 BENCHMARK(OpenOneRowRaw);
-BENCHMARK_CAPTURE(Surface, NextId, nextId);
-BENCHMARK_CAPTURE(SurfaceBesidePrepare, NextId, nextId);
-BENCHMARK_CAPTURE(Surface, Probe, probe);
-BENCHMARK_CAPTURE(SurfaceBesidePrepare, Probe, probe);
-BENCHMARK_CAPTURE(Surface, Slip, slipRows);
-BENCHMARK_CAPTURE(SurfaceBesidePrepare, Slip, slipRows);
+BENCHMARK_CAPTURE(Translator, NextId, nextId);
+BENCHMARK_CAPTURE(SqlitePrepare, NextId, nextId);
+BENCHMARK_CAPTURE(Translator, Probe, probe);
+BENCHMARK_CAPTURE(SqlitePrepare, Probe, probe);
+BENCHMARK_CAPTURE(Translator, Slip, slipRows);
+BENCHMARK_CAPTURE(SqlitePrepare, Slip, slipRows);
 
 } // namespace
 

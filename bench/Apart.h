@@ -4,8 +4,7 @@
 
 namespace Quillane {
 
-/// Acts in a process of its own, which begins as this one stands, and waits for its end. False
-/// where it breaks off.
+/// Runs a function in a forked process and waits for its end. Returns false if it fails.
 bool RunApart(const std::function<void()>& act);
 
 } // namespace Quillane

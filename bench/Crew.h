@@ -6,24 +6,25 @@
 
 namespace Quillane {
 
-/// Processes of one program that work at the same time on orders.
+/// Several processes of one program that make saves at the same time.
 class Crew {
 public:
-    /// A save as the process that made it was told.
+    /// A save as reported by its process.
     struct Save {
         std::string driver;
         int id = 0;
     };
 
-    /// Each is started as `program kind name connectionString` and says "ready". It then reads
-    /// numbers of saves, and for each tells every save, as "saved driver id refusals", and "done".
+    /// Each process is started as `program kind name connectionString` and prints "ready". It then
+    /// reads numbers of saves; for each number it prints every save as "saved driver id refusals",
+    /// then "done".
     Crew(const std::string& program, const std::string& kind, const std::string& connectionString,
          int size);
     ~Crew();
     Crew(const Crew&) = delete;
     Crew& operator=(const Crew&) = delete;
 
-    /// Each makes so many saves. Returns the saves of all in a second.
+    /// Each process makes this number of saves. Returns the total number of saves per second.
     double Work(int savesEach);
 
     const std::vector<Save>& Saves() const { return saves_; }

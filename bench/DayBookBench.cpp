@@ -1,11 +1,11 @@
 // The day book of one day and of a year, read to its end, with its sums by day, party and
-// commodity, beside the statements that give them, stepped raw; and what it holds in memory. Each
-// size of the database is measured in a process of its own:
+// commodity. The reference steps the statements that return the same values raw. The memory is
+// measured too. Each size of the database is measured in a separate process:
 //
-//     DayBookBench [arrivals ...]      10000 100000 1000000 where none is given
+//     DayBookBench [arrivals ...]      default: 10000 100000 1000000
 //
-// The ratios' limit is 1.3. The memory of a year is to be that of a page and of the sums, whatever
-// the number of arrivals.
+// The limit of the ratios is 1.3. The memory of a year must be that of a page and the sums and not
+// depend on the number of arrivals.
 
 #include "EachSize.h"
 #include "ManyArrivals.h"
@@ -46,7 +46,7 @@ std::string RawArrivals(const ArrivalFilter& filter) {
     return RawSession::Statement(ArrivalsStatement(filter, {}, 100'000'000));
 }
 
-/// The sums alone, by one column, without the rounding of each arrival.
+/// Only the sums by one column, without the rounding of each arrival.
 std::string RawSums(const ArrivalFilter& filter, const std::string& by) {
     return "Select " + by +
            ", Count(Distinct A.ArrivalID), Sum(B.NoOfBags), Sum(B.NoOfBags * B.BagWeight), "
@@ -61,11 +61,12 @@ void MeasurePeriod(const char* what, const ArrivalFilter& filter, const RawSessi
     const std::string arrivals = RawArrivals(filter);
     const long rows = raw.Step(arrivals.c_str());
     if (ReadWhole(filter)->Count() != rows)
-        throw std::runtime_error("the day book does not hold what its statement gives");
+        throw std::runtime_error("the day book differs from the result of its statement");
     const SideBySide byArrival(turns, {{}, [&] { ReadWhole(filter); }},
                                {{}, [&] { raw.Step(arrivals.c_str()); }});
-    PrintLine(std::string(what) + ", arrivals and all sums beside the arrivals' statement", rows,
-              byArrival, limit);
+    PrintLine(std::string(what) +
+                  ", arrivals and all sums, compared with the statement of the arrivals",
+              rows, byArrival, limit);
     const std::string statements[] = {RawSums(filter, "A.ArrivalDate"),
                                       RawSums(filter, "A.SellerId"),
                                       RawSums(filter, "A.CommodityId")};
@@ -74,11 +75,11 @@ void MeasurePeriod(const char* what, const ArrivalFilter& filter, const RawSessi
                                  for (const std::string& each : statements)
                                      raw.Step(each.c_str());
                              }});
-    PrintLine(std::string(what) + ", the same beside three statements of sums", rows, bySums,
-              limit);
+    PrintLine(std::string(what) + ", the same, compared with three statements of sums", rows,
+              bySums, limit);
 }
 
-/// With every row of the year's table looked at once, as if it were scrolled through.
+/// Reads every row of the year once, as scrolling through the table does.
 void MeasureMemory(const char* what, const ArrivalFilter& filter) {
     std::shared_ptr<DayBook> book;
     ArrivalsModel model;
@@ -88,8 +89,8 @@ void MeasureMemory(const char* what, const ArrivalFilter& filter) {
         for (int row = 0; row < model.rowCount(); ++row)
             model.data(model.index(row, 0), Qt::DisplayRole);
     });
-    std::printf("memory, %s: %d arrivals, heap %.2f MB, resident %.2f MB, at its peak %.2f MB; %zu "
-                "rows held\n",
+    std::printf("memory, %s: %d arrivals, heap %.2f MB, resident %.2f MB, peak %.2f MB; %zu "
+                "rows in memory\n",
                 what, book->Count(), growth.heap / 1e6, growth.resident / 1e6, growth.peak / 1e6,
                 model.RowsHeld());
 }
@@ -104,8 +105,8 @@ void Measure(const ManyArrivals& database) {
     constexpr int many = 51;
     constexpr int few = 9;
     const Turns opened = Repeated(many, {{}, [&] { ReadWhole(day); }});
-    std::printf("a day, arrivals and sums: %.2f ms of the processor\n", opened.Median());
-    PrintHeading("milliseconds of the processor");
+    std::printf("a day, arrivals and sums: %.2f ms of processor time\n", opened.Median());
+    PrintHeading("processor time, milliseconds");
     MeasurePeriod("A year", Year(), raw, database.Arrivals() > 200'000 ? few : many);
 }
 

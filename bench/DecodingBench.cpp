@@ -1,5 +1,5 @@
-// Decoding one read of the line, against a bare table-lookup loop over the same bytes. Beside them,
-// for the record, the plainest way: 246 passes over the whole text.
+// Decoding one read of the line, compared with a plain table-lookup loop over the same bytes. The
+// literal implementation, 246 passes over the whole text, is measured for information.
 
 #include "../tests/scale/DecodingReference.h"
 #include "scale/Decoding.h"
@@ -15,7 +15,7 @@ namespace {
 std::int64_t allocations = 0;
 }
 
-// Not inlined: the compiler would take malloc and free for a pair that does not belong together.
+// Not inlined: the compiler would warn about a mismatched pair of malloc and free.
 [[gnu::noinline]] void* operator new(std::size_t size) {
     ++allocations;
     if (void* memory = std::malloc(size))
@@ -32,7 +32,7 @@ std::int64_t allocations = 0;
 namespace Quillane {
 namespace {
 
-/// 70 bytes come between two looks of 300 ms at 2400 baud; 1 KiB is a full receive buffer.
+/// 70 bytes arrive within 300 ms at 2400 bits per second; 1 KiB is a full receive buffer.
 constexpr std::int64_t oneTick = 70;
 constexpr std::int64_t fullBuffer = 1024;
 
@@ -48,7 +48,7 @@ std::string Frames(std::int64_t size) {
     return Repeated("+012540 kg\r\n", size);
 }
 
-/// No third number: the whole text must be looked at.
+/// Without a third number the whole text must be read.
 std::string TwoRuns(std::int64_t size) {
     const std::int64_t part = size / 3;
     return Repeated("#", part) + "012540" + Repeated("#", part) + "012540" +
@@ -60,8 +60,8 @@ const LiveReading& Settings() {
     return settings;
 }
 
-/// Adds to the line how many allocations one decoding made. A weight of up to fifteen characters
-/// needs none for itself; a longer text needs its own.
+/// Adds the number of allocations of one decoding to the output. A result of up to fifteen
+/// characters needs none.
 template <typename Decode>
 void CountAllocations(benchmark::State& state, const Decode& decode) {
     const std::int64_t before = allocations;
@@ -79,7 +79,7 @@ void Decoding(benchmark::State& state) {
     CountAllocations(state, [&] { return DecodeLiveWeight(text, Settings()); });
 }
 
-/// The longest result there is: with no direction the number is not cut.
+/// The longest possible result: without a direction the number is not cut.
 void DecodingUncut(benchmark::State& state) {
     const std::string text = "1 12345678901234567890 1";
     for (auto _ : state) {

@@ -6,11 +6,11 @@
 
 namespace Quillane {
 
-/// Makes a database of each size that the command line names (10,000, 100,000 and 1,000,000
-/// arrivals where it names none) and measures on it in a process of its own, with the application
-/// up and `Con` open. Returns the program's outcome.
+/// Creates a database of each size on the command line (by default 10,000, 100,000 and 1,000,000
+/// arrivals) and runs the measurement in a separate process, with an application and an open `Con`.
+/// Returns the exit code of the program.
 ///
-/// A box other than the serial line's ends the measuring.
+/// A message box other than that of the serial line ends the measurement.
 int MeasureEachSize(int argc, char** argv, const std::function<void(const ManyArrivals&)>& measure);
 
 } // namespace Quillane

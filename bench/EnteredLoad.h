@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// Enters a weighed load of three bag lines, ready to be saved.
+/// Enters a weighed load with three bag lines that can be saved.
 void EnterLoad(FrmWeighment& screen, const std::string& driver);
 
 } // namespace Quillane

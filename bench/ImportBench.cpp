@@ -1,10 +1,10 @@
-// The import of 5,000 parties from a CSV file into a list that has as many: reading the list, the
-// preview and the transaction. The reference executes the statements of the same import, prepared
-// and stepped raw in one transaction.
+// The import of 5,000 parties from a CSV file into a list of 5,000: reading the list, the preview
+// and the transaction. The reference executes the statements of the same import, prepared and
+// stepped raw in one transaction.
 //
 //     ImportBench
 //
-// An import is to take less than two seconds of the processor.
+// An import must take less than two seconds of processor time.
 
 #include "ManyArrivals.h"
 #include "RawSession.h"
@@ -74,7 +74,7 @@ int main() {
                                    for (const std::string& each : statements)
                                        raw.Step(each.c_str());
                                }});
-    PrintHeading("milliseconds of the processor");
+    PrintHeading("processor time, milliseconds");
     PrintLine("Import of 5,000 parties, its statements raw", parties, measured, 2);
     std::printf("%.0f ms of the processor; limit %.0f%s\n", measured.program.Median(),
                 limitMilliseconds, measured.program.Median() > limitMilliseconds ? "  over" : "");

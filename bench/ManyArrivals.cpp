@@ -41,7 +41,7 @@ constexpr std::array<std::string_view, 40> cities{
 
 using Cell = std::variant<std::int64_t, double, std::string_view>;
 
-/// A bare session that fills the file as fast as it goes: nobody else has it open yet.
+/// A plain session that fills the file as fast as possible: nobody else has it open yet.
 class Filling {
 public:
     explicit Filling(const std::string& file) {
@@ -97,7 +97,7 @@ private:
     }
 
     sqlite3* session_ = nullptr;
-    std::map<std::string_view, sqlite3_stmt*> statements_; ///< by their literal text
+    std::map<std::string_view, sqlite3_stmt*> statements_; ///< by their text
 };
 
 std::string AccountNo(int party) {
@@ -135,7 +135,7 @@ void AddParties(Filling& file) {
 }
 
 void AddArrival(Filling& file, int id, int daysAgo) {
-    // Strides that share no factor with the counts they walk over.
+    // Strides without a common factor with the counts.
     const std::int64_t commodity = id % 10 < 7 ? 1 : id % 5 + 1;
     const std::string seller =
         AccountNo(static_cast<int>(std::int64_t{id} * 2741 % ManyArrivals::PartyCount) + 1);
@@ -180,7 +180,7 @@ void Fill(const std::string& path, int arrivals) {
 
 ManyArrivals::ManyArrivals(int arrivals) : arrivals_(arrivals) {
     const std::string path = Folder() + "/Account1.db";
-    // What the filling takes of memory is not to be in the process that measures.
+    // In another process, so that the memory used here is not measured.
     if (!RunApart([&] { Fill(path, arrivals); }))
         throw std::runtime_error("The database could not be made.");
     inSearchedYear_ = Filling(path).Count("SELECT count(*) FROM Arrivals WHERE ArrivalDate >= "

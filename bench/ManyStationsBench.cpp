@@ -1,12 +1,12 @@
-// Eight stations, each a process with its screen, saving on one database server as fast as they
-// can, beside eight processes that send the same statements through the driver's bare functions to
-// a database of the same kind. Both take turns, so that both meet the machine as it is. In the end
-// every arrival that a station has seen saved is looked for.
+// Eight stations, each a process with its screen, save on one database server as fast as they can.
+// The reference is eight processes that send the same statements directly to the driver, for an
+// identical database. Both run alternately, so that both are measured under the same load. At the
+// end every arrival that was reported as saved must be in the database.
 //
-// First each station types ids of a range of its own, so that nothing but the work itself is
-// measured: once with screens that are not painted, since each station has a processor of its own
-// for that, while here all of them share theirs with the server; and once with everything. Then all
-// take the next free id, as fast as they can, and get in each other's way.
+// First each station types ids of a separate range, so that there are no conflicts: once without
+// painting the screens, because real stations have their own processors for it, and once with
+// painting. Then all stations take the next free id, as fast as they can, and conflict with each
+// other.
 //
 //     ManyStationsBench [saves of each station]
 
@@ -35,11 +35,11 @@ namespace {
 
 constexpr int stations = 8;
 constexpr int turns = 10;
-/// Ids of the sample rows lie below, those of a station's range behind it.
+/// The ids of the sample rows are smaller; the ranges of the stations start here.
 constexpr int firstRange = 10'000;
 constexpr int rangeOfStation = 10'000;
 
-/// Does what the crew's lead orders: so many saves, telling each, and how often it was refused.
+/// The loop of a crew process: makes the requested saves and prints each one and its refusals.
 template <typename SaveOne>
 void Obey(const std::string& name, const SaveOne& saveOne) {
     std::cout << "ready" << std::endl;
@@ -55,7 +55,7 @@ void Obey(const std::string& name, const SaveOne& saveOne) {
     }
 }
 
-/// The id that a member of the crew types for its next weighment; 0 where it keeps the one shown.
+/// The id that a process types for its next weighment; 0 to keep the shown one.
 int TypedId(const std::string& kind, const std::string& name, int serial) {
     return kind.find("-ranges") != std::string::npos
                ? firstRange + rangeOfStation * (name.back() - '0') + serial
@@ -88,7 +88,7 @@ void WorkRaw(const std::string& kind, const std::string& name,
     });
 }
 
-/// What is stored of one arrival.
+/// The stored rows of one arrival.
 struct Stored {
     int lines = 0;
     std::set<std::string> drivers;
@@ -110,26 +110,27 @@ std::map<int, Stored> StoredArrivals(const std::string& connectionString) {
     return arrivals;
 }
 
-/// Compares what the stations were told with what is stored. Between the look for its id and the
-/// write of its header a station may find the arrival of another, and replaces it as a whole: that
-/// is how a save works, and such an arrival counts as taken over.
+/// Compares the reported saves with the stored arrivals. If another station saves the same id
+/// between the check of the id and the write of the header, the later save replaces the earlier one
+/// as a whole, as the rules of saving require; such an arrival counts as taken over.
 bool Check(const Crew& crew, const std::string& connectionString) {
     const std::map<int, Stored> arrivals = StoredArrivals(connectionString);
-    std::map<int, std::set<std::string>> told;
+    std::map<int, std::set<std::string>> reported;
     for (const Crew::Save& save : crew.Saves())
-        told[save.id].insert(save.driver);
-    std::size_t halfWritten = 0, ofNobody = 0, lost = 0;
+        reported[save.id].insert(save.driver);
+    std::size_t incomplete = 0, unreported = 0, lost = 0;
     for (const auto& [id, arrival] : arrivals) {
-        halfWritten += arrival.lines != 3 || arrival.drivers.size() != 1;
-        ofNobody += !told.contains(id) || !told.at(id).contains(*arrival.drivers.begin());
+        incomplete += arrival.lines != 3 || arrival.drivers.size() != 1;
+        unreported += !reported.contains(id) || !reported.at(id).contains(*arrival.drivers.begin());
     }
-    for (const auto& [id, drivers] : told)
+    for (const auto& [id, drivers] : reported)
         lost += !arrivals.contains(id);
-    std::printf("\n%zu saves told to the stations, %zu arrivals stored, %zu taken over by a later "
-                "save of the same id\n%zu lost, %zu half-written, %zu of no save\n",
-                crew.Saves().size(), arrivals.size(), crew.Saves().size() - told.size(), lost,
-                halfWritten, ofNobody);
-    return lost + halfWritten + ofNobody == 0;
+    std::printf(
+        "\n%zu saves reported by the stations, %zu arrivals stored, %zu taken over by a later "
+        "save of the same id\n%zu lost, %zu incomplete, %zu never reported\n",
+        crew.Saves().size(), arrivals.size(), crew.Saves().size() - reported.size(), lost,
+        incomplete, unreported);
+    return lost + incomplete + unreported == 0;
 }
 
 double Median(std::vector<double> values) {
@@ -144,7 +145,7 @@ bool Measure(const std::string& program, int saves, const std::string& kind, con
     MakeStationDatabase(ofReference.ConnectionString());
     Crew crew(program, "station" + kind, ofStations.ConnectionString(), stations);
     Crew reference(program, "raw" + kind, ofReference.ConnectionString(), stations);
-    // The server learns the statements of each connection first.
+    // First let the server compile the statements of each connection.
     crew.Work(2);
     reference.Work(2);
     std::vector<double> ofCrew, ofRaw;

@@ -9,7 +9,7 @@ namespace Quillane {
 
 namespace {
 
-/// A line of the process's own status, in bytes.
+/// Reads an entry of /proc/self/status, in bytes.
 double StatusLine(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string word; status >> word;)
@@ -26,7 +26,7 @@ double HeapBytes() {
     return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
-void BeginPeakAnew() {
+void ResetPeak() {
     std::ofstream("/proc/self/clear_refs") << "5";
 }
 
@@ -36,7 +36,7 @@ MemoryGrowth::MemoryGrowth(const std::function<void()>& act) {
     malloc_trim(0);
     const double residentBefore = StatusLine("VmRSS:");
     const double heapBefore = HeapBytes();
-    BeginPeakAnew();
+    ResetPeak();
     act();
     peak = StatusLine("VmHWM:") - residentBefore;
     resident = StatusLine("VmRSS:") - residentBefore;

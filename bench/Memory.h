@@ -4,13 +4,13 @@
 
 namespace Quillane {
 
-/// What an action leaves behind in this process, in bytes, and what it took on the way.
+/// The memory, in bytes, that an action has added to this process, and the peak.
 struct MemoryGrowth {
     explicit MemoryGrowth(const std::function<void()>& act);
 
-    double resident; ///< pages in memory, afterwards
-    double peak;     ///< the same at its highest
-    double heap;     ///< by the allocator's own count, afterwards
+    double resident; ///< resident pages afterwards
+    double peak;     ///< maximum of the resident pages
+    double heap;     ///< heap in use afterwards, as counted by the allocator
 };
 
 } // namespace Quillane

@@ -1,12 +1,12 @@
-// What the data access objects cost on a server behind ODBC, each beside the same work done with
-// the driver's bare functions: on a PostgreSQL server of the benchmark's own, and on the SQL Server
-// that the file tests/sqlserver.local names. Each at most 1.2 times its reference.
+// The data access objects on a server reached by ODBC, each compared with the same work done with
+// plain ODBC calls: on a PostgreSQL server that the benchmark starts, and on the SQL Server named
+// in the file tests/sqlserver.local. The limit is 1.2 times the reference.
 //
-// The bare loop knows the columns ahead and binds them in blocks of the same size. It comes twice:
-// with texts as UTF-16, as the engine asks for them, and with texts as the driver turns them into
-// the station's character set by itself, which is right only where that is UTF-8. For one row it
-// comes twice too: with a statement handle of its own for each query, which is what the limit is
-// about, and with one handle for all of them.
+// The plain loop binds known columns in blocks of the same size. It is measured twice: with texts
+// as UTF-16, as the engine reads them, and with texts that the driver converts to the character set
+// of the station, which is correct only for UTF-8. A one-row query is also measured twice: with a
+// new statement handle for each query, to which the limit applies, and with one handle for all
+// queries.
 
 #include "SideBySide.h"
 #include "platform/ado/Connection.h"
@@ -36,7 +36,7 @@ constexpr auto allRows = "Select ArrivalId, VehicleNo, DriverName, NetWeight Fro
 constexpr auto oneRow = "Select NoOfBags*BagWeight As GrossWeight, TareWeight From Arrivals Where "
                         "ArrivalID = 7";
 
-/// A filled database, and two connections to it: the system's and a bare one.
+/// A filled database and two connections to it: one of the program and a plain ODBC one.
 class FilledDatabase {
 public:
     explicit FilledDatabase(const std::string& connectionString) {
@@ -58,7 +58,7 @@ public:
     Connection connection;
 
 private:
-    /// PostgreSQL's varchar holds what SQL Server's nvarchar does.
+    /// varchar of PostgreSQL corresponds to nvarchar of SQL Server.
     std::string TextOf(int length) {
         const bool isPostgres =
             connection
@@ -68,7 +68,7 @@ private:
         return (isPostgres ? "varchar(" : "nvarchar(") + std::to_string(length) + ")";
     }
 
-    /// A query of the numbers from 0 that have so many digits.
+    /// A query for the numbers from 0 with this number of digits.
     static std::string Numbers(int digits) {
         std::string number;
         std::string tables;
@@ -97,7 +97,7 @@ OdbcHandle BareStatement(const FilledDatabase& database, const char* source) {
     return statement;
 }
 
-/// A column of a block, bound by hand.
+/// A column of a block, bound directly.
 template <typename Cell>
 struct BareColumn {
     BareColumn(const OdbcHandle& statement, SQLUSMALLINT number, SQLSMALLINT cType,
@@ -217,7 +217,7 @@ void Measure(const std::string& server, const std::string& connectionString) {
               limit);
 }
 
-/// Says why it measures nothing where the server is missing.
+/// Prints a message if the server is missing.
 bool IsThere(const char* server, const std::string& whyMissing) {
     if (!whyMissing.empty())
         std::cerr << "OdbcBench: " << server << " is not there: " << whyMissing << '\n';

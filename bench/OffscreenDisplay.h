@@ -4,8 +4,8 @@
 
 namespace Quillane {
 
-/// An off-screen display of 1920 by 1080 points, unless the environment names another platform. It
-/// must stand before the application does.
+/// Selects an off-screen display of 1920 by 1080 points, unless the environment names another
+/// platform. Requires: there is no application yet.
 class OffscreenDisplay {
 public:
     OffscreenDisplay();

@@ -1,8 +1,8 @@
-// Opening a stored arrival of three lines, beside the very statement that it runs, stepped raw: the
-// whole procedure, without and with the layout of texts behind it, and of it the recordset alone.
-// Each size of the database is measured in a process of its own:
+// Opening a stored arrival of three lines, compared with stepping its statement raw: the whole
+// procedure, without and with the text layout that follows it, and only its recordset. Each size of
+// the database is measured in a separate process:
 //
-//     OpenBench [arrivals ...]      10000 100000 1000000 where none is given
+//     OpenBench [arrivals ...]      default: 10000 100000 1000000
 //
 // The limit of each is 1.3.
 
@@ -31,7 +31,7 @@ using namespace Quillane;
 constexpr double limit = 1.3;
 constexpr int turns = 501;
 
-/// Ids that the box's path can open, a different one for each turn.
+/// Ids that can be opened by typing, a different one for each turn.
 class Ids {
 public:
     explicit Ids(const ManyArrivals& database) : most_(std::min(database.Arrivals(), 32'000)) {}
@@ -52,7 +52,7 @@ void Load(FrmWeighment& screen, std::int16_t id) {
         throw std::runtime_error("the arrival was not opened");
 }
 
-/// With the texts laid out that the procedure leaves to the next event.
+/// Includes the text layout in the next event.
 void LoadAndLayOut(FrmWeighment& screen, std::int16_t id) {
     Load(screen, id);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::User);

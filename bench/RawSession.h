@@ -9,15 +9,15 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// A second session of the same kind as the program's: same settings, collation, functions.
+/// A second session with the same settings, collation and functions as the program.
 class RawSession {
 public:
     explicit RawSession(const ManyArrivals& database);
 
-    /// Steps the statement through the engine's C interface and reads every column, keeping
-    /// nothing. The text is turned into the engine's own before, by `Statement`.
+    /// Steps a statement with the C interface of SQLite and reads every column without storing it.
+    /// Requires: `Statement` has translated the text.
     long Step(const char* text) const;
-    /// The program's statement as the engine takes it.
+    /// Translates a statement of the program to the dialect of SQLite.
     static std::string Statement(std::string_view text);
 
 private:
@@ -25,7 +25,7 @@ private:
     sqlite3* session_ = nullptr;
 };
 
-/// `Con`, opened on the database as the program opens it.
+/// Opens `Con` in the same way as the program.
 void OpenCon(const ManyArrivals& database);
 
 } // namespace Quillane

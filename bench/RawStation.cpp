@@ -15,7 +15,7 @@ namespace Quillane {
 
 namespace {
 
-/// Parameters of one statement, in their order; they live until it has run.
+/// Parameters of one statement in order. Requires: they exist until it has run.
 class Parameters {
 public:
     explicit Parameters(const OdbcHandle& statement) : statement_(statement) {}
@@ -49,10 +49,10 @@ private:
     std::deque<SQLLEN> lengths_;
 };
 
-/// A key that is taken already, or a deadlock.
+/// True for a duplicate key or a deadlock.
 bool IsOfOtherStations(const OdbcHandle& statement) {
-    return std::ranges::any_of(OdbcDiagnosticsOf(statement), [](const OdbcDiagnostic& told) {
-        return told.native == 2627 || told.native == 1205;
+    return std::ranges::any_of(OdbcDiagnosticsOf(statement), [](const OdbcDiagnostic& diagnostic) {
+        return diagnostic.native == 2627 || diagnostic.native == 1205;
     });
 }
 
@@ -68,7 +68,7 @@ RawStation::RawStation(const std::string& connectionString)
     Begin();
 }
 
-/// False where another station has got in the way.
+/// Returns false if another station has caused a conflict.
 bool RawStation::Send(std::string_view text) const {
     OdbcText odbcText = ToOdbc(text);
     const SQLRETURN outcome = SQLExecDirectW(statement_.Get(), odbcText.data(), SQL_NTS);
@@ -79,7 +79,7 @@ bool RawStation::Send(std::string_view text) const {
     return !isRefused;
 }
 
-/// Reads all rows and says how many there were.
+/// Reads all rows and returns their number.
 long RawStation::Read(std::string_view text) const {
     OdbcText odbcText = ToOdbc(text);
     statement_.Check(SQLExecDirectW(statement_.Get(), odbcText.data(), SQL_NTS));
@@ -174,7 +174,7 @@ bool RawStation::StoreHeader() const {
                         "ArrivalID = ?");
 }
 
-/// The key stands in the first column.
+/// The key is the first column.
 std::vector<double> RawStation::OldLines() const {
     std::vector<double> lines;
     double line = 0;

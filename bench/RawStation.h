@@ -9,18 +9,17 @@
 
 namespace Quillane {
 
-/// The statements of a station's saves and of its new weighments, sent through the driver's bare
-/// functions on one handle, with nothing kept of what they give but what the next one needs.
+/// Sends the statements of saves and new weighments directly to the ODBC driver, on one handle. Of
+/// the results only the values needed by the next statement are stored.
 class RawStation {
 public:
     explicit RawStation(const std::string& connectionString);
 
-    /// A new weighment: its id is the next free one.
+    /// Starts a new weighment with the next free id.
     void Begin();
-    /// The id is typed, and its box is left.
+    /// Runs the statements for an id that is typed and left.
     void TypeId(std::int32_t id);
-    /// Saves three bag lines. False where the id was taken meanwhile, or another save got in the
-    /// way.
+    /// Saves three bag lines. Returns false if another save has used the id or caused a conflict.
     bool TrySave(const std::string& driver);
     std::int32_t SavedId() const { return savedId_; }
 
@@ -43,7 +42,7 @@ private:
     OdbcHandle statement_;
     std::int32_t id_ = 0;
     std::int32_t savedId_ = 0;
-    bool wasRefused_ = false; ///< for its id, since the last new weighment
+    bool wasRefused_ = false; ///< the id was refused since the last new weighment
 };
 
 } // namespace Quillane

@@ -1,5 +1,5 @@
-// How often a station goes to a database server and back, and what that costs where the server is
-// far away. Every way leads through a relay that counts and delays.
+// The number of round trips between a station and a database server, and their cost for a distant
+// server. A relay counts and delays them.
 
 #include "ServerStation.h"
 
@@ -37,7 +37,7 @@ double Milliseconds(std::chrono::duration<double> time) {
     return std::chrono::duration<double, std::milli>(time).count();
 }
 
-/// Times of some saves, in milliseconds.
+/// The times of several saves, in milliseconds.
 class Times {
 public:
     void Add(std::chrono::duration<double> time) {
@@ -78,7 +78,7 @@ public:
         station_.Screen().NewWeighment();
     }
 
-    /// The station and the same statements sent bare, in turn.
+    /// Runs the station and the same statements without it alternately.
     void Time() {
         std::printf("\nSave of three bag lines, click to commit; %d of each\n", savesPerRun);
         Take("without delay", "the same statements bare");

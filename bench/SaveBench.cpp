@@ -1,5 +1,5 @@
-// A save of three bag lines, from the click to the commit, beside the same statements run raw on
-// SQLite; and what a day of 1,000 weighments leaves in memory.
+// A save of three bag lines, from the click to the commit, compared with the same statements run
+// raw on SQLite; and the memory growth of a day of 1,000 weighments.
 
 #include "EnteredLoad.h"
 #include "data/Con.h"
@@ -28,7 +28,7 @@ namespace {
 using namespace Quillane;
 using Clock = std::chrono::steady_clock;
 
-/// The statements of one save as SQLite saw them, values filled in.
+/// The statements of one save as SQLite executed them, with values.
 std::vector<std::string>* recorder = nullptr;
 
 int Record(unsigned /*kind*/, void* /*context*/, void* statement, void* text) {
@@ -40,10 +40,10 @@ int Record(unsigned /*kind*/, void* /*context*/, void* statement, void* text) {
     return 0;
 }
 
-/// A fresh database with its session, and the screen on it.
-class Station {
+/// A new database with its session and a weighment screen.
+class MeasuredStation {
 public:
-    explicit Station(bool traced = false) {
+    explicit MeasuredStation(bool traced = false) {
         NewDatabase particulars;
         particulars.companyName = "Veltrane Flour Mills";
         particulars.userName = "first";
@@ -65,7 +65,7 @@ public:
         screen_->Timer.SetEnabled(false);
     }
 
-    ~Station() {
+    ~MeasuredStation() {
         screen_.reset();
         Con.reset();
         SetBoxPresenter({});
@@ -75,8 +75,8 @@ public:
 
     void FillIn() { EnterLoad(*screen_, "Ghulam Abbas"); }
 
-    /// What lies between two saves, without the save: the reference is to find the processor's
-    /// caches as a save does.
+    /// Enters and clears a weighment without saving, so that the processor caches are in the same
+    /// state for the reference.
     void EnterAndClear() {
         FillIn();
         screen_->NewWeighment();
@@ -96,7 +96,7 @@ public:
 
 private:
     BoxAnswer Answer(const Box& box) {
-        // The box after the commit; nothing is asked before it.
+        // The first message box is shown after the commit.
         if (box.text == "Do you want to print?") {
             committed_ = Clock::now();
             saved_ = true;
@@ -118,14 +118,14 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
     return text;
 }
 
-/// The statements of a save up to its commit, and the id it was saved under.
+/// The statements of a save up to its commit, and the id of the arrival.
 struct Recording {
     std::vector<std::string> statements;
     std::string id;
 };
 
 Recording RecordSave() {
-    Station station(true);
+    MeasuredStation station(true);
     station.FillIn();
     Recording recording;
     recording.id = std::to_string(station.NextId());
@@ -139,7 +139,7 @@ Recording RecordSave() {
 }
 
 void SaveOnTheScreen(benchmark::State& state) {
-    Station station;
+    MeasuredStation station;
     for (auto _ : state) {
         station.FillIn();
         state.SetIterationTime(station.Save());
@@ -148,10 +148,10 @@ void SaveOnTheScreen(benchmark::State& state) {
 
 void SameStatementsRaw(benchmark::State& state) {
     const Recording recording = RecordSave();
-    Station station; // for its database and its session's settings
+    MeasuredStation station; // for its database and its session's settings
     int id = station.NextId();
     sqlite3* session = nullptr;
-    // A session of the same kind: the one that the connection opened and prepared.
+    // The session that the connection has opened and configured.
     Connection raw;
     raw.SetEmbeddedSupport({.folder = station.File().substr(0, station.File().rfind('/')),
                             .registerFunctions = [&session](sqlite3* opened) {
@@ -182,9 +182,9 @@ double ResidentMegabytes() {
     return resident * 4096 / 1e6;
 }
 
-/// Fixed at one iteration: 1,000 weighments, with the growth behind the first 100 as a counter.
+/// One iteration of 1,000 weighments; the counter is the growth after the first 100.
 void DayOfWeighments(benchmark::State& state) {
-    Station station;
+    MeasuredStation station;
     for (auto _ : state) {
         double afterHundred = 0;
         for (int weighment = 1; weighment <= 1000; ++weighment) {

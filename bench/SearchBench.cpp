@@ -1,11 +1,11 @@
-// One key press on the search screens, from the key to the painted grid, beside the very statement
-// that it runs, stepped raw; and what the list of a year's arrivals holds in memory. Each size of
-// the database is measured in a process of its own:
+// One key press on the search screens, from the key to the painted grid, compared with stepping its
+// statement raw; and the memory of the list of the arrivals of a year. Each size of the database is
+// measured in a separate process:
 //
-//     SearchBench [arrivals ...]      10000 100000 1000000 where none is given
+//     SearchBench [arrivals ...]      default: 10000 100000 1000000
 //
-// The ratios' limit is 1.3, a whole typed id may take 5 ms of the processor, and the memory may be
-// twice the bytes of the shown values.
+// Limits: ratio 1.3, 5 ms of processor time for a complete id, and twice the bytes of the shown
+// values for the memory.
 
 #include "EachSize.h"
 #include "ManyArrivals.h"
@@ -35,7 +35,7 @@ using namespace Quillane;
 
 constexpr double limit = 1.3;
 
-/// Counts the paints of a grid's lines.
+/// Counts the paint events of the lines of a grid.
 class PaintCount : public QObject {
 public:
     explicit PaintCount(SSOleDBGrid& grid)
@@ -43,8 +43,8 @@ public:
         view_.viewport()->installEventFilter(this);
     }
 
-    /// Acts, and lets the window's events run, as the loop does after a key, until the grid has
-    /// been painted for it.
+    /// Runs an action and then processes events, as the event loop does after a key, until the grid
+    /// has been painted.
     void AwaitOneAfter(const std::function<void()>& act) {
         const int before = count_;
         act();
@@ -66,7 +66,7 @@ private:
     int count_ = 0;
 };
 
-/// A search screen on the display, with the statements that it runs.
+/// A visible search screen that records its statements.
 template <typename Search>
 class Shown {
 public:
@@ -79,7 +79,8 @@ public:
         screen.Unload();
     }
 
-    /// What a key press begins from: the box has the focus and holds all but the last character.
+    /// The state before the key press: the box has the focus and contains all but the last
+    /// character.
     void Prepare(TextBox& box, std::string_view text) {
         box.SetFocus();
         painted_.AwaitOneAfter([&] { box.SetText(text); });
@@ -97,7 +98,7 @@ public:
     int Rows() const { return grid_.Rows(); }
 
     Search screen;
-    std::string statement; ///< the last one that ran
+    std::string statement; ///< the last statement
 
 private:
     PaintCount painted_;
@@ -108,7 +109,7 @@ int TurnsFor(const ManyArrivals& database) {
     return database.Arrivals() > 200'000 ? 21 : 101;
 }
 
-/// The last key of a text typed into a box, beside the statement that it runs.
+/// The last key of a text typed into a box, compared with its statement.
 template <typename Search>
 void MeasureKey(Shown<Search>& shown, TextBox& box, const std::string& text, std::string_view what,
                 const RawSession& raw, int turns) {
@@ -152,7 +153,7 @@ void MeasureLoad(const RawSession& raw, int turns) {
     PrintLine("Arrivals, opening the screen", rows, measured, limit);
 }
 
-/// Each digit by itself; the statement finds its row by the key.
+/// Each digit separately; the statement finds its row by the key.
 void MeasureId(Shown<SchArrivals>& shown, const ManyArrivals& database, int turns) {
     const std::string id = std::to_string(database.Arrivals() - 5);
     std::printf("\nArrivals, an id typed digit by digit: ms of the processor to the painted grid, "
@@ -191,7 +192,7 @@ std::size_t ShownBytes() {
     return bytes;
 }
 
-/// From the screen with an empty list to the screen with the year's.
+/// From the screen with an empty list to the screen with the list of the year.
 MemoryGrowth MeasureMemory() {
     Shown<SchArrivals> shown(&SchArrivals::GrdSch);
     shown.Prepare(shown.screen.TxtFilterId, "x");
@@ -200,7 +201,7 @@ MemoryGrowth MeasureMemory() {
 }
 
 void Measure(const ManyArrivals& database) {
-    // Memory first, while the process is as a station's.
+    // Memory first, while the process is in the same state as a station.
     const MemoryGrowth growth = MeasureMemory();
     const auto shownBytes = static_cast<double>(ShownBytes());
     std::printf("\nmemory: %d rows of %.2f MB as shown; resident %.2f MB (%.2f times), at its peak "

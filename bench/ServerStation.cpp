@@ -41,7 +41,7 @@ void MakeStationDatabase(const std::string& connectionString) {
 }
 
 ServerStation::ServerStation(const std::string& connectionString) {
-    // Each station has an indicator of its own, which says nothing.
+    // Each station has its own indicator, which sends nothing.
     if (openpty(&line_[0], &line_[1], nullptr, nullptr, nullptr) != 0)
         throw std::runtime_error("no line for the station");
     MSComm::SetDevices([device = std::string(ttyname(line_[1]))](int) { return device; });
@@ -73,7 +73,7 @@ void ServerStation::Enter(const std::string& driver, int id) {
     EnterLoad(screen, driver);
 }
 
-// An id that another station has taken meanwhile brings that one's weighment onto the screen.
+// If another station has used the id, leaving it opens the weighment of that station.
 void ServerStation::LeaveTheId() {
     screen_->DtpArrivalDate.SetFocus();
     while (screen_->IsOpened)

@@ -11,11 +11,11 @@
 
 namespace Quillane {
 
-/// The system's tables and sample rows, made in the database that the connection string names.
+/// Creates the tables and sample rows in the database of the connection string.
 void MakeStationDatabase(const std::string& connectionString);
 
-/// The screen of a station on a database server, with nobody before it: boxes are answered at once.
-/// One stands at a time.
+/// The weighment screen of a station on a database server. Message boxes are answered
+/// automatically. Requires: at most one object exists.
 class ServerStation {
 public:
     explicit ServerStation(const std::string& connectionString);
@@ -23,30 +23,30 @@ public:
     ServerStation(const ServerStation&) = delete;
     ServerStation& operator=(const ServerStation&) = delete;
 
-    /// Enters a weighment of three bag lines, under the shown id or one that is typed. The driver's
-    /// name tells it from all others.
+    /// Enters a weighment of three bag lines with the shown id or a typed one. The driver name is
+    /// unique.
     void Enter(const std::string& driver, int id = 0);
-    /// Presses the button once. False where the save was refused since another station has taken
-    /// the id or has got in its way; any other refusal is a failure.
+    /// Presses the save button once. Returns false if the save was refused because another station
+    /// has used the id or caused a conflict; any other refusal is a failure.
     bool TrySave();
-    /// Opens a stored weighment as typing its id and leaving the box does.
+    /// Opens a stored weighment by typing its id and leaving the box.
     void Open(int id);
 
-    /// The screen does all of its work but to paint itself.
+    /// Turns off the painting of the screen.
     void StopPainting();
 
     FrmWeighment& Screen() { return *screen_; }
     std::int32_t SavedId() const { return savedId_; }
-    /// Of the last save, from the click to the commit.
+    /// The time of the last save, from the click to the commit.
     std::chrono::duration<double> Time() const { return committed_ - pressed_; }
-    /// Runs as soon as a weighment is committed.
+    /// Called when a weighment has been committed.
     std::function<void()> Committed;
 
 private:
     void LeaveTheId();
     BoxAnswer Answer(const Box& box);
 
-    int line_[2] = {-1, -1}; ///< of the indicator: its end and the station's
+    int line_[2] = {-1, -1}; ///< the ends of the serial line: indicator and station
     std::unique_ptr<FrmWeighment> screen_;
     std::chrono::steady_clock::time_point pressed_;
     std::chrono::steady_clock::time_point committed_;

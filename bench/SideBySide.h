@@ -7,40 +7,40 @@
 
 namespace Quillane {
 
-/// What one kind of turn took, over all its turns, in milliseconds.
+/// The times of one action over all its turns, in milliseconds.
 struct Turns {
-    std::vector<double> processor; ///< of this process
+    std::vector<double> processor; ///< processor time of this process
     std::vector<double> clock;
 
-    /// Of the sorted times of the processor: 0 the least, 2 the median, 4 the most.
+    /// A quartile of the processor times: 0 is the minimum, 2 the median, 4 the maximum.
     double Quartile(int quarter) const;
     double Median() const { return Quartile(2); }
     double MedianByClock() const;
 };
 
-/// Times one turn: what is to be ready comes first, untimed.
+/// One turn: the preparation is not timed.
 struct Action {
     std::function<void()> ready;
     std::function<void()> act;
 };
 
-/// The program and its reference in turn, so that both meet the machine as it is at that moment.
-/// Each goes first in every second turn. A first pair is not counted. Neither waits for anything
-/// but the processor, so that its time tells what a machine without other work would take.
+/// Runs the program and its reference alternately, so that both are measured under the same load.
+/// Each runs first in every second turn. The first pair is not counted. Both use only the
+/// processor, so the processor time is that of an idle machine.
 struct SideBySide {
     SideBySide(int turns, const Action& program, const Action& reference);
 
     Turns program;
     Turns reference;
-    double Ratio() const; ///< of the medians of the processor's time
+    double Ratio() const; ///< ratio of the median processor times
     double RatioByClock() const;
 };
 
-/// One line of the table: what was done, the rows it was about, both times and their ratio.
+/// Prints one line of the table: the action, the number of rows, both times and their ratio.
 void PrintHeading(std::string_view title);
 void PrintLine(std::string_view what, long rows, const SideBySide& measured, double limit);
 
-/// One action without a reference.
+/// Measures one action without a reference.
 Turns Repeated(int turns, const Action& action);
 
 } // namespace Quillane

@@ -1,7 +1,7 @@
-// A slip from its rows to the first painted page, beside painting the same page from ready data:
-// once on a bare page, where the ready one is laid out already and only its painting remains, and
-// once in the preview's window. Everything in front of the painting (the statement, the design, the
-// filling; on the bare page also the layout) may at most double it.
+// A slip from its rows to the first painted page, compared with painting the same page from ready
+// data: once on a bare page, where the reference is already laid out and is only painted, and once
+// in the preview window. Everything before painting (statement, design, filling; on the bare page
+// also the layout) may at most double the time.
 
 #include "ManyArrivals.h"
 #include "data/EmbeddedFunctions.h"
@@ -43,7 +43,7 @@ std::unique_ptr<Report> FilledSlip() {
     return slip;
 }
 
-/// A page as a screen of usual resolution shows it.
+/// A page at a usual screen resolution.
 QImage ScreenPage() {
     QImage image(794, 1123, QImage::Format_RGB32);
     image.setDotsPerMeterX(3780);
@@ -75,7 +75,7 @@ void PaintPageFromRows(benchmark::State& state) {
 }
 BENCHMARK(PaintPageFromRows)->Unit(benchmark::kMicrosecond);
 
-/// The preview's window opens, paints its page and closes.
+/// Opens the preview window, paints its page and closes it.
 void PaintPreview(RptReportViewer& viewer) {
     viewer.Show();
     QImage image(viewer.size(), QImage::Format_RGB32);
@@ -91,7 +91,7 @@ void PaintPreviewOfReadySlip(benchmark::State& state) {
 }
 BENCHMARK(PaintPreviewOfReadySlip)->Unit(benchmark::kMicrosecond);
 
-/// What the print button does, up to the first painted page in the preview's window.
+/// The work of the print button up to the first painted page of the preview.
 void PaintPreviewFromClick(benchmark::State& state) {
     RptReportViewer viewer;
     for (auto _ : state) {

@@ -1,4 +1,4 @@
-// The reference for the start-up time: a toolkit program with one empty dialog.
+// The reference for the start time: a Qt program with one empty dialog.
 
 #include <QApplication>
 #include <QDialog>

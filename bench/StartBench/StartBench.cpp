@@ -1,8 +1,8 @@
-// Time from starting a process to the first paint of its first window, of the station, of an empty
-// dialog program and of one that shows a word, in turn: what lies between the last two is the
-// system's fonts being looked up for the first text. It watches the middle of a bare X server's
-// screen, where both put their dialog, until a pixel there is no longer the black of the root
-// window; neither program knows that it is being watched.
+// The time from the start of a process to the first paint of its first window: for the station, an
+// empty dialog program and a dialog with one word, in turn. The difference between the last two is
+// the time to find the system fonts for the first text. The benchmark reads the middle of the
+// screen of a bare X server, where the dialogs appear, until a pixel is no longer the black of the
+// root window. The programs are not modified.
 //
 //     StartBench ROUNDS STATION EMPTY WORD
 
@@ -31,7 +31,7 @@ struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
 };
 
-/// The middle of the display named by the environment.
+/// The middle of the default display.
 class MiddleOfScreen {
 public:
     MiddleOfScreen() : connection_(xcb_connect(nullptr, nullptr), xcb_disconnect) {

@@ -1,4 +1,4 @@
-// The second reference: the first text makes the toolkit look up the system's fonts.
+// The second reference: for the first text Qt looks up the system fonts.
 
 #include <QApplication>
 #include <QDialog>
