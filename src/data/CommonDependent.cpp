@@ -25,7 +25,7 @@ std::string ReplaceAll(std::string text, std::string_view what, std::string_view
     return text;
 }
 
-// Blanks beside a comma belong to the name, so "A, B" excludes only A.
+// Blanks next to a comma are part of the name, so "A, B" excludes only A.
 std::string ExclusionFilter(std::string_view exclusions) {
     std::string filter;
     if (Trim(exclusions).empty())
@@ -61,7 +61,7 @@ std::string FindDependentTable(std::string_view table, const std::string& criter
     std::string filter = ExclusionFilter(exclusions);
     outer.SetFilter(filter);
     inner.SetFilter(filter);
-    // A condition that is always true, for `inner` alone: it is extended below.
+    // A condition that is always true, so that more conditions can be appended below.
     if (filter.empty())
         filter = "FKTABLE_NAME <> '' ";
     for (; !outer.Eof(); outer.MoveNext()) {

@@ -13,7 +13,7 @@ using Testing::Critical;
 
 using Statements = std::vector<std::string>;
 
-/// A schema of its own beside the station's: Loads with two tables that refer to it.
+/// An additional schema: the table Loads and two tables that refer to it.
 class DependentTable : public testing::Test {
 protected:
     void SetUp() override {
@@ -92,7 +92,7 @@ TEST_F(DependentTable, KeyNameInAnotherCaseIsNotReplaced) {
 TEST_F(DependentTable, FailureGivesNoTable) {
     database.Run("Insert Into Checks (CheckedLoad) Values (12)");
     boxes.Expect(Critical(EngineWords("no such column: Weight"), "Database"));
-    // The probe of Bills fails, so nobody looks at Checks.
+    // The query of Bills fails, so Checks is not searched.
     EXPECT_EQ(Find("Loads", "Weight=12"), "");
     EXPECT_EQ(database.statements.size(), 2U);
 }
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Exclusion{"", {"Bills", "Checks"}}, Exclusion{"   ", {"Bills", "Checks"}},
                     Exclusion{"Bills", {"Checks"}}, Exclusion{"bills", {"Checks"}},
                     Exclusion{"Bills,Checks", {}},
-                    // The blank stays with the second name.
+                    // The blank is part of the second name.
                     Exclusion{"Bills, Checks", {"Checks"}}, Exclusion{"Bills,", {"Checks"}},
                     Exclusion{"Loads", {"Bills", "Checks"}}));
 
@@ -139,7 +139,7 @@ TEST_F(DependentTable, AllTablesExcludedMeansNoTableAndNoQuery) {
     EXPECT_EQ(database.statements, Statements{KeysOf("Loads")});
 }
 
-// ---- keys of several columns, and the one table by name ----
+// ---- keys of several columns, and the table that is searched by name ----
 
 TEST_F(DependentTable, KeyOfTwoColumnsIsSearchedByTheLastMatchingColumn) {
     database.Run("Create Table Trips (Truck Integer, Day Integer, Primary Key (Truck, Day))");
@@ -158,7 +158,8 @@ TEST_F(DependentTable, KeyOfTwoColumnsIsSearchedByTheLastMatchingColumn) {
 
 TEST_F(DependentTable, SaleRecoveryBodyHasAnotherKeyName) {
     SKIP_ON_SQL_SERVER("its catalogue may spell the table in another case");
-    // Keys that the database does not name leave the criteria as given, and one name is mended.
+    // If the database does not name the key columns, the criteria are unchanged; one name is
+    // corrected.
     database.Run("Create Table Deals (Dealid Integer Primary Key)");
     database.Run("Drop Table SaleRecoveryBody");
     database.Run("Create Table SaleRecoveryBody (SaleId Integer References Deals (Dealid))");
@@ -169,7 +170,7 @@ TEST_F(DependentTable, SaleRecoveryBodyHasAnotherKeyName) {
                           "Select TOP 1 * From SaleRecoveryBody Where SaleId=12"}));
 }
 
-// ---- the station's own schema ----
+// ---- the schema of the station ----
 
 TEST_F(DependentTable, ArrivalIsFoundByTheForeignKeysOfTheSchema) {
     EXPECT_EQ(Find("Arrivals", "ArrivalID=12", "ArrivalsBody"), "");

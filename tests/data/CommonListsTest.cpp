@@ -25,14 +25,14 @@ protected:
     std::shared_ptr<RowArray> array = std::make_shared<RowArray>();
 
     NamesAndIds Filled() { return RowsOf(screen.CboFirst.Array()); }
-    /// For a statement that asks for no order.
+    /// For a statement without an order.
     NamesAndIds FilledSorted() {
         NamesAndIds filled = Filled();
         std::ranges::sort(filled);
         return filled;
     }
 
-    /// A list as an earlier filling left it, with a chosen row.
+    /// A list that is already filled, with a current row.
     void FillBefore() {
         array->ReDim(0, 1);
         array->Set(0, 0, "Earlier");
@@ -126,7 +126,7 @@ TEST_F(PickLists, NullLeavesTheListPartlyFilledAndUnbound) {
     boxes.Expect(Critical("Invalid use of Null", "Quillane"));
     FillPickList(rows, array, "select 1 as ID, 'First' as Name union all select Null, 'Second'",
                  screen.CboFirst);
-    // The name goes in before the id that fails.
+    // The name is added before the id fails.
     EXPECT_EQ(RowsOf(array), (NamesAndIds{{"First", "1"}, {"Second", ""}}));
     EXPECT_EQ(screen.CboFirst.Array(), nullptr);
 }
@@ -282,7 +282,7 @@ TEST_F(PickLists, GetIdOfNameFindsTheFirstExactMatch) {
     EXPECT_EQ(screen.CboFirst.Bookmark(), 0);
 }
 
-// The list shows and gives back the name whole.
+// The list shows and returns the complete name.
 TEST_F(PickLists, NameMayBeginWithAByteOrderMark) {
     const std::string name = "\xEF\xBB\xBFJute";
     FillPickList(rows, array, "select 1 as ID, '" + name + "' as Name union all select 2, 'Jute'",

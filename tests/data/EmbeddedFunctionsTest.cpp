@@ -20,7 +20,7 @@ TEST(EmbeddedFunctions, ReturnDisplayNames) {
         {"dbo.fungetpartyname('6010019')", "Noor Brothers-Sahiwal"},
         {"dbo.FunGetPartyName(6010004)", "Noor Brothers-Lahore"},
         {"dbo.FunGetPartyName('6010028')", "Tariq Mehmood Arhti"}, // a party without a city
-        {"dbo.FunGetPartyName('1010001')", "Cash in Hand"},        // an account that is no party
+        {"dbo.FunGetPartyName('1010001')", "Cash in Hand"},        // an account that is not a party
         {"dbo.FunGetPartyName('6010024')", "محمد اسلم اینڈ سنز-خانیوال"},
         {"dbo.FunGetPartyName('6999999')", nullptr},
         {"dbo.FunGetPartyName(Null)", nullptr},
@@ -59,7 +59,7 @@ private:
     Connection connection_;
 };
 
-/// The two sellers of the sample that share a name, each by a reading statement of its own.
+/// The two sellers of the sample rows that share a name, each read by a separate statement.
 constexpr const char* NameOf4 =
     "Select dbo.FunGetPartyName(PartyId) From Parties Where PartyId = '6010004'";
 constexpr const char* NameOf19 =
@@ -132,7 +132,7 @@ TEST(EmbeddedFunctions, OpenTransactionAndItsRollbackAreSeen) {
 TEST(EmbeddedFunctions, RefusedStatementLeavesNoStaleName) {
     SampleDatabase database;
     ASSERT_EQ(database.Ask(NameOf19).Text(), "Noor Brothers-Sahiwal");
-    // The rows come in the order of their numbers: the first is renamed, the second refused.
+    // The rows are in the order of their numbers: the first is renamed, the second refused.
     EXPECT_THROW(database.connection.Execute(
                      "Update ChartOfAccounts Set AccountName = Case AccountNo When '6010004' Then "
                      "'Noor & Co' Else IIf(dbo.FunGetPartyName('6010004') = 'Noor & Co-Lahore', "
@@ -142,7 +142,7 @@ TEST(EmbeddedFunctions, RefusedStatementLeavesNoStaleName) {
     EXPECT_EQ(database.Ask(NameOf19).Text(), "Noor Brothers-Sahiwal");
 }
 
-/// A session of its own, with nothing of the station's between it and the engine.
+/// A plain SQLite session.
 class BareSession {
 public:
     explicit BareSession(const SampleDatabase& database) {
@@ -177,7 +177,7 @@ constexpr const char* Name4 =
     "SELECT FunGetPartyName(PartyId) FROM Parties WHERE PartyId = '6010004'";
 constexpr const char* Rename = "UPDATE ChartOfAccounts SET AccountName = 'Noor & Co'";
 
-// Names are kept while the transaction only reads, and none of what it writes and takes back.
+// Names are cached while the transaction only reads; uncommitted changes are not.
 TEST(EmbeddedFunctions, RollbackOfATransactionThatBeganAsAReadIsSeen) {
     SampleDatabase database;
     BareSession session(database);
@@ -204,7 +204,7 @@ TEST(EmbeddedFunctions, RollbackToASavepointIsSeen) {
     EXPECT_EQ(session.Ask(Name4), "Noor Brothers-Kasur");
 }
 
-// A transaction that reads keeps to its one state of the database, however often others commit.
+// A read transaction sees one state of the database, however often others commit.
 TEST(EmbeddedFunctions, ReadTransactionSeesOneState) {
     SampleDatabase database;
     OtherStation other(database);
@@ -221,7 +221,7 @@ TEST(EmbeddedFunctions, ReadTransactionSeesOneState) {
     EXPECT_EQ(session.Ask(Name4), "Noor & Co-Lahore");
 }
 
-/// Steps a bare session's statement once and gives its first cell.
+/// Steps a statement of the plain session once and returns its first cell.
 std::string StepFor(sqlite3_stmt* statement) {
     EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
     return reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
@@ -246,7 +246,7 @@ TEST(EmbeddedFunctions, OpenStatementSeesOneState) {
     sqlite3_finalize(names);
 }
 
-// One's own change shows at once, also in what is being read; the engine reads on in the new state.
+// A session sees its own change immediately, also in a statement that is being read.
 TEST(EmbeddedFunctions, ChangeByTheSameSessionIsSeenWhileAStatementIsOpen) {
     SampleDatabase database;
     BareSession session(database);

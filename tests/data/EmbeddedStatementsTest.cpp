@@ -1,4 +1,4 @@
-// Every statement of the system runs on the embedded schema, and finds its rows by an index.
+// Every statement of the system runs on the embedded schema and uses an index.
 
 #include "station/SampleDatabase.h"
 #include "station/SystemStatements.h"
@@ -77,7 +77,7 @@ TEST(EmbeddedStatements, OnlyTheRequestedArrivalsAreRead) {
         for (const std::string& step : PlanOf(database, statement))
             for (const char* table : {"A", "Arrivals", "ArrivalsBody", "PurchaseBody", "arrivals",
                                       "LaboratoryReports", "SaleRecoveryBody", "PortSettings"})
-                // A walk down the ids in order is what the search asks for.
+                // The search needs all ids in order, so this scan is intended.
                 EXPECT_TRUE(step != std::string("SCAN ") + table ||
                             statement.starts_with(searchStatement))
                     << statement << "\n"

@@ -1,4 +1,4 @@
-// What the box behind F1 at the sign-in tells.
+// The box that F1 shows at the sign-in.
 
 #include "shell/About.h"
 

@@ -50,7 +50,7 @@ TEST(CommandLine, UnknownArgumentsAreRefused) {
     EXPECT_EQ(Read({"--station", ""}).fault, "The option --station needs a folder.");
 }
 
-// Before an application has taken them off the arguments.
+// An application would remove them from the arguments.
 TEST(CommandLine, HelpAndVersionWorkWithOptionsOfQt) {
     EXPECT_EQ(Read({"-platform", "xcb", "--station", "/gate"}).answer, "");
     EXPECT_EQ(Read({"-style", "fusion", "-stylesheet", "x"}).answer, "");

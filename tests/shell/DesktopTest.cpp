@@ -29,7 +29,7 @@ using Testing::ProcessEnd;
 using Testing::ScreenDriver;
 using Testing::VisitModal;
 
-/// The start screen of a signed-in user, with a settings store of its own.
+/// The start screen of a signed-in user, with a separate settings store.
 class StartScreen : public testing::Test {
 protected:
     void SetUp() override {
@@ -198,14 +198,14 @@ TEST_F(StartScreen, WeighmentScreenIsModal) {
     EXPECT_TRUE(desktop.IsLoaded());
 }
 
-// ---- signing in anew ----
+// ---- signing in again ----
 
 TEST_F(StartScreen, AnotherUserCanSignIn) {
     database.Run("Insert Into StationUsers (UserName, PasswordHash, UserLevel) Values ('gate', '" +
                  HashPassword("truck", HashCost::Minimum) + "', 2)");
     desktop.Show();
     const VisitModal visit([&](Screen& screen) {
-        // The old user is forgotten before the dialog comes up.
+        // The previous user is signed out before the dialog is shown.
         EXPECT_EQ(UserLogin->UserLevel(), 0);
         SignInAs("gate", "truck")(screen);
     });
@@ -219,7 +219,7 @@ TEST_F(StartScreen, AnotherUserCanSignIn) {
     EXPECT_TRUE(texts.contains("Signed in: gate"));
 }
 
-// The other way round than the start-up does it.
+// In the reverse order of the start.
 TEST_F(StartScreen, ConnectionIsSetAfterTheNewSignIn) {
     CreateEmbeddedDatabase(settings_ + "/Account2.db", {.companyName = "Other",
                                                         .companyAddress = "",

@@ -23,7 +23,7 @@ LockScreen* Window() {
     return nullptr;
 }
 
-TEST(WaitDuringWork, HourglassIsShownAtOnce) {
+TEST(WaitDuringWork, HourglassIsShownImmediately) {
     {
         const auto wait = WaitForLock();
         EXPECT_EQ(CurrentMousePointer(), MousePointer::Hourglass);
@@ -56,7 +56,7 @@ TEST(WaitDuringStart, WindowIsShownAfterADelay) {
         EXPECT_TRUE(wait->GoOn(milliseconds(400)));
         ASSERT_NE(Window(), nullptr);
         EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
-        EXPECT_TRUE(wait->GoOn(std::chrono::hours(1))) << "as long as it takes";
+        EXPECT_TRUE(wait->GoOn(std::chrono::hours(1))) << "without a time limit";
     }
     EXPECT_EQ(Window(), nullptr);
     EXPECT_TRUE(ShownScreens().empty());

@@ -1,5 +1,5 @@
-// The scale setting screen as the start screen opens it, and what the weighment screen makes of
-// what was saved there.
+// The scale setting screen, opened from the start screen, and the use of the saved settings by the
+// weighment screen.
 
 #include "shell/Desktop.h"
 
@@ -93,7 +93,7 @@ TEST_F(ScaleSetting, ScreenStartsWithDefaultsAndAClosedLineEachTime) {
         EXPECT_EQ(bench.CboDirection.Text(), "Left");
         EXPECT_EQ(bench.TxtDataFrom.Text(), "");
         ScreenDriver(bench).Click(bench.CmdOpenPort);
-        EXPECT_TRUE(bench.CM.PortOpen()) << "the line was given back";
+        EXPECT_TRUE(bench.CM.PortOpen()) << "the line was released before";
     });
 }
 
@@ -129,7 +129,7 @@ TEST_F(ScaleSetting, LineIsReleasedForTheWeighmentScreen) {
     });
 }
 
-// An empty length is stored as 0, and the screen says nothing of it.
+// An empty length is stored as 0, without a message.
 TEST_F(ScaleSetting, EmptyLengthStopsTheLiveWeight) {
     VisitBench([&](FrmPortSettings& bench) { Save(bench); });
     VisitWeighment([&](FrmWeighment& weighment) {

@@ -9,7 +9,7 @@
 
 namespace Quillane {
 
-/// What an operator does in the sign-in dialog.
+/// The actions of an operator in the sign-in dialog.
 inline std::function<void(Screen&)> SignInAs(const std::string& name, const std::string& password) {
     return [=](Screen& screen) {
         EXPECT_EQ(screen.Name(), "SignInDialog");

@@ -39,7 +39,7 @@ using Testing::ScreenDriver;
 using Testing::VisitModal;
 using Testing::WaitFor;
 
-/// A station folder of its own, with a database and a Config.ini that names it.
+/// A station folder with a database and a Config.ini that names it.
 class StartUp : public testing::Test {
 protected:
     void SetUp() override {
@@ -63,22 +63,22 @@ protected:
         Folder().Write(name, text);
     }
 
-    /// On the engine that the tests run on.
+    /// Uses the engine of the test run.
     void MakeDatabase() {
         database_.emplace(ParticularsOf("Earlier", "ali", "wheat"));
         SetStationFolder(Folder().path);
         Write("Config.ini", database_->ConfigText());
     }
-    /// An embedded one of this name, whatever the tests run on.
+    /// Uses an embedded database with this name, for every engine of the test run.
     void MakeFile(const std::string& name) {
         CreateEmbeddedDatabase(File(name + ".db"), ParticularsOf("Earlier", "ali", "wheat"));
         Write("Config.ini", "Server=(embedded);Database=" + name);
     }
 
-    /// Runs a statement beside the program.
+    /// Runs a statement in another session.
     void Change(const std::string& statement) const { database_->Run(statement); }
 
-    /// Starts, and expects the runtime's box with this text and the end of the process.
+    /// Starts; expects the box of the runtime with this text, and the end of the process.
     void ExpectToEndWith(const std::string& text) {
         boxes.Expect(Critical(text, "Quillane"));
         RunEvent(Main);
@@ -102,7 +102,7 @@ private:
     std::optional<StationDatabase> database_;
 };
 
-// ---- the way in ----
+// ---- a successful start ----
 
 TEST_F(StartUp, UserSignsInAndTheStartScreenIsShown) {
     MakeDatabase();
@@ -130,7 +130,7 @@ TEST_F(StartUp, StatementsRunInOrder) {
     MakeDatabase();
     TheStation().AskCompanyName = -1;
     std::vector<std::string> statements;
-    // The connection is made by the start itself: from the question on its statements are seen.
+    // The start creates the connection, so its statements are recorded from the message box on.
     SetBoxPresenter({.message = {}, .input = [&](const InputPrompt& prompt) -> std::string {
                          EXPECT_EQ(prompt.title, "Company Name");
                          EXPECT_EQ(prompt.defaultText, "");
@@ -238,7 +238,7 @@ TEST_F(StartUp, NewerDatabaseStartsTheUpgradeToo) {
 
 // ---- the file of an embedded database ----
 
-/// Another session that holds the file's write lock.
+/// Another session that has the write lock of the file.
 class HeldLock {
 public:
     HeldLock(const std::string& file, const char* statements) {
@@ -253,14 +253,14 @@ private:
     sqlite3* session_ = nullptr;
 };
 
-/// Acts in the window that waits for the lock, once it is shown.
+/// Runs an action in the window that waits for the lock, when it is shown.
 class VisitLockScreen {
 public:
     explicit VisitLockScreen(std::function<void(LockScreen&)> act) : act_(std::move(act)) {
         QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
         timer_.start(1);
     }
-    ~VisitLockScreen() { EXPECT_TRUE(tookPlace_) << "nothing has waited for the lock"; }
+    ~VisitLockScreen() { EXPECT_TRUE(tookPlace_) << "the window was not shown"; }
     VisitLockScreen(const VisitLockScreen&) = delete;
     VisitLockScreen& operator=(const VisitLockScreen&) = delete;
 
@@ -334,9 +334,9 @@ TEST_F(StartUp, JournalIsWrittenBackWhenTheStationIsIdle) {
     const VisitModal visit(SignInAs("ali", "wheat"));
     Main();
     const std::string log = File("Account1.db-wal");
-    EXPECT_GT(std::filesystem::file_size(log), 0U) << "the company's name has been stored";
+    EXPECT_GT(std::filesystem::file_size(log), 0U) << "the company name has been stored";
     EXPECT_TRUE(WaitFor([&] { return std::filesystem::file_size(log) == 0; }));
-    // A save by another station is not in the way for long.
+    // A save of another station takes only a moment.
     {
         const HeldLock lock(File("Account1.db"), StationThatSaves);
         Con->Execute("Select 1");
@@ -356,13 +356,13 @@ TEST_F(StartUp, WriteBackIsRepeatedUntilTheDatabaseIsFree) {
     auto lock = std::make_unique<HeldLock>(File("Account1.db"), StationThatSaves);
     bool isTime = false;
     QTimer::singleShot(std::chrono::seconds(2), [&] { isTime = true; });
-    EXPECT_TRUE(WaitFor([&] { return isTime; })) << "longer than the station takes to be idle";
+    EXPECT_TRUE(WaitFor([&] { return isTime; })) << "longer than the idle time of the station";
     EXPECT_GT(std::filesystem::file_size(log), 0U);
     lock.reset();
     EXPECT_TRUE(WaitFor([&] { return std::filesystem::file_size(log) == 0; }));
 }
 
-// In another process, since it really ends.
+// In a child process, because it really ends.
 TEST_F(StartUp, EndOfTheProcessClosesTheDatabase) {
     MakeFile("Account1");
     EXPECT_EXIT(
@@ -410,7 +410,7 @@ TEST_F(StartUp, OnlyTheSignInReadsPasswordHashes) {
     EXPECT_THROW(Con->Execute("Select PasswordHash From StationUsers"), Failure);
 }
 
-// ---- what ends it ----
+// ---- errors that end the start ----
 
 TEST_F(StartUp, CancelledSetUpEndsWithItsMessage) {
     boxes.Expect(Alert("Error occured in databse creation. \r\nPlease contact to your software "
@@ -486,7 +486,7 @@ TEST_F(StartUp, DatabaseNameWithoutCompanyNumberEndsTheProcess) {
                     "company number.");
 }
 
-// ---- small steps ----
+// ---- single functions ----
 
 struct FieldCase {
     std::string text;
