@@ -2,6 +2,7 @@
 
 #include "data/CompanyProfile.h"
 #include "data/modCommon.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/dialogs/DialogLook.h"
 #include "platform/host/Version.h"
@@ -46,7 +47,7 @@ void SignInDialog::LayOut() {
     AddButton(*buttons, BtnSignIn, true);
     AddButton(*buttons, BtnCancel, false);
     auto* column =
-        DialogColumn(*this, "Quillane", company_, "Version " + std::string(QuillaneVersion()));
+        DialogColumn(*this, ProgramTitle(), company_, "Version " + std::string(QuillaneVersion()));
     column->addLayout(fields);
     column->addWidget(&message_);
     column->addLayout(buttons);

@@ -3,7 +3,7 @@
 #include "data/Con.h"
 #include "platform/forms/core/Pointer.h"
 #include "platform/forms/core/ShownScreens.h"
-#include "shell/LockScreen.h"
+#include "platform/forms/dialogs/LockScreen.h"
 #include "support/ScreenDriver.h"
 
 #include <gtest/gtest.h>

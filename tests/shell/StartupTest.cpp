@@ -10,7 +10,7 @@
 #include "setup/DatabaseSetup.h"
 #include "setup/EmbeddedSchema.h"
 #include "shell/Desktop.h"
-#include "shell/LockScreen.h"
+#include "platform/forms/dialogs/LockScreen.h"
 #include "signin/UserLogin.h"
 #include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"

@@ -2,10 +2,10 @@
 
 #include "slip/SlipSample.h"
 #include "slip/SlipStatement.h"
+#include "station/ArrivalRows.h"
 #include "station/StationDatabase.h"
 
 #include <memory>
-#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -44,16 +44,20 @@ public:
             address, "')");
     }
     void AddArrival(int number, std::string_view partyId) {
-        Run("Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values (", number,
-            ", '2026-11-20T00:00:00', 1, '", partyId, "')");
+        StoreArrival(connection, number, "2026-11-20", 1, partyId);
     }
     void AddLine(int arrival, const Line& line) {
-        Run("Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, NoOfBags, "
-            "VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, "
-            "NetWeight, DriverName, BiltyNo, VehicleNoText) Values (",
-            arrival, ", 1, ", line.bagsClass, ", ", line.bagsType, ", ", line.bags, ", '",
-            line.vehicle, "', ", line.tare, ", ", line.scaleDeduction, ", ", line.bagWeight,
-            ", 0, ", line.otherDeduction, ", 0, '", line.driver, "', '", line.bilty, "', '')");
+        StoreLine(connection, arrival,
+                  {.bagsClass = line.bagsClass,
+                   .bagsType = line.bagsType,
+                   .bags = line.bags,
+                   .bagWeight = line.bagWeight,
+                   .tare = line.tare,
+                   .scaleDeduction = line.scaleDeduction,
+                   .otherDeduction = line.otherDeduction,
+                   .vehicle = line.vehicle,
+                   .driver = line.driver,
+                   .bilty = line.bilty});
     }
     void AddLines(int arrival, int count) {
         for (int line = 0; line < count; ++line)
@@ -63,10 +67,7 @@ public:
     /// Runs a statement, given in pieces.
     template <typename... Pieces>
     void Run(const Pieces&... pieces) {
-        std::ostringstream statement;
-        statement.precision(17);
-        (statement << ... << pieces);
-        connection.Execute(statement.str());
+        RunPieces(connection, pieces...);
     }
 
     std::shared_ptr<Recordset> RowsOf(int arrival) {

@@ -7,12 +7,14 @@
 #include "office/window/RunOffice.h"
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Application.h"
+#include "platform/forms/core/Text.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
 #include "platform/host/Version.h"
 #include "platform/runtime/Failure.h"
 
 #include <QCoreApplication>
+#include <QIcon>
 
 #include <iostream>
 
@@ -55,7 +57,7 @@ ExitCode Answer(const Request& request) {
         return ExitCode::Done;
     }
     if (request.act == Request::Act::Version) {
-        std::cout << "Quillane office " << QuillaneVersion() << "\n";
+        std::cout << "Quillane Office " << QuillaneVersion() << "\n";
         return ExitCode::Done;
     }
     if (request.act == Request::Act::RegisterDriver) {
@@ -77,7 +79,9 @@ int RunCommandLine(int argc, char** argv, const Request& request) {
 
 int RunWindow(int argc, char** argv, const Request& request) {
     Application application(argc, argv);
-    Application::setApplicationName("Quillane");
+    Application::setApplicationName("Quillane Office");
+    Application::setApplicationVersion(ToQt(QuillaneVersion()));
+    Application::setWindowIcon(QIcon(":/office/window-icon.png"));
     int code = static_cast<int>(ExitCode::Failed);
     Guarded(nullptr, [&] {
         FindStation(request);

@@ -31,7 +31,7 @@ CompanyPage::CompanyPage(OfficeSession& session) : session_(session) {
     readOnly_->Say(ToQt(why));
     if (StationFile::Read(session.folder + "/Station.ini").AskCompanyName == -1)
         asks_->Say("This station asks for the company's name at each start (AskCompanyName=-1 in "
-                   "Station.ini). A name that is answered there takes the place of this one.");
+                   "Station.ini). A name entered there replaces this one.");
     for (const Field& field : fields_) {
         field.box->setReadOnly(!mayWrite_);
         connect(field.box, &QLineEdit::textEdited, this, [this] { ShowState(); });
@@ -46,17 +46,10 @@ void CompanyPage::LayOut() {
     column->addWidget(readOnly_);
     column->addWidget(asks_);
     auto* form = new QFormLayout;
-    form->setHorizontalSpacing(16);
-    form->setVerticalSpacing(8);
+    SpaceFields(*form);
     for (const Field& field : fields_) {
-        field.box->setMinimumHeight(32);
-        field.box->setTextMargins(4, 0, 4, 0);
         field.box->setMaximumWidth(widest);
-        field.box->setAccessibleName(QString(field.caption).remove('&'));
-        auto* label = new QLabel(field.caption);
-        label->setMinimumHeight(32);
-        label->setBuddy(field.box);
-        form->addRow(label, field.box);
+        AddCaptioned(*form, field.caption, field.box);
         if (field.key == CompanyName)
             form->addRow({}, Note("Printed in capitals. It is written to the database and to this "
                                   "station's Station.ini;\nanother station writes the name of its "
@@ -107,15 +100,15 @@ QString CompanyPage::Unsaved() const {
     return {};
 }
 
-// The name first: it is also in Station.ini, which is put back where the database refuses it.
+// The name first: it is also in Station.ini, which is restored if the database refuses the name.
 std::string CompanyPage::WhyRefused(const Settings& wanted) {
     Settings others;
     for (const auto& [key, value] : wanted) {
         if (Utf16Length(value) > longestValue)
             return "A text has more than " + std::to_string(longestValue) +
-                   " characters. Please shorten it.";
+                   " characters. Shorten it.";
         if (HoldsControlCharacter(value))
-            return "A text holds a line break or another control character. Please take it out.";
+            return "A text contains a line break or another control character. Remove it.";
         if (key != CompanyName)
             others.emplace(key, value);
     }

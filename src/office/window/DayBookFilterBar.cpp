@@ -129,16 +129,16 @@ DayBookFilterBar::DayBookFilterBar()
         connect(day, &QDateEdit::dateChanged, this, [this] {
             if (!isFilling_)
                 period_->setCurrentIndex(-1);
-            Tell();
+            ReportChange();
         });
     for (const QComboBox* box : {party_, commodity_})
-        connect(box, &QComboBox::currentIndexChanged, this, &DayBookFilterBar::Tell);
+        connect(box, &QComboBox::currentIndexChanged, this, &DayBookFilterBar::ReportChange);
     connect(vehicle_, &QLineEdit::editingFinished, this, [this] {
         if (vehicle_->isModified())
-            Tell();
+            ReportChange();
         vehicle_->setModified(false);
     });
-    connect(inside_, &QCheckBox::toggled, this, &DayBookFilterBar::Tell);
+    connect(inside_, &QCheckBox::toggled, this, &DayBookFilterBar::ReportChange);
 }
 
 void DayBookFilterBar::AddPeriods() {
@@ -172,10 +172,10 @@ void DayBookFilterBar::TakePeriod(int place) {
     from_->setDate(period.from(ShownToday()));
     to_->setDate(period.to(ShownToday()));
     isFilling_ = false;
-    Tell();
+    ReportChange();
 }
 
-void DayBookFilterBar::Tell() const {
+void DayBookFilterBar::ReportChange() const {
     if (!isFilling_ && Changed)
         Changed();
 }

@@ -29,7 +29,7 @@ private:
     void LayOut();
     void AddPeriods();
     void TakePeriod(int place);
-    void Tell() const;
+    void ReportChange() const;
 
     QComboBox* period_;
     QDateEdit* from_;

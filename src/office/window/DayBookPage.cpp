@@ -79,7 +79,7 @@ void DayBookPage::AddActions(QBoxLayout& column) {
     AddAction(*row, *this, "CSV", QKeySequence("Ctrl+E"), [this] { SaveCsv(); });
     AddAction(*row, *this, "Excel workbook", QKeySequence("Ctrl+B"), [this] { SaveWorkbook(); });
     column.addLayout(row);
-    all_->setToolTip("Print and PDF have all tables and the picture, not only the one in sight.");
+    all_->setToolTip("Print and PDF have all tables and the picture, not only the one shown.");
 }
 
 // ---- Reading ----

@@ -45,7 +45,7 @@ private:
     bool HasWhole();
     std::unique_ptr<DayBookReport> PrintedReport() const;
     QString AskFor(const std::string& name, const QString& ending, const QString& kind);
-    /// Shows progress until the writing has ended; says where the file is.
+    /// Shows the progress of writing, then the path of the file.
     void WriteFile(const QString& path, const std::function<bool(DayBook&, const GoOn&)>& write);
 
     void Print();

@@ -1,6 +1,7 @@
 #include "office/daybook/Export.h"
 #include "office/window/DayBookPage.h"
 #include "office/window/OfficeBoxes.h"
+#include "office/window/WorkProgress.h"
 #include "platform/forms/core/Text.h"
 #include "platform/report/ReportPainter.h"
 
@@ -10,7 +11,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProgressDialog>
 #include <QTabWidget>
 
 namespace Quillane::Office {
@@ -24,11 +24,11 @@ QString AskByDialog(QWidget* over, const QString& proposed, const QString& kind)
 
 } // namespace
 
-/// What is printed has to be read to its end.
+/// Only a day book that has been read to its end is printed.
 bool DayBookPage::HasWhole() {
     if (!book_ || IsReading() || !book_->IsComplete()) {
-        Tell(window(), "The day book is not read to its end. Please wait until it is, or press F5 "
-                       "to read it again.");
+        Inform(window(), "The day book has not been read to its end. Wait until it has, or press "
+                         "F5 to read it again.");
         return false;
     }
     return true;
@@ -61,7 +61,7 @@ void DayBookPage::Print() {
     if (!HasWhole())
         return;
     if (QPrinterInfo::availablePrinterNames().isEmpty())
-        return Tell(window(), "No printer is installed. Please save the day book as PDF (Ctrl+D).");
+        return Inform(window(), "No printer is installed. Save the day book as PDF (Ctrl+D).");
     const auto report = PrintedReport();
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(ToQt(report->FileName()));
@@ -75,7 +75,7 @@ void DayBookPage::Print() {
         printer.toPage() > 0 ? std::min(printer.toPage(), pages.PageCount()) : pages.PageCount();
     if (!painter.begin(&printer) ||
         !pages.PaintPages(painter, printer, std::max(printer.fromPage(), 1), last))
-        Warn(window(), "The printer took no page. Please look at it, and print again.");
+        Warn(window(), "The printer took no page. Check the printer, and print again.");
 }
 
 void DayBookPage::SavePdf() {
@@ -93,11 +93,9 @@ void DayBookPage::WriteFile(const QString& path,
                             const std::function<bool(DayBook&, const GoOn&)>& write) {
     DayBook book(session_.connection, book_->Filter());
     constexpr int percent = 100;
-    QProgressDialog progress("Writing the day book...", "Cancel", 0, percent, this);
-    progress.setWindowModality(Qt::WindowModal);
+    WorkProgress progress("Writing the day book...", percent, window());
     const bool isWhole = write(book, [&](const DayBook& read) {
-        progress.setValue(static_cast<int>(read.Progress() * (percent - 1)));
-        return !progress.wasCanceled();
+        return progress(static_cast<int>(read.Progress() * (percent - 1)));
     });
     state_->setText(isWhole ? "Saved as " + path + "." : "Cancelled. No file was written.");
 }

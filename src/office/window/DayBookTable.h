@@ -11,7 +11,7 @@ namespace Quillane::Office {
 /// A table of a day book with the row of its sums below, column under column.
 class DayBookTable : public QWidget {
 public:
-    /// The model outlives this. A hidden column is in the files and on paper alone.
+    /// The model outlives this. A hidden column appears only in files and on paper.
     DayBookTable(CellsModel& model, const std::vector<ColumnHeading>& headings,
                  int hiddenColumn = -1);
 

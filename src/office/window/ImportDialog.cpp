@@ -3,11 +3,11 @@
 #include "office/records/RowWrites.h"
 #include "office/records/Texts.h"
 #include "office/window/OfficeBoxes.h"
+#include "office/window/WorkProgress.h"
 #include "platform/forms/core/Text.h"
 
 #include <QBoxLayout>
 #include <QHeaderView>
-#include <QProgressDialog>
 #include <QPushButton>
 
 #include <array>
@@ -37,33 +37,6 @@ QVariant ColourOf(Kind kind) {
         return {};
     }
 }
-
-/// Shows how far a piece of work is, once it takes longer than a moment. Esc breaks it off.
-class WorkProgress {
-public:
-    WorkProgress(const QString& what, int parts, QWidget* over)
-        : dialog_(what, "&Cancel", 0, parts, over) {
-        dialog_.setWindowTitle("Quillane office");
-        dialog_.setWindowModality(Qt::ApplicationModal);
-        dialog_.setMinimumDuration(400);
-        dialog_.setAutoReset(false);
-    }
-
-    // Each look at the screen costs more than a row: so many looks are enough for any work.
-    bool operator()(int done) {
-        constexpr int looks = 200;
-        const int look =
-            static_cast<int>(std::int64_t{done} * looks / std::max(dialog_.maximum(), 1));
-        if (look != lastLook_)
-            dialog_.setValue(std::min(done, dialog_.maximum()));
-        lastLook_ = look;
-        return !dialog_.wasCanceled();
-    }
-
-private:
-    QProgressDialog dialog_;
-    int lastLook_ = -1;
-};
 
 } // namespace
 
@@ -141,7 +114,7 @@ void ImportDialog::LayOut() {
         QStringList names;
         for (const std::string& name : plan_.unreadColumns)
             names.append("\"" + ToQt(Shortened(name)) + "\"");
-        unread->Say("The list has no such columns, they are not read: " + names.join(", "));
+        unread->Say("The list does not have these columns; they are ignored: " + names.join(", "));
     }
     column->addWidget(unread);
     auto* top = new QHBoxLayout;
@@ -178,7 +151,7 @@ void ImportDialog::LayOut() {
     resize(size);
 }
 
-// The faulty lines come first to sight where there are any.
+// If there are faulty lines, they are shown first.
 void ImportDialog::FillKinds() {
     kinds_->addItem(QString("All lines (%L1)").arg(plan_.lines.size()), QString());
     for (const Kind kind : kinds) {
@@ -230,8 +203,8 @@ void ImportDialog::Write() {
                                     [this](std::size_t column, const Row& row) {
                                         return known_.ShownCell(column, row);
                                     }) +
-                       "\n\nNothing has been written. Please import the file again: it is then "
-                       "compared with the list as it is now.");
+                       "\n\nNothing has been written. Import the file again to compare it with the "
+                       "present list.");
         reject();
         break;
     }

@@ -14,7 +14,7 @@
 
 namespace Quillane::Office {
 
-/// What an import would do, a row for each line of the file.
+/// The effect of an import, one row for each line of the file.
 class PlanModel : public QAbstractTableModel {
 public:
     explicit PlanModel(const ImportPlan& plan, const Snapshot& known)
@@ -34,13 +34,13 @@ private:
     const Snapshot& known_;
 };
 
-/// Shows what an import would do before anything is written, and writes it once the user says so.
+/// Shows the effect of an import before anything is written. Writes it when the user confirms.
 class ImportDialog : public QDialog {
 public:
     /// The plan has no fault. `known` is the list that it was compared with.
     ImportDialog(Connection& connection, ImportPlan plan, Snapshot known, QWidget* parent);
 
-    /// How many rows have been written; 0 where the user gave up.
+    /// The number of rows written; 0 if the user has cancelled.
     long Written() const { return written_; }
 
 private:
@@ -65,8 +65,8 @@ private:
     QPushButton* write_ = nullptr;
 };
 
-/// Reads a CSV file and compares it with a list, with its progress shown; Cancel breaks it off. A
-/// plan that was broken off, or cannot be made, has a fault.
+/// Reads a CSV file and compares it with a list; shows the progress, with Cancel. A plan that was
+/// cancelled, or cannot be made, has a fault.
 ImportPlan PlanWithProgress(const Snapshot& known, const std::string& csvText, QWidget* over);
 
 } // namespace Quillane::Office

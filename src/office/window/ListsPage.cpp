@@ -24,7 +24,7 @@ namespace Quillane::Office {
 namespace {
 
 constexpr const char* purpose =
-    "A change is seen on a station when its weighment screen is next opened. Ctrl+PgUp and "
+    "A station shows a change when its weighment screen is next opened. Ctrl+PgUp and "
     "Ctrl+PgDown change the list.";
 
 QString ChosenToRead(QWidget* over) {
@@ -188,7 +188,7 @@ const Row* ListsPage::Chosen() const {
     return source.isValid() ? &model_.RowAt(source.row()) : nullptr;
 }
 
-// A row that the search hides is not looked for any further: the first one is chosen then.
+// If the search hides the row, the first one is chosen.
 void ListsPage::Choose(const std::string& key) {
     const int place = key.empty() ? -1 : model_.PlaceOfKey(key);
     const QModelIndex shown =
@@ -264,9 +264,9 @@ void ListsPage::Delete() {
     if (result.end == DeleteResult::End::IsReferredTo)
         Warn(window(), DescribeReferences(table, row, result.references));
     else if (result.end == DeleteResult::End::Conflicts)
-        Warn(window(), "Somebody else has " + std::string(result.stored ? "changed" : "deleted") +
+        Warn(window(), "Another user has " + std::string(result.stored ? "changed" : "deleted") +
                            " the " + Called(table, row) +
-                           " meanwhile. Nothing has been deleted; the list is read again.");
+                           ". Nothing has been deleted; the list is read again.");
     Reload();
 }
 
@@ -284,7 +284,7 @@ void ListsPage::Import() {
     dialog.exec();
     Reload();
     if (dialog.Written() > 0)
-        Tell(window(), Counted(dialog.Written(), "row", "rows") + " written.");
+        Inform(window(), Counted(dialog.Written(), "row", "rows") + " written.");
 }
 
 void ListsPage::Export() {
@@ -293,7 +293,7 @@ void ListsPage::Export() {
         return;
     const Snapshot known = ReadSnapshot(session_.connection, CurrentTable());
     WriteWholeFile(FromQt(file), ExportText(known));
-    Tell(window(), Counted(static_cast<long>(known.rows.Rows().size()), "row", "rows") +
+    Inform(window(), Counted(static_cast<long>(known.rows.Rows().size()), "row", "rows") +
                        " written to " + FromQt(file) + ".");
 }
 

@@ -20,7 +20,7 @@ class ListsPage : public QWidget {
 public:
     explicit ListsPage(OfficeSession& session);
 
-    /// Which file is to be read or written; empty where the user gives up. Replaced by tests.
+    /// Ask for the file to read or to write; empty if the user cancels. Replaced by tests.
     std::function<QString(QWidget* over)> AskFileToRead;
     std::function<QString(QWidget* over, const QString& proposed)> AskFileToWrite;
 
@@ -30,7 +30,7 @@ public:
     ListFilter& Shown() { return filter_; }
     QString ReadOnlyText() const { return readOnly_->text(); }
 
-    /// Reads the list again and keeps the row in sight chosen.
+    /// Reads the list again; the chosen row stays chosen.
     void Reload();
 
 protected:

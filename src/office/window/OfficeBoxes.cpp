@@ -1,5 +1,6 @@
 #include "office/window/OfficeBoxes.h"
 
+#include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
 
 #include <QMessageBox>
@@ -13,14 +14,14 @@ namespace Quillane::Office {
 namespace {
 
 void Show(QWidget* over, const std::string& text, QMessageBox::Icon icon) {
-    QMessageBox box(icon, "Quillane office", ToQt(text), QMessageBox::Ok, over);
+    QMessageBox box(icon, ToQt(ProgramTitle()), ToQt(text), QMessageBox::Ok, over);
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
 
 } // namespace
 
-void Tell(QWidget* over, const std::string& text) {
+void Inform(QWidget* over, const std::string& text) {
     Show(over, text, QMessageBox::Information);
 }
 
@@ -29,7 +30,7 @@ void Warn(QWidget* over, const std::string& text) {
 }
 
 bool Ask(QWidget* over, const std::string& text, const std::string& yes) {
-    QMessageBox box(QMessageBox::Question, "Quillane office", ToQt(text), QMessageBox::NoButton,
+    QMessageBox box(QMessageBox::Question, ToQt(ProgramTitle()), ToQt(text), QMessageBox::NoButton,
                     over);
     box.setTextFormat(Qt::PlainText);
     QPushButton* agree = box.addButton(ToQt(yes), QMessageBox::AcceptRole);
@@ -46,7 +47,7 @@ bool Guarded(QWidget* over, const std::function<void()>& act) {
         act();
         return true;
     } catch (const std::bad_alloc&) {
-        Warn(over, "The memory of this computer is used up. Please close other programs.");
+        Warn(over, "This computer has no free memory. Close other programs, and try again.");
     } catch (const std::exception& failure) {
         Warn(over, failure.what());
     }

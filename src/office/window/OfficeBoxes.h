@@ -5,19 +5,19 @@
 
 class QWidget;
 
-/// What the office says and asks in boxes over one of its windows.
+/// Messages and questions in boxes over a window of the office.
 namespace Quillane::Office {
 
-/// A piece of news that needs no decision.
-void Tell(QWidget* over, const std::string& text);
+/// Information that needs no decision.
+void Inform(QWidget* over, const std::string& text);
 /// A refusal or a failure: nothing, or not all, has been done.
 void Warn(QWidget* over, const std::string& text);
-/// Asks for a decision. `yes` is what the button says that agrees, such as "&Delete"; the other one
-/// is "Cancel", which Esc presses too, and the one that Enter presses.
+/// Asks for a decision. `yes` is the caption of the button that agrees, such as "&Delete". The other
+/// button is "Cancel", the default one, which Esc presses too.
 bool Ask(QWidget* over, const std::string& text, const std::string& yes);
 
-/// Runs what an action of a user does. A failure is shown in a box, and gives false; no exception
-/// travels through the toolkit's code.
+/// Runs an action of the user. Shows a failure in a box and returns false; no exception passes
+/// through Qt code.
 bool Guarded(QWidget* over, const std::function<void()>& act);
 
 } // namespace Quillane::Office

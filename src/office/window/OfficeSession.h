@@ -12,7 +12,7 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// What every page works with. It outlives the window.
+/// What the pages work with. It outlives the window.
 struct OfficeSession {
     Connection& connection;
     std::string folder; ///< of the station, with its Config.ini and Station.ini
@@ -20,7 +20,7 @@ struct OfficeSession {
     std::string user{};
     int level = 0; ///< of the user: 1 has full rights
     HashCost hashCost = HashCost::Interactive;
-    /// Why tables may only be read, whose they are and what to do; empty where they may be written.
+    /// Why tables may only be read, who owns them and what to do; empty if they may be written.
     std::function<std::string(Connection&, std::span<const std::string_view> tables)> whyReadOnly =
         [](Connection& asked, std::span<const std::string_view> tables) {
             return WhyReadOnly(asked, tables);

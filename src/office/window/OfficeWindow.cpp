@@ -4,6 +4,7 @@
 #include "office/window/Page.h"
 #include "office/window/PageLook.h"
 #include "platform/ado/Connection.h"
+#include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
 
 #include <QCloseEvent>
@@ -48,7 +49,7 @@ void LookLikeNavigation(QTreeWidget& list) {
 
 OfficeWindow::OfficeWindow(OfficeSession& session, std::span<const PageEntry> pages)
     : session_(session), navigation_(new QTreeWidget), stack_(new QStackedWidget) {
-    setWindowTitle("Quillane office" +
+    setWindowTitle(ToQt(ProgramTitle()) +
                    (session.company.empty() ? QString() : " - " + ToQt(session.company)));
     LookLikeNavigation(*navigation_);
     FillNavigation(pages);
@@ -109,7 +110,7 @@ QStringList OfficeWindow::Titles() const {
     return titles;
 }
 
-// A page that cannot be made is tried again at the next choice.
+// If making a page fails, the next choice of the page tries again.
 QWidget* OfficeWindow::MadePage(int place) {
     QWidget*& page = made_[static_cast<std::size_t>(place)];
     Guarded(this, [&] {

@@ -12,7 +12,7 @@ class QTreeWidget;
 namespace Quillane::Office {
 
 /// The office's main window: a navigation list at the left, the chosen page at its right. A user of
-/// level 1 sees all pages, any other those for everyone.
+/// level 1 sees all pages, other users see those for everyone.
 class OfficeWindow : public QMainWindow {
 public:
     explicit OfficeWindow(OfficeSession& session, std::span<const PageEntry> pages = AllPages());
@@ -20,7 +20,7 @@ public:
     /// The titles in the navigation.
     QStringList Titles() const;
     void ShowPage(int place);
-    /// The page in sight; null where the user may see none.
+    /// The shown page; null if the user may see none.
     QWidget* CurrentPage() const;
 
 protected:

@@ -4,14 +4,13 @@
 
 namespace Quillane::Office {
 
-/// A page of the main window that has something to say when the window closes. A page that has
-/// not is a plain widget.
+/// A page of the main window that may hold unsaved entries. A page without entries is a plain widget.
 class Page : public QWidget {
 public:
     using QWidget::QWidget;
 
     /// What has been entered and not saved, as the beginning of a sentence: "The company's
-    /// particulars have". Empty where nothing would be lost.
+    /// particulars have". Empty if nothing would be lost.
     virtual QString Unsaved() const { return {}; }
 };
 

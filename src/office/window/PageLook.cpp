@@ -4,7 +4,9 @@
 
 #include <QBoxLayout>
 #include <QDialog>
+#include <QFormLayout>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTableView>
@@ -66,8 +68,8 @@ QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
 }
 
 void FitToText(QPushButton& button) {
-    constexpr int besideText = 16;
-    button.setMinimumWidth(button.sizeHint().width() + besideText);
+    constexpr int margin = 16;
+    button.setMinimumWidth(button.sizeHint().width() + margin);
 }
 
 Notice::Notice(Kind kind, QWidget* parent) : QLabel(parent) {
@@ -99,6 +101,23 @@ QString WithLetter(const QString& caption, QString& used) {
         return QString(caption).insert(place, '&');
     }
     return caption;
+}
+
+void SpaceFields(QFormLayout& form) {
+    form.setHorizontalSpacing(16);
+    form.setVerticalSpacing(8);
+}
+
+void AddCaptioned(QFormLayout& form, const QString& caption, QWidget* field, QWidget* widget) {
+    constexpr int height = 32;
+    field->setMinimumHeight(height);
+    field->setAccessibleName(QString(caption).remove('&'));
+    if (auto* line = qobject_cast<QLineEdit*>(field))
+        line->setTextMargins(4, 0, 4, 0);
+    auto* label = new QLabel(caption);
+    label->setMinimumHeight(height);
+    label->setBuddy(field);
+    form.addRow(label, widget ? widget : field);
 }
 
 void GrowToFit(QDialog& dialog) {

@@ -7,6 +7,7 @@
 
 class QBoxLayout;
 class QDialog;
+class QFormLayout;
 class QPushButton;
 class QTableView;
 class QVBoxLayout;
@@ -15,18 +16,18 @@ class QWidget;
 /// The common look of the office's pages and dialogs.
 namespace Quillane::Office {
 
-/// The page's column of contents below its title and a line on what it is for.
+/// The column of the page's contents, below its title and a line that describes its purpose.
 QVBoxLayout* PageColumn(QWidget& page, const QString& title, const QString& purpose);
 
-/// A button that shows its shortcut and is also pressed by it, anywhere on the page. What it does
-/// may fail: that is shown. The letter after the ampersand presses it too.
+/// A button that shows its shortcut and is also pressed by it, anywhere on the page. The letter after
+/// the ampersand presses it too. A failure of its action is shown in a box.
 QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
                        const QKeySequence& shortcut, std::function<void()> act);
 
-/// After a change of its text: makes a button wide enough for it.
+/// Makes a button wide enough for its text. To be called after a change of the text.
 void FitToText(QPushButton& button);
 
-/// Wrapped text on a coloured ground, for what a user should know of the page; hidden while empty.
+/// Wrapped text on a coloured background: what the user should know about the page. Hidden while empty.
 class Notice : public QLabel {
 public:
     enum class Kind { Information, Fault };
@@ -34,20 +35,28 @@ public:
     void Say(const QString& text);
 };
 
-/// A caption with an ampersand before the first of its letters that is not among those used, to
-/// which it is added. Without one where none is left.
+/// Adds an ampersand to a caption, before its first letter that is not among those used, and adds the
+/// letter to them. Adds none if no letter is left.
 QString WithLetter(const QString& caption, QString& used);
 
-/// Makes a dialog higher where its contents need more than it has.
+/// The distances between the fields of a form.
+void SpaceFields(QFormLayout& form);
+
+/// Adds a field to a form. The letter after the caption's ampersand leads to the field; the caption
+/// is also its name for a screen reader. `widget` is what is shown where the field is a part of it.
+void AddCaptioned(QFormLayout& form, const QString& caption, QWidget* field,
+                  QWidget* widget = nullptr);
+
+/// Makes a dialog higher if its contents need more height.
 void GrowToFit(QDialog& dialog);
 
-/// Rows are chosen whole; Tab leaves the table; no grid, alternating ground.
+/// Whole rows are chosen; Tab leaves the table; no grid, alternating background.
 void LookLikeTable(QTableView& view);
 
 /// A heading within a page.
 QLabel* Heading(const QString& text);
 
-/// Small and grey: a note under what it belongs to.
+/// A small grey note.
 QLabel* Note(const QString& text);
 
 } // namespace Quillane::Office

@@ -11,7 +11,7 @@ namespace Quillane::Office {
 /// One entry of the navigation. Its page is made when it is first shown, and then kept.
 struct PageEntry {
     const char* title;
-    bool isForEveryone; ///< else for users of level 1 alone
+    bool isForEveryone; ///< otherwise only for users of level 1
     QWidget* (*make)(OfficeSession& session);
 };
 

@@ -3,18 +3,12 @@
 #include "office/records/Texts.h"
 #include "platform/forms/core/Text.h"
 
-#include <QBoxLayout>
-#include <QFormLayout>
-#include <QLineEdit>
-#include <QPushButton>
-
 namespace Quillane::Office {
 
 PortDialog::PortDialog(const std::vector<SerialDevice>& devices, int port,
                        const std::string& device, bool readsBursts, QWidget* parent)
-    : QDialog(parent) {
+    : FormDialog("Give a port its device", parent) {
     constexpr int highestPort = 32767; // as the stations read a port's number
-    setWindowTitle("Give a port its device");
     port_->setRange(1, highestPort);
     port_->setValue(port);
     device_->setEditable(true);
@@ -28,33 +22,11 @@ PortDialog::PortDialog(const std::vector<SerialDevice>& devices, int port,
 
 void PortDialog::LayOut() {
     constexpr int width = 620;
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(20, 16, 20, 16);
-    column->setSpacing(12);
-    auto* form = new QFormLayout;
-    form->setHorizontalSpacing(16);
-    form->setVerticalSpacing(8);
-    const auto add = [&](const char* caption, QWidget* field) {
-        field->setMinimumHeight(30);
-        field->setAccessibleName(QString(caption).remove('&'));
-        auto* label = new QLabel(caption);
-        label->setMinimumHeight(30);
-        label->setBuddy(field);
-        form->addRow(label, field);
-    };
-    add("&Port number", port_);
-    add("&Device", device_);
-    form->addRow({}, bursts_);
-    form->addRow({}, Note("For an indicator that pauses between its frames: no number is cut."));
-    column->addLayout(form);
-    column->addWidget(refusal_);
-    column->addStretch();
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    AddAction(*buttons, *this, "Save", Qt::CTRL | Qt::Key_S, [this] { Save(); })->setDefault(true);
-    AddAction(*buttons, *this, "Cancel  (Esc)", {}, [this] { reject(); });
-    column->addLayout(buttons);
-    setMinimumWidth(width);
+    AddCaptioned(Form(), "&Port number", port_);
+    AddCaptioned(Form(), "&Device", device_);
+    Form().addRow({}, bursts_);
+    Form().addRow({}, Note("For an indicator that pauses between its frames: no number is cut."));
+    Finish(width);
 }
 
 std::string PortDialog::Device() const {
@@ -63,13 +35,12 @@ std::string PortDialog::Device() const {
 
 void PortDialog::Save() {
     if (Device().empty())
-        refusal_->Say("Device is empty. Please choose a device from the list, or type its name.");
+        Refuse("Device is empty. Choose a device from the list, or type its name.");
     else if (HoldsControlCharacter(Device()))
-        refusal_->Say("The device's name holds a line break or another control character. Please "
-                      "take it out.");
+        Refuse("The name of the device contains a line break or another control character. Remove "
+               "it.");
     else
         accept();
-    GrowToFit(*this);
 }
 
 } // namespace Quillane::Office

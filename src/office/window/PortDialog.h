@@ -1,17 +1,16 @@
 #pragma once
 
-#include "office/window/PageLook.h"
+#include "office/window/FormDialog.h"
 #include "office/window/SerialDevices.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QSpinBox>
 
 namespace Quillane::Office {
 
 /// A form that gives a port number its device.
-class PortDialog : public QDialog {
+class PortDialog : public FormDialog {
 public:
     PortDialog(const std::vector<SerialDevice>& devices, int port, const std::string& device,
                bool readsBursts, QWidget* parent);
@@ -22,12 +21,11 @@ public:
 
 private:
     void LayOut();
-    void Save();
+    void Save() override;
 
     QSpinBox* port_ = new QSpinBox;
     QComboBox* device_ = new QComboBox;
     QCheckBox* bursts_ = new QCheckBox("Read in &whole bursts");
-    Notice* refusal_ = new Notice(Notice::Kind::Fault);
 };
 
 } // namespace Quillane::Office

@@ -6,7 +6,6 @@
 
 #include <QBoxLayout>
 #include <QCompleter>
-#include <QFormLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
 
@@ -22,9 +21,9 @@ QWidget* RowDialog::Entry::Widget() const {
 
 RowDialog::RowDialog(Connection& connection, const Table& table, std::optional<Row> before,
                      QWidget* parent)
-    : QDialog(parent), connection_(connection), table_(table), before_(std::move(before)),
+    : FormDialog(ToQt((before ? "Change a " : "Add a ") + std::string(table.one)), parent),
+      connection_(connection), table_(table), before_(std::move(before)),
       known_(ReadSnapshot(connection, table)), entries_(table.columns.size()) {
-    setWindowTitle(ToQt((before_ ? "Change a " : "Add a ") + std::string(table.one)));
     LayOut();
     ShowRow(before_ ? *before_ : InitialRow(table_));
     ProposeKey();
@@ -33,62 +32,38 @@ RowDialog::RowDialog(Connection& connection, const Table& table, std::optional<R
 
 void RowDialog::LayOut() {
     constexpr int width = 560;
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(20, 16, 20, 16);
-    column->setSpacing(12);
-    auto* form = new QFormLayout;
-    form->setHorizontalSpacing(16);
-    form->setVerticalSpacing(8);
     for (std::size_t place = 0; place < table_.columns.size(); ++place)
-        AddEntry(*form, place);
-    column->addLayout(form);
-    column->addWidget(warning_);
-    column->addWidget(refusal_);
-    column->addStretch();
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    AddAction(*buttons, *this, "Save", Qt::CTRL | Qt::Key_S, [this] { Save(); })->setDefault(true);
-    AddAction(*buttons, *this, "Cancel  (Esc)", {}, [this] { reject(); });
-    column->addLayout(buttons);
-    setMinimumWidth(width);
+        AddEntry(place);
+    Finish(width, warning_);
 }
 
-void RowDialog::AddEntry(QFormLayout& form, std::size_t place) {
+void RowDialog::AddEntry(std::size_t place) {
     const Column& column = table_.columns[place];
     Entry& entry = entries_[place];
     const QString caption = WithLetter(ToQt(column.caption), letters_);
-    QWidget* field = nullptr;
     if (column.kind == CellKind::Flag) {
-        field = entry.check = new QCheckBox(caption);
+        entry.check = new QCheckBox(caption);
+        entry.check->setAccessibleName(ToQt(column.caption));
         connect(entry.check, &QCheckBox::toggled, this, [this] { ProposeKey(); });
         connect(entry.check, &QCheckBox::toggled, this, [this] { ShowWarnings(); });
+        Form().addRow({}, entry.check);
     } else if (column.target) {
-        field = ListWithNew(entry, place);
+        QWidget* both = ListWithNew(entry, place);
+        AddCaptioned(Form(), caption, entry.list, both);
     } else {
-        field = entry.line = new QLineEdit;
-        entry.line->setMinimumHeight(30);
-        entry.line->setTextMargins(4, 0, 4, 0);
+        entry.line = new QLineEdit;
         entry.line->setReadOnly(place == KeyCell && before_);
         if (entry.line->isReadOnly())
             entry.line->setFocusPolicy(Qt::ClickFocus);
         connect(entry.line, &QLineEdit::textEdited, this, [this] { ShowWarnings(); });
+        AddCaptioned(Form(), caption, entry.line);
     }
-    entry.Widget()->setAccessibleName(ToQt(column.caption));
-    if (entry.check) {
-        form.addRow({}, field);
-        return;
-    }
-    auto* label = new QLabel(caption);
-    label->setMinimumHeight(30);
-    label->setBuddy(entry.Widget());
-    form.addRow(label, field);
 }
 
 QWidget* RowDialog::ListWithNew(Entry& entry, std::size_t place) {
     entry.list = new QComboBox;
     entry.list->setEditable(true);
     entry.list->setInsertPolicy(QComboBox::NoInsert);
-    entry.list->setMinimumHeight(30);
     entry.list->completer()->setFilterMode(Qt::MatchContains);
     entry.list->completer()->setCompletionMode(QCompleter::PopupCompletion);
     FillList(place);
@@ -141,7 +116,7 @@ Row RowDialog::Entered() const {
     return row;
 }
 
-// Of several of one name the chosen one is meant.
+// Several rows may have one name: the chosen one counts.
 std::string RowDialog::EnteredReference(std::size_t place) const {
     const QComboBox& list = *entries_[place].list;
     const std::string name = Trimmed(FromQt(list.currentText()));
@@ -152,7 +127,7 @@ std::string RowDialog::EnteredReference(std::size_t place) const {
     return found.empty() ? std::string() : (*found.front())[KeyCell];
 }
 
-// As long as nobody has typed another one.
+// Only until the user has typed another one.
 void RowDialog::ProposeKey() {
     QLineEdit& key = *entries_[KeyCell].line;
     if (before_ || FromQt(key.text()) != proposedKey_)
@@ -162,7 +137,7 @@ void RowDialog::ProposeKey() {
 }
 
 void RowDialog::ShowWarnings() {
-    refusal_->Say({});
+    Refuse({});
     const auto findings = Check(known_, before_, Entered());
     const bool isStarted = before_ || !entries_[NameCell].line->text().isEmpty();
     warning_->Say(isStarted ? ToQt(TextOf(findings, Finding::Weight::Warns)) : QString());
@@ -206,24 +181,21 @@ bool RowDialog::IsRefused(const Row& after) {
         if (!list || !after[place].empty() || list->currentText().trimmed().isEmpty())
             continue;
         const std::string one(table_.columns[place].target->one);
-        refusal_->Say(ToQt("There is no " + one + " \"" + FromQt(list->currentText()) +
-                           "\". Please choose one from the list, or add it with \"New " + one +
-                           "\"."));
-        GrowToFit(*this);
+        Refuse("There is no " + one + " \"" + FromQt(list->currentText()) +
+               "\". Choose one from the list, or add it with \"New " + one + "\".");
         entries_[place].list->setFocus();
         return true;
     }
     const auto findings = Check(known_, before_, after);
     if (!Refuses(findings))
         return false;
-    refusal_->Say(ToQt(TextOf(findings, Finding::Weight::Refuses)));
-    GrowToFit(*this);
+    Refuse(TextOf(findings, Finding::Weight::Refuses));
     const auto first = std::ranges::find(findings, Finding::Weight::Refuses, &Finding::weight);
     entries_[first->column].Widget()->setFocus();
     return true;
 }
 
-// What was not touched here becomes what the other one has stored.
+// Cells that have not been edited here take the stored values.
 void RowDialog::TakeConflict(const RowChange& change, const Conflict& conflict) {
     known_ = ReadSnapshot(connection_, table_);
     const std::string text =
@@ -245,8 +217,8 @@ void RowDialog::TakeConflict(const RowChange& change, const Conflict& conflict) 
     before_ = conflict.stored;
     ShowRow(merged);
     Warn(this, text +
-                   "\n\nNothing has been written. Your entries are still here: save again to put "
-                   "them in place of the others, or cancel.");
+                   "\n\nNothing has been written. Your entries are still here: save again to "
+                   "replace the stored values by them, or cancel.");
 }
 
 void RowDialog::showEvent(QShowEvent* event) {

@@ -2,24 +2,21 @@
 
 #include "office/records/Checks.h"
 #include "office/records/RowWrites.h"
-#include "office/window/PageLook.h"
+#include "office/window/FormDialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QLineEdit>
 
 #include <optional>
 #include <vector>
 
-class QFormLayout;
-
 namespace Quillane::Office {
 
 /// A form for one row of a list, new or changed. What the rules refuse keeps it open; what they
-/// warn of is shown while it is typed. A row that somebody else has changed meanwhile is told with
-/// both values, and the entries stay.
-class RowDialog : public QDialog {
+/// warn of is shown while it is typed. If another session has changed the row, both values are shown
+/// and the entries stay.
+class RowDialog : public FormDialog {
 public:
     RowDialog(Connection& connection, const Table& table, std::optional<Row> before,
               QWidget* parent);
@@ -41,7 +38,7 @@ private:
     };
 
     void LayOut();
-    void AddEntry(QFormLayout& form, std::size_t column);
+    void AddEntry(std::size_t column);
     QWidget* ListWithNew(Entry& entry, std::size_t column);
     void FillList(std::size_t column);
     void ShowRow(const Row& row);
@@ -51,7 +48,7 @@ private:
     void ProposeKey();
     void ShowWarnings();
     void AddTarget(std::size_t column);
-    void Save();
+    void Save() override;
     bool IsRefused(const Row& after);
     void TakeConflict(const RowChange& change, const Conflict& conflict);
 
@@ -60,10 +57,9 @@ private:
     std::optional<Row> before_;
     Snapshot known_;
     std::vector<Entry> entries_;
-    QString letters_{"s"}; ///< of captions that are taken; s is for saving
+    QString letters_{"s"}; ///< taken by captions; s saves
     std::string proposedKey_;
     std::string savedKey_;
-    Notice* refusal_ = new Notice(Notice::Kind::Fault);
     Notice* warning_ = new Notice(Notice::Kind::Information);
 };
 

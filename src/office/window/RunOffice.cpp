@@ -35,7 +35,7 @@ int RunOffice(Connection& connection, const std::string& folder) {
 bool AskServerPassword(const std::string& signIn, std::string& password) {
     bool isGiven = false;
     password = FromQt(QInputDialog::getText(
-        nullptr, "Quillane office", "Password of " + ToQt(signIn) + " at the database server:",
+        nullptr, ToQt(ProgramTitle()), "Password of " + ToQt(signIn) + " at the database server:",
         QLineEdit::Password, {}, &isGiven));
     return isGiven;
 }

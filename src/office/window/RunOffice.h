@@ -12,7 +12,7 @@ namespace Quillane::Office {
 /// the process: 0 also where nobody signs in.
 int RunOffice(Connection& connection, const std::string& folder);
 
-/// Asks for the password of the database server's sign-in; none where the user gives up.
+/// Asks for the password of the database server's sign-in. Returns false if the user cancels.
 bool AskServerPassword(const std::string& signIn, std::string& password);
 
 } // namespace Quillane::Office

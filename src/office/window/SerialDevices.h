@@ -13,7 +13,7 @@ struct SerialDevice {
     std::string access;      ///< who may open it, and what to do where this user may not
 };
 
-/// Those that are there now.
+/// The devices that exist now.
 std::vector<SerialDevice> SerialDevices();
 
 /// Who may open a device: "May be opened (group dialout)".

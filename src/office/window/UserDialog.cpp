@@ -4,15 +4,9 @@
 #include "platform/forms/core/Text.h"
 #include "signin/UserLogin.h"
 
-#include <QBoxLayout>
-#include <QFormLayout>
-#include <QPushButton>
-
 namespace Quillane::Office {
 
 namespace {
-
-constexpr int fieldHeight = 30;
 
 QString TitleOf(UserDialog::Task task) {
     switch (task) {
@@ -25,60 +19,36 @@ QString TitleOf(UserDialog::Task task) {
     }
 }
 
-void AddField(QFormLayout& form, const QString& caption, QWidget* field) {
-    field->setMinimumHeight(fieldHeight);
-    field->setAccessibleName(QString(caption).remove('&'));
-    auto* label = new QLabel(caption);
-    label->setMinimumHeight(fieldHeight);
-    label->setBuddy(field);
-    form.addRow(label, field);
-}
-
 } // namespace
 
 UserDialog::UserDialog(OfficeSession& session, Task task, User user, QWidget* parent)
-    : QDialog(parent), session_(session), task_(task), user_(std::move(user)) {
-    setWindowTitle(TitleOf(task));
+    : FormDialog(TitleOf(task), parent), session_(session), task_(task), user_(std::move(user)) {
     FillLevels();
     LayOut();
 }
 
 void UserDialog::LayOut() {
     constexpr int width = 600;
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(20, 16, 20, 16);
-    column->setSpacing(12);
-    auto* form = new QFormLayout;
-    form->setHorizontalSpacing(16);
-    form->setVerticalSpacing(8);
     name_->setText(ToQt(user_.name));
     name_->setEnabled(task_ == Task::Add);
-    AddField(*form, "&Name", name_);
+    AddCaptioned(Form(), "&Name", name_);
     if (task_ != Task::Password)
-        AddField(*form, "&Level", level_);
+        AddCaptioned(Form(), "&Level", level_);
     if (task_ != Task::Level)
-        AddPasswords(*form);
-    column->addLayout(form);
-    column->addWidget(refusal_);
-    column->addStretch();
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    AddAction(*buttons, *this, "Save", Qt::CTRL | Qt::Key_S, [this] { Save(); })->setDefault(true);
-    AddAction(*buttons, *this, "Cancel  (Esc)", {}, [this] { reject(); });
-    column->addLayout(buttons);
-    setMinimumWidth(width);
+        AddPasswords();
+    Finish(width);
 }
 
-void UserDialog::AddPasswords(QFormLayout& form) {
+void UserDialog::AddPasswords() {
     for (QLineEdit* box : {password_, again_}) {
         box->setEchoMode(QLineEdit::Password);
         box->setMaxLength(LongestPassword + 1);
     }
-    AddField(form, "&Password", password_);
+    AddCaptioned(Form(), "&Password", password_);
     QLabel* rule = Note(ToQt(PasswordRule()));
     rule->setWordWrap(true);
-    form.addRow({}, rule);
-    AddField(form, "&The same again", again_);
+    Form().addRow({}, rule);
+    AddCaptioned(Form(), "&The same again", again_);
 }
 
 // A level beyond those of the list is kept.
@@ -94,8 +64,7 @@ void UserDialog::FillLevels() {
 
 void UserDialog::Save() {
     const std::string why = WhyRefused();
-    refusal_->Say(ToQt(why));
-    GrowToFit(*this);
+    Refuse(why);
     if (why.empty())
         accept();
 }

@@ -33,8 +33,8 @@ UsersPage::UsersPage(OfficeSession& session) : session_(session) {
 void UsersPage::LayOut() {
     QVBoxLayout* column =
         PageColumn(*this, "Users",
-                   "Who signs in at the stations and in the office. A change counts from the next "
-                   "sign-in on.");
+                   "The users of the stations and of the office. A change takes effect at the next "
+                   "sign-in.");
     column->addWidget(readOnly_);
     LookLikeTable(*view_);
     view_->setModel(&model_);
@@ -117,7 +117,7 @@ void UsersPage::ChangePassword() {
     const std::string name = Chosen()->name;
     UserDialog dialog(session_, UserDialog::Task::Password, *Chosen(), window());
     if (dialog.exec() == QDialog::Accepted)
-        Tell(window(), "\"" + name + "\" has a new password.");
+        Inform(window(), "\"" + name + "\" has a new password.");
     Reload();
 }
 
@@ -126,7 +126,7 @@ void UsersPage::Remove() {
         return;
     const User user = *Chosen();
     const std::string self =
-        user.name == session_.user ? " You are signed in as this user yourself." : "";
+        user.name == session_.user ? " You are signed in as this user." : "";
     if (!Ask(window(), "Remove the user \"" + user.name + "\"?" + self, "&Remove"))
         return;
     if (const std::string why = RemoveUser(session_.connection, user); !why.empty())

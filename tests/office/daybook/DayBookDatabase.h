@@ -2,6 +2,7 @@
 
 #include "office/daybook/DayBook.h"
 #include "platform/ado/Connection.h"
+#include "station/ArrivalRows.h"
 #include "station/StationDatabase.h"
 
 #include <functional>
@@ -30,19 +31,17 @@ public:
     };
     void AddArrival(int id, const std::string& day, const std::string& party, int commodity,
                     const std::vector<Line>& lines) {
-        connection.Execute(
-            "Insert Into Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) Values (" +
-            std::to_string(id) + ", '" + day + "T00:00:00', " + std::to_string(commodity) + ", '" +
-            party + "')");
+        StoreArrival(connection, id, day, commodity, party);
         for (const Line& line : lines)
-            connection.Execute(
-                "Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
-                "NoOfBags, VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, "
-                "OtherDeduction, NetWeight) Values (" +
-                std::to_string(id) + ", " + std::to_string(commodity) + ", 1, 1, " +
-                Exact(line.bags) + ", '" + line.vehicle + "', " + Exact(line.tare) + ", " +
-                Exact(line.scaleDeduction) + ", " + Exact(line.bagWeight) + ", 0, " +
-                Exact(line.otherDeduction) + ", " + Exact(line.net) + ")");
+            StoreLine(connection, id,
+                      {.commodity = commodity,
+                       .bags = line.bags,
+                       .bagWeight = line.bagWeight,
+                       .tare = line.tare,
+                       .scaleDeduction = line.scaleDeduction,
+                       .otherDeduction = line.otherDeduction,
+                       .net = line.net,
+                       .vehicle = line.vehicle});
     }
     /// Adds in one transaction.
     void Together(const std::function<void()>& add) {

@@ -1,35 +1,21 @@
 #include "office/window/BackupPage.h"
 
-#include "WindowDriver.h"
+#include "PageTest.h"
 
-#include "../records/OfficeDatabase.h"
 #include "support/TestedEngine.h"
-
-#include <gtest/gtest.h>
-
-#include <QMainWindow>
 
 #include <filesystem>
 
 namespace Quillane::Office {
 namespace {
 
-class OfficeBackupPage : public testing::Test {
+class OfficeBackupPage : public PageTest {
 protected:
     void Open() {
         page = new BackupPage(session);
-        window.setCentralWidget(page);
-        window.resize(1090, 640);
-        ShowWindow(window);
-        page->setFocus();
+        ShowPage(page);
     }
 
-    OfficeDatabase database;
-    OfficeSession session{.connection = database.connection,
-                          .folder = database.folder.path,
-                          .user = "Nadia",
-                          .level = 1};
-    QMainWindow window;
     BackupPage* page = nullptr;
 };
 

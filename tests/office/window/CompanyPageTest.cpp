@@ -1,25 +1,17 @@
 #include "office/window/CompanyPage.h"
 
-#include "WindowDriver.h"
+#include "PageTest.h"
 
-#include "../records/OfficeDatabase.h"
 #include "platform/forms/core/Text.h"
-
-#include <gtest/gtest.h>
-
-#include <QMainWindow>
 
 namespace Quillane::Office {
 namespace {
 
-class OfficeCompany : public testing::Test {
+class OfficeCompany : public PageTest {
 protected:
     void Open() {
         page = new CompanyPage(session);
-        window.setCentralWidget(page);
-        window.resize(1090, 640);
-        ShowWindow(window);
-        page->setFocus();
+        ShowPage(page);
     }
     void Enter(std::string_view key, const char* text) {
         page->Box(key)->setFocus();
@@ -31,16 +23,10 @@ protected:
                              "'");
     }
 
-    OfficeDatabase database;
-    OfficeSession session{.connection = database.connection,
-                          .folder = database.folder.path,
-                          .user = "Nadia",
-                          .level = 1};
-    QMainWindow window;
     CompanyPage* page = nullptr;
 };
 
-TEST_F(OfficeCompany, AddressIsChangedWithTheNameLeftAlone) {
+TEST_F(OfficeCompany, AddressChangesWithoutTheName) {
     database.folder.Write("Station.ini", "[CompanyNames]\n1=Veltrane\n");
     Open();
     const std::string name = Stored("CompanyName");
@@ -54,13 +40,13 @@ TEST_F(OfficeCompany, AddressIsChangedWithTheNameLeftAlone) {
     LookAt(window, "company");
 }
 
-TEST_F(OfficeCompany, NameGoesToTheStationsFileToo) {
-    database.folder.Write("Station.ini", "; ours\n[CompanyNames]\n1=Veltrane\n");
+TEST_F(OfficeCompany, NameIsAlsoWrittenToStationIni) {
+    database.folder.Write("Station.ini", "; gate\n[CompanyNames]\n1=Veltrane\n");
     Open();
     Enter(CompanyName, "Riverside Mills");
     Press(window, Qt::CTRL | Qt::Key_S);
     EXPECT_EQ(Stored("CompanyName"), "RIVERSIDE MILLS");
-    EXPECT_EQ(database.folder.Read("Station.ini"), "; ours\n[CompanyNames]\n1=Riverside Mills\n");
+    EXPECT_EQ(database.folder.Read("Station.ini"), "; gate\n[CompanyNames]\n1=Riverside Mills\n");
 }
 
 TEST_F(OfficeCompany, RefusedNameKeepsTheEntries) {
@@ -75,7 +61,7 @@ TEST_F(OfficeCompany, RefusedNameKeepsTheEntries) {
     EXPECT_NE(Stored("CompanyPhone"), "0300");
 }
 
-TEST_F(OfficeCompany, SecondOfficeIsToldBothValues) {
+TEST_F(OfficeCompany, SecondOfficeSeesBothValues) {
     Open();
     Enter(CompanyAddress, "Ours");
     database.Run("Update Project_Registry Set value = 'Theirs' Where registrykey = "

@@ -113,7 +113,7 @@ TEST_F(OfficeDayBookPage, LastDayBeforeTheFirstIsRefused) {
     EXPECT_NE(Texts().find("The last day is before the first one."), std::string::npos);
 }
 
-TEST_F(OfficeDayBookPage, CancelledReadingSaysThatItIsNotWholeAndIsNotPrinted) {
+TEST_F(OfficeDayBookPage, CancelledReadingIsReportedAndNotPrinted) {
     database.Together([&] {
         for (int id = 0; id < 3 * DayBook::PageRows; ++id)
             database.AddArrival(21000 + id, "2024-05-02", "6010001", 1, {});
@@ -126,11 +126,11 @@ TEST_F(OfficeDayBookPage, CancelledReadingSaysThatItIsNotWholeAndIsNotPrinted) {
     EXPECT_NE(Texts().find("these are not all arrivals"), std::string::npos);
     const Answers answer({"OK"});
     Press(*window, Qt::CTRL | Qt::Key_D);
-    EXPECT_EQ(answer.Texts().at(0), "The day book is not read to its end. Please wait until it is, "
-                                    "or press F5 to read it again.");
+    EXPECT_EQ(answer.Texts().at(0), "The day book has not been read to its end. Wait until it has, or "
+                                    "press F5 to read it again.");
 }
 
-TEST_F(OfficeDayBookPage, FilesAreWrittenOfWhatIsInSight) {
+TEST_F(OfficeDayBookPage, FilesHoldTheShownTable) {
     Show();
     std::vector<QString> proposed;
     made->ChooseFile = [&](const QString& name, const QString&) {
@@ -153,7 +153,7 @@ TEST_F(OfficeDayBookPage, FilesAreWrittenOfWhatIsInSight) {
     EXPECT_TRUE(database.folder.Read("Day book 2024-05-02.xlsx").starts_with("PK"));
 }
 
-TEST_F(OfficeDayBookPage, ArrivalStoredMeanwhileComesWithReadAgain) {
+TEST_F(OfficeDayBookPage, ArrivalStoredLaterIsShownAfterReadAgain) {
     Show();
     database.AddLoad(20005, "2024-05-02", 5000, 4000, 5000);
     EXPECT_EQ(Rows(), 3);

@@ -1,28 +1,21 @@
 #include "office/window/ImportDialog.h"
 
-#include "WindowDriver.h"
+#include "PageTest.h"
 
-#include "../records/OfficeDatabase.h"
 #include "office/window/ListsPage.h"
 #include "platform/forms/core/Text.h"
 #include "support/ScreenDriver.h"
 
-#include <gtest/gtest.h>
-
-#include <QMainWindow>
 #include <QPushButton>
 
 namespace Quillane::Office {
 namespace {
 
-class OfficeImport : public testing::Test {
+class OfficeImport : public PageTest {
 protected:
     OfficeImport() {
         page->AskFileToRead = [this](QWidget*) { return ToQt(database.folder.File("list.csv")); };
-        window.setCentralWidget(page);
-        window.resize(1090, 640);
-        ShowWindow(window);
-        page->setFocus();
+        ShowPage(page);
     }
 
     static QTableView& View(QDialog& dialog) { return *dialog.findChild<QTableView*>(); }
@@ -41,16 +34,10 @@ protected:
     }
     long Cities() { return static_cast<long>(ReadRows(database.other, CitiesTable()).size()); }
 
-    OfficeDatabase database;
-    OfficeSession session{.connection = database.connection,
-                          .folder = database.folder.path,
-                          .user = "Nadia",
-                          .level = 1};
-    QMainWindow window;
     ListsPage* page = new ListsPage(session);
 };
 
-TEST_F(OfficeImport, PreviewTellsNewChangedUnchangedAndFaultyAndWritesNothing) {
+TEST_F(OfficeImport, PreviewShowsNewChangedUnchangedAndFaultyAndWritesNothing) {
     const Row city = ReadRows(database.other, CitiesTable()).at(0);
     const Row second = ReadRows(database.other, CitiesTable()).at(1);
     database.folder.Write("list.csv", "CityId;CityName\n;Rahwali\n" + city[0] + ";Renamed\n" +
@@ -73,7 +60,7 @@ TEST_F(OfficeImport, PreviewTellsNewChangedUnchangedAndFaultyAndWritesNothing) {
     EXPECT_EQ(Cities(), before);
 }
 
-TEST_F(OfficeImport, FaultyLinesAreLeftOutOnlyWhenTheUserSaysSo) {
+TEST_F(OfficeImport, FaultyLinesAreLeftOutOnlyWhenTheUserChoosesIt) {
     database.folder.Write("list.csv", "CityId,CityName\n,Rahwali\n77,\n");
     const long before = Cities();
     {
@@ -85,32 +72,32 @@ TEST_F(OfficeImport, FaultyLinesAreLeftOutOnlyWhenTheUserSaysSo) {
             Press(dialog, Qt::CTRL | Qt::Key_S);
             EXPECT_FALSE(dialog.isVisible());
         });
-        const Answers told({"OK"});
+        const Answers answers({"OK"});
         Press(window, Qt::CTRL | Qt::Key_I);
-        EXPECT_EQ(told.Texts().at(0), "1 row written.");
+        EXPECT_EQ(answers.Texts().at(0), "1 row written.");
     }
     EXPECT_EQ(Cities(), before + 1);
 }
 
-TEST_F(OfficeImport, FileThatCannotBeTakenIsToldWithTheReason) {
+TEST_F(OfficeImport, UnreadableFileIsRefusedWithTheReason) {
     for (const char* text : {"CityName\nM\xFCnchen\n", ""}) {
         database.folder.Write("list.csv", text);
-        const Answers told({"OK"});
+        const Answers answers({"OK"});
         Press(window, Qt::CTRL | Qt::Key_I);
-        EXPECT_FALSE(told.Texts().at(0).empty());
+        EXPECT_FALSE(answers.Texts().at(0).empty());
     }
 }
 
-TEST_F(OfficeImport, RowThatSomebodyElseChangesMeanwhileKeepsTheWholeImportOut) {
+TEST_F(OfficeImport, RowChangedByAnotherUserRefusesTheWholeImport) {
     const Row city = ReadRows(database.other, CitiesTable()).at(0);
     database.folder.Write("list.csv", "CityId,CityName\n,Rahwali\n" + city[0] + ",Ours\n");
     const long before = Cities();
     const Visit visit([&](QDialog& dialog) {
         WriteRows(database.other, CitiesTable(),
                   std::vector{database.Changed(CitiesTable(), city[0], "CityName", "Theirs")});
-        const Answers told({"OK"});
+        const Answers answers({"OK"});
         Press(dialog, Qt::CTRL | Qt::Key_S);
-        EXPECT_NE(told.Texts().at(0).find("it is now \"Theirs\", your entry is \"Ours\""),
+        EXPECT_NE(answers.Texts().at(0).find("it is now \"Theirs\", your entry is \"Ours\""),
                   std::string::npos);
     });
     Press(window, Qt::CTRL | Qt::Key_I);
@@ -124,7 +111,7 @@ TEST_F(OfficeImport, FailureOfTheDatabaseLeavesThePreviewOpen) {
     const long before = Cities();
     const Visit visit([&](QDialog& dialog) {
         {
-            const Answers told({"OK"});
+            const Answers answers({"OK"});
             Press(dialog, Qt::CTRL | Qt::Key_S);
         }
         EXPECT_TRUE(dialog.isVisible());

@@ -1,26 +1,19 @@
 #include "office/window/ListsPage.h"
 
-#include "WindowDriver.h"
+#include "PageTest.h"
 
-#include "../records/OfficeDatabase.h"
 #include "office/window/RowDialog.h"
 #include "platform/forms/core/Text.h"
 
-#include <gtest/gtest.h>
-
-#include <QMainWindow>
 #include <QMessageBox>
 
 namespace Quillane::Office {
 namespace {
 
-class OfficeLists : public testing::Test {
+class OfficeLists : public PageTest {
 protected:
     OfficeLists() {
-        window.setCentralWidget(page);
-        window.resize(1090, 640);
-        ShowWindow(window);
-        page->setFocus();
+        ShowPage(page);
     }
 
     void GoTo(const Table& table) {
@@ -36,6 +29,12 @@ protected:
     std::string ChosenName() {
         return FromQt(page->View()->currentIndex().siblingAtColumn(1).data().toString());
     }
+    /// Opens the form for a new party and acts in it.
+    void InFormOfNewParty(const std::function<void(QDialog&)>& act) {
+        GoTo(PartiesTable());
+        const Visit visit(act);
+        Press(window, Qt::CTRL | Qt::Key_N);
+    }
     static void SetLine(QDialog& dialog, const char* column, const char* text) {
         static_cast<QLineEdit*>(static_cast<RowDialog&>(dialog).Field(column))->setFocus();
         Press(dialog, Qt::CTRL | Qt::Key_A);
@@ -49,12 +48,6 @@ protected:
         return text;
     }
 
-    OfficeDatabase database;
-    OfficeSession session{.connection = database.connection,
-                          .folder = database.folder.path,
-                          .user = "Nadia",
-                          .level = 1};
-    QMainWindow window;
     ListsPage* page = new ListsPage(session);
 };
 
@@ -73,7 +66,7 @@ TEST_F(OfficeLists, SearchFindsRowsByEachWordInAnyCellWhileTyping) {
     EXPECT_EQ(page->Shown().rowCount(), 0);
 }
 
-TEST_F(OfficeLists, CityIsAddedByKeysAlone) {
+TEST_F(OfficeLists, CityIsAddedByKeys) {
     {
         const Visit visit([](QDialog& dialog) {
             Type(dialog, "Rahwali");
@@ -102,8 +95,7 @@ TEST_F(OfficeLists, RowIsRenamedInItsForm) {
 }
 
 TEST_F(OfficeLists, PartyWithoutACityIsRefusedAndTheEntriesStay) {
-    GoTo(PartiesTable());
-    const Visit visit([](QDialog& dialog) {
+    InFormOfNewParty([](QDialog& dialog) {
         Type(dialog, "Hamza Traders");
         Press(dialog, Qt::Key_Return);
         EXPECT_TRUE(dialog.isVisible());
@@ -113,12 +105,10 @@ TEST_F(OfficeLists, PartyWithoutACityIsRefusedAndTheEntriesStay) {
             "Hamza Traders");
         Press(dialog, Qt::Key_Escape);
     });
-    Press(window, Qt::CTRL | Qt::Key_N);
 }
 
 TEST_F(OfficeLists, UnknownCityIsRefusedWithWhatToDo) {
-    GoTo(PartiesTable());
-    const Visit visit([](QDialog& dialog) {
+    InFormOfNewParty([](QDialog& dialog) {
         Type(dialog, "Hamza Traders");
         static_cast<RowDialog&>(dialog).Field("CityId")->setFocus();
         Type(dialog, "Atlantis");
@@ -126,25 +116,20 @@ TEST_F(OfficeLists, UnknownCityIsRefusedWithWhatToDo) {
         EXPECT_NE(Notices(dialog).find("There is no city \"Atlantis\"."), std::string::npos);
         Press(dialog, Qt::Key_Escape);
     });
-    Press(window, Qt::CTRL | Qt::Key_N);
 }
 
 TEST_F(OfficeLists, NewCityIsAddedFromThePartysForm) {
-    GoTo(PartiesTable());
-    {
-        const Visit visit([this](QDialog& dialog) {
-            Type(dialog, "Hamza Traders");
-            static_cast<RowDialog&>(dialog).Field("CityId")->setFocus();
-            Type(dialog, "Rahwali");
-            {
-                const Visit inner([](QDialog& city) { Press(city, Qt::CTRL | Qt::Key_S); });
-                Press(dialog, Qt::CTRL | Qt::Key_N);
-            }
-            LookAt(dialog, "party-form");
-            Press(dialog, Qt::CTRL | Qt::Key_S);
-        });
-        Press(window, Qt::CTRL | Qt::Key_N);
-    }
+    InFormOfNewParty([this](QDialog& dialog) {
+        Type(dialog, "Hamza Traders");
+        static_cast<RowDialog&>(dialog).Field("CityId")->setFocus();
+        Type(dialog, "Rahwali");
+        {
+            const Visit inner([](QDialog& city) { Press(city, Qt::CTRL | Qt::Key_S); });
+            Press(dialog, Qt::CTRL | Qt::Key_N);
+        }
+        LookAt(dialog, "party-form");
+        Press(dialog, Qt::CTRL | Qt::Key_S);
+    });
     EXPECT_EQ(database.Text("Select CityName From Parties Inner Join Cities On Parties.CityId = "
                             "Cities.CityId Inner Join ChartOfAccounts On AccountNo = PartyId "
                             "Where AccountName = 'Hamza Traders'"),
@@ -152,8 +137,7 @@ TEST_F(OfficeLists, NewCityIsAddedFromThePartysForm) {
 }
 
 TEST_F(OfficeLists, AccountIsProposedByRoleUntilOneIsTyped) {
-    GoTo(PartiesTable());
-    const Visit visit([](QDialog& dialog) {
+    InFormOfNewParty([](QDialog& dialog) {
         auto& form = static_cast<RowDialog&>(dialog);
         const auto account = [&] {
             return FromQt(static_cast<QLineEdit*>(form.Field("PartyId"))->text());
@@ -169,12 +153,10 @@ TEST_F(OfficeLists, AccountIsProposedByRoleUntilOneIsTyped) {
         EXPECT_EQ(account(), "6099");
         Press(dialog, Qt::Key_Escape);
     });
-    Press(window, Qt::CTRL | Qt::Key_N);
 }
 
-TEST_F(OfficeLists, PartyWithoutARoleIsWarnedOfWhileItIsTyped) {
-    GoTo(PartiesTable());
-    const Visit visit([](QDialog& dialog) {
+TEST_F(OfficeLists, PartyWithoutARoleShowsAWarningWhileTyping) {
+    InFormOfNewParty([](QDialog& dialog) {
         Type(dialog, "Hamza");
         EXPECT_NE(Notices(dialog).find("not a seller, buyer or broker"), std::string::npos);
         static_cast<RowDialog&>(dialog).Field("IsSeller")->setFocus();
@@ -182,7 +164,6 @@ TEST_F(OfficeLists, PartyWithoutARoleIsWarnedOfWhileItIsTyped) {
         EXPECT_EQ(Notices(dialog).find("neither seller"), std::string::npos);
         Press(dialog, Qt::Key_Escape);
     });
-    Press(window, Qt::CTRL | Qt::Key_N);
 }
 
 TEST_F(OfficeLists, PartyIsRetiredAndPutBackInUse) {
@@ -196,7 +177,7 @@ TEST_F(OfficeLists, PartyIsRetiredAndPutBackInUse) {
     EXPECT_EQ(database.Stored(PartiesTable(), key)[7], "1");
 }
 
-TEST_F(OfficeLists, DeletingIsRefusedWhileARowRefersToItAndNamesIt) {
+TEST_F(OfficeLists, DeletingAReferencedRowIsRefusedAndNamesTheTable) {
     Press(window, Qt::Key_Return);
     const std::string name = ChosenName();
     const Answers answers({"Delete", "OK"});
@@ -224,12 +205,12 @@ TEST_F(OfficeLists, UnusedRowIsDeletedAfterAQuestion) {
     EXPECT_FALSE(database.Has(BagTypesTable(), "77"));
 }
 
-TEST_F(OfficeLists, SecondOfficeIsToldBothValuesAndKeepsWhatItHasNotTouched) {
+TEST_F(OfficeLists, SecondOfficeSeesBothValuesAndKeepsUneditedCells) {
     GoTo(PartiesTable());
     const std::string key = Cell(0, "PartyId");
     page->View()->selectRow(0);
     page->View()->setFocus();
-    std::string told;
+    std::string message;
     {
         const Visit visit([&](QDialog& dialog) {
             SetLine(dialog, "Address", "Ours");
@@ -241,9 +222,9 @@ TEST_F(OfficeLists, SecondOfficeIsToldBothValuesAndKeepsWhatItHasNotTouched) {
             EXPECT_EQ(WriteRows(database.other, PartiesTable(), std::vector{both}).end,
                       WriteResult::End::Written);
             {
-                const Visit box([&](QDialog& message) {
-                    told = FromQt(static_cast<QMessageBox&>(message).text());
-                    Press(message, Qt::Key_Return);
+                const Visit box([&](QDialog& dialog) {
+                    message = FromQt(static_cast<QMessageBox&>(dialog).text());
+                    Press(dialog, Qt::Key_Return);
                 });
                 Press(dialog, Qt::CTRL | Qt::Key_S);
             }
@@ -252,7 +233,8 @@ TEST_F(OfficeLists, SecondOfficeIsToldBothValuesAndKeepsWhatItHasNotTouched) {
         });
         Press(window, Qt::Key_F2);
     }
-    EXPECT_NE(told.find("it is now \"Theirs\", your entry is \"Ours\""), std::string::npos) << told;
+    EXPECT_NE(message.find("it is now \"Theirs\", your entry is \"Ours\""), std::string::npos)
+        << message;
     const Row stored = database.Stored(PartiesTable(), key);
     EXPECT_EQ(stored[PlaceOf(PartiesTable(), "Address")], "Ours");
     EXPECT_EQ(stored[1], "Renamed by them");
@@ -287,7 +269,7 @@ TEST_F(OfficeLists, ExportWritesTheListAsAFile) {
     EXPECT_NE(database.folder.Read("list.csv").find("CommodityName"), std::string::npos);
 }
 
-TEST_F(OfficeLists, ListOfAnotherProgramIsShownReadOnlyAndSaysWhoseItIs) {
+TEST_F(OfficeLists, ListOfAnotherProgramIsReadOnlyAndNamesItsOwner) {
     session.whyReadOnly = [](Connection&, std::span<const std::string_view> tables) {
         return tables.back() == "Parties" ? std::string("It belongs to the accounting database.")
                                           : std::string();

@@ -50,7 +50,7 @@ protected:
                           .level = 1};
 };
 
-TEST_F(OfficeFrame, ShowsAllPagesToLevelOneAndTheDayBookAloneToOthers) {
+TEST_F(OfficeFrame, ShowsAllPagesToLevelOneAndOnlyTheDayBookToOthers) {
     EXPECT_EQ(OfficeWindow(session, pages).Titles(), QStringList({"Lists", "Day book"}));
     for (const int level : {2, 3, -1}) {
         session.level = level;

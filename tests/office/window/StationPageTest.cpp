@@ -1,8 +1,7 @@
 #include "office/window/StationPage.h"
 
-#include "WindowDriver.h"
+#include "PageTest.h"
 
-#include "../records/OfficeDatabase.h"
 #include "office/window/PortDialog.h"
 #include "platform/comm/MSComm.h"
 #include "platform/comm/PseudoTerminal.h"
@@ -10,14 +9,10 @@
 #include "platform/host/StationFile.h"
 #include "support/ScreenDriver.h"
 
-#include <gtest/gtest.h>
-
-#include <QMainWindow>
-
 namespace Quillane::Office {
 namespace {
 
-class OfficeStation : public testing::Test {
+class OfficeStation : public PageTest {
 protected:
     OfficeStation() {
         MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
@@ -34,22 +29,13 @@ protected:
                                               "FT232R USB UART, FTDI",
                                               "May be opened (group dialout)"}};
         };
-        window.setCentralWidget(page);
-        window.resize(1090, 640);
-        ShowWindow(window);
-        page->setFocus();
+        ShowPage(page);
     }
     std::string Stored(const std::string& key) {
         return database.Text("Select RegistryValue From PortSettings Where RegistryKey = '" + key +
                              "'");
     }
 
-    OfficeDatabase database;
-    OfficeSession session{.connection = database.connection,
-                          .folder = database.folder.path,
-                          .user = "Nadia",
-                          .level = 1};
-    QMainWindow window;
     StationPage* page = nullptr;
 };
 
@@ -112,7 +98,7 @@ TEST_F(OfficeStation, LengthOfNoDigitsIsSavedOnlyAfterAQuestion) {
     EXPECT_EQ(Stored("DataLength"), before);
 }
 
-TEST_F(OfficeStation, SecondOfficeIsToldBothSettings) {
+TEST_F(OfficeStation, SecondOfficeSeesBothSettings) {
     Open();
     page->Line()->Length()->setValue(7);
     database.Run("Update PortSettings Set RegistryValue = '4' Where RegistryKey = 'DataLength'");

@@ -1,26 +1,18 @@
 #include "office/window/UsersPage.h"
 
-#include "WindowDriver.h"
+#include "PageTest.h"
 
-#include "../records/OfficeDatabase.h"
 #include "office/window/UserDialog.h"
 #include "platform/forms/core/Text.h"
 #include "signin/UserLogin.h"
 
-#include <gtest/gtest.h>
-
-#include <QMainWindow>
-
 namespace Quillane::Office {
 namespace {
 
-class OfficeUsers : public testing::Test {
+class OfficeUsers : public PageTest {
 protected:
     OfficeUsers() {
-        window.setCentralWidget(page);
-        window.resize(1090, 640);
-        ShowWindow(window);
-        page->setFocus();
+        ShowPage(page);
     }
 
     static void Fill(QDialog& dialog, const char* name, const char* password, const char* again) {
@@ -48,23 +40,16 @@ protected:
         return -1;
     }
 
-    OfficeDatabase database;
-    OfficeSession session{.connection = database.connection,
-                          .folder = database.folder.path,
-                          .user = "Nadia",
-                          .level = 1,
-                          .hashCost = HashCost::Minimum};
-    QMainWindow window;
     UsersPage* page = new UsersPage(session);
 };
 
-TEST_F(OfficeUsers, UserIsAddedByKeysWithTheRuleToldBefore) {
+TEST_F(OfficeUsers, UserIsAddedByKeysAndTheFormShowsThePasswordRule) {
     {
         const Visit visit([](QDialog& dialog) {
-            bool isTold = false;
+            bool isShown = false;
             for (const auto* label : dialog.findChildren<QLabel*>())
-                isTold = isTold || label->text() == ToQt(PasswordRule());
-            EXPECT_TRUE(isTold);
+                isShown = isShown || label->text() == ToQt(PasswordRule());
+            EXPECT_TRUE(isShown);
             Fill(dialog, "Imran", "wheat-2026", "wheat-2026");
             LookAt(dialog, "user-form");
             Press(dialog, Qt::Key_Return);
@@ -109,14 +94,14 @@ TEST_F(OfficeUsers, ForgottenPasswordIsReplacedByAnotherUser) {
             Fill(dialog, "", "barley-2026", "barley-2026");
             Press(dialog, Qt::Key_Return);
         });
-        const Answers told({"OK"});
+        const Answers answers({"OK"});
         Press(window, Qt::CTRL | Qt::Key_P);
     }
     EXPECT_TRUE(SignsIn("Imran", "barley-2026"));
     EXPECT_FALSE(SignsIn("Imran", "wheat-2026"));
 }
 
-TEST_F(OfficeUsers, LastUserOfLevelOneKeepsLevelAndPlace) {
+TEST_F(OfficeUsers, LastUserOfLevelOneIsNeitherChangedNorRemoved) {
     Choose("Nadia");
     {
         const Visit visit([](QDialog& dialog) {
@@ -131,7 +116,7 @@ TEST_F(OfficeUsers, LastUserOfLevelOneKeepsLevelAndPlace) {
     }
     const Answers answers({"Remove", "OK"});
     Press(window, Qt::Key_Delete);
-    EXPECT_NE(answers.Texts().at(0).find("You are signed in as this user yourself."),
+    EXPECT_NE(answers.Texts().at(0).find("You are signed in as this user."),
               std::string::npos);
     EXPECT_NE(answers.Texts().at(1).find("last user of level 1"), std::string::npos);
     EXPECT_EQ(LevelOf("Nadia"), 1);

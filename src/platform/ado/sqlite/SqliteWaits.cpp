@@ -1,5 +1,6 @@
 #include "platform/ado/sqlite/SqliteWaits.h"
 
+#include "platform/ado/AdoFailure.h"
 #include "platform/ado/Connection.h"
 
 #include <sqlite3.h>
@@ -33,6 +34,12 @@ SqliteWaits::SqliteWaits(const EmbeddedSupport& support) : begin_(support.waitFo
         begin_ = [longest = support.busyWait] { return std::make_unique<SilentWait>(longest); };
 }
 
+SqliteWaits::Statement::Statement(SqliteWaits& waits) : waits_(waits) {
+    if (waits.isAsking_)
+        FailDatabase("The database is locked by another station or program. Try again when it has "
+                     "been released.");
+}
+
 void SqliteWaits::Install(sqlite3* session) {
     sqlite3_busy_handler(session, GoOn, this);
 }
@@ -50,9 +57,13 @@ int SqliteWaits::GoOn(void* waits, int) {
             self.begun_ = now;
             self.wait_ = self.begin_();
         }
-        return self.wait_->GoOn(
+        self.isAsking_ = true;
+        const bool goesOn = self.wait_->GoOn(
             std::chrono::duration_cast<std::chrono::milliseconds>(now - self.begun_));
+        self.isAsking_ = false;
+        return goesOn;
     } catch (...) {
+        self.isAsking_ = false;
         return false;
     }
 }

@@ -24,10 +24,11 @@ public:
     /// For work that can be done later: a locked file is refused at once.
     static void Remove(sqlite3* session);
 
-    /// The destructor ends the wait, if there was one.
+    /// The destructor ends the wait, if there was one. A statement that begins during the wait of
+    /// another one, from an event processed in it, fails: the engine cannot run it.
     class Statement {
     public:
-        explicit Statement(SqliteWaits& waits) : waits_(waits) {}
+        explicit Statement(SqliteWaits& waits);
         ~Statement() { waits_.wait_.reset(); }
         Statement(const Statement&) = delete;
         Statement& operator=(const Statement&) = delete;
@@ -41,6 +42,7 @@ private:
 
     std::function<std::unique_ptr<LockWait>()> begin_;
     std::unique_ptr<LockWait> wait_;
+    bool isAsking_ = false; ///< inside `LockWait::GoOn`
     std::chrono::steady_clock::time_point begun_;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/forms/dialogs/WaitingScreen.h"
 
+#include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/dialogs/DialogLook.h"
 
@@ -48,7 +49,7 @@ void WaitingScreen::LayOut() {
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     AddButton(*buttons, BtnCancel, false);
-    auto* column = DialogColumn(*this, "Quillane", subtitle_);
+    auto* column = DialogColumn(*this, ProgramTitle(), subtitle_);
     LookLikeText(step_, 2);
     column->addWidget(&step_);
     column->addWidget(bar_);

@@ -1,0 +1,145 @@
+#include "platform/forms/dialogs/LockScreen.h"
+
+#include "platform/forms/core/Boxes.h"
+#include "platform/forms/dialogs/DialogLook.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QHBoxLayout>
+#include <QPointer>
+#include <QProgressBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace Quillane {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds step{20};
+/// A shorter wait shows no window, so that none flashes up.
+constexpr milliseconds untilWindow{400};
+
+int shownLockScreens = 0;
+
+/// Painting a window may read rows of the database.
+class UnpaintedWindows {
+public:
+    UnpaintedWindows() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->updatesEnabled()) {
+                window->setUpdatesEnabled(false);
+                windows_.emplace_back(window);
+            }
+    }
+    ~UnpaintedWindows() {
+        for (const auto& window : windows_)
+            if (window)
+                window->setUpdatesEnabled(true);
+    }
+    UnpaintedWindows(const UnpaintedWindows&) = delete;
+    UnpaintedWindows& operator=(const UnpaintedWindows&) = delete;
+
+private:
+    std::vector<QPointer<QWidget>> windows_;
+};
+
+class ShownWait : public LockWait {
+public:
+    explicit ShownWait(std::string_view whatFollows) : whatFollows_(whatFollows) {}
+    ~ShownWait() override { shownLockScreens -= window_ ? 1 : 0; }
+
+    bool GoOn(milliseconds waited) override {
+        if (waited < untilWindow) {
+            std::this_thread::sleep_for(step);
+            return true;
+        }
+        if (!window_)
+            Open();
+        LetEventsPass();
+        return !window_->IsCancelled;
+    }
+
+private:
+    void Open() {
+        hourglass_.reset();
+        others_.emplace();
+        window_ = std::make_unique<LockScreen>(whatFollows_);
+        ++shownLockScreens;
+        window_->setWindowModality(Qt::ApplicationModal);
+        window_->Show();
+    }
+
+    static void LetEventsPass() {
+        QEventLoop loop;
+        QTimer::singleShot(step, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+
+    std::string whatFollows_;
+    std::optional<Hourglass> hourglass_{std::in_place};
+    std::optional<UnpaintedWindows> others_;
+    std::unique_ptr<LockScreen> window_;
+};
+
+} // namespace
+
+std::unique_ptr<LockWait> WaitWithLockScreen(std::string_view whatFollows) {
+    return std::make_unique<ShownWait>(whatFollows);
+}
+
+bool IsLockScreenShown() {
+    return shownLockScreens > 0;
+}
+
+LockScreen::LockScreen(std::string_view whatFollows)
+    : Screen("LockScreen", ProgramTitle()),
+      text_("Another station or program has locked the database. " + std::string(whatFollows) +
+            " as soon as the lock is released.") {
+    BtnCancel.Click = [this] { BtnCancel_Click(); };
+    BtnCancel.SetTabIndex(0);
+    LayOut();
+}
+
+LockScreen::~LockScreen() = default;
+
+void LockScreen::LayOut() {
+    auto* bar = new QProgressBar;
+    bar->setRange(0, 0);
+    bar->setTextVisible(false);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    AddButton(*buttons, BtnCancel, false);
+    auto* column = DialogColumn(*this, ProgramTitle(), subtitle_);
+    LookLikeText(text_, 2);
+    column->addWidget(&text_);
+    column->addWidget(bar);
+    column->addLayout(buttons);
+    setFixedWidth(440);
+}
+
+// The owner of the window closes it.
+void LockScreen::Form_Unload(bool& cancel) {
+    cancel = true;
+    BtnCancel_Click();
+}
+
+void LockScreen::Form_KeyDown(int& key, int /*shift*/) {
+    if (key == Key::Escape)
+        BtnCancel_Click();
+    if (key == Key::Escape || key == Key::Return || key == Key::Space)
+        key = 0;
+}
+
+void LockScreen::BtnCancel_Click() {
+    IsCancelled = true;
+    BtnCancel.SetEnabled(false);
+}
+
+} // namespace Quillane
