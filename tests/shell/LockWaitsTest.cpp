@@ -62,6 +62,24 @@ TEST(WaitDuringStart, WindowIsShownAfterADelay) {
     EXPECT_TRUE(ShownScreens().empty());
 }
 
+TEST(WaitDuringStart, OtherWindowsAreNotPaintedDuringTheWait) {
+    const StartOfStation start;
+    QWidget other;
+    other.show();
+    {
+        const auto wait = WaitForLock();
+        EXPECT_TRUE(wait->GoOn(milliseconds(0)));
+        EXPECT_TRUE(other.updatesEnabled());
+        EXPECT_FALSE(IsLockScreenShown());
+        EXPECT_TRUE(wait->GoOn(milliseconds(400)));
+        EXPECT_FALSE(other.updatesEnabled());
+        EXPECT_TRUE(Window()->updatesEnabled());
+        EXPECT_TRUE(IsLockScreenShown());
+    }
+    EXPECT_TRUE(other.updatesEnabled());
+    EXPECT_FALSE(IsLockScreenShown());
+}
+
 TEST(WaitDuringStart, EscButtonAndCloseCancelButKeysTypedAheadDoNot) {
     const StartOfStation start;
     const std::function<void(LockScreen&)> ways[] = {

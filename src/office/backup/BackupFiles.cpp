@@ -23,8 +23,10 @@ namespace {
 const QString ending = ".db";
 const QString unfinished = ".part";
 
+const QString timeForm = "yyyyMMdd-HHmmss";
+
 QString TimeText(const QDateTime& time) {
-    return time.toString("yyyyMMdd-HHmmss");
+    return time.toString(timeForm);
 }
 
 QDateTime QtTime(Clock::time_point time) {
@@ -51,6 +53,14 @@ QStringList NamesIn(const QString& folder, const std::string& database, const QS
 
 std::string TimeInName(Clock::time_point time) {
     return FromQt(TimeText(QtTime(time)));
+}
+
+std::optional<Clock::time_point> TimeOfName(const std::string& file) {
+    const QString name = QFileInfo(ToQt(file)).completeBaseName();
+    const QDateTime time = QDateTime::fromString(name.right(timeForm.size()), timeForm);
+    if (!time.isValid())
+        return std::nullopt;
+    return Clock::from_time_t(time.toSecsSinceEpoch());
 }
 
 std::vector<std::string> BackupsIn(const std::string& folder, const std::string& database) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ using Clock = std::chrono::system_clock;
 
 /// Formats the local time, to the second: "20261122-104149".
 std::string TimeInName(Clock::time_point time);
+
+/// The local time at the end of a file's name, as `TimeInName` writes it; empty if there is none.
+std::optional<Clock::time_point> TimeOfName(const std::string& file);
 
 /// Lists the backups of this database with their paths, oldest first. Empty if the folder does not
 /// exist. Errors: 75 if it cannot be read.

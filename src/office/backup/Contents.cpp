@@ -95,6 +95,12 @@ long Contents::RowsOf(const std::string& table) const {
     return found == rows.end() ? 0 : found->second;
 }
 
+std::string DescribeContents(const Contents& contents) {
+    const long arrivals = contents.RowsOf("Arrivals");
+    return std::to_string(arrivals) + (arrivals == 1 ? " arrival" : " arrivals") +
+           (contents.lastArrival.empty() ? "" : ", the last one " + contents.lastArrival);
+}
+
 Contents ContentsOf(EmbeddedFile& file) {
     Contents contents;
     std::istringstream tables(

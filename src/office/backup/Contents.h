@@ -23,6 +23,9 @@ struct Contents {
     bool operator==(const Contents&) const = default;
 };
 
+/// "299 arrivals, the last one 1042 of 2026-11-20".
+std::string DescribeContents(const Contents& contents);
+
 Contents ContentsOf(EmbeddedFile& file);
 
 /// Checks a complete database file and returns its contents. Requires: nobody else writes the file.

@@ -47,11 +47,9 @@ bool IsSameFile(const std::string& left, const std::string& right) {
 
 /// A restore that was killed just before the replacement has left a second name of the file.
 void RemoveSecondNames(const std::string& database) {
-    const QFileInfo info(ToQt(database));
-    const QStringList form{info.completeBaseName() + "-before-restore-*.db"};
-    for (const QFileInfo& old : info.dir().entryInfoList(form, QDir::Files))
-        if (IsSameFile(FromQt(old.filePath()), database))
-            QFile::remove(old.filePath());
+    for (const std::string& kept : KeptByRestores(database))
+        if (IsSameFile(kept, database))
+            QFile::remove(ToQt(kept));
 }
 
 /// Refuses a backup that is not a single file, and the database itself.
@@ -100,6 +98,22 @@ std::string NameOfOld(const std::string& database) {
 }
 
 } // namespace
+
+std::vector<std::string> KeptByRestores(const std::string& database) {
+    const QFileInfo info(ToQt(database));
+    const QStringList form{info.completeBaseName() + "-before-restore-*.db"};
+    std::vector<std::string> kept;
+    for (const QFileInfo& file : info.dir().entryInfoList(form, QDir::Files, QDir::Name))
+        kept.push_back(FromQt(file.filePath()));
+    return kept;
+}
+
+Contents CheckCopy(const std::string& database, const std::string& copy, LongWork& work) {
+    RefuseByFiles(database, copy);
+    const Contents contents = LookThrough(copy, copy, work);
+    RefuseForeign(copy, contents, copy);
+    return contents;
+}
 
 Restoration::Restoration(std::string database, const std::string& copy, LongWork& work)
     : database_(std::move(database)), lock_(database_), checked_(database_ + ".restore") {

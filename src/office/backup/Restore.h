@@ -4,8 +4,17 @@
 #include "office/backup/WorkLock.h"
 
 #include <string>
+#include <vector>
 
 namespace Quillane::Office {
+
+/// Checks all of a copy and returns what it contains. Fails, with what to do, if `Restoration`
+/// would refuse the copy. Throws `Cancelled` if the work is cancelled.
+Contents CheckCopy(const std::string& database, const std::string& copy, LongWork& work);
+
+/// The files in which restores have kept earlier databases, the oldest first. Restoring one of them
+/// undoes a restore.
+std::vector<std::string> KeptByRestores(const std::string& database);
 
 /// Replaces an embedded database by a backup. The constructor checks the backup completely and
 /// changes nothing; `PutInPlace` replaces the database. If the process is killed or the power

@@ -4,7 +4,6 @@
 #include "office/backup/BackupFiles.h"
 #include "office/backup/Restore.h"
 #include "office/commands/StationConnection.h"
-#include "office/records/Texts.h"
 #include "platform/host/StationFile.h"
 
 #include <memory>
@@ -13,11 +12,6 @@
 namespace Quillane::Office {
 
 namespace {
-
-std::string Described(const Contents& contents) {
-    return Counted(contents.RowsOf("Arrivals"), "arrival", "arrivals") +
-           (contents.lastArrival.empty() ? "" : ", the last one " + contents.lastArrival);
-}
 
 ExitCode ReportCancelled(Terminal& terminal) {
     terminal.err << "Cancelled. Nothing has been changed.\n";
@@ -33,7 +27,7 @@ BackupOrder OrderOf(const std::string& stationFolder, const std::string& databas
 }
 
 void ReportBackup(const Backup& backup, Terminal& terminal) {
-    terminal.out << "Backup " << backup.file << ": " << Described(backup.contents) << ".\n";
+    terminal.out << "Backup " << backup.file << ": " << DescribeContents(backup.contents) << ".\n";
     for (const std::string& file : backup.removed)
         terminal.out << "Removed " << file << ".\n";
     for (const std::string& note : backup.notes)
@@ -42,7 +36,7 @@ void ReportBackup(const Backup& backup, Terminal& terminal) {
 
 bool IsConfirmed(const Restoration& restoration, const Request& request, Terminal& terminal) {
     terminal.out << "The backup " << request.file
-                 << " is valid: " << Described(restoration.OfCopy()) << ".\n"
+                 << " is valid: " << DescribeContents(restoration.OfCopy()) << ".\n"
                  << std::flush;
     return request.isConfirmed || terminal.confirm("Replace the database of the station by it?");
 }

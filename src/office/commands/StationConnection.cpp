@@ -77,7 +77,8 @@ std::string EmbeddedDatabaseOf(const std::string& folder) {
 }
 
 void OpenStationDatabase(Connection& connection, const std::string& folder,
-                         const ServerSignIn& signIn) {
+                         const ServerSignIn& signIn,
+                         std::function<std::unique_ptr<LockWait>()> waitForLock) {
     const std::string config = folder + "/Config.ini";
     if (!FileExists(config))
         throw Failure(
@@ -85,8 +86,9 @@ void OpenStationDatabase(Connection& connection, const std::string& folder,
             "There is no " + config +
                 ". Start the station first to set up its database, or name another folder "
                 "with --station.");
-    connection.SetEmbeddedSupport(
-        {.folder = folder, .registerFunctions = RegisterEmbeddedFunctions});
+    connection.SetEmbeddedSupport({.folder = folder,
+                                   .registerFunctions = RegisterEmbeddedFunctions,
+                                   .waitForLock = std::move(waitForLock)});
     connection.ConnectionTimeout = connectionTimeoutSeconds;
     RemoveAccessOfOthers(config); // it may contain a password
     const std::string fragment = ReadFirstField(config);

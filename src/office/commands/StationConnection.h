@@ -1,5 +1,9 @@
 #pragma once
 
+#include "platform/ado/LockWait.h"
+
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,9 +20,11 @@ struct ServerSignIn {
 };
 
 /// Opens the database of `Config.ini` in the station folder. Errors: a failure if the station has
-/// not been set up, or if the schema number of the database is not that of this program.
+/// not been set up, or if the schema number of the database is not that of this program. `waitForLock`
+/// shows the wait for the lock of an embedded database; if it is empty, nothing is shown.
 void OpenStationDatabase(Connection& connection, const std::string& folder,
-                         const ServerSignIn& signIn);
+                         const ServerSignIn& signIn,
+                         std::function<std::unique_ptr<LockWait>()> waitForLock = {});
 
 /// Returns the file of the embedded database in `Config.ini`, which may not exist; empty if the
 /// database is on a server. Without a `Config.ini` it is the default file of the set-up.

@@ -8,6 +8,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/forms/core/Application.h"
 #include "platform/forms/core/Text.h"
+#include "platform/forms/dialogs/LockScreen.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/StationFolder.h"
 #include "platform/host/Version.h"
@@ -88,9 +89,11 @@ int RunWindow(int argc, char** argv, const Request& request) {
         ServerSignIn signIn{.name = request.signIn};
         if (!signIn.name.empty() && !AskServerPassword(signIn.name, signIn.password))
             return;
-        Connection connection;
-        OpenStationDatabase(connection, StationFolder(), signIn);
-        code = RunOffice(connection, StationFolder());
+        const auto open = [&signIn](Connection& connection) {
+            OpenStationDatabase(connection, StationFolder(), signIn,
+                                [] { return WaitWithLockScreen("Your work continues"); });
+        };
+        code = RunOffice(open, StationFolder());
     });
     return code;
 }

@@ -3,19 +3,32 @@
 #include "office/window/OfficeSession.h"
 #include "office/window/PageLook.h"
 
-#include <QListWidget>
+#include <QStandardItemModel>
+#include <QTableView>
 #include <QWidget>
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace Quillane {
+class LongWork;
+}
 
 namespace Quillane::Office {
 
-/// The backups of an embedded database, and "Back up now"; for one on a server how it is done
-/// there.
+/// The copies of an embedded database, "Back up now", the check of the copies and their restore.
+/// For a database on a server it describes how it is done there.
 class BackupPage : public QWidget {
 public:
     explicit BackupPage(OfficeSession& session);
 
-    QListWidget* Backups() { return backups_; }
+    /// Asks for a copy in any folder; empty if the user cancels. Replaced by tests.
+    std::function<QString(QWidget* over, const QString& folder)> AskFile;
+
+    QTableView* Copies() { return copies_; }
     QString Place() const { return place_->text(); }
+    QString Remark() const { return remark_->text(); }
 
     /// Reads the folder again.
     void Reload();
@@ -25,13 +38,28 @@ protected:
 
 private:
     void LayOut();
-    void BackUpNow();
+    void AddRow(const std::string& file, const QString& kind);
+    void ShowCopies();
+    void ShowRemark();
     std::string Folder() const;
+    /// The file of the chosen row; empty if there is none.
+    std::string Chosen() const;
+
+    void BackUpNow();
+    void CheckAll();
+    /// Checks a copy and notes the result; empty if the copy can be restored.
+    std::string Check(const std::string& file, LongWork& work);
+    void RestoreOther();
+    void Restore(const std::string& file);
+    bool IsConfirmed(const std::string& file);
 
     OfficeSession& session_;
-    std::string database_; ///< its file; empty on a server
+    std::string database_;                      ///< its file; empty on a server
+    std::map<std::string, QString> findings_{}; ///< of the checks, by file
+    QStandardItemModel model_;
     QLabel* place_ = Note({});
-    QListWidget* backups_ = new QListWidget;
+    QTableView* copies_ = new QTableView;
+    QLabel* remark_ = Note({}); ///< the finding of the chosen row, whole
 };
 
 } // namespace Quillane::Office

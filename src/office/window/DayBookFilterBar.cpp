@@ -1,5 +1,6 @@
 #include "office/window/DayBookFilterBar.h"
 
+#include "office/window/PageLook.h"
 #include "platform/forms/core/Text.h"
 
 #include <QBoxLayout>
@@ -157,6 +158,7 @@ void DayBookFilterBar::LayOut() {
     AddField(*days, "F&rom", from_);
     AddField(*days, "&To", to_);
     AddField(*days, "&Vehicle", vehicle_, 1);
+    ActAtOnce(*inside_);
     days->addWidget(inside_);
     column->addLayout(days);
     auto* names = new QHBoxLayout;

@@ -2,6 +2,7 @@
 
 #include "office/records/Texts.h"
 #include "platform/forms/core/Text.h"
+#include "platform/forms/dialogs/LockScreen.h"
 #include "platform/runtime/Failure.h"
 
 #include <QBoxLayout>
@@ -73,6 +74,7 @@ void DayBookPage::AddActions(QBoxLayout& column) {
     auto* row = new QHBoxLayout;
     AddAction(*row, *this, "Read again", QKeySequence(Qt::Key_F5), [this] { Read(); });
     row->addStretch();
+    ActAtOnce(*all_);
     row->addWidget(all_);
     AddAction(*row, *this, "Print", QKeySequence("Ctrl+P"), [this] { Print(); });
     AddAction(*row, *this, "PDF", QKeySequence("Ctrl+D"), [this] { SavePdf(); });
@@ -114,8 +116,10 @@ void DayBookPage::CancelReading() {
     ShowEnd("Reading was cancelled: these are not all arrivals. F5 reads them again.");
 }
 
-/// No exception travels through the timer.
+/// No exception passes through the timer.
 void DayBookPage::ReadOn() {
+    if (IsLockScreenShown())
+        return;
     try {
         const bool hasMore = book_->ReadOn();
         arrivals_.TakeMore();

@@ -7,8 +7,8 @@
 
 namespace Quillane::Office {
 
-/// A dialog with a form: captioned fields, below them what the form reports, Save and Cancel. Ctrl+S
-/// and Enter save, Esc leaves without saving.
+/// A dialog with a form: captioned fields, below them what the form reports, Save and Cancel.
+/// Ctrl+S and Enter save, Esc leaves without saving.
 class FormDialog : public QDialog {
 public:
     QString Refusal() const { return refusal_->text(); }

@@ -117,6 +117,7 @@ void ImportDialog::LayOut() {
         unread->Say("The list does not have these columns; they are ignored: " + names.join(", "));
     }
     column->addWidget(unread);
+    ActAtOnce(*skips_);
     auto* top = new QHBoxLayout;
     auto* caption = new QLabel("S&how");
     caption->setBuddy(kinds_);

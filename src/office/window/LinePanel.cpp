@@ -129,6 +129,7 @@ QLayout* LinePanel::ReadingRow() {
     length_->setSuffix(" digits");
     AddCaptioned(*row, "Data dire&ction", direction_);
     AddCaptioned(*row, "Len&gth", length_);
+    ActAtOnce(*reversed_);
     reversed_->setMinimumHeight(30);
     row->addWidget(reversed_, 0, Qt::AlignBottom);
     return row;

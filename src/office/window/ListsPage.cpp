@@ -294,7 +294,7 @@ void ListsPage::Export() {
     const Snapshot known = ReadSnapshot(session_.connection, CurrentTable());
     WriteWholeFile(FromQt(file), ExportText(known));
     Inform(window(), Counted(static_cast<long>(known.rows.Rows().size()), "row", "rows") +
-                       " written to " + FromQt(file) + ".");
+                         " written to " + FromQt(file) + ".");
 }
 
 } // namespace Quillane::Office

@@ -113,11 +113,11 @@ void MovePage::MoveNow() {
         return;
     const std::optional<MovedStation> moved = RunMove();
     if (!moved) {
-        Tell(window(), "Cancelled. The station works on its database on this computer as before. "
+        Inform(window(), "Cancelled. The station works on its database on this computer as before. "
                        "The next move begins again.");
         return;
     }
-    Tell(window(), Told(*moved, order_.place));
+    Inform(window(), Told(*moved, order_.place));
     window()->close();
 }
 

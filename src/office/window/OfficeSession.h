@@ -25,6 +25,9 @@ struct OfficeSession {
         [](Connection& asked, std::span<const std::string_view> tables) {
             return WhyReadOnly(asked, tables);
         };
+    /// Set by a page that then closes the window: the copy that replaces the embedded database when
+    /// the window has been closed. Empty: none.
+    std::string copyToRestore{};
 };
 
 } // namespace Quillane::Office

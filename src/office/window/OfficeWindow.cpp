@@ -136,6 +136,10 @@ void OfficeWindow::ShowPage(int place) {
                              : navigation_->topLevelItem(static_cast<int>(shown - made_.begin())));
 }
 
+void OfficeWindow::ShowPage(const QString& title) {
+    ShowPage(static_cast<int>(Titles().indexOf(title)));
+}
+
 QWidget* OfficeWindow::CurrentPage() const {
     return stack_->currentWidget();
 }

@@ -20,6 +20,8 @@ public:
     /// The titles in the navigation.
     QStringList Titles() const;
     void ShowPage(int place);
+    /// Shows the page with this title, if the user may see it.
+    void ShowPage(const QString& title);
     /// The shown page; null if the user may see none.
     QWidget* CurrentPage() const;
 

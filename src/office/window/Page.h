@@ -4,7 +4,8 @@
 
 namespace Quillane::Office {
 
-/// A page of the main window that may hold unsaved entries. A page without entries is a plain widget.
+/// A page of the main window that may hold unsaved entries. A page without entries is a plain
+/// widget.
 class Page : public QWidget {
 public:
     using QWidget::QWidget;

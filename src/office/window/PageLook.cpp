@@ -2,6 +2,7 @@
 
 #include "office/window/OfficeBoxes.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
 #include <QDialog>
 #include <QFormLayout>
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QShortcutEvent>
 #include <QTableView>
 
 namespace Quillane::Office {
@@ -31,7 +33,25 @@ QLabel* ColouredLabel(const QString& text, int points, bool bold, const QColor& 
     return label;
 }
 
+class ActingAtOnce : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
+            return false;
+        auto& button = static_cast<QAbstractButton&>(*watched);
+        if (button.isCheckable())
+            button.setFocus(Qt::ShortcutFocusReason);
+        button.click();
+        return true;
+    }
+};
+
 } // namespace
+
+void ActAtOnce(QAbstractButton& button) {
+    static ActingAtOnce filter;
+    button.installEventFilter(&filter);
+}
 
 QVBoxLayout* PageColumn(QWidget& page, const QString& title, const QString& purpose) {
     constexpr int margin = 20;
@@ -54,6 +74,7 @@ QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
     const QString keys = shortcut.toString(QKeySequence::NativeText);
     auto* button = new QPushButton(keys.isEmpty() ? caption : caption + "  (" + keys + ")");
     button->setAutoDefault(false);
+    ActAtOnce(*button);
     button->setMinimumHeight(32);
     FitToText(*button);
     QObject::connect(button, &QPushButton::clicked, &page,

@@ -5,6 +5,7 @@
 
 #include <functional>
 
+class QAbstractButton;
 class QBoxLayout;
 class QDialog;
 class QFormLayout;
@@ -19,15 +20,20 @@ namespace Quillane::Office {
 /// The column of the page's contents, below its title and a line that describes its purpose.
 QVBoxLayout* PageColumn(QWidget& page, const QString& title, const QString& purpose);
 
-/// A button that shows its shortcut and is also pressed by it, anywhere on the page. The letter after
-/// the ampersand presses it too. A failure of its action is shown in a box.
+/// A button that shows its shortcut and is also pressed by it, anywhere on the page. The letter
+/// after the ampersand presses it too. A failure of its action is shown in a box.
 QPushButton* AddAction(QBoxLayout& row, QWidget& page, const QString& caption,
                        const QKeySequence& shortcut, std::function<void()> act);
+
+/// Makes the letter of a button or check box act at once. Without this, Qt first shows the button
+/// as pressed for a tenth of a second, and a key that follows is handled before it.
+void ActAtOnce(QAbstractButton& button);
 
 /// Makes a button wide enough for its text. To be called after a change of the text.
 void FitToText(QPushButton& button);
 
-/// Wrapped text on a coloured background: what the user should know about the page. Hidden while empty.
+/// Wrapped text on a coloured background: what the user should know about the page. Hidden while
+/// empty.
 class Notice : public QLabel {
 public:
     enum class Kind { Information, Fault };
@@ -35,8 +41,8 @@ public:
     void Say(const QString& text);
 };
 
-/// Adds an ampersand to a caption, before its first letter that is not among those used, and adds the
-/// letter to them. Adds none if no letter is left.
+/// Adds an ampersand to a caption, before its first letter that is not among those used, and adds
+/// the letter to them. Adds none if no letter is left.
 QString WithLetter(const QString& caption, QString& used);
 
 /// The distances between the fields of a form.

@@ -22,7 +22,7 @@ QWidget* Make(OfficeSession& session) {
 constexpr std::array pages{
     PageEntry{"Lists", false, Make<ListsPage>},     PageEntry{"Users", false, Make<UsersPage>},
     PageEntry{"Company", false, Make<CompanyPage>}, PageEntry{"Station", false, Make<StationPage>},
-    PageEntry{"Backup", false, Make<BackupPage>},   PageEntry{"Day book", true, Make<DayBookPage>},
+    PageEntry{BackupTitle, false, Make<BackupPage>},   PageEntry{"Day book", true, Make<DayBookPage>},
     PageEntry{"Move", false, Make<MovePage>},
 };
 

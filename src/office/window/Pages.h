@@ -15,6 +15,8 @@ struct PageEntry {
     QWidget* (*make)(OfficeSession& session);
 };
 
+inline constexpr const char* BackupTitle = "Backup";
+
 /// All pages, in the order of the navigation; Ctrl+1 shows the first that the user may see.
 std::span<const PageEntry> AllPages();
 

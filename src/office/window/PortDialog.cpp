@@ -24,6 +24,7 @@ void PortDialog::LayOut() {
     constexpr int width = 620;
     AddCaptioned(Form(), "&Port number", port_);
     AddCaptioned(Form(), "&Device", device_);
+    ActAtOnce(*bursts_);
     Form().addRow({}, bursts_);
     Form().addRow({}, Note("For an indicator that pauses between its frames: no number is cut."));
     Finish(width);

@@ -43,6 +43,7 @@ void RowDialog::AddEntry(std::size_t place) {
     const QString caption = WithLetter(ToQt(column.caption), letters_);
     if (column.kind == CellKind::Flag) {
         entry.check = new QCheckBox(caption);
+        ActAtOnce(*entry.check);
         entry.check->setAccessibleName(ToQt(column.caption));
         connect(entry.check, &QCheckBox::toggled, this, [this] { ProposeKey(); });
         connect(entry.check, &QCheckBox::toggled, this, [this] { ShowWarnings(); });
@@ -216,9 +217,8 @@ void RowDialog::TakeConflict(const RowChange& change, const Conflict& conflict) 
             merged[column] = change.after[column];
     before_ = conflict.stored;
     ShowRow(merged);
-    Warn(this, text +
-                   "\n\nNothing has been written. Your entries are still here: save again to "
-                   "replace the stored values by them, or cancel.");
+    Warn(this, text + "\n\nNothing has been written. Your entries are still here: save again to "
+                      "replace the stored values by them, or cancel.");
 }
 
 void RowDialog::showEvent(QShowEvent* event) {

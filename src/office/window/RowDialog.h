@@ -14,8 +14,8 @@
 namespace Quillane::Office {
 
 /// A form for one row of a list, new or changed. What the rules refuse keeps it open; what they
-/// warn of is shown while it is typed. If another session has changed the row, both values are shown
-/// and the entries stay.
+/// warn of is shown while it is typed. If another session has changed the row, both values are
+/// shown and the entries stay.
 class RowDialog : public FormDialog {
 public:
     RowDialog(Connection& connection, const Table& table, std::optional<Row> before,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace Quillane {
@@ -8,9 +9,10 @@ class Connection;
 
 namespace Quillane::Office {
 
-/// Signs in as at the station and shows the main window until it is closed. Gives the exit code of
-/// the process: 0 also where nobody signs in.
-int RunOffice(Connection& connection, const std::string& folder);
+/// Signs in as at the station and shows the main window until it is closed. If the user restores a
+/// copy of an embedded database, the window is closed for it and opened again. `open` opens the
+/// station's database. Returns the exit code of the process: 0 also if nobody signs in.
+int RunOffice(const std::function<void(Connection&)>& open, const std::string& folder);
 
 /// Asks for the password of the database server's sign-in. Returns false if the user cancels.
 bool AskServerPassword(const std::string& signIn, std::string& password);

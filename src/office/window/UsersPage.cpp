@@ -125,8 +125,7 @@ void UsersPage::Remove() {
     if (!Chosen())
         return;
     const User user = *Chosen();
-    const std::string self =
-        user.name == session_.user ? " You are signed in as this user." : "";
+    const std::string self = user.name == session_.user ? " You are signed in as this user." : "";
     if (!Ask(window(), "Remove the user \"" + user.name + "\"?" + self, "&Remove"))
         return;
     if (const std::string why = RemoveUser(session_.connection, user); !why.empty())

@@ -2,6 +2,13 @@
 
 #include "BackupFixture.h"
 
+#include "platform/runtime/Numbers.h"
+#include "setup/SchemaUpgrade.h"
+
+#include <csignal>
+
+#include <sys/resource.h>
+
 namespace Quillane::Office {
 namespace {
 
@@ -38,6 +45,26 @@ protected:
 
     std::string copy;
     long old = 0;
+};
+
+/// No file can grow beyond this number of bytes: a write beyond it fails as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
 };
 
 TEST_F(Restore, ReplacesTheDatabaseAndIsUndoneWithTheKeptFile) {
@@ -127,7 +154,8 @@ TEST_F(Restore, RefusesANewerOrUnreadableSchemaNumber) {
         }));
     };
     EXPECT_TRUE(Says(withSchema("UPDATE StationSchema SET SchemaVersion = 99"),
-                     "is 99, newer than that of this program (2)"));
+                     "is 99, newer than that of this program (" +
+                         NumberText(SchemaVersionOfProgram()) + ")"));
     EXPECT_TRUE(Says(withSchema("DELETE FROM StationSchema"), "cannot be read"));
     EXPECT_TRUE(
         Says(withSchema("UPDATE StationSchema SET SchemaVersion = 'two'"), "cannot be read"));
@@ -171,6 +199,45 @@ TEST_F(Restore, KeepsTheFilePermissionsOfTheDatabase) {
     fs::permissions(Database(), fs::perms(0640));
     Put(copy);
     EXPECT_EQ(fs::status(Database()).permissions(), fs::perms(0640));
+}
+
+TEST_F(Restore, FullDiskChangesNothing) {
+    const auto size = fs::file_size(copy);
+    for (const auto bytes : {std::uintmax_t{0}, std::uintmax_t{4096}, size / 2, size - 1}) {
+        std::string text;
+        {
+            const FullDisk disk(bytes);
+            text = FailureOf([&] { Put(copy); }).Description();
+        }
+        EXPECT_TRUE(Says(text, "The copy cannot be brought next to the database: ")) << text;
+        EXPECT_TRUE(Says(text, "the space on its disk. The database is as it was.")) << text;
+        EXPECT_EQ(CountIn(Database(), Arrivals), old);
+        EXPECT_FALSE(station.folder.Has("Account1.db.restore"));
+    }
+    Put(copy);
+    EXPECT_EQ(CountIn(Database(), Arrivals), old - 1);
+}
+
+TEST_F(Restore, KeptDatabasesAreListedByTheirTimes) {
+    EXPECT_TRUE(KeptByRestores(Database()).empty());
+    const std::string kept = Put(copy);
+    const std::string keptNext = Put(kept);
+    EXPECT_EQ(KeptByRestores(Database()), (std::vector<std::string>{kept, keptNext}));
+}
+
+TEST_F(Restore, CheckOfACopyChangesNothing) {
+    const auto files = FilesIn(station.folder.path);
+    Connection open;
+    station.Open(open);
+    EXPECT_EQ(CheckCopy(Database(), copy, work).RowsOf("Arrivals"), old - 1);
+    open.Close();
+    EXPECT_EQ(FilesIn(station.folder.path), files);
+    EXPECT_TRUE(Says(FailureOf([&] { CheckCopy(Database(), Database(), work); }).Description(),
+                     "is the database that is to be replaced."));
+    backups.Write("text.db", std::string(5000, 'a'));
+    EXPECT_TRUE(
+        Says(FailureOf([&] { CheckCopy(Database(), backups.File("text.db"), work); }).Description(),
+             "is not a database."));
 }
 
 TEST_F(Restore, CancelledRestoreChangesNothing) {

@@ -126,8 +126,9 @@ TEST_F(OfficeDayBookPage, CancelledReadingIsReportedAndNotPrinted) {
     EXPECT_NE(Texts().find("these are not all arrivals"), std::string::npos);
     const Answers answer({"OK"});
     Press(*window, Qt::CTRL | Qt::Key_D);
-    EXPECT_EQ(answer.Texts().at(0), "The day book has not been read to its end. Wait until it has, or "
-                                    "press F5 to read it again.");
+    EXPECT_EQ(answer.Texts().at(0),
+              "The day book has not been read to its end. Wait until it has, or "
+              "press F5 to read it again.");
 }
 
 TEST_F(OfficeDayBookPage, FilesHoldTheShownTable) {

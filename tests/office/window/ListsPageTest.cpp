@@ -12,9 +12,7 @@ namespace {
 
 class OfficeLists : public PageTest {
 protected:
-    OfficeLists() {
-        ShowPage(page);
-    }
+    OfficeLists() { ShowPage(page); }
 
     void GoTo(const Table& table) {
         for (int list = 0; list < page->Lists()->count(); ++list)
@@ -166,6 +164,22 @@ TEST_F(OfficeLists, PartyWithoutARoleShowsAWarningWhileTyping) {
     });
 }
 
+TEST_F(OfficeLists, FlagsSetByTheirLettersAreSavedByTheNextKey) {
+    GoTo(CommoditiesTable());
+    {
+        const Visit visit([](QDialog& dialog) {
+            Type(dialog, "Durum");
+            Press(dialog, Qt::ALT | Qt::Key_P);
+            Press(dialog, Qt::ALT | Qt::Key_W);
+            Press(dialog, Qt::CTRL | Qt::Key_S);
+        });
+        Press(window, Qt::CTRL | Qt::Key_N);
+    }
+    EXPECT_EQ(database.Text("Select Count(*) From Commodities Where CommodityName = 'Durum' And "
+                            "IsPurchaseable = 1 And IsWheatCommodity = 1"),
+              "1");
+}
+
 TEST_F(OfficeLists, PartyIsRetiredAndPutBackInUse) {
     GoTo(PartiesTable());
     const std::string key = Cell(0, "PartyId");
@@ -222,9 +236,9 @@ TEST_F(OfficeLists, SecondOfficeSeesBothValuesAndKeepsUneditedCells) {
             EXPECT_EQ(WriteRows(database.other, PartiesTable(), std::vector{both}).end,
                       WriteResult::End::Written);
             {
-                const Visit box([&](QDialog& dialog) {
-                    message = FromQt(static_cast<QMessageBox&>(dialog).text());
-                    Press(dialog, Qt::Key_Return);
+                const Visit box([&](QDialog& shown) {
+                    message = FromQt(static_cast<QMessageBox&>(shown).text());
+                    Press(shown, Qt::Key_Return);
                 });
                 Press(dialog, Qt::CTRL | Qt::Key_S);
             }

@@ -11,9 +11,7 @@ namespace {
 
 class OfficeUsers : public PageTest {
 protected:
-    OfficeUsers() {
-        ShowPage(page);
-    }
+    OfficeUsers() { ShowPage(page); }
 
     static void Fill(QDialog& dialog, const char* name, const char* password, const char* again) {
         if (*name)
@@ -116,8 +114,7 @@ TEST_F(OfficeUsers, LastUserOfLevelOneIsNeitherChangedNorRemoved) {
     }
     const Answers answers({"Remove", "OK"});
     Press(window, Qt::Key_Delete);
-    EXPECT_NE(answers.Texts().at(0).find("You are signed in as this user."),
-              std::string::npos);
+    EXPECT_NE(answers.Texts().at(0).find("You are signed in as this user."), std::string::npos);
     EXPECT_NE(answers.Texts().at(1).find("last user of level 1"), std::string::npos);
     EXPECT_EQ(LevelOf("Nadia"), 1);
 }

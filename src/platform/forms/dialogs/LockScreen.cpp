@@ -72,7 +72,6 @@ private:
         others_.emplace();
         window_ = std::make_unique<LockScreen>(whatFollows_);
         ++shownLockScreens;
-        window_->setWindowModality(Qt::ApplicationModal);
         window_->Show();
     }
 
@@ -108,6 +107,13 @@ LockScreen::LockScreen(std::string_view whatFollows)
 }
 
 LockScreen::~LockScreen() = default;
+
+// `Show` returns at once and makes a screen that is not modal; other windows must take no input.
+void LockScreen::setVisible(bool visible) {
+    if (visible)
+        setWindowModality(Qt::ApplicationModal);
+    Screen::setVisible(visible);
+}
 
 void LockScreen::LayOut() {
     auto* bar = new QProgressBar;

@@ -23,6 +23,8 @@ public:
 
     bool IsCancelled = false;
 
+    void setVisible(bool visible) override;
+
 protected:
     void Form_Unload(bool& cancel) override;
     void Form_KeyDown(int& key, int shift) override;
@@ -35,10 +37,10 @@ private:
     Label text_;
 };
 
-/// Creates a wait for the lock of an embedded database that lasts until the lock is free or the user
-/// cancels. It shows the hourglass first, and a `LockScreen` if the wait is longer than a moment.
-/// While the window is shown, other windows take no input and are not painted, so that neither can
-/// run a statement.
+/// Creates a wait for the lock of an embedded database that lasts until the lock is free or the
+/// user cancels. It shows the hourglass first, and a `LockScreen` if the wait is longer than a
+/// moment. While the window is shown, other windows take no input and are not painted, so that
+/// neither can run a statement.
 std::unique_ptr<LockWait> WaitWithLockScreen(std::string_view whatFollows);
 
 /// True while a wait shows its window. Timers that run statements must not do so then.

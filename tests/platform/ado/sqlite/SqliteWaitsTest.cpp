@@ -77,6 +77,21 @@ TEST_F(SqliteWaitsTest, EndWithTheLock) {
     ExpectWaits(1);
 }
 
+TEST_F(SqliteWaitsTest, StatementDuringTheWaitOfAnotherFailsAndTheOtherGoesOn) {
+    std::string refusal;
+    goOn = [&] {
+        refusal = FailureOf([&] { station.Execute("Select 1 As One"); }).Description();
+        other.CommitTrans();
+        return true;
+    };
+    Hold();
+    station.Execute(AddRow);
+    EXPECT_EQ(refusal, "The database is locked by another station or program. Try again when it "
+                       "has been released.");
+    ExpectWaits(1);
+    station.Execute("Select 1 As One");
+}
+
 TEST_F(SqliteWaitsTest, FailTheStatementIfGivenUp) {
     Hold();
     for (int statement = 1; statement <= 2; ++statement) {
