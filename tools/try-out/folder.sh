@@ -1,12 +1,12 @@
 # Sourced by run.sh: prepares a folder for trying out the station.
 
-# prepare_folder FOLDER PROGRAM: copies the program into the station folder, so that it can be built
-# while the station runs. An existing station file is kept.
+# prepare_folder FOLDER PROGRAMS: copies the programs from their folder into the station folder, so
+# that they can be built while the station runs. An existing station file is kept.
 prepare_folder() {
-    local folder=$1 program=$2
+    local folder=$1 programs=$2
     mkdir -p "$folder"
     install -d -m 700 "$folder/settings"
-    install -m 755 "$program" "$folder/quillane"
+    install -m 755 "$programs/quillane" "$programs/quillane-office" "$folder"
     [ -e "$folder/Station.ini" ] || cat >"$folder/Station.ini" <<END
 [Station]
 StationRole=Server

@@ -13,30 +13,36 @@ SETTINGS = {"PortName": "1", "PortSettings": "2400,n,8,1", "DataDirection": "Lef
             "DataLength": "6", "IsReversed": "0"}
 
 
-def set_up(station):
-    station.log("set-up: company, first user, sample rows")
+def set_up(station, sample_rows=True):
+    station.log("set-up: company, first user" + (", sample rows" if sample_rows else ""))
     dialog = station.window("Set up the station")
     station.look("set-up")
     for text in [*COMPANY, USER, PASSWORD, PASSWORD]:
         station.write(text)
         station.press("Return")
-    station.press("space")  # sample rows
+    if sample_rows:
+        station.press("space")
     station.look("set-up-filled")
     station.press("Return")
     wait_gone(dialog, "Set up the station", 60)
 
 
-def sign_in(station):
+def sign_in(station, user=USER, password=PASSWORD):
     station.log("signing in")
     dialog = station.window("Sign in", 60)
     station.look("sign-in")
-    station.write(USER)
+    station.write(user)
     station.press("Return")
-    station.write(PASSWORD)
+    station.write(password)
     station.press("Return")
     wait_gone(dialog, "Sign in")
     station.window(START)
     station.look("start-screen")
+
+
+def stored_line(station):
+    return {row["RegistryKey"]: row["RegistryValue"]
+            for row in station.ask("Select RegistryKey, RegistryValue From PortSettings")}
 
 
 def work_out_the_line(station):
@@ -54,10 +60,8 @@ def work_out_the_line(station):
     station.look("scale-setting")
     station.press(*["Tab"] * 3, "space")  # Save
     station.answer("Confirmation", "Return", "bench-saved")
-    stored = {row["RegistryKey"]: row["RegistryValue"]
-              for row in station.ask("Select RegistryKey, RegistryValue From PortSettings")}
-    if stored != SETTINGS:
-        raise Missed(f"the bench stored {stored}")
+    if stored_line(station) != SETTINGS:
+        raise Missed(f"the bench stored {stored_line(station)}")
     station.press("Tab", "space")  # Close
     wait_gone(bench, "Port Testing")
     station.window(START)

@@ -16,14 +16,16 @@ class Station:
     """Started in a prepared folder; leaves its pictures in the folder's `out`.
 
     `program` is an installed one, which finds the folder by itself; without it the folder holds one.
+    `command` starts another one.
     `guide` is a folder that gets those pictures again, cut to their windows, that `guide_names`
     holds.
     """
 
     def __init__(self, folder, size, scale, layout, weight, guide=None, guide_names=(),
-                 program=None):
+                 program=None, command=None):
         self.folder = folder
-        self.command = [program] if program else [folder / "quillane", "--station", folder]
+        self.command = command or (
+            [program] if program else [folder / "quillane", "--station", folder])
         self.out = folder / "out"
         self.guide, self.guide_names = guide, guide_names
         self.database = folder / "Account1.db"
@@ -56,9 +58,10 @@ class Station:
     def log(self, text):
         print(f"  {text}", flush=True)
 
-    def look(self, name):
-        """A screenshot when the display does not change any more."""
-        rest()
+    def look(self, name, moves=False):
+        """A screenshot when the display does not change any more, or at once if it always moves."""
+        if not moves:
+            rest()
         self.pictures += 1
         file = self.out / f"{self.pictures:02}-{name}.png"
         picture(file)

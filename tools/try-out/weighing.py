@@ -9,7 +9,8 @@ from display import wait_gone
 from setting_up import COMPANY
 from station import PREVIEW, WEIGHMENT
 
-PARTIES = {"Chaudhry Grain Traders-Okara": "6010001", "Malik Wheat Store-Sahiwal": "6010003"}
+PARTIES = {"Chaudhry Grain Traders-Okara": "6010001", "Malik Wheat Store-Sahiwal": "6010003",
+           "Hamza Traders-Okara": "6010001"}
 CLASSES = {"Jute New": 1, "Jute Old": 2, "Polypropylene": 3, "Loose": 4}
 TYPES = {"100 Kg": 1, "50 Kg": 2, "40 Kg": 3}
 
@@ -28,6 +29,9 @@ class Load:
     def header(self):
         return {"SellerId": PARTIES[self.seller], "CommodityId": 1, "IsPosted": 0,
                 "ArrivalDate": rows.today()}
+
+    def net(self):
+        return self.loaded - self.empty - self.deduction
 
     def body(self):
         """The bag lines as stored: the save divides the load among the bags."""
