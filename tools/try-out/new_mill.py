@@ -22,8 +22,8 @@ SECOND = replace(FIRST, vehicle="OKR-77", builty="8812", driver="Bashir", loaded
                  deduction=12, bag_lines=[(BAG_CLASS, BAG_TYPE, 75)])
 
 # Pictures of this part that the guide to the office shows.
-GUIDE = {"office-party", "office-parties", "office-users", "office-station", "office-day-book",
-         "office-picture", "office-backup"}
+GUIDE = {"office-party", "office-parties", "office-station", "office-day-book", "office-picture",
+         "office-backup"}
 
 
 def expect_rows(station, statement, *wanted):
@@ -34,7 +34,7 @@ def expect_rows(station, statement, *wanted):
 
 
 def fill_lists(station, office):
-    station.tell("a city, a party, a commodity, a bag class and a bag type")
+    station.log("a city, a party, a commodity, a bag class and a bag type")
     office.fill_form("Add a city", CITY)
     office.go_to_list("Parties")
     office.fill_form("Add a party", PARTY, ["Tab"], CITY, ["Tab", "Tab"], "Shop 8, Ghalla Mandi",
@@ -56,7 +56,7 @@ def fill_lists(station, office):
 
 
 def add_user(station, office):
-    station.tell(f"the user {USER} of level 2")
+    station.log(f"the user {USER} of level 2")
     office.go_to("Users")
     office.fill_form("Add a user", USER, ["alt+p"], PASSWORD, ["alt+t"], PASSWORD)
     station.look("office-users")
@@ -65,9 +65,11 @@ def add_user(station, office):
 
 
 def set_the_line(station, office):
-    station.tell("the line of the indicator: F9, length 6, saved")
+    station.log("the line of the indicator: F9, length 6, saved")
     office.go_to("Station")
-    station.press("alt+g", "ctrl+a", "6", "Tab")
+    station.press("alt+r")
+    station.write("2400")
+    station.press("alt+c", "l", "alt+g", "ctrl+a", "6", "Tab")
     station.wait_for_text(office.window(office.title), lambda: station.press("F9"))
     station.look("office-station", moves=True)
     station.press("F9", "ctrl+s")
@@ -76,7 +78,7 @@ def set_the_line(station, office):
 
 
 def back_up(station, office):
-    station.tell("a backup, and its check")
+    station.log("a backup, and its check")
     office.go_to("Backup")
     station.press("ctrl+b")
     office.window("Quillane Office")
@@ -88,12 +90,12 @@ def back_up(station, office):
         raise Missed("the folder backups does not hold one backup")
 
 
-def weigh(station, load, print_it):
-    """From a new weighment; returns the number of the arrival."""
+def weigh(station, load, keys, print_it):
+    """From a new weighment, whose keys lead to the commodity; returns the number of the arrival."""
     number = station.ask("Select Coalesce(Max(ArrivalID), 0) + 1 As Id From Arrivals")[0]["Id"]
     station.indicator.hold(load.loaded)
     station.wait_for_reading()
-    weighing.choose_commodity(station, ["Return"])
+    weighing.choose_commodity(station, keys)
     station.write(load.seller)
     station.press("Return")
     reading = station.wait_for_reading()
@@ -111,12 +113,13 @@ def weigh(station, load, print_it):
 
 
 def weigh_as_user(station):
-    station.tell(f"the station, as {USER}")
+    station.log(f"the station, as {USER}")
     station.start()
     setting_up.sign_in(station, USER, PASSWORD)
-    station.press("shift+Tab", "Return")
+    station.press("Return")
     station.window(WEIGHMENT)
-    numbers = [weigh(station, FIRST, True), weigh(station, SECOND, False)]
+    numbers = [weigh(station, FIRST, ["Return", "Return"], True),
+               weigh(station, SECOND, ["Return"], False)]
     station.window(WEIGHMENT)
     station.press("ctrl+q")
     close_station(station)
@@ -145,7 +148,7 @@ def expect_figures(row, wanted):
 
 
 def check_day_book(station, office, numbers):
-    station.tell("the day book and its sums")
+    station.log("the day book and its sums")
     station.look("office-day-book")
     loads = dict(zip(numbers, (FIRST, SECOND)))
     rows = office.export_table(station.out / "arrivals.csv")

@@ -22,7 +22,7 @@ class Office:
         self.list = LISTS[0]
 
     def start(self, user, password):
-        self.station.tell(f"the office, as {user}")
+        self.station.log(f"the office, as {user}")
         with open(self.station.out / "office.log", "a", encoding="utf-8") as log:
             self.process = subprocess.Popen(self.command, stdin=subprocess.DEVNULL, stdout=log,
                                             stderr=log)

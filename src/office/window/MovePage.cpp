@@ -114,7 +114,7 @@ void MovePage::MoveNow() {
     const std::optional<MovedStation> moved = RunMove();
     if (!moved) {
         Inform(window(), "Cancelled. The station works on its database on this computer as before. "
-                       "The next move begins again.");
+                         "The next move begins again.");
         return;
     }
     Inform(window(), Told(*moved, order_.place));

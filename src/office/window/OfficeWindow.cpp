@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStackedWidget>
@@ -43,6 +44,16 @@ void LookLikeNavigation(QTreeWidget& list) {
                        "QTreeWidget::item { padding: 8px 10px; border: 0px; color: white; }"
                        "QTreeWidget::item:hover { background: #3a7d6e; }"
                        "QTreeWidget::item:selected { background: #1e4a41; color: white; }");
+}
+
+/// On a small display a page scrolls; otherwise it would make the window larger than the display.
+QScrollArea* Scrolling(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(page);
+    return area;
 }
 
 } // namespace
@@ -116,7 +127,7 @@ QWidget* OfficeWindow::MadePage(int place) {
     Guarded(this, [&] {
         if (!page) {
             page = entries_[static_cast<std::size_t>(place)].make(session_);
-            stack_->addWidget(page);
+            stack_->addWidget(Scrolling(page));
         }
     });
     return page;
@@ -126,7 +137,7 @@ void OfficeWindow::ShowPage(int place) {
     if (place < 0 || place >= static_cast<int>(entries_.size()))
         return;
     if (QWidget* page = MadePage(place)) {
-        stack_->setCurrentWidget(page);
+        stack_->setCurrentWidget(page->parentWidget()->parentWidget()); // the viewport's area
         page->setFocus();
     }
     const auto shown = std::ranges::find(made_, CurrentPage());
@@ -141,7 +152,8 @@ void OfficeWindow::ShowPage(const QString& title) {
 }
 
 QWidget* OfficeWindow::CurrentPage() const {
-    return stack_->currentWidget();
+    const auto* area = dynamic_cast<const QScrollArea*>(stack_->currentWidget());
+    return area ? area->widget() : nullptr;
 }
 
 QString OfficeWindow::Unsaved() const {

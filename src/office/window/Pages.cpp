@@ -20,9 +20,9 @@ QWidget* Make(OfficeSession& session) {
 }
 
 constexpr std::array pages{
-    PageEntry{"Lists", false, Make<ListsPage>},     PageEntry{"Users", false, Make<UsersPage>},
-    PageEntry{"Company", false, Make<CompanyPage>}, PageEntry{"Station", false, Make<StationPage>},
-    PageEntry{BackupTitle, false, Make<BackupPage>},   PageEntry{"Day book", true, Make<DayBookPage>},
+    PageEntry{"Lists", false, Make<ListsPage>},      PageEntry{"Users", false, Make<UsersPage>},
+    PageEntry{"Company", false, Make<CompanyPage>},  PageEntry{"Station", false, Make<StationPage>},
+    PageEntry{BackupTitle, false, Make<BackupPage>}, PageEntry{"Day book", true, Make<DayBookPage>},
     PageEntry{"Move", false, Make<MovePage>},
 };
 

@@ -9,6 +9,8 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <array>
 
@@ -40,6 +42,12 @@ class OfficeFrame : public testing::Test {
 protected:
     QString TextOf(const OfficeWindow& window) {
         return static_cast<QLabel*>(window.CurrentPage())->text();
+    }
+
+    static bool Scrolls(const OfficeWindow& window) {
+        const auto* area =
+            dynamic_cast<QScrollArea*>(window.CurrentPage()->parentWidget()->parentWidget());
+        return area->horizontalScrollBar()->isVisible() || area->verticalScrollBar()->isVisible();
     }
 
     SampleDatabase database;
@@ -113,9 +121,23 @@ TEST_F(OfficeFrame, EveryPageFitsSmallDisplaysWithNothingCut) {
             window.ShowPage(place);
             QCoreApplication::processEvents();
             EXPECT_EQ(window.size(), size) << window.Titles()[place].toStdString();
+            EXPECT_FALSE(Scrolls(window)) << window.Titles()[place].toStdString();
             LookAt(window, "page-" + std::to_string(display.width()) + "-" +
                                window.Titles()[place].toLower().toStdString());
         }
+    }
+}
+
+// A display of 1366x768 on which everything is shown one and a half times as large.
+TEST_F(OfficeFrame, PagesScrollOnAVerySmallDisplay) {
+    constexpr QSize size(900, 460);
+    OfficeWindow window(session);
+    window.resize(size);
+    ShowWindow(window);
+    for (int place = 0; place < window.Titles().size(); ++place) {
+        window.ShowPage(place);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window.size(), size) << window.Titles()[place].toStdString();
     }
 }
 

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <thread>
@@ -108,9 +109,11 @@ LockScreen::LockScreen(std::string_view whatFollows)
 
 LockScreen::~LockScreen() = default;
 
-// `Show` returns at once and makes a screen that is not modal; other windows must take no input.
+// `Show` makes a screen that is not modal, as at the start, where no other window is shown.
+// Otherwise the other windows must take no input.
 void LockScreen::setVisible(bool visible) {
-    if (visible)
+    const auto windows = QApplication::topLevelWidgets();
+    if (visible && std::ranges::any_of(windows, &QWidget::isVisible))
         setWindowModality(Qt::ApplicationModal);
     Screen::setVisible(visible);
 }
