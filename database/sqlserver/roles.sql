@@ -69,7 +69,7 @@ INSERT INTO @Shown (SchemaName, TableName, ColumnName) VALUES
     (N'dbo', N'ArrivalsBody', N'OtherDeduction'), (N'dbo', N'ArrivalsBody', N'NetWeight'),
     (N'dbo', N'ArrivalsBody', N'DriverName'), (N'dbo', N'ArrivalsBody', N'BiltyNo'),
     (N'dbo', N'ArrivalsBody', N'VehicleNoText'),
-    -- The test before a removal, the users without their passwords' hashes, settings, the schema number
+    -- The test before a removal, the users without their passwords' hashes, settings, the schema version
     (N'dbo', N'PurchaseBody', N'ArrivalId'),
     (N'dbo', N'StationUsers', N'UserName'), (N'dbo', N'StationUsers', N'UserLevel'),
     (N'dbo', N'PortSettings', N'RegistryKey'), (N'dbo', N'PortSettings', N'RegistryValue'),

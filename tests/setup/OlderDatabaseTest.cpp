@@ -44,7 +44,7 @@ constexpr const char* oneMoreLine =
     "TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, NetWeight) VALUES "
     "(7, 1, 1, 1, 99, 0, 0, 1, 0, 0, 99)";
 
-/// A file of schema number 1, and the connection of this program's station on it.
+/// A file of schema version 1, and the connection of this program's station on it.
 class DatabaseOfVersion1 : public testing::Test {
 protected:
     void SetUp() override {

@@ -1,6 +1,6 @@
 """Writes all rows of a station's database, a line each.
 
-Left out are the schema number, which an update changes, and tables that the update adds.
+Left out are the schema version, which an update changes, and tables that the update adds.
 """
 
 import sqlite3

@@ -34,7 +34,7 @@ Contents ContentsOf(EmbeddedFile& file);
 Contents CheckDatabase(const std::string& path, const std::string& name, LongWork& work);
 
 /// Fails if a station of this program cannot use the database: its tables are missing, or its
-/// schema number is missing or newer than the program.
+/// schema version is missing or newer than the program.
 void RefuseForeign(const std::string& path, const Contents& contents, const std::string& name);
 
 } // namespace Quillane::Office

@@ -39,7 +39,7 @@ EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
         FailDatabase("The file " + path + " is missing or is not the database of a station.");
     const double version = ToDouble(file->FirstText("SELECT SchemaVersion FROM StationSchema"));
     if (version != SchemaVersionOfProgram())
-        FailDatabase("The database has the schema number " + NumberText(version) +
+        FailDatabase("The database has the schema version " + NumberText(version) +
                      ", this program needs " + NumberText(SchemaVersionOfProgram()) +
                      ". An older database is upgraded by a start of the station; for a newer one "
                      "please install the newer program.");

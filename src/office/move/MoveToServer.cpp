@@ -41,7 +41,7 @@ void RefuseNewerSchema(Connection& connection) {
     const double version = ReadSchemaVersion(connection);
     if (version > SchemaVersionOfProgram())
         throw MoveRefused(FailureNumber::Database,
-                          "The server's database has the schema number " + NumberText(version) +
+                          "The server's database has the schema version " + NumberText(version) +
                               ", which is newer than this program (" +
                               NumberText(SchemaVersionOfProgram()) +
                               "). Please install the newer program here first. Nothing has been "

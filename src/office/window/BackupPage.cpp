@@ -200,7 +200,7 @@ void BackupPage::CheckAll() {
         try {
             for (const std::string& file : files)
                 Check(file, work);
-        } catch (const BrokenOff&) {
+        } catch (const Cancelled&) {
         }
     });
     ShowCopies();
@@ -228,7 +228,7 @@ bool BackupPage::IsConfirmed(const std::string& file) {
         try {
             why = Check(file, work);
             isChecked = true;
-        } catch (const BrokenOff&) {
+        } catch (const Cancelled&) {
         }
     });
     ShowCopies();

@@ -49,7 +49,7 @@ std::unique_ptr<Restoration> CheckedRestoration(const std::string& database,
     RunLongWork("Restore", [&](LongWork& work) {
         try {
             restoration = std::make_unique<Restoration>(database, copy, work);
-        } catch (const BrokenOff&) {
+        } catch (const Cancelled&) {
             // There is no restoration then.
         }
     });
