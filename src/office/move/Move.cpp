@@ -14,6 +14,7 @@
 #include "platform/runtime/LongWork.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/EmbeddedSchema.h"
+#include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
 
 #include <QFile>
@@ -38,11 +39,17 @@ EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
     if (!file || !HoldsStationTables(*file))
         FailDatabase("The file " + path + " is missing or is not the database of a station.");
     const double version = ToDouble(file->FirstText("SELECT SchemaVersion FROM StationSchema"));
+    if (version > SchemaVersionOfProgram())
+        FailDatabase(NewerSchemaText(version));
     if (version != SchemaVersionOfProgram())
+<<<<<<< ours
         FailDatabase("The database has the schema version " + NumberText(version) +
                      ", this program needs " + NumberText(SchemaVersionOfProgram()) +
                      ". An older database is upgraded by a start of the station; for a newer one "
                      "please install the newer program.");
+=======
+        FailDatabase(OlderSchemaText(version) + " Start the station once to upgrade it.");
+>>>>>>> theirs
     return *file;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/runtime/LongWork.h"
 #include "platform/runtime/Numbers.h"
 #include "setup/DatabaseScripts.h"
+#include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/SqlServerDatabaseSetup.h"
 #include "setup/SqlServerSetup.h"
@@ -41,11 +42,15 @@ void RefuseNewerSchema(Connection& connection) {
     const double version = ReadSchemaVersion(connection);
     if (version > SchemaVersionOfProgram())
         throw MoveRefused(FailureNumber::Database,
+<<<<<<< ours
                           "The server's database has the schema version " + NumberText(version) +
                               ", which is newer than this program (" +
                               NumberText(SchemaVersionOfProgram()) +
                               "). Please install the newer program here first. Nothing has been "
                               "changed.",
+=======
+                          NewerSchemaText(version, "the server's database"),
+>>>>>>> theirs
                           FailureSource::Database);
 }
 
