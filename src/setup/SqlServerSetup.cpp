@@ -81,13 +81,8 @@ SetupOutcome PrepareSqlServerDatabase(const SqlServerTarget& station, const Owne
         if (!outcome)
             return outcome;
     }
-<<<<<<< HEAD:src/setup/SqlServerSetup.cpp
     work.Begin("Testing the station's sign-in");
     outcome.isFinished = !work.IsCancelled();
-=======
-    work.Begin("Trying the station's sign-in");
-    outcome.isFinished = !work.IsCancelled();
->>>>>>> 246d2a9 (Serial line, files, office commands: plain wording):src/setup/SqlServerSetUp.cpp
     if (!outcome)
         return outcome;
     if (particulars || owner.IsGiven())

@@ -42,14 +42,7 @@ EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
     if (version > SchemaVersionOfProgram())
         FailDatabase(NewerSchemaText(version));
     if (version != SchemaVersionOfProgram())
-<<<<<<< ours
-        FailDatabase("The database has the schema version " + NumberText(version) +
-                     ", this program needs " + NumberText(SchemaVersionOfProgram()) +
-                     ". An older database is upgraded by a start of the station; for a newer one "
-                     "please install the newer program.");
-=======
         FailDatabase(OlderSchemaText(version) + " Start the station once to upgrade it.");
->>>>>>> theirs
     return *file;
 }
 

@@ -42,15 +42,7 @@ void RefuseNewerSchema(Connection& connection) {
     const double version = ReadSchemaVersion(connection);
     if (version > SchemaVersionOfProgram())
         throw MoveRefused(FailureNumber::Database,
-<<<<<<< ours
-                          "The server's database has the schema version " + NumberText(version) +
-                              ", which is newer than this program (" +
-                              NumberText(SchemaVersionOfProgram()) +
-                              "). Please install the newer program here first. Nothing has been "
-                              "changed.",
-=======
                           NewerSchemaText(version, "the server's database"),
->>>>>>> theirs
                           FailureSource::Database);
 }
 

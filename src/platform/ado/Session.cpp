@@ -26,13 +26,13 @@ long Session::Run(std::string_view statement, std::span<const Value> parameters,
 }
 
 void Session::ReadBlocks(std::string_view query, const BlockReader& take) {
-    RefuseBrokenTransaction();
+    RefuseEndedTransaction();
     Observe(query);
     OnEngine([&] { engine_->ReadBlocks(query, take); });
 }
 
 void Session::RunForEach(std::string_view statement, const ResultSet& rows) {
-    RefuseBrokenTransaction();
+    RefuseEndedTransaction();
     Observe(statement);
     OnEngine([&] { engine_->RunForEach(statement, rows); });
 }

@@ -69,7 +69,7 @@ double ReportPainter::OpeningEdge() const {
     double edge = 0;
     for (const PlacedObject& placed : pages_.front().objects)
         if (placed.text && placed.object->ShowAtOpening)
-            edge = std::max(edge, placed.place.bottom());
+            edge = std::max(edge, placed.bounds.bottom());
     return edge / sheetHeight_;
 }
 
