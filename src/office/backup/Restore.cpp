@@ -110,7 +110,7 @@ std::vector<std::string> KeptByRestores(const std::string& database) {
 
 Contents CheckCopy(const std::string& database, const std::string& copy, LongWork& work) {
     RefuseByFiles(database, copy);
-    const Contents contents = LookThrough(copy, copy, work);
+    const Contents contents = CheckDatabase(copy, copy, work);
     RefuseForeign(copy, contents, copy);
     return contents;
 }
