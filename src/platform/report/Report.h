@@ -78,9 +78,9 @@ struct ReportObject {
     ReportAlignment Alignment = ReportAlignment::Left;
     int TextColor = 0;
     bool CanGrow = false;
-    bool ShowAtOpening = false; ///< the preview opens with this text in view
+    bool ShowAtOpening = false; ///< the preview shows this text when it opens
     bool HasBorder = false;     ///< field and text objects: a frame of BorderColor
-    int Inset = 0;              ///< field and text objects: twips between the sides and the text
+    int Inset = 0;              ///< field and text objects: margin of the text in twips
     int LineColor = 0;          ///< box and line objects; -1: none
     int LineWidth = 10;         ///< twips
     std::function<bool(const ReportContext&)> Suppress; ///< true: not shown; empty: always shown

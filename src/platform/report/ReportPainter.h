@@ -18,12 +18,12 @@ public:
 
     int PageCount() const { return static_cast<int>(pages_.size()); }
 
-    /// The lower edge of what the preview shows at opening, as a part of the first page's height: 0
-    /// where nothing is marked so.
+    /// The bottom edge of the objects to show at opening, as a share of the height of the first
+    /// page; 0 if there are none.
     double OpeningEdge() const;
 
-    /// Paints page `number`, from 1. The painter's origin is the corner of the paper; its device
-    /// gives the resolution.
+    /// Paints the page `number`, from 1. The origin of the painter is the corner of the paper; the
+    /// resolution is that of its device.
     void PaintPage(QPainter& painter, int number) const;
 
     /// Paints the pages `first` to `last`. Returns false if the device refuses a page.

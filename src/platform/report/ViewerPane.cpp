@@ -135,8 +135,8 @@ QScrollBar& ViewerPane::Scroll() const {
     return *static_cast<QGraphicsView&>(Pages()).verticalScrollBar();
 }
 
-/// Fitting the pages to another size keeps their middle in place, and so would open the preview
-/// somewhere below the first page's top.
+/// Fitting the pages to another size keeps their centre in place, so the preview would not show the
+/// part that it opens with.
 void ViewerPane::KeepOpening() {
     connect(&Scroll(), &QScrollBar::actionTriggered, this, [this] { atOpening_ = false; });
     const auto scroll = [this] {

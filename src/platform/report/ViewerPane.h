@@ -60,8 +60,8 @@ private:
     QPrinter printer_;
     QPrintPreviewWidget* preview_;
     QToolBar* toolbar_;
-    bool atOpening_ = true;   ///< nobody has scrolled away from what was shown first
-    double openingPart_ = 0;  ///< of the first page's height, which is shown first
+    bool atOpening_ = true;  ///< the user has not scrolled yet
+    double openingPart_ = 0; ///< the part to show first, as a share of the height of the first page
     QLabel* place_ = nullptr; ///< "Page 1 of 2"
     QAction* first_ = nullptr;
     QAction* previous_ = nullptr;
