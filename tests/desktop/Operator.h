@@ -27,9 +27,9 @@ struct Missed : std::runtime_error {
 };
 
 /// Somebody at the station: hands on the keyboard and the mouse, which go through the display's
-/// server, and eyes on the screens. Works in another thread than the program, so that a test reads in
-/// order, also across boxes and modal screens. Nothing is waited for by time: each look is repeated
-/// until it shows what it should, or Missed is thrown.
+/// server, and eyes on the screens. Works in another thread than the program, so that a test reads
+/// in order, also across boxes and modal screens. Nothing is waited for by time: each look is
+/// repeated until it shows what it should, or Missed is thrown.
 class Operator {
 public:
     explicit Operator(const BoxWatch& boxes) : boxes_(boxes) {}

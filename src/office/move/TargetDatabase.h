@@ -11,7 +11,7 @@ namespace Quillane::Office {
 
 /// What differs from one kind of server to the other.
 struct MoveDialect {
-    std::string schema;         ///< stands before the name of a table: "dbo."
+    std::string schema;         ///< precedes the name of a table: "dbo."
     std::string opening;        ///< quote of a name
     std::string closing;        ///< the same
     std::string textType;       ///< of a column of text, without its length

@@ -52,8 +52,8 @@ inline QPoint PlaceOfRow(VisualControl& control, int row) {
     return rows.visualRect(index).center();
 }
 
-/// A screen with a box before the tested control, and a box and a button after it. Enter moves on, as on
-/// the working screen; every key and every event of the focus is written down.
+/// A screen with a box before the tested control, and a box and a button after it. Enter moves on,
+/// as on the working screen; every key and every event of the focus is written down.
 class ListScreen : public Screen {
 public:
     ListScreen() : Screen("FrmLists", "Lists") {
