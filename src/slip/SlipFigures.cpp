@@ -56,7 +56,8 @@ SlipLines LinesOf(const Recordset& rows) {
         all.bags += bags[row];
         all.tare += tare[row];
     }
-    if (rows.RecordCount() > 0)
+    all.hasLines = rows.RecordCount() > 0;
+    if (all.hasLines)
         all.scaleDeduction = scaleDeduction[0];
     gross = RoundedTogether(gross);
     deduction = RoundedTogether(deduction);
@@ -78,13 +79,13 @@ FirstWeighing FirstWeighingOf(double initialGross, double tare, double gross) {
 
 } // namespace
 
-LoadWeights WeightsOf(const SlipLines& lines, double initialGross, double net) {
+LoadWeights WeightsOf(const SlipSums& lines, double initialGross, double net) {
     const double initial = RoundedToHundredths(initialGross);
     LoadWeights weights;
     weights.net = RoundedToHundredths(net);
     if (initial != 0)
         weights.initialGross = initial;
-    if (lines.lines.empty())
+    if (!lines.hasLines)
         return weights;
     const double tare = RoundedToHundredths(lines.tare);
     const double gross = initial != 0 ? RoundedToHundredths(initial - tare) : lines.total.gross;

@@ -18,13 +18,18 @@ struct SlipLine {
     double Net() const;
 };
 
-/// The bag lines. They add up as printed: each line, each column and the total.
-struct SlipLines {
-    std::vector<SlipLine> lines;
+/// What the bag lines of a load add up to.
+struct SlipSums {
+    bool hasLines = false;
     SlipLine total; ///< the rounded sum of the stored figures
     double bags = 0;
     double tare = 0;           ///< stored in only one row
     double scaleDeduction = 0; ///< stored completely in each row, so not summed
+};
+
+/// The bag lines. They add up as printed: each line, each column and the total.
+struct SlipLines : SlipSums {
+    std::vector<SlipLine> lines;
 };
 
 SlipLines LinesOf(const Recordset& rows);
@@ -44,7 +49,7 @@ struct LoadWeights {
 };
 
 /// An initial gross of 0 means none: the gross is then that of the lines.
-LoadWeights WeightsOf(const SlipLines& lines, double initialGross, double net);
+LoadWeights WeightsOf(const SlipSums& lines, double initialGross, double net);
 
 /// The first or the last text of a column that is not blank, over all rows.
 std::string FirstTextOf(const Recordset& rows, std::string_view column);

@@ -29,11 +29,10 @@ std::int64_t Hundredths(double kilograms) {
 }
 
 LoadWeights SlipWeightsOf(const StoredFigures& stored) {
-    SlipLines lines;
-    lines.lines.push_back({.gross = stored.gross});
-    lines.total.gross = RoundedToHundredths(stored.gross);
-    lines.tare = stored.tare;
-    lines.scaleDeduction = stored.scaleDeduction;
+    const SlipSums lines{.hasLines = true,
+                         .total = {.gross = RoundedToHundredths(stored.gross)},
+                         .tare = stored.tare,
+                         .scaleDeduction = stored.scaleDeduction};
     return WeightsOf(lines, stored.gross + stored.scaleDeduction + stored.tare, stored.net);
 }
 

@@ -1,9 +1,6 @@
 #include "office/daybook/Names.h"
 
-#include "office/records/Texts.h"
 #include "platform/ado/Connection.h"
-
-#include <algorithm>
 
 namespace Quillane::Office {
 
@@ -17,7 +14,7 @@ DayBookNames::List DayBookNames::Read(Connection& connection, const std::string&
     for (Recordset rows = connection.Execute(statement); !rows.Eof(); rows.MoveNext())
         list.all.push_back(
             {Trimmed(rows.Fields(0).TextOrEmpty()), Trimmed(rows.Fields(1).TextOrEmpty())});
-    std::ranges::stable_sort(list.all, {}, [](const Named& one) { return Folded(one.name); });
+    SortByName(list.all);
     for (std::size_t index = 0; index < list.all.size(); ++index)
         list.indices.emplace(Folded(list.all[index].id), index);
     return list;

@@ -1,7 +1,12 @@
 #pragma once
 
+#include "office/records/Texts.h"
+
+#include <algorithm>
 #include <string>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace Quillane {
@@ -15,6 +20,21 @@ struct Named {
     std::string id;
     std::string name;
 };
+
+/// Sorts by name, whatever its case, and by id; each name is folded once.
+template <typename Element>
+void SortByName(std::vector<Element>& elements) {
+    std::vector<std::pair<std::string, Element>> keyed;
+    keyed.reserve(elements.size());
+    for (Element& element : elements)
+        keyed.emplace_back(Folded(element.name), std::move(element));
+    std::ranges::sort(keyed, [](const auto& left, const auto& right) {
+        return std::tie(left.first, left.second.id) < std::tie(right.first, right.second.id);
+    });
+    elements.clear();
+    for (auto& [key, element] : keyed)
+        elements.push_back(std::move(element));
+}
 
 /// The parties and commodities with their names as the station shows them: "Zahid Traders-Lahore".
 class DayBookNames {

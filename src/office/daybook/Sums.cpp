@@ -2,34 +2,29 @@
 
 #include "office/records/Texts.h"
 
-#include <algorithm>
-#include <tuple>
-
 namespace Quillane::Office {
 
-namespace {
+Sum& DayBookSums::Groups::Of(const std::string& id) {
+    const auto [place, isNewSpelling] = places_.try_emplace(id, groups_.size());
+    if (isNewSpelling) {
+        const auto [folded, isNew] = foldedPlaces_.try_emplace(Folded(id), groups_.size());
+        place->second = folded->second;
+        if (isNew)
+            groups_.push_back({id, {}});
+    }
+    return groups_[place->second].sum;
+}
 
-template <typename Groups>
-std::vector<NamedSum> ByName(const Groups& groups,
-                             const std::function<const std::string&(const std::string&)>& nameOf) {
+std::vector<NamedSum>
+DayBookSums::ByName(const Groups& groups,
+                    const std::function<const std::string&(const std::string&)>& nameOf) {
     std::vector<NamedSum> sums;
-    sums.reserve(groups.size());
-    for (const auto& [folded, group] : groups)
+    sums.reserve(groups.All().size());
+    for (const Group& group : groups.All())
         sums.push_back({group.id, nameOf(group.id), group.sum});
-    std::ranges::sort(sums, {},
-                      [](const NamedSum& each) { return std::pair(Folded(each.name), each.id); });
+    SortByName(sums);
     return sums;
 }
-
-template <typename Groups>
-Sum& SumIn(Groups& groups, const std::string& id) {
-    const auto [group, isNew] = groups.try_emplace(Folded(id));
-    if (isNew)
-        group->second.id = id;
-    return group->second.sum;
-}
-
-} // namespace
 
 void Sum::Add(const Arrival& arrival) {
     if (arrival.isInside) {
@@ -50,8 +45,8 @@ Sum& Sum::operator+=(const Sum& other) {
 void DayBookSums::Add(const Arrival& arrival) {
     all_.Add(arrival);
     days_[arrival.day].Add(arrival);
-    SumIn(parties_, arrival.party).Add(arrival);
-    SumIn(commodities_, arrival.commodity).Add(arrival);
+    parties_.Of(arrival.party).Add(arrival);
+    commodities_.Of(arrival.commodity).Add(arrival);
 }
 
 std::vector<NamedSum> DayBookSums::By(SumsBy by, const DayBookNames& names) const {

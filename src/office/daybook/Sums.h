@@ -3,6 +3,7 @@
 #include "office/daybook/Arrivals.h"
 #include "office/daybook/Names.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -46,7 +47,20 @@ private:
         std::string id;
         Sum sum;
     };
-    using Groups = std::unordered_map<std::string, Group>; ///< by folded id
+    /// Ids that differ in case only are one group. An id is folded only when it is new.
+    class Groups {
+    public:
+        Sum& Of(const std::string& id);
+        const std::vector<Group>& All() const { return groups_; }
+
+    private:
+        std::vector<Group> groups_;
+        std::unordered_map<std::string, std::size_t> places_; ///< by id as spelled
+        std::unordered_map<std::string, std::size_t> foldedPlaces_;
+    };
+    static std::vector<NamedSum>
+    ByName(const Groups& groups,
+           const std::function<const std::string&(const std::string&)>& nameOf);
 
     Sum all_;
     std::map<Date, Sum> days_;
