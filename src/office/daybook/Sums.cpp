@@ -5,14 +5,14 @@
 namespace Quillane::Office {
 
 Sum& DayBookSums::Groups::Of(const std::string& id) {
-    const auto [place, isNewSpelling] = places_.try_emplace(id, groups_.size());
+    const auto [index, isNewSpelling] = indices_.try_emplace(id, groups_.size());
     if (isNewSpelling) {
-        const auto [folded, isNew] = foldedPlaces_.try_emplace(Folded(id), groups_.size());
-        place->second = folded->second;
+        const auto [folded, isNew] = foldedIndices_.try_emplace(Folded(id), groups_.size());
+        index->second = folded->second;
         if (isNew)
             groups_.push_back({id, {}});
     }
-    return groups_[place->second].sum;
+    return groups_[index->second].sum;
 }
 
 std::vector<NamedSum>

@@ -55,8 +55,8 @@ private:
 
     private:
         std::vector<Group> groups_;
-        std::unordered_map<std::string, std::size_t> places_; ///< by id as spelled
-        std::unordered_map<std::string, std::size_t> foldedPlaces_;
+        std::unordered_map<std::string, std::size_t> indices_; ///< by id as spelled
+        std::unordered_map<std::string, std::size_t> foldedIndices_;
     };
     static std::vector<NamedSum>
     ByName(const Groups& groups,
