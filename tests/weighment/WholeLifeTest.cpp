@@ -132,8 +132,9 @@ TEST_F(WholeLife, RepeatedLeavesTheSameRows) {
         FillIn();
         Save();
         Rows saved = SavedRow(1043);
-        if (again)
+        if (again) {
             EXPECT_EQ(saved, first);
+        }
         first = saved;
         Open(1043);
         Keys().Press(Qt::Key_Tab);
