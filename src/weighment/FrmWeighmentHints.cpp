@@ -94,8 +94,8 @@ void FrmWeighment::AddBagLines(HintState& state) const {
     for (int line = 0; line < state.bagLines; ++line) {
         const double bags = Val(BagRows.Get(line, 2));
         state.bags += bags;
-        const bool whole = !BagRows.Get(line, 0).empty() && !BagRows.Get(line, 1).empty() &&
-                           bags != 0;
+        const bool whole =
+            !BagRows.Get(line, 0).empty() && !BagRows.Get(line, 1).empty() && bags != 0;
         if (!whole && state.incompleteLine == 0)
             state.incompleteLine = line + 1;
     }

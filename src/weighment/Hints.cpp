@@ -120,9 +120,9 @@ void NoteNumber(const HintState& state, std::vector<std::string>& notes) {
     const bool chosen = !state.isOpened && state.active != "TxtArrivalId" && number > 0 &&
                         state.proposedNo > 0 && number != state.proposedNo;
     if (chosen)
-        notes.push_back((number > state.proposedNo ? "The number jumps from "
-                                                   : "The number goes back from ") +
-                        std::to_string(state.proposedNo) + " to " + std::to_string(number) + ".");
+        notes.push_back(
+            (number > state.proposedNo ? "The number jumps from " : "The number goes back from ") +
+            std::to_string(state.proposedNo) + " to " + std::to_string(number) + ".");
 }
 
 void NoteWeights(const HintState& state, std::vector<std::string>& notes) {

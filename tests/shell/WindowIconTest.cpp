@@ -1,7 +1,7 @@
 #include "platform/forms/core/Boxes.h"
+#include "platform/forms/dialogs/LockScreen.h"
 #include "setup/CreateDatabaseDialog.h"
 #include "setup/SqlServerDialog.h"
-#include "platform/forms/dialogs/LockScreen.h"
 #include "shell/Startup.h"
 #include "signin/SignInDialog.h"
 #include "signin/UserLogin.h"

@@ -10,15 +10,15 @@
 
 namespace Quillane::Testing {
 
-/// Gives the answers to the boxes of a test in advance, in the order in which the boxes come:
+/// Prepares the answers to the message boxes of a test, in order:
 ///
 ///     BoxAnswers answers;
 ///     answers.Expect(Question("Are you sure to clear the entries?"), BoxAnswer::No);
 ///
-/// Each box's text, title, icon and buttons (and the default button of a Yes/No box) are compared
-/// whole. A box that nobody expects fails the test (and is answered No, OK or the empty text); an
-/// answer that was never asked for fails it too, when this object goes. Without any such object
-/// every box fails the test. These objects nest: the innermost one answers.
+/// Text, title, icon and buttons of each box (and the default button of a Yes/No box) must be
+/// equal. An unexpected box fails the test (and is answered with No, OK or the empty text); an
+/// unused answer fails it in the destructor. Without such an object every box fails the test. If
+/// objects are nested, the innermost one answers.
 class BoxAnswers {
 public:
     BoxAnswers();
@@ -26,16 +26,16 @@ public:
     BoxAnswers(const BoxAnswers&) = delete;
     BoxAnswers& operator=(const BoxAnswers&) = delete;
 
-    /// `meanwhile` runs while the box is up.
+    /// `meanwhile` runs while the box is shown.
     BoxAnswers& Expect(Box box, BoxAnswer answer = BoxAnswer::Ok,
                        std::function<void()> meanwhile = {});
     BoxAnswers& ExpectInput(InputPrompt prompt, std::string answer);
-    /// This box may come any number of times, also never, whatever is expected next.
+    /// Accepts this box any number of times, independently of the expected order.
     BoxAnswers& Allow(Box box, BoxAnswer answer = BoxAnswer::Ok);
 
-    /// How many expected boxes are still to come.
+    /// The number of expected boxes that have not been shown yet.
     std::size_t Remaining() const { return expected_.size(); }
-    /// The texts of all boxes that came, in order.
+    /// The texts of all shown boxes, in order.
     const std::vector<std::string>& Shown() const { return shown_; }
 
     BoxAnswer Answer(const Box& box);
@@ -59,12 +59,13 @@ private:
 
 /// A Yes/No box titled "Alert" with a question mark, Yes being the default.
 Box Question(std::string_view text);
-/// A refusal: a box titled "Alert" with OK.
+/// A refusal: a box titled "Alert" with an OK button.
 Box Alert(std::string_view text, BoxIcon icon = BoxIcon::None);
-/// A reported failure: a critical box with OK, titled with the failure's source.
+/// A reported failure: a critical box with OK; its title is the source of the failure.
 Box Critical(std::string_view text, std::string_view title);
 
-/// Lets every box outside of a BoxAnswers fail the test. The test program calls it at its start.
+/// Makes every box without a BoxAnswers object fail the test. The test program calls it at its
+/// start.
 void ForbidUnexpectedBoxes();
 
 } // namespace Quillane::Testing

@@ -8,7 +8,7 @@
 
 namespace Quillane {
 
-/// The failure that an action ends in; one that ends well fails the test.
+/// Returns the failure that an action throws; an action that succeeds fails the test.
 template <typename Action>
 Failure FailureOf(Action action) {
     try {
@@ -16,7 +16,7 @@ Failure FailureOf(Action action) {
     } catch (const Failure& failure) {
         return failure;
     }
-    ADD_FAILURE() << "no failure came";
+    ADD_FAILURE() << "the action has not failed";
     return {0, "no failure came"};
 }
 
@@ -25,7 +25,7 @@ int FailureNumberOf(Action action) {
     return FailureOf(std::move(action)).Number();
 }
 
-/// The text of a failure that comes from the database.
+/// The text of a failure of the database.
 template <typename Action>
 std::string DatabaseFailureOf(Action action) {
     const Failure failure = FailureOf(std::move(action));

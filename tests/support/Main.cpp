@@ -1,4 +1,4 @@
-// The main function of test programs that show screens: off screen, unless told otherwise.
+// The main function of test programs that show screens, by default off screen.
 
 #include "platform/forms/core/Application.h"
 #include "support/BoxAnswers.h"

@@ -4,7 +4,7 @@
 
 namespace Quillane::Testing {
 
-/// Records that the program would end, in place of ending it. Without such an object an end of the
+/// Records the end of the program instead of ending it. Without such an object the end of the
 /// process fails the test.
 class ProcessEnd {
 public:
@@ -20,8 +20,8 @@ private:
     std::vector<int> codes_;
 };
 
-/// Lets every end of the process outside of a ProcessEnd fail the test. The test program calls it
-/// at its start.
+/// Makes every end of the process without a ProcessEnd object fail the test. The test program calls
+/// it at its start.
 void ForbidProcessEnd();
 
 } // namespace Quillane::Testing

@@ -23,9 +23,9 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds d
     while (!condition()) {
         if (late)
             return false;
-        // Before the events: the process may be held up between a look and the clock.
+        // Checked before the events: the process may be delayed between the check and the clock.
         late = end.hasExpired();
-        // Waits for what comes next, at most this long.
+        // Waits for the next event, at most this long.
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QTest::qSleep(1);
@@ -111,7 +111,7 @@ VisitModal::VisitModal(std::function<void(Screen&)> act)
 }
 
 VisitModal::~VisitModal() {
-    EXPECT_TRUE(tookPlace_) << "No modal screen came up";
+    EXPECT_TRUE(tookPlace_) << "No modal screen was shown";
 }
 
 void VisitModal::Look() {
@@ -136,10 +136,10 @@ VisitBox::VisitBox(std::function<void(QDialog&)> act) : act_(std::move(act)) {
 
 VisitBox::~VisitBox() {
     ForbidUnexpectedBoxes();
-    EXPECT_TRUE(tookPlace_) << "No box came up";
+    EXPECT_TRUE(tookPlace_) << "No box was shown";
 }
 
-// Where another program is in front a box is not modal.
+// If another program is active, the box is not modal.
 QDialog* VisitBox::ShownBox() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         auto* dialog = qobject_cast<QDialog*>(window);

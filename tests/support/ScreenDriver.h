@@ -14,7 +14,7 @@
 
 namespace Quillane::Testing {
 
-/// Waits, with events running, until a condition holds; false if the deadline came first.
+/// Processes events until a condition holds; false after the deadline.
 bool WaitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds deadline = std::chrono::seconds(5));
 
@@ -22,9 +22,9 @@ bool WaitFor(const std::function<bool()>& condition,
 /// its suite, so that it is not registered off screen; started there by hand, it fails.
 testing::AssertionResult HasDisplay();
 
-/// Works a shown screen as an operator does. Keys and clicks enter where those of the window system
-/// enter, so popups take their keys, a modal screen blocks those below it, and the screen sees each
-/// key first. A screen must be shown (Show, or inside VisitModal) before it is driven.
+/// Operates a shown screen. Keys and clicks are sent like those of the window system, so popups
+/// take their keys, a modal screen blocks those below it, and the screen gets each key first.
+/// Requires: the screen is shown (Show, or inside VisitModal).
 class ScreenDriver {
 public:
     explicit ScreenDriver(Screen& screen);
@@ -41,23 +41,23 @@ public:
     ScreenDriver& Click(VisualControl& control);
     ScreenDriver& Click(QWidget& widget, QPoint point);
     ScreenDriver& DoubleClick(QWidget& widget, QPoint point);
-    /// Presses at one point of a widget, moves point by point and lets go at another.
+    /// Presses at one point of a widget, moves point by point and releases at another.
     ScreenDriver& Drag(QWidget& widget, QPoint from, QPoint to);
 
-    /// The control of this name; an unknown name fails the test.
+    /// The control with this name; an unknown name fails the test.
     VisualControl& Named(std::string_view name);
 
 private:
     Screen& screen_;
 };
 
-/// Acts inside the next modal screen that comes up, once it is shown:
+/// Runs an action in the next modal screen, when it is shown:
 ///
 ///     VisitModal visit([](Screen& screen) { ScreenDriver(screen).Press(Qt::Key_Escape); });
 ///     BtnOpen.Click();
 ///
-/// A screen that the visit leaves open is unloaded, and fails the test; so does a visit that never
-/// took place.
+/// A screen that is still open after the action is unloaded and fails the test. The test also fails
+/// if no screen was shown.
 class VisitModal {
 public:
     explicit VisitModal(std::function<void(Screen&)> act);
@@ -76,8 +76,9 @@ private:
     bool tookPlace_ = false;
 };
 
-/// Lets real boxes come up while it stands, and acts inside the next one, once it is shown. A box
-/// that the act leaves open is closed, and fails the test; so does a visit that never took place.
+/// Allows real message boxes and runs an action in the next one, when it is shown. A box that is
+/// still open after the action is closed and fails the test. The test also fails if no box was
+/// shown.
 class VisitBox {
 public:
     explicit VisitBox(std::function<void(QDialog&)> act);
@@ -94,10 +95,10 @@ private:
     bool tookPlace_ = false;
 };
 
-/// Presses and releases a key in any window, as the window system does.
+/// Presses and releases a key in any window, like the window system.
 void PressIn(QWidget& window, QKeyCombination key);
 
-/// Shows a screen modally, acts inside it and returns when it has been unloaded.
+/// Shows a modal screen, runs an action in it, and returns when it has been unloaded.
 void RunModal(Screen& screen, std::function<void(Screen&)> act, Screen* owner = nullptr);
 
 } // namespace Quillane::Testing

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* wordsOfServer = "(what the server says)";
 
-/// The tables that refer to others, in the schema and in those of tests.
+/// The tables with foreign keys, in the schema and in the tests.
 constexpr std::string_view declaredNames[] = {
     "LaboratoryReports", "PurchaseBody", "SaleRecoveryBody", "Bills", "Checks", "Tolls",
     "Gate Passes"};
@@ -23,7 +23,7 @@ std::string Lower(std::string text) {
     return text;
 }
 
-/// With the names of tables as they were declared, where a text takes one out of the catalogue.
+/// Replaces table names from the catalogue by their declared spelling.
 std::string WithDeclaredNames(std::string text) {
     for (const std::string before : {"Select TOP 1 * From ", "used in ("})
         for (const std::string_view name : declaredNames) {
@@ -45,7 +45,7 @@ std::string EngineWords(std::string_view embeddedWords) {
     return OnSqlServer() ? wordsOfServer : std::string(embeddedWords);
 }
 
-// A driver's words begin with who says them: "[FreeTDS][SQL Server]Invalid object name".
+// The message of a driver begins with its origin: "[FreeTDS][SQL Server]Invalid object name".
 std::string DeclaredName(const std::string& table) {
     for (const std::string_view name : declaredNames)
         if (OnSqlServer() && Lower(table) == Lower(std::string(name)))

@@ -5,18 +5,17 @@
 
 namespace Quillane {
 
-/// The tests of the station run on the embedded database, and a second time on SQL Server: with the
-/// environment variable QUILLANE_TEST_ENGINE set to SqlServer.
+/// The tests of the station run on the embedded database and, with the environment variable
+/// QUILLANE_TEST_ENGINE=SqlServer, on SQL Server.
 bool OnSqlServer();
 
-/// What the embedded engine says of a failure; on SQL Server a text that stands for whatever the
-/// server says of it.
+/// The message of the embedded engine; on SQL Server a text that represents any message of the
+/// server.
 std::string EngineWords(std::string_view embeddedWords);
 
-/// The text of a box or of a statement as tests compare it. On SQL Server the words of its driver
-/// become the text that `EngineWords` gives, so that no test depends on a version or a language of
-/// the server; and the names of tables that come out of its catalogue are spelled as they were
-/// declared, which a catalogue need not do.
+/// The text of a box or a statement for comparison. On SQL Server messages of the driver are
+/// replaced by the text of `EngineWords`, so that no test depends on the version or language of the
+/// server, and table names from the catalogue get their declared spelling.
 std::string ComparedWords(const std::string& text);
 
 /// The same for the name of a table.
@@ -24,7 +23,7 @@ std::string DeclaredName(const std::string& table);
 
 } // namespace Quillane
 
-/// For tests of what only a file has.
+/// For tests that need a database file.
 #define SKIP_ON_SQL_SERVER(why)                                                                    \
     if (Quillane::OnSqlServer())                                                                   \
     GTEST_SKIP() << "not on SQL Server: " << (why)

@@ -320,11 +320,14 @@ TEST(Hints, ExplainWhyNoWeightWasTaken) {
 TEST(Hints, OfferTheKeysThatWorkInEachState) {
     EXPECT_EQ(HintsFor(NewScreen()).keys, (Texts{"Enter opens a stored number", "Ctrl+O open",
                                                  "Ctrl+L clear", "Ctrl+Q close"}));
-    EXPECT_EQ(HintsFor(EnteredLoad()).keys,
-              (Texts{"Ctrl+S save", "Ctrl+L clear", "Ctrl+Q close"}));
-    EXPECT_EQ(HintsFor(StoredLoad()).keys,
-              (Texts{"F4 calendar", "F9 slip", "Ctrl+O open", "Ctrl+L clear", "Ctrl+Q close",
-                     }));
+    EXPECT_EQ(HintsFor(EnteredLoad()).keys, (Texts{"Ctrl+S save", "Ctrl+L clear", "Ctrl+Q close"}));
+    EXPECT_EQ(HintsFor(StoredLoad()).keys, (Texts{
+                                               "F4 calendar",
+                                               "F9 slip",
+                                               "Ctrl+O open",
+                                               "Ctrl+L clear",
+                                               "Ctrl+Q close",
+                                           }));
     EXPECT_TRUE(Offers(With(StoredLoad(), [](HintState& s) { s.fullRights = true; }),
                        "Ctrl+Shift+Delete remove"));
 }
@@ -346,7 +349,8 @@ TEST(Hints, OfferTheKeysOfTheControlThatHasTheFocus) {
         for (const std::string& key : keys)
             EXPECT_TRUE(Offers(state, key)) << control << ": " << key;
     }
-    EXPECT_FALSE(Offers(With(EnteredLoad(), [](HintState& s) { s.active = "TxtVehicleNo"; }), "F4 list"));
+    EXPECT_FALSE(
+        Offers(With(EnteredLoad(), [](HintState& s) { s.active = "TxtVehicleNo"; }), "F4 list"));
 }
 
 } // namespace

@@ -20,8 +20,9 @@ struct ServerSignIn {
 };
 
 /// Opens the database of `Config.ini` in the station folder. Errors: a failure if the station has
-/// not been set up, or if the schema version of the database is not that of this program. `waitForLock`
-/// shows the wait for the lock of an embedded database; if it is empty, nothing is shown.
+/// not been set up, or if the schema version of the database is not that of this program.
+/// `waitForLock` shows the wait for the lock of an embedded database; if it is empty, nothing is
+/// shown.
 void OpenStationDatabase(Connection& connection, const std::string& folder,
                          const ServerSignIn& signIn,
                          std::function<std::unique_ptr<LockWait>()> waitForLock = {});

@@ -17,6 +17,7 @@
 #include <QHeaderView>
 #include <QLocale>
 #include <QPushButton>
+#include <QShowEvent>
 
 #include <array>
 

@@ -9,6 +9,7 @@
 #include <QBoxLayout>
 #include <QFormLayout>
 #include <QPushButton>
+#include <QShowEvent>
 
 namespace Quillane::Office {
 

@@ -59,8 +59,8 @@ TEST_F(MoveCommand, FaultsOfTheArgumentsAreReportedBeforeAPasswordIsAskedFor) {
     EXPECT_EQ(err.str(),
               "The name that the station signs in with is missing: --user NAME. See --help.\n"
               "A port is a number from 1 to 65535. See --help.\n"
-              "The database's name \"Mill\" has fewer than eight characters. The eighth is the "
-              "company's number, as in Account1. See --help.\n");
+              "The database's name \"Mill\" has fewer than eight characters. The eighth "
+              "character is the company number, as in Account1. See --help.\n");
 }
 
 TEST_F(MoveCommand, ServerThatDoesNotAnswerIsReportedAndTheOwnersPasswordIsAskedForFirst) {

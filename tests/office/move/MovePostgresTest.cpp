@@ -321,7 +321,7 @@ TEST_F(EachStatementOnPostgres, ServerThatGoesAtAStatementLeavesTheStation) {
     int failed = 0;
     for (int at = 1; at < statements; at += 13) {
         SCOPED_TRACE(at);
-        relay.Mend();
+        relay.Restore();
         const bool moved = MovedWith(target, [&](int statement) {
             if (statement == at)
                 relay.Break(at % 2 == 0 ? ServerRelay::Moment::AtNextRequest
@@ -332,7 +332,7 @@ TEST_F(EachStatementOnPostgres, ServerThatGoesAtAStatementLeavesTheStation) {
         ExpectTheOldStation(counts);
     }
     EXPECT_GT(failed, 3);
-    relay.Mend();
+    relay.Restore();
     EXPECT_TRUE(MoveTo(target).has_value());
     ExpectMoved(counts);
 }

@@ -205,7 +205,7 @@ TEST_F(EmbeddedOfficeRestore, IsRefusedWhileAStationHasTheDatabaseOpen) {
     database.Open(station);
     Work({SignIn, AskForRestore, AnswerBox(Qt::ALT | Qt::Key_R), AnswerBox(Qt::Key_Return),
           CloseOnBackupPage});
-    EXPECT_NE(texts.at(1).find("is in use. Please close every station"), std::string::npos)
+    EXPECT_NE(texts.at(1).find("Close every station and office that uses it"), std::string::npos)
         << texts.at(1);
     EXPECT_EQ(Arrivals(), "0");
     EXPECT_TRUE(KeptByRestores(database.folder.File("Account1.db")).empty());

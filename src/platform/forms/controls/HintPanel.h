@@ -8,9 +8,9 @@
 
 namespace Quillane {
 
-/// Advice on a screen, painted where the layout leaves space. It is no control of the screen: it has
-/// no place in the control order or the tab order, takes no focus, no key and no press, and asks the
-/// layout for nothing. Lines that do not fit are left out, the last ones first.
+/// Advice on a screen, painted where the layout leaves space. It is no control of the screen: it
+/// has no place in the control order or the tab order, takes no focus, no key and no press, and
+/// asks the layout for nothing. Lines that do not fit are left out, the last ones first.
 ///
 /// `Source` is asked each time the program has handled what was waiting for it, so it must be quick
 /// and must change nothing. It must not fail.
