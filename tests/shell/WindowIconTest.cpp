@@ -41,7 +41,7 @@ TEST_F(WindowIcon, OfSetUpSignInAndWaitingWindowIsThatOfTheProgram) {
     ExpectProgramsIcon(SignInDialog(login));
     ExpectProgramsIcon(CreateDatabaseDialog(folder.path));
     ExpectProgramsIcon(SqlServerDialog());
-    ExpectProgramsIcon(LockScreen());
+    ExpectProgramsIcon(LockScreen("The start continues"));
 }
 
 TEST_F(WindowIcon, OfABoxIsThatOfTheProgram) {
