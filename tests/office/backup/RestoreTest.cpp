@@ -209,8 +209,9 @@ TEST_F(Restore, FullDiskChangesNothing) {
             const FullDisk disk(bytes);
             text = FailureOf([&] { Put(copy); }).Description();
         }
-        EXPECT_TRUE(Says(text, "The copy cannot be brought next to the database: ")) << text;
-        EXPECT_TRUE(Says(text, "the space on its disk. The database is as it was.")) << text;
+        EXPECT_TRUE(Says(text, "The backup cannot be copied into the folder of the database: "))
+            << text;
+        EXPECT_TRUE(Says(text, "the free space on its disk.")) << text;
         EXPECT_EQ(CountIn(Database(), Arrivals), old);
         EXPECT_FALSE(station.folder.Has("Account1.db.restore"));
     }
@@ -233,7 +234,7 @@ TEST_F(Restore, CheckOfACopyChangesNothing) {
     open.Close();
     EXPECT_EQ(FilesIn(station.folder.path), files);
     EXPECT_TRUE(Says(FailureOf([&] { CheckCopy(Database(), Database(), work); }).Description(),
-                     "is the database that is to be replaced."));
+                     "is the database itself. Give the path of a backup."));
     backups.Write("text.db", std::string(5000, 'a'));
     EXPECT_TRUE(
         Says(FailureOf([&] { CheckCopy(Database(), backups.File("text.db"), work); }).Description(),
