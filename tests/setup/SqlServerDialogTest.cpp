@@ -147,7 +147,7 @@ TEST_F(SqlServerDialogTest, ReportsWhyTheServerIsNotReachedAndDoesNotChooseIt) {
     const std::string answer = hasDriver
                                    ? "No SQL Server answers at 127.0.0.1, port "
                                    : "The ODBC driver \"SQL Server\" is not installed. On Debian "
-                                     "the package tdsodbc brings it;";
+                                     "it is in the package tdsodbc;";
     const DeafPort nobody(false);
     Work([&](ScreenDriver& driver) {
         FillIn(driver);
