@@ -44,29 +44,15 @@ wait_until() {
     done
 }
 
-# Without auto-repeat (-r): on a busy machine a key may be held down for long.
-start_server() {
-    : >"$folder/display"
-    Xvfb -r -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$folder/display" \
-        2>"$folder/server.log" &
-    server=$!
-    wait_until grep -q '[0-9]' "$folder/display"
-    DISPLAY=:$(cat "$folder/display")
-    export DISPLAY
-    xprop -root >/dev/null 2>&1
-}
-
-# A server that ends at the same moment can remove the socket of a new one with its number.
-attempts=1
-until start_server; do
-    kill "$server"
-    wait "$server" 2>/dev/null || true
-    attempts=$((attempts + 1))
-    if [ "$attempts" -gt 5 ]; then
-        echo "with-x.sh: no X server can be reached" >&2
-        exit 1
-    fi
-done
+# Without auto-repeat (-r): on a busy machine a key may be held down for long. Without a reset after
+# the last client (-noreset): it would close the connection that the next client has just opened.
+: >"$folder/display"
+Xvfb -r -noreset -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$folder/display" \
+    2>"$folder/server.log" &
+server=$!
+wait_until grep -q '[0-9]' "$folder/display"
+DISPLAY=:$(cat "$folder/display")
+export DISPLAY
 if [ "$wm" = yes ]; then
     openbox --sm-disable >"$folder/manager.log" 2>&1 &
     manager=$!
