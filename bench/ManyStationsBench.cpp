@@ -198,7 +198,7 @@ int main(int argc, char** argv) {
         const std::string whyMissing = SqlServerDatabase::WhyMissing();
         if (whyMissing.empty())
             return MeasureAll(argv[0], argc > 1 ? std::stoi(argv[1]) : 500) ? 0 : 1;
-        std::cerr << "ManyStationsBench: SQL Server is not there: " << whyMissing << '\n';
+        std::cerr << "ManyStationsBench: " << whyMissing << '\n';
         return 77;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << '\n';

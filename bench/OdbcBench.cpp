@@ -218,9 +218,9 @@ void Measure(const std::string& server, const std::string& connectionString) {
 }
 
 /// Prints a message if the server is missing.
-bool IsThere(const char* server, const std::string& whyMissing) {
+bool IsThere(const std::string& whyMissing) {
     if (!whyMissing.empty())
-        std::cerr << "OdbcBench: " << server << " is not there: " << whyMissing << '\n';
+        std::cerr << "OdbcBench: " << whyMissing << '\n';
     return whyMissing.empty();
 }
 
@@ -232,11 +232,11 @@ int main() {
     using namespace Quillane;
     std::setlocale(LC_ALL, "C.UTF-8");
     try {
-        if (IsThere("PostgreSQL", PostgresServer::WhyMissing())) {
+        if (IsThere(PostgresServer::WhyMissing())) {
             const PostgresServer server;
             Measure("PostgreSQL", server.ConnectionString("postgres"));
         }
-        if (IsThere("SQL Server", SqlServerDatabase::WhyMissing())) {
+        if (IsThere(SqlServerDatabase::WhyMissing())) {
             const SqlServerDatabase database;
             Measure("SQL Server", database.ConnectionString());
         }

@@ -124,7 +124,7 @@ private:
 int main(int argc, char** argv) {
     const std::string whyMissing = Quillane::SqlServerDatabase::WhyMissing();
     if (!whyMissing.empty()) {
-        std::fprintf(stderr, "RoundTripsBench: SQL Server is not there: %s\n", whyMissing.c_str());
+        std::fprintf(stderr, "RoundTripsBench: %s\n", whyMissing.c_str());
         return 77;
     }
     const Quillane::OffscreenDisplay display;

@@ -67,9 +67,9 @@ const PostgresServer& PostgresServer::Shared() {
 
 std::string PostgresServer::WhyMissing() {
     if (!RunScript("find >/dev/null 2>&1"))
-        return "Debian's package postgresql is not installed";
+        return "PostgreSQL is not installed (Debian package postgresql).";
     if (OdbcDriverLibrary(ConnectionAttributes(std::string("Driver=") + driver)).empty())
-        return "Debian's package odbc-postgresql is not installed";
+        return "The ODBC driver for PostgreSQL is not installed (Debian package odbc-postgresql).";
     return {};
 }
 

@@ -18,7 +18,7 @@ public:
     /// process.
     static const PostgresServer& Shared();
 
-    /// Empty if the server and its ODBC driver are installed, otherwise the missing package.
+    /// What is missing, the server or its ODBC driver, and its package; empty if nothing is.
     static std::string WhyMissing();
 
     /// A connection string for this database; `more` is appended.

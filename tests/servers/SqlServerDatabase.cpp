@@ -60,7 +60,9 @@ SqlServerDatabase::~SqlServerDatabase() {
 }
 
 std::string SqlServerDatabase::WhyMissing() {
-    return std::ifstream(fragmentFile) ? "" : "no file tests/sqlserver.local names one";
+    return std::ifstream(fragmentFile)
+               ? ""
+               : "No SQL Server is named for the tests (file tests/sqlserver.local).";
 }
 
 std::string SqlServerDatabase::ConnectionString() const {

@@ -57,7 +57,7 @@ TdsServer::~TdsServer() {
 
 std::string TdsServer::WhyMissing() {
     return OdbcDriverLibrary(ConnectionAttributes("Driver=FreeTDS")).empty()
-               ? "Debian's package tdsodbc is not installed"
+               ? "The ODBC driver FreeTDS is not installed (Debian package tdsodbc)."
                : "";
 }
 

@@ -5,16 +5,15 @@
 #include "platform/host/StationFile.h"
 #include "station/FreshFolder.h"
 #include "support/FailureOf.h"
+#include "support/OwnDisk.h"
+#include "support/SkipIfMissing.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace Quillane {
@@ -40,26 +39,6 @@ constexpr int notPossibleHere = 77;
     if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0))
         std::_Exit(notPossibleHere);
     PrintFault(folder);
-}
-
-/// On a small disk that only this process sees.
-[[noreturn]] void PrintFaultOnDisk(const std::string& folder, const char* options,
-                                   unsigned long flags) {
-    if (::unshare(CLONE_NEWNS | (::geteuid() == 0 ? 0 : CLONE_NEWUSER)) != 0 ||
-        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        ::mount("small", folder.c_str(), "tmpfs", flags, options) != 0)
-        std::_Exit(notPossibleHere);
-    PrintFault(folder);
-}
-
-/// True if this user may mount a disk; not in every container.
-bool MayMount(const std::string& folder) {
-    const pid_t child = ::fork();
-    if (child == 0)
-        PrintFaultOnDisk(folder, "size=100k", 0);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WEXITSTATUS(status) == 0;
 }
 
 std::string Refusal(const std::string& folder, const std::string& why) {
@@ -102,18 +81,18 @@ TEST_F(SetupChecks, RefuseAFolderOfAnotherUser) {
 }
 
 TEST_F(SetupChecks, RefuseAFullDisk) {
-    if (!MayMount(folder.path))
-        GTEST_SKIP() << "this user may not mount a file system: run the test as root";
-    EXPECT_EXIT(PrintFaultOnDisk(folder.path, "size=100k", 0), testing::ExitedWithCode(0),
-                Refusal(folder.path, "No space left on device"));
-    EXPECT_EXIT(PrintFaultOnDisk(folder.path, "size=10m", 0), testing::ExitedWithCode(0),
-                "it is writable");
+    SKIP_IF_MISSING(OwnDisk::WhyMissing());
+    const auto printFault = [&] { PrintFault(folder.path); };
+    EXPECT_EXIT((OwnDisk{.folder = folder.path, .size = "100k"}.CallAndExit(printFault)),
+                testing::ExitedWithCode(0), Refusal(folder.path, "No space left on device"));
+    EXPECT_EXIT((OwnDisk{.folder = folder.path, .size = "10m"}.CallAndExit(printFault)),
+                testing::ExitedWithCode(0), "it is writable");
 }
 
 TEST_F(SetupChecks, RefuseAReadOnlyDisk) {
-    if (!MayMount(folder.path))
-        GTEST_SKIP() << "this user may not mount a file system: run the test as root";
-    EXPECT_EXIT(PrintFaultOnDisk(folder.path, "size=10m", MS_RDONLY), testing::ExitedWithCode(0),
+    SKIP_IF_MISSING(OwnDisk::WhyMissing());
+    const OwnDisk disk{.folder = folder.path, .size = "10m", .isReadOnly = true};
+    EXPECT_EXIT(disk.CallAndExit([&] { PrintFault(folder.path); }), testing::ExitedWithCode(0),
                 Refusal(folder.path, "Read-only file system"));
 }
 

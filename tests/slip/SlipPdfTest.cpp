@@ -20,7 +20,7 @@ protected:
     void SetUp() override {
         for (const char* tool : {"pdftotext", "pdftoppm", "pdfinfo"}) {
             if (QStandardPaths::findExecutable(tool).isEmpty())
-                GTEST_SKIP() << tool << " is not installed";
+                GTEST_SKIP() << tool << " is not installed (Debian package poppler-utils).";
         }
     }
 

@@ -4,8 +4,8 @@
 #include "office/backup/WorkLock.h"
 #include "platform/host/BackupRecord.h"
 #include "platform/host/StationFile.h"
-
-#include <QProcess>
+#include "support/OwnDisk.h"
+#include "support/SkipIfMissing.h"
 
 namespace Quillane::Office {
 namespace {
@@ -156,37 +156,20 @@ TEST_F(Backups, AreStoredInTheFolderOfTheStationFile) {
 
 // ---- a full disk ----
 
-/// Runs a shell script with a file system of this size in kilobytes mounted on the backup folder,
-/// for this process only. Returns its output; empty if nothing can be mounted.
-QString RunWithSmallDisk(const std::string& folder, int kilobytes, const std::string& script) {
-    QProcess shell;
-    shell.setProcessChannelMode(QProcess::MergedChannels);
-    shell.start("unshare", {"--map-root-user", "--mount", "sh", "-c",
-                            QString("mount -t tmpfs -o size=%1k small '%2' || exit 77; %3")
-                                .arg(kilobytes)
-                                .arg(QString::fromStdString(folder))
-                                .arg(QString::fromStdString(script))});
-    if (!shell.waitForFinished(60'000) || shell.exitCode() == 77)
-        return {};
-    return QString::fromUtf8(shell.readAll());
-}
-
 TEST_F(Backups, FullDiskLeavesNoNewFileAndKeepsTheOldOnes) {
-    const std::string folder = backups.path;
-    const std::string old = folder + "/Account1-20260101-000000.db";
-    const std::string output =
-        RunWithSmallDisk(folder, 64,
-                         "echo old > " + old + "; " + QUILLANE_OFFICE + " --station " +
-                             station.folder.path + " --backup " + folder +
-                             " --keep 1; echo code $?; ls " + folder)
-            .toStdString();
-    if (output.empty())
-        GTEST_SKIP() << "this user may not mount a file system: run the test as root";
-    EXPECT_TRUE(Says(output, "No backup has been made in " + folder + ": ")) << output;
-    EXPECT_TRUE(Says(output, "The disk has too little space: a backup needs about 1 MB. Free "
-                             "some space, or name another folder."))
-        << output;
-    EXPECT_TRUE(Says(output, "code 1\nAccount1-20260101-000000.db\n")) << output;
+    SKIP_IF_MISSING(OwnDisk::WhyMissing());
+    const std::string old = "Account1-20260101-000000.db";
+    const auto backUp = [&] {
+        backups.Write(old, "old");
+        const std::string text = FailureOf([&] { Make(1); }).Description();
+        EXPECT_TRUE(Says(text, "No backup has been made in " + backups.path + ": ")) << text;
+        EXPECT_TRUE(Says(text, "The disk has too little space: a backup needs about 1 MB. Free "
+                               "some space, or name another folder."))
+            << text;
+        EXPECT_EQ(FilesIn(backups.path), std::set{old});
+    };
+    EXPECT_EXIT((OwnDisk{.folder = backups.path, .size = "64k"}.CallAndExit(backUp)),
+                testing::ExitedWithCode(0), "");
 }
 
 } // namespace

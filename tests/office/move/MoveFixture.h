@@ -7,6 +7,7 @@
 #include "setup/EmbeddedFile.h"
 #include "station/StationDatabase.h"
 #include "support/FailureOf.h"
+#include "support/SkipIfMissing.h"
 
 #include <gtest/gtest.h>
 
@@ -80,9 +81,7 @@ protected:
 class MoveToPostgres : public StationToMove {
 protected:
     void SetUp() override {
-        const std::string whyMissing = PostgresServer::WhyMissing();
-        if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL is not there: " << whyMissing;
+        SKIP_IF_MISSING(PostgresServer::WhyMissing());
         database.emplace();
         server.Open(database->ConnectionString());
     }

@@ -3,6 +3,7 @@
 #include "platform/ado/EmbeddedFolder.h"
 #include "servers/PostgresServer.h"
 #include "servers/SqlServerDatabase.h"
+#include "support/SkipIfMissing.h"
 
 namespace Quillane {
 
@@ -75,9 +76,7 @@ std::vector<ContractEngine> TSqlContractEngines() {
 
 void ConnectionContract::SetUp() {
     const ContractEngine& engine = GetParam();
-    const std::string whyMissing = engine.whyMissing();
-    if (!whyMissing.empty())
-        GTEST_SKIP() << engine.name << " cannot be tested here: " << whyMissing;
+    SKIP_IF_MISSING(engine.whyMissing());
     database = engine.make();
     connection.SetEmbeddedSupport(database->Support());
     connection.Open(database->ConnectionString());

@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "servers/PostgresServer.h"
 #include "support/FailureOf.h"
+#include "support/SkipIfMissing.h"
 
 #include <gtest/gtest.h>
 
@@ -69,9 +70,7 @@ private:
 class KilledPostgres : public testing::Test {
 protected:
     void SetUp() override {
-        const std::string whyMissing = PostgresServer::WhyMissing();
-        if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL cannot be tested here: " << whyMissing;
+        SKIP_IF_MISSING(PostgresServer::WhyMissing());
         server = std::make_unique<PostgresServer>();
         Ask("Create Table Loads (LoadId int Primary Key)");
         Ask("Create Table Lines (LoadId int References Loads, Note varchar(20))");

@@ -3,6 +3,7 @@
 #include "platform/ado/odbc/OdbcOnPostgres.h"
 #include "servers/ServerRelay.h"
 #include "servers/TdsServer.h"
+#include "support/SkipIfMissing.h"
 
 namespace Quillane {
 
@@ -113,9 +114,7 @@ protected:
     static constexpr int TimeoutSeconds = 1;
 
     void SetUp() override {
-        const std::string whyMissing = TdsServer::WhyMissing();
-        if (!whyMissing.empty())
-            GTEST_SKIP() << "FreeTDS cannot be tested here: " << whyMissing;
+        SKIP_IF_MISSING(TdsServer::WhyMissing());
         server.emplace();
         relay.emplace(server->ConnectionString());
         station.CommandTimeout = TimeoutSeconds;

@@ -247,9 +247,7 @@ TEST_F(OdbcTransactionsOnPostgres, OfALostConnectionCountAsRolledBack) {
 class OdbcOnKilledPostgres : public testing::Test {
 protected:
     void SetUp() override {
-        const std::string whyMissing = PostgresServer::WhyMissing();
-        if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL cannot be tested here: " << whyMissing;
+        SKIP_IF_MISSING(PostgresServer::WhyMissing());
         server.emplace();
         connection.Open(server->ConnectionString("postgres"));
         connection.Execute("Create Table Loads (LoadId int Primary Key)");

@@ -2,6 +2,7 @@
 #include "servers/DeafPort.h"
 #include "servers/TdsServer.h"
 #include "support/FailureOf.h"
+#include "support/SkipIfMissing.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -25,9 +26,7 @@ constexpr auto lost =
 class OdbcOnFreeTds : public testing::Test {
 protected:
     void SetUp() override {
-        const std::string whyMissing = TdsServer::WhyMissing();
-        if (!whyMissing.empty())
-            GTEST_SKIP() << "FreeTDS cannot be tested here: " << whyMissing;
+        SKIP_IF_MISSING(TdsServer::WhyMissing());
         server.emplace();
         connection.CommandTimeout = 1;
         connection.Open(server->ConnectionString());
@@ -323,8 +322,7 @@ bool ServesAsSqlServer() {
 // In a new process: the driver manager reads the registration of its drivers only once, so
 // nothing may have asked it before.
 TEST(OdbcOnFreeTdsRegistered, IsFoundUnderTheNameInTheConnectionString) {
-    if (!std::filesystem::exists("/usr/share/tdsodbc/odbcinst.ini"))
-        GTEST_SKIP() << "FreeTDS cannot be tested here: Debian's package tdsodbc is not installed";
+    SKIP_IF_MISSING(TdsServer::WhyMissing());
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(std::_Exit(ServesAsSqlServer() ? 7 : 1), testing::ExitedWithCode(7), "");
 }

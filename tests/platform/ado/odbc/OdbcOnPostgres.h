@@ -3,6 +3,7 @@
 #include "platform/ado/Connection.h"
 #include "servers/PostgresServer.h"
 #include "support/FailureOf.h"
+#include "support/SkipIfMissing.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +17,7 @@ namespace Quillane {
 class OdbcOnPostgres : public testing::Test {
 protected:
     void SetUp() override {
-        const std::string whyMissing = PostgresServer::WhyMissing();
-        if (!whyMissing.empty())
-            GTEST_SKIP() << "PostgreSQL cannot be tested here: " << whyMissing;
+        SKIP_IF_MISSING(PostgresServer::WhyMissing());
         database.emplace();
         connection.Open(database->ConnectionString());
     }

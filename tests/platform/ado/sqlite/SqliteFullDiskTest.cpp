@@ -2,10 +2,11 @@
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
-
-#include <sys/mount.h>
+#include "support/OwnDisk.h"
+#include "support/SkipIfMissing.h"
 
 #include <fstream>
+#include <functional>
 
 namespace Quillane {
 
@@ -13,22 +14,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A disk of one megabyte. Only root can mount one.
+/// A database on a disk of one megabyte.
 class SqliteFullDisk : public testing::Test {
 protected:
     void SetUp() override {
-        disk = folder.Folder() / "disk";
+        SKIP_IF_MISSING(OwnDisk::WhyMissing());
         fs::create_directory(disk);
-        if (::mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=1m") != 0)
-            GTEST_SKIP() << "this user may not mount a file system: run the test as root";
-        isMounted = true;
-        fs::copy_file(folder.File(), disk / "Account1.db");
     }
-    void TearDown() override {
-        if (isMounted)
-            ::umount(disk.c_str());
+    /// In a child process, which alone sees the disk.
+    [[noreturn]] void OnDisk(const std::function<void()>& action) const {
+        OwnDisk{.folder = disk, .size = "1m"}.CallAndExit([&] {
+            fs::copy_file(folder.File(), disk / "Account1.db");
+            action();
+        });
     }
-    /// Up to so many bytes.
+    /// Leaves this number of bytes free.
     void Fill(std::uintmax_t left) const {
         {
             std::ofstream all(disk / "all", std::ios::binary);
@@ -44,41 +44,46 @@ protected:
     }
 
     EmbeddedFolder folder;
-    fs::path disk;
-    bool isMounted = false;
+    const fs::path disk = folder.Folder() / "disk";
 };
 
 TEST_F(SqliteFullDisk, IsReportedAtTheOpening) {
+    // With the log the file is in the mode of the write-ahead log already.
     for (const bool hasLog : {false, true}) {
-        SCOPED_TRACE(hasLog);
-        if (hasLog) {
-            // The file is in the mode of the write-ahead log already.
-            Connection connection;
-            Open(connection);
-        }
         for (const std::uintmax_t left : {0, 16'384}) {
-            Fill(left);
-            Connection connection;
-            EXPECT_EQ(DatabaseFailureOf([&] { Open(connection); }),
-                      "The disk that holds the database file " + (disk / "Account1.db").string() +
-                          " is full. Please make space on it and start the program again.");
-            fs::remove(disk / "all");
+            const auto openOnFullDisk = [&] {
+                if (hasLog) {
+                    Connection connection;
+                    Open(connection);
+                }
+                Fill(left);
+                Connection connection;
+                EXPECT_EQ(DatabaseFailureOf([&] { Open(connection); }),
+                          "The disk that holds the database file " +
+                              (disk / "Account1.db").string() +
+                              " is full. Please make space on it and start the program again.");
+            };
+            EXPECT_EXIT(OnDisk(openOnFullDisk), testing::ExitedWithCode(0), "")
+                << hasLog << ' ' << left;
         }
     }
 }
 
 TEST_F(SqliteFullDisk, IsReportedForARow) {
-    Connection connection;
-    Open(connection);
-    Fill(0);
-    const std::string row =
-        "Insert Into Project_Registry Values ('a', '" + std::string(100'000, 'x') + "')";
-    EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute(row); }), "database or disk is full");
-    fs::remove(disk / "all");
-    connection.Execute(row);
-    EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute("Select x From Nowhere"); }),
-              "no such table: Nowhere")
-        << "other refusals keep their words";
+    const auto addRow = [&] {
+        Connection connection;
+        Open(connection);
+        Fill(0);
+        const std::string row =
+            "Insert Into Project_Registry Values ('a', '" + std::string(100'000, 'x') + "')";
+        EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute(row); }), "database or disk is full");
+        fs::remove(disk / "all");
+        connection.Execute(row);
+        EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute("Select x From Nowhere"); }),
+                  "no such table: Nowhere")
+            << "other refusals keep their words";
+    };
+    EXPECT_EXIT(OnDisk(addRow), testing::ExitedWithCode(0), "");
 }
 
 } // namespace
