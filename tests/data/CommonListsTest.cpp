@@ -285,7 +285,7 @@ TEST_F(PickLists, GetIdOfNameFindsTheFirstExactMatch) {
 // The list shows and returns the complete name.
 TEST_F(PickLists, NameMayBeginWithAByteOrderMark) {
     const std::string name = "\xEF\xBB\xBFJute";
-    FillPickList(rows, array, "select 1 as ID, '" + name + "' as Name union all select 2, 'Jute'",
+    FillPickList(rows, array, "select 1 as ID, N'" + name + "' as Name union all select 2, 'Jute'",
                  screen.CboFirst);
     screen.Show();
     screen.CboFirst.SetFocus();
