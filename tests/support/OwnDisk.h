@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <sched.h>
@@ -40,9 +42,15 @@ struct OwnDisk {
             std::perror("mount");
             std::_Exit(2);
         }
+        const testing::TestResult& result =
+            *testing::UnitTest::GetInstance()->current_test_info()->result();
+        const int before = result.total_part_count();
         action();
+        // The child process of a death test reports nothing itself.
+        for (int i = before; i < result.total_part_count(); ++i)
+            std::fprintf(stderr, "%s\n", result.GetTestPartResult(i).message());
         std::fflush(nullptr);
-        std::_Exit(testing::Test::HasFailure() ? 1 : 0);
+        std::_Exit(result.total_part_count() > before ? 1 : 0);
     }
 
 private:
@@ -68,5 +76,18 @@ private:
                        options.c_str()) == 0;
     }
 };
+
+/// Fills the disk of a folder but for this number of bytes. Returns the file to remove.
+inline std::filesystem::path FillDisk(const std::filesystem::path& folder,
+                                      std::uintmax_t bytesLeft) {
+    constexpr std::streamsize blockSize = 4096;
+    std::filesystem::path file = folder / "rest";
+    const std::string block(blockSize, 'x');
+    std::uintmax_t blocks = 0;
+    for (std::ofstream rest(file, std::ios::binary); rest.write(block.data(), blockSize).flush();)
+        ++blocks;
+    std::filesystem::resize_file(file, blocks * blockSize - bytesLeft);
+    return file;
+}
 
 } // namespace Quillane

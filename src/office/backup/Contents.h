@@ -28,9 +28,9 @@ std::string DescribeContents(const Contents& contents);
 
 Contents ContentsOf(EmbeddedFile& file);
 
-/// Checks a complete database file and returns its contents. Requires: nobody else writes the file.
-/// Leaves no other file next to it. Errors: a failure that uses the given name of the file if it is
-/// empty, not a database, truncated or damaged.
+/// Checks a complete database file and returns its contents. Requires: no other program writes the
+/// file. Leaves no other file next to it. Errors: a failure that uses the given name of the file if
+/// it is empty, not a database, truncated or damaged.
 Contents CheckDatabase(const std::string& path, const std::string& name, LongWork& work);
 
 /// Fails if a station of this program cannot use the database: its tables are missing, or its

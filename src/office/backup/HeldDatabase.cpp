@@ -32,6 +32,12 @@ bool IsBusy(EmbeddedFile& session) {
                       "uses it, then try again.");
 }
 
+[[noreturn]] void FailOnFullDisk(const std::string& path) {
+    throw Failure(FailureNumber::PathAccess,
+                  "The disk that holds the database " + path +
+                      " is full. Nothing has been changed. Free some space on it, then try again.");
+}
+
 [[noreturn]] void FailToMove(const std::string& path, const std::error_code& error) {
     throw Failure(
         FailureNumber::PathAccess,
@@ -70,6 +76,8 @@ HeldDatabase::HeldDatabase(const std::string& path) : path_(path), exists_(FileE
     } catch (const Failure&) {
         if (IsBusy(*session_))
             FailInUse(path);
+        if (IsDiskFull(session_->Session()))
+            FailOnFullDisk(path);
         session_.reset();
     }
 }

@@ -11,7 +11,8 @@ namespace Quillane::Office {
 /// back into the file and removed. A missing or damaged file cannot be locked and is not changed.
 class HeldDatabase {
 public:
-    /// Errors: 75, with what to do, if a station or an office has the file open.
+    /// Errors: 75, with what to do, if a station or an office has the file open or the disk is
+    /// full.
     explicit HeldDatabase(const std::string& path);
 
     bool Exists() const { return exists_; }

@@ -39,7 +39,7 @@ void CopyPages(EmbeddedFile& source, EmbeddedFile& target, LongWork& work) {
     }
 }
 
-/// Turns off the write-ahead log mode of the copy; otherwise opening it would create further files.
+/// Turns off the write-ahead log mode of the copy; otherwise opening it would create more files.
 /// The exclusive locking mode avoids the index of the log, which some file systems do not support.
 void MakeSelfContained(const std::string& copy) {
     EmbeddedFile file(copy, SQLITE_OPEN_READWRITE);

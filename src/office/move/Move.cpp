@@ -54,8 +54,8 @@ EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
 }
 
 /// The same database in another file. In the end it takes the place of the file, so that a station
-/// that was waiting for the file's lock all the time cannot go on with it: the file that it has
-/// opened is no longer there.
+/// that was waiting for the file's lock cannot use it: the file that it has opened does not exist
+/// any more.
 class SecondFile {
 public:
     /// `reader` is left open: closing it would end this process's lock of the database.

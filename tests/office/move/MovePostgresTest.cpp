@@ -4,6 +4,7 @@
 
 #include "office/move/MoveRows.h"
 #include "servers/ServerRelay.h"
+#include "support/OwnDisk.h"
 
 #include <sys/stat.h>
 
@@ -344,6 +345,48 @@ TEST_F(MoveToPostgres, ServerThatDoesNotAnswerChangesNothing) {
     EXPECT_TRUE(
         Says(FailureOf([&] { MoveTo(away); }).Description(), "The move has not been finished."));
     ExpectTheOldStation(counts);
+}
+
+/// The folder of the station on a disk of its own.
+class FullDiskOfMoveToPostgres : public MoveToPostgres {
+protected:
+    void CopyStation() const {
+        for (const char* name : {"Account1.db", "Config.ini"})
+            std::filesystem::copy_file(station.folder.File(name), disk.File(name));
+    }
+    std::optional<MovedStation> MoveIt() {
+        const std::string file = disk.File("Account1.db");
+        const PostgresTarget target(file, database->ConnectionString(), disk.path);
+        return Move(
+            disk.path, file, [&](LongWork&) { return target.Connect(); }, work);
+    }
+
+    FreshFolder disk;
+};
+
+TEST_F(FullDiskOfMoveToPostgres, ChangesNothing) {
+    SKIP_IF_MISSING(OwnDisk::WhyMissing());
+    const auto size = std::filesystem::file_size(Database());
+    const std::map<std::string, long> counts = Counts();
+    for (const auto left : {std::uintmax_t{0}, std::uintmax_t{65'536}, size - 4096}) {
+        const auto move = [&] {
+            CopyStation();
+            const std::filesystem::path rest = FillDisk(disk.path, left);
+            const std::string words = FailureOf([&] { MoveIt(); }).Description();
+            EXPECT_TRUE(Says(words, "The move has not been finished. ")) << words;
+            EXPECT_TRUE(Says(words, left == 0 ? " is full. Nothing has been changed. "
+                                              : " the space on its disk."))
+                << words;
+            EXPECT_EQ(disk.Read("Config.ini"), config);
+            EXPECT_FALSE(disk.Has("Account1.db.move"));
+            std::filesystem::remove(rest);
+            EXPECT_TRUE(MoveIt().has_value());
+            EXPECT_EQ(CountsThere(server, counts), counts);
+        };
+        EXPECT_EXIT((OwnDisk{.folder = disk.path, .size = "4m"}.CallAndExit(move)),
+                    testing::ExitedWithCode(0), "")
+            << left;
+    }
 }
 
 TEST_F(MoveToPostgres, ConfigurationThatCannotBeWrittenLeavesTheStationAndNoSecondCopyOfIt) {

@@ -16,15 +16,6 @@ int PrimaryCode(int code) {
     return code & 0xFF;
 }
 
-// The index of the log cannot grow on a full disk, and the engine then speaks of a failure of the
-// device. The system's number is that of the last failure, whenever that was.
-bool IsDiskFull(sqlite3* session) {
-    const int code = PrimaryCode(sqlite3_errcode(session));
-    const int systemCode = sqlite3_system_errno(session);
-    return code == SQLITE_FULL || ((code == SQLITE_IOERR || code == SQLITE_CANTOPEN) &&
-                                   (systemCode == ENOSPC || systemCode == EDQUOT));
-}
-
 int Run(sqlite3* session, const char* statements) {
     return sqlite3_exec(session, statements, nullptr, nullptr, nullptr);
 }
@@ -103,6 +94,15 @@ void KeepLogAtClose(sqlite3* session, bool keeps) {
 }
 
 } // namespace
+
+// The index of the log cannot grow on a full disk, and the engine then reports a failure of the
+// device. The system's number is that of the last failure, whenever that was.
+bool IsDiskFull(sqlite3* session) {
+    const int code = PrimaryCode(sqlite3_errcode(session));
+    const int systemCode = sqlite3_system_errno(session);
+    return code == SQLITE_FULL || ((code == SQLITE_IOERR || code == SQLITE_CANTOPEN) &&
+                                   (systemCode == ENOSPC || systemCode == EDQUOT));
+}
 
 std::string SqliteMessage(sqlite3* session) {
     return IsDiskFull(session) ? sqlite3_errstr(SQLITE_FULL) : sqlite3_errmsg(session);

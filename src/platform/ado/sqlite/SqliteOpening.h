@@ -17,6 +17,9 @@ sqlite3* OpenSqliteFile(const std::string& path);
 /// Requires: the session has its busy handler and its functions.
 void PrepareSqliteSession(sqlite3* session, const std::string& path);
 
+/// True if the last failure of the session was caused by a full disk or a quota.
+bool IsDiskFull(sqlite3* session);
+
 /// The engine's message for its last failure. A full disk is always reported as such.
 std::string SqliteMessage(sqlite3* session);
 

@@ -5,7 +5,6 @@
 #include "support/OwnDisk.h"
 #include "support/SkipIfMissing.h"
 
-#include <fstream>
 #include <functional>
 
 namespace Quillane {
@@ -28,16 +27,6 @@ protected:
             action();
         });
     }
-    /// Leaves this number of bytes free.
-    void Fill(std::uintmax_t left) const {
-        {
-            std::ofstream all(disk / "all", std::ios::binary);
-            const std::string block(4096, 'x');
-            while (all.write(block.data(), 4096).flush()) {
-            }
-        }
-        fs::resize_file(disk / "all", fs::file_size(disk / "all") / 4096 * 4096 - left);
-    }
     void Open(Connection& connection) const {
         connection.SetEmbeddedSupport({disk.string()});
         connection.Open(EmbeddedFolder::connectionString);
@@ -56,7 +45,7 @@ TEST_F(SqliteFullDisk, IsReportedAtTheOpening) {
                     Connection connection;
                     Open(connection);
                 }
-                Fill(left);
+                FillDisk(disk, left);
                 Connection connection;
                 EXPECT_EQ(DatabaseFailureOf([&] { Open(connection); }),
                           "The disk that holds the database file " +
@@ -73,11 +62,11 @@ TEST_F(SqliteFullDisk, IsReportedForARow) {
     const auto addRow = [&] {
         Connection connection;
         Open(connection);
-        Fill(0);
+        const fs::path rest = FillDisk(disk, 0);
         const std::string row =
             "Insert Into Project_Registry Values ('a', '" + std::string(100'000, 'x') + "')";
         EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute(row); }), "database or disk is full");
-        fs::remove(disk / "all");
+        fs::remove(rest);
         connection.Execute(row);
         EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute("Select x From Nowhere"); }),
                   "no such table: Nowhere")
