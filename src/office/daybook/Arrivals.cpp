@@ -10,13 +10,12 @@ namespace {
 /// In the order of the statement's columns.
 enum Column { Day, Id, Party, Commodity, Vehicle, Bags, Gross, Tare, ScaleDeduction, Net };
 
-/// Escapes the wildcards of Like by "!".
+/// Encloses the wildcards of Like in brackets.
 std::string PlainInPattern(std::string_view text) {
     std::string plain;
     for (const char c : text) {
-        if (std::string_view("!%_[]").find(c) != std::string_view::npos)
-            plain += '!';
-        plain += c;
+        const bool isWildcard = c == '%' || c == '_' || c == '[';
+        plain += isWildcard ? std::string{'[', c, ']'} : std::string(1, c);
     }
     return plain;
 }
@@ -46,7 +45,7 @@ std::string Condition(const ArrivalFilter& filter, const ArrivalPosition& positi
     if (!filter.vehicle.empty())
         condition += " And Exists (Select 1 From ArrivalsBody V Where V.ArrivalId = A.ArrivalID "
                      "And V.VehicleNo Like " +
-                     SqlText("%" + PlainInPattern(filter.vehicle) + "%") + " Escape '!')";
+                     SqlText("%" + PlainInPattern(filter.vehicle) + "%") + ")";
     if (filter.onlyInside)
         condition += " And (Select Sum(T.TareWeight) From ArrivalsBody T "
                      "Where T.ArrivalId = A.ArrivalID) = 0";
