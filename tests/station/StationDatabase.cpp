@@ -27,9 +27,10 @@ NewDatabase ParticularsOf(const std::string& company, const std::string& user,
             .hashCost = HashCost::Minimum};
 }
 
-StationDatabase::StationDatabase(const NewDatabase& particulars)
-    : store_(OnSqlServer() ? MakeSqlServerStore(particulars)
-                           : MakeEmbeddedStore(folder.File("Account1.db"), particulars)) {}
+StationDatabase::StationDatabase(const NewDatabase& particulars, StationEngine engine)
+    : store_(engine == StationEngine::Tested && OnSqlServer()
+                 ? MakeSqlServerStore(particulars)
+                 : MakeEmbeddedStore(folder.File("Account1.db"), particulars)) {}
 
 StationDatabase::~StationDatabase() = default;
 

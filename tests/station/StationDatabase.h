@@ -17,15 +17,18 @@ NewDatabase SampleParticulars();
 NewDatabase ParticularsOf(const std::string& company, const std::string& user,
                           const std::string& password);
 
-/// A fresh database of a station, on the engine that the tests run on (TestedEngine.h): a file
-/// Account1.db in a folder of its own, or a database on the SQL Server that tests/sqlserver.local
-/// names. One stands at a time.
+/// `Tested` is the engine that the tests run on (TestedEngine.h).
+enum class StationEngine { Tested, Embedded };
+
+/// A new database of a station: a file Account1.db in a new folder, or a database on the SQL Server
+/// that tests/sqlserver.local names. Only one may exist at a time.
 ///
 /// On SQL Server one database serves all tests of a program: each test finds it emptied and set up
-/// anew, or, where the test before has changed the schema, finds a new one.
+/// again, or finds a new one if the test before has changed the schema.
 class StationDatabase {
 public:
-    explicit StationDatabase(const NewDatabase& particulars = SampleParticulars());
+    explicit StationDatabase(const NewDatabase& particulars = SampleParticulars(),
+                             StationEngine engine = StationEngine::Tested);
     ~StationDatabase();
     StationDatabase(const StationDatabase&) = delete;
     StationDatabase& operator=(const StationDatabase&) = delete;

@@ -73,7 +73,7 @@ protected:
     }
 
     static constexpr const char* config = "Server=(embedded);Database=Account1\n";
-    StationDatabase station;
+    StationDatabase station{SampleParticulars(), StationEngine::Embedded};
     LongWork work;
 };
 

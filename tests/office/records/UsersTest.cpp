@@ -98,8 +98,8 @@ TEST_F(Users, LevelIsChanged) {
 }
 
 TEST_F(Users, LastUserOfLevelOneCannotBeRemoved) {
-    const std::string last = "\"Nadia\" is the last user of level 1. Without one, nobody could "
-                             "edit users and lists. Give another user level 1 first.";
+    const std::string last = "\"Nadia\" is the last user of level 1. Users and lists cannot be "
+                             "edited without one. Give another user level 1 first.";
     EXPECT_EQ(RemoveUser(database.connection, {"Nadia", 1}), last);
     EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 2), last);
     EXPECT_EQ(SetLevel(database.connection, {"Nadia", 1}, 0), last);
