@@ -1,7 +1,7 @@
 -- Two roles: StationOperator may do what the statements of the station do, and nothing else;
 -- StationReader may read weighments and the names in them. Run this after schema.sql, and again
--- whenever a new table refers to Arrivals. Running it twice changes nothing. Nobody is made a
--- member here.
+-- whenever a new table refers to Arrivals. Running it twice changes nothing. It adds no
+-- members.
 --
 -- The station builds its statements from typed texts, so this role protects the rest of the database
 -- from a pasted text. The statements name tables without a schema. The schema Station, the default schema of

@@ -384,7 +384,7 @@ BEGIN
 END');
 GO
 
--- Rows that the station updates and never inserts. A table of the site may have further required
+-- Rows that the station updates and never inserts. A table of the site may have other required
 -- columns: a row that it does not accept is printed and left out. The version is written last: it
 -- shows that the database is complete.
 

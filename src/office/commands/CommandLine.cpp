@@ -44,7 +44,7 @@ Options:
                          asking
   --skip-faulty          with --import: skip faulty lines, write the others
   --csv FILE             with --day-book: a CSV file
-  --xlsx FILE            with --day-book: a workbook, with the sums on further sheets
+  --xlsx FILE            with --day-book: a workbook, with the sums on more sheets
   --sums BY              with --csv: the sums by day, party or commodity instead of
                          the arrivals
   --party ACCOUNT        with --day-book: only this party
@@ -59,8 +59,8 @@ Options:
   --database NAME        with --move-to-server: the existing database on the server;
                          without it the one with the same name as here
   --port N               with --move-to-server: the port; without it 1433
-  --options TEXT         with --move-to-server: further attributes for the driver, such
-                         as Encryption=require
+  --options TEXT         with --move-to-server: more attributes for the driver, such as
+                         Encryption=require
   --sign-in NAME         use the login NAME on the database server instead of the one
                          in Config.ini; its password is asked for first
 

@@ -71,7 +71,7 @@ bool IsConfirmed(const MoveOrder& order, const Request& request, Terminal& termi
            terminal.confirm("Move the station to " + LocationOnServer(order.place) + "?");
 }
 
-ExitCode TellMoved(const MovedStation& moved, const MoveOrder& order, Terminal& terminal) {
+ExitCode ReportMove(const MovedStation& moved, const MoveOrder& order, Terminal& terminal) {
     terminal.out << Counted(static_cast<long>(moved.tables), "table", "tables") << " with "
                  << Counted(moved.rows, "row", "rows")
                  << " are on the server; counts, sums and checksums agree.\n"
@@ -105,7 +105,7 @@ ExitCode TryOutAndMove(const MoveOrder& order, const Request& request, Terminal&
     std::optional<MovedStation> moved;
     terminal.runLong([&](LongWork& work) { moved = MoveToServer(order, work); });
     if (moved)
-        return TellMoved(*moved, order, terminal);
+        return ReportMove(*moved, order, terminal);
     terminal.err << "Cancelled. The station works on its database on this computer as before. The "
                     "next move begins again.\n";
     return ExitCode::Cancelled;

@@ -37,8 +37,8 @@ struct MovedStation {
 };
 
 /// Moves the embedded database of a station to a server: makes the schema, copies all tables, reads
-/// them there and compares, and points the station to the server only when all agree. Nobody can
-/// open the embedded database meanwhile; its file stays as it is.
+/// them there and compares, and points the station to the server only when all agree. No other
+/// program can open the embedded database until then; its file does not change.
 ///
 /// Until the station is pointed to the server it works on its file, whatever fails, is cancelled or
 /// killed; the next move then does the rest. Empty where it is cancelled. Fails with what to do:

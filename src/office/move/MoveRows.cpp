@@ -79,11 +79,11 @@ std::string RowThatDiffers(const SourceDatabase& source, const SourceTable& tabl
 [[noreturn]] void FailOnDifference(const SourceDatabase& source, const SourceTable& table,
                                    TargetDatabase& target, const std::string& difference) {
     const std::string row = RowThatDiffers(source, table, target);
-    FailDatabase("The table " + table.name +
-                 " on the server does not hold what it holds here: " + difference + "." +
-                 (row.empty() ? "" : " The first row that differs is " + row + ".") +
-                 "\nNobody else may write to the server's database during a move, and each value "
-                 "must fit its column there. Please correct this, and try again.");
+    FailDatabase(
+        "The table " + table.name + " on the server does not hold what it holds here: " +
+        difference + "." + (row.empty() ? "" : " The first row that differs is " + row + ".") +
+        "\nNo other program may write to the server's database during a move, and each value "
+        "must fit its column there. Please correct this, and try again.");
 }
 
 bool IsAmong(const std::set<std::string>& names, const std::string& name) {

@@ -31,7 +31,7 @@ std::vector<std::string>
 ParentsFirst(const std::vector<std::string>& tables,
              const std::vector<std::pair<std::string, std::string>>& links);
 
-/// The tables and rows of an embedded database that nobody changes meanwhile.
+/// The tables and rows of an embedded database. Requires: no other program changes them.
 class SourceDatabase {
 public:
     /// The file must live as long as this.

@@ -30,7 +30,7 @@ struct DeleteResult {
     std::optional<Row> stored{}; ///< after a conflict; none if the row has been deleted
 };
 
-/// Deletes the row in one transaction, if nothing refers to it and nobody has changed it.
+/// Deletes the row in one transaction, if nothing refers to it and it has not been changed.
 DeleteResult DeleteRow(Connection& connection, const Table& table, const Row& row);
 
 /// "Party 601 (Zahid) cannot be deleted, because other rows refer to it: Arrivals (12 rows) ..."

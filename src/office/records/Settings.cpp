@@ -52,7 +52,7 @@ std::string DescribeChanges(const Settings& shown, const Settings& stored, const
     return text;
 }
 
-/// Stores a value in the first row of its key and deletes further rows of the key.
+/// Stores a value in the first row of its key and deletes the other rows of the key.
 void Store(Recordset& rows, const SettingsTable& table, std::string_view key,
            const std::string& value) {
     bool isStored = false;

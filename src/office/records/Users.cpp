@@ -72,7 +72,7 @@ public:
     }
     std::int32_t Level() const { return rows_.Fields("UserLevel").Long(); }
 
-    /// The reason why the current user may not be changed; empty if nobody has changed it.
+    /// Why the current user may not be changed: another user has changed it; empty otherwise.
     std::string WhyNotAsShown(const User& shown) const {
         if (Level() == shown.level)
             return {};
@@ -97,8 +97,8 @@ private:
 
 std::string LastOne(std::string_view name) {
     return InQuotes(name) +
-           " is the last user of level 1. Without one, nobody could edit users and "
-           "lists. Give another user level 1 first.";
+           " is the last user of level 1. Users and lists cannot be edited without one. "
+           "Give another user level 1 first.";
 }
 
 } // namespace

@@ -182,7 +182,7 @@ void LinePanel::Show(const Settings& settings) {
     bool isNumber = false;
     const int number = ToQt(port).toInt(&isNumber);
     if (!isNumber || number < 1)
-        faults = "The stored port \"" + port + "\" is no port number. ";
+        faults = "The stored port \"" + port + "\" is not a port number. ";
     port_->setValue(isNumber ? number : 1);
     faults += ShowLine(CellOf(settings, LineSetting.name));
     direction_->setCurrentIndex(CellOf(settings, DirectionSetting.name) == "Right" ? 1 : 0);

@@ -104,7 +104,7 @@ bool MovePage::MayBegin() {
     }
     return Ask(window(),
                "Move the station to " + LocationOnServer(order_.place) +
-                   "?\nEvery station must be closed. Nobody can weigh during the move.",
+                   "?\nClose every station first. No station can weigh during the move.",
                "&Move");
 }
 

@@ -50,7 +50,7 @@ std::unique_ptr<Restoration> CheckedRestoration(const std::string& database,
         try {
             restoration = std::make_unique<Restoration>(database, copy, work);
         } catch (const Cancelled&) {
-            // There is no restoration then.
+            // The result is empty.
         }
     });
     return restoration;

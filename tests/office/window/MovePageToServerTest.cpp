@@ -22,10 +22,8 @@ protected:
     }
 
     Connection connection;
-    OfficeSession session{.connection = connection,
-                          .folder = station.folder.path,
-                          .user = "Nadia",
-                          .level = 1};
+    OfficeSession session{
+        .connection = connection, .folder = station.folder.path, .user = "Nadia", .level = 1};
     QMainWindow window;
     MovePage* page = nullptr;
 };
