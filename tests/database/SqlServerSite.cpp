@@ -3,6 +3,7 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
 #include "setup/SchemaUpgrade.h"
+#include "station/StationDatabase.h"
 
 #include <algorithm>
 #include <chrono>
@@ -75,14 +76,9 @@ std::vector<std::string> ContentsOf(Connection& connection) {
 }
 
 NewDatabase ParticularsOfServer() {
-    return {.companyName = "Veltrane Flour Mills",
-            .companyAddress = "14 Canal Road, O'Kara; -- \"ملتان\"",
-            .companyPhone = "044 555 0147",
-            .companyEmail = "gate@veltrane.example",
-            .userName = "Nadia",
-            .password = "grain",
-            .sampleRows = true,
-            .hashCost = HashCost::Minimum};
+    NewDatabase particulars = SampleParticulars();
+    particulars.companyAddress = "14 Canal Road, O'Kara; -- \"ملتان\"";
+    return particulars;
 }
 
 std::unique_ptr<SqlServerDatabase> MakeDatabase() {

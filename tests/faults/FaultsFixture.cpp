@@ -2,6 +2,7 @@
 
 #include "data/Con.h"
 #include "setup/SqlServerDatabaseSetup.h"
+#include "station/StationDatabase.h"
 #include "support/BoxAnswers.h"
 
 namespace Quillane::Testing {
@@ -9,14 +10,7 @@ namespace Quillane::Testing {
 void FaultsTest::SetUp() {
     database.emplace();
     owner.Open(database->ConnectionString());
-    SetUpSqlServerDatabase(owner, {.companyName = "Veltrane Flour Mills",
-                                   .companyAddress = "14 Canal Road, Okara",
-                                   .companyPhone = "044 555 0147",
-                                   .companyEmail = "gate@veltrane.example",
-                                   .userName = "Nadia",
-                                   .password = "grain",
-                                   .sampleRows = true,
-                                   .hashCost = HashCost::Minimum});
+    SetUpSqlServerDatabase(owner, SampleParticulars());
     relay.emplace(database->ConnectionString());
     Restart();
 }

@@ -11,6 +11,7 @@
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
 #include "setup/SqlServerDatabaseSetup.h"
+#include "station/StationDatabase.h"
 
 #include <unistd.h>
 
@@ -87,14 +88,7 @@ protected:
         master.Open(driverAndServer + ";Database=master");
         master.Execute("CREATE DATABASE " + name);
         Connect();
-        SetUpSqlServerDatabase(*owner, {.companyName = "Veltrane Flour Mills",
-                                        .companyAddress = "",
-                                        .companyPhone = "",
-                                        .companyEmail = "",
-                                        .userName = "Nadia",
-                                        .password = "grain",
-                                        .sampleRows = true,
-                                        .hashCost = HashCost::Minimum});
+        SetUpSqlServerDatabase(*owner, SampleParticulars());
     }
     void TearDown() override {
         owner.reset();

@@ -9,6 +9,7 @@
 #include "setup/SqlServerDatabaseSetup.h"
 #include "setup/SqlServerDialog.h"
 #include "setup/SqlServerSetup.h"
+#include "station/StationDatabase.h"
 #include "support/FailureOf.h"
 #include "support/ScreenDriver.h"
 
@@ -26,13 +27,11 @@ namespace {
 constexpr const char* oddPassword = "Weigh;1, of 2}";
 
 NewDatabase Particulars() {
-    return {.companyName = "Veltrane",
-            .companyAddress = "14 Canal Road",
-            .companyPhone = "044",
-            .companyEmail = "g@v.example",
-            .userName = "nadia",
-            .password = "grain",
-            .hashCost = HashCost::Minimum};
+    NewDatabase particulars = ParticularsOf("Veltrane", "nadia", "grain");
+    particulars.companyAddress = "14 Canal Road";
+    particulars.companyPhone = "044";
+    particulars.companyEmail = "g@v.example";
+    return particulars;
 }
 
 class SetupOnServer : public StationOnServer {

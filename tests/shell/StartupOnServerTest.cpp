@@ -7,6 +7,7 @@
 #include "platform/forms/core/EventBoundary.h"
 #include "servers/DeafPort.h"
 #include "setup/SqlServerDatabaseSetup.h"
+#include "station/StationDatabase.h"
 
 namespace Quillane {
 
@@ -15,23 +16,13 @@ namespace {
 using Testing::ProcessEnd;
 using Testing::VisitModal;
 
-NewDatabase Particulars() {
-    return {.companyName = "Veltrane Mills",
-            .companyAddress = "14 Canal Road",
-            .companyPhone = "044",
-            .companyEmail = "g@v.example",
-            .userName = "ali",
-            .password = "wheat",
-            .hashCost = HashCost::Minimum};
-}
-
 class StartUpOnServer : public StationOnServer {
 protected:
     void SetUp() override {
         StationOnServer::SetUp();
         if (IsSkipped())
             return;
-        SetUpSqlServerDatabase(Owner(), Particulars());
+        SetUpSqlServerDatabase(Owner(), ParticularsOf("Veltrane Mills", "ali", "wheat"));
         TheStation().CompanyNames[1] = "Veltrane Mills";
     }
 

@@ -7,6 +7,7 @@
 #include "platform/host/StationFolder.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/Text.h"
+#include "servers/ServerLogin.h"
 #include "servers/SqlServerDatabase.h"
 #include "shell/Desktop.h"
 #include "shell/Startup.h"
@@ -74,33 +75,6 @@ protected:
 private:
     std::optional<SqlServerDatabase> database_;
     std::unique_ptr<Connection> owner_;
-};
-
-/// Someone the server knows and no database does, for as long as this lives. The owner's connection
-/// must outlive it.
-class ServerLogin {
-public:
-    ServerLogin(Connection& owner, const std::string& password)
-        : name("Gate_" + owner.DefaultDatabase()), owner_(owner) {
-        owner_.Execute("CREATE LOGIN [" + name + "] WITH PASSWORD = '" + Doubled(password, '\'') +
-                       "'");
-    }
-    ~ServerLogin() {
-        try {
-            owner_.Execute("IF DATABASE_PRINCIPAL_ID('" + name + "') IS NOT NULL DROP USER [" +
-                           name + "]");
-            owner_.Execute("DROP LOGIN [" + name + "]");
-        } catch (const Failure& failure) {
-            ADD_FAILURE() << failure.Description();
-        }
-    }
-    ServerLogin(const ServerLogin&) = delete;
-    ServerLogin& operator=(const ServerLogin&) = delete;
-
-    const std::string name;
-
-private:
-    Connection& owner_;
 };
 
 /// Takes note of every box and answers it: what a server says need not be the same everywhere.

@@ -23,19 +23,6 @@ public:
         AddLine(1042, {.bagsClass = 2, .bagsType = 2, .bags = 40, .otherDeduction = 6.8});
     }
 
-    struct Line {
-        int bagsClass = 1;
-        int bagsType = 1;
-        double bags = 10;
-        double bagWeight = 81.17;
-        double tare = 0;
-        double scaleDeduction = 0;
-        double otherDeduction = 0;
-        std::string vehicle{};
-        std::string driver = "Ghulam Rasool";
-        std::string bilty = "B-7781";
-    };
-
     void AddParty(std::string_view id, std::string_view name, std::string_view address,
                   std::string_view cityId) {
         Run("Insert Into ChartOfAccounts (AccountNo, AccountName) Values ('", id, "', '", name,
@@ -46,19 +33,7 @@ public:
     void AddArrival(int number, std::string_view partyId) {
         StoreArrival(connection, number, "2026-11-20", 1, partyId);
     }
-    void AddLine(int arrival, const Line& line) {
-        StoreLine(connection, arrival,
-                  {.bagsClass = line.bagsClass,
-                   .bagsType = line.bagsType,
-                   .bags = line.bags,
-                   .bagWeight = line.bagWeight,
-                   .tare = line.tare,
-                   .scaleDeduction = line.scaleDeduction,
-                   .otherDeduction = line.otherDeduction,
-                   .vehicle = line.vehicle,
-                   .driver = line.driver,
-                   .bilty = line.bilty});
-    }
+    void AddLine(int arrival, const LineRow& line) { StoreLine(connection, arrival, 1, line); }
     void AddLines(int arrival, int count) {
         for (int line = 0; line < count; ++line)
             AddLine(arrival, {.bagsClass = 1 + line % 2, .bagsType = 1 + line % 3});

@@ -8,8 +8,8 @@ namespace {
 class SlipWeights : public SlipPagesTest {
 protected:
     /// Arrival 1 with one line of 100 bags.
-    void AddLoad(double gross, const SlipDatabase::Line& line) {
-        SlipDatabase::Line stored = line;
+    void AddLoad(double gross, const LineRow& line) {
+        LineRow stored = line;
         stored.bags = 100;
         stored.bagWeight = gross / 100;
         database_.AddArrival(1, "6001");

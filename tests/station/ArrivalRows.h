@@ -17,20 +17,19 @@ void RunPieces(Connection& connection, const Pieces&... pieces) {
     connection.Execute(statement.str());
 }
 
-/// A stored bag line; weights in kilograms.
+/// A stored bag line; weights in kilograms. The defaults are those of a usual line.
 struct LineRow {
-    int commodity = 1;
     int bagsClass = 1;
     int bagsType = 1;
-    double bags = 0;
-    double bagWeight = 0;
+    double bags = 10;
+    double bagWeight = 81.17;
     double tare = 0;
     double scaleDeduction = 0;
     double otherDeduction = 0;
     double net = 0;
     std::string vehicle{};
-    std::string driver{};
-    std::string bilty{};
+    std::string driver = "Ghulam Rasool";
+    std::string bilty = "B-7781";
 };
 
 /// Stores the header of an arrival of a day, such as 2026-11-20.
@@ -41,13 +40,13 @@ inline void StoreArrival(Connection& connection, int number, std::string_view da
               number, ", '", day, "T00:00:00', ", commodity, ", '", party, "')");
 }
 
-inline void StoreLine(Connection& connection, int arrival, const LineRow& line) {
+inline void StoreLine(Connection& connection, int arrival, int commodity, const LineRow& line) {
     RunPieces(connection,
               "Insert Into ArrivalsBody (ArrivalId, CommodityId, BagsClassId, BagsTypeId, "
               "NoOfBags, VehicleNo, TareWeight, ScaleDeduction, BagWeight, BagsDeduction, "
               "OtherDeduction, NetWeight, DriverName, BiltyNo, VehicleNoText) Values (",
-              arrival, ", ", line.commodity, ", ", line.bagsClass, ", ", line.bagsType, ", ",
-              line.bags, ", '", line.vehicle, "', ", line.tare, ", ", line.scaleDeduction, ", ",
+              arrival, ", ", commodity, ", ", line.bagsClass, ", ", line.bagsType, ", ", line.bags,
+              ", '", line.vehicle, "', ", line.tare, ", ", line.scaleDeduction, ", ",
               line.bagWeight, ", 0, ", line.otherDeduction, ", ", line.net, ", '", line.driver,
               "', '", line.bilty, "', '')");
 }

@@ -4,7 +4,7 @@ import os
 import re
 import subprocess
 
-from conditions import wait_until
+from conditions import Missed, wait_until
 
 
 def run(*command):
@@ -70,6 +70,22 @@ def has_keyboard(window):
     return found is not None and found.strip() == window
 
 
+def wait_for_window(program, process, title, deadline=20.0):
+    """Waits until a window is active and returns it; fails early if its program has ended."""
+
+    def is_active():
+        if process.poll() is not None:
+            raise Missed(f'{program} ended with code {process.returncode} instead of showing '
+                         f'"{title}"')
+        active = active_window()
+        return active if active in windows(title) and has_keyboard(active) else None
+
+    try:
+        return wait_until(f'the window "{title}"', is_active, deadline)
+    except Missed as missed:
+        raise Missed(f'{missed}; the active window is "{title_of(active_window())}"') from None
+
+
 def wait_gone(window, title, deadline=20.0):
     wait_until(f'the window "{title}" to close', lambda: window not in windows(title), deadline)
 
@@ -106,15 +122,15 @@ def rest(deadline=10.0):
     """Waits until two successive screenshots are equal, except for a caret."""
     before = []
 
-    def stands():
+    def is_still():
         nonlocal before
         lines = _lines_of_display()
         changed = sum(old != new for old, new in zip(before, lines))
-        resting = len(before) == len(lines) and changed <= CARET_HEIGHT
+        unchanged = len(before) == len(lines) and changed <= CARET_HEIGHT
         before = lines
-        return resting
+        return unchanged
 
-    wait_until("the display to stand still", stands, deadline)
+    wait_until("the display to stop changing", is_still, deadline)
 
 
 def _lines_of_display():

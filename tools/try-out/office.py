@@ -5,7 +5,7 @@ import subprocess
 from pathlib import Path
 
 from conditions import Missed, wait_until
-from display import active_window, has_keyboard, press, title_of, wait_gone, windows, write
+from display import press, wait_for_window, wait_gone, write
 
 PAGES = ["Lists", "Users", "Company", "Station", "Backup", "Day book"]
 LISTS = ["Cities", "Parties", "Commodities", "Bag classes", "Bag types"]
@@ -47,17 +47,7 @@ class Office:
             self.process.wait()
 
     def window(self, title):
-        def is_active():
-            if self.process.poll() is not None:
-                raise Missed(f'the office ended with code {self.process.returncode} instead of '
-                             f'showing "{title}"')
-            active = active_window()
-            return active if active in windows(title) and has_keyboard(active) else None
-
-        try:
-            return wait_until(f'the window "{title}"', is_active)
-        except Missed as missed:
-            raise Missed(f'{missed}; in front: "{title_of(active_window())}"') from None
+        return wait_for_window("the office", self.process, title)
 
     def go_to(self, page):
         self.window(self.title)

@@ -5,8 +5,8 @@ import subprocess
 
 import rows
 from conditions import Missed, wait_until
-from display import (Display, active_window, coloured_area, crop_to_window, dark_area,
-                     has_keyboard, picture, press, rest, title_of, wait_gone, windows, write)
+from display import (Display, active_window, coloured_area, crop_to_window, dark_area, picture,
+                     press, rest, wait_for_window, wait_gone, write)
 from indicator import Indicator
 
 START, WEIGHMENT, PREVIEW = "Veltrane: Quillane", "Weighment for Veltrane", "Previewing Report"
@@ -70,30 +70,19 @@ class Station:
 
     def window(self, title, deadline=20.0):
         """Waits for a window; fails early if the program has ended."""
-
-        def in_front():
-            if self.process.poll() is not None:
-                raise Missed(f'the station ended (code {self.process.returncode}) '
-                             f'instead of showing "{title}"')
-            active = active_window()
-            return active if active in windows(title) and has_keyboard(active) else None
-
-        try:
-            return wait_until(f'the window "{title}"', in_front, deadline)
-        except Missed as missed:
-            raise Missed(f'{missed}; in front: "{title_of(active_window())}"') from None
+        return wait_for_window("the station", self.process, title, deadline)
 
     def wait_for_reading(self, other_than=None):
         """Waits until the reading shows digits, has changed, and is constant."""
         screen = self.window(WEIGHMENT)
 
-        def standing():
+        def is_constant():
             area, mark = coloured_area(screen, "yellow")
             if area < 500 or mark == other_than:
                 return None
             return mark if coloured_area(screen, "yellow")[1] == mark else None
 
-        return wait_until("a reading that stands", standing)
+        return wait_until("a constant reading", is_constant)
 
     def wait_for_text(self, window, act):
         """Waits until an action has added a word to a window."""

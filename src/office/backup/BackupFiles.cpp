@@ -1,9 +1,11 @@
 #include "office/backup/BackupFiles.h"
 
+#include "office/backup/Contents.h"
 #include "platform/forms/core/Text.h"
 #include "platform/host/StationFile.h"
 #include "platform/host/WholeFile.h"
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/LongWork.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -22,6 +24,8 @@ namespace {
 
 const QString ending = ".db";
 const QString unfinished = ".part";
+
+constexpr qint64 bytesOfStep = 1'048'576;
 
 const QString timeForm = "yyyyMMdd-HHmmss";
 
@@ -113,6 +117,25 @@ void CheckBackupFolder(const std::string& folder) {
                "is not writable: " + FromQt(attempt.errorString()) +
                    ". No backup has been made. Check the rights of this user in it, or name "
                    "another folder.");
+}
+
+void CopyBytes(QFile& source, const std::string& target, const std::string& step, LongWork& work,
+               const std::function<void(const QFile&)>& fail) {
+    QFile copy(ToQt(target));
+    if (!source.open(QIODevice::ReadOnly))
+        fail(source);
+    if (!copy.open(QIODevice::WriteOnly))
+        fail(copy);
+    work.Begin(step, static_cast<int>(source.size() / bytesOfStep) + 1);
+    for (int done = 0; !source.atEnd(); ++done) {
+        const QByteArray bytes = source.read(bytesOfStep);
+        if (source.error() != QFileDevice::NoError)
+            fail(source);
+        if (copy.write(bytes) != bytes.size() || !copy.flush())
+            fail(copy);
+        if (!work.Advance(done))
+            throw Cancelled();
+    }
 }
 
 void Rename(const std::string& file, const std::string& name) {

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+class QFile;
+
 namespace Quillane {
+class LongWork;
 struct StationFile;
-}
+} // namespace Quillane
 
 /// The files of a backup folder. A backup of the database "Account1" is named after the local time:
 /// "Account1-20261122-104149.db". Other files in the folder are ignored.
@@ -46,6 +50,11 @@ void CheckBackupFolder(const std::string& folder);
 /// Copies owner, group and permissions of a file or folder to a file, as far as this user may do
 /// so. The stations may run as other users and must be able to write the file.
 void CopyPermissions(const std::string& from, const std::string& file);
+
+/// Copies the bytes of a file, which is opened and left open, to another path. `step` names the
+/// work for the user. `fail` throws the failure of the file that it gets. Errors: `Cancelled`.
+void CopyBytes(QFile& source, const std::string& target, const std::string& step, LongWork& work,
+               const std::function<void(const QFile&)>& fail);
 
 /// Renames a file and flushes its folder to the disk. Never replaces another file. Errors: 75.
 void Rename(const std::string& file, const std::string& name);

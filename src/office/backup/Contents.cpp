@@ -6,6 +6,7 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/LongWork.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Paths.h"
 #include "platform/runtime/Text.h"
 #include "setup/EmbeddedFile.h"
 #include "setup/EmbeddedSchema.h"
@@ -13,7 +14,6 @@
 #include "setup/SchemaUpgrade.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -43,8 +43,7 @@ std::uint64_t LengthInHeader(const std::string& header) {
 
 // SQLite reports a truncated file as a damaged one.
 void RefuseByHeader(const std::string& path, const std::string& name) {
-    std::ifstream file(std::filesystem::path(std::u8string(path.begin(), path.end())),
-                       std::ios::binary);
+    std::ifstream file(PathOf(path), std::ios::binary);
     std::string header(HeaderLength, '\0');
     file.read(header.data(), HeaderLength);
     if (file.gcount() == 0)

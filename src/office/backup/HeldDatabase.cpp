@@ -5,6 +5,7 @@
 #include "platform/host/Files.h"
 #include "platform/host/WholeFile.h"
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/Paths.h"
 
 #include <filesystem>
 #include <system_error>
@@ -14,10 +15,6 @@ namespace Quillane::Office {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 bool IsBusy(EmbeddedFile& session) {
     constexpr int primary = 0xFF;

@@ -8,6 +8,7 @@
 #include "platform/host/WholeFile.h"
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/LongWork.h"
+#include "platform/runtime/Paths.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,12 +22,6 @@ namespace Quillane::Office {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
-
-constexpr qint64 bytesInOneStep = 1'048'576;
 
 [[noreturn]] void Refuse(const std::string& text) {
     throw Failure(FailureNumber::PathAccess, text);
@@ -67,23 +62,9 @@ void RefuseByFiles(const std::string& database, const std::string& copy) {
                    ", with changes that are not in the file. Use a copy without a journal.");
 }
 
-void CopyBytes(const std::string& from, const std::string& to, LongWork& work) {
+void CopyBackup(const std::string& from, const std::string& to, LongWork& work) {
     QFile source(ToQt(from));
-    QFile target(ToQt(to));
-    if (!source.open(QIODevice::ReadOnly))
-        FailToCopy(source);
-    if (!target.open(QIODevice::WriteOnly))
-        FailToCopy(target);
-    work.Begin("Copying " + from, static_cast<int>(source.size() / bytesInOneStep) + 1);
-    for (int step = 0; !source.atEnd(); ++step) {
-        const QByteArray bytes = source.read(bytesInOneStep);
-        if (source.error() != QFileDevice::NoError)
-            FailToCopy(source);
-        if (target.write(bytes) != bytes.size() || !target.flush())
-            FailToCopy(target);
-        if (!work.Advance(step))
-            throw Cancelled();
-    }
+    CopyBytes(source, to, "Copying " + from, work, FailToCopy);
 }
 
 /// "Account1-before-restore-20261122-104149.db", or the next second that is free.
@@ -123,7 +104,7 @@ Restoration::Restoration(std::string database, const std::string& copy, LongWork
     try {
         QFile::remove(ToQt(checked_));
         MakePrivateFile(checked_);
-        CopyBytes(copy, checked_, work);
+        CopyBackup(copy, checked_, work);
         contents_ = CheckDatabase(checked_, copy, work);
         RefuseForeign(checked_, contents_, copy);
         FlushToDisk(checked_);

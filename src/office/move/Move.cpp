@@ -13,6 +13,7 @@
 #include "platform/runtime/Failure.h"
 #include "platform/runtime/LongWork.h"
 #include "platform/runtime/Numbers.h"
+#include "platform/runtime/Paths.h"
 #include "setup/EmbeddedSchema.h"
 #include "setup/SchemaMessages.h"
 #include "setup/SchemaUpgrade.h"
@@ -28,10 +29,6 @@ namespace Quillane::Office {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 /// The file of the held database, in the state that this program works with.
 EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
@@ -64,7 +61,7 @@ public:
         Remove();
         try {
             MakePrivateFile(path_);
-            CopyFrom(reader, work);
+            CopyBytes(reader, path_, "Copying the file of the database", work, FailOnSecondFile);
             FlushToDisk(path_);
             CopyPermissions(FromQt(reader.fileName()), path_);
         } catch (...) {
@@ -79,25 +76,6 @@ public:
     void PutInPlace(HeldDatabase& held) { held.ReplaceBy(path_, aside_); }
 
 private:
-    void CopyFrom(QFile& reader, LongWork& work) const {
-        constexpr qint64 bytesInOneStep = 1'048'576;
-        QFile target(ToQt(path_));
-        if (!reader.open(QIODevice::ReadOnly))
-            FailOnSecondFile(reader);
-        if (!target.open(QIODevice::WriteOnly))
-            FailOnSecondFile(target);
-        work.Begin("Copying the file of the database",
-                   static_cast<int>(reader.size() / bytesInOneStep) + 1);
-        for (int step = 0; !reader.atEnd(); ++step) {
-            const QByteArray bytes = reader.read(bytesInOneStep);
-            if (reader.error() != QFileDevice::NoError)
-                FailOnSecondFile(reader);
-            if (target.write(bytes) != bytes.size() || !target.flush())
-                FailOnSecondFile(target);
-            if (!work.Advance(step))
-                throw Cancelled();
-        }
-    }
     void Remove() const {
         for (const std::string& path : {path_, aside_})
             QFile::remove(ToQt(path));

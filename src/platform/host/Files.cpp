@@ -1,5 +1,7 @@
 #include "platform/host/Files.h"
 
+#include "platform/runtime/Paths.h"
+
 #include <filesystem>
 #include <system_error>
 
@@ -7,8 +9,8 @@ namespace Quillane {
 
 bool FileExists(const std::string& path) {
     std::error_code ignored;
-    const std::filesystem::path native(std::u8string(path.begin(), path.end()));
-    return std::filesystem::status(native, ignored).type() != std::filesystem::file_type::not_found;
+    return std::filesystem::status(PathOf(path), ignored).type() !=
+           std::filesystem::file_type::not_found;
 }
 
 } // namespace Quillane

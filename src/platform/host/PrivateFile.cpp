@@ -1,5 +1,7 @@
 #include "platform/host/PrivateFile.h"
 
+#include "platform/runtime/Paths.h"
+
 #include <QFile>
 #include <QString>
 
@@ -11,7 +13,7 @@ namespace {
 
 bool FolderSharesItsGroup(const std::string& path) {
     namespace fs = std::filesystem;
-    const fs::path folder = fs::path(std::u8string(path.begin(), path.end())).parent_path();
+    const fs::path folder = PathOf(path).parent_path();
     std::error_code error;
     return (fs::status(folder, error).permissions() & fs::perms::set_gid) != fs::perms::none;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/host/Files.h"
 #include "platform/runtime/Failure.h"
+#include "platform/runtime/Paths.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -32,10 +33,6 @@ std::string SystemFolder() {
 // The result has no "." or ".." and, unless it is the root, no separator at its end.
 std::string Absolute(const std::string& path) {
     return QDir::cleanPath(QDir().absoluteFilePath(QString::fromStdString(path))).toStdString();
-}
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 [[noreturn]] void Refuse(const std::string& folder, const std::string& why) {

@@ -1,5 +1,7 @@
 #include "platform/runtime/FileAccess.h"
 
+#include "platform/runtime/Paths.h"
+
 #include <filesystem>
 #include <system_error>
 
@@ -26,7 +28,7 @@ bool IsOwnFile([[maybe_unused]] const std::string& path) {
 
 void RemoveAccessOfOthers(const std::string& path) {
     namespace fs = std::filesystem;
-    const fs::path file(std::u8string(path.begin(), path.end()));
+    const fs::path file = PathOf(path);
     std::error_code error;
     const fs::perms access = fs::status(file, error).permissions();
     const bool othersRead = (access & fs::perms::others_all) != fs::perms::none;

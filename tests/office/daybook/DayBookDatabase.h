@@ -20,28 +20,11 @@ class DayBookDatabase : public StationDatabase {
 public:
     DayBookDatabase() { Open(connection); }
 
-    struct Line {
-        double bags = 0;
-        double bagWeight = 0;
-        double tare = 0;
-        double scaleDeduction = 0;
-        double otherDeduction = 0;
-        double net = 0;
-        std::string vehicle{};
-    };
     void AddArrival(int id, const std::string& day, const std::string& party, int commodity,
-                    const std::vector<Line>& lines) {
+                    const std::vector<LineRow>& lines) {
         StoreArrival(connection, id, day, commodity, party);
-        for (const Line& line : lines)
-            StoreLine(connection, id,
-                      {.commodity = commodity,
-                       .bags = line.bags,
-                       .bagWeight = line.bagWeight,
-                       .tare = line.tare,
-                       .scaleDeduction = line.scaleDeduction,
-                       .otherDeduction = line.otherDeduction,
-                       .net = line.net,
-                       .vehicle = line.vehicle});
+        for (const LineRow& line : lines)
+            StoreLine(connection, id, commodity, line);
     }
     /// Adds in one transaction.
     void Together(const std::function<void()>& add) {

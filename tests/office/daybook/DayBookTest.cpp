@@ -12,9 +12,14 @@ namespace {
 TEST(DayBook, FiguresOfAnArrivalAddUpAsOnItsSlip) {
     // The load of 12540 kg, tare 4320, scale deduction 103, deduction 17: two lines of 60 and 40.
     DayBookDatabase database;
-    database.AddArrival(
-        20001, "2024-05-01", "6010001", 1,
-        {{60, 81.17, 4320, 103, 10.2, 4860, "LEA-1"}, {40, 81.17, 0, 103, 6.8, 3240}});
+    database.AddArrival(20001, "2024-05-01", "6010001", 1,
+                        {{.bags = 60,
+                          .tare = 4320,
+                          .scaleDeduction = 103,
+                          .otherDeduction = 10.2,
+                          .net = 4860,
+                          .vehicle = "LEA-1"},
+                         {.bags = 40, .scaleDeduction = 103, .otherDeduction = 6.8, .net = 3240}});
     DayBook book(database.connection, Year2024());
     std::vector<Arrival> arrivals;
     book.Visit = [&](const Arrival& arrival) { arrivals.push_back(arrival); };
@@ -93,12 +98,13 @@ TEST(DayBook, PagesFollowOneAnotherWithoutGapsWithinOneDay) {
 
 TEST(DayBook, FiltersSelectArrivals) {
     DayBookDatabase database;
-    const std::vector<DayBookDatabase::Line> load{{100, 80, 4000, 0, 0, 8000, "LEA-1234"}};
+    const std::vector<LineRow> load{
+        {.bags = 100, .bagWeight = 80, .tare = 4000, .net = 8000, .vehicle = "LEA-1234"}};
     database.AddArrival(20001, "2024-05-01", "6010001", 1, load);
     database.AddArrival(20002, "2024-05-01", "6010002", 1, load);
     database.AddArrival(20003, "2024-05-01", "6010001", 2, load);
     database.AddArrival(20004, "2024-05-01", "6010001", 1,
-                        {{100, 80, 0, 0, 0, 8000, "mn%[5]_!''x"}});
+                        {{.bags = 100, .bagWeight = 80, .net = 8000, .vehicle = "mn%[5]_!''x"}});
     ArrivalFilter filter = Year2024();
     filter.party = "6010001";
     EXPECT_EQ(database.Ids(filter), (std::vector{20001, 20003, 20004}));

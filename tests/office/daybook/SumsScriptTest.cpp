@@ -41,7 +41,7 @@ private:
         double total = 0;
         for (int line = Any(1, 4); line > 0; --line)
             total += bags.emplace_back(Any(1, 300) + (Any(1, 20) == 1 ? 0.25 : 0));
-        std::vector<DayBookDatabase::Line> lines;
+        std::vector<LineRow> lines;
         for (const double count : bags)
             lines.push_back({.bags = count,
                              .bagWeight = gross / total,

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -93,6 +94,17 @@ protected:
     std::optional<MovedStation> MoveTo(const PostgresTarget& target) {
         return Move(
             station.folder.path, Database(), [&](LongWork&) { return target.Connect(); }, work);
+    }
+    /// The failure of a move to a server that is changed just before.
+    std::string FailureOfMoveTo(const std::function<void(MoveServer&)>& change) {
+        const PostgresTarget target = Target();
+        const auto connect = [&](LongWork&) {
+            MoveServer to = target.Connect();
+            change(to);
+            return to;
+        };
+        return FailureOf([&] { Move(station.folder.path, Database(), connect, work); })
+            .Description();
     }
     std::optional<MovedStation> MoveIt() { return MoveTo(Target()); }
     std::string FailureOfMove() {

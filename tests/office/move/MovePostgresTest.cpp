@@ -235,22 +235,13 @@ TEST_F(MoveToPostgres, ValueThatTheServerChangesIsNamedByTableColumnAndRow) {
 }
 
 TEST_F(MoveToPostgres, RowsThatSomebodyElseAddsMeanwhileAreNoticed) {
-    PostgresTarget target = Target();
     int added = 0;
-    const std::string words =
-        FailureOf([&] {
-            Move(
-                station.folder.path, Database(),
-                [&](LongWork&) {
-                    MoveServer to = target.Connect();
-                    to.connection->StatementObserver = [&](std::string_view text) {
-                        if (text.starts_with("SELECT CityId") && added++ == 0)
-                            server.Execute("INSERT INTO Cities VALUES (900, 'Nowhere')");
-                    };
-                    return to;
-                },
-                work);
-        }).Description();
+    const std::string words = FailureOfMoveTo([&](MoveServer& to) {
+        to.connection->StatementObserver = [&](std::string_view text) {
+            if (text.starts_with("SELECT CityId") && added++ == 0)
+                server.Execute("INSERT INTO Cities VALUES (900, 'Nowhere')");
+        };
+    });
     EXPECT_TRUE(Says(words, "The table Cities on the server does not hold what it holds here: " +
                                 std::to_string(Counts()["Cities"]) + " rows, there "))
         << words;
@@ -391,20 +382,11 @@ TEST_F(FullDiskOfMoveToPostgres, ChangesNothing) {
 
 TEST_F(MoveToPostgres, ConfigurationThatCannotBeWrittenLeavesTheStationAndNoSecondCopyOfIt) {
     const std::map<std::string, long> counts = Counts();
-    const PostgresTarget target = Target();
-    const std::string words =
-        FailureOf([&] {
-            Move(
-                station.folder.path, Database(),
-                [&](LongWork&) {
-                    MoveServer to = target.Connect();
-                    to.pointStation = [] {
-                        throw Failure(FailureNumber::PathAccess, "no space left on the disk");
-                    };
-                    return to;
-                },
-                work);
-        }).Description();
+    const std::string words = FailureOfMoveTo([](MoveServer& to) {
+        to.pointStation = [] {
+            throw Failure(FailureNumber::PathAccess, "no space left on the disk");
+        };
+    });
     EXPECT_TRUE(Says(words, "no space left on the disk")) << words;
     EXPECT_EQ(KeptConfigs(), std::set<std::string>());
     ExpectTheOldStation(counts);

@@ -4,6 +4,7 @@
 
 #include "data/ConfigFile.h"
 #include "office/move/MoveRows.h"
+#include "servers/ServerLogin.h"
 #include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
 #include "setup/ScriptBatches.h"
@@ -19,30 +20,6 @@ bool Says(const std::string& text, const std::string& part) {
 class MovedToSqlServer : public StationToMoveToServer {
 protected:
     Value Ask(const std::string& query) { return server.Execute(query).Fields(0); }
-};
-
-/// Somebody the server knows, for as long as this lives.
-class Login {
-public:
-    explicit Login(Connection& owner) : name("Gate_" + owner.DefaultDatabase()), owner_(owner) {
-        owner_.Execute("CREATE LOGIN [" + name + "] WITH PASSWORD = 'Gate-2026'");
-    }
-    ~Login() {
-        try {
-            owner_.Execute("IF DATABASE_PRINCIPAL_ID('" + name + "') IS NOT NULL DROP USER [" +
-                           name + "]");
-            owner_.Execute("DROP LOGIN [" + name + "]");
-        } catch (const Failure& failure) {
-            ADD_FAILURE() << failure.Description();
-        }
-    }
-    Login(const Login&) = delete;
-    Login& operator=(const Login&) = delete;
-
-    const std::string name;
-
-private:
-    Connection& owner_;
 };
 
 TEST_F(MovedToSqlServer, StationWorksOnTheServerFromThenOn) {
@@ -86,7 +63,7 @@ TEST_F(MovedToSqlServer, NumberOfABagLineThatWasGivenOutIsNeverGivenOutAgain) {
 }
 
 TEST_F(MovedToSqlServer, OwnerMakesTheTablesAndAdmitsTheStation) {
-    const Login gate(server);
+    const ServerLogin gate(server, "Gate-2026");
     MoveOrder order = Order();
     order.owner = {.userName = order.place.userName, .password = order.place.password};
     order.place.userName = gate.name;
@@ -110,7 +87,7 @@ TEST_F(MovedToSqlServer, WrongPasswordIsReportedAndNothingIsDone) {
 
 TEST_F(MovedToSqlServer, SignInThatMayMakeNoTablesIsReportedAndNothingIsDone) {
     const std::map<std::string, long> counts = Counts();
-    const Login gate(server);
+    const ServerLogin gate(server, "Gate-2026");
     server.Execute("CREATE USER [" + gate.name + "] FOR LOGIN [" + gate.name + "]");
     MoveOrder order = Order();
     order.place.userName = gate.name;

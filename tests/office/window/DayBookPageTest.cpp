@@ -31,7 +31,12 @@ protected:
         database.AddLoad(20002, "2024-05-02", 12000, 0, 12000, "MNA-77");
         database.AddLoad(20003, "2024-05-02", 5000, 4000, 4990, "LEA-1234");
         database.AddArrival(20004, "2024-05-02", "6010002", 2,
-                            {{50, 120, 3500, 0, 10, 5990, "FDA-9"}});
+                            {{.bags = 50,
+                              .bagWeight = 120,
+                              .tare = 3500,
+                              .otherDeduction = 10,
+                              .net = 5990,
+                              .vehicle = "FDA-9"}});
     }
     ~OfficeDayBookPage() { SetClock({}); }
 

@@ -13,6 +13,7 @@
 #include <QScrollBar>
 
 #include <array>
+#include <functional>
 
 namespace Quillane::Office {
 namespace {
@@ -48,6 +49,20 @@ protected:
         const auto* area =
             dynamic_cast<QScrollArea*>(window.CurrentPage()->parentWidget()->parentWidget());
         return area->horizontalScrollBar()->isVisible() || area->verticalScrollBar()->isVisible();
+    }
+
+    /// Shows each page of a window of this size, which must keep its size.
+    void ShowEveryPage(QSize size,
+                       const std::function<void(OfficeWindow&, const QString& title)>& check) {
+        OfficeWindow window(session);
+        window.resize(size);
+        ShowWindow(window);
+        for (int page = 0; page < window.Titles().size(); ++page) {
+            window.ShowPage(page);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(window.size(), size) << window.Titles()[page].toStdString();
+            check(window, window.Titles()[page]);
+        }
     }
 
     SampleDatabase database;
@@ -113,32 +128,17 @@ TEST_F(OfficeFrame, AsksBeforeItClosesOverUnsavedEntries) {
 TEST_F(OfficeFrame, EveryPageFitsSmallDisplaysWithNothingCut) {
     constexpr int frame = 40; // of the desktop around the window
     for (const QSize display : {QSize(1280, 720), QSize(1366, 768)}) {
-        OfficeWindow window(session);
-        const QSize size = display - QSize(0, frame);
-        window.resize(size);
-        ShowWindow(window);
-        for (int place = 0; place < window.Titles().size(); ++place) {
-            window.ShowPage(place);
-            QCoreApplication::processEvents();
-            EXPECT_EQ(window.size(), size) << window.Titles()[place].toStdString();
-            EXPECT_FALSE(Scrolls(window)) << window.Titles()[place].toStdString();
-            LookAt(window, "page-" + std::to_string(display.width()) + "-" +
-                               window.Titles()[place].toLower().toStdString());
-        }
+        ShowEveryPage(display - QSize(0, frame), [&](OfficeWindow& window, const QString& title) {
+            EXPECT_FALSE(Scrolls(window)) << title.toStdString();
+            LookAt(window,
+                   "page-" + std::to_string(display.width()) + "-" + title.toLower().toStdString());
+        });
     }
 }
 
 // A display of 1366x768 on which everything is shown one and a half times as large.
 TEST_F(OfficeFrame, PagesScrollOnAVerySmallDisplay) {
-    constexpr QSize size(900, 460);
-    OfficeWindow window(session);
-    window.resize(size);
-    ShowWindow(window);
-    for (int place = 0; place < window.Titles().size(); ++place) {
-        window.ShowPage(place);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(window.size(), size) << window.Titles()[place].toStdString();
-    }
+    ShowEveryPage(QSize(900, 460), [](OfficeWindow&, const QString&) {});
 }
 
 TEST_F(OfficeFrame, LongTextsOfNoticesAreWrappedWhole) {

@@ -26,6 +26,13 @@ protected:
         screen_.Viewer.ViewReport();
         screen_.Show();
     }
+    void ShowOnALowDisplay(Report& report) {
+        screen_.resize(1280, 690);
+        screen_.Viewer.SetReportSource(report);
+        screen_.Viewer.ViewReport();
+        screen_.Viewer.Zoom(1);
+        screen_.Show();
+    }
     QPrintPreviewWidget& Preview() {
         return *screen_.Viewer.Widget().findChild<QPrintPreviewWidget*>();
     }
@@ -248,11 +255,7 @@ TEST_F(CRViewer9Test, OpensWithTheMarkedTextInViewOnALowDisplay) {
     };
     for (const bool shownAtOpening : {true, false}) {
         const auto report = RedTextAt(8000, shownAtOpening);
-        screen_.resize(1280, 690);
-        screen_.Viewer.SetReportSource(*report);
-        screen_.Viewer.ViewReport();
-        screen_.Viewer.Zoom(1);
-        screen_.Show();
+        ShowOnALowDisplay(*report);
         if (shownAtOpening)
             EXPECT_TRUE(Testing::WaitFor(seen));
         else
@@ -265,11 +268,7 @@ TEST_F(CRViewer9Test, OpensWithTheMarkedTextInViewOnALowDisplay) {
 
 TEST_F(CRViewer9Test, StaysAtTheTopWhereTheMarkedTextIsInViewThere) {
     const auto report = RedTextAt(1000, true);
-    screen_.resize(1280, 690);
-    screen_.Viewer.SetReportSource(*report);
-    screen_.Viewer.ViewReport();
-    screen_.Viewer.Zoom(1);
-    screen_.Show();
+    ShowOnALowDisplay(*report);
     EXPECT_TRUE(Testing::WaitFor([&] { return Scroll().maximum() > Scroll().minimum(); }));
     QCoreApplication::processEvents();
     EXPECT_EQ(Scroll().value(), Scroll().minimum());

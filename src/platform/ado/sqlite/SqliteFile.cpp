@@ -1,6 +1,7 @@
 #include "platform/ado/sqlite/SqliteFile.h"
 
 #include "platform/ado/AdoFailure.h"
+#include "platform/runtime/Paths.h"
 
 #include <cctype>
 #include <cstdint>
@@ -12,10 +13,6 @@ namespace Quillane {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 bool IsWriteProtected(const fs::file_status& status) {
     constexpr auto anyWriter =

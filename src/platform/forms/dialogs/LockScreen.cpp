@@ -1,15 +1,14 @@
 #include "platform/forms/dialogs/LockScreen.h"
 
 #include "platform/forms/core/Boxes.h"
-#include "platform/forms/dialogs/DialogLook.h"
+#include "platform/forms/core/Pointer.h"
+#include "platform/forms/core/Text.h"
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QHBoxLayout>
 #include <QPointer>
 #include <QProgressBar>
 #include <QTimer>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <optional>
@@ -99,15 +98,11 @@ bool IsLockScreenShown() {
 }
 
 LockScreen::LockScreen(std::string_view whatFollows)
-    : Screen("LockScreen", ProgramTitle()),
-      text_("Another station or program has locked the database. " + std::string(whatFollows) +
-            " as soon as the lock is released.") {
-    BtnCancel.Click = [this] { BtnCancel_Click(); };
-    BtnCancel.SetTabIndex(0);
-    LayOut();
+    : CancelScreen("LockScreen", ProgramTitle(), "Please wait") {
+    Text.setText(ToQt("Another station or program has locked the database. " +
+                      std::string(whatFollows) + " as soon as the lock is released."));
+    Progress.setRange(0, 0);
 }
-
-LockScreen::~LockScreen() = default;
 
 // `Show` makes a screen that is not modal, as at the start, where no other window is shown.
 // Otherwise the other windows must take no input.
@@ -116,34 +111,6 @@ void LockScreen::setVisible(bool visible) {
     if (visible && std::ranges::any_of(windows, &QWidget::isVisible))
         setWindowModality(Qt::ApplicationModal);
     Screen::setVisible(visible);
-}
-
-void LockScreen::LayOut() {
-    auto* bar = new QProgressBar;
-    bar->setRange(0, 0);
-    bar->setTextVisible(false);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    AddButton(*buttons, BtnCancel, false);
-    auto* column = DialogColumn(*this, ProgramTitle(), subtitle_);
-    LookLikeText(text_, 2);
-    column->addWidget(&text_);
-    column->addWidget(bar);
-    column->addLayout(buttons);
-    setFixedWidth(440);
-}
-
-// The owner of the window closes it.
-void LockScreen::Form_Unload(bool& cancel) {
-    cancel = true;
-    BtnCancel_Click();
-}
-
-void LockScreen::Form_KeyDown(int& key, int /*shift*/) {
-    if (key == Key::Escape)
-        BtnCancel_Click();
-    if (key == Key::Escape || key == Key::Return || key == Key::Space)
-        key = 0;
 }
 
 void LockScreen::BtnCancel_Click() {

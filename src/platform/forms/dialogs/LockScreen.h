@@ -1,40 +1,25 @@
 #pragma once
 
 #include "platform/ado/LockWait.h"
-#include "platform/forms/controls/Buttons.h"
-#include "platform/forms/controls/Label.h"
-#include "platform/forms/core/Screen.h"
+#include "platform/forms/dialogs/CancelScreen.h"
 
 #include <memory>
 #include <string_view>
 
 namespace Quillane {
 
-/// The window that is shown while a statement waits for the lock of the database. Esc, the button
-/// (by mouse or Alt+C) and closing the window cancel the wait. Enter and the space bar do not,
-/// because they may have been typed ahead.
-class LockScreen : public Screen {
+/// The window that is shown while a statement waits for the lock of the database.
+class LockScreen : public CancelScreen {
 public:
     /// `whatFollows` says what happens after the wait: "The start continues".
     explicit LockScreen(std::string_view whatFollows);
-    ~LockScreen() override;
-
-    CommandButton BtnCancel{*this, "BtnCancel", "&Cancel (Esc)"};
 
     bool IsCancelled = false;
 
     void setVisible(bool visible) override;
 
 protected:
-    void Form_Unload(bool& cancel) override;
-    void Form_KeyDown(int& key, int shift) override;
-
-private:
-    void LayOut();
-    void BtnCancel_Click();
-
-    Label subtitle_{"Please wait"};
-    Label text_;
+    void BtnCancel_Click() override;
 };
 
 /// Creates a wait for the lock of an embedded database that lasts until the lock is free or the

@@ -1,16 +1,12 @@
 #pragma once
 
-#include "platform/forms/controls/Buttons.h"
-#include "platform/forms/controls/Label.h"
-#include "platform/forms/core/Screen.h"
 #include "platform/forms/core/Timer.h"
+#include "platform/forms/dialogs/CancelScreen.h"
 #include "platform/runtime/LongWork.h"
 
 #include <functional>
 #include <future>
 #include <string>
-
-class QProgressBar;
 
 namespace Quillane {
 
@@ -20,30 +16,23 @@ namespace Quillane {
 /// False if it was cancelled.
 bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>& work);
 
-/// Shows the progress of work until it has ended. Esc, the button (by the mouse or its letter) and
-/// the window's close box cancel the work.
-class WaitingScreen : public Screen {
+/// Shows the progress of work until it has ended.
+class WaitingScreen : public CancelScreen {
 public:
     WaitingScreen(const std::string& title, LongWork& work, std::future<void>& end);
 
-    CommandButton BtnCancel{*this, "BtnCancel", "&Cancel (Esc)"};
     Timer TmrLook{*this, "TmrLook", 50};
 
 protected:
+    void BtnCancel_Click() override;
     void Form_Unload(bool& cancel) override;
-    void Form_KeyDown(int& key, int shift) override;
 
 private:
-    void LayOut();
-    void BtnCancel_Click();
     void TmrLook_Tick();
     bool HasEnded() const;
 
     LongWork& work_;
     std::future<void>& end_;
-    Label subtitle_{"One moment, please"};
-    Label step_{""};
-    QProgressBar* bar_ = nullptr;
 };
 
 } // namespace Quillane
