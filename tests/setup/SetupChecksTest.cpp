@@ -5,6 +5,7 @@
 #include "platform/host/StationFile.h"
 #include "station/FreshFolder.h"
 #include "support/FailureOf.h"
+#include "support/Nobody.h"
 #include "support/OwnDisk.h"
 #include "support/SkipIfMissing.h"
 
@@ -19,9 +20,6 @@
 namespace Quillane {
 namespace {
 
-constexpr unsigned nobody = 65534;
-constexpr int notPossibleHere = 77;
-
 /// Prints the result of the check of a folder; for a child process.
 [[noreturn]] void PrintFault(const std::string& folder) {
     std::string result = "it is writable";
@@ -34,10 +32,8 @@ constexpr int notPossibleHere = 77;
     std::_Exit(0);
 }
 
-// Root may do everything.
 [[noreturn]] void PrintFaultAsNobody(const std::string& folder) {
-    if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0))
-        std::_Exit(notPossibleHere);
+    BecomeNobody();
     PrintFault(folder);
 }
 
@@ -114,8 +110,7 @@ TEST_F(SetupChecks, NameAPortWithoutPermission) {
     ::chmod(folder.path.c_str(), 0755);
     ::chmod(folder.File("line").c_str(), 0);
     const auto asNobody = [&] {
-        if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0))
-            std::_Exit(notPossibleHere);
+        BecomeNobody();
         std::fputs(PortFaults(station).c_str(), stderr);
         std::_Exit(0);
     };

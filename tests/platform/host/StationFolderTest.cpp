@@ -2,6 +2,7 @@
 
 #include "station/FreshFolder.h"
 #include "support/FailureOf.h"
+#include "support/Nobody.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
@@ -121,8 +122,7 @@ TEST_F(StationFolderTest, FolderWithoutRightsIsRefused) {
     ::chmod(fresh.File("option").c_str(), 0);
     // In a child process without root rights, since root may enter every folder.
     const auto enterAsNobody = [&] {
-        if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0))
-            ::_exit(2);
+        BecomeNobody();
         std::fputs(FailureOf([&] { CheckStationFolder(sources.option); }).Description().c_str(),
                    stderr);
         ::_exit(0);

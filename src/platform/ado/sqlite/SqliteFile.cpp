@@ -36,8 +36,14 @@ std::string ExistingDatabaseFile(const std::string& folder, std::string_view dat
     if (fs::file_size(PathOf(path), error) == 0)
         FailDatabase("The file " + path + " is empty; it is not a database.");
     if (IsWriteProtected(status))
-        FailDatabase("The database file " + path + " is read-only.");
+        FailReadOnly(path);
     return path;
+}
+
+void FailReadOnly(const std::string& path) {
+    FailDatabase("The database file " + path +
+                 ", its folder or its disk is read-only. Ask the administrator of the computer to "
+                 "make them writable for this user, then start the program again.");
 }
 
 bool HasLogWithContents(const std::string& path) {

@@ -9,6 +9,9 @@ namespace Quillane {
 /// read-only; the text names the file.
 std::string ExistingDatabaseFile(const std::string& folder, std::string_view database);
 
+/// Fails because this user cannot write the file, or the files of the log in its folder.
+[[noreturn]] void FailReadOnly(const std::string& path);
+
 /// True if the file has a write-ahead log that is not empty.
 bool HasLogWithContents(const std::string& path);
 

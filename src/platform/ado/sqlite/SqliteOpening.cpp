@@ -16,6 +16,14 @@ int PrimaryCode(int code) {
     return code & 0xFF;
 }
 
+// In a folder that is read-only the log cannot be created.
+bool IsReadOnly(sqlite3* session) {
+    const int code = PrimaryCode(sqlite3_errcode(session));
+    const int systemCode = sqlite3_system_errno(session);
+    return sqlite3_db_readonly(session, "main") == 1 || code == SQLITE_READONLY ||
+           (code == SQLITE_CANTOPEN && (systemCode == EACCES || systemCode == EROFS));
+}
+
 int Run(sqlite3* session, const char* statements) {
     return sqlite3_exec(session, statements, nullptr, nullptr, nullptr);
 }
@@ -32,8 +40,8 @@ int Run(sqlite3* session, const char* statements) {
     if (IsDiskFull(session))
         FailDatabase("The disk that holds the database file " + path +
                      " is full. Please make space on it and start the program again.");
-    if (sqlite3_db_readonly(session, "main") == 1)
-        FailDatabase("The database file " + path + " is read-only.");
+    if (IsReadOnly(session))
+        FailReadOnly(path);
     FailDatabase("The database file " + path + " cannot be used: " + SqliteMessage(session) + ".");
 }
 
@@ -114,7 +122,11 @@ sqlite3* OpenSqliteFile(const std::string& path) {
     const int outcome = sqlite3_open_v2(path.c_str(), &session, flags, nullptr);
     if (outcome == SQLITE_OK)
         return session;
+    const bool hasNoRights = sqlite3_system_errno(session) == EACCES;
     sqlite3_close(session);
+    if (hasNoRights)
+        FailDatabase("The database file " + path +
+                     " cannot be read. Check the rights of this user.");
     FailDatabase("The database file " + path + " cannot be opened: " + sqlite3_errstr(outcome) +
                  ".");
 }
