@@ -40,7 +40,7 @@ std::string ExclusionFilter(std::string_view exclusions) {
 
 /// Replaces the column name in the condition by that of one foreign table. `keys` holds the rows of
 /// its foreign key. Each replacement starts from the original condition, so with several key
-/// columns the last one counts.
+/// columns the last one is used.
 std::string ProbeCriteria(const std::string& criteria, Recordset& keys, std::string_view table) {
     std::string probe = criteria;
     for (; !keys.Eof(); keys.MoveNext()) {

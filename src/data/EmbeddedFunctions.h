@@ -6,9 +6,8 @@ namespace Quillane {
 
 /// Registers the SQL functions of the accounting database in a session of the embedded database:
 ///
-/// - `FunGetPartyName(accountNo)`: the name of the account, a hyphen and the city of the party;
-/// only
-///   the name if there is no city; Null for an account that does not exist.
+/// - `FunGetPartyName(accountNo)`: the account's name, a hyphen and the party's city; without a
+///   city only the name; Null for an account that does not exist.
 /// - `FunGetCommodity(commodityId)`: the name of the commodity; Null if it does not exist.
 ///
 /// Searches call them for every row, so each function caches the names until this session or

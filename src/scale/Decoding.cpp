@@ -22,7 +22,7 @@ std::size_t NextSeparator(std::string_view text, std::size_t at) {
     return at;
 }
 
-/// The digit run that is read. `trailingBlank`: further runs follow, and the text of the token then
+/// The digit run that is read. `trailingBlank`: more runs follow, and the text of the token then
 /// ends with a blank.
 struct WeightToken {
     std::string_view digits;
@@ -30,8 +30,8 @@ struct WeightToken {
 };
 
 /// Finds the first two digit runs of a text, and whether a third one follows. One pass is enough
-/// for what the rules describe in steps: replace all other characters by blanks, drop the first
-/// run, take the next.
+/// for the steps of the rules: replace all other characters by blanks, drop the first run, take the
+/// next one.
 struct DigitRuns {
     explicit DigitRuns(std::string_view text) {
         const std::size_t first = NextDigit(text, 0);

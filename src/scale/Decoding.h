@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// How the digits of a weight are read, from a station's settings.
+/// The settings of a station that describe how the digits of a weight are read.
 struct LiveReading {
     std::optional<std::string> direction; ///< absent: the token is not cut
     double length = 0;                    ///< digits kept, rounded half to even; with a direction
@@ -21,11 +21,12 @@ std::optional<std::string> DecodeLiveWeight(std::string_view rawText, const Live
 
 struct TestWeight {
     std::string notModified; ///< the token before the cut
-    std::string modified;    ///< the weight as the settings make it
+    std::string modified;    ///< the weight according to the settings
 };
 
-/// The same for the bench, where settings are tried. It differs from the live reading for few runs,
-/// short tokens, empty text and the reversal; the difference is required.
+/// The same for the bench, where settings are tried. It differs from the live reading if there are
+/// few runs, for short tokens, for an empty text and in the reversal. These differences are
+/// required.
 TestWeight DecodeTestWeight(std::string_view rawText, std::string_view direction,
                             std::string_view lengthText, bool reversed);
 

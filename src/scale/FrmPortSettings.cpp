@@ -90,7 +90,7 @@ void FrmPortSettings::CmdSave_Click() {
     }
 }
 
-// Without a transaction: after a failure the settings before it stay stored.
+// Without a transaction: after a failure the settings before it are still stored.
 void FrmPortSettings::StoreSettings() {
     const std::string direction = CboDirection.Text();
     Con->Execute(UpdateStatement(PortNameSetting, PortNumber()));

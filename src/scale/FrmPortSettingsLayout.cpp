@@ -56,20 +56,20 @@ void FrmPortSettings::DescribeControls() {
         {&TxtDataFrom, "Length: how many digits are kept"},
         {&CboDirection, "Data Direction"},
         {&TxtNotModified, "The number as it was received"},
-        {&TxtModifiedWeight, "The weight as the settings make it"},
+        {&TxtModifiedWeight, "The weight with these settings"},
     };
     for (const auto& [control, name] : names)
         control->SetAccessibleName(name);
 
-    CmdOpenPort.SetToolTip("Open the line with these settings, anew if it is open");
+    CmdOpenPort.SetToolTip("Open the line with these settings, again if it is open");
     CmdGetWeight.SetToolTip("Add what has been received to the raw text");
-    TxtRawWeight.SetToolTip("What the indicator sent, as it came; clear it by hand");
+    TxtRawWeight.SetToolTip("The text as the indicator sent it; delete it by hand");
     TxtDataFrom.SetToolTip("How many digits of the number are kept, 0 to 9");
     CboDirection.SetToolTip("The end of the number from which digits are kept");
     ChkIsReversed.SetToolTip("The indicator sends the last digit first");
-    CmdModifiedWeight.SetToolTip("Start the try-out; it goes on until the screen closes");
+    CmdModifiedWeight.SetToolTip("Start the test; it runs until the screen closes");
     TxtNotModified.SetToolTip("The number as it was received");
-    TxtModifiedWeight.SetToolTip("The weight as these settings make it");
+    TxtModifiedWeight.SetToolTip("The weight with these settings");
     CmdSave.SetToolTip("Store these settings for the station");
     CmdClose.SetToolTip("Close this screen and the line");
 }
@@ -88,7 +88,7 @@ void FrmPortSettings::LayOut() {
     whole->addStretch(1);
     whole->addLayout(ButtonRow());
     const QSize largest = LargestWindow(*this);
-    // A wide screen shows more of the raw text.
+    // A wide screen shows a longer raw text.
     const int width = std::clamp(largest.width() * 3 / 4, 880, 1200);
     resize(sizeHint().expandedTo(QSize(width, 0)).boundedTo(largest));
 }

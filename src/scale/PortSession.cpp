@@ -49,7 +49,7 @@ void PortSession::ReadLiveWeight() {
         const std::string rawText = line_.Input();
         if (rawText.empty())
             return;
-        // Twice. An operator who presses a weight button meanwhile gets the former reading.
+        // Called twice. A weight button that is pressed during the call gets the former reading.
         screen_.DoEvents();
         screen_.DoEvents();
         if (const auto weight = DecodeLiveWeight(rawText, ReadLiveReading(portSettingsRows_)))

@@ -61,8 +61,8 @@ void SchArrivals::LayOut() {
     AddFilter(*filters, "To Date", DtpToDate);
     LayOutSearch(*this, *filters, GrdSch, {&BtnSelect, &BtnClose}, LeastSize);
     TxtFilter.SetToolTip("Part of a party's name");
-    BtnSelect.SetToolTip("Take the marked arrival (Enter in the list)");
-    BtnClose.SetToolTip("Close without taking one (Esc or Ctrl+Q)");
+    BtnSelect.SetToolTip("Open the selected arrival (Enter in the list)");
+    BtnClose.SetToolTip("Close without a selection (Esc or Ctrl+Q)");
 }
 
 void SchArrivals::Form_Load() {

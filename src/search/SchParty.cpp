@@ -53,10 +53,10 @@ void SchParty::LayOut() {
     AddFilter(*filters, "Name", TxtFilter, 3);
     AddFilter(*filters, "Party Id", TxtFilterId, 1);
     LayOutSearch(*this, *filters, Grid, {&CmdSelect, &CmdClose}, LeastSize);
-    TxtFilter.SetToolTip("Part of a party's name; Down leads to the list");
-    TxtFilterId.SetToolTip("A whole party id; Down leads to the list");
-    CmdSelect.SetToolTip("Take the marked party");
-    CmdClose.SetToolTip("Close without taking one");
+    TxtFilter.SetToolTip("Part of a party's name; Down moves to the list");
+    TxtFilterId.SetToolTip("A whole party id; Down moves to the list");
+    CmdSelect.SetToolTip("Select the marked party");
+    CmdClose.SetToolTip("Close without a selection");
 }
 
 void SchParty::Form_Load() {

@@ -1,5 +1,5 @@
 # Writes OUTPUT, a source file with one NUL-terminated text for each name and file of SCRIPTS.
-# Bytes rather than string literals: compilers limit the length of those.
+# Bytes instead of string literals, because compilers limit the length of a literal.
 set(source "#include \"setup/DatabaseScripts.h\"\n\nnamespace Quillane::DatabaseScripts {\n")
 while(SCRIPTS)
     list(POP_FRONT SCRIPTS name file)

@@ -16,9 +16,9 @@ class QGridLayout;
 
 namespace Quillane {
 
-/// Asks whether the database that stands in the folder already is to be used as it is. Yes points
-/// the station to it. If it cannot be used, a box shows the reason. True if the station is then set
-/// up.
+/// Asks whether to use, without changes, the database that the folder already contains. Yes makes
+/// it the station's database. If it cannot be used, a box shows the reason. True if the station is
+/// then set up.
 bool OfferExistingDatabase(const std::string& folder);
 
 /// The set-up of a station without `Config.ini`: the location of its database, the company's

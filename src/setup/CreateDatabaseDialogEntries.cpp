@@ -1,4 +1,4 @@
-// What is entered in the set-up, judged before anything is made of it.
+// The checks of the entries in the set-up.
 
 #include "platform/forms/core/Text.h"
 #include "setup/CreateDatabaseDialog.h"
@@ -23,11 +23,13 @@ bool CreateDatabaseDialog::Validate() {
     const std::string email = Trimmed(TxtCompanyEmail);
     if (company.empty())
         return Refuse(TxtCompanyName, "Please give the company's name.");
-    // The start-up joins the name to a statement as it stands.
+    // The start-up inserts the name into a statement unchanged.
     if (company.find('\'') != std::string::npos)
-        return Refuse(TxtCompanyName, "The company's name cannot hold an apostrophe.");
+        return Refuse(TxtCompanyName,
+                      "The company's name cannot contain an apostrophe. Enter it without one.");
     if (!email.empty() && !IsPlausibleEmail(email))
-        return Refuse(TxtCompanyEmail, "This is no e-mail address. It may also stay empty.");
+        return Refuse(TxtCompanyEmail,
+                      "This is not a valid e-mail address. You can leave it empty.");
     if (Trimmed(TxtUserName).empty())
         return Refuse(TxtUserName, "Please give the first user's name.");
     if (TxtPassword.Text().empty())
@@ -44,15 +46,16 @@ bool CreateDatabaseDialog::Refuse(TextBox& box, std::string_view reason) {
     return false;
 }
 
-// An entry is never cut: somebody would find that out on the slip, or not at all. What the database
-// holds already is not judged.
+// An entry is never shortened: the user might notice it only on the slip, or never. Values that the
+// database already contains are not checked.
 bool CreateDatabaseDialog::RefuseTooLong() {
     for (const Entry& entry : entries_) {
         const qsizetype letters = ToQt(entry.box->Text()).trimmed().size();
         if (letters > entry.longest && !IsAsInDatabase(*entry.box))
             return Refuse(*entry.box, "\"" + std::string(entry.name) + "\" can have at most " +
-                                          std::to_string(entry.longest) + " letters; this has " +
-                                          std::to_string(letters) + ". Please shorten it.");
+                                          std::to_string(entry.longest) +
+                                          " characters; this one has " + std::to_string(letters) +
+                                          ". Please shorten it.");
     }
     return true;
 }

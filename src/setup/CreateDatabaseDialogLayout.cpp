@@ -9,8 +9,8 @@
 
 namespace Quillane {
 
-// The question of the place comes last in the order, and so before the first entry: most stations
-// leave it as it is, and begin with the company's name.
+// The option for the location is the last one in the tab order, and so just before the first entry:
+// most stations keep it, and begin with the company's name.
 void CreateDatabaseDialog::SetTabOrder() {
     NumberInTabOrder({&TxtCompanyName, &TxtCompanyAddress, &TxtCompanyPhone, &TxtCompanyEmail,
                       &TxtUserName, &TxtPassword, &TxtPasswordAgain, &ChkSampleRows, &BtnCreate,

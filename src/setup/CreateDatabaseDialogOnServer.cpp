@@ -33,7 +33,7 @@ void CreateDatabaseDialog::ChooseServer() {
         Unload();
 }
 
-// A complete database needs no further entries.
+// A complete database needs no other entries.
 void CreateDatabaseDialog::UseServer() {
     ShowLocation();
     if (!contents_.isComplete) {

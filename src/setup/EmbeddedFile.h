@@ -28,7 +28,7 @@ public:
     /// The first cell of the first row as text; empty if it is Null or if there is no row.
     std::string FirstText(const char* query);
     long FirstNumber(const char* query);
-    /// For what else the engine offers; valid as long as this.
+    /// The handle, for other functions of SQLite. Valid during the lifetime of this object.
     sqlite3* Session() { return session_; }
 
 private:

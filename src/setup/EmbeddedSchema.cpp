@@ -34,7 +34,7 @@ void AddParticulars(EmbeddedFile& file, const NewDatabase& particulars) {
     add("CompanyEmail", particulars.companyEmail);
 }
 
-/// The second user, unless the first one has taken that name.
+/// The second user, unless the first one has the same name.
 void AddSampleUser(EmbeddedFile& file, const NewDatabase& particulars) {
     if (!EqualIgnoringCase(particulars.userName, SampleUserName))
         AddUser(file, SampleUserName, SampleUserName, "2", particulars.hashCost);
@@ -43,8 +43,8 @@ void AddSampleUser(EmbeddedFile& file, const NewDatabase& particulars) {
 void Build(const std::string& path, const NewDatabase& particulars) {
     MakePrivateFile(path);
     EmbeddedFile file(path, NewFile);
-    // Nobody else sees the file yet, so that a journal in memory does; one transaction, so that
-    // one wait for the disk does.
+    // The file is not visible to others yet, so a journal in memory is enough. One transaction
+    // waits for the disk only once.
     file.Run("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON;"
              "BEGIN");
     file.Run(DatabaseScripts::EmbeddedSchema);
@@ -61,16 +61,16 @@ void Build(const std::string& path, const NewDatabase& particulars) {
     throw Failure(FileAlreadyExists, "There is already a file " + file, FailureSource::Database);
 }
 
-// A journal left of a database that was moved away or deleted: the engine would play it into the
-// new one, and it may hold the other's last changes.
+// The journal of a database that was moved away or deleted. The engine would apply it to the new
+// one, and it may contain the last changes of the old one.
 void RefuseJournals(const std::string& file) {
     for (const char* ending : {"-wal", "-journal"})
         if (QFile::exists(ToQt(file + ending)))
             throw Failure(
                 FileAlreadyExists,
                 "There is still a file of an earlier database here:\r\n" + file + ending +
-                    "\r\nPlease move it to where that database is now, or delete it where that "
-                    "database is no longer wanted, and try again.",
+                    "\r\nMove it to the folder of that database, or delete it if that database is "
+                    "no longer needed. Then try again.",
                 FailureSource::Database);
 }
 
@@ -114,7 +114,7 @@ EmbeddedDatabase LookAtEmbeddedDatabase(const std::string& file) {
     try {
         found.kind = EmbeddedDatabase::Kind::NoAccess;
         EmbeddedFile session(file, SQLITE_OPEN_READWRITE);
-        // It may be that of another state of the database, which the start will notice.
+        // It may belong to another state of the database, which the start will detect.
         if (HasLogWithContents(file))
             session.LeaveJournal();
         session.Run("PRAGMA schema_version");

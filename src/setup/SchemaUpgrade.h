@@ -48,8 +48,8 @@ void RenewRights(Connection& connection);
 bool MayChangeSchema(Connection& connection);
 
 /// Copies an embedded database in its folder before a change of its schema, and flushes the copy to
-/// the disk. Returns the path of the copy: "<name>-before-<version>.db", with a further number if
-/// there is one already.
+/// the disk. Returns the path of the copy: "<name>-before-<version>.db", with a number added if
+/// that file exists.
 std::string CopyBeforeUpgrade(Connection& connection, const std::string& file, double toVersion);
 
 } // namespace Quillane

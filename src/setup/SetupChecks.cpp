@@ -14,10 +14,10 @@ namespace Quillane {
 
 namespace {
 
-/// A new database with the sample rows takes less, its journal included.
+/// A new database with the sample rows is smaller than this, its journal included.
 constexpr qsizetype bytesOfNewStation = qsizetype{2} * 1024 * 1024;
 
-// What fills a disk up is taken in part, and only the next write says why.
+// A write to an almost full disk may succeed in part; only the next one then gives the reason.
 bool WriteAll(QFile& file, const QByteArray& bytes) {
     qint64 written = 0;
     while (written < bytes.size()) {
@@ -35,12 +35,13 @@ void CheckFolderTakesFiles(const std::string& folder) {
     QTemporaryFile trial(ToQt(folder + "/set-up-XXXXXX"));
     if (trial.open() && WriteAll(trial, QByteArray(bytesOfNewStation, '\0')))
         return;
-    throw Failure(FailureNumber::PathAccess,
-                  "Nothing can be stored in the station folder " + folder + ": " +
-                      FromQt(trial.errorString()) +
-                      ".\r\nThe station cannot be set up there. Please give this user the right to "
-                      "write in the folder, make room on the disk, or name another folder with the "
-                      "option --station.");
+    throw Failure(
+        FailureNumber::PathAccess,
+        "Nothing can be stored in the station folder " + folder + ": " +
+            FromQt(trial.errorString()) +
+            ".\r\nThe station cannot be set up there. Please give this user the right to "
+            "write in the folder, free some space on the disk, or name another folder with the "
+            "option --station.");
 }
 
 std::string PortFaults(const StationFile& station) {

@@ -6,7 +6,7 @@ namespace Quillane {
 
 struct StationFile;
 
-/// Checks that are made before the set-up dialog is shown, so that nobody fills it in for nothing.
+/// Checks before the set-up dialog is shown, so that it is not filled in to no effect.
 
 /// Errors: path access (75) if this user cannot write files of the size of a database in the
 /// station folder: missing rights, a full disk or a read-only disk.

@@ -64,7 +64,7 @@ void ReportRowsNotAdded(const std::vector<std::string>& rows) {
     for (const std::string& row : rows)
         text += "\r\n" + row;
     ShowAlert(text +
-              "\r\n\r\nTheir tables have further required columns, or shorter ones. Ask the person "
+              "\r\n\r\nTheir tables have other required columns, or shorter ones. Ask the person "
               "who maintains the database to add the rows.");
 }
 

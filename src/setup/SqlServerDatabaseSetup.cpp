@@ -40,8 +40,8 @@ void AddParticular(Connection& connection, std::string_view key, const std::stri
     rows.Update();
 }
 
-/// A table of the site may have further required columns, or shorter ones. A row that it does not
-/// accept is noted and left out.
+/// A table of the site may have other required columns, or shorter ones. A row that it does not
+/// accept is left out and reported.
 void AddParticulars(Connection& connection, const NewDatabase& particulars,
                     std::vector<std::string>& rowsNotAdded) {
     for (const CompanyParticular& each : CompanyParticulars) {

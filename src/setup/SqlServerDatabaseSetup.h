@@ -19,12 +19,11 @@ struct SetupOutcome {
 /// Turns the database of the connection into a station's database. It may be empty or contain a
 /// mill's accounts. Only missing tables, functions and rows are created; `RenewRights` creates the
 /// roles.
-/// - A row of settings, or of the company's particulars, that a table of the site does not accept
-/// is
-///   left out.
+/// - A row of settings, or of the company's particulars, that a table of the site does not
+///   accept is left out.
 /// - Particulars of the company in the database stay unless they are to be replaced.
-/// - The first user is added only if there are no users of stations, and if the particulars name
-/// one.
+/// - The first user is added only if there are no users of stations, and if the particulars
+///   contain one.
 /// - Sample rows, and the second user that comes with them, are added only to a database without
 ///   accounts and arrivals.
 /// - A database with an older schema version is upgraded first.

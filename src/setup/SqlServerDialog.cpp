@@ -52,7 +52,7 @@ void SqlServerDialog::LayOut() {
     TxtOptions.SetMaxLength(400);
     for (TextBox* box : {&TxtPassword, &TxtOwnerPassword})
         box->SetPassword(true);
-    TxtOptions.SetToolTip("Usually empty. Further attributes for the driver, such as "
+    TxtOptions.SetToolTip("Usually empty. Other attributes for the driver, such as "
                           "Encryption=require");
     auto* buttons = new QHBoxLayout;
     AddButton(*buttons, BtnTryOut, false);
@@ -77,8 +77,8 @@ void SqlServerDialog::LayOutFields() {
     name(TxtPort, "Port");
     name(TxtDatabase, "Database");
     name(TxtOptions, "Options for the driver");
-    name(TxtUserName, "Name the station signs in with");
-    name(TxtPassword, "Password the station signs in with");
+    name(TxtUserName, "Name for the station's sign-in");
+    name(TxtPassword, "Password for the station's sign-in");
     name(TxtOwnerName, "Owner's name");
     name(TxtOwnerPassword, "Owner's password");
     AddHeading(*fields_, "Where the database is");

@@ -21,7 +21,7 @@ struct SqlServerTarget {
     bool windowsSignIn = false; ///< as the user signed in to the computer
     std::string userName{};     ///< not used for the Windows sign-in, nor is the password
     std::string password{};
-    std::string options{}; ///< further attributes for the driver, "Encryption=require"
+    std::string options{}; ///< other attributes for the driver, "Encryption=require"
 };
 
 /// An entry that cannot be used, and the reason.

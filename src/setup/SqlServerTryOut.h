@@ -26,7 +26,7 @@ SqlServerTarget TargetForSetup(const SqlServerTarget& station, const OwnerSignIn
 /// The result of a test.
 struct TryOut {
     bool works = false;
-    std::string answer; ///< for the person who sets the station up, with the driver's text
+    std::string answer; ///< for the user of the dialog, with the driver's text
     SqlServerContents contents;
 };
 

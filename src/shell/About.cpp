@@ -19,7 +19,8 @@ namespace Quillane {
 
 namespace {
 
-/// The answer of the database, or the failure text: the other facts are needed in that case too.
+/// The answer of the database, or the failure text, because the other facts are needed in that case
+/// too.
 std::string AnswerOrFailure(const std::function<std::string()>& ask) {
     try {
         return ask();

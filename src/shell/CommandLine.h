@@ -13,8 +13,8 @@ struct CommandLine {
 };
 
 /// Parses the arguments; the first one is the name of the program. Needs no QApplication, so that
-/// --help and --version work without a display. The options of Qt are a fault here, because a
-/// QApplication removes them from the arguments.
+/// --help and --version work without a display. The options of Qt are reported as an error here,
+/// because a QApplication removes its own options from the arguments.
 CommandLine ReadCommandLine(const std::vector<std::string>& arguments);
 
 } // namespace Quillane

@@ -93,7 +93,7 @@ void CloseEmbeddedDatabase() {
         Con->Close();
 }
 
-/// Does everything before the sign-in. False if there is no database and the set-up made none.
+/// Everything before the sign-in. False if there is no database and the set-up has made none.
 bool PrepareSession() {
     const StartOfStation start;
     const std::string configFile = StationFolder() + "/Config.ini";

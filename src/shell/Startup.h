@@ -14,8 +14,9 @@ void NameProgram();
 
 /// The entry procedure. It reads `Config.ini` in the station folder, opens `Con`, upgrades the
 /// schema, writes the company name, signs the user in and shows the start screen. It has no error
-/// trap: a failure shows the error box of the runtime and ends the process. If nobody signs in, the
-/// process ends without a message. Requires: the station folder is set, and no screen exists yet.
+/// trap: a failure shows the error box of the runtime and ends the process. If no user signs in,
+/// the process ends without a message. Requires: the station folder is set, and no screen exists
+/// yet.
 void Main();
 
 /// Returns the company number, the eighth character of the database name: 1 for Account1. Errors:

@@ -20,7 +20,7 @@ std::string BackupReminder(const std::string& stationFolder, int days,
     const auto seconds = std::chrono::system_clock::to_time_t(*last);
     const std::string date =
         QDateTime::fromSecsSinceEpoch(seconds).toString("dd/MM/yyyy").toStdString();
-    return "The last good backup of the database is of " + date +
+    return "The last good backup of the database was made on " + date +
            ". Inform the person who maintains the station.";
 }
 

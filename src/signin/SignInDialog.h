@@ -25,7 +25,7 @@ public:
 
     /// The message below the boxes.
     std::string Message() const;
-    /// What it says of the database's backups; empty where nothing is to be said.
+    /// The message about the database's backups; empty if there is none.
     std::string Reminder() const;
 
 protected:

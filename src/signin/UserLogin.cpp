@@ -45,7 +45,7 @@ bool HasUsers(Connection& connection) {
 }
 
 void ReportNoUsers() {
-    MsgBox({.text = "This database has no users, so nobody can sign in.\r\n"
+    MsgBox({.text = "You cannot sign in: the database contains no users.\r\n"
                     "Ask the administrator of the database to add one.",
             .title = "Sign in",
             .icon = BoxIcon::Exclamation,

@@ -16,7 +16,7 @@ inline constexpr int LongestUserName = 40;  ///< characters
 inline constexpr int LongestPassword = 128; ///< characters
 
 /// The pause before the next attempt after this many wrong attempts in a row: none after the first
-/// two, then 2 seconds, doubled each time up to 30 seconds. Nobody is locked out.
+/// two, then 2 seconds, doubled each time up to 30 seconds. No user is locked out.
 std::chrono::seconds SignInPause(int wrongInARow);
 
 /// The statement of the sign-in. It is the only statement that may read the password hashes.

@@ -18,7 +18,7 @@ struct SlipLine {
     double Net() const;
 };
 
-/// What the bag lines of a load add up to.
+/// The totals of the bag lines of a load.
 struct SlipSums {
     bool hasLines = false;
     SlipLine total; ///< the rounded sum of the stored figures

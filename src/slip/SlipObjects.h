@@ -36,7 +36,7 @@ ReportObject Sized(ReportObject object, int points);
 ReportObject Bold(ReportObject object);
 ReportObject Aligned(ReportObject object, ReportAlignment alignment);
 ReportObject Growing(ReportObject object);
-/// In view when the preview opens.
+/// The text that is visible when the preview opens.
 ReportObject ShownAtOpening(ReportObject object);
 ReportObject Coloured(ReportObject object, int textColour);
 ReportObject Suppressed(ReportObject object, std::function<bool(const ReportContext&)> condition);

@@ -35,7 +35,7 @@ using Objects = std::vector<ReportObject>;
 int AddParticulars(Objects& objects);
 /// The weights of the load.
 int AddWeights(Objects& objects, int top);
-/// The heading of further pages. It has no height on the first page.
+/// The heading of the following pages. It has no height on the first page.
 int AddFurtherHeading(Objects& objects);
 
 /// The captions of the table, and one row of it.

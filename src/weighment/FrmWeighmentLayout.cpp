@@ -188,7 +188,7 @@ void FrmWeighment::LayOut() {
     rows->addLayout(middle, 1);
     rows->addLayout(ButtonRow());
 
-    // On a display that is too small, all but the reading scrolls.
+    // On a display that is too small, everything but the reading scrolls.
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);

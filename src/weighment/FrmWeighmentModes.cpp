@@ -89,8 +89,8 @@ bool FrmWeighment::IsActive(const VisualControl& control) const {
     return !blanking_ && ActiveControl() == &control;
 }
 
-// The handlers treat these writes as writes to a box without the focus: a box that computes here
-// would leave figures of the former weighment.
+// The handlers treat these writes as writes to a box without the focus. A box that computes during
+// them would leave figures of the former weighment.
 void FrmWeighment::BlankControls() {
     const QScopedValueRollback blanking(blanking_, true);
     for (Control* control : Controls()) {

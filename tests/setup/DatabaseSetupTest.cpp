@@ -90,7 +90,7 @@ TEST_F(CreateDatabase, MakesNoSampleRowsUnlessWanted) {
     EXPECT_EQ(LookAtEmbeddedDatabase(File()).users, 1);
 }
 
-TEST_F(CreateDatabase, CancelledLeavesNothing) {
+TEST_F(CreateDatabase, CancelledSetUpLeavesNoFile) {
     const VisitModal visit([](Screen& screen) {
         ScreenDriver driver(screen);
         driver.Type("Veltrane").Press(Qt::Key_Escape);
@@ -111,11 +111,11 @@ TEST_F(CreateDatabase, RefusesInvalidEntriesAndKeepsThem) {
         {&CreateDatabaseDialog::TxtCompanyName, "  ", "Veltrane",
          "Please give the company's name."},
         {&CreateDatabaseDialog::TxtCompanyName, "Miller's", "Veltrane",
-         "The company's name cannot hold an apostrophe."},
+         "The company's name cannot contain an apostrophe. Enter it without one."},
         {&CreateDatabaseDialog::TxtCompanyEmail, "gate", "",
-         "This is no e-mail address. It may also stay empty."},
+         "This is not a valid e-mail address. You can leave it empty."},
         {&CreateDatabaseDialog::TxtCompanyEmail, "@x", "g@v.example",
-         "This is no e-mail address. It may also stay empty."},
+         "This is not a valid e-mail address. You can leave it empty."},
         {&CreateDatabaseDialog::TxtUserName, " ", "nadia", "Please give the first user's name."},
         {&CreateDatabaseDialog::TxtPassword, "", "grain", "Please give the first user a password."},
         {&CreateDatabaseDialog::TxtPasswordAgain, "Grain", "grain",
@@ -183,7 +183,7 @@ TEST_F(CreateDatabase, DoesNotChangeAnExistingDatabaseAfterNo) {
 
 TEST_F(CreateDatabase, ReportsAFileThatIsNotADatabase) {
     folder.Write("Account1.db", "a letter, much longer than the head of a database file would be, "
-                                "so that nobody takes it for a beginning of one");
+                                "so that it cannot be the beginning of one");
     BoxAnswers answers;
     answers.Expect(
         Told("There is already a file with the name of the new database:\r\n" + File() +
@@ -207,7 +207,8 @@ TEST_F(CreateDatabase, ReportsAFolderThatCannotBeWrittenBeforeTheDialog) {
     answers.Expect(Testing::Critical(
         "Nothing can be stored in the station folder " + folder.path +
             "/gone: No such file or directory.\r\nThe station cannot be set up there. Please give "
-            "this user the right to write in the folder, make room on the disk, or name another "
+            "this user the right to write in the folder, free some space on the disk, or name "
+            "another "
             "folder with the option --station.",
         "Quillane"));
     setup.CreateDatabase();
@@ -295,7 +296,7 @@ TEST_F(CreateDatabase, RefusesATextThatIsTooLong) {
             EXPECT_EQ(box.Text(), longest + "b");
             BoxAnswers answers;
             answers.Expect(Told("\"" + each.name + "\" can have at most " +
-                                std::to_string(each.longest) + " letters; this has " +
+                                std::to_string(each.longest) + " characters; this one has " +
                                 std::to_string(each.longest + 1) + ". Please shorten it."));
             driver.Press(Qt::CTRL | Qt::Key_Return);
             EXPECT_EQ(dialog.ActiveControl(), &box);
@@ -365,7 +366,7 @@ TEST_F(DatabaseVersions, ANewerDatabaseIsReportedAndNotChanged) {
 }
 
 TEST_F(DatabaseVersions, AnUnreadableVersionIsReportedAndTheDatabaseNotChanged) {
-    SKIP_ON_SQL_SERVER("its column holds numbers only");
+    SKIP_ON_SQL_SERVER("its column accepts only numbers");
     Run("Update StationSchema Set SchemaVersion = 'one'");
     BoxAnswers answers;
     answers.Expect(Warned(UnreadableSchemaText() + " Ask the person who maintains the database."));

@@ -45,7 +45,8 @@ protected:
     }
     OwnerSignIn OwnersSignIn() const { return {.userName = Part("UID"), .password = Part("PWD")}; }
 
-    /// Goes through the set-up dialog up to the server's, works that, and goes on in the first.
+    /// Goes through the set-up dialog up to the server's dialog, works in that, and continues in
+    /// the first.
     void SetUpStation(const std::function<void(SqlServerDialog&, ScreenDriver&)>& onServer,
                       const std::function<void(Screen&, ScreenDriver&)>& afterwards = {}) {
         DatabaseSetupObject setup;
@@ -65,7 +66,7 @@ protected:
         succeeded = setup.Succeeded();
     }
 
-    /// Takes the server: no further dialog comes, or the set-up's own goes on.
+    /// Chooses the server. The set-up's dialog then continues, or no other dialog is shown.
     void Take(SqlServerDialog& dialog, ScreenDriver& driver, const SqlServerTarget& target,
               const OwnerSignIn& owner = {}) {
         dialog.Offer(target, owner);
@@ -170,7 +171,7 @@ protected:
                 .icon = BoxIcon::Question,
                 .buttons = BoxButtons::YesNo};
     }
-    /// Takes the server, changes the boxes, and creates.
+    /// Chooses the server, changes the boxes, and creates the database.
     void Change(const std::function<void(CreateDatabaseDialog&)>& change,
                 const std::function<void(CreateDatabaseDialog&)>& afterwards = {}) {
         SetUpStation(
@@ -258,7 +259,7 @@ TEST_F(SetupOnServer, RejectedRowsAreNamedAndTheSetUpContinues) {
     BoxAnswers answers;
     answers.Expect({.text = "The database is ready, but these rows could not be added:\r\n\r\n"
                             "Project_Registry: CompanyAddress\r\nProject_Registry: CompanyPhone"
-                            "\r\nProject_Registry: CompanyEmail\r\n\r\nTheir tables have further "
+                            "\r\nProject_Registry: CompanyEmail\r\n\r\nTheir tables have other "
                             "required columns, or shorter ones. Ask the person who maintains the "
                             "database to add the rows.",
                     .title = "Set up the station",
@@ -424,7 +425,7 @@ TEST_F(SetupOnServer, CancelledSetUpCanBeRepeated) {
         [&](SqlServerDialog& dialog, ScreenDriver& driver) { Take(dialog, driver, Target()); },
         [&](Screen& screen, ScreenDriver& driver) {
             FillIn(driver);
-            // Someone else is making a table of that name, so that the set-up waits.
+            // Another session is creating a table with this name, so that the set-up waits.
             other.BeginTrans();
             other.Execute("CREATE TABLE dbo.Commodities (Id int)");
             {

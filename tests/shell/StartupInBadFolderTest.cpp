@@ -148,8 +148,8 @@ TEST_F(StartUpInBadFolder, DatabaseOfAnotherUserIsReported) {
 TEST_F(StartUpInBadFolder, FolderOfAnotherUserIsReported) {
     SetPermissions(::geteuid() == 0 ? 0700 : 0, 0640);
     ExpectAsNobody("The station folder " + folder.path +
-                   " cannot be opened: this user has no rights in it\\. Ask the administrator of "
-                   "the computer for the rights, or name another folder with the option "
+                   " cannot be opened: this user has no rights to it\\. Ask the administrator of "
+                   "the computer for these rights, or name another folder with the option "
                    "--station\\.");
 }
 
@@ -167,7 +167,7 @@ TEST_F(StartUpInBadFolder, FullDiskIsReported) {
     EXPECT_EXIT(StartOnDisk([](const std::string& disk) { FillDisk(disk, 0); }),
                 testing::ExitedWithCode(0),
                 "The disk that holds the database file " + File("disk/Account1.db") +
-                    " is full\\. Please make space on it and start the program again\\.$");
+                    " is full\\. Free some space on it, then start the program again\\.$");
     EXPECT_EXIT(StartOnDisk([](const std::string&) {}), testing::ExitedWithCode(0),
                 "the sign-in is shown$");
 }

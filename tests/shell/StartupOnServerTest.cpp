@@ -1,4 +1,4 @@
-// What comes at the start where something is wrong with a database on SQL Server.
+// The messages at the start if a database on SQL Server cannot be used.
 
 #include "SignIn.h"
 #include "StationOnServer.h"
@@ -28,7 +28,8 @@ protected:
 
     void Configure(const std::string& line) { folder.Write("Config.ini", line); }
 
-    /// Starts, and expects one box of the runtime that tells this, and the end of the process.
+    /// Starts, and expects one box of the runtime that contains this text, and the end of the
+    /// process.
     void ExpectToEndWith(const std::string& words) {
         const BoxNotes notes;
         const ProcessEnd end;
@@ -116,7 +117,7 @@ TEST_F(StartUpOnServer, MissingUserTableIsReported) {
     const ProcessEnd end;
     RunEvent(Main);
     ASSERT_EQ(notes.boxes.size(), 1U);
-    EXPECT_EQ(notes.boxes[0].text, "This database has no users, so nobody can sign in.\r\n"
+    EXPECT_EQ(notes.boxes[0].text, "You cannot sign in: the database contains no users.\r\n"
                                    "Ask the administrator of the database to add one.");
     EXPECT_EQ(end.Codes(), std::vector<int>{0});
 }

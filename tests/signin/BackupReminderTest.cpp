@@ -25,8 +25,9 @@ protected:
 TEST_F(Reminder, IsShownIfTheBackupIsOlderThanTheDays) {
     WriteBackupRecord(folder.path, backup, "/mnt/usb/Account1-20261110-170000.db");
     EXPECT_EQ(After(72h, 3), "");
-    EXPECT_EQ(After(73h, 3), "The last good backup of the database is of 10/11/2026. Inform the "
-                             "person who maintains the station.");
+    EXPECT_EQ(After(73h, 3),
+              "The last good backup of the database was made on 10/11/2026. Inform the "
+              "person who maintains the station.");
     EXPECT_EQ(After(24h, 3), "");
 }
 

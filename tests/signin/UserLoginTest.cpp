@@ -86,7 +86,7 @@ TEST_F(Login, UserOfLevelZeroIsRefused) {
 }
 
 TEST_F(Login, NoUsersAreReportedWithoutADialog) {
-    const Box noUsers{.text = "This database has no users, so nobody can sign in.\r\n"
+    const Box noUsers{.text = "You cannot sign in: the database contains no users.\r\n"
                               "Ask the administrator of the database to add one.",
                       .title = "Sign in",
                       .icon = BoxIcon::Exclamation,

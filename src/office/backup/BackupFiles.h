@@ -47,8 +47,8 @@ std::string BackupFolderOf(const std::string& stationFolder, const StationFile& 
 /// Errors: 75, with what to do, if the folder does not exist, is not a folder, or is not writable.
 void CheckBackupFolder(const std::string& folder);
 
-/// Copies owner, group and permissions of a file or folder to a file, as far as this user may do
-/// so. The stations may run as other users and must be able to write the file.
+/// Copies owner, group and permissions of a file or folder to a file, as far as this user has the
+/// right to do so. The stations may run as other users and must be able to write the file.
 void CopyPermissions(const std::string& from, const std::string& file);
 
 /// Copies the bytes of a file, which is opened and left open, to another path. `step` names the

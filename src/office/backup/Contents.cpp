@@ -25,7 +25,7 @@ namespace {
 constexpr int WithoutOthers = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
 constexpr std::size_t HeaderLength = 100;
 
-/// A big-endian number in the file header.
+/// Reads a big-endian number of the file header.
 std::uint64_t NumberAt(const std::string& header, std::size_t place, std::size_t length) {
     std::uint64_t number = 0;
     for (std::size_t i = 0; i < length; ++i)

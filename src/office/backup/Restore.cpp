@@ -40,7 +40,7 @@ bool IsSameFile(const std::string& left, const std::string& right) {
     return fs::equivalent(PathOf(left), PathOf(right), error);
 }
 
-/// A restore that was killed just before the replacement has left a second name of the file.
+/// A restore that was killed just before the replacement may have left a second name of the file.
 void RemoveSecondNames(const std::string& database) {
     for (const std::string& kept : KeptByRestores(database))
         if (IsSameFile(kept, database))

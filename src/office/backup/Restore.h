@@ -8,8 +8,8 @@
 
 namespace Quillane::Office {
 
-/// Checks all of a copy and returns what it contains. Fails, with what to do, if `Restoration`
-/// would refuse the copy. Throws `Cancelled` if the work is cancelled.
+/// Checks the whole copy and returns its contents. Errors: a failure that says what to do if
+/// `Restoration` would refuse the copy. Throws `Cancelled` if the work is cancelled.
 Contents CheckCopy(const std::string& database, const std::string& copy, LongWork& work);
 
 /// The files in which restores have kept earlier databases, the oldest first. Restoring one of them
@@ -31,8 +31,9 @@ public:
 
     const Contents& OfCopy() const { return contents_; }
 
-    /// Returns the file that now contains the previous database; restoring it undoes this. Empty if
-    /// there was none. Errors: 75 if somebody has opened the database since the constructor ran.
+    /// Returns the file that now contains the previous database; restoring it undoes this restore.
+    /// Empty if there was none. Errors: 75 if the database has been opened since the constructor
+    /// ran.
     std::string PutInPlace();
 
 private:

@@ -96,7 +96,7 @@ private:
         return before_ && Folded(row[KeyCell]) == Folded((*before_)[KeyCell]);
     }
 
-    // The station finds bag classes, bag types and commodities only by their names.
+    // The station finds bag classes, bag types and commodities by their names only.
     void CheckNameIsFree() {
         if (after_[NameCell].empty() || !IsNewOrDiffers(NameCell))
             return;

@@ -29,7 +29,7 @@ inline constexpr std::string_view CompanyEmail = "CompanyEmail";
 /// The five settings of the serial line to the indicator.
 const SettingsTable& LineSettingsTable();
 
-/// Values by key. A key without a row is missing. If a key has several rows, the first one counts.
+/// Values by key. A key without a row is missing. If a key has several rows, the first one is used.
 using Settings = std::map<std::string, std::string, std::less<>>;
 
 Settings ReadSettings(Connection& connection, const SettingsTable& table);

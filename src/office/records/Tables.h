@@ -47,7 +47,7 @@ struct Table {
     std::vector<Part> parts; ///< in the order in which a new row is written
     std::vector<Column> columns;
     /// The columns by which the station joins this table when it opens an arrival: without the row
-    /// the arrival can never be opened again. They count even without a foreign key in the
+    /// the arrival can never be opened again. They are checked even without a foreign key in the
     /// database.
     std::vector<KeyColumn> joinedBy;
     /// The index of the flag that is 0 if a row is out of use; -1 if the table has none.

@@ -22,7 +22,8 @@ struct TableRights {
 /// Reads the rights. In the embedded database everything may be written.
 TableRights ReadTableRights(Connection& connection, std::string_view table);
 
-/// Describes why a list is read-only, to whom it belongs, and what to do; empty if it is writable.
+/// Describes why a list is read-only, which program owns it, and what to do; empty if it is
+/// writable.
 std::string WhyReadOnly(const TableRights& rights);
 
 /// The same for a list of several tables: describes the first that is not writable.

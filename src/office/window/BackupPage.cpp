@@ -213,7 +213,7 @@ void BackupPage::RestoreOther() {
         Restore(FromQt(file));
 }
 
-// The database is replaced when no page uses it any more: by whoever has opened the window.
+// `RunOffice` replaces the database after this window has been closed, when no page uses it.
 void BackupPage::Restore(const std::string& file) {
     if (file.empty() || !IsConfirmed(file))
         return;

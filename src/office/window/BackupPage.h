@@ -17,8 +17,8 @@ class LongWork;
 
 namespace Quillane::Office {
 
-/// The copies of an embedded database, "Back up now", the check of the copies and their restore.
-/// For a database on a server it describes how it is done there.
+/// The copies of an embedded database, "Back up now", the check of the copies and their restore. If
+/// the database is on a server, the page describes how backups are made there.
 class BackupPage : public QWidget {
 public:
     explicit BackupPage(OfficeSession& session);
@@ -42,7 +42,7 @@ private:
     void ShowCopies();
     void ShowRemark();
     std::string Folder() const;
-    /// The file of the chosen row; empty if there is none.
+    /// The file of the selected row; empty if there is none.
     std::string Chosen() const;
 
     void BackUpNow();
@@ -59,7 +59,7 @@ private:
     QStandardItemModel model_;
     QLabel* place_ = Note({});
     QTableView* copies_ = new QTableView;
-    QLabel* remark_ = Note({}); ///< the finding of the chosen row, whole
+    QLabel* remark_ = Note({}); ///< the complete finding of the selected row
 };
 
 } // namespace Quillane::Office

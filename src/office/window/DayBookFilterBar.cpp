@@ -62,7 +62,7 @@ QDateEdit* DayBox(const char* name) {
     return box;
 }
 
-/// A list that is searched by any part of a name, as it is typed.
+/// A list that can be searched by any part of a name while it is typed.
 QComboBox* NameBox(const char* name, const char* all) {
     auto* box = new QComboBox;
     box->setEditable(true);
@@ -72,7 +72,7 @@ QComboBox* NameBox(const char* name, const char* all) {
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->addItem(all, QString());
     box->setAccessibleName(name);
-    // A text that is on no list means all of them.
+    // A text that is not in the list means all entries.
     QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, box, [box] {
         const int place = box->findText(box->currentText(), Qt::MatchFixedString);
         box->setCurrentIndex(std::max(place, 0));
@@ -85,7 +85,7 @@ QString ShownName(const Named& named) {
     return ToQt(named.name.empty() ? named.id : named.name);
 }
 
-/// Below the entry for all.
+/// Inserted below the entry for all.
 bool Holds(const QComboBox& box, const std::vector<Named>& names) {
     const auto count = static_cast<int>(names.size());
     bool isSame = box.count() == count + 1;

@@ -13,16 +13,16 @@ class QLineEdit;
 
 namespace Quillane::Office {
 
-/// What a day book is of: its days, and a party, a commodity, a vehicle, trucks still inside.
-/// Begins with today and all arrivals.
+/// The filter of a day book: its days, a party, a commodity, a vehicle, and trucks still inside.
+/// The initial filter is today with all arrivals.
 class DayBookFilterBar : public QWidget {
 public:
     DayBookFilterBar();
 
-    std::function<void()> Changed; ///< for each entry that is finished
+    std::function<void()> Changed; ///< called for each completed entry
     ArrivalFilter Filter() const;
 
-    /// Offers these parties and commodities; what is chosen stays where it is still there.
+    /// Offers these parties and commodities. A selection that is still in its list is kept.
     void Offer(const DayBookNames& names);
 
 private:

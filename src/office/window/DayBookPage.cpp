@@ -116,7 +116,7 @@ void DayBookPage::CancelReading() {
     ShowEnd("Reading was cancelled: these are not all arrivals. F5 reads them again.");
 }
 
-/// No exception passes through the timer.
+/// No exception may pass through the timer.
 void DayBookPage::ReadOn() {
     if (IsLockScreenShown())
         return;

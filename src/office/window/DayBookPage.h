@@ -16,19 +16,19 @@ class QTabWidget;
 
 namespace Quillane::Office {
 
-/// The arrivals of some days, their sums and their picture, to look at, to print and as files. The
-/// arrivals are read page by page between the window's events; a change of the filter, or Cancel,
-/// ends a reading that is under way.
+/// The arrivals of some days, their sums and their picture, to view, print and export. The arrivals
+/// are read page by page between the window's events. A change of the filter, or Cancel, ends the
+/// current reading.
 class DayBookPage : public QWidget {
 public:
     explicit DayBookPage(OfficeSession& session);
 
-    /// Reads what the filter asks for, from the beginning.
+    /// Reads the arrivals of the filter from the beginning.
     void Read();
     bool IsReading() const { return reading_.isActive(); }
     void CancelReading();
 
-    /// Asks where a file is to be; empty: nowhere. Tests replace it.
+    /// Asks for the path of a file; empty if the user cancels. Replaced by tests.
     std::function<QString(const QString& proposed, const QString& kind)> ChooseFile;
 
 private:

@@ -63,20 +63,20 @@ void DayBookTable::ShowBelow(std::vector<Cell> cells) {
     sums_.Show(headings_, std::move(cells));
 }
 
-/// The part of the view that shows cells has its width last of all.
+/// The part of the view that shows cells gets its width last.
 bool DayBookTable::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize)
         ShareWidth();
     return QWidget::eventFilter(watched, event);
 }
 
-/// The columns share the width as their headings ask for it, and scroll where it is too little.
+/// The columns share the width in proportion to their headings. If it is too small, they scroll.
 void DayBookTable::ShareWidth() {
     int wanted = 0;
     for (int column = 0; column < static_cast<int>(headings_.size()); ++column)
         if (!view_->isColumnHidden(column))
             wanted += headings_[static_cast<std::size_t>(column)].width;
-    constexpr double least = 0.7; // of an average character: most of a column are digits
+    constexpr double least = 0.7; // of an average character, because most characters are digits
     const double share = std::max(static_cast<double>(view_->viewport()->width() - 2) / wanted,
                                   least * view_->fontMetrics().averageCharWidth());
     for (int column = 0; column < static_cast<int>(headings_.size()); ++column)

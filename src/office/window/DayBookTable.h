@@ -8,10 +8,11 @@ class QTableView;
 
 namespace Quillane::Office {
 
-/// A table of a day book with the row of its sums below, column under column.
+/// A table of a day book, with the row of its sums below it in the same columns.
 class DayBookTable : public QWidget {
 public:
-    /// The model outlives this. A hidden column appears only in files and on paper.
+    /// Requires: the model outlives this object. A hidden column appears only in files and on
+    /// paper.
     DayBookTable(CellsModel& model, const std::vector<ColumnHeading>& headings,
                  int hiddenColumn = -1);
 

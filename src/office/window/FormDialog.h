@@ -7,8 +7,8 @@
 
 namespace Quillane::Office {
 
-/// A dialog with a form: captioned fields, below them what the form reports, Save and Cancel.
-/// Ctrl+S and Enter save, Esc leaves without saving.
+/// A dialog with a form: captioned fields, below them the notices of the form, Save and Cancel.
+/// Ctrl+S and Enter save, Esc closes the dialog without saving.
 class FormDialog : public QDialog {
 public:
     QString Refusal() const { return refusal_->text(); }
@@ -22,7 +22,7 @@ protected:
     void Finish(int width, Notice* warning = nullptr);
     /// Shows why the entries cannot be saved; an empty text shows nothing.
     void Refuse(const std::string& why);
-    /// Saves and accepts, or refuses.
+    /// Saves and accepts the dialog, or shows why the entries are refused.
     virtual void Save() = 0;
 
 private:

@@ -70,7 +70,7 @@ QVariant PlanModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-/// What differs in a changed row, and what the rules say.
+/// The differences in a changed row, and the findings of the checks.
 QString PlanModel::Remark(const ImportLine& line) const {
     QString remark;
     if (line.kind == Kind::Changed)

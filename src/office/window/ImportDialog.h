@@ -37,7 +37,7 @@ private:
 /// Shows the effect of an import before anything is written. Writes it when the user confirms.
 class ImportDialog : public QDialog {
 public:
-    /// The plan has no fault. `known` is the list that it was compared with.
+    /// Requires: the plan has no fault. `known` is the list that it was compared with.
     ImportDialog(Connection& connection, ImportPlan plan, Snapshot known, QWidget* parent);
 
     /// The number of rows written; 0 if the user has cancelled.
@@ -60,13 +60,13 @@ private:
 
     QComboBox* kinds_ = new QComboBox;
     QTableView* view_ = new QTableView;
-    QLabel* remark_ = Note({}); ///< of the chosen line, whole
+    QLabel* remark_ = Note({}); ///< the complete finding of the selected line
     QCheckBox* skips_ = new QCheckBox("&Leave the faulty lines out");
     QPushButton* write_ = nullptr;
 };
 
 /// Reads a CSV file and compares it with a list; shows the progress, with Cancel. A plan that was
-/// cancelled, or cannot be made, has a fault.
+/// cancelled or cannot be made has a fault.
 ImportPlan PlanWithProgress(const Snapshot& known, const std::string& csvText, QWidget* over);
 
 } // namespace Quillane::Office

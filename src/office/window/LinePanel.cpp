@@ -18,7 +18,7 @@ namespace Quillane::Office {
 
 namespace {
 
-constexpr int lookInterval = 300; ///< ms, as the weighment screen looks
+constexpr int lookInterval = 300; ///< ms, the interval of the weighment screen
 
 void AddCaptioned(QBoxLayout& row, const QString& caption, QWidget* field) {
     auto* label = new QLabel(caption);
@@ -37,7 +37,7 @@ std::string CellOf(const Settings& settings, std::string_view key) {
     return found == settings.end() ? std::string() : found->second;
 }
 
-/// Control bytes by their names: <STX>0012540<CR>.
+/// Replaces control bytes by their names: <STX>0012540<CR>.
 QString Visible(const std::string& bytes) {
     constexpr std::array names{"NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL",
                                "BS",  "HT",  "LF",  "VT",  "FF",  "CR",  "SO",  "SI",
@@ -191,7 +191,7 @@ void LinePanel::Show(const Settings& settings) {
     fault_->Say(ToQt(faults.empty() ? faults : faults + "Please choose, and save."));
 }
 
-/// Gives what is wrong with the stored text.
+/// Returns the error in the stored text; empty if there is none.
 std::string LinePanel::ShowLine(const std::string& settings) {
     const QStringList parts = ToQt(settings).split(',');
     const std::array boxes{rate_, parity_, dataBits_, stopBits_};
@@ -275,7 +275,7 @@ void LinePanel::StopListening() {
     listen_->setText("Listen  (F9)");
 }
 
-// The line closes with the page, so that a station finds it free.
+// The line is closed when the page is hidden, so that a station can open it.
 void LinePanel::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     if (!event->spontaneous() && line_)

@@ -19,11 +19,11 @@ class SerialLine;
 
 namespace Quillane::Office {
 
-/// The indicator's line: its settings as all stations read them from the database, and a live view
-/// of what it sends, with what the bench and the weighment screen would read.
+/// The indicator's line: its settings, which all stations read from the database, and a live view
+/// of the received text with the weights that the bench and the weighment screen would read.
 class LinePanel : public QWidget {
 public:
-    /// The shortcuts count all over the page.
+    /// The shortcuts work on the whole page.
     LinePanel(OfficeSession& session, QWidget& page);
     ~LinePanel() override;
 

@@ -18,12 +18,12 @@ public:
     static constexpr int SortRole = Qt::UserRole;
 
     void Show(Snapshot snapshot);
-    /// Only once something has been shown.
+    /// Requires: `Show` has been called.
     const Snapshot& Known() const { return *known_; }
     const Row& RowAt(int row) const { return known_->rows.Rows()[static_cast<std::size_t>(row)]; }
-    /// The place of the row with this key; -1 where there is none.
+    /// The position of the row with this key; -1 if there is none.
     int PlaceOfKey(const std::string& key) const;
-    /// All that is shown of a row, in one case.
+    /// The text that the search uses: all shown cells of the row, with the case folded.
     const QString& SearchText(int row) const { return texts_[static_cast<std::size_t>(row)]; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -40,7 +40,7 @@ private:
     std::vector<QString> texts_;
 };
 
-/// The rows that hold each word of a search, in any of their cells and in any case.
+/// The rows that contain each word of a search, in any of their cells and in any case.
 class ListFilter : public QSortFilterProxyModel {
 public:
     explicit ListFilter(ListModel& model);

@@ -188,7 +188,7 @@ const Row* ListsPage::Chosen() const {
     return source.isValid() ? &model_.RowAt(source.row()) : nullptr;
 }
 
-// If the search hides the row, the first one is chosen.
+// If the search hides the row, the first one is selected.
 void ListsPage::Choose(const std::string& key) {
     const int place = key.empty() ? -1 : model_.PlaceOfKey(key);
     const QModelIndex shown =

@@ -15,12 +15,12 @@ class QBoxLayout;
 
 namespace Quillane::Office {
 
-/// The lists that the stations offer: search, add, change, retire, delete, CSV in and out.
+/// The lists that the stations offer: search, add, change, retire, delete, CSV import and export.
 class ListsPage : public QWidget {
 public:
     explicit ListsPage(OfficeSession& session);
 
-    /// Ask for the file to read or to write; empty if the user cancels. Replaced by tests.
+    /// Asks for the file to read or to write; empty if the user cancels. Replaced by tests.
     std::function<QString(QWidget* over)> AskFileToRead;
     std::function<QString(QWidget* over, const QString& proposed)> AskFileToWrite;
 
@@ -30,7 +30,7 @@ public:
     ListFilter& Shown() { return filter_; }
     QString ReadOnlyText() const { return readOnly_->text(); }
 
-    /// Reads the list again; the chosen row stays chosen.
+    /// Reads the list again; the selected row stays selected.
     void Reload();
 
 protected:
@@ -46,7 +46,7 @@ private:
     void ShowState();
 
     const Table& CurrentTable() const;
-    /// The chosen row; null where none is.
+    /// The selected row; null if there is none.
     const Row* Chosen() const;
     void Choose(const std::string& key);
 

@@ -85,7 +85,7 @@ void MovePage::Choose(const SqlServerTarget& place, const OwnerSignIn& owner) {
     move_->setFocus();
 }
 
-/// What has been entered on another page would be lost.
+/// Entries on another page would be lost.
 QString MovePage::Unsaved() const {
     for (const QWidget* widget : window()->findChildren<QWidget*>())
         if (const auto* page = dynamic_cast<const Page*>(widget);

@@ -11,15 +11,15 @@
 
 namespace Quillane::Office {
 
-/// Moves the embedded database of the station to a SQL Server. The office gives its own connection
-/// up for that, opens it again where the station has not been moved, and closes its window where it
-/// has.
+/// Moves the embedded database of the station to a SQL Server. During the move the office closes
+/// its own connection. If the station was not moved, it opens the connection again; otherwise it
+/// closes its window.
 class MovePage : public QWidget {
 public:
     explicit MovePage(OfficeSession& session);
 
     QString Place() const { return place_->text(); }
-    /// As the dialog does where the server works.
+    /// Sets the server, as the dialog does if it works.
     void Choose(const SqlServerTarget& place, const OwnerSignIn& owner);
 
 private:
@@ -35,7 +35,7 @@ private:
     MoveOrder order_;
     bool isChosen_ = false;
     QLabel* place_ = Note("No server is chosen yet.");
-    QPushButton* move_ = nullptr; ///< null where the database is on a server
+    QPushButton* move_ = nullptr; ///< null if the database is on a server
 };
 
 } // namespace Quillane::Office

@@ -8,9 +8,9 @@ class QWidget;
 /// Messages and questions in boxes over a window of the office.
 namespace Quillane::Office {
 
-/// Information that needs no decision.
+/// Information that requires no decision.
 void Inform(QWidget* over, const std::string& text);
-/// A refusal or a failure: nothing, or not all, has been done.
+/// A refusal or a failure: nothing, or not everything, has been done.
 void Warn(QWidget* over, const std::string& text);
 /// Asks for a decision. `yes` is the caption of the button that agrees, such as "&Delete". The
 /// other button is "Cancel", the default one, which Esc presses too.

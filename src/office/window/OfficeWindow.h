@@ -11,8 +11,8 @@ class QTreeWidget;
 
 namespace Quillane::Office {
 
-/// The office's main window: a navigation list at the left, the chosen page at its right. A user of
-/// level 1 sees all pages, other users see those for everyone.
+/// The office's main window: a navigation list at the left, the selected page at its right. A user
+/// of level 1 has all pages, other users have those that are open to all.
 class OfficeWindow : public QMainWindow {
 public:
     explicit OfficeWindow(OfficeSession& session, std::span<const PageEntry> pages = AllPages());
@@ -37,7 +37,7 @@ private:
 
     OfficeSession& session_;
     std::vector<PageEntry> entries_; ///< that this user may see
-    std::vector<QWidget*> made_;     ///< null where the page has not been shown yet
+    std::vector<QWidget*> made_;     ///< null if the page has not been shown yet
     QTreeWidget* navigation_;
     QStackedWidget* stack_;
 };

@@ -10,8 +10,8 @@ class Page : public QWidget {
 public:
     using QWidget::QWidget;
 
-    /// What has been entered and not saved, as the beginning of a sentence: "The company's
-    /// particulars have". Empty if nothing would be lost.
+    /// The unsaved entries as the beginning of a sentence: "The company's particulars have". Empty
+    /// if nothing would be lost.
     virtual QString Unsaved() const { return {}; }
 };
 

@@ -8,7 +8,7 @@ class QWidget;
 
 namespace Quillane::Office {
 
-/// One entry of the navigation. Its page is made when it is first shown, and then kept.
+/// One entry of the navigation. Its page is created when it is first shown, and is then kept.
 struct PageEntry {
     const char* title;
     bool isForEveryone; ///< otherwise only for users of level 1

@@ -9,7 +9,7 @@
 
 namespace Quillane::Office {
 
-/// Shows the picture of a day book, as large as its place allows.
+/// Shows the picture of a day book as large as the available space allows.
 class PictureView : public QWidget {
 public:
     PictureView();

@@ -71,7 +71,7 @@ void PortsPanel::Reload() {
     ShowDevices();
 }
 
-// The two that the bench offers are always shown.
+// The two ports that the bench offers are always shown.
 void PortsPanel::ShowPorts() {
     const int chosen = std::max(ChosenPort(), 1);
     std::set<int> numbers{1, 2};
@@ -126,7 +126,7 @@ std::string PortsPanel::DeviceOf(int port) const {
     return TheStation().PortDevice(port);
 }
 
-// For a port that has none the device that is chosen at the right is proposed.
+// For a port without a device, the device that is selected at the right is proposed.
 void PortsPanel::Assign() {
     const int port = std::max(ChosenPort(), 1);
     const int chosen = devices_->currentIndex().row();

@@ -18,10 +18,10 @@ namespace Quillane::Office {
 /// The ports of this station in `Station.ini`, and the serial devices of this computer.
 class PortsPanel : public QWidget {
 public:
-    /// The shortcuts count all over the page.
+    /// The shortcuts work on the whole page.
     PortsPanel(OfficeSession& session, QWidget& page);
 
-    /// Which devices there are; replaced by tests.
+    /// Lists the devices; replaced by tests.
     std::function<std::vector<SerialDevice>()> FindDevices = SerialDevices;
 
     QTableView* Ports() { return ports_; }
@@ -32,7 +32,7 @@ private:
     void LayOut();
     void ShowPorts();
     void ShowDevices();
-    /// The number of the chosen port; 0 where none is chosen.
+    /// The number of the selected port; 0 if none is selected.
     int ChosenPort() const;
     std::string DeviceOf(int port) const;
 

@@ -117,7 +117,7 @@ Row RowDialog::Entered() const {
     return row;
 }
 
-// Several rows may have one name: the chosen one counts.
+// Several rows may have the same name: the selected one is used.
 std::string RowDialog::EnteredReference(std::size_t place) const {
     const QComboBox& list = *entries_[place].list;
     const std::string name = Trimmed(FromQt(list.currentText()));
@@ -128,7 +128,7 @@ std::string RowDialog::EnteredReference(std::size_t place) const {
     return found.empty() ? std::string() : (*found.front())[KeyCell];
 }
 
-// Only until the user has typed another one.
+// Only until the user has typed another text.
 void RowDialog::ProposeKey() {
     QLineEdit& key = *entries_[KeyCell].line;
     if (before_ || FromQt(key.text()) != proposedKey_)
@@ -196,7 +196,7 @@ bool RowDialog::IsRefused(const Row& after) {
     return true;
 }
 
-// Cells that have not been edited here take the stored values.
+// Cells that have not been edited here get the stored values.
 void RowDialog::TakeConflict(const RowChange& change, const Conflict& conflict) {
     known_ = ReadSnapshot(connection_, table_);
     const std::string text =

@@ -13,15 +13,15 @@
 
 namespace Quillane::Office {
 
-/// A form for one row of a list, new or changed. What the rules refuse keeps it open; what they
-/// warn of is shown while it is typed. If another session has changed the row, both values are
+/// A form for one row of a list, new or changed. A row that violates a rule keeps the form open; a
+/// warning is shown while the user types. If another session has changed the row, both values are
 /// shown and the entries stay.
 class RowDialog : public FormDialog {
 public:
     RowDialog(Connection& connection, const Table& table, std::optional<Row> before,
               QWidget* parent);
 
-    /// The key of the row as it was saved.
+    /// The key of the row that was saved.
     const std::string& SavedKey() const { return savedKey_; }
     /// The field of a column: a line, a box with a list or a check box.
     QWidget* Field(std::string_view column) const;

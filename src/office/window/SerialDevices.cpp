@@ -10,7 +10,7 @@ namespace Quillane::Office {
 
 namespace {
 
-// An adapter keeps this name whichever socket it is plugged into, and after a new start.
+// An adapter keeps this name in every socket, and after a restart.
 QString LastingName(const QString& systemName) {
     const QDir byId("/dev/serial/by-id");
     const QString target = QFileInfo(systemName).canonicalFilePath();

@@ -51,7 +51,7 @@ void UserDialog::AddPasswords() {
     AddCaptioned(Form(), "&The same again", again_);
 }
 
-// A level beyond those of the list is kept.
+// A level that is not in the list is kept.
 void UserDialog::FillLevels() {
     std::vector<std::int32_t> levels{FullRights, RestrictedRights, 0};
     const bool isNew = task_ == Task::Add;

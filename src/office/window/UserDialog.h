@@ -11,11 +11,12 @@
 
 namespace Quillane::Office {
 
-/// A form for a new user, or for the level or the password of one. What is refused keeps it open.
+/// A form for a new user, or for the level or the password of a user. A refused entry keeps it
+/// open.
 class UserDialog : public FormDialog {
 public:
     enum class Task { Add, Level, Password };
-    /// Of a new user `user` is empty.
+    /// For a new user `user` is empty.
     UserDialog(OfficeSession& session, Task task, User user, QWidget* parent);
 
     QLineEdit* NameBox() { return name_; }

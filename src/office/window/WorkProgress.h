@@ -6,13 +6,13 @@
 
 namespace Quillane::Office {
 
-/// Shows the progress of work that this thread does, if it takes longer than a moment. Esc and
-/// Cancel cancel it.
+/// Shows the progress of work in this thread if it takes longer than a moment. Esc and the button
+/// Cancel cancel the work.
 class WorkProgress {
 public:
     WorkProgress(const QString& what, int parts, QWidget* over);
 
-    /// Receives the number of parts done. Returns false if the user has cancelled the work.
+    /// Receives the number of completed parts. Returns false if the user has cancelled the work.
     bool operator()(int done);
 
     /// Shorter work shows no window. Tests set 0.

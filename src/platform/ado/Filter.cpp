@@ -45,8 +45,8 @@ std::optional<double> NumberOf(const ResultSet::Cell& cell) {
 } // namespace
 
 bool Filter::Fits(const ResultSet& rows, int row, const Node& node) const {
-    // A long chain of joins hangs on the left sides: those are walked, so that the depth is that of
-    // only for the parentheses.
+    // A long chain of joins is nested on the left sides. The left sides are walked in a loop, so
+    // that the depth of the recursion is that of the parentheses only.
     const Node* side = &node;
     while (side->operation == Operation::And || side->operation == Operation::Or) {
         const bool decides = side->operation == Operation::Or;

@@ -177,7 +177,7 @@ private:
             return;
         }
         node.text = current_.kind == SqlTokenKind::String ? TakeString() : TakeNumber();
-        // Most values are names, and an attempt that fails costs more than the rest of the filter.
+        // Most values are names, and a failed attempt costs more than the rest of the filter.
         if (node.text->find_first_of("0123456789") == std::string::npos)
             return;
         node.number = Attempt([&] { return ToDouble(*node.text); });
@@ -211,14 +211,14 @@ private:
         return text;
     }
 
-    /// Each takes a part of the stack, here and at each row.
+    /// Each level takes a part of the stack, here and for each row.
     static constexpr int deepest = 100;
 
     std::string_view criterion_;
     const ResultSet& rows_;
     SqlTokens tokens_;
     SqlToken current_;
-    int depth_ = 0; ///< of parentheses that are open
+    int depth_ = 0; ///< of open parentheses
     Filter filter_;
 };
 

@@ -8,8 +8,8 @@ bool Between(char32_t c, char32_t first, char32_t last) {
     return c >= first && c <= last;
 }
 
-/// In Latin Extended-A capitals and small letters alternate; where the pairs begin on an odd
-/// number changes twice.
+/// In Latin Extended-A, capital and small letters alternate. Twice it changes whether the pairs
+/// begin with an odd or an even number.
 char32_t FoldExtendedLatin(char32_t c) {
     if (c == 0x178)
         return 0xFF;

@@ -96,7 +96,7 @@ bool LikePattern::Take(Characters& text, const Part& part) {
     return true;
 }
 
-/// Takes everything up to the end of the part's first place in the text.
+/// Removes everything up to the end of the first match of the part in the text.
 bool LikePattern::Find(Characters& text, const Part& part) {
     if (part.isPlain)
         return FindPlain(text, part);

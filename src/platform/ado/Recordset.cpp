@@ -84,8 +84,8 @@ void Recordset::SetPosition(int position) {
     Move([position](RowWalk& walk) { walk.MoveTo(position); });
 }
 
-// A grid that shares the current row answers a move with one to the same place, so that must end
-// the matter.
+// A grid that shares the current row answers a move with a move to the same position, which must
+// not be answered again.
 void Recordset::Move(const std::function<void(RowWalk&)>& move) {
     View& view = Opened();
     const int before = Position();

@@ -103,7 +103,7 @@ void ResultSet::Set(int row, int field, const Value& value) {
 }
 
 void ResultSet::FailTooLarge() {
-    FailDatabase("The result is too large to be held.");
+    FailDatabase("The result of the query is too large for the memory.");
 }
 
 } // namespace Quillane

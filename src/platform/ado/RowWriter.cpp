@@ -131,7 +131,8 @@ void RowWriter::Delete(const ResultSet& rows, int row) {
     Run("DELETE " + match.limit + "FROM " + table_ + " WHERE " + match.condition, match.parameters);
 }
 
-// A key and the limit of a keyless condition allow no second row, so a miss has changed nothing.
+// The key, or the limit of the condition without a key, excludes a second row, so nothing has been
+// changed if no row was found.
 void RowWriter::Run(const std::string& statement, const std::vector<Value>& parameters) const {
     ResultSet nothing;
     if (OpenSession().Run(statement, parameters, nothing) != 1)

@@ -28,7 +28,7 @@ constexpr std::array<CharacterKind, 256> MakeCharacterKinds() {
 
 constexpr std::array<CharacterKind, 256> characterKinds = MakeCharacterKinds();
 
-/// Comes along with texts out of files and other programs; SQLite passes over it too.
+/// A byte order mark may be in texts from files and other programs. SQLite ignores it too.
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 CharacterKind KindOf(char c) {

@@ -14,7 +14,7 @@ struct Overloaded : Cases... {
 template <typename... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>;
 
-/// Engines omit a zero before the point; the general form has it, and no zeros at the end.
+/// Engines omit a zero before the point. The general form has it, and has no zeros at the end.
 std::string DecimalText(std::string digits) {
     const std::size_t first = digits.starts_with('-') || digits.starts_with('+') ? 1 : 0;
     if (digits.compare(first, 1, ".") == 0)

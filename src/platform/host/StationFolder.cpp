@@ -74,8 +74,8 @@ void CheckStationFolder(const std::string& folder) {
         Refuse(folder, "is not a folder. Name a folder with the option --station.");
     static_cast<void>(fs::status(PathOf(folder + "/Config.ini"), error));
     if (error == std::errc::permission_denied)
-        Refuse(folder, "cannot be opened: this user has no rights in it. Ask the administrator of "
-                       "the computer for the rights, or name another folder with the option "
+        Refuse(folder, "cannot be opened: this user has no rights to it. Ask the administrator of "
+                       "the computer for these rights, or name another folder with the option "
                        "--station.");
 }
 

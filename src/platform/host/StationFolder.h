@@ -24,8 +24,8 @@ StationFolderSources SourcesOfThisProcess(std::string option);
 /// it holds a `Config.ini`, the system's folder. Relative paths start at the working folder.
 std::string ChooseStationFolder(const StationFolderSources& sources);
 
-/// Errors: path access (75) if the folder does not exist, is not a folder, or is closed to this
-/// user.
+/// Errors: path access (75) if the folder does not exist, is not a folder, or cannot be opened by
+/// this user.
 void CheckStationFolder(const std::string& folder);
 
 } // namespace Quillane

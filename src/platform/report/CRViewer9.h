@@ -25,7 +25,7 @@ public:
     /// Requires: the report outlives this object or the next call.
     void SetReportSource(Report& report);
     void ClearReportSource();
-    /// Draws the pages. A failure of the report is thrown.
+    /// Draws the pages. Errors: those of the report.
     void ViewReport();
     /// 1: page width, 2: whole page, 25 to 400: percent. Errors: 5 for any other level.
     void Zoom(int level);

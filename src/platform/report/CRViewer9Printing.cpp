@@ -46,7 +46,7 @@ std::string PaintOn(Device& device, const ReportPainter& pages, int first, int l
     if (!painter.begin(&device))
         return "The device cannot be opened.";
     if (!pages.PaintPages(painter, device, first, last) || !painter.end())
-        return "The device takes no more pages.";
+        return "The device does not accept more pages.";
     return {};
 }
 

@@ -121,13 +121,13 @@ void PageBuilder::FlowDetails() {
     while (more) {
         const PlacedSection row = LayOut(ReportSectionKind::Detail);
         more = !IsLastRow();
-        double room = row.height;
+        double height = row.height;
         if (!more) {
             reportFooter_ = LayOut(ReportSectionKind::ReportFooter);
-            if (room + reportFooter_.height <= heightOfFreshPage_)
-                room += reportFooter_.height;
+            if (height + reportFooter_.height <= heightOfFreshPage_)
+                height += reportFooter_.height;
         }
-        Flow(row, room);
+        Flow(row, height);
         if (more)
             rows_->MoveNext();
     }

@@ -135,8 +135,8 @@ QScrollBar& ViewerPane::Scroll() const {
     return *static_cast<QGraphicsView&>(Pages()).verticalScrollBar();
 }
 
-/// Fitting the pages to another size keeps their centre in place, so the preview would not show the
-/// part that it opens with.
+/// Fitting the pages to another size keeps their centre in place. The preview would then not show
+/// the part that must be visible when it opens.
 void ViewerPane::KeepOpening() {
     connect(&Scroll(), &QScrollBar::actionTriggered, this, [this] { atOpening_ = false; });
     const auto scroll = [this] {

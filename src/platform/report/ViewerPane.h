@@ -31,12 +31,13 @@ public:
     QWidget& Pages() const;
 
     void ShowPage(int number);
-    /// Scrolls down as far as the window is too low to show the first page as far as this part of
-    /// its height, and keeps it so until somebody scrolls or turns to a page.
+    /// Scrolls down if the window is too low to show the first page down to this share of its
+    /// height. This lasts until the user scrolls or turns to another page.
     void OpenAt(double part);
-    /// From the pages to the first button, from there to the next one, and round.
+    /// Moves the focus from the pages to the first button, then to the next one, and from the last
+    /// one back to the pages.
     void MoveFocus(bool forward);
-    /// Presses the button that has the focus; false where none has it.
+    /// Presses the button that has the focus. Returns false if none has it.
     bool PressButton();
     void ZoomTo(int percent);
     void FitWidth();

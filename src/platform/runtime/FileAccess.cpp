@@ -14,7 +14,7 @@ namespace Quillane {
 
 namespace {
 
-// Root may change every file, but must not lock the station's user out of its own.
+// Root may change every file, but must not remove the access of the station's user.
 bool IsOwnFile([[maybe_unused]] const std::string& path) {
 #ifdef _WIN32
     return true;

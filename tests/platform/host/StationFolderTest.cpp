@@ -128,7 +128,7 @@ TEST_F(StationFolderTest, FolderWithoutRightsIsRefused) {
         ::_exit(0);
     };
     EXPECT_EXIT(enterAsNobody(), testing::ExitedWithCode(0),
-                "The station folder .*option cannot be opened: this user has no rights in it\\.");
+                "The station folder .*option cannot be opened: this user has no rights to it\\.");
 }
 
 } // namespace

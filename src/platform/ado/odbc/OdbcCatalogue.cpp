@@ -11,7 +11,7 @@ namespace Quillane {
 
 namespace {
 
-/// An empty name asks for none in particular, which is not the name of nothing.
+/// An empty name means any name here, not a table without one.
 SQLWCHAR* Asked(const std::string& name, OdbcText& text) {
     return name.empty() ? nullptr : text.data();
 }

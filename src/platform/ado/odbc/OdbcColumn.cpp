@@ -11,7 +11,7 @@ namespace Quillane {
 
 namespace {
 
-/// What a column may announce and still be read in blocks.
+/// The largest declared length of a column that is read in blocks.
 constexpr SQLULEN longestBlockText = 8000;
 
 OdbcForm FormOf(SQLSMALLINT sqlType) {
@@ -54,29 +54,30 @@ void SetWidth(OdbcColumn& column, SQLULEN size) {
         column.width = sizeof(SQL_TIMESTAMP_STRUCT);
         return;
     case OdbcForm::Decimal: {
-        // The digits, a sign, a zero and a point; without a scale the driver guesses.
+        // The digits, a sign, a zero and a point. Without a declared scale the driver guesses.
         constexpr SQLULEN fewest = 62;
         column.width = std::max(size, fewest) + 4;
         return;
     }
     case OdbcForm::Text:
         column.isLong = IsLongType(column.sqlType) || size == 0 || size > longestBlockText;
-        // A character beyond the first plane needs two units; a byte is shown as two digits.
+        // A character outside the Basic Multilingual Plane needs two units. A byte is shown as two
+        // digits.
         column.width = ((column.isLong ? 0 : size * 2) + 1) * sizeof(SQLWCHAR);
     }
 }
 
 OdbcColumn Describe(const OdbcHandle& statement, SQLUSMALLINT number) {
-    constexpr SQLSMALLINT room = 256;
-    SQLWCHAR name[room] = {};
+    constexpr SQLSMALLINT mostUnits = 256;
+    SQLWCHAR name[mostUnits] = {};
     SQLSMALLINT nameLength = 0;
     SQLULEN size = 0;
     SQLSMALLINT nullable = 0;
     OdbcColumn column;
-    statement.Check(SQLDescribeColW(statement.Get(), number, name, room, &nameLength,
+    statement.Check(SQLDescribeColW(statement.Get(), number, name, mostUnits, &nameLength,
                                     &column.sqlType, &size, &column.digits, &nullable));
     column.name =
-        FromOdbc(name, static_cast<std::size_t>(std::clamp<int>(nameLength, 0, room - 1)));
+        FromOdbc(name, static_cast<std::size_t>(std::clamp<int>(nameLength, 0, mostUnits - 1)));
     column.form = FormOf(column.sqlType);
     SetWidth(column, size);
     return column;
@@ -87,8 +88,8 @@ std::string Digits(unsigned long number, std::size_t count) {
     return std::string(count - std::min(count, text.size()), '0') + text;
 }
 
-/// The stored part of a second, without zeros at the end. A server that counts in
-/// three-hundredths refuses more digits than it announces.
+/// The fraction of a second as stored, without zeros at the end. A server that counts in
+/// three-hundredths refuses more digits than it declares.
 std::string PartOfSecond(SQLUINTEGER nanoseconds, SQLSMALLINT digits) {
     const auto kept = static_cast<std::size_t>(std::clamp<int>(digits, 0, 9));
     std::string part = "." + Digits(nanoseconds, 9).substr(0, kept);
@@ -117,7 +118,7 @@ void AddMoment(const OdbcColumn& column, const char* data, ResultSet& result) {
 
 [[noreturn]] void FailCutShort(const OdbcColumn& column) {
     FailDatabase("A value of the column " + column.name +
-                 " is longer than the database driver has announced, so the rows cannot be read.");
+                 " is longer than the database driver has declared, so the rows cannot be read.");
 }
 
 } // namespace
@@ -148,8 +149,8 @@ void AddOdbcCell(const OdbcColumn& column, const char* data, SQLLEN length, std:
                  ResultSet& result) {
     if (length == SQL_NULL_DATA)
         return result.AddNull();
-    const std::size_t room = column.width - column.EndWidth();
-    const bool isCut = length < 0 || static_cast<std::size_t>(length) > room;
+    const std::size_t mostUnits = column.width - column.EndWidth();
+    const bool isCut = length < 0 || static_cast<std::size_t>(length) > mostUnits;
     switch (column.form) {
     case OdbcForm::Whole: {
         std::int64_t whole = 0;

@@ -14,7 +14,7 @@ using Kind = ResultSet::Kind;
 /// Longer texts are bound as long ones: a driver cuts the others at this length without a message.
 constexpr std::size_t longestPlainText = 4000;
 
-/// A few sizes only, so that the server can use one plan for many blocks.
+/// Only a few sizes, so that the server can use one plan for many blocks.
 std::size_t SizeOfText(std::size_t longest) {
     std::size_t size = 16;
     while (size < longest)
@@ -64,7 +64,7 @@ OdbcParameterBlock::OdbcParameterBlock(const OdbcHandle& statement, const Result
     }
 }
 
-// A field of Nulls goes as text: servers convert that to any column.
+// A field of Nulls is sent as text, which servers convert to any column type.
 void OdbcParameterBlock::ChooseForms(int last) {
     for (int number = 0; number < rows_.FieldCount(); ++number) {
         Field& field = fields_[static_cast<std::size_t>(number)];
@@ -168,7 +168,7 @@ void OdbcParameterBlock::Execute(std::string_view text) {
             FailWithDiagnostics(statement_);
 }
 
-// Some drivers go on after a refused row, and report it only as a warning.
+// Some drivers continue after a refused row and report it only as a warning.
 bool OdbcParameterBlock::IsRefused(SQLRETURN outcome) const {
     return !SQL_SUCCEEDED(outcome) || std::ranges::count(states_, SQL_PARAM_ERROR) > 0 ||
            (outcome == SQL_SUCCESS_WITH_INFO && HasFailed(OdbcDiagnosticsOf(statement_)));

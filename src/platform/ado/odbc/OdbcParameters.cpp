@@ -7,10 +7,10 @@ namespace Quillane {
 
 namespace {
 
-/// Longer texts are bound as long ones: a driver cuts the others at this length without a word.
+/// Longer texts are bound as long ones: a driver cuts the others at this length without a message.
 constexpr SQLULEN longestPlainText = 4000;
 
-/// How a parameter looks to the driver.
+/// The type of a parameter for the driver.
 struct Look {
     SQLSMALLINT cType;
     SQLSMALLINT sqlType;

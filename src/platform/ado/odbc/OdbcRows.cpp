@@ -87,9 +87,9 @@ private:
         return fetched == rowsInBlock_;
     }
 
-    /// While it runs, a statement must not ask for blocks: SQL Server's own driver would open a
-    /// cursor on the server for it, which costs a round trip for each block and not every statement
-    /// can have.
+    /// While this object exists, the statement must not ask for blocks when it is executed: SQL
+    /// Server's own driver would open a cursor on the server, which costs a round trip for each
+    /// block and is not possible for every statement.
     void SetRowsOfFetch(std::size_t rows) {
         if (rowsInBlock_ != 1)
             SetAttribute(statement_, SQL_ATTR_ROW_ARRAY_SIZE, AttributeOf(rows));
@@ -135,10 +135,10 @@ private:
             columns_[i].isLong ? AddInPieces(i) : AddUnbound(i);
     }
 
-    SQLRETURN GetData(std::size_t i, SQLPOINTER to, std::size_t room, SQLLEN& length) {
+    SQLRETURN GetData(std::size_t i, SQLPOINTER to, std::size_t size, SQLLEN& length) {
         const SQLRETURN outcome =
             SQLGetData(statement_.Get(), static_cast<SQLUSMALLINT>(i + 1), columns_[i].CType(), to,
-                       static_cast<SQLLEN>(room), &length);
+                       static_cast<SQLLEN>(size), &length);
         statement_.Check(outcome);
         return outcome;
     }
@@ -148,7 +148,7 @@ private:
         AddOdbcCell(columns_[i], places_[i].cells, *places_[i].lengths, utf8_, result_);
     }
 
-    /// A piece may end in the midst of a character, so the pieces are joined first.
+    /// A piece may end inside a character, so the pieces are joined first.
     void AddInPieces(std::size_t i) {
         constexpr std::size_t unitsInPiece = pieceBytes / sizeof(SQLWCHAR);
         constexpr std::size_t mostInPiece = unitsInPiece - 1;
@@ -180,7 +180,8 @@ private:
     OdbcBlock& block_;
     ResultSet& result_;
     std::vector<Place> places_;
-    std::size_t bound_ = 0; ///< columns before the first long one; the others are asked for
+    std::size_t bound_ =
+        0; ///< columns before the first long one; the others are requested one by one
     std::size_t rowsInBlock_ = 1;
     std::string utf8_;
     OdbcText long_;
@@ -207,7 +208,7 @@ std::size_t OdbcBlock::Fetch(const OdbcHandle& statement) {
 
 char* OdbcBlock::Room(std::size_t bytes) {
     if (bytes > size_) {
-        // Left unwritten: of a large block only the pages that the driver fills are ever touched.
+        // Not initialised: of a large block only the pages that the driver fills are then used.
         memory_.reset(new char[bytes]);
         size_ = bytes;
     }

@@ -75,7 +75,7 @@ char* PutUtf8(char* to, char32_t character) {
     return to;
 }
 
-/// Most texts are ASCII from end to end: four characters at a time.
+/// Most texts are ASCII only: four characters at a time.
 char* PutAsciiRun(char* to, const SQLWCHAR*& at, const SQLWCHAR* end) {
     constexpr std::uint64_t beyondAscii = 0xFF80FF80FF80FF80;
     for (std::uint64_t four = 0; end - at >= 4; at += 4) {

@@ -32,8 +32,8 @@ std::string ForeignKeyList(std::string_view statement) {
     const std::string_view table = TableLiteral(statement);
     if (table.empty())
         return {};
-    // A reference that names no column means the primary key; a named one is given as the table
-    // spells it, since the caller compares exactly.
+    // A reference that names no column means the primary key. A named column is returned as the
+    // table spells it, because the caller compares exactly.
     return "SELECT NULL AS PKTABLE_QUALIFIER, NULL AS PKTABLE_OWNER, p.name AS PKTABLE_NAME, "
            "c.name AS PKCOLUMN_NAME, NULL AS FKTABLE_QUALIFIER, NULL AS FKTABLE_OWNER, "
            "f.name AS FKTABLE_NAME, k.\"from\" AS FKCOLUMN_NAME, k.seq + 1 AS KEY_SEQ, " +

@@ -17,8 +17,8 @@ void SqliteFileWatch::Begin(sqlite3* session, const std::string& path) {
     Renew();
 }
 
-// In this order: what another station does in between leads to a newer version or to a log with
-// contents, and then the time of the file decides nothing.
+// In this order: a change by another station between the two leads to a newer version or to a log
+// with contents, and then the time of the file is not used.
 void SqliteFileWatch::Renew() {
     version_ = DataVersion();
     for (std::size_t file = paths_.size(); file-- > 0;)
@@ -35,7 +35,8 @@ std::optional<SqliteFileWatch::State> SqliteFileWatch::StateOf(const std::string
                  found.st_mtim.tv_sec * second + found.st_mtim.tv_nsec};
 }
 #else
-// A file that is open can be neither moved nor deleted there, nor opened by who would replace it.
+// On Windows an open file can be neither moved nor deleted, nor opened by a program that replaces
+// it.
 std::optional<SqliteFileWatch::State> SqliteFileWatch::StateOf(const std::string&) {
     return State{};
 }
@@ -64,8 +65,8 @@ void SqliteFileWatch::RefuseOtherContents() {
     Renew();
 }
 
-// A session writes into the file only what a log has held, and what comes into the log is a new
-// version. Without either another program has written.
+// A session writes into the file only what was in a log, and each entry in the log is a new
+// version. If neither has changed, another program has written the file.
 bool SqliteFileWatch::IsWrittenOver() const {
     const auto& [file, log, index] = noted_;
     if (!file || !log || log->size > 0 || DataVersion() != version_)

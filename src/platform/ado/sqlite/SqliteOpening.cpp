@@ -39,7 +39,7 @@ int Run(sqlite3* session, const char* statements) {
     }
     if (IsDiskFull(session))
         FailDatabase("The disk that holds the database file " + path +
-                     " is full. Please make space on it and start the program again.");
+                     " is full. Free some space on it, then start the program again.");
     if (IsReadOnly(session))
         FailReadOnly(path);
     FailDatabase("The database file " + path + " cannot be used: " + SqliteMessage(session) + ".");
@@ -55,7 +55,7 @@ int IsNoRow(void* answer, int, char**, char**) {
     return 0;
 }
 
-/// False only if the contents are inconsistent; a file that cannot be read counts as sound.
+/// False only if the contents are inconsistent. A file that cannot be read counts as sound.
 bool IsSound(sqlite3* session) {
     bool isWhole = true;
     bool refersWell = true;
@@ -87,8 +87,8 @@ bool IsSoundWithoutLog(const std::string& path) {
                  " to another folder and start the program again.");
 }
 
-// Whoever puts another file in its place holds the lock meanwhile: from the first read on, which
-// keeps a lock of this session, nobody can.
+// A program that replaces the file holds the lock while it does so. The first read takes a lock for
+// this session, and from then on no program can replace the file.
 void RefuseReplacedFile(sqlite3* session, const std::string& path) {
     int hasMoved = 0;
     sqlite3_file_control(session, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
@@ -103,8 +103,8 @@ void KeepLogAtClose(sqlite3* session, bool keeps) {
 
 } // namespace
 
-// The index of the log cannot grow on a full disk, and the engine then reports a failure of the
-// device. The system's number is that of the last failure, whenever that was.
+// The index of the log cannot grow on a full disk, and the engine then reports a device error. The
+// system's error number is that of the last failure, which may be an old one.
 bool IsDiskFull(sqlite3* session) {
     const int code = PrimaryCode(sqlite3_errcode(session));
     const int systemCode = sqlite3_system_errno(session);

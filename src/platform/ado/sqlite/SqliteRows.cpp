@@ -87,7 +87,7 @@ std::vector<bool> SetColumns(sqlite3_stmt* statement, ResultSet& result) {
 void ReadRow(sqlite3_stmt* statement, const std::vector<bool>& dates, ResultSet& result) {
     result.BeginRow();
     for (int column = 0; column < static_cast<int>(dates.size()); ++column) {
-        // A session without mutexes reads the column once for its kind and each part.
+        // A session without mutexes reads the column once for its kind and once for each part.
         sqlite3_value* value = sqlite3_column_value(statement, column);
         switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
@@ -117,7 +117,7 @@ void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parame
 
 bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result) {
     int outcome = sqlite3_step(statement);
-    // Only now: a step prepares the statement again if the schema has changed.
+    // Not earlier: a step prepares the statement again if the schema has changed.
     const std::vector<bool> dates = SetColumns(statement, result);
     for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement))
         ReadRow(statement, dates, result);

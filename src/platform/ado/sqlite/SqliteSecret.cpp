@@ -17,8 +17,8 @@ void SqliteSecret::Install(sqlite3* session) {
         sqlite3_set_authorizer(session, Authorize, this);
 }
 
-// A column that a full join merges with one of the same name is read without the engine asking. No
-// statement of the system joins this table with another.
+// The engine does not ask before it reads a column that a full join merges with one of the same
+// name. No statement of the system joins this table with another one.
 void SqliteSecret::Judge(std::string_view statement) const {
     if (isReader_ || tableInCapitals_.empty())
         return;

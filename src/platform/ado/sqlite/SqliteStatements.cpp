@@ -43,13 +43,14 @@ std::optional<KeyedText> KeyedByItsEnd(std::string_view statement) {
 }
 
 /// The words that may follow a condition. In the list of a select a parameter would
-/// change the name of its column, and in an order it would no longer be the column of that name.
+/// change the name of its column, and in an order it would no longer mean the column with that
+/// name.
 bool EndsACondition(const SqlTokens& tokens, const SqlToken& token) {
     return tokens.IsWord(token, "order") || tokens.IsWord(token, "group") ||
            tokens.IsWord(token, "select") || tokens.IsWord(token, "returning");
 }
 
-/// Whether the last token is the parameter and belongs to the condition of the whole statement. The
+/// True if the last token is the parameter and belongs to the condition of the whole statement. The
 /// condition of a view or an index is stored as text and cannot have a parameter.
 bool EndsInItsCondition(std::string_view keyedText) {
     SqlTokens tokens(keyedText);

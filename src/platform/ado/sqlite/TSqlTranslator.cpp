@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    /// A TOP that waits for the end of its select.
+    /// A TOP whose LIMIT is added at the end of its select.
     struct Limit {
         int depth;
         std::string_view count;
@@ -118,7 +118,7 @@ private:
         current_ = last;
     }
 
-    /// A share of the rows, or ties: SQLite has neither.
+    /// A percentage of the rows, or ties: SQLite has neither.
     static bool IsUnknownTop(SqlTokens ahead) {
         const SqlToken next = ahead.Next();
         return ahead.IsWord(next, "percent") || ahead.IsWord(next, "with");
@@ -141,7 +141,8 @@ private:
         copied_ = end;
     }
 
-    /// Leaves a gap: what is on both sides must not become one, such as a longer string or the
+    /// Leaves a blank: the tokens on both sides must not become one, such as a longer string or the
+    /// beginning of a comment.
     /// beginning of a comment.
     void Drop(std::size_t begin, std::size_t end) {
         CopyUpTo(begin);

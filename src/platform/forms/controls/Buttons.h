@@ -34,8 +34,7 @@ public:
         : CommandButton(screen, std::move(name), caption, "JeweledButton") {}
 };
 
-/// A check box. `Click` runs when the value changes, from the operator or from code, and not
-/// otherwise.
+/// A check box. `Click` runs only when the value changes, from the operator or from code.
 class CheckBox : public VisualControl {
 public:
     CheckBox(Screen& screen, std::string name, std::string_view caption);
@@ -51,8 +50,8 @@ private:
     std::unique_ptr<Box> box_;
 };
 
-/// An option button; those with the same parent widget exclude each other. `Click` runs when it
-/// becomes selected, from the operator or from code, and not otherwise.
+/// An option button; those with the same parent widget exclude each other. `Click` runs only when
+/// it becomes selected, from the operator or from code.
 class OptionButton : public VisualControl {
 public:
     OptionButton(Screen& screen, std::string name, std::string_view caption);
@@ -84,7 +83,7 @@ private:
     std::unique_ptr<Group> group_;
 };
 
-/// A picture that can be clicked. It takes no focus by the mouse.
+/// A picture that can be clicked. A click does not give it the focus.
 class Image : public VisualControl {
 public:
     Image(Screen& screen, std::string name);

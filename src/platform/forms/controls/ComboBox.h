@@ -17,10 +17,11 @@ public:
     int ListIndex() const; ///< -1: none
     void SetListIndex(int index);
     int ListCount() const;
-    std::string Text() const; ///< the entry as listed, blanks included
+    std::string Text() const; ///< the text of the entry, blanks included
     /// Selects the first entry of this text; a text that is not listed fails (5).
     void SetText(std::string_view text);
-    std::function<void()> Click; ///< another entry became selected, by the operator or from code
+    std::function<void()>
+        Click; ///< runs when another entry is selected, by the operator or from code
     QWidget& Widget() override;
     void CommitEdit() override;
 

@@ -59,7 +59,7 @@ private:
     double left_ = 0, top_ = 0, width_ = 0, height_ = 0;
 };
 
-/// Written upwards, since a character is higher than wide.
+/// Written upwards, because a character is higher than wide.
 void PaintName(QPainter& painter, const QRectF& box, const QString& name) {
     const QRectF frame = box.adjusted(0.5, 1, -0.5, -1);
     painter.setPen(Qt::NoPen);

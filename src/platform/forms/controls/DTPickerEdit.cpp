@@ -194,7 +194,7 @@ void DTPicker::Edit::mousePressEvent(QMouseEvent* event) {
     QDateEdit::mousePressEvent(event);
 }
 
-// The wheel does not change the date of a box that the mouse only passes.
+// The wheel does not change the date of a box that the mouse only moves across.
 void DTPicker::Edit::wheelEvent(QWheelEvent* event) {
     if (hasFocus()) {
         CommitPart();

@@ -8,9 +8,9 @@
 
 namespace Quillane {
 
-/// The box of a date picker. Typed digits change the date part by part: day and month when no
-/// further digit fits or a separator follows, the year with its fourth digit. Leaving the box takes
-/// the digits typed so far, for a year also two. A number that is not valid for its part changes
+/// The box of a date picker. Typed digits change the date part by part: a day or a month when no
+/// more digits fit or a separator follows, the year with its fourth digit. Leaving the box uses the
+/// digits typed so far; a year may then have two. A number that is not valid for its part changes
 /// nothing. The typed day is remembered until the box is left, so that 31 can be typed while the
 /// month shown has fewer days.
 class DTPicker::Edit : public QDateEdit {

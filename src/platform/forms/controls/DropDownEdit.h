@@ -12,11 +12,11 @@ class DropDownEdit : public FilteredLine {
 public:
     explicit DropDownEdit(QWidget* parent);
 
-    /// The operator changed the text; `added` if characters came in at its end.
+    /// The operator has changed the text. `added` is true if characters were added at its end.
     std::function<void(bool added)> Edited;
 
-    /// Completes the typed text to a whole name. The added part is selected, so that further typing
-    /// replaces it.
+    /// Completes the typed text to a whole name. The added part is selected, so that the next typed
+    /// character replaces it.
     void Complete(const QString& name);
     /// Shows a text from its beginning, and selects it while the line has the focus.
     void ShowText(const QString& text);

@@ -52,8 +52,8 @@ private:
     int count_ = 0;
 };
 
-/// Draws the highlighted row as such also while the window is not active, and the divider below
-/// each row that the list is set to.
+/// Draws the highlighted row as highlighted also while the window is not active, and the divider
+/// below each row if the list has one.
 class DropDownList::Divider : public QStyledItemDelegate {
 public:
     int style = 0;
@@ -199,10 +199,10 @@ void DropDownList::PlaceBelow(const QRect& field, bool emptyRows) {
     int height = rows * table_->verticalHeader()->defaultSectionSize() + 2 * frameWidth();
     if (!table_->horizontalHeader()->isHidden())
         height += table_->horizontalHeader()->sizeHint().height();
-    const QRect room = anchor_.screen()->availableGeometry();
-    const int below = room.bottom() - field.bottom();
-    const int above = field.top() - room.top();
-    // If it fits on neither side, it is shortened to the larger one, so that the line stays
+    const QRect available = anchor_.screen()->availableGeometry();
+    const int below = available.bottom() - field.bottom();
+    const int above = field.top() - available.top();
+    // If it does not fit on either side, it is shortened to the larger one, so that the line stays
     // visible.
     const bool opensBelow = height <= below || below >= above;
     height = std::min(height, opensBelow ? below : above);

@@ -13,7 +13,7 @@ namespace Quillane {
 class RowArray;
 class TDBCombo;
 
-/// The rows of a pick list, dropped down below a box or a grid's cell.
+/// The rows of a pick list, in a window below a box or a grid's cell.
 ///
 /// Its window never takes the focus: the line keeps the keyboard, so that the screen receives each
 /// key once. The list closes when the mouse is pressed outside, and when the window it belongs to
@@ -39,7 +39,7 @@ public:
     /// The operator clicked a row.
     std::function<void(int row)> Chosen;
 
-    /// The row to which such a key moves from `row`.
+    /// The row to which this key moves from `row`.
     static std::optional<int> RowAfter(std::optional<int> row, int key, int rowCount);
 
 protected:

@@ -88,7 +88,7 @@ void FilteredLine::dropEvent(QDropEvent* event) {
     dragLeaveEvent(&left);
 }
 
-// Qt's menu with a Paste that can be refused.
+// Qt's menu, with a Paste that can be refused.
 void FilteredLine::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -12,8 +12,8 @@ public:
     using LateLine::LateLine;
 
     /// Called for text that is typed, pasted, dropped or committed by an input method: `text` is
-    /// inserted, `rest` is the remaining text of the line. False refuses all of `text`. Not called
-    /// for writes from code and for removals. Without it everything is inserted.
+    /// inserted, `rest` is the remaining text of the line. If it returns false, all of `text` is
+    /// refused. Not called for writes from code and for removals. If empty, everything is inserted.
     std::function<bool(const QString& text, const QString& rest)> Admits;
 
 protected:

@@ -36,7 +36,7 @@ QRgb ColourOf(HintPanel::Kind kind) {
     return plainText;
 }
 
-/// A screen reader speaks a notification when it is shown, and reads it whole on request.
+/// A screen reader reads a notification aloud when it is shown, and the whole panel on request.
 class Notification : public QAccessibleWidget {
 public:
     explicit Notification(HintPanel& panel)

@@ -8,12 +8,12 @@
 
 namespace Quillane {
 
-/// Advice on a screen, painted where the layout leaves space. It is no control of the screen: it
-/// has no place in the control order or the tab order, takes no focus, no key and no press, and
-/// asks the layout for nothing. Lines that do not fit are left out, the last ones first.
+/// Advice on a screen, painted where the layout leaves space. It is not a control of the screen: it
+/// has no position in the control order or the tab order, takes no focus, key or mouse press, and
+/// requests no space from the layout. Lines that do not fit are left out, the last ones first.
 ///
-/// `Source` is asked each time the program has handled what was waiting for it, so it must be quick
-/// and must change nothing. It must not fail.
+/// `Source` is called each time the program has processed its waiting events. Requires: it is
+/// quick, changes nothing and does not fail.
 class HintPanel : public QWidget {
 public:
     enum class Kind {
@@ -31,10 +31,10 @@ public:
     HintPanel();
 
     std::function<std::vector<Line>()> Source;
-    /// Runs when another answer than before is shown.
+    /// Runs when a different answer is shown.
     std::function<void()> Answered;
 
-    /// Takes what the source says now.
+    /// Shows the present lines of the source.
     void Refresh();
     const std::vector<Line>& Lines() const { return lines_; }
     /// The answer among the lines, or the empty text.

@@ -15,10 +15,10 @@ namespace Quillane {
 /// A pick list: a box with a drop-down of names (column 0 of a RowArray) that carries a hidden
 /// column of ids (column 1).
 ///
-/// The current row is an index that the list keeps, since names may repeat. It is set by choosing
-/// or completing, not by highlighting; a text from code makes the first row of that name current,
-/// or none. Blanking or clearing makes none current. `RowChange` runs only when the marker moves to
-/// a row, not when that row was current already.
+/// The current row is an index that the list keeps, because names may occur twice. It is set when a
+/// name is chosen or completed, not when a row is highlighted. A text from code makes the first row
+/// with that name current, or none. Blanking or clearing makes none current. `RowChange` runs only
+/// when the marker moves to a row, not if that row was current already.
 ///
 /// `NotInList` runs when the focus moves or Enter is pressed and no row has the typed text. The
 /// text stays, and a `SetFocus` on the list inside the handler keeps the focus. Without a handler
@@ -31,7 +31,7 @@ namespace Quillane {
 /// and once.
 class TDBCombo : public VisualControl {
 public:
-    /// Appearance and behaviour of the list, as `FormatPickLists` sets them.
+    /// Appearance and behaviour of the list; `FormatPickLists` sets them.
     struct Properties {
         bool ColumnHeaders = true;
         int RowDividerStyle = 1;
@@ -73,14 +73,14 @@ public:
     /// Shows the present contents of the array.
     void ReBind();
 
-    /// Text of a column of the current row. No current row is a failure (94).
+    /// The text of a column of the current row. Errors: 94 if there is no current row.
     std::string ColumnText(int column) const;
-    /// The first row whose cell is exactly `text`, from the first row on.
+    /// The first row, from the beginning, whose cell is exactly `text`.
     std::optional<int> FindRow(int column, std::string_view text) const;
 
     /// The current-row marker; none when no row is current.
     std::optional<int> Bookmark() const;
-    /// Makes a row current and shows its name. None leaves the text as it is.
+    /// Makes a row current and shows its name. With none the text is not changed.
     void SetBookmark(std::optional<int> row);
 
     std::function<void()> RowChange;
@@ -112,9 +112,10 @@ private:
 
     std::unique_ptr<Box> box_;
     std::shared_ptr<RowArray> rows_;
-    bool bound_ = false; ///< the rows are shown
+    bool bound_ = false; ///< true if the rows are shown
     std::optional<int> current_;
-    bool typed_ = false; ///< the text is the operator's, not written from code or chosen
+    bool typed_ =
+        false; ///< true if the operator typed the text; false if it was written from code or chosen
     bool refusing_ = false;
 };
 

@@ -8,8 +8,7 @@
 
 namespace Quillane {
 
-/// The visible part of a pick list: the line, the arrow button and the border that the list is set
-/// to.
+/// The visible part of a pick list: the line, the arrow button and the border.
 class TDBCombo::Box : public QWidget {
 public:
     Box(TDBCombo& list, QWidget& parent);

@@ -23,7 +23,7 @@ public:
     }
     int Limit() const { return limit_; }
 
-    // A text from code that exceeds the limit is kept; the operator cannot lengthen it.
+    // A text from code that exceeds the limit is kept. The operator cannot lengthen it.
     void ApplyLimit() {
         const auto length = static_cast<int>(text().size());
         const int bound = limit_ > 0 ? std::max(limit_, length) : NoLimit;

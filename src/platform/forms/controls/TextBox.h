@@ -36,7 +36,8 @@ public:
 
     std::function<void()> Change;
     /// Called before text of the operator is inserted: typed, pasted, dropped or committed by an
-    /// input method. False refuses the whole text. Without it everything is inserted.
+    /// input method. If it returns false, the whole text is refused. If empty, everything is
+    /// inserted.
     std::function<bool(std::string_view text)> Admits;
 
     QWidget& Widget() override;

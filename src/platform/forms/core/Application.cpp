@@ -16,7 +16,7 @@ namespace Quillane {
 
 namespace {
 
-// Explicit, since the palette of the style may follow a dark theme of the system.
+// Set explicitly, because the palette of the style may follow a dark theme of the system.
 QPalette LightPalette() {
     QPalette palette(QColor(0xF0, 0xF0, 0xEC));
     palette.setColor(QPalette::Base, Qt::white);
@@ -134,8 +134,8 @@ bool Application::NotifyPress(QWidget& receiver, QEvent& event) {
     const unsigned interruptions = Interruption::Count();
     auto press = Screen::Press::Nothing;
     RunEvent([&] { press = screen->PressedOn(receiver); });
-    // After a box the mouse button has been released already: a press delivered now would never
-    // end.
+    // After a box the mouse button has been released already. If the press were delivered now, its
+    // release would be missing.
     const bool isShown = target && screen && screen->life_ == life;
     if (!isShown || Interruption::Count() != interruptions)
         press = Screen::Press::Nothing;

@@ -21,7 +21,7 @@ void VisualControl::SetEnabled(bool enabled) {
     if (enabled_ == enabled)
         return;
     enabled_ = enabled;
-    // Qt is informed after the focus has moved on, also if a handler fails meanwhile.
+    // Qt is informed after the focus has moved on, also if a handler has failed.
     struct Apply {
         VisualControl& control;
         ~Apply() { control.ApplyEnabled(); }

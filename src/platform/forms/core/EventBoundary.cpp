@@ -20,7 +20,7 @@ void RunLastAct() {
         if (const auto act = std::exchange(lastAct, {}))
             act();
     } catch (const std::exception&) {
-        // No screen is left to report it.
+        // There is no screen left that could report it.
     }
 }
 

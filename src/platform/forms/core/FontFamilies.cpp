@@ -10,8 +10,7 @@ namespace Quillane {
 
 namespace {
 
-// The second family is the substitute for the named one, since a family that is not installed is
-// skipped.
+// The second family is the substitute for the named one; a family that is not installed is skipped.
 QStringList Find(const QString& name) {
     QStringList families{name, QFontInfo(QFont(name)).family()};
     for (const char* complete :

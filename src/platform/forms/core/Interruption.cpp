@@ -19,7 +19,7 @@ namespace {
 unsigned interruptions = 0;
 Interruption* innermost = nullptr;
 
-// The toolkit may still report a screen as active that has just been closed.
+// The toolkit may still report a screen as active after it has been closed.
 Screen* ScreenInFront() {
     const std::vector<Screen*>& shown = ShownScreens();
     auto* active = dynamic_cast<Screen*>(QApplication::activeWindow());
@@ -28,7 +28,7 @@ Screen* ScreenInFront() {
     return shown.empty() ? nullptr : shown.back();
 }
 
-// Before its first screen the program is about to become active.
+// Before its first screen, the program counts as active: it is about to become so.
 bool IsInFront() {
     return ShownScreens().empty() || QGuiApplication::applicationState() == Qt::ApplicationActive;
 }

@@ -7,8 +7,9 @@
 #include <QApplication>
 #include <QWindow>
 
-// Private, since the toolkit has no public means to deliver a key to another window: its event
-// handling drops a key for a blocked or closed window before any filter of the application sees it.
+// A private function, because the toolkit has no public one that delivers a key to another window:
+// its event handling drops a key for a blocked or closed window before any filter of the
+// application gets it.
 #include <qpa/qwindowsysteminterface_p.h>
 
 #include <deque>

@@ -75,7 +75,7 @@ void Screen::TakeFirstFocus() {
 }
 
 // Leaving is decided here, before Qt moves anything. While a control is being left it is still the
-// active one; what SetFocus asks for meanwhile is kept, and is used instead of the operator's
+// active one. A target that `SetFocus` requests during this time is used instead of the operator's
 // target.
 void Screen::MoveFocus(VisualControl* target, Move cause) {
     if (leaving_) {
@@ -92,8 +92,8 @@ void Screen::MoveFocus(VisualControl* target, Move cause) {
     Arrive(target);
 }
 
-// False if no control is to be arrived at: the control is not left after all, or the screen has
-// been unloaded.
+// False if the focus does not move to another control: the control is not left after all, or the
+// screen has been unloaded.
 bool Screen::RunLeaving(VisualControl& leaving, VisualControl*& target, Move cause) {
     const std::uint64_t life = life_;
     const QScopedValueRollback leavingNow(leaving_, true);
@@ -122,8 +122,8 @@ bool Screen::RunLeaving(VisualControl& leaving, VisualControl*& target, Move cau
     return true;
 }
 
-// Where a move ends whose target can no longer take the focus: at the control being left, or at the
-// next one in tab order.
+// The end of a move whose target can no longer take the focus: the control being left, or the next
+// one in tab order.
 VisualControl* Screen::Reachable(VisualControl* target, VisualControl* leaving) const {
     if (target && target->CanTakeFocus())
         return target;
@@ -160,7 +160,7 @@ void Screen::GiveQtFocus() {
 }
 
 // Qt moved the focus by itself, for example for assistive technology. Checked when Qt has finished,
-// since most of these are steps of a move of our own.
+// because most of these moves are steps of a move of our own.
 void Screen::QtFocusMoved() {
     if (!shown_ || reconciling_)
         return;

@@ -69,7 +69,7 @@ Screen* Screen::Of(QWidget* widget) {
     return nullptr;
 }
 
-// True uses the key up.
+// True if the key is used up.
 bool Screen::PreviewKey(const QKeyEvent& event) {
     Reconcile();
     const std::uint64_t life = life_;
@@ -93,7 +93,7 @@ bool Screen::PreviewKey(const QKeyEvent& event) {
     return tab;
 }
 
-// True uses the key up.
+// True if the key is used up.
 bool Screen::PreviewKeyOf(VisualControl& control, int& key, int shift) {
     if (control.KeyDown) {
         const std::uint64_t life = life_;
@@ -116,7 +116,7 @@ bool Screen::PreviewText(const QKeyEvent& event) {
     return swallowed;
 }
 
-// True swallows it, also if the screen has been unloaded meanwhile.
+// True if the key is swallowed; also true if the screen has been unloaded.
 bool Screen::PreviewCharacter(char32_t character) {
     const std::uint64_t life = life_;
     int code = static_cast<int>(character);
@@ -124,7 +124,8 @@ bool Screen::PreviewCharacter(char32_t character) {
     return !Lives(life) || code == 0;
 }
 
-// One swallowed character swallows the whole text: the rest alone would be a different text.
+// One swallowed character swallows the whole text: the remaining characters would be a different
+// text.
 bool Screen::PreviewCommitted(const QString& text) {
     const std::uint64_t life = life_;
     bool swallowed = false;

@@ -34,7 +34,7 @@ void BringIntoSight(QWidget& part);
 /// the focus to the box.
 void AddField(QGridLayout& grid, std::string_view caption, TextBox& box);
 
-/// Adds a row: two captions and their boxes.
+/// Adds a row: two captions, each with its box.
 void AddFields(QGridLayout& grid, std::string_view leftCaption, TextBox& left,
                std::string_view rightCaption, TextBox& right);
 
@@ -50,7 +50,7 @@ void AddOptions(QGridLayout& grid, OptionButton& left, OptionButton& right);
 /// Adds a row: a text that may change and a button, across all columns.
 void AddTextAndButton(QGridLayout& grid, Label& text, CommandButton& button);
 
-/// Adds a button to a row. `leading` marks the button that Enter finally presses.
+/// Adds a button to a row. `leading` marks the button that Enter presses in the end.
 void AddButton(QHBoxLayout& row, CommandButton& button, bool leading);
 
 /// Plain text, wrapped, at least as high as this number of lines.

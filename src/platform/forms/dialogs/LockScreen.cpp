@@ -23,7 +23,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds step{20};
-/// A shorter wait shows no window, so that none flashes up.
+/// A shorter wait shows no window, to avoid a flicker.
 constexpr milliseconds untilWindow{400};
 
 int shownLockScreens = 0;

@@ -53,7 +53,7 @@ void WaitingScreen::BtnCancel_Click() {
 }
 
 void WaitingScreen::TmrLook_Tick() {
-    Text.setText(work_.IsCancelled() ? "Cancelling: waiting for the answer of the server"
+    Text.setText(work_.IsCancelled() ? "Cancelling. Waiting for the answer of the server."
                                      : ToQt(work_.Step()));
     Progress.setRange(0, work_.Parts());
     Progress.setValue(work_.Done());

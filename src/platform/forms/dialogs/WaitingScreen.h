@@ -12,8 +12,8 @@ namespace Quillane {
 
 /// Runs work that waits for a server on another thread, and returns when it has ended. The progress
 /// of work that takes longer than a moment is shown, and Esc cancels it: it then ends at its next
-/// `Advance`. A failure of the work is thrown here. The work must not use a screen or show a box.
-/// False if it was cancelled.
+/// `Advance`. Returns false if it was cancelled. A failure of the work is thrown here. Requires:
+/// the work uses no screen and shows no box.
 bool RunLongWork(const std::string& title, const std::function<void(LongWork&)>& work);
 
 /// Shows the progress of work until it has ended.

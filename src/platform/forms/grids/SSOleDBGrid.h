@@ -26,7 +26,7 @@ public:
         std::string name;
         std::string caption;
         int width = 0;         ///< twips; the columns are scaled to the width of the grid
-        std::string format;    ///< "dd/MM/yyyy" for a date, empty for a value's own text
+        std::string format;    ///< "dd/MM/yyyy" for a date; empty: the text of the value
         std::string dataField; ///< shown field; a name that the rows do not have shows nothing
     };
     void AddColumn(std::string_view name, std::string_view caption, int width,
@@ -37,16 +37,16 @@ public:
     /// Sets the recordset to show; its ownership is shared. Null or a closed recordset shows no
     /// lines.
     void SetDataSource(std::shared_ptr<Recordset> rows);
-    int Rows() const; ///< 0 without an open recordset
+    int Rows() const; ///< 0 if no recordset is open
     void MoveFirst();
     void MoveLast();
 
-    /// How the current line is drawn.
+    /// The appearance of the current line.
     void SetActiveRowStyle(Colour foreColour, Colour backColour);
-    /// In the system's highlight colours, which is the default.
+    /// The system's highlight colours, which is the default.
     void SetActiveRowHighlighted();
 
-    /// Also runs where there are no rows.
+    /// Also runs if there are no rows.
     std::function<void()> DblClick;
 
     QWidget& Widget() override;

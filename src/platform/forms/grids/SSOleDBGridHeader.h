@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// The line of captions above the rows. It takes no press of the mouse.
+/// The line of captions above the rows. It does not react to the mouse.
 class SSOleDBGrid::View::Header : public QWidget {
 public:
     explicit Header(View& view) : QWidget(&view), view_(view) {}

@@ -72,13 +72,13 @@ std::vector<SSOleDBGrid::View::Strip> SSOleDBGrid::View::Strips() const {
     std::int64_t wanted = 0;
     for (const Column& column : columns_)
         wanted += std::max(0, column.width);
-    const int room = viewport()->width();
+    const int width = viewport()->width();
     std::vector<Strip> strips;
     std::int64_t before = 0;
     int left = 0;
     for (const Column& column : columns_) {
         before += std::max(0, column.width);
-        const int right = wanted == 0 ? room : static_cast<int>(before * room / wanted);
+        const int right = wanted == 0 ? width : static_cast<int>(before * width / wanted);
         strips.push_back({&column, left, right - left, FieldOf(column)});
         left = right;
     }
@@ -139,9 +139,9 @@ void SSOleDBGrid::View::paintEvent(QPaintEvent* event) {
                   QRect(0, place * lineHeight_, viewport()->width(), lineHeight_), strips);
     PaintEdges(painter, first, last, strips);
     const auto current = CurrentLine();
-    const QString told = current ? LineText(*current) : QString();
-    if (told != accessibleDescription())
-        setAccessibleDescription(told);
+    const QString description = current ? LineText(*current) : QString();
+    if (description != accessibleDescription())
+        setAccessibleDescription(description);
     NoticeNewRows(count);
 }
 
@@ -187,19 +187,19 @@ void SSOleDBGrid::View::PaintLine(QPainter& painter, int line, const QRect& plac
 }
 
 void SSOleDBGrid::View::PaintCell(QPainter& painter, const QString& text, const QRect& cell) const {
-    const QRect room = cell.adjusted(CellMargin, 0, -CellMargin, -1);
-    if (text.isEmpty() || room.width() <= 0)
+    const QRect area = cell.adjusted(CellMargin, 0, -CellMargin, -1);
+    if (text.isEmpty() || area.width() <= 0)
         return;
     // Laid out once for measuring and painting: this takes most of the time of a paint.
     const QFontMetrics letters = fontMetrics();
-    const int top = room.top() + (room.height() - letters.height()) / 2;
+    const int top = area.top() + (area.height() - letters.height()) / 2;
     QTextLayout layout(text, font());
     LayOutOneLine(layout);
-    if (layout.lineAt(0).naturalTextWidth() > room.width()) {
-        layout.setText(letters.elidedText(text, Qt::ElideRight, room.width()));
+    if (layout.lineAt(0).naturalTextWidth() > area.width()) {
+        layout.setText(letters.elidedText(text, Qt::ElideRight, area.width()));
         LayOutOneLine(layout);
     }
-    layout.draw(&painter, QPointF(room.left(), top));
+    layout.draw(&painter, QPointF(area.left(), top));
 }
 
 void SSOleDBGrid::View::Header::paintEvent(QPaintEvent*) {

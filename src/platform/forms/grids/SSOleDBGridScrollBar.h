@@ -5,7 +5,7 @@
 
 namespace Quillane {
 
-/// A scroll bar that paints itself only if its appearance changes. Among thousands of lines a step
+/// A scroll bar that paints itself only if its appearance changes. With thousands of lines, a step
 /// or a few more lines do not move its slider, and painting it costs more than painting ten lines.
 class SSOleDBGridScrollBar : public QScrollBar {
 public:
@@ -16,7 +16,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// What of the scroll bar's state is to be seen.
+    /// The visible part of the scroll bar's state.
     struct Look {
         QRect slider;
         bool atTop = false;

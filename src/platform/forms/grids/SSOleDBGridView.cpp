@@ -32,7 +32,7 @@ SSOleDBGrid::View::View(SSOleDBGrid& grid, QWidget& parent)
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBar(new SSOleDBGridScrollBar(this));
-    // Always there, or the columns would shift as a filter is typed.
+    // Always shown, because the columns would otherwise shift while a filter is typed.
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     verticalScrollBar()->setFocusPolicy(Qt::NoFocus);
     Fit();
@@ -74,8 +74,8 @@ void SSOleDBGrid::View::TakeMoved() {
 }
 
 void SSOleDBGrid::View::ReleaseMoved() {
-    const RowMoved* told = rows_ ? rows_->Moved.target<RowMoved>() : nullptr;
-    if (told && told->view == this)
+    const RowMoved* handler = rows_ ? rows_->Moved.target<RowMoved>() : nullptr;
+    if (handler && handler->view == this)
         rows_->Moved = nullptr;
 }
 
@@ -155,8 +155,8 @@ void SSOleDBGrid::View::Fit() {
     const int headerHeight = lineHeight_ + 2;
     if (viewportMargins().top() != headerHeight)
         setViewportMargins(0, headerHeight, 0, 0);
-    const QRect room = viewport()->geometry();
-    header_->setGeometry(room.left(), room.top() - headerHeight, room.width(), headerHeight);
+    const QRect area = viewport()->geometry();
+    header_->setGeometry(area.left(), area.top() - headerHeight, area.width(), headerHeight);
     fittedLines_ = LineCount();
     verticalScrollBar()->setPageStep(LinesInView());
     verticalScrollBar()->setRange(0, std::max(0, fittedLines_ - LinesInView()));
@@ -199,7 +199,8 @@ void SSOleDBGrid::View::focusOutEvent(QFocusEvent* event) {
     update();
 }
 
-// The control has handled the keys that move already; the screen handles all others.
+// The control has handled the keys that move the current line already; the screen handles all
+// others.
 void SSOleDBGrid::View::keyPressEvent(QKeyEvent* event) {
     event->ignore();
 }

@@ -24,8 +24,8 @@ public:
     Column& ColumnNamed(std::string_view name);
 
     void SetSource(std::shared_ptr<Recordset> rows);
-    int LineCount() const; ///< 0 without an open recordset
-    void GoTo(int line);   ///< as far as there is one
+    int LineCount() const; ///< 0 if no recordset is open
+    void GoTo(int line);   ///< none if there is no such line
     /// Moves on arrows, Page Up, Page Down, Home and End; returns false for other keys.
     bool MoveBy(int key);
 
@@ -61,7 +61,7 @@ private:
     void BringIntoView(int line);
     void ChooseAt(QPoint point);
 
-    /// A column as it is painted: its place in the grid and its field in the recordset.
+    /// A column as it is painted: its position in the grid and its field in the recordset.
     struct Strip {
         const Column* column;
         int left;
@@ -77,7 +77,7 @@ private:
     void NoticeNewRows(int count);
     void PaintLine(QPainter& painter, int line, const QRect& place,
                    const std::vector<Strip>& strips) const;
-    /// The lines around the cells of the places in view from the first to the last.
+    /// The lines around the cells of the lines in view from the first to the last.
     void PaintEdges(QPainter& painter, int first, int last, const std::vector<Strip>& strips) const;
     void PaintCell(QPainter& painter, const QString& text, const QRect& cell) const;
 
@@ -89,7 +89,7 @@ private:
     int lineHeight_ = 1;
     int fittedLines_ = 0;      ///< what the scroll bar was last fitted to
     bool choosing_ = false;    ///< a press of the mouse is making its line the current one
-    bool fittingSoon_ = false; ///< FitAgain is on its way
+    bool fittingSoon_ = false; ///< a call of FitAgain is pending
 };
 
 } // namespace Quillane

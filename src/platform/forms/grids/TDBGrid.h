@@ -41,19 +41,19 @@ public:
     void ReBind();  ///< reads the array again; the first row becomes current
     void Refresh(); ///< paints again, with the present rows of the array
     void MoveFirst();
-    /// Past the last row there is no current row, and none is created.
+    /// After the last row there is no current row, and none is created.
     void MoveNext();
     /// Commits the pending cell and row into the array.
     void Update();
 
-    /// The current row's text in a column; empty where there is no current row.
+    /// The current row's text in a column; empty if there is no current row.
     /// While a cell is edited: its former text.
     std::string ColumnText(int column) const;
     bool IsEditing() const;
     int Row() const; ///< current row, RowCount() on the empty last line
-    /// The current cell is one for numbers.
+    /// True if the current cell is one for numbers.
     bool TakesNumbers() const;
-    /// What the last edit lost, since the list of its cell does not hold it; empty otherwise.
+    /// The text that the last edit lost because it is not in the list of its cell; otherwise empty.
     std::string RefusedText() const;
 
     std::function<void()> AfterColUpdate; ///< the new text of a cell is in the array

@@ -28,7 +28,7 @@ std::string TDBGridModel::Text(int row, int column) const {
 }
 
 void TDBGridModel::AppendRow() {
-    // The empty last line becomes the row, and a new one comes below it.
+    // The empty last line becomes the row, and a new empty one is added below it.
     beginInsertRows({}, rowCount_ + 1, rowCount_ + 1);
     if (rows_->ColumnCount() < ColumnCount())
         rows_->ReDim(rows_->RowCount() - 1, ColumnCount() - 1);

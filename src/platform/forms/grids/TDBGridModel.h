@@ -24,12 +24,12 @@ public:
     void Bind(RowArray* rows) { rows_ = rows; }
     void AddColumn(GridColumn column);
     void Reset();
-    /// The array has other rows than are shown.
+    /// True if the rows of the array are not those that are shown.
     bool IsStale() const;
 
     GridColumn& Column(int column) { return columns_.at(static_cast<std::size_t>(column)); }
     int ColumnCount() const { return static_cast<int>(columns_.size()); }
-    /// Without the empty last line.
+    /// The number of rows, without the empty last line.
     int RowCount() const { return rowCount_; }
     /// Empty on the empty last line.
     std::string Text(int row, int column) const;

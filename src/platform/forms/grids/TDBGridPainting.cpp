@@ -22,13 +22,13 @@ void TDBGrid::View::Painter::paint(QPainter* painter, const QStyleOptionViewItem
     if (current && !selected)
         PaintCurrent(*painter, option.rect);
     const int arrow = current ? view_.ArrowRect().width() : 0;
-    const QRect room = option.rect.adjusted(CellMargin, 0, -std::max(arrow, CellMargin), 0);
+    const QRect area = option.rect.adjusted(CellMargin, 0, -std::max(arrow, CellMargin), 0);
     const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
     const QString text = option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
-                                                       Qt::ElideRight, room.width());
+                                                       Qt::ElideRight, area.width());
     const auto group = view_.isEnabled() ? QPalette::Active : QPalette::Disabled;
     painter->setPen(palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    painter->drawText(room, static_cast<int>(alignment | Qt::AlignVCenter), text);
+    painter->drawText(area, static_cast<int>(alignment | Qt::AlignVCenter), text);
 }
 
 void TDBGrid::View::Painter::PaintCurrent(QPainter& painter, const QRect& cell) const {

@@ -84,7 +84,7 @@ private:
     DropDownList list_;
     bool editing_ = false;
     Begun begun_ = Begun::ByTyping;
-    QString refused_; ///< what the last edit lost: its list does not hold it
+    QString refused_; ///< the text that the last edit lost because its list does not contain it
     int selectedLine_ = -1;
 };
 

@@ -20,7 +20,7 @@ protected:
         SKIP_IF_MISSING(OwnDisk::WhyMissing());
         fs::create_directory(disk);
     }
-    /// In a child process, which alone sees the disk.
+    /// In a child process, which is the only one that sees the disk.
     [[noreturn]] void OnDisk(const std::function<void()>& action) const {
         OwnDisk{.folder = disk, .size = "1m"}.CallAndExit([&] {
             fs::copy_file(folder.File(), disk / "Account1.db");
@@ -50,7 +50,7 @@ TEST_F(SqliteFullDisk, IsReportedAtTheOpening) {
                 EXPECT_EQ(DatabaseFailureOf([&] { Open(connection); }),
                           "The disk that holds the database file " +
                               (disk / "Account1.db").string() +
-                              " is full. Please make space on it and start the program again.");
+                              " is full. Free some space on it, then start the program again.");
             };
             EXPECT_EXIT(OnDisk(openOnFullDisk), testing::ExitedWithCode(0), "")
                 << hasLog << ' ' << left;
@@ -70,7 +70,7 @@ TEST_F(SqliteFullDisk, IsReportedForARow) {
         connection.Execute(row);
         EXPECT_EQ(DatabaseFailureOf([&] { connection.Execute("Select x From Nowhere"); }),
                   "no such table: Nowhere")
-            << "other refusals keep their words";
+            << "other refusals keep their texts";
     };
     EXPECT_EXIT(OnDisk(addRow), testing::ExitedWithCode(0), "");
 }

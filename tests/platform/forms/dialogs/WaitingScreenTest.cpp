@@ -69,7 +69,7 @@ TEST(LongWork, EscAndCloseBoxCancelItButKeysTypedAheadDoNot) {
             else
                 screen.close();
             EXPECT_TRUE(screen.IsLoaded()) << "it waits for the work";
-            EXPECT_TRUE(Shows(screen, "Cancelling: waiting for the answer of the server"));
+            EXPECT_TRUE(Shows(screen, "Cancelling. Waiting for the answer of the server."));
             seen.release();
             EXPECT_TRUE(WaitFor([&] { return !screen.IsLoaded(); }));
         });
