@@ -25,7 +25,7 @@ protected:
     std::shared_ptr<RowArray> array = std::make_shared<RowArray>();
 
     NamesAndIds Filled() { return RowsOf(screen.CboFirst.Array()); }
-    /// For a statement without an order.
+    /// The same, sorted: for a statement without an order.
     NamesAndIds FilledSorted() {
         NamesAndIds filled = Filled();
         std::ranges::sort(filled);

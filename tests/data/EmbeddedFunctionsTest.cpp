@@ -216,7 +216,7 @@ TEST(EmbeddedFunctions, ReadTransactionSeesOneState) {
     EXPECT_EQ(session.Ask("SELECT FunGetPartyName(PartyId) FROM Parties WHERE PartyId = "
                           "'6010019'"),
               "Noor Brothers-Sahiwal")
-        << "looked up only now";
+        << "not looked up before";
     session.Run("COMMIT");
     EXPECT_EQ(session.Ask(Name4), "Noor & Co-Lahore");
 }

@@ -10,7 +10,7 @@ namespace Quillane {
 
 namespace {
 
-/// Each gives lines in one column. SQLite's own tables are none of the schema.
+/// Each query returns lines in one column. SQLite's own tables are not part of the schema.
 constexpr const char* questions[] = {
     "SELECT 'column ' || t.name || ' ' || (c.cid + 1) || ' ' || c.name || ' ' || c.type ||"
     "       iif(c.\"notnull\", ' not null', '') || iif(c.dflt_value IS NULL, '', ' default')"

@@ -52,7 +52,7 @@ bool IsLookedUp(const SchemaLines& lines, const std::string& table, const std::s
     });
 }
 
-/// What a link begins with: "table (column".
+/// The beginning of a link: "table (column".
 std::string BeginningOf(const std::string& link) {
     return link.substr(5, link.find_first_of(",)") - 5);
 }
@@ -68,7 +68,7 @@ TEST(Indexes, ServeEachStatement) {
     }
 }
 
-// Without one, removing an arrival would read the whole of a table that may refer to it.
+// Without such an index, removing an arrival would read all rows of a table that may refer to it.
 TEST(Indexes, ServeEachForeignKey) {
     const SchemaLines lines = LinesOfSqlServerSchema(DatabaseScripts::SqlServerSchema);
     int links = 0;

@@ -1,4 +1,4 @@
-// The schemas of the embedded database and of SQL Server hold the same.
+// The schemas of the embedded database and of SQL Server are the same.
 
 #include "database/SchemaLines.h"
 #include "platform/ado/SqlTokens.h"
@@ -28,9 +28,9 @@ bool IsRow(const std::string& literals) {
     return literals.find(',') != literals.npos && !literals.starts_with("('%Y");
 }
 
-/// The rows of literals in a script, blanks and the N of a Unicode text aside; in their order of
-/// text, since the two scripts need not fill their tables in the same order. Neither the arguments
-/// of a date counted back from today nor the length of a type are one.
+/// The rows of literals in a script, without blanks and without the N of a Unicode text, sorted,
+/// because the two scripts may fill their tables in different orders. The arguments of a date
+/// relative to today and the length of a type are not rows.
 std::vector<std::string> LiteralRows(std::string_view script) {
     std::vector<std::string> rows;
     std::string row;
@@ -119,7 +119,7 @@ TEST(SchemaAgreement, TheSampleRowsAreTheSame) {
     EXPECT_EQ(LiteralRows(DatabaseScripts::SqlServerSampleRows), rows);
 }
 
-// What the server needs to fold a function into the query that calls it.
+// The server can inline only such a function into the query that calls it.
 TEST(SchemaAgreement, EachFunctionIsOneReturnOfOneExpression) {
     std::size_t functions = 0;
     for (const std::string& batch : ScriptBatches(DatabaseScripts::SqlServerSchema)) {

@@ -15,13 +15,13 @@ namespace Quillane {
 ///     index Parties (CityId)
 ///     link Parties (CityId) to Cities (CityId)
 ///
-/// Types go by the names that the embedded schema uses.
+/// Types have the names that the embedded schema uses.
 using SchemaLines = std::set<std::string>;
 
-/// The lines that only the first of two schemas has.
+/// The lines that only the first of two schemas contains.
 SchemaLines OnlyIn(const SchemaLines& lines, const SchemaLines& others);
 
-/// Runs the script on an embedded database in memory and asks that.
+/// Runs the script on an embedded database in memory and reads the schema of that database.
 SchemaLines LinesOfEmbeddedSchema(const char* script);
 
 /// Reads the CREATE TABLE, CREATE INDEX and ALTER TABLE ... FOREIGN KEY statements of a script for

@@ -7,8 +7,8 @@ namespace Quillane {
 
 namespace {
 
-// Each line of the table is a line of the schema; the others give one column of a key, index or
-// link at a time.
+// Each row of a table's query is a line of the schema; the rows of the other queries are single
+// columns of a key, index or link.
 constexpr const char* columns =
     "Select 'column ' + TABLE_NAME + ' ' + CAST(ORDINAL_POSITION As varchar(9)) + ' ' +"
     "       COLUMN_NAME + ' ' +"

@@ -1,5 +1,5 @@
-// The rights of the two roles. A text pasted into a box of the station cannot harm the rest of the
-// database.
+// The rights of the two roles. A statement pasted into a box of the station cannot harm the rest of
+// the database.
 
 #include "database/SqlServerSite.h"
 
@@ -33,7 +33,7 @@ bool IsAboutRights(const std::string& words) {
            capitals.find("MUST BE OWNER") != capitals.npos;
 }
 
-/// The pasted end of a search for a party's name.
+/// The text that completes a search for a party's name.
 std::string SearchedName(const std::string& pasted) {
     return searchStatement + " And dbo.FunGetPartyName(ChartOfAccounts.AccountNo) Like '%" +
            pasted + "%' Order By Arrivals.ArrivalId desc";
@@ -62,7 +62,7 @@ const std::vector<std::string>& RefusedToStations() {
         "Exec sp_executesql N'Select Salary From dbo.Payroll'",
         SearchedName("' Union All Select EmployeeNo, Null, 'x', 'x' From dbo.Payroll --"),
         SearchedName("' Union All Select 1, Null, UserName, PasswordHash From dbo.StationUsers --"),
-        // What the functions read, and no more of it
+        // Other columns of the tables that the functions read
         "Select CreditLimit From dbo.Parties",
         "Select IsEditable From dbo.ChartOfAccounts",
         "Update dbo.ChartOfAccounts Set AccountName = 'x'",
@@ -192,8 +192,8 @@ protected:
             Con->Execute(statement);
     }
 
-    /// True if the owner may run the statement, so that a refusal is one of rights. A statement
-    /// that this server does not support is printed and skipped.
+    /// True if the owner may run the statement, so that a station's refusal is due to its rights. A
+    /// statement that this server does not support is printed and skipped.
     bool OwnerMay(const std::string& statement) {
         Con->BeginTrans();
         const std::string refusal = RefusalOf(*Con, statement);
@@ -382,7 +382,8 @@ TEST_F(SqlServerRoles, OnlyAUserOfLevelOneChangesAPostedLoadOrRemovesOne) {
         return words.find("of level 1") != words.npos;
     };
     const int guarded = static_cast<int>(GuardedRows().size());
-    EXPECT_EQ(ExpectRefused(station, GuardedRows(), isAboutLevel), guarded) << "nobody signed in";
+    EXPECT_EQ(ExpectRefused(station, GuardedRows(), isAboutLevel), guarded)
+        << "no user is signed in";
     SignIn(station, "gate", "gate");
     EXPECT_EQ(ExpectRefused(station, GuardedRows(), isAboutLevel), guarded);
     SignIn(station, "Nadia", "grain");

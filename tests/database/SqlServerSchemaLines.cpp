@@ -48,7 +48,7 @@ private:
         return true;
     }
 
-    /// A table's name, without the schema in front of it.
+    /// The name of a table, without the schema before it.
     std::string TakeTable() {
         std::string name = words_.at(at_++);
         while (TakesAll({"."}))

@@ -46,8 +46,8 @@ std::string Shown(const Value& value) {
     }
 }
 
-/// The rows of a table without its first `leftOut` columns; numbers all written in one form, since
-/// one engine's decimal is another's whole number.
+/// The rows of a table without its first `leftOut` columns. All numbers have one form, because a
+/// decimal of one engine is a whole number of the other.
 std::vector<std::string> NumbersAndTexts(Connection& connection, const std::string& table,
                                          int leftOut) {
     std::vector<std::string> rows;
@@ -94,7 +94,7 @@ TEST_F(SqlServerSchema, HasTheSampleRowsOfTheEmbeddedDatabase) {
     EmbeddedDatabaseBeside embedded;
     struct Table {
         const char* name;
-        int numberedByServer; ///< columns at the front that the server fills
+        int numberedByServer; ///< leading columns that the server fills
     };
     constexpr Table tables[] = {
         {"Cities", 0},
@@ -173,7 +173,7 @@ TEST_F(SqlServerSchema, SampleRowsAreAddedOnlyToAnEmptyDatabase) {
     EXPECT_EQ(ContentsOf(*Con), contents);
 }
 
-// ---- broken off ----
+// ---- interruptions ----
 
 TEST_F(SqlServerSchema, CancelledAtEachBatchIsCompletedByTheNextRun) {
     const auto other = MakeDatabase();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* password = "Weigh-Bridge-2026";
 
-/// The connection string with another sign-in.
+/// The connection string without the user and password.
 std::string WithoutSignIn(const std::string& text) {
     std::string without;
     for (std::size_t begin = 0; begin < text.size();) {
@@ -142,7 +142,7 @@ RoleMember::~RoleMember() {
     DropLogin();
 }
 
-// The server may take a moment to notice that the connection has gone.
+// The server may need a moment to notice that the connection has ended.
 void RoleMember::DropLogin() {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     for (;;) {

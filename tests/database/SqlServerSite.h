@@ -15,18 +15,18 @@
 
 namespace Quillane {
 
-/// Rows of a query, each as its fields joined by bars.
+/// The rows of a query, each with its fields joined by bars.
 std::vector<std::string> RowsOf(Connection& connection, std::string_view query);
 
 /// Every column, object, index, role and function text of the database. Objects are listed with
-/// their numbers, so that one that was created again is a different one.
+/// their numbers, so that an object that was created again is reported as another one.
 std::vector<std::string> CatalogueOf(Connection& connection);
 
 /// The schema in the server's catalogue, in capitals: not every server keeps the case of names.
 SchemaLines LinesOfServer(Connection& connection);
 SchemaLines InCapitals(const SchemaLines& lines);
 
-/// Every row of every table, with the table's name in front.
+/// Every row of every table, with the table's name before it.
 std::vector<std::string> ContentsOf(Connection& connection);
 
 NewDatabase ParticularsOfServer();

@@ -182,7 +182,7 @@ TEST_F(SqlServerUpgrade, OfStationsThatStartTogetherOneRunsTheStep) {
     EXPECT_EQ(ReadSchemaVersion(*Con), 2);
 }
 
-// ---- set-up on a database that is there ----
+// ---- set-up on an existing database ----
 
 TEST_F(SqlServerUpgrade, SetUpRunsTheMissingSteps) {
     Run("Drop Table StationUsers");

@@ -31,7 +31,7 @@ const Box printBox{.text = "Do you want to print?",
                    .buttons = BoxButtons::YesNo,
                    .defaultButton = BoxAnswer::No};
 
-/// As the site's catalogue spells the table, which differs from server to server.
+/// The table's name as the site's catalogue spells it, which depends on the server.
 Box UsedIn(const std::string& table) {
     return Alert("Cannot updated this invoice because it is used in (" + table + ") table",
                  BoxIcon::Exclamation);
@@ -74,7 +74,7 @@ protected:
         SqlServerSite::TearDown();
     }
 
-    /// Before the set-up.
+    /// Called before the set-up.
     virtual void ChangeSite() {}
 
     ScreenDriver Keys() { return ScreenDriver(*screen); }
@@ -169,7 +169,8 @@ TEST_F(UntidySiteScreen, AStoredArrivalIsOpened) {
     EXPECT_EQ(screen->BagRows.Get(0, 2), "30");
 }
 
-// Of the lines two are alike and none has a key; the header's columns that are the site's own stay.
+// Two of the lines are equal, and no line has a key. The site's own columns of the header do not
+// change.
 TEST_F(UntidySiteScreen, AStoredArrivalIsSavedAgain) {
     const std::string header = Header(11);
     Open(11);
@@ -186,8 +187,8 @@ TEST_F(UntidySiteScreen, AStoredArrivalIsSavedAgain) {
     EXPECT_EQ(Rows("Select Count(*) From ARRIVALSBODY"), Texts{"4"});
 }
 
-// All lines except the first have no vehicle, which such a column pads with blanks. Text that is
-// not empty counts, and the last one is shown.
+// All lines except the first have no vehicle, which such a column pads with blanks. A text of
+// blanks is not empty, and the last text is shown.
 TEST_F(UntidySiteScreen, APaddedVehicleColumnShowsTheBlanksOfTheLastLine) {
     Open(11);
     EXPECT_EQ(screen->TxtVehicleNo.Text(), std::string(10, ' '));
@@ -285,7 +286,8 @@ class UntidySiteWithOurFunctions : public UntidySiteScreen {
     void ChangeSite() override { Con->Execute("Drop Function dbo.fungetpartyname"); }
 };
 
-// Both give the names as the tables pad them, so that the search's choice is a row of the list.
+// Both queries return the names as the tables pad them, so that the party found by the search is a
+// row of the list.
 TEST_F(UntidySiteWithOurFunctions, APartyIsFoundBySearch) {
     screen->CboSeller.SetFocus();
     VisitModal search([](Screen& modal) {

@@ -40,13 +40,14 @@ NewDatabase Particulars() {
     return particulars;
 }
 
-/// Neither table of these probes is one of this site's.
+/// This site has neither of the tables of these two statements.
 bool IsOfOtherSites(const std::string& statement) {
     return statement.find("LaboratoryReports") != statement.npos ||
            statement.find("SaleRecoveryBody") != statement.npos;
 }
 
-/// The statement that shows the owner what a station sees: no other column and row of the settings.
+/// The statement that shows the owner what a station sees, without the other columns and rows of
+/// the settings.
 std::string AsAStationSees(const std::string& statement) {
     if (statement == "Select * from PortSettings")
         return "Select REGISTRYKEY, REGISTRYVALUE From PORTSETTINGS";
@@ -55,7 +56,7 @@ std::string AsAStationSees(const std::string& statement) {
     return statement;
 }
 
-/// Gives both tables of settings a further column that each row must fill.
+/// Adds to both tables of settings another column that each row must fill.
 void AddColumnsThatMustBeFilled(Connection& connection) {
     connection.Execute("Drop Table PROJECT_REGISTRY");
     connection.Execute("Drop Table PORTSETTINGS");

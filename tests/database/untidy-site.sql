@@ -1,6 +1,7 @@
--- A mill's accounting database as sites have them: other spellings of case, more columns than the
--- station uses, padded names, decimals and money for whole numbers, columns that the server fills
--- itself, lines without a key, and dependents whose foreign column has another name, or two.
+-- A realistic accounting database of a mill: names in other cases, more columns than the station
+-- uses, padded names, decimals and money in place of whole numbers, columns that the server fills
+-- itself, lines without a key, and dependent tables whose foreign columns have other names, or two
+-- of them.
 
 CREATE TABLE dbo.CITIES (
     CITYID decimal(9, 0) NOT NULL PRIMARY KEY,

@@ -1,4 +1,4 @@
-// The search for a stored load: only by keyboard, and by the real mouse.
+// The search for a stored load, with the keyboard only and with the mouse.
 
 #include "StoredLoad.h"
 #include "platform/runtime/Date.h"
@@ -24,7 +24,8 @@ protected:
     static void UntilListed(const Operator& by, const SchArrivals& search, int lines) {
         by.Until(std::to_string(lines) + " lines", [&] { return search.GrdSch.Rows() == lines; });
     }
-    /// Nothing was chosen: the screen below is as it was, but for the number it goes by.
+    /// Nothing was selected: the screen below has no `ArrivalNo` any more and is otherwise
+    /// unchanged.
     static void ExpectNothingChosen(const Operator& by, const FrmWeighment& screen) {
         by.UntilInFront("Weighment for Veltrane");
         by.Until("no number", [&] { return screen.ArrivalNo == 0; });
@@ -34,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(ArrivalSearchByHand, IsWalkedByEnterAndTakesTheLineThatArrowsLedTo) {
+TEST_F(ArrivalSearchByHand, EnterMovesThroughTheFiltersAndSelectsTheCurrentLine) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         SchArrivals& search = Open(by);
         UntilListed(by, search, 12);
@@ -51,7 +52,7 @@ TEST_F(ArrivalSearchByHand, IsWalkedByEnterAndTakesTheLineThatArrowsLedTo) {
     });
 }
 
-TEST_F(ArrivalSearchByHand, NarrowsByIdAndByDates) {
+TEST_F(ArrivalSearchByHand, FiltersByIdAndByDates) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         SchArrivals& search = Open(by);
         by.Type("1038");
@@ -82,7 +83,7 @@ std::string NameOf(const testing::TestParamInfo<Key>& key) {
 
 class TakingKey : public ArrivalSearchByHand, public testing::WithParamInterface<Key> {};
 
-TEST_P(TakingKey, OnTheListTakesTheLine) {
+TEST_P(TakingKey, OnTheListSelectsTheLine) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         Open(by);
         by.Press({"Return", "Return"});
@@ -99,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(ArrivalSearch, TakingKey,
 
 class LeavingKey : public ArrivalSearchByHand, public testing::WithParamInterface<Key> {};
 
-TEST_P(LeavingKey, ClosesWithNothingChosenFromTheFilterAndFromTheList) {
+TEST_P(LeavingKey, ClosesWithoutASelectionFromTheFilterAndFromTheList) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         Open(by);
         by.Press({GetParam().key});
@@ -132,7 +133,7 @@ TEST_F(ArrivalSearchByHand, PressesItsButtonsByEnter) {
     });
 }
 
-TEST_F(ArrivalSearchByHand, TakesALineByADoubleClick) {
+TEST_F(ArrivalSearchByHand, DoubleClickSelectsALine) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         SchArrivals& search = Open(by);
         by.DoubleClickAt(LineOf(by, search.GrdSch, 2));
@@ -140,7 +141,7 @@ TEST_F(ArrivalSearchByHand, TakesALineByADoubleClick) {
     });
 }
 
-TEST_F(ArrivalSearchByHand, MarksALineByAClickAndTakesItByTheButton) {
+TEST_F(ArrivalSearchByHand, ClickMarksALineAndTheButtonSelectsIt) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         SchArrivals& search = Open(by);
         by.ClickAt(LineOf(by, search.GrdSch, 3));
@@ -185,7 +186,7 @@ TEST_F(ArrivalSearchByHand, ApostropheIsReportedAtEachKeyUntilItIsRemoved) {
     EXPECT_EQ(boxes->All().size(), 2U);
 }
 
-// The keys of a whole search in one go, typed while the screens come up and go.
+// The keys of a whole search, typed without a pause while the screens open and close.
 TEST_F(ArrivalSearchByHand, NoKeyTypedAheadIsLost) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         Open(by);

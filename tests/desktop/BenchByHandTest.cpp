@@ -1,5 +1,5 @@
-// The bench with an indicator on the line: the settings that are worked out there are those by
-// which the weighment screen reads.
+// The bench with an indicator on the line. The weighment screen reads with the settings that are
+// determined here.
 
 #include "Station.h"
 #include "scale/FrmPortSettings.h"
@@ -36,7 +36,7 @@ protected:
     }
 };
 
-// The stored settings would read the checksum after the weight.
+// With the stored settings, the checksum after the weight would be read.
 TEST_F(BenchByHand, SettingsFoundByKeysAreUsedByTheWeighment) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");

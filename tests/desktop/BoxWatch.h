@@ -10,7 +10,7 @@ class QMessageBox;
 
 namespace Quillane::Testing {
 
-/// Records every message box that is really shown during its lifetime.
+/// Records every message box that is shown during its lifetime.
 class BoxWatch : public QObject {
 public:
     BoxWatch();
@@ -20,14 +20,15 @@ public:
         std::string title;
         std::string text;
     };
-    /// All that came up, in order.
+    /// All boxes that were shown, in order.
     const std::vector<Seen>& All() const { return all_; }
-    /// The innermost box that is up; null where none is.
+    /// The innermost open box; null if there is none.
     QMessageBox* Up() const;
-    /// How many are up at once.
+    /// The largest number of boxes that were open at the same time.
     std::size_t CountUp() const { return up_.size(); }
     std::size_t MostAtOnce() const { return mostAtOnce_; }
-    /// Milliseconds from the end of one to the next, the shortest of all; -1 before there are two.
+    /// The shortest time from the end of a box to the next one, in milliseconds; -1 before the
+    /// second box.
     qint64 ShortestPause() const { return shortestPause_; }
 
 protected:

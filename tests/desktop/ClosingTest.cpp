@@ -1,4 +1,4 @@
-// The ways out of a screen, among them the window's close box.
+// The ways to close a screen, with the window's close button among them.
 
 #include "Station.h"
 #include "data/CompanyProfile.h"
@@ -18,8 +18,8 @@ struct Way {
     void (*close)(Operator& by, FrmWeighment& screen);
 };
 
-/// As the display's server reports it: the toolkit looks at the frame once, which may be before a
-/// slow window manager has drawn it.
+/// The size of the frame as the display server reports it. The toolkit reads it only once, possibly
+/// before a slow window manager has drawn the frame.
 int HeightOfTitle(const FrmWeighment& screen) {
     QProcess tool;
     tool.start("xprop", {"-id", QString::number(screen.winId()), "-notype", "_NET_FRAME_EXTENTS"});
@@ -29,7 +29,7 @@ int HeightOfTitle(const FrmWeighment& screen) {
     return extents.size() > top ? extents[top].trimmed().toInt() : 0;
 }
 
-/// The window manager's own close button, at the right end of the title.
+/// The window manager's close button, at the right end of the title bar.
 void ByCloseBox(Operator& by, FrmWeighment& screen) {
     int title = 0;
     by.Until("the window's frame", [&] { return (title = HeightOfTitle(screen)) > 0; });
@@ -53,7 +53,7 @@ constexpr const char* Question = "Are you sure to close without save?";
 
 class ClosingWeighment : public Station, public testing::WithParamInterface<Way> {};
 
-TEST_P(ClosingWeighment, AsksWhereSomethingIsUnsaved) {
+TEST_P(ClosingWeighment, AsksIfSomethingIsUnsaved) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         by.Click(screen.TxtVehicleNo);
@@ -66,19 +66,19 @@ TEST_P(ClosingWeighment, AsksWhereSomethingIsUnsaved) {
     EXPECT_TRUE(end->Codes().empty());
 }
 
-TEST_P(ClosingWeighment, AsksNothingWhereNothingIsUnsaved) {
+TEST_P(ClosingWeighment, AsksNothingIfNothingIsUnsaved) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         GetParam().close(by, screen);
         by.UntilInFront("Veltrane: Quillane");
-        // The line is free for the next screen.
+        // The line can be opened by the next screen.
         by.OpenWeighment();
         by.UntilReading(12540);
     });
     EXPECT_TRUE(boxes->All().empty());
 }
 
-TEST_P(ClosingWeighment, StaysWithTheLineClosedWhereItIsAnsweredNo) {
+TEST_P(ClosingWeighment, AnswerNoKeepsTheScreenOpenWithTheLineClosed) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         by.Click(screen.TxtVehicleNo);
@@ -115,7 +115,7 @@ protected:
     }
 };
 
-TEST_F(ClosingStation, EndsTheProcessByTheWindowsCloseKey) {
+TEST_F(ClosingStation, CloseKeyOfTheWindowEndsTheProcess) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         by.Press({"alt+F4"});
@@ -124,7 +124,7 @@ TEST_F(ClosingStation, EndsTheProcessByTheWindowsCloseKey) {
     ExpectEnd();
 }
 
-TEST_F(ClosingStation, EndsTheProcessByItsExitButton) {
+TEST_F(ClosingStation, ExitButtonEndsTheProcess) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         by.Press({"shift+Tab", "space"});
@@ -133,7 +133,7 @@ TEST_F(ClosingStation, EndsTheProcessByItsExitButton) {
     ExpectEnd();
 }
 
-TEST_F(ClosingStation, EndsTheProcessWithoutAWordWhereNobodySignsIn) {
+TEST_F(ClosingStation, CancelledSignInEndsTheProcessWithoutAMessage) {
     Work([this](Operator& by) {
         by.UntilInFront("Sign in");
         by.Press({"Escape"});
@@ -142,7 +142,7 @@ TEST_F(ClosingStation, EndsTheProcessWithoutAWordWhereNobodySignsIn) {
     ExpectEnd();
 }
 
-class SigningInAnew : public Station {
+class SigningInAgain : public Station {
 protected:
     static void ClickPicture(Operator& by) {
         by.UntilInFront("Veltrane: Quillane");
@@ -151,7 +151,7 @@ protected:
     }
 };
 
-TEST_F(SigningInAnew, AsAUserOfTheSecondLevelHidesWhatIsNotForHim) {
+TEST_F(SigningInAgain, AsAUserOfLevelTwoHidesWhatNeedsFullRights) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         FrmWeighment& first = by.OpenWeighment();
@@ -179,7 +179,7 @@ TEST_F(SigningInAnew, AsAUserOfTheSecondLevelHidesWhatIsNotForHim) {
     });
 }
 
-TEST_F(SigningInAnew, GivenUpEndsTheStation) {
+TEST_F(SigningInAgain, CancelledEndsTheStation) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
         ClickPicture(by);

@@ -1,4 +1,4 @@
-// Keys typed ahead, the way through the screen by Enter and back, lists, and the mouse.
+// Keys typed ahead, moving through the screen by Enter and back, lists, and the mouse.
 
 #include "Station.h"
 #include "shell/Desktop.h"
@@ -14,7 +14,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// The rows that a list has dropped down.
+/// The rows of an open list.
 QTableView* DroppedRows(VisualControl& list) {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->parentWidget() == &list.Widget())
@@ -47,7 +47,7 @@ TEST_F(KeysTypedAhead, OfAWholeWeighmentReachTheirControls) {
     });
 }
 
-// The indicator sends without pause, so that ticks decode and let events run between the letters.
+// The indicator sends without a pause, so that ticks decode and process events between the letters.
 TEST_F(KeysTypedAhead, DuringTicksAreNeitherLostNorDoubled) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         Indicate(by, "baud 115200");
@@ -73,7 +73,7 @@ TEST_F(KeysTypedAhead, WhileABoxIsShownReachOnlyTheBox) {
         by.Answer("Alert", "Are you sure to clear the entries?", {"Escape"});
         by.UntilInFront("Weighment for Veltrane");
         by.Press({"9"});
-        by.Until("the key behind the box", [&] { return screen.TxtVehicleNo.Text() == "k59"; });
+        by.Until("the key after the box", [&] { return screen.TxtVehicleNo.Text() == "k59"; });
     });
 }
 
@@ -86,7 +86,7 @@ protected:
     }
 };
 
-// A second screen would find its port in use, and a box would report that.
+// A second screen would find its port in use and report that in a box.
 TEST_F(WeighmentOpenedTwice, ByPressesWhileItLoadsIsOpenedOnce) {
     Work([this](Operator& by) {
         by.SignIn("Nadia", "grain");
@@ -106,9 +106,9 @@ TEST_F(WeighmentOpenedTwice, ByPressesWhileItLoadsIsOpenedOnce) {
     EXPECT_TRUE(boxes->All().empty());
 }
 
-class WayThroughTheScreen : public Station {
+class MovingThroughTheScreen : public Station {
 protected:
-    /// Presses a key again and again and notes where the focus goes, up to a control.
+    /// Presses a key repeatedly and records where the focus goes, until it reaches a control.
     static Names Walk(Operator& by, FrmWeighment& screen, const char* key, const char* last) {
         Names walked;
         const auto here = [&] { return screen.ActiveControlName(); };
@@ -122,7 +122,7 @@ protected:
     }
 };
 
-TEST_F(WayThroughTheScreen, LeadsByEnterInTabOrderAndByShiftTabBack) {
+TEST_F(MovingThroughTheScreen, FollowsTheTabOrderByEnterAndBackByShiftTab) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilActive("TxtArrivalId");
         by.UntilReading(12540);
@@ -164,7 +164,7 @@ TEST_F(WayThroughTheScreen, LeadsByEnterInTabOrderAndByShiftTabBack) {
 
 class ListsByKeys : public Station {};
 
-TEST_F(ListsByKeys, OpenByF4AndAreChosenFromByArrowsAndEnter) {
+TEST_F(ListsByKeys, OpenByF4AndArrowsAndEnterSelectARow) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.Press({"Return", "Return"});
         by.UntilActive("CboCommodity");
@@ -191,14 +191,13 @@ TEST_F(ListsByKeys, OfSellersFollowTheSellerType) {
     });
 }
 
-TEST_F(ListsByKeys, KeepANameThatTheyDoNotHoldInTheBox) {
+TEST_F(ListsByKeys, KeepANameThatIsNotInTheListInTheBox) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.Press({"Return", "Return"});
         by.UntilActive("CboCommodity");
         by.Type("zzz");
         by.Press({"Return", "1"});
-        by.Until("the key behind the refusal",
-                 [&] { return screen.CboCommodity.Text() == "zzz1"; });
+        by.Until("the key after the refusal", [&] { return screen.CboCommodity.Text() == "zzz1"; });
         EXPECT_EQ(by.See([&] { return screen.ActiveControlName(); }), "CboCommodity");
     });
 }
@@ -227,16 +226,16 @@ TEST_F(ListsByMouse, ClickMovesTheFocusToABox) {
         by.Type("k5");
         by.ClickInto(screen.TxtDeduction);
         by.Type("1.7x");
-        by.Until("digits alone", [&] { return screen.TxtDeduction.Text() == "17"; });
+        by.Until("only digits", [&] { return screen.TxtDeduction.Text() == "17"; });
         EXPECT_EQ(by.See([&] { return screen.TxtDeduction.BackColor(); }), 0xC0FFFFU);
         EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "k5");
         by.ClickInto(screen.TxtVehicleNo);
-        // A box that once had the focus stays tinted.
+        // A box that has had the focus stays tinted.
         EXPECT_EQ(by.See([&] { return screen.TxtDeduction.BackColor(); }), 0xC0FFFFU);
     });
 }
 
-// What the box holds is selected as it gets the focus, by the mouse too.
+// The text of a box is selected when it gets the focus, also by the mouse.
 TEST_F(ListsByMouse, ClickIntoTheDeductionSelectsItsText) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.ClickInto(screen.TxtDeduction);

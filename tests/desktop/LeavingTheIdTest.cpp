@@ -1,5 +1,5 @@
-// Leaving the box of the id while it holds the number of a stored load: the load comes
-// up, the focus goes to the date, and whatever the operator was about to reach is not reached.
+// Leaving the box of the id while it holds the number of a stored load: the load is opened, the
+// focus moves to the date, and the control that the operator wanted to reach is not reached.
 
 #include "StoredLoad.h"
 #include "platform/runtime/Numbers.h"
@@ -37,7 +37,7 @@ TEST_P(LeavingTheId, OfAWeighedLoadOpensItAndEndsOnTheDate) {
     ExpectLoadWins(4320);
 }
 
-// The buttons of the weights stay on with such a load, and a press on one takes no reading.
+// The weight buttons stay enabled for such a load, but this press does not take the reading.
 TEST_P(LeavingTheId, OfALoadWithoutATareOpensItAndEndsOnTheDate) {
     RunBeside("Update ArrivalsBody Set TareWeight = 0 Where ArrivalId = 1031");
     ExpectLoadWins(0);

@@ -1,4 +1,4 @@
-// What the line does under an operator's hands: silence, noise, a pulled cable, a typed weight.
+// The line during an operator's work: silence, noise, a disconnected cable, a typed weight.
 
 #include "Station.h"
 #include "platform/runtime/Numbers.h"
@@ -6,7 +6,7 @@
 namespace Quillane::Testing {
 namespace {
 
-class LineUnderHands : public Station {
+class LineDuringWork : public Station {
 protected:
     static void GoToGrossWeight(Operator& by) {
         by.Press({"Return", "Return", "Return", "Return", "Return"});
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(LineUnderHands, KeepsTheOldReadingWhileItIsSilent) {
+TEST_F(LineDuringWork, KeepsTheOldReadingWhileItIsSilent) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         GoToGrossWeight(by);
         by.UntilReading(12540);
@@ -34,7 +34,7 @@ TEST_F(LineUnderHands, KeepsTheOldReadingWhileItIsSilent) {
     });
 }
 
-TEST_F(LineUnderHands, NoiseDoesNotDisturbTyping) {
+TEST_F(LineDuringWork, NoiseDoesNotDisturbTyping) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         Indicate(by, "baud 115200");
@@ -53,14 +53,14 @@ TEST_F(LineUnderHands, NoiseDoesNotDisturbTyping) {
     });
 }
 
-TEST_F(LineUnderHands, ReportsAPulledCableInOneBoxAtATimeUntilManualWeightStopsIt) {
+TEST_F(LineDuringWork, ReportsADisconnectedCableOneBoxAtATimeUntilManualWeightStopsIt) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         GoToGrossWeight(by);
         by.UntilReading(12540);
         Indicate(by, "hangup");
         for (int times = 0; times < 3; ++times)
             by.Answer("Serial line", HungUp(), {"Return"});
-        // Between two boxes there is time to reach the check box.
+        // Between two boxes there is enough time to reach the check box.
         by.PastLineBoxes([&] { by.Click(screen.ChkManualWeight); }, "Manual Weight",
                          [&] { return screen.ChkManualWeight.Value() == 1; });
         EXPECT_FALSE(by.See([&] { return screen.Timer.Enabled(); }));
@@ -77,7 +77,7 @@ TEST_F(LineUnderHands, ReportsAPulledCableInOneBoxAtATimeUntilManualWeightStopsI
         by.UntilActive("CmdTareWeight");
         EXPECT_EQ(by.See([&] { return screen.TxtInitialGrossWeight.Text(); }), "7000");
 
-        // The cable is back: the next weighment opens the line again.
+        // The cable is connected again: the next weighment opens the line again.
         Indicate(by, "connect");
         by.Press({"ctrl+l"});
         by.Answer("Alert", "Are you sure to clear the entries?", {"Return"});
@@ -89,7 +89,7 @@ TEST_F(LineUnderHands, ReportsAPulledCableInOneBoxAtATimeUntilManualWeightStopsI
 }
 
 // The timer ticks every 300 ms; the toolkit's timers may be 5 per cent early.
-TEST_F(LineUnderHands, OperatorHasAWholeIntervalBetweenTwoBoxes) {
+TEST_F(LineDuringWork, AWholeIntervalPassesBetweenTwoBoxes) {
     WorkOnWeighment([this](Operator& by, FrmWeighment& screen) {
         by.ClickInto(screen.TxtDriverName);
         by.UntilReading(12540);
@@ -111,7 +111,7 @@ TEST_F(LineUnderHands, OperatorHasAWholeIntervalBetweenTwoBoxes) {
     });
 }
 
-TEST_F(LineUnderHands, LiveWeightCannotBeTyped) {
+TEST_F(LineDuringWork, LiveWeightCannotBeTyped) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         by.ClickInto(screen.TxtWeight);

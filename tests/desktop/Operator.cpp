@@ -34,7 +34,7 @@ FrmWeighment* ShownWeighment() {
     return nullptr;
 }
 
-/// The modal screen in front; below a box, and where none is modal, the weighment.
+/// The modal screen in front or, if there is none, the weighment screen. A box above it is ignored.
 const Screen* ScreenAtWork() {
     const auto* screen = dynamic_cast<Screen*>(QApplication::activeModalWidget());
     return screen ? screen : ShownWeighment();
@@ -46,7 +46,7 @@ bool KeyboardIsReady() {
     return active && (!modal || active == modal);
 }
 
-/// Whether the display's server sends the keys to a window, and the window manager agrees.
+/// True if the display server sends the keys to a window and the window manager agrees.
 bool HasServersKeyboard(WId window) {
     const auto saysSo = [window](const QStringList& question) {
         QProcess tool;
@@ -75,7 +75,7 @@ void Operator::RunInProgram(const std::function<void()>& look) {
         std::rethrow_exception(failure);
 }
 
-// ---- hands ----
+// ---- input ----
 
 void Operator::Press(const QStringList& keys) {
     UntilKeyboardIsReady();
@@ -123,8 +123,8 @@ QPoint Operator::OnDisplay(const QWidget& widget, QPoint place) const {
     });
 }
 
-// The program may believe itself in front a moment before the display's server sends it the keys,
-// so a window that has newly come to the front is asked for there as well.
+// The program may believe that it is active a moment before the display server sends it the keys,
+// so for a new active window the server is asked too.
 void Operator::UntilKeyboardIsReady() {
     Until("the window in front to have the keyboard", KeyboardIsReady);
     const QDeadlineTimer end(Patience);
@@ -137,18 +137,18 @@ void Operator::UntilKeyboardIsReady() {
         if (HasServersKeyboard(window))
             keyboard_ = window;
         else if (end.hasExpired())
-            throw Missed("the display's server sends the keys elsewhere; " +
+            throw Missed("the display server sends the keys to another window; " +
                          See([this] { return WhatIsSeen(); }));
     }
 }
 
-// ---- eyes ----
+// ---- output ----
 
 void Operator::Until(const std::string& what, const std::function<bool()>& condition) const {
     const QDeadlineTimer end(Patience);
     while (!See(condition)) {
         if (end.hasExpired())
-            throw Missed("waited in vain for " + what + "; " +
+            throw Missed("the wait has timed out: " + what + "; " +
                          See([this] { return WhatIsSeen(); }));
         QThread::msleep(2);
     }
@@ -213,7 +213,8 @@ void Operator::PastLineBoxes(const std::function<void()>& act, const std::string
     const QDeadlineTimer end(Patience);
     while (!See(condition)) {
         if (end.hasExpired())
-            throw Missed("tried in vain: " + what + "; " + See([this] { return WhatIsSeen(); }));
+            throw Missed("all attempts have failed: " + what + "; " +
+                         See([this] { return WhatIsSeen(); }));
         if (const std::size_t up = See(lineBox)) {
             Press({"Return"});
             Until("the line's box to close", [&] { return lineBox() != up; });

@@ -18,27 +18,27 @@
 
 namespace Quillane::Testing {
 
-/// How long a condition is waited for, also on a busy machine.
+/// How long to wait for a condition, also on a busy machine.
 inline constexpr std::chrono::seconds Patience{60};
 
-/// What was waited for did not come.
+/// A condition was not fulfilled in time.
 struct Missed : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Somebody at the station: hands on the keyboard and the mouse, which go through the display's
-/// server, and eyes on the screens. Works in another thread than the program, so that a test reads
-/// in order, also across boxes and modal screens. Nothing is waited for by time: each look is
-/// repeated until it shows what it should, or Missed is thrown.
+/// An operator at the station, who uses the keyboard and the mouse through the display server and
+/// looks at the screens. It works in another thread than the program, so that a test reads in
+/// order, also across boxes and modal screens. No wait is for a fixed time: each look is repeated
+/// until it shows the expected state, or Missed is thrown.
 class Operator {
 public:
     explicit Operator(const BoxWatch& boxes) : boxes_(boxes) {}
 
-    // Hands. Each first waits until the window in front has the keyboard.
+    // Input. Each function first waits until the window in front has the keyboard.
     /// Presses keys one after the other, by their X names: "Return", "ctrl+s".
     void Press(const QStringList& keys);
     void Type(const std::string& text);
-    /// Types and clicks in one go, without a look in between; arguments of xdotool.
+    /// Types and clicks without a look in between; arguments of xdotool.
     void WithoutLooking(const QStringList& arguments);
     void Click(VisualControl& control);
     void Click(QWidget& widget, const std::function<QPoint()>& place);
@@ -47,47 +47,47 @@ public:
     /// Clicks at a point of the display.
     void ClickAt(QPoint point);
     void DoubleClickAt(QPoint point);
-    /// Where a point of a widget is on the display, for the mouse.
+    /// The position of a point of a widget on the display, for the mouse.
     QPoint OnDisplay(const QWidget& widget, QPoint place) const;
 
-    // Eyes.
-    /// The window in front has the keyboard, also as the display's server sees it.
+    // Output.
+    /// Waits until the window in front has the keyboard, also according to the display server.
     void UntilKeyboardIsReady();
-    /// Looks at the program: runs in its thread, between its events.
+    /// Reads the state of the program: runs in its thread, between its events.
     template <typename Look>
     auto See(Look look) const -> std::invoke_result_t<Look>;
     void Until(const std::string& what, const std::function<bool()>& condition) const;
-    /// On the modal screen in front, which without another is the weighment.
+    /// Refers to the modal screen in front; without one, to the weighment screen.
     void UntilActive(const std::string& control) const;
-    /// The shown screen of a kind; fails where there is none.
+    /// The shown screen of a kind. Errors: there is none.
     template <typename Kind>
     Kind& Shown() const;
     void UntilInFront(const std::string& title) const;
-    /// Keeps a picture of the display in the folder that QUILLANE_PICTURES names, if it names one.
+    /// Saves a picture of the display in the folder QUILLANE_PICTURES, if that is set.
     void Picture(const std::string& name) const;
 
     // Boxes.
     /// Waits for the next box, which must be this one.
     void ExpectBox(const std::string& title, const std::string& text);
-    /// The same; presses the keys and waits until the box is gone.
+    /// The same; then presses the keys and waits until the box is closed.
     void Answer(const std::string& title, const std::string& text, const QStringList& keys);
 
-    /// Acts again and again until the condition holds, and closes each box of the line that comes
-    /// between by Enter.
+    /// Repeats an action until the condition holds, and closes by Enter each box of the line that
+    /// is shown in between.
     void PastLineBoxes(const std::function<void()>& act, const std::string& what,
                        const std::function<bool()>& condition);
-    /// All boxes so far are dealt with: the next one counts.
+    /// Ignores all boxes so far: the next wait is for the next box.
     void ForgetBoxes();
 
     // The station.
     void SignIn(const std::string& name, const std::string& password);
     /// From the start screen, by Enter.
     FrmWeighment& OpenWeighment();
-    /// The shown weighment screen; fails where there is none.
+    /// The shown weighment screen. Errors: there is none.
     FrmWeighment& Weighment() const;
     void UntilReading(int kilograms) const;
 
-    /// Closes whatever is up, so that a test that failed ends.
+    /// Closes all screens and boxes, so that a failed test ends.
     void CloseEverything() const;
 
 private:

@@ -1,4 +1,4 @@
-// F1 in the list of sellers: the search for a party, by the keyboard and by the real mouse.
+// F1 in the list of sellers: the search for a party, with the keyboard and with the mouse.
 
 #include "StoredLoad.h"
 #include "search/SchParty.h"
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(PartySearchByHand, GivesTheListTheRowOfTheChosenParty) {
+TEST_F(PartySearchByHand, SelectedPartyBecomesTheCurrentRowOfTheList) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         GoToSeller(by);
         SchParty& search = Open(by);
@@ -49,7 +49,7 @@ TEST_F(PartySearchByHand, GivesTheListTheRowOfTheChosenParty) {
     });
 }
 
-TEST_F(PartySearchByHand, TakesALineByADoubleClick) {
+TEST_F(PartySearchByHand, DoubleClickSelectsALine) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         GoToSeller(by);
         SchParty& search = Open(by);
@@ -61,7 +61,7 @@ TEST_F(PartySearchByHand, TakesALineByADoubleClick) {
     });
 }
 
-TEST_F(PartySearchByHand, MovesToAWholeIdAndToTheLastLineUntilThen) {
+TEST_F(PartySearchByHand, WholeIdMovesToItsLine) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         GoToSeller(by);
         SchParty& search = Open(by);
@@ -71,7 +71,7 @@ TEST_F(PartySearchByHand, MovesToAWholeIdAndToTheLastLineUntilThen) {
         by.UntilActive("TxtFilterId");
         by.Type("6010003");
         by.Until("the whole id", [&] { return search.TxtFilterId.Text() == "6010003"; });
-        EXPECT_EQ(by.See([&] { return search.Grid.Rows(); }), all) << "nothing is requeried";
+        EXPECT_EQ(by.See([&] { return search.Grid.Rows(); }), all) << "the list is not read again";
         by.Press({"Down"});
         by.UntilActive("Grid");
         by.Press({"Tab", "Return"});
@@ -86,14 +86,14 @@ struct Leaving {
 
 class LeavingPartySearch : public PartySearchByHand, public testing::WithParamInterface<Leaving> {};
 
-TEST_P(LeavingPartySearch, LeavesTheSellerAsItWas) {
+TEST_P(LeavingPartySearch, DoesNotChangeTheSeller) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         GoToSeller(by);
         by.Type("chau");
         by.Press({"Return", "shift+Tab"});
         UntilSeller(by, screen, "Chaudhry Grain Traders-Okara");
         SchParty& search = Open(by);
-        // Neither Enter on a box or on the list nor Esc is a key of this screen.
+        // The screen does not handle Enter on a box or on the list, nor Esc.
         by.Press({"Return", "Down", "Return", "Escape"});
         by.UntilActive("Grid");
         EXPECT_TRUE(by.See([&] { return search.isVisible(); }));
@@ -113,12 +113,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Leaving{"ByAltF4", [](Operator& by, SchParty&) { by.Press({"alt+F4"}); }}),
     [](const auto& leaving) { return std::string(leaving.param.name); });
 
-TEST_F(PartySearchByHand, ComesUpInTheListOfSellersAlone) {
+TEST_F(PartySearchByHand, OpensOnlyFromTheListOfSellers) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilActive("TxtArrivalId");
         by.Press({"F1", "Return", "F1", "Return", "F1", "Return", "F1", "Return"});
         by.UntilActive("CboSeller");
-        EXPECT_EQ(Buttons(by, screen), "Save ") << "Enter's Tab alone has begun a change";
+        EXPECT_EQ(Buttons(by, screen), "Save ") << "the Tab of Enter has begun a change";
         Open(by);
         by.Press({"alt+F4"});
         by.UntilInFront("Weighment for Veltrane");

@@ -1,4 +1,4 @@
-// A cell of the bag grid is still being edited when the save comes: what is seen is what is stored.
+// A cell of the bag grid is still being edited when the save begins: the shown text is stored.
 
 #include "Station.h"
 
@@ -36,7 +36,8 @@ void ByClick(Operator& by, FrmWeighment& screen) {
 
 class PendingCell : public Station, public testing::WithParamInterface<Way> {
 protected:
-    /// Fills all in, edits bag lines by these keys, saves while the last cell is being edited.
+    /// Fills all boxes, edits bag lines by these keys, and saves while the last cell is being
+    /// edited.
     void SaveWhileEditing(const QStringList& keys) {
         WorkOnWeighment([&](Operator& by, FrmWeighment& screen) {
             EnterAllButBagLines(by);

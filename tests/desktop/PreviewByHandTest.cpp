@@ -1,5 +1,5 @@
-// The preview on a real display: what the display's server holds, and not what the program meant to
-// paint.
+// The preview on a real display: the pixels of the display server, not those that the program has
+// painted.
 
 #include "StoredLoad.h"
 #include "slip/RptReportViewer.h"
@@ -12,7 +12,7 @@ namespace {
 
 class PreviewByHand : public StoredLoad {
 protected:
-    /// The pages as the display shows them are as they would be painted again.
+    /// Waits until the display shows the pages as the program would paint them again.
     static bool IsShownWhole(RptReportViewer& viewer) {
         auto& pages = dynamic_cast<QAbstractScrollArea&>(viewer.CRViewer91.FocusWidget());
         QWidget& shown = *pages.viewport();
@@ -21,9 +21,9 @@ protected:
             viewer.screen()
                 ->grabWindow(0, corner.x(), corner.y(), shown.width(), shown.height())
                 .toImage();
-        const QImage meant = shown.grab().toImage();
+        const QImage expected = shown.grab().toImage();
         return seen.convertToFormat(QImage::Format_RGB32) ==
-               meant.convertToFormat(QImage::Format_RGB32);
+               expected.convertToFormat(QImage::Format_RGB32);
     }
     static void LookAtSlip(Operator& by, FrmWeighment& screen, int id) {
         OpenTyped(by, screen, id);
@@ -40,7 +40,7 @@ protected:
     }
 };
 
-TEST_F(PreviewByHand, OfEachSlipHoldsNothingOfTheOneBefore) {
+TEST_F(PreviewByHand, OfEachSlipShowsNothingOfThePreviousOne) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         for (const int id : {1037, 1031, 1039})
             LookAtSlip(by, screen, id);

@@ -6,7 +6,7 @@
 
 namespace Quillane::Testing {
 
-/// A weighing indicator on a separate line, with a link to it: the tool, as a process that
+/// A weighing indicator on its own line, with a link to the device: the tool, as a process that
 /// ends with this object.
 class ScaleIndicator {
 public:
@@ -15,7 +15,7 @@ public:
     ScaleIndicator(const ScaleIndicator&) = delete;
     ScaleIndicator& operator=(const ScaleIndicator&) = delete;
 
-    /// Gives a command of the tool ("weight 4320", "silence") and waits until it is done.
+    /// Gives the tool a command ("weight 4320", "silence") and waits until it has been carried out.
     void Command(const std::string& command);
 
 private:

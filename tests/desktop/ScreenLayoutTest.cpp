@@ -1,5 +1,5 @@
-// The screens on displays of several sizes and at several scales: everything can be seen, nothing
-// lies over anything else, no text is cut. The display and the scale come with the run.
+// The screens on displays of several sizes and scales: every control is visible, none overlaps
+// another one, no text is cut. The registration of the test sets the display and the scale.
 
 #include "Station.h"
 #include "platform/forms/core/Text.h"
@@ -26,7 +26,7 @@ namespace {
 struct Piece {
     std::string name;
     const QWidget* widget;
-    QRect place; ///< on the screen's window, also where it is scrolled out of sight
+    QRect place; ///< on the screen's window, also if it is scrolled out of view
 };
 
 std::string Described(const Piece& piece) {
@@ -35,7 +35,7 @@ std::string Described(const Piece& piece) {
            " of " + std::to_string(place.width()) + "x" + std::to_string(place.height());
 }
 
-/// Every control and every caption that is shown.
+/// Every shown control and caption.
 std::vector<Piece> PiecesOf(Screen& screen) {
     std::vector<Piece> pieces;
     const auto add = [&](std::string name, const QWidget& widget) {
@@ -59,13 +59,14 @@ std::vector<Piece> PiecesWhere(const std::vector<Piece>& pieces,
     return found;
 }
 
-/// The part of the window in which controls are seen, and the area in which they can be.
+/// The visible part of the window, and the area in which controls can be.
 struct View {
     QRect seen;
     QRect reachable;
 };
 
-/// Of a widget on the screen; without one, of the area that scrolls.
+/// The visible rectangle of a widget on the screen; without a widget, that of the area that
+/// scrolls.
 View ViewOf(const Screen& screen, const QWidget* widget = nullptr) {
     const auto* scroll = screen.findChild<QScrollArea*>();
     if (!scroll || (widget && !scroll->isAncestorOf(widget)))
@@ -103,15 +104,16 @@ void ExpectTextsWhole(const std::vector<Piece>& pieces) {
     }
 }
 
-/// All but the frame's thin sides: its title can be grasped.
+/// The whole window except the thin sides of its frame: the title bar can be reached.
 void ExpectOnDisplay(const Screen& screen) {
-    const QRect room = screen.screen()->availableGeometry();
-    EXPECT_TRUE(room.contains(screen.geometry())) << screen.width() << "x" << screen.height()
-                                                  << " on " << room.width() << "x" << room.height();
-    EXPECT_GE(screen.frameGeometry().top(), room.top());
+    const QRect available = screen.screen()->availableGeometry();
+    EXPECT_TRUE(available.contains(screen.geometry()))
+        << screen.width() << "x" << screen.height() << " on " << available.width() << "x"
+        << available.height();
+    EXPECT_GE(screen.frameGeometry().top(), available.top());
 }
 
-/// Of a screen that scrolls nowhere.
+/// For a screen that does not scroll.
 void ExpectLaidOut(Screen& screen) {
     ExpectOnDisplay(screen);
     const std::vector<Piece> pieces = PiecesOf(screen);
@@ -140,7 +142,7 @@ protected:
     }
 };
 
-TEST_F(ScreenLayout, OfTheWeighmentLiesOnTheDisplayAndNothingOverlaps) {
+TEST_F(ScreenLayout, OfTheWeighmentFitsTheDisplayAndNothingOverlaps) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         by.Picture("layout");
@@ -157,12 +159,12 @@ TEST_F(ScreenLayout, OfTheWeighmentLiesOnTheDisplayAndNothingOverlaps) {
     });
 }
 
-TEST_F(ScreenLayout, OfTheWeighmentNeedsNoScrollingWhereThereIsRoom) {
+TEST_F(ScreenLayout, OfTheWeighmentDoesNotScrollIfItFits) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
         by.See([&] {
-            const QSize room = screen.screen()->availableSize();
-            if (room.width() < 1280 || room.height() < 720)
+            const QSize available = screen.screen()->availableSize();
+            if (available.width() < 1280 || available.height() < 720)
                 return;
             const View view = ViewOf(screen);
             EXPECT_TRUE(view.seen.contains(view.reachable))
@@ -197,7 +199,7 @@ TEST_F(ScreenLayout, OfTheWeighmentShowsTheWholeReading) {
     });
 }
 
-// Where the screen is larger than the display, the control with the focus is always in sight.
+// If the screen is larger than the display, the control with the focus is always in view.
 TEST_F(ScreenLayout, OfTheWeighmentFollowsTheFocus) {
     WorkOnWeighment([](Operator& by, FrmWeighment& screen) {
         by.UntilReading(12540);
@@ -218,7 +220,7 @@ TEST_F(ScreenLayout, OfTheWeighmentFollowsTheFocus) {
     });
 }
 
-TEST_F(ScreenLayout, OfTheStartScreenLiesOnTheDisplayAndNothingOverlaps) {
+TEST_F(ScreenLayout, OfTheStartScreenFitsTheDisplayAndNothingOverlaps) {
     Work([](Operator& by) {
         by.SignIn("Nadia", "grain");
         by.Picture("start-screen");
@@ -226,7 +228,7 @@ TEST_F(ScreenLayout, OfTheStartScreenLiesOnTheDisplayAndNothingOverlaps) {
     });
 }
 
-TEST_F(ScreenLayout, OfTheBenchLiesOnTheDisplayAndNothingOverlaps) {
+TEST_F(ScreenLayout, OfTheBenchFitsTheDisplayAndNothingOverlaps) {
     Work([](Operator& by) {
         by.SignIn("Nadia", "grain");
         by.Press({"Tab", "space"});
@@ -237,7 +239,7 @@ TEST_F(ScreenLayout, OfTheBenchLiesOnTheDisplayAndNothingOverlaps) {
     });
 }
 
-TEST_F(ScreenLayout, OfTheSearchesLiesOnTheDisplayAndNothingOverlaps) {
+TEST_F(ScreenLayout, OfTheSearchesFitsTheDisplayAndNothingOverlaps) {
     WorkOnWeighment([](Operator& by, FrmWeighment& /*screen*/) {
         by.Press({"ctrl+o"});
         by.UntilInFront("Search Arrivals");
@@ -256,7 +258,7 @@ TEST_F(ScreenLayout, OfTheSearchesLiesOnTheDisplayAndNothingOverlaps) {
     });
 }
 
-/// Goes once around by Tab; every control that has the focus is in sight.
+/// Goes through all controls once by Tab; each one is in view while it has the focus.
 void ExpectFocusInSight(Screen& screen) {
     const VisualControl* first = screen.ActiveControl();
     do {
@@ -268,7 +270,7 @@ void ExpectFocusInSight(Screen& screen) {
     } while (screen.ActiveControl() != first);
 }
 
-TEST_F(ScreenLayout, OfTheSetUpLiesOnTheDisplayAndFollowsTheFocus) {
+TEST_F(ScreenLayout, OfTheSetUpFitsTheDisplayAndFollowsTheFocus) {
     CreateDatabaseDialog setUp(folder->path);
     SqlServerDialog server;
     for (Screen* each : std::initializer_list<Screen*>{&setUp, &server})
@@ -278,7 +280,7 @@ TEST_F(ScreenLayout, OfTheSetUpLiesOnTheDisplayAndFollowsTheFocus) {
             const std::vector<Piece> pieces = PiecesOf(screen);
             EXPECT_GT(pieces.size(), 15U);
             ExpectTextsWhole(pieces);
-            // What is scrolled out of sight lies under the buttons, and over nothing.
+            // Controls scrolled out of view are below the buttons and overlap nothing.
             const QWidget* scrolled = screen.findChild<QScrollArea*>()->widget();
             for (const bool inside : {true, false})
                 ExpectNothingOverlaps(PiecesWhere(pieces, [&](const Piece& piece) {

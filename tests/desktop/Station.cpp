@@ -36,7 +36,7 @@ std::string CellText(const Value& cell) {
     return cell.IsNull() ? "Null" : cell.Text();
 }
 
-/// Reports what went wrong, and closes everything.
+/// Reports the failure and closes everything.
 void RunDay(Operator& by, const std::function<void(Operator&)>& day) {
     try {
         day(by);

@@ -1,4 +1,4 @@
-"""The program as it is built, with station folders apart from its own, by real keys on a display."""
+"""The built program with station folders in other places, operated by real keys on a display."""
 
 import os
 import shutil
@@ -32,7 +32,7 @@ class StationFoldersTest(unittest.TestCase):
     def setUp(self):
         self.folder = Path(tempfile.mkdtemp())
         self.programs = []
-        # The program lies where no station is.
+        # The program is in a folder without a station.
         self.program = self.folder / "bin" / "quillane"
         self.program.parent.mkdir()
         shutil.copy(PROGRAM, self.program)
@@ -105,7 +105,7 @@ class StationFoldersTest(unittest.TestCase):
         for station in (north, south):
             self.assertTrue((station / "Config.ini").exists())
             self.assertTrue((station / "Station.ini").exists())
-        self.assertEqual(os.listdir(self.program.parent), ["quillane"], "nothing beside the program")
+        self.assertEqual(os.listdir(self.program.parent), ["quillane"], "nothing next to the program")
 
     def test_a_portable_station_needs_no_word(self):
         station = self.folder / "portable"

@@ -6,10 +6,10 @@
 namespace Quillane::Testing {
 
 /// A station whose operator works on loads that are stored already. The weighment screen is new,
-/// the focus on its id, 12540 kg on the scale.
+/// with the focus on its id and 12540 kg on the scale.
 class StoredLoad : public Station {
 protected:
-    /// The load is on the screen as it is stored, and the focus is on the date.
+    /// Waits until the stored load is on the screen and the focus is on the date.
     static void UntilStored(const Operator& by, const FrmWeighment& screen, int id) {
         by.UntilInFront("Weighment for Veltrane");
         by.Until("the stored load", [&] {
@@ -31,7 +31,7 @@ protected:
         EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "");
     }
 
-    /// Which of the buttons are on, that tell the state of the screen.
+    /// The enabled buttons among those that show the state of the screen.
     static std::string Buttons(const Operator& by, const FrmWeighment& screen) {
         return by.See([&] {
             std::string on;
@@ -44,7 +44,8 @@ protected:
         });
     }
 
-    /// From the id of a new weighment, or from the date, where the focus is after each further one.
+    /// Opens a load from the id of a new weighment, or from the date, where the focus is after the
+    /// first one.
     static void OpenTyped(Operator& by, const FrmWeighment& screen, int id) {
         if (by.See([&] { return screen.ActiveControlName(); }) == "DtpArrivalDate")
             by.Press({"shift+Tab"});
@@ -54,7 +55,7 @@ protected:
         UntilStored(by, screen, id);
     }
 
-    /// The middle of a line of a search's list, the first is 0.
+    /// The middle of a line of a search's list; the first line is 0.
     static QPoint LineOf(const Operator& by, SSOleDBGrid& grid, int line) {
         const QPoint place = by.See([&] {
             const QWidget& list = grid.Widget();

@@ -1,5 +1,5 @@
 // The whole life of a weighment by keys on a real window: saved, found, opened, changed, saved
-// again, printed again, removed, and its number given to the next.
+// again, printed again and removed; its number is given to the next one.
 
 #include "StoredLoad.h"
 #include "search/SchArrivals.h"
@@ -21,7 +21,7 @@ protected:
         UntilNew(by, screen, 1044);
     }
 
-    /// A load weighed full, its empty vehicle still out.
+    /// A load that has been weighed full; its empty vehicle has not been weighed yet.
     void SaveFirstWeighing(Operator& by, FrmWeighment& screen) {
         EnterAllButBagLines(by);
         by.Press({"shift+Tab"});
@@ -36,7 +36,7 @@ protected:
                                                         "12540", "", "LEA-4521"}}));
     }
 
-    /// By its party's name, which Enter leads to, and Enter again into the list.
+    /// Finds a load by its party's name: Enter moves to that box, and Enter again to the list.
     static void Find(Operator& by, FrmWeighment& screen) {
         by.Press({"ctrl+o"});
         by.UntilInFront("Search Arrivals");
@@ -58,7 +58,7 @@ protected:
         by.UntilReading(4320);
         by.Press({"Return", "Return", "Return", "Return", "Return"});
         by.UntilActive("CmdTareWeight");
-        EXPECT_EQ(Buttons(by, screen), "Save ") << "walking through a load begins a change";
+        EXPECT_EQ(Buttons(by, screen), "Save ") << "moving through a load begins a change";
         by.Press({"space"});
         by.UntilActive("TxtVehicleNo");
         by.Press({"Return", "Return"});
@@ -174,7 +174,7 @@ TEST_F(StoredLoadByKeys, ReplacesUnsavedEntriesWithoutAQuestion) {
         EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "LEA-4521");
         EXPECT_EQ(by.See([&] { return screen.TxtNetWeight.Text(); }), "8203");
     });
-    EXPECT_TRUE(boxes->All().empty()) << "nor does Ctrl+O do anything there";
+    EXPECT_TRUE(boxes->All().empty()) << "Ctrl+O does nothing either";
 }
 
 TEST_F(StoredLoadByKeys, WithAnIdBeyond16BitsIsOpenedOnlyFromTheSearch) {

@@ -1,9 +1,9 @@
-// The main job typed in one go, at the pace of any hand: each key goes where it would have gone had
-// the operator looked first, through every box, search and slip on the way.
+// The main job typed without a pause, at the speed of any operator. Each key reaches the control
+// that it would have reached if the operator had waited for each box, search and slip.
 //
 // Each run is one load for each pause between the keys. For a campaign of fifty loads each:
 //     tests/support/with-x.sh --wm DesktopTest --gtest_filter='*AtAnySpeed*' --gtest_repeat=50
-// The last line for each pause gives its counts.
+// The last line for each pause contains its counts.
 
 #include "Station.h"
 #include "platform/forms/core/Text.h"
@@ -20,7 +20,7 @@
 namespace Quillane::Testing {
 namespace {
 
-/// Counts the keys that arrive in any window of the program; a modifier is no key.
+/// Counts the keys that arrive in any window of the program, without the modifier keys.
 class KeyCounter : public QObject {
 public:
     KeyCounter() { QCoreApplication::instance()->installEventFilter(this); }
@@ -41,7 +41,7 @@ protected:
     }
 
 private:
-    /// The control that has the focus where a key arrives, or the window's title.
+    /// The control that has the focus when a key arrives, or the window's title.
     static QString PlaceOf(const QObject* window) {
         for (const QWidget* shown : QApplication::topLevelWidgets())
             if (shown->windowHandle() == window) {
@@ -54,7 +54,7 @@ private:
     QStringList arrived_;
 };
 
-/// Of all runs for one pause.
+/// The counts of all runs with one pause.
 struct Campaign {
     int loads = 0;
     int loadsThatDiffer = 0;
@@ -83,13 +83,13 @@ protected:
         Station::TearDown();
     }
 
-    /// Presses keys without a look in between, the pause of the case after each.
+    /// Presses keys without looking at the screen, with the pause of the case after each one.
     void TypeOn(Operator& by, const QStringList& typed) {
         sent += static_cast<int>(typed.size());
         by.WithoutLooking(QStringList{"key", "--delay", QString::number(GetParam())} + typed);
     }
 
-    /// A screen newly opened, the commodity typed on it.
+    /// A newly opened screen on which the commodity is typed.
     static bool NextScreenIsBegun() {
         const auto begun = [](const QWidget* window) {
             const auto* screen = dynamic_cast<const FrmWeighment*>(window);
@@ -129,7 +129,7 @@ const QStringList FoundPrintedAndCleared{"ctrl+o", "1",      "0",  "4",      "3"
 const QStringList AnotherRemoved{"shift+Tab",         "1", "0", "4", "0", "Return",
                                  "ctrl+shift+Delete", "y"};
 const QStringList ClearedAtTheSecondQuestion{"Return", "w", "h", "ctrl+l", "n", "ctrl+l", "y"};
-// A No would leave the line closed, and boxes would report that.
+// A No would leave the line closed, which boxes would report.
 const QStringList ClosedWithItsQuestion{"Return", "w", "h", "ctrl+q", "y"};
 const QStringList ScreenOpenedAgain{"Return", "Return", "Return", "w", "h"};
 

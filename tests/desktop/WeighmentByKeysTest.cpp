@@ -1,4 +1,4 @@
-// The main job of the station from the sign-in to the slip, only by keyboard.
+// The main job of the station from the sign-in to the slip, with the keyboard only.
 
 #include "Station.h"
 #include "platform/forms/core/Text.h"
@@ -8,7 +8,7 @@
 namespace Quillane::Testing {
 namespace {
 
-/// What is weighed and typed.
+/// The weights and the entries of a load.
 struct Load {
     int initialGross;
     int tare;
@@ -22,7 +22,7 @@ constexpr Load EightTonnes{12540, 4320, 8220, "17", "60", "40"};
 
 class WeighmentByKeys : public Station {
 protected:
-    /// Commodity, seller type and seller, from the arrival's id on.
+    /// Enters commodity, seller type and seller, starting at the arrival's id.
     static void EnterHead(Operator& by, FrmWeighment& screen) {
         by.UntilActive("TxtArrivalId");
         by.Picture("new");
@@ -138,7 +138,7 @@ TEST_F(WeighmentByKeys, GoesFromTheSignInToTheSlipAndStoresItsFigures) {
         EXPECT_EQ(by.See([&] { return screen.TxtNetWeight.Text(); }), "0");
         EXPECT_EQ(by.See([&] { return screen.TxtVehicleNo.Text(); }), "");
         EXPECT_FALSE(by.See([&] { return screen.BtnSave.Enabled(); }));
-        // The line goes on, for the next load.
+        // The line continues to be read, for the next load.
         by.UntilReading(4320);
         by.Picture("next");
     });

@@ -49,10 +49,10 @@ protected:
     std::optional<ServerStation> station;
 };
 
-/// What follows the driver's text in a box about a lost connection.
+/// The text after the driver's text in a box about a lost connection.
 inline const std::string LostText =
     "\nThe connection to the database server is lost. Restart the program to reconnect.";
-/// What follows if the connection was lost during a commit.
+/// The text after that if the connection was lost during a commit.
 inline const std::string UnknownOutcomeText =
     "\nThe save or removal may or may not have completed. Check the record before repeating it.";
 /// The text of every statement after the server has rolled the transaction back.

@@ -3,7 +3,7 @@
 // The file tests/sqlserver-to-kill.local names a server that may be killed. It is not part of the
 // project; the test is registered only where it exists. Its first line has the form of a station's
 // Config.ini and a sign-in that may create databases. Its second line is a command: with the
-// argument "kill" it ends the server at once, as a power cut would, with "start" it starts it
+// argument "kill" it ends the server like a power failure, with "start" it starts it
 // again. The environment variable QUILLANE_KILLS gives the number of kills, QUILLANE_SEED the seed.
 
 #include "faults/StationProcess.h"

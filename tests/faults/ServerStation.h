@@ -32,7 +32,7 @@ public:
 
     /// Runs once, before this statement is sent.
     void At(std::string statement, std::function<void()> act);
-    /// Called with each statement before it is sent, including "CommitTrans" and the like.
+    /// Called with each statement before it is sent, including "CommitTrans" and "BeginTrans".
     std::function<void(std::string_view)> OnStatement;
     std::vector<std::string> TakeStatements();
     /// The boxes since the last call.

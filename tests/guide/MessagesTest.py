@@ -8,7 +8,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 GUIDE = ROOT / "docs" / "operators-guide.md"
 
-# Whatever is handed to one of these is shown, or is the description of a failure that is.
+# The argument of one of these is shown, or is the description of a failure that is shown.
 SHOWING = {"MsgBox", "InputBox", "Refuse", "Failure", "Fail", "FailDatabase", "FailAccess",
            "FailLine", "FailWhileOpen", "FailUnreadable", "ReportFailure", "ShowFailure", "ShowAlert", "AskToUse",
            "Tell", "Warn"}
@@ -20,7 +20,7 @@ SENTENCE_END = re.compile(r"(^|[a-z]{2})[.?]$")
 
 
 def tokens_of(source):
-    """Without comments and blanks; neighbouring literals are one."""
+    """The tokens without comments and blanks; neighbouring literals are joined."""
     tokens = []
     for token in TOKEN.findall(source):
         if token.isspace() or token.startswith(("//", "/*", "#include")):
@@ -38,7 +38,7 @@ def text_of(literal):
 
 
 def literals_in(tokens, start, opening="(", closing=")"):
-    """Those between a parenthesis and the one that closes it."""
+    """The tokens between a parenthesis and the one that closes it."""
     found, depth = [], 0
     for token in tokens[start:]:
         depth += (token == opening) - (token == closing)
@@ -50,7 +50,7 @@ def literals_in(tokens, start, opening="(", closing=")"):
 
 
 def messages_of(source, describes_failures=False):
-    """What is handed to a showing call, and sentences that a function gives back for one."""
+    """The arguments of calls that show a text, and sentences that functions return for such a call."""
     tokens = tokens_of(source)
     found = []
     for place, token in enumerate(tokens[:-1]):
@@ -64,12 +64,12 @@ def messages_of(source, describes_failures=False):
 
 
 def plain(text):
-    """As it reads: one blank between words, the marks of the page left out."""
+    """The text as it is read: one blank between words, without the markup."""
     return " ".join(re.sub(r"[*`|\\]", " ", text).split())
 
 
 def all_messages():
-    """Those of the station. The office's messages say what to do; its guide does not list them."""
+    """The source files of the station. The office's messages say what to do; its guide does not list them."""
     found = {}
     for file in sorted((ROOT / "src").rglob("*.cpp")):
         if (ROOT / "src/office") in file.parents:

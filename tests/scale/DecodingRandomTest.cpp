@@ -10,7 +10,7 @@
 namespace Quillane {
 namespace {
 
-/// Texts and settings without end, always the same ones.
+/// An endless sequence of texts and settings, the same in each run.
 class Chance {
 public:
     std::size_t Below(std::size_t limit) {
@@ -22,8 +22,8 @@ public:
         return items[Below(Count)];
     }
 
-    /// Any bytes; bytes that are mostly digits; digits and blanks; runs of digits of any length
-    /// between runs of separators of any length.
+    /// Any bytes; bytes that are mostly digits; digits and blanks; or digit runs and runs of
+    /// separators, both of any length.
     std::string Text() {
         const std::size_t kind = Below(4);
         std::string text;
@@ -61,7 +61,7 @@ private:
     std::mt19937 generator_{20261121};
 };
 
-/// What comes out, a failure as its number.
+/// The result; for a failure its number.
 template <typename Decode>
 std::string Outcome(const Decode& decode) {
     try {

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-/// The decoding in the plainest way: whole-text passes, one character code at a time. Slow, but
-/// easy to see through: the real one is held against it.
+/// The decoding in its simplest form: passes over the whole text, one character code at a time. It
+/// is slow, but easy to understand; the real decoding is compared with it.
 namespace Quillane::DecodingReference {
 
 inline std::string ReplaceAll(const std::string& text, std::string_view what,
@@ -26,7 +26,7 @@ inline std::string ReplaceAll(const std::string& text, std::string_view what,
     return result.append(text, at);
 }
 
-/// 246 passes: each character code but those of the digits becomes a blank.
+/// 246 passes: each pass replaces a character code that is not a digit by a blank.
 inline std::string SeparateDigits(std::string text) {
     for (int code = 0; code <= 255; ++code)
         if (code < '0' || code > '9')
@@ -44,7 +44,7 @@ inline std::string HalveBlanks(const std::string& text) {
     return ReplaceAll(text, "  ", " ");
 }
 
-/// `searchFrom` is the place, from 0, of the first character looked at.
+/// `searchFrom` is the position, from 0, of the first character that is searched.
 inline std::string DropFirstRun(const std::string& text, std::size_t searchFrom) {
     const std::size_t blank = text.find(' ', searchFrom);
     return blank == std::string::npos ? text : TrimBlanks(text.substr(blank));
@@ -54,7 +54,8 @@ inline std::string BeforeDropping(std::string_view rawText) {
     return HalveBlanks(TrimBlanks(SeparateDigits(std::string(rawText))));
 }
 
-/// Lengthens the token until it holds a blank; what is left when there is none differs.
+/// Lengthens the token until it contains a blank. The two functions differ in the result if there
+/// is none.
 inline std::string WalkToBlank(const std::string& text, bool emptyAfterFruitlessRound) {
     std::string token;
     for (std::size_t length = 1; length <= text.size(); ++length) {

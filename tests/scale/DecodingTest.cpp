@@ -35,8 +35,8 @@ struct Example {
     std::string direction;
     int length;
     bool reversed;
-    std::string separated; ///< digits and blanks, pairs of blanks halved
-    std::string rest;      ///< after the first run has gone
+    std::string separated; ///< digits and blanks, with each pair of blanks replaced by one
+    std::string rest;      ///< after the first run was removed
     std::string live;
     std::string notModified;
     std::string modified;
@@ -100,7 +100,7 @@ TEST(DecodingReference, GoesThroughTheExamplesStepByStep) {
     }
 }
 
-TEST(Decoding, TakesEmptyTextAsNoChangeLiveAndAsZeroOnTheBench) {
+TEST(Decoding, EmptyTextIsNoChangeLiveAndZeroOnTheBench) {
     EXPECT_EQ(Live("", Cutting("Right", 6)), noChange);
     EXPECT_EQ(Live("", Uncut()), noChange);
     EXPECT_EQ(Live("", Cutting("Right", -1)), noChange);
@@ -109,7 +109,7 @@ TEST(Decoding, TakesEmptyTextAsNoChangeLiveAndAsZeroOnTheBench) {
     EXPECT_EQ(weight.modified, "0");
 }
 
-TEST(Decoding, PicksTheRunByHowManyThereAre) {
+TEST(Decoding, SelectsTheRunByTheNumberOfRuns) {
     struct Case {
         const char* rawText;
         const char* live;
@@ -141,7 +141,7 @@ TEST(Decoding, SeparatesDigitsByEveryOtherByte) {
     }
 }
 
-TEST(Decoding, LosesAPointsFractionOrItsWholePartByWhereTheBufferStarts) {
+TEST(Decoding, ReadsTheFractionOrTheWholePartDependingOnTheStartOfTheBuffer) {
     const std::string frame = "+001234.5\r\n";
     EXPECT_EQ(Live(Times(3, frame), Cutting("Right", 6)), noChange);
     EXPECT_EQ(Live("5\r\n" + Times(3, frame), Cutting("Right", 6)), "1234");
@@ -151,7 +151,7 @@ TEST(Decoding, DropsTheSignOfANegativeWeight) {
     EXPECT_EQ(Live(Times(3, "-001250\r\n"), Cutting("Right", 6)), "1250");
 }
 
-TEST(Decoding, KeepsATokenShorterThanTheLengthWhole) {
+TEST(Decoding, DoesNotCutATokenShorterThanTheLength) {
     EXPECT_EQ(Live("1 250 1", Cutting("Right", 9)), "250");
     EXPECT_EQ(Live("1 250 1", Cutting("Left", 1e300)), "250");
     EXPECT_EQ(DecodeTestWeight("1 250 1", "Right", "1e300", false).modified, "250");
@@ -177,7 +177,7 @@ TEST(Decoding, PutsTheBlankInFrontWhenAnUncutTokenIsReversed) {
     EXPECT_EQ(Live("...", Uncut(true)), "");
 }
 
-TEST(Decoding, HasNoLeastLengthWithoutADirection) {
+TEST(Decoding, HasNoMinimumLengthWithoutADirection) {
     EXPECT_EQ(Live("1 7 1", Uncut()), "7");
 }
 
@@ -194,12 +194,12 @@ TEST(Decoding, ShowsZeroOfSeveralDigitsButNotASingleZero) {
     EXPECT_EQ(Live(Times(3, "0\r"), Cutting("Right", 6)), noChange);
 }
 
-TEST(Decoding, ShowsForAMomentARunThatTheReadCutShort) {
+TEST(Decoding, ShowsARunThatTheReadHasCutUntilTheNextRead) {
     EXPECT_EQ(Live("001250\r0012", Cutting("Right", 6)), "12");
     EXPECT_EQ(DecodeTestWeight("001250\r0012", "Right", "6", false).notModified, "");
 }
 
-TEST(Decoding, TakesOnlyTheExactWordRightAsTheRightHandEnd) {
+TEST(Decoding, OnlyTheExactWordRightMeansTheRightEnd) {
     for (const char* direction : {"right", "RIGHT", "Right ", "", "Left", "nonsense"})
         EXPECT_EQ(Live("1 1250 1", Cutting(direction, 2)), "12") << direction;
     EXPECT_EQ(Live("1 1250 1", Cutting("Right", 2)), "50");

@@ -1,5 +1,5 @@
-// The setting screen and the try-out indicator, with nothing between them but the line: each layout
-// that the tool knows, with the settings of the guide to indicators.
+// The setting screen and the simulated indicator, connected by a line: each layout of the tool with
+// the settings of the guide to indicators.
 
 #include "platform/forms/core/Text.h"
 #include "scale/IndicatorGuide.h"
@@ -51,7 +51,7 @@ std::string Latin1(const TextBox& box) {
     return ToQt(box.Text()).toLatin1().toStdString();
 }
 
-/// Presses the first "Get Weight" until a whole frame has come into the raw text.
+/// Presses the first "Get Weight" until the raw text contains a whole frame.
 void ExpectRawText(FrmPortSettings& bench, const Advice& advice) {
     ScreenDriver(bench).Click(bench.CmdOpenPort);
     EXPECT_TRUE(WaitFor(
@@ -63,8 +63,8 @@ void ExpectRawText(FrmPortSettings& bench, const Advice& advice) {
         << bench.TxtRawWeight.Text();
 }
 
-/// Starts the try-out with the guide's settings (where none reads right, with the usual ones)
-/// and waits until it shows what the guide says.
+/// Starts the test with the guide's settings (with the usual ones if none reads correctly) and
+/// waits until it shows the result in the guide.
 void ExpectTryOut(FrmPortSettings& bench, const Advice& advice) {
     bench.CboDirection.SetText(advice.usable ? advice.direction : "Right");
     ScreenDriver(bench).Click(bench.TxtDataFrom).Type(advice.usable ? advice.length : "6");
@@ -79,7 +79,7 @@ void ExpectTryOut(FrmPortSettings& bench, const Advice& advice) {
         << bench.TxtNotModified.Text() << " and " << bench.TxtModifiedWeight.Text();
 }
 
-TEST_F(FrmPortSettingsLayouts, ShowWhatTheGuideSays) {
+TEST_F(FrmPortSettingsLayouts, ShowTheResultsInTheGuide) {
     for (const auto& [layout, advice] : AdviceOfTheGuide()) {
         SCOPED_TRACE(layout);
         Tell("layout " + layout);

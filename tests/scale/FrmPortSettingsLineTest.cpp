@@ -68,7 +68,7 @@ TEST_F(FrmPortSettingsOpen, OpensAgainWithOtherSettingsAtAnyTime) {
     EXPECT_EQ(screen.CM.Settings(), "4800,n,8,1");
 }
 
-TEST_F(FrmPortSettingsOpen, LeavesTheLineClosedWhereThePortIsMissing) {
+TEST_F(FrmPortSettingsOpen, LeavesTheLineClosedIfThePortIsMissing) {
     ShowWithOpenPort();
     Choose("COM2", "1200 ", "Even ", "7", "2");
     boxes.Expect(Critical("Port 2 (/dev/no-such-line-2) cannot be opened: the device does not "
@@ -80,18 +80,18 @@ TEST_F(FrmPortSettingsOpen, LeavesTheLineClosedWhereThePortIsMissing) {
     EXPECT_EQ(screen.CM.Settings(), "1200,e,7,2");
 }
 
-TEST_F(FrmPortSettingsOpen, ClosesTheLineBeforeItLooksAtTheNumberOfThePort) {
+TEST_F(FrmPortSettingsOpen, ClosesTheLineBeforeItReadsThePortNumber) {
     ShowWithOpenPort();
     screen.CboPortName.SetListIndex(-1);
     screen.CboParity.SetText("Even ");
     boxes.Expect(Critical("Type mismatch", "Quillane"));
     screen.CmdOpenPort.Click();
     EXPECT_FALSE(screen.CM.PortOpen());
-    EXPECT_EQ(screen.CM.Settings(), "2400,n,8,1") << "nothing behind the failure is done";
+    EXPECT_EQ(screen.CM.Settings(), "2400,n,8,1") << "nothing is done after the failure";
     EXPECT_EQ(screen.LineSettings, "2400,n,8,1");
 }
 
-TEST_F(FrmPortSettingsOpen, EndsTheLineWithTheScreen) {
+TEST_F(FrmPortSettingsOpen, ClosesTheLineWithTheScreen) {
     {
         FrmPortSettings first;
         first.Show();
@@ -108,7 +108,7 @@ struct FrmPortSettingsRawText : SettingBench {
     FrmPortSettingsRawText() { ShowWithOpenPort(); }
 };
 
-TEST_F(FrmPortSettingsRawText, GrowsByWhatWasReceivedWithEachPress) {
+TEST_F(FrmPortSettingsRawText, GetsTheReceivedTextAppendedWithEachPress) {
     terminal.Write("+012540 kg\r\n");
     ScreenDriver(screen).Click(screen.CmdGetWeight);
     EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg\r\n");
@@ -119,10 +119,10 @@ TEST_F(FrmPortSettingsRawText, GrowsByWhatWasReceivedWithEachPress) {
     EXPECT_EQ(screen.TxtRawWeight.Text(), "+012540 kg\r\n+0043");
 }
 
-TEST_F(FrmPortSettingsRawText, TakesFiveLooksWithEachPress) {
+TEST_F(FrmPortSettingsRawText, ReadsFiveTimesWithEachPress) {
     int writes = 0;
     screen.TxtRawWeight.Change = [&] {
-        // What comes meanwhile is taken by the next look.
+        // Bytes that arrive in between are read by the next call.
         if (++writes < 5)
             terminal.Write(std::to_string(writes));
     };
@@ -131,7 +131,7 @@ TEST_F(FrmPortSettingsRawText, TakesFiveLooksWithEachPress) {
     EXPECT_EQ(screen.TxtRawWeight.Text(), "1234");
 }
 
-TEST_F(FrmPortSettingsRawText, IsAppendedToWhatTheOperatorLeftInTheBox) {
+TEST_F(FrmPortSettingsRawText, IsAppendedToTheTextLeftByTheOperator) {
     ScreenDriver(screen).Click(screen.TxtRawWeight).Type("first: ");
     terminal.Write("+1");
     screen.CmdGetWeight.Click();
@@ -140,7 +140,7 @@ TEST_F(FrmPortSettingsRawText, IsAppendedToWhatTheOperatorLeftInTheBox) {
         .Click(screen.TxtRawWeight)
         .Press(Qt::CTRL | Qt::Key_A)
         .Press(Qt::Key_Delete);
-    EXPECT_EQ(screen.TxtRawWeight.Text(), "") << "only the operator empties it";
+    EXPECT_EQ(screen.TxtRawWeight.Text(), "") << "only the operator deletes it";
 }
 
 TEST_F(FrmPortSettingsRawText, HoldsEveryByteThatWasReceived) {
@@ -154,7 +154,7 @@ TEST_F(FrmPortSettingsRawText, HoldsEveryByteThatWasReceived) {
     EXPECT_EQ(ToQt(screen.TxtRawWeight.Text()), QString::fromLatin1(all + "2"));
 }
 
-TEST_F(FrmPortSettingsRawText, IsPaintedWithTheNamesOfBytesThatCannotBeSeen) {
+TEST_F(FrmPortSettingsRawText, IsPaintedWithTheNamesOfInvisibleBytes) {
     const auto picture = [&](std::string_view bytes) {
         screen.TxtRawWeight.SetText("");
         terminal.Write(bytes);
@@ -165,8 +165,8 @@ TEST_F(FrmPortSettingsRawText, IsPaintedWithTheNamesOfBytesThatCannotBeSeen) {
     EXPECT_NE(picture("\r1"), picture(" 1"));
 }
 
-// A morning's presses: the box keeps it all and shows the end.
-TEST_F(FrmPortSettingsRawText, KeepsEverythingThatCameInADay) {
+// The presses of a whole morning: the box keeps all text and shows its end.
+TEST_F(FrmPortSettingsRawText, KeepsEverythingReceivedInADay) {
     std::string all;
     for (int press = 0; press < 100; ++press) {
         const std::string piece = std::to_string(press) + std::string(1000, '7') + "\r";
@@ -176,13 +176,13 @@ TEST_F(FrmPortSettingsRawText, KeepsEverythingThatCameInADay) {
     }
     EXPECT_EQ(screen.TxtRawWeight.Text(), all);
     QWidget& box = screen.TxtRawWeight.Widget();
-    box.grab(); // the text is brought into view as it is painted
+    box.grab(); // painting scrolls the text into view
     const QRect caret = box.inputMethodQuery(Qt::ImCursorRectangle).toRect();
-    EXPECT_TRUE(box.rect().intersects(caret)) << "the end is in view";
+    EXPECT_TRUE(box.rect().intersects(caret)) << "the end is visible";
     EXPECT_EQ(box.inputMethodQuery(Qt::ImAbsolutePosition).toInt(), static_cast<int>(all.size()));
 }
 
-TEST_F(FrmPortSettingsRawText, EndsTheProcessWhereThePortIsClosed) {
+TEST_F(FrmPortSettingsRawText, EndsTheProcessIfThePortIsClosed) {
     const ProcessEnd end;
     screen.CM.SetPortOpen(false);
     boxes.Expect(Critical("Port 1 is closed: nothing can be read from it.", "Quillane"));
@@ -190,7 +190,7 @@ TEST_F(FrmPortSettingsRawText, EndsTheProcessWhereThePortIsClosed) {
     EXPECT_EQ(end.Codes(), std::vector<int>{1});
 }
 
-TEST_F(FrmPortSettingsRawText, EndsTheProcessWhereTheLineHasHungUp) {
+TEST_F(FrmPortSettingsRawText, EndsTheProcessIfTheLineHasHungUp) {
     const ProcessEnd end;
     terminal.HangUp();
     boxes.Expect(Critical(HungUp().text, "Quillane"));

@@ -49,12 +49,12 @@ TEST_F(FrmPortSettingsSave, RunsFiveStatementsInTheirOrderAndNoTransaction) {
     });
     ScreenDriver(screen).Click(screen.CmdSave);
     EXPECT_EQ(boxes.Remaining(), 0u);
-    EXPECT_EQ(database.statements.size(), 5u) << "and none behind the box";
+    EXPECT_EQ(database.statements.size(), 5u) << "no statement runs after the box";
     EXPECT_EQ(Stored(), "2 19200,e,7,1.5 Right 6 1");
     EXPECT_EQ(screen.LineSettings, "19200,e,7,1.5");
 }
 
-TEST_F(FrmPortSettingsSave, OverwritesWhatIsStoredWithTheDefaultsWhereNothingWasChosen) {
+TEST_F(FrmPortSettingsSave, OverwritesTheStoredSettingsWithTheDefaultsIfNothingWasChosen) {
     EXPECT_EQ(Save(), "1 2400,n,8,1 Left 0 0");
 }
 
@@ -78,7 +78,7 @@ TEST_F(FrmPortSettingsSave, StaysOpenAndTouchesNeitherTheLineNorTheBoxes) {
     EXPECT_EQ(screen.TxtDataFrom.Text(), "6");
 }
 
-TEST_F(FrmPortSettingsSave, LeavesTheTryOutRunning) {
+TEST_F(FrmPortSettingsSave, KeepsTheTestRunning) {
     screen.CmdOpenPort.Click();
     screen.CmdModifiedWeight.Click();
     EXPECT_EQ(Save(), "1 2400,n,8,1 Left 0 0");
@@ -87,7 +87,7 @@ TEST_F(FrmPortSettingsSave, LeavesTheTryOutRunning) {
     EXPECT_TRUE(WaitFor([&] { return screen.TxtNotModified.Text() == "250"; }));
 }
 
-TEST_F(FrmPortSettingsSave, SaysSoAlsoWhereARowIsMissing) {
+TEST_F(FrmPortSettingsSave, ReportsSuccessAlsoIfARowIsMissing) {
     database.Run("Delete From PortSettings Where RegistryKey = 'DataLength'");
     database.Run("Insert Into PortSettings (RegistryKey, RegistryValue) Values ('Spare', 'kept')");
     Choose();
@@ -108,11 +108,11 @@ TEST_F(FrmPortSettingsSave, KeepsTheRowsThatWereStoredBeforeAFailure) {
     Choose();
     boxes.Expect(Critical(EngineWords("the row is in use"), "Database"));
     screen.CmdSave.Click();
-    EXPECT_EQ(database.statements.size(), 3u) << "nothing behind the failure runs";
+    EXPECT_EQ(database.statements.size(), 3u) << "nothing runs after the failure";
     EXPECT_EQ(before, "1 9600,n,8,1 Right 6 0");
     EXPECT_EQ(Stored(), "2 19200,e,7,1.5 Right 6 0");
     database.AcceptAgain();
-    EXPECT_EQ(Save(), "2 19200,e,7,1.5 Right 6 1") << "and the next save is whole";
+    EXPECT_EQ(Save(), "2 19200,e,7,1.5 Right 6 1") << "the next save is complete";
 }
 
 TEST_F(FrmPortSettingsSave, ReportsAMissingTable) {

@@ -93,7 +93,7 @@ TEST_F(FrmPortSettingsTest, ListsItsEntriesWithTheirTrailingBlanks) {
     EXPECT_EQ(EntriesOf(screen.CboDirection), (Texts{"Left", "Right"}));
 }
 
-TEST_F(FrmPortSettingsTest, StartsWithAClosedLineAndNoTryOut) {
+TEST_F(FrmPortSettingsTest, StartsWithAClosedLineAndWithoutATest) {
     screen.Show();
     EXPECT_FALSE(screen.CM.PortOpen());
     EXPECT_EQ(screen.CM.CommPort(), 1);
@@ -109,7 +109,7 @@ TEST_F(FrmPortSettingsTest, StartsWithAClosedLineAndNoTryOut) {
     EXPECT_TRUE(AlignmentOf(screen.TxtDataFrom).testFlag(Qt::AlignRight));
 }
 
-TEST_F(FrmPortSettingsTest, SelectsItsDefaultsInTheirOrderWhateverIsStored) {
+TEST_F(FrmPortSettingsTest, SelectsItsDefaultsInTheirOrderAndIgnoresTheStoredSettings) {
     database.Run("Update PortSettings set RegistryValue = '9'");
     Texts selected;
     for (ComboBox* list : {&screen.CboPortName, &screen.CboBitsPerSecond, &screen.CboDataBits,
@@ -123,7 +123,7 @@ TEST_F(FrmPortSettingsTest, SelectsItsDefaultsInTheirOrderWhateverIsStored) {
     EXPECT_EQ(database.statements, Texts{}) << "the stored settings are not read";
 }
 
-TEST_F(FrmPortSettingsTest, HoldsEachGroupInItsFrame) {
+TEST_F(FrmPortSettingsTest, HasEachGroupInItsFrame) {
     const auto expectIn = [](QWidget& frame, std::initializer_list<VisualControl*> controls) {
         for (VisualControl* control : controls)
             EXPECT_TRUE(frame.isAncestorOf(&control->Widget())) << control->Name();
@@ -139,7 +139,7 @@ TEST_F(FrmPortSettingsTest, HoldsEachGroupInItsFrame) {
         EXPECT_EQ(button->Widget().parentWidget(), &screen) << button->Name();
 }
 
-TEST_F(FrmPortSettingsTest, IsWalkedByTabGroupByGroup) {
+TEST_F(FrmPortSettingsTest, TabMovesThroughItGroupByGroup) {
     screen.Show();
     Texts walked;
     for (int step = 0; step < 17; ++step) {
@@ -159,7 +159,7 @@ TEST_F(FrmPortSettingsTest, TakesOneCharacterAsLengthFromTheKeyboard) {
     EXPECT_EQ(screen.TxtDataFrom.Text(), "6");
 }
 
-// As any box: nothing is selected when it gets the focus, and it is full.
+// Like any box: nothing is selected when it gets the focus, and it is full.
 TEST_F(FrmPortSettingsTest, KeepsItsLengthUntilTheOperatorDeletesIt) {
     screen.Show();
     screen.TxtDataFrom.SetText("6");

@@ -24,7 +24,7 @@ struct FrmPortSettingsTryOut : SettingBench {
     }
 };
 
-TEST_F(FrmPortSettingsTryOut, IsOnlyStartedByItsButton) {
+TEST_F(FrmPortSettingsTryOut, IsStartedOnlyByItsButton) {
     terminal.Write(frames);
     ScreenDriver(screen).Click(screen.CmdModifiedWeight);
     EXPECT_TRUE(screen.Timer.Enabled());
@@ -32,7 +32,7 @@ TEST_F(FrmPortSettingsTryOut, IsOnlyStartedByItsButton) {
     EXPECT_EQ(screen.TxtNotModified.Text(), "") << "nothing is read before the first tick";
     EXPECT_TRUE(WaitFor([&] { return screen.TxtNotModified.Text() == "001250"; }));
     screen.CmdModifiedWeight.Click();
-    EXPECT_TRUE(screen.Timer.Enabled()) << "nothing stops it";
+    EXPECT_TRUE(screen.Timer.Enabled()) << "another press does not stop it";
 }
 
 TEST_F(FrmPortSettingsTryOut, ShowsTheNumberBeforeAndAfterTheSettings) {
@@ -44,13 +44,13 @@ TEST_F(FrmPortSettingsTryOut, ShowsTheNumberBeforeAndAfterTheSettings) {
         {"Left", "", 0, frames, "001250/0"},
         {"Right", "x", 0, frames, "001250/0"}, // a letter counts as 0
         {"Right", "6", 0, "ST,GS,+001234.5kg\r\nST,GS,+001234.5kg\r\nST,GS,+001234.5kg\r\n", "5/5"},
-        // Leading zeros go before the reversal here, and stay on the weighment screen.
+        // Leading zeros are removed before the reversal here, and kept on the weighment screen.
         {"Left", "6", 1, "\x02"s + "052100\x03\x02" + "052100\x03\x02" + "052100\x03",
          "052100/00125"},
         {"Left", "6", 1, "000120\r000120\r000120\r", "000120/021"},
         // A single digit is shown here, and never on the weighment screen.
         {"Right", "6", 0, "  7\r  7\r  7\r", "7/7"},
-        // One or two numbers are none here, and read on the weighment screen.
+        // With one or two runs no number is read here, but one is read on the weighment screen.
         {"Right", "6", 0, "12345", "/0"},
         {"Right", "6", 0, "1234 5678", "/0"},
         {"Right", "6", 0, "ERR\r\n", "/0"},
@@ -73,10 +73,10 @@ TEST_F(FrmPortSettingsTryOut, SetsBothBoxesOnEveryTickAlsoBetweenBursts) {
     EXPECT_EQ(writes, (std::vector<std::string>{"TxtNotModified=001250", "TxtModifiedWeight=1250",
                                                 "TxtNotModified=", "TxtModifiedWeight=0",
                                                 "TxtNotModified=", "TxtModifiedWeight=0"}));
-    EXPECT_EQ(screen.TxtRawWeight.Text(), "") << "the try-out leaves the raw text alone";
+    EXPECT_EQ(screen.TxtRawWeight.Text(), "") << "the test does not change the raw text";
 }
 
-TEST_F(FrmPortSettingsTryOut, TakesUpOtherSettingsAtTheNextTick) {
+TEST_F(FrmPortSettingsTryOut, UsesOtherSettingsAtTheNextTick) {
     screen.CmdModifiedWeight.Click();
     Choose("Left", "3", 0);
     const auto shows = [&](const std::string& weight) {
@@ -103,7 +103,7 @@ TEST_F(FrmPortSettingsTryOut, ReportsALineThatHangsUpAndThenAClosedPortOnEveryTi
     screen.CmdModifiedWeight.Click();
     terminal.HangUp();
     boxes.Expect(HungUp()).Expect(HungUp()).Expect(HungUp(), BoxAnswer::Ok, [&] {
-        EXPECT_EQ(screen.TxtModifiedWeight.Text(), "1250") << "a failure leaves the boxes alone";
+        EXPECT_EQ(screen.TxtModifiedWeight.Text(), "1250") << "a failure does not change the boxes";
         screen.Timer.SetEnabled(false);
     });
     EXPECT_TRUE(WaitFor([&] { return boxes.Remaining() == 0; }));
@@ -131,7 +131,8 @@ TEST_F(FrmPortSettingsTryOut, LetsTheOperatorCloseTheScreenBetweenTwoBoxes) {
     EXPECT_TRUE(WaitFor([&] { return !screen.IsLoaded(); }));
 }
 
-// The same with real boxes and real keys: Enter answers the box, and the next one is a while away.
+// The same with real boxes and real keys: Enter answers the box, and the next one is shown a moment
+// later.
 TEST_F(FrmPortSettingsTryOut, LeavesAMomentForAKeyAfterARealBox) {
     screen.CM.SetPortOpen(false);
     screen.CmdClose.SetFocus();

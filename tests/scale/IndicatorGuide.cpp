@@ -29,7 +29,7 @@ for name, layout in LAYOUTS.items():
 
 using Cells = std::vector<std::string>;
 
-/// The cells of a table's row, without the marks of code.
+/// The cells of a row of a table, without the code marks.
 Cells CellsOf(const std::string& line) {
     Cells cells;
     std::istringstream row(line.substr(1));
@@ -71,7 +71,7 @@ void TakeRow(Advice& advice, const Cells& cells) {
     }
 }
 
-/// The rows of the guide's tables that begin so.
+/// The rows of the guide's tables that begin with this text.
 std::vector<Cells> RowsOfTheGuide(const std::regex& start) {
     std::vector<Cells> rows;
     std::ifstream guide(QUILLANE_INDICATOR_GUIDE);

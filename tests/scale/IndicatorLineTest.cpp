@@ -10,8 +10,7 @@ using Testing::Critical;
 using Testing::PortSettingsDatabase;
 using Testing::WaitFor;
 
-/// The screen and the try-out indicator, each as in real use, with nothing between them but the
-/// line.
+/// The screen and the simulated indicator, connected by a line, each as in real use.
 class IndicatorLineTest : public testing::Test {
 protected:
     IndicatorLineTest() {
@@ -73,7 +72,7 @@ TEST_F(IndicatorLineTest, ShowsTheWeightOnTheScale) {
     screen.Unload();
 }
 
-TEST_F(IndicatorLineTest, ShowsATruckDrivingOnAndSettling) {
+TEST_F(IndicatorLineTest, ShowsATruckThatDrivesOnAndComesToRest) {
     Start({"--weight", "0"});
     EXPECT_TRUE(Shows("0"));
     Tell("drive 12540");
@@ -94,7 +93,7 @@ TEST_F(IndicatorLineTest, KeepsTheLastWeightWhileTheIndicatorIsSilent) {
     screen.Unload();
 }
 
-TEST_F(IndicatorLineTest, ComesThroughNoiseAndCutFrames) {
+TEST_F(IndicatorLineTest, ReadsDespiteNoiseAndCutFrames) {
     Start({"--scenario", "noise", "--seed", "1"});
     EXPECT_TRUE(Shows("12540"));
     Tell("cut on");
@@ -103,7 +102,7 @@ TEST_F(IndicatorLineTest, ComesThroughNoiseAndCutFrames) {
     screen.Unload();
 }
 
-TEST_F(IndicatorLineTest, ReportsAPulledCableAndReadsAgainWhenItIsBack) {
+TEST_F(IndicatorLineTest, ReportsADisconnectedCableAndReadsAgainWhenItIsConnected) {
     Start();
     EXPECT_TRUE(Shows("12540"));
     BoxAnswers answers;
@@ -126,12 +125,12 @@ TEST_F(IndicatorLineTest, ReportsAPulledCableAndReadsAgainWhenItIsBack) {
     screen.Unload();
 }
 
-TEST_F(IndicatorLineTest, ReadsReversedDigitsAsTheyCame) {
+TEST_F(IndicatorLineTest, ReadsReversedDigitsAsReceived) {
     Start({"--layout", "equals-reversed"});
     database.Store(PortSettingsDatabase::Settings{
         {"DataDirection", "Left"}, {"DataLength", "7"}, {"IsReversed", "1"}});
     database.Load(screen.PortSettingsRows);
-    EXPECT_TRUE(Shows("0012540")) << "the zeros stay";
+    EXPECT_TRUE(Shows("0012540")) << "the zeros are kept";
     screen.Unload();
 }
 

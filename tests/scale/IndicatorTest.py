@@ -1,4 +1,4 @@
-"""The try-out indicator: its frames, and what it does on a real pseudo-terminal."""
+"""The simulated indicator: its frames, and its behaviour on a real pseudo-terminal."""
 
 import os
 import select
@@ -66,7 +66,7 @@ class LayoutTest(unittest.TestCase):
         for name in LAYOUTS:
             lengths = {len(write(name, weight, moving)) for moving in (False, True)
                        for weight in (0.0, 7.0, 99999.0, 12345678901.0, -7.0)}
-            if name != "lf-first":  # ten places hold what no scale carries
+            if name != "lf-first":  # ten digits are more than any scale shows
                 self.assertEqual(len(lengths), 1, name)
 
 
@@ -80,7 +80,7 @@ class LayoutTest(unittest.TestCase):
 
 
 class WireTest(unittest.TestCase):
-    """What has come through at which time, of frames A1, B2, C3 ..."""
+    """The bytes of the frames A1, B2, C3 ... that have arrived, with their times."""
 
     def setUp(self):
         self.wire = Wire(100.0)  # ten bytes in a second
@@ -152,7 +152,7 @@ class ScaleTest(unittest.TestCase):
 
 
 class LineTest(unittest.TestCase):
-    """The tool itself, as the station meets it."""
+    """The tool itself, as the station uses it."""
 
     def setUp(self):
         self._folder = tempfile.TemporaryDirectory()
@@ -275,7 +275,7 @@ class LineTest(unittest.TestCase):
         with self.assertRaises(OSError):
             while os.read(self.listener, 4096):
                 pass
-            raise OSError  # the end of the file tells a hang-up too
+            raise OSError  # the end of the file is a hang-up too
         self.assertFalse(os.path.lexists(self.link))
         self.close_listener()
         self.assertEqual(self.send_command("connect"), "ok connect")
@@ -288,7 +288,7 @@ class LineTest(unittest.TestCase):
         self.read_until(b"000111")
         self.close_listener()
         self.send_command("weight 222")
-        # The line is tended after each round of commands: before the second answer, that is.
+        # The line is served after each round of commands, that is, before the second answer.
         self.send_command("talk")
         self.listen()
         self.assertNotIn(b"000111", self.read_until(b"000222"))

@@ -1,6 +1,6 @@
-// Which settings read which layout of the try-out indicator: all are tried, on the tool's own
-// frames and from every place where a look can begin, and the guide to indicators is held to the
-// outcome.
+// The settings that read each layout of the simulated indicator: all are tried, on the frames of
+// the tool and from every position at which a read can begin. The results must agree with the guide
+// to indicators.
 
 #include "platform/runtime/Numbers.h"
 #include "scale/Decoding.h"
@@ -22,8 +22,8 @@ using Testing::Notation;
 
 const std::vector<int> weights{0, 5, 20, 4320, 12540, 99990, 100000};
 
-// What a line of 2400 bit/s brings between two looks, at least: 300 ms on the weighment screen and
-// 200 ms on the bench.
+// The minimum number of bytes between two reads of a line of 2400 bit/s: 300 ms on the weighment
+// screen and 200 ms on the bench.
 constexpr std::size_t liveLook = 70;
 constexpr std::size_t benchLook = 46;
 
@@ -40,7 +40,7 @@ std::string Named(const Settings& settings) {
            (settings.reversed ? " reversed" : "");
 }
 
-/// Everything that can be saved on the bench.
+/// All settings that can be saved on the bench.
 std::vector<Settings> AllSettings() {
     std::vector<Settings> all;
     for (const char* direction : {"Right", "Left"})
@@ -50,7 +50,7 @@ std::vector<Settings> AllSettings() {
     return all;
 }
 
-/// Every look of at least this size, from every place of the frame on and of every length.
+/// Every read of at least this size, from every position of the frame and of every length.
 template <typename See>
 void LookEverywhere(const Frame& frame, std::size_t least, See see) {
     std::string stream;
@@ -80,7 +80,7 @@ Count ReadEverywhere(const Frame& frame, const Settings& settings) {
     return count;
 }
 
-/// The share of right looks over all frames; none where a wrong weight is ever shown.
+/// The share of correct reads over all frames; none if a wrong weight is ever shown.
 double Worth(const std::vector<Frame>& frames, const Settings& settings) {
     Count sum;
     for (const Frame& frame : frames) {
@@ -112,12 +112,12 @@ protected:
 };
 
 TEST_F(LayoutSettings, AreInTheGuideForEveryLayoutOfTheTool) {
-    std::vector<std::string> told, known;
+    std::vector<std::string> listed, known;
     for (const auto& row : guide)
-        told.push_back(row.first);
+        listed.push_back(row.first);
     for (const auto& layout : layouts)
         known.push_back(layout.first);
-    EXPECT_EQ(told, known);
+    EXPECT_EQ(listed, known);
     for (const auto& [name, advice] : guide)
         EXPECT_EQ(advice.example, Notation(Example(name).bytes)) << name;
 }
@@ -142,7 +142,7 @@ TEST_F(LayoutSettings, AreTheBestOfAllThatCanBeSaved) {
     }
 }
 
-TEST_F(LayoutSettings, NeverShowAWrongWeightAndReadAsOftenAsTheGuideSays) {
+TEST_F(LayoutSettings, NeverShowAWrongWeightAndReadAsOftenAsInTheGuide) {
     for (const auto& [name, frames] : layouts) {
         const Advice& advice = guide.at(name);
         if (!advice.usable)
@@ -158,7 +158,7 @@ TEST_F(LayoutSettings, NeverShowAWrongWeightAndReadAsOftenAsTheGuideSays) {
     }
 }
 
-/// What the looks at such frames show, wherever they begin.
+/// The results of reads of such frames, from every position.
 std::set<std::string> ShownOf(const std::string& frame, const Settings& settings) {
     std::set<std::string> shown;
     LookEverywhere({.bytes = frame}, liveLook, [&](std::string_view look) {
@@ -201,7 +201,7 @@ TEST_F(LayoutSettings, ReadTheDigitsThatAWrongParityLeaves) {
               Shown{});
 }
 
-TEST_F(LayoutSettings, LookOnTheBenchAsTheGuideSays) {
+TEST_F(LayoutSettings, GiveTheResultsOfTheGuideOnTheBench) {
     for (const auto& [name, advice] : guide) {
         const Settings settings = advice.usable ? Advised(advice) : Settings{"Right", 6, false};
         Count count;

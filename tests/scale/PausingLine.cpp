@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 using Duration = Bursts::Duration;
 using Time = Bursts::Time;
 
-/// The indicator's end: which bytes have come through by a given time.
+/// The indicator's side: the bytes that have arrived by a given time.
 class Sender {
 public:
     explicit Sender(const PausingLine& line)
@@ -53,7 +53,7 @@ private:
     std::size_t at_ = 0;
 };
 
-/// The station's end: an event loop with three kinds of events.
+/// The station's side: an event loop with three kinds of events.
 class Receiver {
 public:
     explicit Receiver(const PausingLine& line)

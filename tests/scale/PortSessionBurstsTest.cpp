@@ -1,4 +1,4 @@
-// An indicator that pauses between its frames, on a real line; only the clock is the test's.
+// An indicator that pauses between its frames, on a real line; only the clock is simulated.
 
 #include "scale/SettingBench.h"
 #include "scale/WeighingScreen.h"
@@ -30,8 +30,8 @@ constexpr std::string_view frame = "+012540 kg\r\n";
 
 class PortSessionBursts : public PortSessionTest {
 protected:
-    /// Everything that is shown while frames come in, with ticks in the middle of each at every
-    /// place and in the pauses.
+    /// All readings that are shown while frames arrive, with a tick at every position of a frame
+    /// and in the pauses.
     std::set<std::string> ShownOf(std::set<int> wholeBursts) {
         PausingPort port(std::move(wholeBursts));
         screen.CM.SetPortOpen(true);
@@ -51,18 +51,18 @@ protected:
     }
 };
 
-TEST_F(PortSessionBursts, ShowWholeWeightsOnlyWhereverTheTicksFall) {
-    EXPECT_EQ(ShownOf({1}), (std::set<std::string>{"777", "12540"})) << "777 was there before";
+TEST_F(PortSessionBursts, ShowOnlyWholeWeightsForAnyTimingOfTheTicks) {
+    EXPECT_EQ(ShownOf({1}), (std::set<std::string>{"777", "12540"})) << "777 was shown before";
 }
 
-TEST_F(PortSessionBursts, ShowCutWeightsWhereThePortIsReadAsItComes) {
+TEST_F(PortSessionBursts, ShowCutWeightsIfThePortIsNotReadInBursts) {
     EXPECT_EQ(ShownOf({2}), (std::set<std::string>{"1", "12", "125", "1254", "12540", "2540", "540",
                                                    "40", "777"}));
 }
 
 class FrmPortSettingsBursts : public SettingBench {};
 
-TEST_F(FrmPortSettingsBursts, AreTriedOutThreeAtATime) {
+TEST_F(FrmPortSettingsBursts, AreTestedThreeAtATime) {
     PausingPort port({1});
     ShowWithOpenPort();
     screen.CboDirection.SetText("Right");
@@ -79,7 +79,7 @@ TEST_F(FrmPortSettingsBursts, AreTriedOutThreeAtATime) {
     EXPECT_EQ(TryOut(""), "/0");
 }
 
-TEST_F(FrmPortSettingsBursts, FillTheRawTextWithWholeOnes) {
+TEST_F(FrmPortSettingsBursts, FillTheRawTextWithWholeBursts) {
     PausingPort port({1});
     ShowWithOpenPort();
     for (int burst = 0; burst < 3; ++burst) {

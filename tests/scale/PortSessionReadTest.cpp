@@ -21,7 +21,7 @@ constexpr const char* frames = "+001250 kg\r\n+001250 kg\r\n+001250 kg\r\n+0012"
 struct PortSessionRead : PortSessionTest {
     PortSessionRead() { screen.CM.SetPortOpen(true); }
 
-    /// One look under these settings; "777" is the former reading.
+    /// One read with these settings; "777" is the former reading.
     std::string LookWith(const Rows& rows) {
         Store(rows);
         screen.TxtWeight.SetText("777");
@@ -49,7 +49,7 @@ TEST_F(PortSessionRead, KeepsTheReadingIfTheDecodingGivesNone) {
 
 TEST_F(PortSessionRead, ReadsNoSettingWhileTheLineIsSilent) {
     Store({});
-    EXPECT_EQ(Look(""), "777") << "and no box";
+    EXPECT_EQ(Look(""), "777") << "and no box is shown";
 }
 
 TEST_F(PortSessionRead, LengthZeroNeverChangesTheReading) {
@@ -73,7 +73,7 @@ TEST_F(PortSessionRead, DoesNotCutUnlessThereIsOneDirection) {
         EXPECT_EQ(Look("1 7 1"), "7");
         std::erase_if(rows, [](const auto& row) { return row.first == "DataLength"; });
         Store(rows);
-        EXPECT_EQ(Look("1 8 1"), "8") << "the length is not asked for";
+        EXPECT_EQ(Look("1 8 1"), "8") << "the length is not read";
     }
 }
 

@@ -9,7 +9,7 @@
 
 namespace Quillane::Testing {
 
-/// A station's database with what a test wants in its table `PortSettings`.
+/// A station's database whose table `PortSettings` has the rows of a test.
 class PortSettingsDatabase : public StationDatabase {
 public:
     using Settings = std::vector<std::pair<std::string, std::string>>;

@@ -10,8 +10,8 @@
 
 namespace Quillane::Testing {
 
-/// A station's database, an indicator on port 1 (there is no port 2), and the setting screen, still
-/// to be shown.
+/// A station's database, an indicator on port 1 (there is no port 2), and the setting screen, not
+/// shown yet.
 class SettingBench : public testing::Test {
 protected:
     SettingBench() {
@@ -31,7 +31,7 @@ protected:
         screen.CmdOpenPort.Click();
         ASSERT_TRUE(screen.CM.PortOpen());
     }
-    /// What one tick of the try-out makes of these bytes: "not modified/modified".
+    /// The result of one tick of the test for these bytes: "not modified/modified".
     std::string TryOut(std::string_view bytes) {
         terminal.Write(bytes);
         screen.ReadTestWeight();

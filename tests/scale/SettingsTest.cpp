@@ -53,7 +53,7 @@ TEST(UpdateStatement, PutsTheValueInUnchanged) {
               "Update PortSettings set RegistryValue='o'clock' where registrykey = 'IsReversed'");
 }
 
-TEST(SettingFilters, AreSpelledAsTheyAlwaysWere) {
+TEST(SettingFilters, KeepTheirSpelling) {
     EXPECT_EQ(PortNameSetting.filter, "RegistryKey = 'PortName'");
     EXPECT_EQ(LineSetting.filter, "RegistryKey = 'PortSettings'");
     EXPECT_EQ(DirectionSetting.filter, "Registrykey = 'DataDirection'");
@@ -162,7 +162,7 @@ TEST_F(SettingsTest, FirstOfSeveralLengthsAndReversalsIsUsed) {
 }
 
 TEST_F(SettingsTest, AreReadInTheOrderDirectionLengthReversal) {
-    // Both are wrong; the one that is read first is the one that fails.
+    // Both values are invalid; the one that is read first fails.
     auto wrong = PortSettingsDatabase::Without("DataLength");
     wrong.back().second = "yes";
     EXPECT_EQ(FailureNumberOf([&] { ReadFrom(wrong); }), 3021);

@@ -14,7 +14,7 @@
 
 namespace Quillane::Testing {
 
-/// As much of a screen as a reading needs.
+/// The parts of a screen that a reading needs.
 struct WeighingScreen : Screen {
     WeighingScreen() : Screen("FrmWeighing", "Weighing") {
         Timer.Tick = [this] {
@@ -48,7 +48,7 @@ protected:
         database.Load(screen.PortSettingsRows);
     }
 
-    /// What one look at these bytes shows.
+    /// The text that one read of these bytes shows.
     std::string Look(std::string_view bytes) {
         terminal.Write(bytes);
         screen.Session.ReadLiveWeight();

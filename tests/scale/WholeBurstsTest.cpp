@@ -1,6 +1,6 @@
-// What is read of an indicator that pauses between its frames: in simulated time, from every place
-// of a frame and its pause at which the port can be opened, and at the rates in use. The guide to
-// indicators is held to the outcome.
+// The readings of an indicator that pauses between its frames, in simulated time. The port is
+// opened at every position of a frame and its pause, at all rates in use. The results must agree
+// with the guide to indicators.
 
 #include "scale/IndicatorGuide.h"
 #include "scale/PausingLine.h"
@@ -23,7 +23,7 @@ using Testing::WrongOfPauses;
 
 const LiveReading usual{"Right", 6, false};
 
-/// All readings of runs that start everywhere, so far apart.
+/// All readings of runs that start at all positions, at this distance.
 Readings ReadFromEverywhere(PausingLine line, PausingLine::Duration step,
                             const LiveReading& settings = usual, double weight = 12540) {
     const auto frame = static_cast<int>(line.frame.size()) * PausingLine::Duration(10s) / line.rate;
@@ -33,7 +33,7 @@ Readings ReadFromEverywhere(PausingLine line, PausingLine::Duration step,
     return readings;
 }
 
-/// A line of the table of counts, which this program prints.
+/// A line of the table of counts that this program prints.
 void Print(const PausingLine& line, const Readings& readings) {
     std::printf("%5d bit/s, pause %4d ms, %s: %8d readings, %7d wrong, %5.2f %%\n", line.rate,
                 static_cast<int>(std::chrono::round<std::chrono::milliseconds>(line.pause).count()),
@@ -68,11 +68,11 @@ TEST_P(WholeBursts, ShowNoCutWeightThroughAnAdapterThatCollectsBytes) {
     ExpectNoneWrong({.adapter = 16ms});
 }
 
-TEST_P(WholeBursts, ShowNoCutWeightWhereTheStationIsBusyBetweenItsLooks) {
+TEST_P(WholeBursts, ShowNoCutWeightIfTheStationIsBusyBetweenItsReads) {
     ExpectNoneWrong({.adapter = 16ms, .busyAtMost = 250ms});
 }
 
-TEST_P(WholeBursts, AreNeededAsOftenAsTheGuideSays) {
+TEST_P(WholeBursts, AreNeededAsOftenAsInTheGuide) {
     for (const auto& [pause, wrong] : WrongOfPauses()) {
         const PausingLine line{.rate = GetParam(), .pause = pause, .leastBursts = 0, .time = 30s};
         const Readings readings = ReadFromEverywhere(line, 1ms);
@@ -101,7 +101,7 @@ TEST(WholeBurstsOfLayouts, AreReadWithTheSettingsOfTheGuide) {
     }
 }
 
-// The bench reads a number only where a third one follows.
+// The bench reads a number only if a third run follows.
 TEST(WholeBurstsOnTheBench, AreThreeAtATimeSoThatANumberIsShown) {
     const auto shown = [](int leastBursts) {
         int right = 0, all = 0;

@@ -10,13 +10,13 @@
 
 namespace Quillane::Testing {
 
-/// An arrival search on the sample rows, shown beside no other screen.
+/// An arrival search on the sample rows, without another screen.
 class ArrivalSearch : public SearchTest {
 protected:
     void Open() {
         screen = std::make_unique<SchArrivals>();
         screen->Show();
-        // Parts of a date are typed into by one who has the window.
+        // Typing the parts of a date requires an active window.
         ASSERT_TRUE(WaitFor([&] { return screen->isActiveWindow(); }));
         Sent();
     }
@@ -26,7 +26,7 @@ protected:
     /// The ids listed, from the top.
     Lines Ids() { return FirstCells(screen->GrdSch); }
 
-    /// Replaces the text of the name filter, key by key; the focus is then there.
+    /// Replaces the text of the name filter, key by key. The filter then has the focus.
     void EnterName(std::string_view name) {
         screen->TxtFilter.SetFocus();
         if (!screen->TxtFilter.Text().empty())

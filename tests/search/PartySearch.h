@@ -10,7 +10,7 @@
 
 namespace Quillane::Testing {
 
-/// A party search on the sample rows, shown beside no other screen.
+/// A party search on the sample rows, without another screen.
 class PartySearch : public SearchTest {
 protected:
     void Open() {
@@ -23,14 +23,16 @@ protected:
 
     /// The ids listed, from the top.
     Lines Ids() { return FirstCells(screen->Grid); }
-    /// The id of the current line; empty where there is none.
+    /// The id of the current line; empty if there is none.
     std::string CurrentId() {
-        const std::string told = CurrentLine(screen->Grid);
+        const std::string description = CurrentLine(screen->Grid);
         const std::string caption = "Party ID ";
-        return told.empty() ? told : told.substr(caption.size(), told.find(',') - caption.size());
+        return description.empty()
+                   ? description
+                   : description.substr(caption.size(), description.find(',') - caption.size());
     }
 
-    /// Replaces the text of a box, key by key; the focus is then there.
+    /// Replaces the text of a box, key by key. The box then has the focus.
     void Enter(TextBox& box, std::string_view text) {
         box.SetFocus();
         if (!box.Text().empty())

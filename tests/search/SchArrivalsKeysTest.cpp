@@ -1,4 +1,4 @@
-// The keys of the arrival search, how it is left and what it hands back.
+// The keys of the arrival search, the ways to close it, and its result.
 
 #include "platform/forms/core/KeyCodes.h"
 #include "search/ArrivalSearch.h"
@@ -20,7 +20,7 @@ TEST_F(SchArrivalsKeys, TabOrderIsTextsListButtonsDates) {
     }
     EXPECT_EQ(visited, (Lines{"TxtFilterId", "TxtFilter", "GrdSch", "BtnSelect", "BtnClose",
                               "DtpFromDate", "DtpToDate", "TxtFilterId"}));
-    EXPECT_EQ(Sent(), Lines{}) << "moving about sends nothing";
+    EXPECT_EQ(Sent(), Lines{}) << "moving the focus sends nothing";
 }
 
 TEST_F(SchArrivalsKeys, EnterMovesToTheNextBox) {
@@ -150,7 +150,8 @@ TEST_F(SchArrivalsKeys, EscClosesAnOpenCalendarFirst) {
     Driver().Press(Qt::Key_Right).Press(Qt::Key_Escape);
     EXPECT_FALSE(edit.calendarWidget()->isVisible());
     ASSERT_TRUE(screen->IsLoaded());
-    EXPECT_EQ(Sent(), (Lines{Statement("", "2025-11-21"), Statement()})) << "the day is back";
+    EXPECT_EQ(Sent(), (Lines{Statement("", "2025-11-21"), Statement()}))
+        << "the former day is restored";
     Driver().Press(Qt::Key_Escape);
     EXPECT_FALSE(screen->IsLoaded());
 }

@@ -1,4 +1,4 @@
-// The filters of the arrival search, what they send and what the list then shows.
+// The filters of the arrival search, their statements, and the rows in the list.
 
 #include "search/SchArrivals.h"
 
@@ -158,7 +158,7 @@ TEST_F(SchArrivalsTest, ApostropheIsReportedAtEachChangeUntilItIsRemoved) {
     screen->TxtFilter.SetFocus();
     Driver().Press(Qt::Key_End).Press(Qt::Key_Backspace).Press(Qt::Key_Backspace);
     EXPECT_EQ(screen->TxtFilter.Text(), "noor");
-    EXPECT_EQ(Ids(), Lines{"1040"}) << "the text is mended";
+    EXPECT_EQ(Ids(), Lines{"1040"}) << "the text is correct again";
 }
 
 TEST_F(SchArrivalsTest, SecondStatementInTheNameIsNotRun) {

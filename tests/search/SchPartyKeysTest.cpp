@@ -1,4 +1,4 @@
-// The keys of the party search, how it is left and what it hands back.
+// The keys of the party search, the ways to close it, and its result.
 
 #include "search/PartySearch.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class SchPartyKeys : public PartySearch {
 protected:
-    /// Gives a table the rows that it has without the bounds that it has, and changes them.
+    /// Replaces a table by a copy without its constraints, and changes the rows.
     void ChangeUnbound(const std::string& table, std::string_view change) {
         database.Loosen(table);
         Run(change);

@@ -1,4 +1,4 @@
-// The filters of the party search, what they send and what the list then shows.
+// The filters of the party search, their statements, and the rows in the list.
 
 #include "search/PartySearch.h"
 
@@ -19,7 +19,7 @@ TEST_F(SchPartyTest, OpensWithTheWholeBranchInOneStatement) {
     EXPECT_EQ(search.TxtFilter.Text(), "");
     EXPECT_EQ(search.TxtFilterId.Text(), "");
     EXPECT_EQ(search.ActiveControlName(), "TxtFilter");
-    EXPECT_EQ(search.Grid.Rows(), 38) << "every party of the branch that has a city";
+    EXPECT_EQ(search.Grid.Rows(), 38) << "every party of the branch with a city";
 }
 
 TEST_F(SchPartyTest, ListsOnlyAccountsThatBeginWith6) {
@@ -84,7 +84,7 @@ TEST_F(SchPartyTest, ApostropheIsReportedAtEachChangeUntilItIsRemoved) {
     Driver().Type("'x");
     EXPECT_EQ(answers.Remaining(), 0U);
     EXPECT_EQ(Sent(), (Lines{Named("sit'"), Named("sit'x")}));
-    EXPECT_EQ(Ids(), Lines{"6010014"}) << "the parties listed before stay";
+    EXPECT_EQ(Ids(), Lines{"6010014"}) << "the previous parties are still listed";
     answers.Expect(DatabaseFailure(OpenQuote));
     screen->TxtFilter.SetFocus();
     Driver().Press(Qt::Key_Backspace).Press(Qt::Key_Backspace);
@@ -148,7 +148,7 @@ TEST_F(SchPartyTest, EmptyIdMovesToTheFirstLine) {
     EXPECT_EQ(CurrentId(), first);
     Enter(screen->TxtFilterId, "6010014");
     Enter(screen->TxtFilterId, "   ");
-    EXPECT_EQ(CurrentId(), first) << "blanks are no id";
+    EXPECT_EQ(CurrentId(), first) << "blanks are not an id";
 }
 
 TEST_F(SchPartyTest, BlanksAroundAnIdAreCompared) {
@@ -199,7 +199,7 @@ TEST_F(SchPartyTest, IdIsSearchedOnlyInTheList) {
     Open();
     Enter(screen->TxtFilter, "noor");
     Enter(screen->TxtFilterId, "6010014");
-    EXPECT_EQ(CurrentId(), "6010019") << "the last of those listed";
+    EXPECT_EQ(CurrentId(), "6010019") << "the last listed party";
     EXPECT_EQ(Ids(), (Lines{"6010004", "6010019"}));
 }
 
@@ -241,7 +241,7 @@ TEST_F(SchPartyTest, SelectionIsClearedAfterTheListIsFilled) {
     BoxAnswers answers;
     answers.Expect(DatabaseFailure(EngineWords("no such table: Cities")));
     screen->Show();
-    EXPECT_EQ(Selected().front(), "6010014") << "the load ended at the list";
+    EXPECT_EQ(Selected().front(), "6010014") << "the loading ended at the list";
     screen->Unload();
     database.Rename("Towns", "Cities");
     screen->Show();

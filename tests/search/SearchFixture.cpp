@@ -61,9 +61,9 @@ Lines FirstCells(SSOleDBGrid& grid) {
     Lines cells;
     grid.MoveFirst();
     for (int line = 0; line < grid.Rows(); ++line) {
-        const std::string told = CurrentLine(grid);
+        const std::string description = CurrentLine(grid);
         const std::size_t caption = grid.Name() == "GrdSch" ? sizeof "ID" : sizeof "Party ID";
-        cells.push_back(told.substr(caption, told.find(',') - caption));
+        cells.push_back(description.substr(caption, description.find(',') - caption));
         grid.HandleKey(Key::Down, 0);
     }
     grid.MoveFirst();

@@ -1,4 +1,4 @@
-// What the two screens say and how they look.
+// The texts and the appearance of the two searches.
 
 #include "search/ArrivalSearch.h"
 #include "search/PartySearch.h"
@@ -44,7 +44,7 @@ bool HasMinimizeOrMaximize(const QWidget& screen) {
     return screen.windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
 }
 
-/// Everything of the screen is on the display, and no control reaches beyond the screen.
+/// Everything on the screen is visible on the display, and no control extends beyond the screen.
 void ExpectAllInView(Screen& screen) {
     EXPECT_TRUE(screen.screen()->availableGeometry().contains(screen.geometry()));
     for (Control* control : screen.Controls()) {
@@ -54,7 +54,7 @@ void ExpectAllInView(Screen& screen) {
     }
 }
 
-/// Whether a line of the grid is filled with this colour, looked for right of all text.
+/// True if a line of the grid is filled with this colour, at a point to the right of all text.
 bool HasLineIn(SSOleDBGrid& grid, const QColor& colour) {
     const QImage image = grid.Widget().grab().toImage();
     const int x = image.width() - 40;

@@ -136,7 +136,7 @@ void CountingRelay::Run() {
 }
 
 std::string StatementOfTdsRequest(std::string_view request) {
-    // Each packet of a request says its length behind its kind and state.
+    // Each packet of a request has its length after its kind and state.
     constexpr std::size_t heading = 8;
     std::string bytes;
     while (request.size() > heading) {

@@ -24,7 +24,7 @@ public:
     /// A connection string for this database; `more` is appended.
     std::string ConnectionString(std::string_view database, std::string_view more = {}) const;
 
-    /// Ends the server at once, as a power cut would, and returns when its process has ended.
+    /// Ends the server like a power failure, and returns when its process has ended.
     void Kill() const;
     /// Its connection string changes.
     void StartAgain();

@@ -32,7 +32,7 @@ std::string Quoted(const std::filesystem::path& path) {
 TdsServer::TdsServer() {
     std::string pattern = (std::filesystem::temp_directory_path() / "quillane-tds-XXXXXX").string();
     if (!mkdtemp(pattern.data()))
-        throw std::runtime_error("no folder for the server of the wire");
+        throw std::runtime_error("no folder for the test server");
     folder_ = pattern;
     const std::string command = Quoted(QUILLANE_TEST_FOLDER "/servers/tds-server") + " " +
                                 Quoted(folder_ / "port") + " " + Quoted(folder_ / "log") + " " +
@@ -46,7 +46,7 @@ TdsServer::TdsServer() {
         runs = std::chrono::steady_clock::now() < deadline;
     }
     if (port_.empty())
-        throw std::runtime_error("the server of the wire does not start");
+        throw std::runtime_error("the test server does not start");
 }
 
 TdsServer::~TdsServer() {

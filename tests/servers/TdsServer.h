@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// A server that speaks the protocol of SQL Server to FreeTDS but has no database: the script
+/// A server that uses the protocol of SQL Server with FreeTDS but has no database: the script
 /// tds-server lists the answer for each text that a statement may contain. The destructor, or the
 /// end of the process, ends it.
 class TdsServer {

@@ -201,9 +201,9 @@ TEST(CreateEmbeddedDatabase, AcceptsAnyTextForTheParticulars) {
 
 TEST(CreateEmbeddedDatabase, DoesNotChangeAnExistingFile) {
     const FreshFolder folder;
-    folder.Write("Account1.db", "not to be lost");
+    folder.Write("Account1.db", "must not be lost");
     EXPECT_THROW(CreateEmbeddedDatabase(folder.File("Account1.db"), SampleParticulars()), Failure);
-    EXPECT_EQ(folder.Read("Account1.db"), "not to be lost");
+    EXPECT_EQ(folder.Read("Account1.db"), "must not be lost");
     EXPECT_FALSE(folder.Has("Account1.db.new"));
 }
 
@@ -216,7 +216,7 @@ TEST(CreateEmbeddedDatabase, ReplacesTheFileOfAnInterruptedSetUp) {
               EmbeddedDatabase::Kind::OfStations);
 }
 
-// The engine would play the journal of the database that was there into the new one.
+// The engine would apply the journal of the former database to the new one.
 TEST(CreateEmbeddedDatabase, RefusesTheJournalOfAnEarlierDatabase) {
     for (const char* journal : {"Account1.db-wal", "Account1.db-journal"}) {
         const FreshFolder folder;

@@ -1,4 +1,4 @@
-// Databases of older programs, brought up to date by this one.
+// Databases of older programs, upgraded by this one.
 
 #include "platform/ado/Connection.h"
 #include "platform/runtime/Failure.h"
@@ -56,7 +56,7 @@ protected:
         connection.SetEmbeddedSupport({.folder = folder.path, .registerFunctions = {}});
         connection.Open("Server=(embedded);Database=Account1");
     }
-    /// Statements in another session.
+    /// Runs statements in another session.
     void RunElsewhere(const std::string& statements) const {
         sqlite3* session = nullptr;
         ASSERT_EQ(sqlite3_open(folder.File("Account1.db").c_str(), &session), SQLITE_OK);
@@ -74,7 +74,7 @@ protected:
         }
         return rows;
     }
-    /// Every row of every table but the one of the number.
+    /// Every row of every table except the one with the version.
     std::map<std::string, Rows> Contents() {
         std::map<std::string, Rows> contents;
         for (const std::string& table :
@@ -136,7 +136,7 @@ TEST_F(DatabaseOfVersion1, BeginsWithOneWithoutBagLines) {
     EXPECT_EQ(NumberOfANewLine(station), "2|");
 }
 
-// Also a station of the older program, which goes on meanwhile.
+// The same for a station with the older program that is running during the upgrade.
 TEST_F(DatabaseOfVersion1, ReusesNoNumberInASessionThatWasOpenBefore) {
     Connection other;
     Open(other);

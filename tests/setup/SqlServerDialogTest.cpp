@@ -28,7 +28,7 @@ Box Told(const std::string& text) {
             .buttons = BoxButtons::Ok};
 }
 
-/// Without a server.
+/// Tests that need no server.
 class SqlServerDialogTest : public testing::Test {
 protected:
     void SetUp() override { TheStation() = StationFile(); }
@@ -157,9 +157,9 @@ TEST_F(SqlServerDialogTest, ReportsWhyTheServerIsNotReachedAndDoesNotChooseIt) {
         driver.Press(Qt::Key_Return);
         EXPECT_EQ(dialog.Answer().substr(0, answer.size()), answer);
         dialog.TxtServer.SetText("localhost");
-        EXPECT_EQ(dialog.Answer(), "") << "the answer was to other entries";
+        EXPECT_EQ(dialog.Answer(), "") << "the answer was for other entries";
         driver.Press(Qt::ALT | Qt::Key_U);
-        EXPECT_TRUE(dialog.IsLoaded()) << "what does not work cannot be taken";
+        EXPECT_TRUE(dialog.IsLoaded()) << "a server that does not work cannot be chosen";
         driver.Press(Qt::Key_Escape);
     });
     EXPECT_FALSE(dialog.IsChosen);

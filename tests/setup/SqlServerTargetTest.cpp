@@ -169,7 +169,7 @@ TEST(FaultOf, AllowsForTheWindowsDriverWhatFreeTdsCannotRead) {
     EXPECT_FALSE(FaultOf(target, SqlServerDriver::Windows));
 }
 
-// The port is written with a comma there, so the line is in quotes.
+// On Windows the port is written with a comma, so the line is in quotes.
 TEST(FaultOf, RefusesAQuoteForTheWindowsDriver) {
     SqlServerTarget target = SomeTarget();
     target.password = "a\"b";

@@ -31,7 +31,7 @@ TEST_F(StationSetup, WritesTheDatabaseTheNameAndTheConfigFile) {
     EXPECT_EQ(TheStation().CompanyNames[1], "Veltrane Flour Mills");
 }
 
-// The one holds the users' hashes, the other may hold a password.
+// The database contains the users' hashes, and the other file may contain a password.
 TEST_F(StationSetup, RestrictsTheDatabaseAndTheConfigFileToOwnerAndGroup) {
     const mode_t before = ::umask(0);
     SetUpStation(folder.path, SampleParticulars());

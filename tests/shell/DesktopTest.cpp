@@ -170,7 +170,7 @@ TEST_F(StartScreen, EachChoiceIsStored) {
 
 TEST_F(StartScreen, DamagedSettingsEndTheProcess) {
     StorePaper("WhitePaper");
-    std::ofstream(SettingsFile("Riobrepiona")) << "rubbish";
+    std::ofstream(SettingsFile("Riobrepiona")) << "invalid text";
     boxes.Expect(
         Critical("The settings file " + SettingsFile("Riobrepiona") +
                      " is damaged. Rename it; the program then starts with the default choices.",
@@ -223,7 +223,7 @@ TEST_F(StartScreen, AnotherUserCanSignIn) {
     EXPECT_TRUE(texts.contains("Signed in: gate"));
 }
 
-// In the reverse order of the start.
+// The start does this in the reverse order.
 TEST_F(StartScreen, ConnectionIsSetAfterTheNewSignIn) {
     CreateEmbeddedDatabase(settings_ + "/Account2.db", {.companyName = "Other",
                                                         .companyAddress = "",

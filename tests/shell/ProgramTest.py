@@ -1,4 +1,4 @@
-"""The program as it is built: what it answers without a display, and what it refuses."""
+"""The built program: its output without a display, and the arguments that it refuses."""
 
 import os
 import subprocess
@@ -10,7 +10,7 @@ VERSION = os.environ["QUILLANE_VERSION"]
 
 
 def run(*arguments, **variables):
-    """Runs the program without a display, in an environment of these variables alone."""
+    """Runs the program without a display, with only these environment variables."""
     with tempfile.TemporaryDirectory() as home:
         environment = {"PATH": os.environ["PATH"], "HOME": home, **variables}
         return subprocess.run([PROGRAM, *arguments], env=environment, stdin=subprocess.DEVNULL,

@@ -45,7 +45,7 @@ protected:
         ::unsetenv("XDG_CONFIG_HOME");
     }
 
-    /// Of the connection string to the test's own database, with the right to do anything.
+    /// An entry of the connection string to the test's database, which gives the owner's rights.
     std::string Part(const std::string& key) const {
         const std::string text = ";" + database_->ConnectionString() + ";";
         const std::size_t begin = text.find(";" + key + "=") + key.size() + 2;
@@ -62,7 +62,7 @@ protected:
     std::string Ask(const std::string& query) {
         return Owner().Execute(query).Fields(0).TextOrEmpty();
     }
-    /// What Config.ini holds for a database, a user and a password.
+    /// The contents of Config.ini for a database, a user and a password.
     std::string Fragment(const std::string& name, const std::string& user,
                          const std::string& password) const {
         return "Server=" + Part("Server") + ";Port=" + Part("Port") + ";Database=" + name +
@@ -77,7 +77,7 @@ private:
     std::unique_ptr<Connection> owner_;
 };
 
-/// Takes note of every box and answers it: what a server says need not be the same everywhere.
+/// Records every box and answers it: the messages of a server are not the same everywhere.
 class BoxNotes {
 public:
     BoxNotes() {

@@ -33,7 +33,8 @@ TEST(PasswordHash, TextThatIsNotAHashMatchesNothing) {
         EXPECT_FALSE(PasswordMatches(text, "grain"));
 }
 
-/// Leaves the process hardly more memory than it has, and ends it with what the act says.
+/// Limits the process to little more memory than it uses, and ends it with the message of the
+/// action.
 template <typename Act>
 [[noreturn]] void EndInWordsWithoutMemory(const Act& act) {
     const std::string hash = HashPassword("grain", HashCost::Minimum);
@@ -62,7 +63,7 @@ bool IsSanitized() {
 
 TEST(PasswordHashDeathTest, TooLittleMemoryIsNotReportedAsAWrongPassword) {
     if (IsSanitized())
-        GTEST_SKIP() << "the sanitizer needs more memory than may be left";
+        GTEST_SKIP() << "the sanitizer needs more memory than the limit allows";
     const std::string hash = HashPassword("grain");
     const char* words =
         "There is not enough memory to check the password. Close other programs and try again.$";

@@ -51,7 +51,7 @@ TEST_F(SignInDialogTest, EnterMovesToThePasswordAndThenSignsIn) {
     EXPECT_EQ(login.UserLevel(), 1);
 }
 
-/// The station's file and folder, as they were afterwards.
+/// The station's file and folder, as the test has left them.
 class OldBackup {
 public:
     explicit OldBackup(const std::string& folder) {
@@ -80,7 +80,7 @@ TEST_F(SignInDialogTest, OldBackupIsReportedWithoutAStatement) {
         }
         EXPECT_TRUE(statements.empty());
         driver.Press(Qt::Key_Tab).Press(Qt::Key_Tab).Press(Qt::Key_Tab).Press(Qt::Key_Tab);
-        EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName") << "no further tab stop";
+        EXPECT_EQ(dialog.ActiveControlName(), "TxtUserName") << "no other tab stop";
         driver.Press(Qt::Key_Escape);
     });
 }

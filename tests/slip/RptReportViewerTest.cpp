@@ -74,7 +74,7 @@ TEST_F(RptReportViewerTest, OpensWithNetWeightAndMoundsInView) {
         for (const ReportObject& object : section.Objects)
             if (object.ShowAtOpening)
                 shown.push_back(object.field.name + std::to_string(object.field.parameter));
-    // Each in its size for one weighing and for two.
+    // Each with its font size for one weighing and for two.
     EXPECT_EQ(shown, (std::vector<std::string>{"Net0", "Net0", "5", "5"}));
 }
 

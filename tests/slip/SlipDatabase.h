@@ -39,7 +39,7 @@ public:
             AddLine(arrival, {.bagsClass = 1 + line % 2, .bagsType = 1 + line % 3});
     }
 
-    /// Runs a statement, given in pieces.
+    /// Runs a statement whose parts are the arguments.
     template <typename... Pieces>
     void Run(const Pieces&... pieces) {
         RunPieces(connection, pieces...);

@@ -46,7 +46,7 @@ TEST_F(SlipPages, AfterTheFirstShowPartyVehicleDateAndArrival) {
               ObjectOfText(pages[1], "Bag class")->bounds.top());
 }
 
-/// The heading of further pages has no height on the first page.
+/// The heading of the following pages has no height on the first page.
 TEST_F(SlipPages, HaveNoGapAboveTheFirstTable) {
     const auto page = Pages(1042).at(0);
     double above = 0;

@@ -8,7 +8,7 @@
 
 namespace Quillane {
 
-/// Runs a statement, given in pieces. Numbers keep all their digits.
+/// Runs a statement whose parts are the arguments. Numbers keep all their digits.
 template <typename... Pieces>
 void RunPieces(Connection& connection, const Pieces&... pieces) {
     std::ostringstream statement;
@@ -32,7 +32,7 @@ struct LineRow {
     std::string bilty = "B-7781";
 };
 
-/// Stores the header of an arrival of a day, such as 2026-11-20.
+/// Stores the header of an arrival on a day, such as 2026-11-20.
 inline void StoreArrival(Connection& connection, int number, std::string_view day, int commodity,
                          std::string_view party) {
     RunPieces(connection,

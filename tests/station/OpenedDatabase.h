@@ -9,8 +9,8 @@
 
 namespace Quillane {
 
-/// `Con`, open on a database of its own: the station's schema without sample rows, where account
-/// 601 is a supplier in a city, 602 one whose account is not editable, 603 a buyer without a city
+/// `Con`, open on a new database with the station's schema and without sample rows. Account 601 is
+/// a supplier in a city, 602 a supplier whose account is not editable, 603 a buyer without a city,
 /// and 604 a broker.
 class OpenedDatabase : public StationDatabase {
 public:
@@ -24,7 +24,7 @@ public:
     }
     ~OpenedDatabase() { Con.reset(); }
 
-    /// Runs a statement unseen.
+    /// Runs a statement that is not recorded.
     void Run(std::string_view statement) {
         const auto seen = statements;
         Con->Execute(statement);

@@ -23,8 +23,8 @@ enum class StationEngine { Tested, Embedded };
 /// A new database of a station: a file Account1.db in a new folder, or a database on the SQL Server
 /// that tests/sqlserver.local names. Only one may exist at a time.
 ///
-/// On SQL Server one database serves all tests of a program: each test finds it emptied and set up
-/// again, or finds a new one if the test before has changed the schema.
+/// On SQL Server one database serves all tests of a program: for each test it is emptied and set up
+/// again, or replaced by a new one if the previous test has changed the schema.
 class StationDatabase {
 public:
     explicit StationDatabase(const NewDatabase& particulars = SampleParticulars(),
@@ -33,26 +33,26 @@ public:
     StationDatabase(const StationDatabase&) = delete;
     StationDatabase& operator=(const StationDatabase&) = delete;
 
-    /// What Config.ini holds.
+    /// The contents of Config.ini.
     std::string ConfigText() const;
-    /// Opens a station's connection on it.
+    /// Opens a station's connection to it.
     void Open(Connection& connection) const;
 
-    // In a session beside the station's own.
+    // In another session than the station's:
 
-    /// Statements, parted by semicolons.
+    /// Runs statements, separated by semicolons.
     void Run(const std::string& statements) const;
-    /// The rows of a query. A cell is Null, a number - whole where its value is whole - or a text;
-    /// a date is the text 2026-11-20T00:00:00.
+    /// The rows of a query. A cell is Null, a number (whole if its value is whole) or a text; a
+    /// date is the text 2026-11-20T00:00:00.
     using Row = std::vector<Value>;
     std::vector<Row> Rows(const std::string& query) const;
     /// Gives a table another name, so that statements do not find it.
     void Rename(const std::string& table, const std::string& name) const;
-    /// Leaves a table as it is, but that its columns may be Null and nothing ties it to others.
+    /// Keeps a table, but lets its columns be Null and removes its links to other tables.
     void Loosen(const std::string& table) const;
-    /// From now on this kind of write ("UPDATE") of a table is refused with a text. Where the
-    /// refusal ends the whole transaction, it is the engine that ends it. A condition on the row is
-    /// written with the column's name alone: "NoOfBags = 71".
+    /// From now on this kind of write ("UPDATE") of a table is refused with a text. If the refusal
+    /// also ends the transaction, the engine ends it. A condition on the row contains only the name
+    /// of a column: "NoOfBags = 71".
     struct Refusal {
         std::string write;
         std::string table;
@@ -63,9 +63,9 @@ public:
     void Refuse(const Refusal& refusal) const;
     void AcceptAgain() const;
 
-    FreshFolder folder; ///< a program's folder; empty but for the file of an embedded database
+    FreshFolder folder; ///< a program's folder; contains only the file of an embedded database
 
-    /// The session beside, as each engine has it.
+    /// The other session, for each engine.
     class Store;
 
 private:

@@ -17,7 +17,7 @@ Failure FailureOf(Action action) {
         return failure;
     }
     ADD_FAILURE() << "the action has not failed";
-    return {0, "no failure came"};
+    return {0, "no failure was thrown"};
 }
 
 template <typename Action>

@@ -18,8 +18,8 @@ namespace Quillane::Testing {
 bool WaitFor(const std::function<bool()>& condition,
              std::chrono::milliseconds deadline = std::chrono::seconds(5));
 
-/// Whether the display's server can send keys. A case that needs it has "OnDisplay" in the name of
-/// its suite, so that it is not registered off screen; started there by hand, it fails.
+/// True if the display server can send keys. A case that needs this has "OnDisplay" in the name of
+/// its suite, so that it is not registered off screen. If it is started there by hand, it fails.
 testing::AssertionResult HasDisplay();
 
 /// Operates a shown screen. Keys and clicks are sent like those of the window system, so popups

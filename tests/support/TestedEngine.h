@@ -9,8 +9,8 @@ namespace Quillane {
 /// QUILLANE_TEST_ENGINE=SqlServer, on SQL Server.
 bool OnSqlServer();
 
-/// The message of the embedded engine; on SQL Server a text that represents any message of the
-/// server.
+/// The message of the embedded engine. On SQL Server it is a text that represents any message of
+/// the server.
 std::string EngineWords(std::string_view embeddedWords);
 
 /// The text of a box or a statement for comparison. On SQL Server messages of the driver are

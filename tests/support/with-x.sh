@@ -1,10 +1,10 @@
 #!/bin/sh
-# Runs a command on an X server of its own, on a free display:
+# Runs a command on a new X server, on a free display:
 #
 #     with-x.sh [--wm] [--size 1280x800] command [argument...]
 #
-# With --wm the window manager openbox runs on it. The server and the window manager are stopped when
-# the command has ended, and its exit code is given back.
+# With --wm the window manager openbox runs on it. The server and the window manager are stopped
+# when the command has ended, and its exit code is returned.
 set -eu
 
 wm=no
@@ -36,7 +36,7 @@ wait_until() {
     until "$@" >/dev/null 2>&1; do
         tries=$((tries + 1))
         if [ "$tries" -gt 200 ]; then
-            echo "with-x.sh: gave up waiting: $*" >&2
+            echo "with-x.sh: the wait has timed out: $*" >&2
             cat "$folder"/*.log >&2
             exit 1
         fi
@@ -56,7 +56,7 @@ export DISPLAY
 if [ "$wm" = yes ]; then
     openbox --sm-disable >"$folder/manager.log" 2>&1 &
     manager=$!
-    # The manager owns this property of the root window as soon as it rules.
+    # The manager owns this property of the root window as soon as it is active.
     wait_until sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
 fi
 

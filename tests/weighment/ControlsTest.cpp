@@ -1,4 +1,4 @@
-// The screen as designed: its controls in their order, before anything is loaded.
+// The screen as designed: its controls in order, before anything is loaded.
 
 #include "platform/forms/core/Text.h"
 #include "weighment/FrmWeighment.h"
@@ -21,7 +21,7 @@ constexpr Colour Yellow = 0x00FFFF;
 
 enum class Side { Left, Right, Centre };
 
-/// A row of the table of controls; -1 is no place in the tab order.
+/// A row of the table of controls; -1 means that a control is not in the tab order.
 struct Row {
     const char* name;
     const char* typeName;
@@ -70,7 +70,7 @@ const Row Table[] = {
     {"CM", "MSComm"},
 };
 
-/// A text box as designed.
+/// The design of a text box.
 struct BoxRow {
     TextBox FrmWeighment::*box;
     int limit = 0;
@@ -122,7 +122,7 @@ TEST(Controls, AreDeclaredInTheOrderInWhichTheyAreCleared) {
     EXPECT_EQ(names, expected);
 }
 
-TEST(Controls, HaveTheirPlacesInTheTabOrderAndAreShownAndEnabledAsDesigned) {
+TEST(Controls, HaveTheirTabIndexesAndAreShownAndEnabledAsDesigned) {
     FrmWeighment screen;
     ASSERT_EQ(screen.Controls().size(), std::size(Table));
     for (std::size_t i = 0; i < std::size(Table); ++i) {
@@ -164,7 +164,7 @@ TEST(Controls, ShowTheReadingInYellowOnBlackAndTheResultsLarge) {
     }
 }
 
-TEST(Controls, CarryTheirCaptions) {
+TEST(Controls, HaveTheirCaptions) {
     FrmWeighment screen;
     EXPECT_EQ(FromQt(screen.windowTitle()), "Weighment for Veltrane");
     const std::pair<VisualControl*, const char*> captions[] = {
@@ -183,7 +183,7 @@ TEST(Controls, CarryTheirCaptions) {
         EXPECT_EQ(FromQt(dynamic_cast<QAbstractButton&>(control->Widget()).text()), caption);
 }
 
-TEST(Controls, HaveTheirCaptionsNextToThem) {
+TEST(Controls, HaveTheirLabelsNextToThem) {
     FrmWeighment screen;
     std::multiset<std::string> labels;
     for (const QLabel* label : screen.findChildren<QLabel*>())
@@ -227,7 +227,7 @@ TEST(Controls, ShowTheirShortcutsInToolTips) {
         EXPECT_NE(control->ToolTip().find(shortcut), std::string::npos) << control->Name();
 }
 
-TEST(Controls, HoldTheShortageInTheFrame) {
+TEST(Controls, HaveTheShortageInTheFrame) {
     FrmWeighment screen;
     EXPECT_EQ(screen.ControlOf(screen.TxtShortage.Widget().parentWidget()), &screen.FrminVisible);
 }

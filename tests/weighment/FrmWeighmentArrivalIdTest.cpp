@@ -1,4 +1,4 @@
-// The box of the arrival id: what its change and its validation do.
+// The box of the arrival id: its change handler and its validation.
 
 #include "weighment/WeighmentFixture.h"
 
@@ -18,7 +18,7 @@ const std::string Counting = "Select count(*) From Arrivals where ArrivalID = ";
 
 class FrmWeighmentArrivalId : public Testing::WeighmentScreenTest {
 protected:
-    /// What is done when the box is left with this text.
+    /// The trace when the box is left with this text.
     Lines Leaving(std::string_view text, const std::function<void()>& leave) {
         screen->TxtArrivalId.SetFocus();
         screen->TxtArrivalId.SetText(text);
@@ -97,13 +97,13 @@ TEST_F(FrmWeighmentArrivalId, FreeIdIsLeftWithoutAMessage) {
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
 }
 
-TEST_F(FrmWeighmentArrivalId, DisabledBoxOrClosedScreenLooksNothingUp) {
+TEST_F(FrmWeighmentArrivalId, DisabledBoxOrClosedScreenRunsNoLookUp) {
     EXPECT_EQ(Leaving("1040", [this] { screen->TxtArrivalId.SetEnabled(false); }), Lines{});
     screen->TxtArrivalId.SetEnabled(true);
     EXPECT_EQ(Leaving("1040", [this] { screen->Unload(); }), Lines{});
 }
 
-TEST_F(FrmWeighmentArrivalId, FailedLookUpIsReportedAndTheBoxIsLeft) {
+TEST_F(FrmWeighmentArrivalId, FailedLookUpIsReportedAndTheFocusMovesOn) {
     database.Rename("Arrivals", "Elsewhere");
     EXPECT_EQ(LeavingByTab("1040"), (Lines{"Validate TxtArrivalId", Counting + "1040",
                                            Testing::DatabaseBox("no such table: Arrivals")}));

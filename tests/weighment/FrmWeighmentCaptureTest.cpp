@@ -21,7 +21,7 @@ TEST_F(FrmWeighmentCapture, GrossButtonTakesTheReading) {
         (Lines{// The press moves the focus to the button.
                "Validate TxtArrivalId", "Select count(*) From Arrivals where ArrivalID = 1043",
                "LostFocus TxtArrivalId", "GotFocus CmdGrossWeight",
-               // The text, with the focus still on the button.
+               // The text is written while the focus is still on the button.
                "TxtInitialGrossWeight = '12540'", "Validate CmdGrossWeight",
                "LostFocus CmdGrossWeight", "GotFocus TxtInitialGrossWeight",
                "TxtInitialGrossWeight 0xC0FFFF",
@@ -43,10 +43,10 @@ TEST_F(FrmWeighmentCapture, TareButtonTakesTheReading) {
                 {"Validate CmdTareWeight", "LostFocus CmdTareWeight", "GotFocus TxtTareWeight",
                  "TxtTareWeight 0xC0FFFF", "TxtTareWeight = '4320'"},
                 computed,
-                // And the explicit call again.
+                // The change handler is called explicitly again.
                 computed,
                 {"Validate TxtTareWeight", "LostFocus TxtTareWeight", "GotFocus TxtVehicleNo"}}));
-    EXPECT_EQ(Enabled(), "iTg") << "the tare stays open";
+    EXPECT_EQ(Enabled(), "iTg") << "the tare stays enabled";
     EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
 }
 
@@ -68,7 +68,7 @@ TEST_F(FrmWeighmentCapture, GrossMayBeTakenBeforeTheTare) {
     EXPECT_EQ(Figures(), "8220 / 8220 / 205-20");
 }
 
-// The capture leaves its box closed; the next one opens it again.
+// The capture disables its box again; the next one enables it.
 TEST_F(FrmWeighmentCapture, SecondGrossReplacesTheFirst) {
     Capturing(screen->CmdGrossWeight, "12540");
     ASSERT_FALSE(screen->TxtInitialGrossWeight.Enabled());
@@ -83,7 +83,7 @@ TEST_F(FrmWeighmentCapture, SecondGrossReplacesTheFirst) {
     EXPECT_EQ(Figures(), "11000 / 11000 / 275-0");
 }
 
-// A gross weight given in its own box closes the other two.
+// A gross weight entered in its own box disables the other two.
 TEST_F(FrmWeighmentCapture, TareButtonEnablesADisabledTareBox) {
     screen->TxtGrossWeight.SetFocus();
     screen->TxtGrossWeight.SetText("500");
@@ -168,7 +168,8 @@ TEST_F(FrmWeighmentCapture, TypedWeightsAreTakenLikeLiveOnes) {
     EXPECT_EQ(screen->TxtWeight.Text(), "1250.5kg") << "the box has no key filter";
     driver.Click(screen->CmdGrossWeight);
     EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "1250.5");
-    EXPECT_EQ(Figures(), "1250 / 1250 / 31-10") << "half a kilogram goes to the even neighbour";
+    EXPECT_EQ(Figures(), "1250 / 1250 / 31-10")
+        << "half a kilogram is rounded to the even neighbour";
     driver.Click(screen->ChkManualWeight);
     EXPECT_TRUE(screen->Timer.Enabled());
     EXPECT_TRUE(screen->TxtWeight.Locked());

@@ -1,4 +1,4 @@
-// Text that comes into a box as a whole: pasted, dropped or committed by an input method.
+// Text that is inserted into a box as a whole: pasted, dropped or committed by an input method.
 
 #include "weighment/WeighmentKeys.h"
 
@@ -67,7 +67,7 @@ const Way Ways[] = {
 class FrmWeighmentInsertedText : public Testing::WeighmentKeys,
                                  public testing::WithParamInterface<Way> {
 protected:
-    /// The box seen and open, with the focus; the screen can be saved already.
+    /// The box is visible and enabled and has the focus; the screen can be saved already.
     void Prepare(TextBox& box, std::string_view text = "") {
         Begin(screen->TxtVehicleNo, 2);
         box.SetVisible(true);
@@ -144,7 +144,7 @@ TEST_F(FrmWeighmentWrittenText, NumberBoxAcceptsAnyTextFromCode) {
     }
 }
 
-// A refused text is a key all the same.
+// A refused text still counts as a key.
 TEST_F(FrmWeighmentWrittenText, RefusedCharacterStartsAChange) {
     Begin(screen->TxtDeduction, 3);
     QApplication::clipboard()->setText("-999");

@@ -1,5 +1,5 @@
-// One thing that interrupts another: a press while a name is refused or a box is up, a
-// clear while a cell is edited, the line under a preview, a save inside a tick.
+// Actions that interrupt each other: a press while a name is refused or a box is shown, a clear
+// while a cell is edited, the line below a preview, a save inside a tick.
 
 #include "weighment/WeighmentFixture.h"
 
@@ -21,7 +21,7 @@ protected:
     }
 };
 
-// A capture with the focus elsewhere would write the reading and leave the gross as it was.
+// A capture with the focus on another control would write the reading without computing the gross.
 TEST_F(FrmWeighmentInterruptions, UnlistedSellerPreventsACapture) {
     screen->TxtWeight.SetText("12540");
     screen->CboSeller.SetFocus();
@@ -47,7 +47,7 @@ TEST_F(FrmWeighmentInterruptions, UnlistedSellerPreventsASaveWithoutAMessage) {
     EXPECT_EQ(screen->CboCommodity.Text(), "zzq");
 }
 
-// The box of the failed look-up comes up while the press moves the focus.
+// The box of the failed look-up is shown while the press moves the focus.
 TEST_F(FrmWeighmentInterruptions, PressDuringWhichABoxIsShownHasNoEffect) {
     screen->TxtWeight.SetText("12540");
     database.Rename("Arrivals", "Away");
@@ -106,14 +106,14 @@ TEST_F(FrmWeighmentInterruptions, ReadingContinuesBelowThePreview) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1044");
 }
 
-// The tick has read the line before the save, and shows the reading after it.
+// The tick has read the line before the save, and shows the reading after the save.
 TEST_F(FrmWeighmentInterruptions, SaveDuringATickCompletesBoth) {
     FillIn();
     screen->Timer.SetEnabled(false);
     Trace trace(*screen, line);
     bool saved = false;
     line.Write("\r\n  12345 kg\r\n  12345 kg\r\n");
-    // Let run by the tick itself, and by nothing before it.
+    // Processed by the tick itself, and by nothing before it.
     QMetaObject::invokeMethod(
         screen.get(),
         [&] {

@@ -29,7 +29,7 @@ TEST_F(FrmWeighmentKeys, EnterMovesOnLikeTabExceptOnScreenButtons) {
             EXPECT_EQ(screen->ActiveControlName(), next->Name()) << "from " << control->Name();
         }
     }
-    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "") << "and presses no weight button";
+    EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "") << "no weight button is pressed";
     EXPECT_EQ(screen->TxtTareWeight.Text(), "");
     EXPECT_EQ(screen->ChkFinalized.Value(), 0);
     EXPECT_EQ(screen->ChkManualWeight.Value(), 0);
@@ -90,7 +90,7 @@ TEST_F(FrmWeighmentKeys, EnterOnSavePressesItWithoutAQuestion) {
     BoxAnswers answers;
     answers.Expect(NoParty);
     Driver().Press(Qt::Key_Return);
-    EXPECT_EQ(screen->ActiveControlName(), "CboSeller") << "where the refusal leads";
+    EXPECT_EQ(screen->ActiveControlName(), "CboSeller") << "moved by the refusal";
 }
 
 TEST_F(FrmWeighmentKeys, EnterOnClearPressesItAndStartsNoChange) {
@@ -167,7 +167,7 @@ TEST_F(FrmWeighmentKeys, CtrlSDoesNothingIfSaveIsDisabled) {
     for (const int mode : {1, 3}) {
         Begin(screen->TxtVehicleNo, mode);
         Driver().Press(Qt::CTRL | Qt::Key_S);
-        EXPECT_EQ(State(), "NewMode") << "and no box";
+        EXPECT_EQ(State(), "NewMode") << "and no box is shown";
     }
 }
 
@@ -182,7 +182,7 @@ TEST_F(FrmWeighmentKeys, CtrlSAsksAndSavesOnlyOnYes) {
     BoxAnswers answers;
     answers.Expect(SaveQuestion, BoxAnswer::Yes).Expect(NoParty);
     Driver().Press(Qt::CTRL | Qt::Key_S);
-    EXPECT_EQ(screen->ActiveControlName(), "CboSeller") << "where the refusal leads";
+    EXPECT_EQ(screen->ActiveControlName(), "CboSeller") << "moved by the refusal";
 }
 
 TEST_F(FrmWeighmentKeys, CtrlSStoresTheCellBeingEdited) {

@@ -1,4 +1,4 @@
-// The pick lists of the screen: roles and sellers, and names that are on no list.
+// The pick lists of the screen: roles and sellers, and names that are not in a list.
 
 #include "weighment/WeighmentFixture.h"
 
@@ -34,7 +34,7 @@ TEST_F(FrmWeighmentLists, ChosenSellerTypeFillsTheSellers) {
     EXPECT_EQ(screen->CboSellerType.Text(), "Suppliers");
     EXPECT_EQ(trace.Take(), (Lines{screen->CboSellerType.Array()->Get(1, 1)}))
         << "the hidden column is the statement";
-    EXPECT_EQ(screen->CboSeller.Text(), "") << "the seller is to be chosen anew";
+    EXPECT_EQ(screen->CboSeller.Text(), "") << "the seller must be chosen again";
     EXPECT_FALSE(screen->CboSeller.Bookmark());
     EXPECT_LT(SellerNames().size(), all.size());
     ScreenDriver(*screen).Press(Qt::Key_Up);
@@ -72,7 +72,7 @@ TEST_F(FrmWeighmentLists, UnlistedNameKeepsTheFocus) {
             else
                 driver.Press(Qt::Key_Tab);
             EXPECT_EQ(screen->ActiveControlName(), list->Name());
-            EXPECT_EQ(list->Text(), "xyzzy'") << "which is left to be mended";
+            EXPECT_EQ(list->Text(), "xyzzy'") << "so that it can be corrected";
             EXPECT_FALSE(list->Bookmark());
         }
         list->SetText("");

@@ -1,4 +1,4 @@
-// The reading that follows the line, and the one typed by hand.
+// The reading that follows the line, and a typed reading.
 
 #include "weighment/WeighmentWeights.h"
 
@@ -39,7 +39,7 @@ TEST_F(FrmWeighmentLiveWeight, ReadingFollowsTheLine) {
     EXPECT_TRUE(WaitFor([&] { return screen->TxtWeight.Text() == "1250"; }));
     line.Write("+000000 kg\r\n+000000 kg\r\n+000000 kg\r\n");
     EXPECT_TRUE(WaitFor([&] { return screen->TxtWeight.Text() == "0"; }));
-    EXPECT_EQ(screen->BtnSave.Enabled(), false) << "a reading is no entry";
+    EXPECT_EQ(screen->BtnSave.Enabled(), false) << "a reading is not an entry";
 }
 
 TEST_F(FrmWeighmentLiveWeight, ReversedReadingIsShownWithItsZerosAndTakenWithoutThem) {
@@ -73,7 +73,7 @@ TEST_F(FrmWeighmentLiveWeight, LostLineIsReportedAtEachTickUntilManualWeight) {
     const auto box = Critical("Port 1 (" + line.Device() +
                                   ") is closed: the line was disconnected. Check the cable.",
                               "Serial line");
-    // While a box is up further ticks are due, and none comes.
+    // While a box is shown, other ticks are due, but none occurs.
     screen->Timer.SetInterval(20);
     const auto waitUnderTheBox = [&] {
         int due = 0;

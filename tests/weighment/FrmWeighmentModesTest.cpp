@@ -28,7 +28,7 @@ protected:
                 &screen->BtnClear};
     }
 
-    /// The buttons that are on, BtnClose aside.
+    /// The enabled buttons, without BtnClose.
     std::string On() {
         std::string names;
         for (const JeweledButton* button : ModeButtons())
@@ -37,7 +37,7 @@ protected:
         return names;
     }
 
-    /// What a mode makes of the buttons, whatever they were before.
+    /// The buttons after a mode was set, whatever their state was before.
     std::string OnIn(int mode) {
         std::string on[2];
         for (const bool before : {true, false}) {
@@ -61,12 +61,12 @@ protected:
         return screen->ScreenMode + (screen->BtnSave.Enabled() ? ", can be saved" : "");
     }
 
-    /// A press on the box itself: a wide one takes none next to its caption.
+    /// A press on the box itself: next to its caption, a wide box does not react.
     void ClickOn(CheckBox& box) {
         ScreenDriver(*screen).Click(box.Widget(), QPoint(8, box.Widget().height() / 2));
     }
 
-    /// The controls that Tab (or Backtab) visits until it comes back to where it began.
+    /// The controls that Tab (or Backtab) visits until it returns to the first one.
     std::vector<std::string> Walk(Qt::Key key) {
         ScreenDriver driver(*screen);
         const std::string first = screen->ActiveControlName();
@@ -114,8 +114,8 @@ TEST_F(FrmWeighmentModes, StoredModeAppliesTheWeighRuleAndMovesToTheDate) {
                                  "BtnPrint on", "BtnRemove on", "BtnSave off", "TxtArrivalId off",
                                  "TxtArrivalId 0xE0E0E0", "Validate TxtVehicleNo",
                                  "LostFocus TxtVehicleNo", "GotFocus DtpArrivalDate"}));
-    EXPECT_FALSE(screen->IsOpened) << "which is the loading's affair";
-    EXPECT_EQ(screen->ScreenMode, "NewMode") << "and the word stays";
+    EXPECT_FALSE(screen->IsOpened) << "only the loading sets it";
+    EXPECT_EQ(screen->ScreenMode, "NewMode") << "the word does not change";
 }
 
 TEST_F(FrmWeighmentModes, StoredModeLeavesTheIdWithoutValidation) {
@@ -125,7 +125,7 @@ TEST_F(FrmWeighmentModes, StoredModeLeavesTheIdWithoutValidation) {
                      "GotFocus DtpArrivalDate", "TxtArrivalId off", "TxtArrivalId 0xE0E0E0"}));
 }
 
-TEST_F(FrmWeighmentModes, NewModeEnablesWhatWasDisabled) {
+TEST_F(FrmWeighmentModes, NewModeEnablesTheDisabledControls) {
     for (VisualControl* closed : std::initializer_list<VisualControl*>{
              &screen->ChkManualWeight, &screen->TxtInitialGrossWeight, &screen->TxtTareWeight,
              &screen->CboSeller, &screen->TxtArrivalId, &screen->CmdGrossWeight,
@@ -144,7 +144,7 @@ TEST_F(FrmWeighmentModes, NewModeEnablesWhatWasDisabled) {
     EXPECT_EQ(screen->BagRows.RowCount(), 0);
     EXPECT_EQ(screen->BagRows.ColumnCount(), 3);
     EXPECT_FALSE(screen->IsOpened);
-    EXPECT_EQ(screen->ScreenMode, "ChangeMode") << "the word is not touched";
+    EXPECT_EQ(screen->ScreenMode, "ChangeMode") << "the word does not change";
     EXPECT_EQ(screen->TxtInitialGrossWeight.BackColor(), White);
     EXPECT_EQ(screen->TxtTareWeight.BackColor(), White);
 }
@@ -181,12 +181,12 @@ TEST_F(FrmWeighmentModes, DateChangedByTheOperatorStartsAChange) {
         QCoreApplication::sendEvent(&edit, &turn);
     };
     screen->DtpArrivalDate.SetValue(AddDays(Today(), -5));
-    EXPECT_EQ(State(), "NewMode") << "a date from code is no change";
+    EXPECT_EQ(State(), "NewMode") << "a date from code is not a change";
     turnWheel();
     EXPECT_EQ(State(), "ChangeMode, can be saved");
     screen->SetButtonState(3);
     turnWheel();
-    EXPECT_EQ(State(), "ChangeMode") << "the one place that goes by the word";
+    EXPECT_EQ(State(), "ChangeMode") << "the only handler that uses the word";
     screen->ScreenMode = "NewMode";
     turnWheel();
     EXPECT_EQ(State(), "ChangeMode, can be saved");
@@ -214,7 +214,7 @@ TEST_F(FrmWeighmentModes, FinalizedDoesNotSetTheModeOfAChangedScreen) {
     screen->SetButtonState(2);
     ClickOn(screen->ChkFinalized);
     EXPECT_EQ(screen->ChkFinalized.Value(), 1);
-    EXPECT_EQ(State(), "NewMode, can be saved") << "not even the word";
+    EXPECT_EQ(State(), "NewMode, can be saved") << "the word does not change either";
 }
 
 TEST_F(FrmWeighmentModes, CaptureByTheMouseKeepsTheMode) {
@@ -249,7 +249,7 @@ const std::vector<std::string> WholeWalk{"TxtArrivalId",
                                          "TxtNetWeight"};
 
 TEST_F(FrmWeighmentModes, TabFollowsTheTabOrder) {
-    EXPECT_EQ(Walk(Qt::Key_Tab), WholeWalk) << "the first Tab has turned the screen to changed";
+    EXPECT_EQ(Walk(Qt::Key_Tab), WholeWalk) << "the first Tab has begun a change";
 }
 
 TEST_F(FrmWeighmentModes, BacktabFollowsTheTabOrderBackwards) {
@@ -331,7 +331,7 @@ TEST_F(MarkedText, TintStaysAndTextIsSelectedEachTime) {
     box.SetText("17");
     box.SetFocus();
     screen->TxtVehicleNo.SetFocus();
-    EXPECT_EQ(box.BackColor(), Tint) << "nothing takes it off";
+    EXPECT_EQ(box.BackColor(), Tint) << "no move of the focus removes it";
     EditOf(box).deselect();
     box.SetBackColor(White);
     ScreenDriver(*screen).Press(Qt::Key_Backtab);

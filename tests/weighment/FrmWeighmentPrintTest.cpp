@@ -1,4 +1,4 @@
-// The slip of the arrival on the screen: what it is filled with, and when it comes up.
+// The slip of the arrival on the screen: its contents, and when it is shown.
 
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
@@ -20,7 +20,7 @@ const std::string PrintText = "Do you want to print?";
 
 class PrintTest : public WeighmentScreenTest {
 protected:
-    /// Runs `print`, looks at the preview that comes up and closes it with Escape.
+    /// Runs `print`, examines the preview and closes it with Escape.
     void Preview(const std::function<void()>& print,
                  const std::function<void(RptReportViewer&)>& look) {
         VisitModal visit([&](Screen& modal) {
@@ -42,7 +42,7 @@ protected:
     static double NumberOf(const Report& report, int position) {
         return std::get<double>(report.ParameterFields(position).Value());
     }
-    /// What a column of the slip's rows holds, in their order.
+    /// The cells of a column of the slip's rows, in order.
     static Lines ColumnOf(const Report& report, const std::string& column) {
         Lines cells;
         Recordset& rows = *report.Database.Data();
@@ -259,7 +259,7 @@ TEST_F(PrintTest, F9ShowsThePreviewOfAStoredLoadWithoutAChange) {
 
 TEST_F(PrintTest, F9ShowsNoPreviewOfAnUnsavedLoad) {
     ScreenDriver(*screen).Press(Qt::Key_F9);
-    EXPECT_FALSE(screen->BtnSave.Enabled()) << "the key begins no change";
+    EXPECT_FALSE(screen->BtnSave.Enabled()) << "the key does not begin a change";
     FillInOpened(1031);
     screen->SetButtonState(3);
     ScreenDriver(*screen).Press(Qt::Key_Home);

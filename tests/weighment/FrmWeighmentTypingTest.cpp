@@ -1,4 +1,4 @@
-// The keys that no row of the keyboard table names, and the characters that boxes take.
+// The keys that are not in the keyboard table, and the characters that boxes accept.
 
 #include "platform/runtime/Date.h"
 #include "weighment/WeighmentKeys.h"
@@ -86,7 +86,7 @@ TEST_F(FrmWeighmentTyping, CommittedCharacterStartsAChangeExceptOnAButton) {
     EXPECT_EQ(screen->TxtVehicleNo.Text(), "x");
     Begin(screen->CmdGrossWeight);
     Driver().Commit("x");
-    EXPECT_EQ(State(), "ChangeMode, can be saved") << "this is no button by its name";
+    EXPECT_EQ(State(), "ChangeMode, can be saved") << "its name is not that of a button";
     Begin(screen->BtnClear);
     Driver().Commit("x");
     EXPECT_EQ(State(), "NewMode");
@@ -119,7 +119,7 @@ TEST_F(FrmWeighmentTyping, NumberBoxesAcceptOnlyDigitsAndBackspace) {
     }
 }
 
-// The focus is on the date then, whose digits these are; the question of a save is the usual one.
+// The focus is then on the date, which gets these digits; the question of a save is the usual one.
 TEST_F(FrmWeighmentTyping, DigitsTypedAfterASaveChangeTheDateAndTheScreen) {
     FillIn();
     const Box print{.text = "Do you want to print?",

@@ -1,4 +1,4 @@
-// The cascade of the weights: what each write of a box runs, in its order.
+// The cascade of the weights: the handlers that each write to a box runs, in order.
 
 #include "weighment/WeighmentWeights.h"
 
@@ -92,14 +92,14 @@ TEST_F(FrmWeighmentWeights, GrossWithTheFocusDisablesBothWeighingsAndPaintsThemG
                      "TxtInitialGrossWeight 0xE0E0E0", "TxtTareWeight 0xE0E0E0"}));
 }
 
-TEST_F(FrmWeighmentWeights, NetIsLessTheShortage) {
+TEST_F(FrmWeighmentWeights, ShortageIsSubtractedFromTheNet) {
     screen->TxtGrossWeight.SetText("4000");
     screen->TxtDeduction.SetText("40");
     EXPECT_EQ(Writing(screen->TxtShortage, "20"),
               (Lines{"TxtShortage = '20'", "TxtNetWeight = '3940'", "TxtMoundKgs = '98-20'"}));
 }
 
-TEST_F(FrmWeighmentWeights, BagsWeightAloneComputesNothing) {
+TEST_F(FrmWeighmentWeights, BagsWeightDoesNotStartAComputation) {
     screen->TxtGrossWeight.SetText("4000");
     EXPECT_EQ(Writing(screen->TxtBagsWeight, "100"), (Lines{"TxtBagsWeight = '100'"}));
     EXPECT_EQ(Writing(screen->TxtDeduction, ""),
@@ -111,7 +111,7 @@ TEST_F(FrmWeighmentWeights, DeductionAboveTheGrossGivesANegativeNet) {
               (Lines{"TxtDeduction = '41'", "TxtNetWeight = '-41'", "TxtMoundKgs = '-1-1'"}));
 }
 
-// Only a gross of exactly nothing computes nothing.
+// Nothing is computed only if the gross is exactly 0.
 TEST_F(FrmWeighmentWeights, NegativeInitialGrossIsComputed) {
     screen->TxtInitialGrossWeight.SetFocus();
     EXPECT_EQ(

@@ -1,5 +1,6 @@
-// The box of the id, left with the id of a stored weighment in it: by key, by mouse and by code.
-// The load inside the leaving closes the box and moves the focus, and that wins.
+// The focus leaves the box of the id, by key, by mouse and by code, while it contains the id of a
+// stored weighment. The load that this starts disables the box and moves the focus, and this move
+// has priority.
 
 #include "slip/SlipStatement.h"
 #include "weighment/OpeningFixture.h"
@@ -11,7 +12,7 @@ using namespace Testing;
 
 class LeavingArrivalId : public OpeningTest {
 protected:
-    /// Puts a text into the box of the id, which has the focus, and leaves it.
+    /// Writes a text into the box of the id, which has the focus, and moves the focus away.
     Lines Leaving(std::string_view text, const std::function<void()>& leave) {
         screen->TxtArrivalId.SetFocus();
         screen->TxtArrivalId.SetText(text);
@@ -73,7 +74,7 @@ TEST_F(LeavingArrivalId, ByAClickOnAButtonUsesThePressUp) {
         EXPECT_EQ(StatementsOf(done), (Lines{LeavingCount("1040"), SlipStatement(1040)}))
             << button->Name() << " does nothing";
         ExpectLoaded(1040);
-        EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "11325") << "and no reading is taken";
+        EXPECT_EQ(screen->TxtInitialGrossWeight.Text(), "11325") << "no reading is taken";
         EXPECT_EQ(screen->TxtTareWeight.Text(), "3995");
         screen->NewWeighment();
     }
@@ -105,7 +106,7 @@ TEST_F(LeavingArrivalId, ByCodeOpensTheArrivalAndEndsOnTheDate) {
     }
 }
 
-TEST_F(LeavingArrivalId, ReplacesWhateverWasOnTheScreenWithoutAQuestion) {
+TEST_F(LeavingArrivalId, ReplacesTheContentsOfTheScreenWithoutAQuestion) {
     FillIn();
     LeavingByTab("1033");
     ExpectLoaded(1033);
@@ -113,7 +114,7 @@ TEST_F(LeavingArrivalId, ReplacesWhateverWasOnTheScreenWithoutAQuestion) {
     EXPECT_EQ(BagLines(), Lines{"Polypropylene | 50 Kg | 250"});
 }
 
-// Typed keys put the screen into the changed state before; the load ends that.
+// The typed keys have put the screen into the changed state; the load ends that state.
 TEST_F(LeavingArrivalId, TypedAndLeftByTabEndsInTheStoredState) {
     ScreenDriver(*screen).Type("1031").Press(Qt::Key_Tab);
     ExpectLoaded(1031);
@@ -123,7 +124,7 @@ TEST_F(LeavingArrivalId, TypedAndLeftByTabEndsInTheStoredState) {
     EXPECT_EQ(screen->ActiveControlName(), "CboCommodity");
 }
 
-// ---- what counts as an id ----
+// ---- texts that count as an id ----
 
 TEST_F(LeavingArrivalId, ReadsTheTextLeniently) {
     for (const std::string text :
@@ -163,7 +164,7 @@ TEST_F(LeavingArrivalId, OfAStoredThousandInExponentFormOpensIt) {
     ExpectLoaded(1000);
 }
 
-TEST_F(LeavingArrivalId, WithinSixteenBitsOpensAtTheVeryEnds) {
+TEST_F(LeavingArrivalId, OfTheSmallestAndTheLargestNumberOfSixteenBitsOpensThem) {
     for (const int id : {32767, -32768, -1}) {
         Store(id, {{.bags = "10"}});
         LeavingByTab(std::to_string(id));
@@ -206,7 +207,7 @@ TEST_F(LeavingArrivalId, BeyondSixteenBitsIsRefusedByTheSaveAsExisting) {
     EXPECT_EQ(screen->TxtVehicleNo.Text(), "LEB-4217");
 }
 
-// As typed, the change of the box reports each text that no longer fits 32 bits.
+// While it is typed, the change handler of the box reports each text that exceeds 32 bits.
 TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsIsReportedAsItIsTypedAndNotAgain) {
     FillIn();
     screen->TxtArrivalId.SetFocus();
@@ -242,12 +243,12 @@ TEST_F(LeavingArrivalId, BeyondThirtyTwoBitsThatExistsIsAnOverflowAgain) {
     screen->TxtArrivalId.SetText("1040");
 }
 
-// Numbered zero by another program: the number means "ask".
+// An arrival with the number zero, stored by another program: the number means "ask".
 TEST_F(LeavingArrivalId, WithAnArrivalOfNumberZeroAsksTheOperator) {
     Store(0, {{.bags = "10"}});
     CancelSearch([this] { LeavingByTab("abc"); });
     EXPECT_EQ(screen->ArrivalNo, 0);
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "0") << "it is read like any other";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "0") << "its text is read like any other";
     EXPECT_TRUE(screen->IsOpened);
 }
 
@@ -268,7 +269,7 @@ TEST_F(LeavingArrivalId, AtTheEndOfASaveLooksTheNextIdUp) {
     EXPECT_FALSE(screen->IsOpened);
 }
 
-// Another station took the number between its showing and the move to the date.
+// Another station has taken the number between its display and the move to the date.
 TEST_F(LeavingArrivalId, AtTheEndOfASaveOpensTheArrivalThatHasTakenTheNextId) {
     FillIn();
     screen->TxtArrivalId.SetFocus();
@@ -293,7 +294,7 @@ TEST_F(LeavingArrivalId, AtTheEndOfAClearLooksTheNextIdUp) {
     EXPECT_FALSE(screen->IsOpened);
 }
 
-TEST_F(LeavingArrivalId, BySavingWithTheKeyIsNoLeaving) {
+TEST_F(LeavingArrivalId, DoesNotHappenIfTheSaveIsByKey) {
     FillIn();
     screen->TxtArrivalId.SetFocus();
     screen->TxtArrivalId.SetText("1040");
@@ -307,7 +308,8 @@ TEST_F(LeavingArrivalId, BySavingWithTheKeyIsNoLeaving) {
     EXPECT_EQ(screen->TxtVehicleNo.Text(), "LEB-4217");
 }
 
-// A press of Save by the mouse leaves the box, which opens what another station has stored since.
+// A press of Save by the mouse leaves the box, which opens an arrival that another station has
+// stored since.
 TEST_F(LeavingArrivalId, ByAPressOfSaveOpensWhatHasTakenTheNumberSince) {
     FillIn();
     screen->TxtArrivalId.SetFocus();
@@ -318,7 +320,7 @@ TEST_F(LeavingArrivalId, ByAPressOfSaveOpensWhatHasTakenTheNumberSince) {
     EXPECT_EQ(StoredCell("SELECT VehicleNo FROM ArrivalsBody WHERE ArrivalId = 1043"), "'OTHER'");
 }
 
-TEST_F(LeavingArrivalId, WhileItIsClosedDoesNotLookUp) {
+TEST_F(LeavingArrivalId, WhileItIsDisabledRunsNoLookUp) {
     Open(1040);
     Trace trace(*screen, line);
     ScreenDriver driver(*screen);

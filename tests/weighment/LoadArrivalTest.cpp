@@ -1,5 +1,4 @@
-// A stored weighment back on the screen: what each control then holds, and what was lost on the
-// way.
+// A stored weighment is opened: the contents of each control, and the values that are lost.
 
 #include "slip/SlipStatement.h"
 #include "weighment/OpeningFixture.h"
@@ -62,7 +61,7 @@ TEST_F(LoadArrival, MakesPartyAndCommodityCurrentSoThatASaveFindsTheirIds) {
     EXPECT_EQ(screen->CboCommodity.ColumnText(1), "2");
 }
 
-TEST_F(LoadArrival, LeavesBlankWhatHasNoColumn) {
+TEST_F(LoadArrival, LeavesControlsWithoutAColumnBlank) {
     FillIn();
     screen->TxtKandaDeduction.SetText("0.5");
     screen->TxtShortage.SetText("20");
@@ -97,7 +96,7 @@ TEST_F(LoadArrival, PutsTheScreenIntoTheStoredState) {
     EXPECT_EQ(screen->Grid.ColumnText(0), "Jute New");
 }
 
-TEST_F(LoadArrival, LeavesTheModeWordAsItWas) {
+TEST_F(LoadArrival, DoesNotChangeTheModeWord) {
     for (const char* word : {"NewMode", "ChangeMode"}) {
         screen->ScreenMode = word;
         Open(1031);
@@ -105,19 +104,19 @@ TEST_F(LoadArrival, LeavesTheModeWordAsItWas) {
     }
 }
 
-TEST_F(LoadArrival, KeepsTheDateFromTheOperatorsPointOfView) {
+TEST_F(LoadArrival, SetsTheDateWithoutAChangeEvent) {
     for (const char* date : {"1999-12-31T00:00:00", "2024-02-29T00:00:00", "2031-01-01T00:00:00"}) {
         RunBeside("UPDATE Arrivals SET ArrivalDate = '" + std::string(date) +
                   "' WHERE ArrivalID = 1040");
         Open(1040);
         EXPECT_EQ(Value(screen->DtpArrivalDate.Value()).Text(), date);
-        EXPECT_FALSE(screen->BtnSave.Enabled()) << "a date from code is no change";
+        EXPECT_FALSE(screen->BtnSave.Enabled()) << "a date from code is not a change";
     }
 }
 
 // ---- weights ----
 
-// 12540 and 4320 kg with half a kilogram off each mound: what was deducted for the scale is lost.
+// 12540 and 4320 kg with half a kilogram off for each mound: the scale deduction is lost.
 TEST_F(LoadArrival, LosesTheScaleDeduction) {
     FillIn();
     screen->TxtKandaDeduction.SetText("0.5");
@@ -142,13 +141,13 @@ TEST_F(LoadArrival, FoldsTheShortageIntoTheDeduction) {
     EXPECT_EQ(screen->TxtNetWeight.Text(), "8160");
 }
 
-TEST_F(LoadArrival, AddsTwoRowsUp) {
+TEST_F(LoadArrival, AddsUpTwoRows) {
     Store(2000, {{.bags = "30", .tare = "2950"}, {.bags = "10"}});
     Open(2000);
     EXPECT_EQ(Weights(), "6950 / 2950 / 4000 / 0 / 4000 / 100-0");
 }
 
-// Half a kilogram in each row: rounded row by row, ties to even.
+// Half a kilogram in each row: rounded for each row, ties to even.
 TEST_F(LoadArrival, RoundsTheRunningSumsAtEachRow) {
     Store(2000, {{.bags = "1", .bagWeight = "100.5", .otherDeduction = "1.5"},
                  {.bags = "1", .bagWeight = "100.5", .otherDeduction = "1.5"},
@@ -159,7 +158,7 @@ TEST_F(LoadArrival, RoundsTheRunningSumsAtEachRow) {
     EXPECT_EQ(screen->TxtNetWeight.Text(), "294");
 }
 
-// A tie falls to the even sum, not to the even share.
+// A tie is rounded to the even sum, not to the even share.
 TEST_F(LoadArrival, RoundsTheSumAndNotTheShareOfTheRow) {
     Store(2000, {{.bags = "1", .bagWeight = "101", .otherDeduction = "1"},
                  {.bags = "1", .bagWeight = "100.5", .otherDeduction = "1.5"}});
@@ -173,7 +172,7 @@ TEST_F(LoadArrival, BlanksAGrossThatRoundsToALoneZero) {
     EXPECT_EQ(Weights(), " /  /  / 0 / 0 / 0-0");
 }
 
-TEST_F(LoadArrival, AddsTheTareUpUnrounded) {
+TEST_F(LoadArrival, AddsUpTheTareUnrounded) {
     Store(2000, {{.bags = "1", .bagWeight = "301", .tare = "0.25"}, {.bags = "0", .tare = "0.5"}});
     Open(2000);
     EXPECT_EQ(Weights(), "302 / 0.75 / 301 / 0 / 301 / 7-21");
@@ -204,7 +203,7 @@ TEST_F(LoadArrival, KeepsAFigureThatIsLongerThanItsBox) {
     EXPECT_EQ(Weights(), "12345678 /  / 12345678 / 54321 / 12291357 / 307283-37");
 }
 
-TEST_F(LoadArrival, OfAFirstWeighingLetsItBeCompleted) {
+TEST_F(LoadArrival, OfAFirstWeighingAllowsItsCompletion) {
     Store(2000, {{.bagWeight = "1254"}});
     Open(2000);
     EXPECT_EQ(Weights(), "12540 /  / 12540 / 0 / 12540 / 313-20");
@@ -238,7 +237,7 @@ TEST_F(LoadArrival, TakesDriverAndBiltyFromTheFirstRow) {
     EXPECT_EQ(screen->TxtBuiltyNo.Text(), "1");
 }
 
-TEST_F(LoadArrival, TakesANullTextForEmpty) {
+TEST_F(LoadArrival, ShowsANullTextAsEmpty) {
     Store(2000, {{.vehicle = "Null", .driver = "Null", .bilty = "Null"},
                  {.vehicle = "Null", .driver = "'Second'", .bilty = "'2'"}});
     FillIn();
@@ -249,13 +248,13 @@ TEST_F(LoadArrival, TakesANullTextForEmpty) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-TEST_F(LoadArrival, KeepsBlanksInAVehicleForText) {
+TEST_F(LoadArrival, KeepsBlanksAsTheTextOfAVehicle) {
     Store(2000, {{.vehicle = "'LEA-1'"}, {.vehicle = "' '"}});
     Open(2000);
     EXPECT_EQ(screen->TxtVehicleNo.Text(), " ");
 }
 
-TEST_F(LoadArrival, KeepsAnyTextWhole) {
+TEST_F(LoadArrival, KeepsAnyTextComplete) {
     SKIP_ON_SQL_SERVER("its columns bound the length of every text");
     const std::string text = "O''Brien; محمد Zoë " + std::string(200, 'x');
     const std::string shown = "O'Brien; محمد Zoë " + std::string(200, 'x');
@@ -317,7 +316,7 @@ TEST_F(LoadArrival, OfAPartyWithADuplicateNameTakesTheFirst) {
     EXPECT_NE(screen->CboSeller.Array()->Get(second, 1), screen->CboSeller.ColumnText(1));
 }
 
-TEST_F(LoadArrival, ShowsAPartyThatTheListDoesNotHold) {
+TEST_F(LoadArrival, ShowsAPartyThatIsNotInTheList) {
     screen->CboSellerType.SetText("Brokers");
     ASSERT_FALSE(screen->CboSeller.FindRow(0, "Chaudhry Grain Traders-Okara"));
     Open(1031);
@@ -326,7 +325,7 @@ TEST_F(LoadArrival, ShowsAPartyThatTheListDoesNotHold) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-TEST_F(LoadArrival, ShowsACommodityThatTheListDoesNotHold) {
+TEST_F(LoadArrival, ShowsACommodityThatIsNotInTheList) {
     RunBeside("UPDATE Arrivals SET CommodityId = 5 WHERE ArrivalID = 1031");
     Open(1031);
     EXPECT_EQ(screen->CboCommodity.Text(), "Maize");
@@ -350,7 +349,7 @@ TEST_F(LoadArrival, ChangesNothingInTheDatabase) {
     EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
 }
 
-TEST_F(LoadArrival, HoldsNothingThatOthersWouldWaitFor) {
+TEST_F(LoadArrival, HoldsNoLockThatOthersWouldWaitFor) {
     SKIP_ON_SQL_SERVER("it locks rows, and no row is read in a transaction");
     Open(1031);
     RunBeside("BEGIN EXCLUSIVE; COMMIT");

@@ -1,4 +1,4 @@
-// What opening does, in its order: statements, writes, boxes and moves of the focus.
+// The actions of opening, in order: statements, writes, boxes and moves of the focus.
 
 #include "slip/SlipStatement.h"
 #include "weighment/OpeningFixture.h"
@@ -34,7 +34,7 @@ const Lines Filling1040 = Joined({
     NetBecomes("7316", "182-36"),
 });
 
-/// The third state, after the first or the second, with a load that has a tare.
+/// The third state, entered from the first or the second, with a load that has a tare.
 const Lines WeighedOff{"CmdGrossWeight off", "CmdTareWeight off"};
 const Lines StoredButtons{"BtnPrint on", "BtnRemove on"};
 const Lines IdClosed{"TxtArrivalId off", "TxtArrivalId 0xE0E0E0"};
@@ -119,7 +119,7 @@ TEST_F(LoadArrivalTrace, OverAFilledInScreenBlanksItFirst) {
                                                   Moved("TxtVehicleNo", "DtpArrivalDate")}));
 }
 
-// Each of a stored screen's buttons is as it was; the box of the id opens and closes again.
+// The buttons of a stored screen do not change; the box of the id is enabled and disabled again.
 TEST_F(LoadArrivalTrace, OverALoadedArrival) {
     Open(1031);
     EXPECT_EQ(Doing([&] { Open(1040); }), Joined({{SlipStatement(1040)},
@@ -129,7 +129,7 @@ TEST_F(LoadArrivalTrace, OverALoadedArrival) {
                                                   IdClosed}));
 }
 
-// The tare is computed as it is written, since the focus is on it.
+// The tare is computed when it is written, because it has the focus.
 TEST_F(LoadArrivalTrace, WithTheFocusInTheTareBoxRunsItsWholeHandling) {
     screen->TxtTareWeight.SetFocus();
     const Lines done = Doing([&] { Open(1031); });
@@ -139,9 +139,9 @@ TEST_F(LoadArrivalTrace, WithTheFocusInTheTareBoxRunsItsWholeHandling) {
     EXPECT_FALSE(screen->TxtGrossWeight.Enabled());
 }
 
-// ---- ends without a word ----
+// ---- ends without a message ----
 
-TEST_F(LoadArrivalTrace, OfAnIdWithoutARowRunsTheStatementAlone) {
+TEST_F(LoadArrivalTrace, OfAnIdWithoutARowRunsOnlyTheStatement) {
     FillIn();
     const Lines before = Screenful();
     EXPECT_EQ(Doing([&] { Open(5000); }), Lines{SlipStatement(5000)});
@@ -181,7 +181,7 @@ TEST_F(LoadArrivalTrace, OfAnArrivalThatTheJoinsDropShowsNoMessage) {
 
 // ---- failures ----
 
-TEST_F(LoadArrivalTrace, ThatCannotReadIsReportedAndLeavesTheScreenAsItWas) {
+TEST_F(LoadArrivalTrace, ThatCannotReadIsReportedAndDoesNotChangeTheScreen) {
     FillIn();
     database.Rename("PRCenters", "Away");
     const Lines before = Screenful();
@@ -191,8 +191,9 @@ TEST_F(LoadArrivalTrace, ThatCannotReadIsReportedAndLeavesTheScreenAsItWas) {
     EXPECT_EQ(screen->ArrivalNo, 1031);
 }
 
-// The second row's quantity fails: the first row's figures stay, and nothing is opened.
-TEST_F(LoadArrivalTrace, ThatFailsAtARowLeavesWhatWasFilledSoFar) {
+// The quantity of the second row fails: the figures of the first row stay, and the arrival is not
+// opened.
+TEST_F(LoadArrivalTrace, ThatFailsAtARowKeepsTheControlsFilledBefore) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE ArrivalId = 1040 AND NoOfBags = 71");
     ScreenDriver driver(*screen);
@@ -210,7 +211,7 @@ TEST_F(LoadArrivalTrace, ThatFailsAtARowLeavesWhatWasFilledSoFar) {
     EXPECT_EQ(On(), "Save Clear ") << "as before";
 }
 
-TEST_F(LoadArrivalTrace, OfASearchThatCannotListReportsItAndNothingMore) {
+TEST_F(LoadArrivalTrace, OfASearchThatCannotListReportsOnlyThat) {
     SKIP_ON_SQL_SERVER("a function is bound to the table and goes with it");
     database.Rename("Commodities", "Away");
     const Lines before = Screenful();

@@ -1,5 +1,5 @@
-// The database's file is moved, deleted or replaced while a load is on the screen: the save says
-// so, and what was entered stays.
+// The file of the database is moved, deleted or replaced while a load is on the screen: the save
+// reports this and keeps the entries.
 
 #include "weighment/OpeningFixture.h"
 
@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 class MovedFile : public OpeningTest {
 protected:
     void SetUp() override {
-        SKIP_ON_SQL_SERVER("it has no file of the station's");
+        SKIP_ON_SQL_SERVER("its database is not a file of the station");
         OpeningTest::SetUp();
     }
     std::string File() const { return database.folder.File("Account1.db"); }
@@ -22,7 +22,8 @@ protected:
     void MoveAway() const { fs::rename(File(), Elsewhere()); }
     void PutBack() const { fs::rename(Elsewhere(), File()); }
 
-    /// What was entered. The lists of the bag cells are left where the save looked up their ids.
+    /// The entries. The lists of the bag cells keep the row at which the save has looked up their
+    /// ids.
     Lines Entries() {
         Lines seen = Screenful();
         std::erase_if(seen, [](const std::string& each) { return each.starts_with("CboBag"); });
@@ -55,7 +56,7 @@ TEST_F(MovedFile, IsReportedAtTheSaveAndTheEntriesStay) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
 }
 
-TEST_F(MovedFile, IsReportedWhereItMovesDuringTheSave) {
+TEST_F(MovedFile, IsReportedIfItMovesDuringTheSave) {
     FillIn();
     const Lines entries = Entries();
     for (const char* moment : {"BeginTrans", "Select * from Arrivals Where ArrivalId=1043",
@@ -87,7 +88,7 @@ TEST_F(MovedFile, IsReportedAtTheRemovalAndTheLoadStaysOnTheScreen) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "1");
 }
 
-TEST_F(MovedFile, IsReportedWhereACopyWasPutInItsPlace) {
+TEST_F(MovedFile, IsReportedIfACopyHasReplacedIt) {
     fs::copy_file(File(), Elsewhere());
     FillIn();
     const Lines entries = Entries();

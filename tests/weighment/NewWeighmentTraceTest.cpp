@@ -1,4 +1,4 @@
-// Loading the screen, a new weighment and clearing, each as the exact list of what is done.
+// Loading the screen, a new weighment and clearing, each as the exact list of its actions.
 
 #include "data/Con.h"
 #include "platform/forms/controls/ComboBox.h"
@@ -55,7 +55,7 @@ const std::string NoArrivals = Testing::DatabaseBox("no such table: Arrivals");
 
 class NewWeighmentTrace : public Testing::WeighmentTest {
 protected:
-    /// Loads and shows a screen under a trace of everything.
+    /// Loads and shows a screen under a trace of all actions.
     Lines Loading() {
         screen = std::make_unique<FrmWeighment>();
         Trace trace(*screen, line);
@@ -219,9 +219,9 @@ TEST_F(NewWeighmentTrace, OfAStoredWeighment) {
                                       {"CmdGrossWeight on", "CmdTareWeight on"},
                                       NumberedAnew(1043),
                                       {Opens300}}))
-        << "and the focus is left to the caller";
+        << "the caller sets the focus";
     EXPECT_FALSE(screen->IsOpened);
-    EXPECT_FALSE(screen->TxtGrossWeight.Enabled()) << "nothing brings it back";
+    EXPECT_FALSE(screen->TxtGrossWeight.Enabled()) << "nothing restores it";
 }
 
 TEST_F(NewWeighmentTrace, WithTheManualWeightCheckedReturnsToTheLiveReading) {
@@ -242,7 +242,7 @@ TEST_F(NewWeighmentTrace, WithTheManualWeightCheckedReturnsToTheLiveReading) {
     EXPECT_TRUE(screen->TxtWeight.Locked());
 }
 
-TEST_F(NewWeighmentTrace, WithAFailingIdEndsWithoutAnIdAndOpensTheLineNoSecondTime) {
+TEST_F(NewWeighmentTrace, WithAFailingIdEndsWithoutAnIdAndDoesNotOpenTheLineAgain) {
     ShowScreen();
     screen->DtpArrivalDate.SetValue(AddDays(Today(), -3));
     database.Rename("Arrivals", "Elsewhere");
@@ -258,7 +258,7 @@ TEST_F(NewWeighmentTrace, WithAFailingIdEndsWithoutAnIdAndOpensTheLineNoSecondTi
     EXPECT_TRUE(screen->CM.PortOpen());
 }
 
-TEST_F(NewWeighmentTrace, WithoutLineSettingsDoesNothingMore) {
+TEST_F(NewWeighmentTrace, WithoutLineSettingsEnds) {
     ShowScreen();
     FillIn();
     database.Rename("PortSettings", "Elsewhere");
@@ -281,7 +281,7 @@ TEST_F(NewWeighmentTrace, WithTheLineInUseReportsItTwice) {
     MSComm other(elsewhere, "CM");
     other.SetPortOpen(true);
     Lines trace = Loading();
-    // Where the lists take their time the first tick is due before the screen is shown.
+    // If filling the lists takes long, the first tick is due before the screen is shown.
     std::erase(trace, "Box \"Serial line\" [critical, OK] " + Unread);
     const Lines expected = Joined({{PortRows},
                                    FirstButtons,
@@ -293,7 +293,7 @@ TEST_F(NewWeighmentTrace, WithTheLineInUseReportsItTwice) {
                                    {Opens300, CannotOpen(line.Device())},
                                    ListsFilled,
                                    FirstFocus});
-    EXPECT_EQ(trace, expected) << "and the screen opens all the same";
+    EXPECT_EQ(trace, expected) << "the screen opens nevertheless";
     EXPECT_EQ(screen->Timer.Interval(), 300);
     Testing::BoxAnswers answers;
     const auto closed = Critical(Unread, "Serial line");
@@ -302,7 +302,7 @@ TEST_F(NewWeighmentTrace, WithTheLineInUseReportsItTwice) {
         if (answers.Remaining() == 0)
             screen->Timer.SetEnabled(false);
         return answers.Remaining() == 0;
-    })) << "then once with each tick";
+    })) << "then once for each tick";
 }
 
 TEST_F(NewWeighmentTrace, LetsPendingEventsRunAfterTheIdAndTheDateAndBeforeTheLine) {
@@ -318,7 +318,7 @@ TEST_F(NewWeighmentTrace, LetsPendingEventsRunAfterTheIdAndTheDateAndBeforeTheLi
               (Lines{"TxtArrivalId = '1043'", "a pending event, on 20/11/2026", Opens300}));
 }
 
-TEST_F(NewWeighmentTrace, EndsWhereAPendingEventClosesTheScreen) {
+TEST_F(NewWeighmentTrace, EndsIfAPendingEventClosesTheScreen) {
     ShowScreen();
     Trace trace(*screen, line);
     QTimer::singleShot(0, [&] { screen->Unload(); });
@@ -327,11 +327,11 @@ TEST_F(NewWeighmentTrace, EndsWhereAPendingEventClosesTheScreen) {
     EXPECT_FALSE(screen->CM.PortOpen());
 }
 
-TEST_F(NewWeighmentTrace, TakesTheNextFreeIdFromTheTop) {
+TEST_F(NewWeighmentTrace, TakesTheIdAfterTheHighestOne) {
     RunBeside("DELETE FROM PurchaseBody; DELETE FROM LaboratoryReports; DELETE FROM ArrivalsBody; "
               "DELETE FROM Arrivals WHERE ArrivalID > 1040");
     ShowScreen();
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "1041") << "ids are used again";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1041") << "ids are reused";
     RunBeside("DELETE FROM Arrivals");
     screen->NewWeighment();
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1") << "on a database with no arrivals";
@@ -342,7 +342,7 @@ TEST_F(NewWeighmentTrace, ReportsAnIdBeyondTheRange) {
     RunBeside("INSERT INTO Arrivals (ArrivalID, ArrivalDate, CommodityId, SellerId) VALUES "
               "(2147483647, '2026-11-20T00:00:00', 1, '6010001')");
     Testing::BoxAnswers answers;
-    // The embedded engine counts on; SQL Server counts in the 32 bits of the column.
+    // The embedded engine continues to count; SQL Server counts in the 32 bits of the column.
     answers.Expect(OnSqlServer() ? Critical(EngineWords(""), "Database")
                                  : Critical("Overflow", "Quillane"));
     ShowScreen();
@@ -351,7 +351,7 @@ TEST_F(NewWeighmentTrace, ReportsAnIdBeyondTheRange) {
     EXPECT_TRUE(screen->CM.PortOpen());
 }
 
-TEST_F(NewWeighmentTrace, ShowsTodayWhichIsNoChange) {
+TEST_F(NewWeighmentTrace, ShowsTodayWithoutAChangeEvent) {
     ShowScreen();
     screen->DtpArrivalDate.SetValue(AddDays(Today(), -3));
     screen->NewWeighment();
@@ -360,7 +360,7 @@ TEST_F(NewWeighmentTrace, ShowsTodayWhichIsNoChange) {
     EXPECT_FALSE(screen->BtnSave.Enabled());
 }
 
-TEST_F(NewWeighmentTrace, OfClearingAlone) {
+TEST_F(NewWeighmentTrace, OfClearingOnly) {
     ShowScreen();
     FillInOpened(1040);
     screen->ChkFinalized.SetValue(1);
@@ -376,8 +376,8 @@ TEST_F(NewWeighmentTrace, OfClearingAlone) {
               Joined({BlankingAScreenOf("8220", "205-20", {"ChkFinalized = 0"}),
                       {"TxtArrivalId on", "TxtArrivalId 0xFFFFFF", "DtpArrivalDate on"}}));
     EXPECT_FALSE(screen->IsOpened);
-    EXPECT_EQ(screen->DtpArrivalDate.Value(), day) << "the date is left as it is";
-    EXPECT_EQ(screen->BagRows.RowCount(), 2) << "and so is the grid";
+    EXPECT_EQ(screen->DtpArrivalDate.Value(), day) << "the date does not change";
+    EXPECT_EQ(screen->BagRows.RowCount(), 2) << "the bag lines do not change either";
 }
 
 TEST_F(NewWeighmentTrace, OfClearingPutsAPlainListOnItsFirstEntry) {
@@ -395,8 +395,8 @@ TEST_F(NewWeighmentTrace, OfClearingEndsAtAFailure) {
     Testing::BoxAnswers answers;
     answers.Expect(Critical("Invalid procedure call or argument", "Quillane"));
     screen->ClearControls();
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "") << "what stands before it is done";
-    EXPECT_TRUE(screen->IsOpened) << "what stands behind it is not";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "") << "the controls before it are cleared";
+    EXPECT_TRUE(screen->IsOpened) << "the controls after it are not";
 }
 
 } // namespace

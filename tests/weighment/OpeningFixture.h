@@ -8,7 +8,7 @@
 
 namespace Quillane::Testing {
 
-/// One row of ArrivalsBody, each cell written as a literal of SQL.
+/// One row of ArrivalsBody, with each cell as a literal of SQL.
 struct StoredLine {
     std::string bags = "10";
     std::string bagWeight = "100";
@@ -22,30 +22,31 @@ struct StoredLine {
     std::string scaleDeduction = "0";
 };
 
-/// The screen shown, to open stored weighments on it. All sample arrivals are of November 2026, so
-/// that the search finds them.
+/// The shown screen, on which stored weighments are opened. All sample arrivals are of November
+/// 2026, so that the search finds them.
 class OpeningTest : public WeighmentScreenTest {
 protected:
     void SetUp() override;
 
-    /// As the box of the id does it.
+    /// Opens an arrival like the box of the id.
     void Open(std::int16_t id) { screen->LoadArrival(id); }
-    /// Presses Ctrl+O and picks the arrival on the search screen by its keys.
+    /// Presses Ctrl+O and selects the arrival on the search screen by keys.
     void OpenBySearch(int id);
-    /// Presses Ctrl+O, or what is given, and leaves the search screen by Esc.
+    /// Presses Ctrl+O, or the given keys, and leaves the search screen by Esc.
     void CancelSearch();
     void CancelSearch(const std::function<void()>& open);
 
-    /// Writes an arrival of party 6010001 and Wheat past the station.
+    /// Stores an arrival of party 6010001 and Wheat without the station.
     void Store(long long id, const std::vector<StoredLine>& lines);
 
-    /// Saves what the screen holds, with the print question answered No, and expects no other box.
+    /// Saves the contents of the screen, answers the print question with No, and expects no other
+    /// box.
     void Save();
     std::vector<Lines> Body(const std::string& columns, int id);
 
-    /// Everything that the operator sees or that code decides by, but for `ArrivalNo`.
+    /// Everything that the operator sees or that code decides by, except `ArrivalNo`.
     Lines Screenful();
-    /// The buttons that are on, of those that a mode sets.
+    /// The enabled buttons among those that a mode sets.
     std::string On();
     Lines BagLines();
 };

@@ -1,5 +1,5 @@
-// Opening from the search screen, and what a cancelled search leaves: no current
-// arrival, while the box still shows one.
+// Opening from the search screen, and the state after a cancelled search: no current arrival, while
+// the box still shows one.
 
 #include "data/Con.h"
 #include "slip/SlipStatement.h"
@@ -14,7 +14,7 @@ using namespace Testing;
 
 class OpeningFromSearch : public OpeningTest {
 protected:
-    /// An arrival on the screen, then a search that ends with nothing chosen.
+    /// An arrival on the screen, then a search without a selection.
     void OpenAndCancel(std::int16_t id) {
         Open(id);
         CancelSearch();
@@ -25,9 +25,9 @@ protected:
     }
 };
 
-// ---- picking ----
+// ---- selecting ----
 
-TEST_F(OpeningFromSearch, OpensTheArrivalThatIsPickedByKeys) {
+TEST_F(OpeningFromSearch, OpensTheArrivalThatIsSelectedByKeys) {
     OpenBySearch(1034);
     EXPECT_TRUE(screen->IsOpened);
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1034");
@@ -35,7 +35,7 @@ TEST_F(OpeningFromSearch, OpensTheArrivalThatIsPickedByKeys) {
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
 }
 
-TEST_F(OpeningFromSearch, OpensTheNewestArrivalUnlessAnotherIsChosen) {
+TEST_F(OpeningFromSearch, OpensTheNewestArrivalUnlessAnotherIsSelected) {
     VisitModal search([](Screen& modal) {
         ScreenDriver(modal).Press(Qt::Key_Return).Press(Qt::Key_Return).Press(Qt::Key_Return);
     });
@@ -70,7 +70,7 @@ TEST_F(OpeningFromSearch, OpensByTheButtonInTheFirstAndTheThirdState) {
     }
 }
 
-TEST_F(OpeningFromSearch, IsOutOfReachWhileSomethingIsUnsaved) {
+TEST_F(OpeningFromSearch, IsNotPossibleWhileSomethingIsUnsaved) {
     FillIn();
     Trace trace(*screen, line);
     ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_O).Click(screen->BtnOpen);
@@ -98,18 +98,19 @@ TEST_F(OpeningFromSearch, OpensAndSavesAnIdBeyondSixteenBits) {
     EXPECT_EQ(Body("VehicleNo, NoOfBags", 40000), (std::vector<Lines>{{"'NEW-1'", "10"}}));
 }
 
-// The search lists it, since it asks for no city; the load does, and ends without a message.
+// The search lists the arrival, because it needs no city. The load needs one, and ends without a
+// message.
 TEST_F(OpeningFromSearch, OfAnArrivalThatTheJoinsDropKeepsTheScreenAndTheOtherNumber) {
     RunBeside("UPDATE Arrivals SET SellerId = '6010028' WHERE ArrivalID = 1032");
     Open(1031);
     const Lines before = Screenful();
     OpenBySearch(1032);
     EXPECT_EQ(Screenful(), before);
-    EXPECT_EQ(screen->ArrivalNo, 1032) << "which no longer follows the box";
+    EXPECT_EQ(screen->ArrivalNo, 1032) << "the member does not follow the box any more";
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1031");
 }
 
-TEST_F(OpeningFromSearch, OfAnArrivalRemovedMeanwhileShowsNoMessage) {
+TEST_F(OpeningFromSearch, OfAnArrivalRemovedInBetweenShowsNoMessage) {
     VisitModal search([this](Screen& modal) {
         RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1042;"
                   "DELETE FROM Arrivals WHERE ArrivalID = 1042");
@@ -144,7 +145,7 @@ TEST_F(OpeningFromSearch, IsModalWhileTheReadingIsUpdated) {
     EXPECT_TRUE(screen->isActiveWindow());
 }
 
-// ---- nothing chosen ----
+// ---- without a selection ----
 
 TEST_F(OpeningFromSearch, CancelledByAnyMeansLeavesTheScreenWithoutACurrentArrival) {
     const std::function<void(Screen&)> ways[] = {
@@ -165,10 +166,10 @@ TEST_F(OpeningFromSearch, CancelledByAnyMeansLeavesTheScreenWithoutACurrentArriv
     }
 }
 
-// The new body rows are added to the old ones, since those of arrival 0 are looked for.
+// The new body rows are added to the old ones, because the rows of arrival 0 are searched for.
 TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesASaveAddItsRowsToTheOldOnes) {
     OpenAndCancel(1031);
-    // The statement of opening asks for no order.
+    // The statement of opening has no order.
     const std::string first = screen->BagRows.Get(0, 2);
     const std::string second = screen->BagRows.Get(1, 2);
     ScreenDriver(*screen).Press(Qt::Key_Tab);
@@ -197,10 +198,10 @@ TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesASaveAddItsRowsToTheOldOnes
                                                                       {"40", "'Ghulam Abbas'"},
                                                                       {first, "'Second'"},
                                                                       {second, "'Second'"}}));
-    EXPECT_EQ(screen->ArrivalNo, 1043) << "the new weighment sets it right";
+    EXPECT_EQ(screen->ArrivalNo, 1043) << "the new weighment corrects it";
 }
 
-// An arrival that a purchase uses is no longer found to be used: the test asks for arrival 0.
+// The use of the arrival by a purchase is not found, because the test asks for arrival 0.
 TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesASaveLookForTheWrongDependents) {
     OpenAndCancel(1035);
     ScreenDriver(*screen).Press(Qt::Key_Tab);
@@ -234,10 +235,10 @@ TEST_F(OpeningFromSearch, CancelledOverAnArrivalMakesARemovalRemoveNothing) {
                      "Delete From arrivals where arrivalid=0", "CommitTrans", PortRows, NextId}));
     EXPECT_EQ(StoredTable("Arrivals"), headers);
     EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043") << "and the screen is cleared";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1043") << "the screen is cleared";
 }
 
-TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsSetRightByTheNextLoad) {
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsCorrectedByTheNextLoad) {
     OpenAndCancel(1031);
     OpenBySearch(1031);
     EXPECT_EQ(screen->ArrivalNo, 1031);
@@ -246,15 +247,15 @@ TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsSetRightByTheNextLoad) {
     EXPECT_EQ(Body("NoOfBags", 1031).size(), 2U);
 }
 
-TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsSetRightByAClear) {
+TEST_F(OpeningFromSearch, CancelledOverAnArrivalIsCorrectedByAClear) {
     OpenAndCancel(1031);
     ScreenDriver(*screen).Press(Qt::CTRL | Qt::Key_L);
     EXPECT_EQ(screen->ArrivalNo, 1043);
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
 }
 
-// A new weighment has no old rows, so that the save is whole all the same; its slip is not.
-TEST_F(OpeningFromSearch, CancelledOverANewWeighmentSavesItWholeAndPrintsNoRows) {
+// A new weighment has no old rows, so its save is complete nevertheless; its slip is not.
+TEST_F(OpeningFromSearch, CancelledOverANewWeighmentSavesItCompletelyAndPrintsNoRows) {
     CancelSearch();
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
     FillIn();

@@ -1,4 +1,4 @@
-// The order in which opening fills what it reads only from the first row.
+// The order in which opening fills the controls that it reads from the first row only.
 
 #include "weighment/OpeningFixture.h"
 
@@ -27,7 +27,7 @@ protected:
     std::shared_ptr<Lines> filled = std::make_shared<Lines>();
 };
 
-TEST_F(OpeningOrder, GoesFromTheIdOverSellerAndCommodityToTheDriver) {
+TEST_F(OpeningOrder, IsIdThenSellerThenCommodityThenDriver) {
     Open(1031);
     EXPECT_EQ(*filled,
               (Lines{"TxtArrivalId", "CboSeller", "CboCommodity", "TxtBuiltyNo", "TxtDriverName"}));

@@ -1,4 +1,4 @@
-// F1 in the seller list: the party search, and what of its choice the list takes.
+// F1 in the seller list: the party search, and the effect of its selection on the list.
 
 #include "search/SchParty.h"
 #include "weighment/OpeningFixture.h"
@@ -10,7 +10,7 @@ namespace {
 
 using namespace Testing;
 
-/// The screen's own key handling, to be asked what it leaves of a key.
+/// The screen with access to its key handling, to see what it leaves of a key.
 class ScreenWithKeys : public FrmWeighment {
 public:
     int AfterKeyDown(int key, int shift = 0) {
@@ -28,7 +28,7 @@ protected:
         screen->Show();
         screen->CboSeller.SetFocus();
     }
-    /// Presses F1 and types a part of a name; the first party that fits is selected.
+    /// Presses F1 and types a part of a name; the first matching party is selected.
     void Find(std::string_view name) {
         VisitModal search([&](Screen& modal) {
             auto& parties = dynamic_cast<SchParty&>(modal);
@@ -54,8 +54,8 @@ TEST_F(PartySearch, WritesNameAndCityIntoTheListAndMakesTheRowCurrent) {
     EXPECT_EQ(screen->ActiveControlName(), "CboSeller");
 }
 
-// The text that is handed over must be a row of the list, so that the save finds its id.
-TEST_F(PartySearch, HandsOverARowOfTheListForEveryPartyThatItShows) {
+// The returned text must be that of a row of the list, so that the save finds its id.
+TEST_F(PartySearch, ReturnsARowOfTheListForEveryPartyThatItShows) {
     VisitModal search([this](Screen& modal) {
         auto& parties = dynamic_cast<SchParty&>(modal);
         const int rows = parties.Grid.Rows();
@@ -86,7 +86,7 @@ TEST_F(PartySearch, IsSavedWithTheIdOfTheParty) {
     EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals WHERE ArrivalID = 1043"), "'6010007'");
 }
 
-TEST_F(PartySearch, OfAPartyThatTheListDoesNotHoldShowsTheNameAndNoCurrentRow) {
+TEST_F(PartySearch, OfAPartyThatIsNotInTheListShowsTheNameAndNoCurrentRow) {
     screen->CboSellerType.SetText("Brokers");
     Find("Al-Barkat");
     EXPECT_EQ(screen->CboSeller.Text(), "Al-Barkat Commission Shop-Faisalabad");
@@ -107,7 +107,7 @@ TEST_F(PartySearch, OfADuplicateNameMakesItsFirstRowCurrent) {
     EXPECT_EQ(screen->CboSeller.Bookmark(), screen->CboSeller.FindRow(0, "Noor Brothers-Lahore"));
 }
 
-TEST_F(PartySearch, ReplacesWhatWasTypedAndClosesTheOpenList) {
+TEST_F(PartySearch, ReplacesTheTypedTextAndClosesTheOpenList) {
     ScreenDriver(*screen).Type("cha");
     ASSERT_TRUE(screen->CboSeller.IsDroppedDown());
     Find("Rana");
@@ -118,7 +118,7 @@ TEST_F(PartySearch, ReplacesWhatWasTypedAndClosesTheOpenList) {
     EXPECT_EQ(screen->CboSeller.ColumnText(1), "6010007");
 }
 
-TEST_F(PartySearch, ClosedWithNothingChosenLeavesTheSellerAsItWas) {
+TEST_F(PartySearch, ClosedWithoutASelectionKeepsTheSeller) {
     screen->CboSeller.SetText("Chaudhry Grain Traders-Okara");
     Cancel([this] { ScreenDriver(*screen).Press(Qt::Key_F1); });
     EXPECT_EQ(screen->CboSeller.Text(), "Chaudhry Grain Traders-Okara");
@@ -126,7 +126,7 @@ TEST_F(PartySearch, ClosedWithNothingChosenLeavesTheSellerAsItWas) {
     EXPECT_EQ(screen->ActiveControlName(), "CboSeller");
 }
 
-TEST_F(PartySearch, SwallowsTheKeyOnlyWhereSomethingWasChosen) {
+TEST_F(PartySearch, SwallowsTheKeyOnlyAfterASelection) {
     int left = 0;
     Cancel([&] { left = keys_->AfterKeyDown(Key::F1); });
     EXPECT_EQ(left, Key::F1);

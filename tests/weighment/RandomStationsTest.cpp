@@ -1,5 +1,5 @@
-// Two stations, each in its own process, that save, open and remove at random against each other
-// on one database file. One may be cut off in the middle of it.
+// Two stations, each in its own process, that save, open and remove arrivals at random on one
+// database file. One of them may be killed while it does so.
 
 #include "weighment/StationEncounter.h"
 
@@ -16,12 +16,12 @@ constexpr int ActionsOfEach = 1'000;
 constexpr int Rounds = 8;
 constexpr int ActionsOfARound = 60;
 
-/// What may be reported when the other station has removed the arrival, or saved it again, between
+/// A box that may be shown if the other station has removed the arrival, or saved it again, between
 /// the reading of its rows and their removal.
 const Lines RemovalBoxes{"box The row in arrivalsbody cannot be found for writing: some of its "
                          "values have been changed, or it has been deleted, since it was read.",
-                         // A server lets the other at the header, too, between its reading and its
-                         // writing.
+                         // A server also lets the other station change the header between reading
+                         // and writing it.
                          "box The row in Arrivals cannot be found for writing: some of its values "
                          "have been changed, or it has been deleted, since it was read.",
                          "box " + EngineWords("FOREIGN KEY constraint failed")};
@@ -35,7 +35,7 @@ protected:
         west = std::make_unique<Station>(database, "west", "6010002", 2, actionsOfEach, seed + 1);
     }
 
-    /// The last save of an arrival, by its rows: whose, and which.
+    /// The last save of an arrival according to its rows: the station and the serial.
     struct Save {
         const Station* station = nullptr;
         int serial = 0;
@@ -48,7 +48,8 @@ protected:
         return {station, std::stoi(driver.substr(hyphen + 1))};
     }
 
-    /// Header and rows are of one save, and the figures are those of that save. Returns its driver.
+    /// Checks that header and rows are of one save, with the figures of that save. Returns its
+    /// driver.
     std::string ExpectWhole(int id) {
         SCOPED_TRACE(id);
         const std::string where = " WHERE ArrivalId = " + std::to_string(id);
@@ -63,7 +64,7 @@ protected:
             return {};
         EXPECT_EQ(row[1], row[2]) << "rows of two saves";
         EXPECT_EQ(row[3], row[4]);
-        EXPECT_EQ("'" + row[0] + "'", row[3]) << "all the rows of the save";
+        EXPECT_EQ("'" + row[0] + "'", row[3]) << "all rows of the save";
         const std::string driver = row[1].substr(1, row[1].size() - 2);
         const Save last = SaveOf(driver);
         EXPECT_TRUE(last.station &&
@@ -83,7 +84,8 @@ protected:
         return driver;
     }
 
-    /// Every arrival of the two stations is whole, and no row is left of one that is gone.
+    /// Checks that every arrival of the two stations is complete, and that no row of a removed one
+    /// is left.
     std::set<Load> ExpectWholeOrGone() {
         std::set<Load> stored;
         for (const Lines& row : Stored("SELECT ArrivalID FROM Arrivals WHERE ArrivalID > 1042")) {
@@ -97,8 +99,8 @@ protected:
         return stored;
     }
 
-    /// What was removed, and that no load was removed twice: the second time it would have been
-    /// another one.
+    /// The removed arrivals. No load may be removed twice: the second time it would have been
+    /// another load.
     std::set<Load> ExpectEachRemovedOnce() {
         std::set<Load> removed;
         for (const Station* station : {east.get(), west.get()})
@@ -110,13 +112,13 @@ protected:
         return removed;
     }
 
-    /// Whether the arrival of that save may have been saved over since.
+    /// True if the arrival of that save may have been overwritten since.
     bool MayBeSavedOver(int id, const Station& station, int serial) const {
         for (const Station* each : {east.get(), west.get()})
             for (const auto& [savedId, savedSerial] : each->Saves())
                 if (savedId == id && (each != &station || savedSerial > serial))
                     return true;
-        // It may have saved one more than it could report.
+        // It may have made one save that it could not report.
         return cutOff != nullptr;
     }
 
@@ -141,16 +143,16 @@ protected:
     }
 
     std::unique_ptr<Station> east, west;
-    const Station* cutOff = nullptr; ///< may have saved one more than it could report
+    const Station* cutOff = nullptr; ///< may have made one save that it could not report
 };
 
-/// Another seed may be given, to look for more.
+/// Another seed may be given to search for more cases.
 unsigned GivenSeed() {
     const char* given = std::getenv("QUILLANE_SEED");
     return given ? static_cast<unsigned>(std::stoul(given)) : Seed;
 }
 
-TEST_F(RandomStations, LeaveEveryArrivalWholeOrGone) {
+TEST_F(RandomStations, LeaveEveryArrivalCompleteOrRemoved) {
     const unsigned seed = GivenSeed();
     SCOPED_TRACE("seed " + std::to_string(seed));
     const auto before = Stored("SELECT * FROM ArrivalsBody WHERE ArrivalId <= 1042");
@@ -161,13 +163,14 @@ TEST_F(RandomStations, LeaveEveryArrivalWholeOrGone) {
         EXPECT_GT(station->Saves().size(), 400U);
         EXPECT_GT(station->Removed().size(), 50U);
     }
-    EXPECT_GT(east->Boxes().size() + west->Boxes().size(), 0U) << "they met";
+    EXPECT_GT(east->Boxes().size() + west->Boxes().size(), 0U)
+        << "the stations have disturbed each other";
     ExpectKnownBoxes();
     ExpectNothingLost();
     EXPECT_EQ(Stored("SELECT * FROM ArrivalsBody WHERE ArrivalId <= 1042"), before);
 }
 
-TEST_F(RandomStations, OfWhichOneIsKilledLeaveEveryArrivalWholeOrGone) {
+TEST_F(RandomStations, OfWhichOneIsKilledLeaveEveryArrivalCompleteOrRemoved) {
     std::mt19937 chance(GivenSeed());
     for (int round = 0; round < Rounds; ++round) {
         const auto seed = static_cast<unsigned>(chance());

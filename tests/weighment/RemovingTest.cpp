@@ -1,4 +1,4 @@
-// What a removal leaves in the tables, also where other stations work on the same arrival.
+// The tables after a removal, also if other stations work on the same arrival.
 
 #include "weighment/OpeningFixture.h"
 
@@ -12,7 +12,7 @@ const std::string RemoveText = "Are you sure to remove this arrival?";
 
 class Removing : public OpeningTest {
 protected:
-    /// Opens and removes; `meanwhile` runs while the question is up.
+    /// Opens and removes; `meanwhile` runs while the question is shown.
     void Remove(std::int16_t id, const std::function<void()>& meanwhile = {},
                 const std::vector<Box>& reported = {}) {
         Open(id);
@@ -42,7 +42,7 @@ protected:
                  "Database");
 };
 
-TEST_F(Removing, TakesTheHeaderAndItsRowsAndNothingElse) {
+TEST_F(Removing, RemovesOnlyTheHeaderAndItsRows) {
     Rows headers = StoredTable("Arrivals");
     Rows bodies = StoredTable("ArrivalsBody");
     const auto others = StoredTable("PurchaseBody");
@@ -67,16 +67,16 @@ TEST_F(Removing, ClearsTheScreenWithoutAMessage) {
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
 }
 
-TEST_F(Removing, FreesTheHighestNumberAlone) {
+TEST_F(Removing, FreesOnlyTheHighestNumber) {
     Remove(1040);
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
     Remove(1042);
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1042");
     Remove(1041);
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "1040") << "1040 has gone already";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1040") << "1040 has been removed already";
     FillIn();
     Save();
-    EXPECT_EQ(RowsOf(1040), "2") << "and is used again";
+    EXPECT_EQ(RowsOf(1040), "2") << "its number is used again";
 }
 
 TEST_F(Removing, OfTheLastArrivalOfAllStartsWithOneAgain) {
@@ -93,7 +93,7 @@ TEST_F(Removing, DoesNotAskWhetherTheArrivalIsPosted) {
     EXPECT_EQ(HeadersOf(1036), "0");
 }
 
-TEST_F(Removing, IsOutOfReachInTheFirstAndTheSecondState) {
+TEST_F(Removing, IsNotPossibleInTheFirstAndTheSecondState) {
     ScreenDriver driver(*screen);
     for (const int mode : {1, 2}) {
         Open(1040);
@@ -104,14 +104,14 @@ TEST_F(Removing, IsOutOfReachInTheFirstAndTheSecondState) {
     }
 }
 
-TEST_F(Removing, TakesRowsThatOpeningDidNotShow) {
+TEST_F(Removing, RemovesRowsThatOpeningDidNotShow) {
     Store(2000, {{.bags = "30"}, {.bags = "10", .bagClass = "0"}});
     Remove(2000);
     EXPECT_EQ(HeadersOf(2000), "0");
     EXPECT_EQ(RowsOf(2000), "0");
 }
 
-TEST_F(Removing, OfARowlessArrivalWhoseRowsWentElsewhere) {
+TEST_F(Removing, OfAnArrivalWhoseRowsWereMovedToAnotherOne) {
     Open(1040);
     RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040");
     BoxAnswers boxes;
@@ -121,7 +121,7 @@ TEST_F(Removing, OfARowlessArrivalWhoseRowsWentElsewhere) {
 }
 
 // The tables may have no key: rows are then matched on all their columns.
-TEST_F(Removing, OfRowsThatAreAllAlikeInATableWithoutAKeyTakesEachOfThem) {
+TEST_F(Removing, OfEqualRowsInATableWithoutAKeyRemovesEachOfThem) {
     database.Loosen("ArrivalsBody");
     Store(2000, {{}, {}, {}});
     Remove(2000);
@@ -137,14 +137,14 @@ const std::string ARowMore =
     "TareWeight, ScaleDeduction, BagWeight, BagsDeduction, OtherDeduction, NetWeight) VALUES "
     "(1040, 1, 1, 1, 99, 0, 0, 1, 0, 0, 99);";
 
-TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileIsRefusedByTheKeyAndRolledBack) {
+TEST_F(Removing, OfAnArrivalThatGetsARowInBetweenIsRefusedByTheKeyAndRolledBack) {
     Remove(1040, [this] { RunBeside(ARowMore); }, {KeyRefuses});
     EXPECT_EQ(Body("NoOfBags", 1040), (Rows{{"45"}, {"71"}, {"99"}}));
     EXPECT_EQ(HeadersOf(1040), "1");
     ExpectStillOpen(1040);
 }
 
-TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileLeavesThatRowWithoutAForeignKey) {
+TEST_F(Removing, OfAnArrivalThatGetsARowInBetweenLeavesThatRowIfThereIsNoForeignKey) {
     database.Loosen("ArrivalsBody");
     Remove(1040, [this] { RunBeside(ARowMore); });
     EXPECT_EQ(Body("NoOfBags", 1040), Rows{{"99"}});
@@ -152,7 +152,7 @@ TEST_F(Removing, OfAnArrivalThatGetsARowMeanwhileLeavesThatRowWithoutAForeignKey
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
 }
 
-TEST_F(Removing, DoesNotSeeAPurchaseThatComesAfterTheTest) {
+TEST_F(Removing, DoesNotSeeAPurchaseThatIsStoredAfterTheTest) {
     const std::string purchase = "INSERT INTO PurchaseBody (PurchaseId, ArrivalId) VALUES (78, "
                                  "1040)";
     for (const bool tied : {true, false}) {
@@ -172,7 +172,7 @@ TEST_F(Removing, DoesNotSeeAPurchaseThatComesAfterTheTest) {
     }
 }
 
-TEST_F(Removing, SeesAPurchaseThatComesWhileTheQuestionIsUp) {
+TEST_F(Removing, SeesAPurchaseThatIsStoredWhileTheQuestionIsShown) {
     Remove(
         1040,
         [this] { RunBeside("INSERT INTO PurchaseBody (PurchaseId, ArrivalId) VALUES (78, 1040)"); },
@@ -192,7 +192,7 @@ TEST_F(Removing, OfAnArrivalThatAnotherStationHasRemovedIsRolledBack) {
     ExpectStillOpen(1040);
     EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals"), "11");
     Open(1031);
-    EXPECT_EQ(screen->TxtArrivalId.Text(), "1031") << "and the station goes on";
+    EXPECT_EQ(screen->TxtArrivalId.Text(), "1031") << "the station continues";
 }
 
 TEST_F(Removing, OfAnArrivalThatAnotherStationHasSavedAgainIsRolledBack) {

@@ -1,4 +1,4 @@
-// What a removal does, in its order: statements, boxes, writes and moves of the focus.
+// The actions of a removal, in order: statements, boxes, writes and moves of the focus.
 
 #include "data/Con.h"
 #include "platform/runtime/Failure.h"
@@ -34,7 +34,7 @@ std::string Reported(const std::string& text, const std::string& source = "Datab
     return "Box \"" + source + "\" [critical, OK] " + text;
 }
 
-/// All that is done up to the commit, for an arrival of so many rows.
+/// All actions up to the commit, for an arrival with this number of rows.
 Lines Removed(const std::string& id, int rows) {
     Lines lines{BodyRead(id), RemoveQuestion, PurchaseTest(id), "BeginTrans", PostedDown(id)};
     lines.insert(lines.end(), static_cast<std::size_t>(rows), BodyDelete);
@@ -80,11 +80,11 @@ TEST_F(RemovingTrace, OfAnArrivalByItsKeys) {
                 {PortRows},
                 BlankingAScreenOf("15980", "399-20"),
                 NewFrom("1043")}))
-        << "the date has the focus already";
+        << "the date already has the focus";
     EXPECT_EQ(screen->ActiveControlName(), "DtpArrivalDate");
 }
 
-TEST_F(RemovingTrace, AnsweredNoHasReadTheRowsAndNothingElse) {
+TEST_F(RemovingTrace, AnsweredNoHasOnlyReadTheRows) {
     Open(1040);
     const Lines before = Screenful();
     EXPECT_EQ(Removing([this] { screen->BtnRemove_Click(); }, BoxAnswer::No),
@@ -92,7 +92,7 @@ TEST_F(RemovingTrace, AnsweredNoHasReadTheRowsAndNothingElse) {
     EXPECT_EQ(Screenful(), before);
 }
 
-TEST_F(RemovingTrace, ByALesserUserIsRefusedWithoutAnyStatement) {
+TEST_F(RemovingTrace, ByARestrictedUserIsRefusedWithoutAnyStatement) {
     SignInAsGate();
     for (const bool exists : {true, false}) {
         Open(1040);
@@ -106,7 +106,7 @@ TEST_F(RemovingTrace, ByALesserUserIsRefusedWithoutAnyStatement) {
     }
 }
 
-TEST_F(RemovingTrace, IsForTheFirstLevelAlone) {
+TEST_F(RemovingTrace, IsOnlyForLevelOne) {
     Open(1040);
     for (const std::string level : {"0", "2", "3", "9"}) {
         RunBeside("UPDATE StationUsers SET UserLevel = " + level + " WHERE UserName = '" +
@@ -138,7 +138,7 @@ TEST_F(RemovingTrace, OfAnArrivalWithoutRowsDeletesItsHeader) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
 }
 
-TEST_F(RemovingTrace, GoesByTheMemberAndNotByTheBox) {
+TEST_F(RemovingTrace, UsesTheMemberAndNotTheBox) {
     Open(1040);
     screen->ArrivalNo = 1034;
     const Lines done = RemovingByCode();
@@ -146,7 +146,7 @@ TEST_F(RemovingTrace, GoesByTheMemberAndNotByTheBox) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "1");
 }
 
-TEST_F(RemovingTrace, GoesToTheIdWhereTheDateIsClosedAfterwards) {
+TEST_F(RemovingTrace, MovesToTheIdIfTheDateIsDisabledAfterwards) {
     Open(1040);
     Trace trace(*screen, line);
     trace.Answer(RemoveText, BoxAnswer::Yes);
@@ -159,8 +159,8 @@ TEST_F(RemovingTrace, GoesToTheIdWhereTheDateIsClosedAfterwards) {
 
 class FailingRemoval : public RemovingTrace {
 protected:
-    /// A removal of 1040 that fails after these lines, with this box; then everything is as it
-    /// was.
+    /// A removal of 1040 that fails after these lines, with this box. Afterwards everything is
+    /// unchanged.
     void ExpectRolledBack(const Lines& upToTheFailure, const std::string& box,
                           const std::string& source = "Database") {
         if (!screen->IsOpened)
@@ -182,7 +182,7 @@ protected:
         EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "0");
         EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1040"), "0");
     }
-    /// The lines of a removal of 1040, so many.
+    /// This number of lines of a removal of 1040.
     static Lines First(int lines) {
         const Lines all = Removed("1040", 2);
         return {all.begin(), all.begin() + lines};
@@ -196,14 +196,14 @@ TEST_F(FailingRemoval, AtThePostedFlagIsRolledBack) {
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingRemoval, AtTheLastRowBringsTheFirstBack) {
+TEST_F(FailingRemoval, AtTheLastRowRestoresTheFirst) {
     database.Refuse({"DELETE", "ArrivalsBody", "The books are closed", "NoOfBags = 71"});
     ExpectRolledBack(First(7), EngineWords("The books are closed"));
     database.AcceptAgain();
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingRemoval, AtTheHeaderBringsTheRowsBack) {
+TEST_F(FailingRemoval, AtTheHeaderRestoresTheRows) {
     database.Refuse({"DELETE", "Arrivals", "The books are closed"});
     ExpectRolledBack(First(8), EngineWords("The books are closed"));
     database.AcceptAgain();
@@ -211,7 +211,7 @@ TEST_F(FailingRemoval, AtTheHeaderBringsTheRowsBack) {
 }
 
 TEST_F(FailingRemoval, AtTheCommitIsRolledBack) {
-    SKIP_ON_SQL_SERVER("no key of it waits for the commit");
+    SKIP_ON_SQL_SERVER("it checks no key at the commit");
     RunBeside("CREATE TABLE GatePasses (PassId INTEGER PRIMARY KEY, ArrivalId INTEGER REFERENCES "
               "Arrivals (ArrivalID) DEFERRABLE INITIALLY DEFERRED);"
               "INSERT INTO GatePasses (ArrivalId) VALUES (1040)");
@@ -220,7 +220,7 @@ TEST_F(FailingRemoval, AtTheCommitIsRolledBack) {
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingRemoval, WhoseTransactionTheEngineEndsItselfIsReportedAlike) {
+TEST_F(FailingRemoval, WhoseTransactionTheEngineEndsIsReportedInTheSameWay) {
     database.Refuse({.write = "DELETE",
                      .table = "Arrivals",
                      .words = "The books are gone",
@@ -230,7 +230,8 @@ TEST_F(FailingRemoval, WhoseTransactionTheEngineEndsItselfIsReportedAlike) {
     ExpectSecondTryWorks();
 }
 
-// The test of purchases knows no other table: what else rests on the arrival speaks for itself.
+// The test for purchases knows no other table. Other tables that refer to the arrival make the
+// database refuse the removal.
 TEST_F(FailingRemoval, OfAnArrivalThatALaboratoryReportUsesIsRefusedByTheDatabase) {
     RunBeside("UPDATE LaboratoryReports SET SampleArrivalNo = 1040");
     ExpectRolledBack(First(8), EngineWords("FOREIGN KEY constraint failed"));
@@ -254,7 +255,7 @@ TEST_F(FailingRemoval, OfMoreThan32767RowsIsAnOverflow) {
 
 class UntrappedRemoval : public RemovingTrace {
 protected:
-    /// What is done when the button is clicked, and with what the process would end.
+    /// The actions of a click on the button, and the exit codes of the process.
     Lines Clicking() {
         ProcessEnd end;
         const Lines done = Removing([this] { ScreenDriver(*screen).Click(screen->BtnRemove); });
@@ -262,7 +263,7 @@ protected:
         return done;
     }
     const Lines ToButton = Moved("DtpArrivalDate", "BtnRemove");
-    /// The runtime's own box. What led there comes first.
+    /// The box of the runtime. The actions that led to it come first.
     static std::string RuntimesOwnBox(const std::string& before = {}) {
         return Reported(before + NothingToRollBack, "Quillane");
     }
@@ -291,7 +292,7 @@ TEST_F(UntrappedRemoval, ThatCannotTestForPurchasesEndsTheProcess) {
     EXPECT_EQ(StoredTable("ArrivalsBody"), bodies);
 }
 
-// What was committed stays; that there is nothing to roll back any more is what ends it.
+// The committed changes are kept. The process ends because there is nothing to roll back.
 TEST_F(UntrappedRemoval, ThatFailsAfterTheCommitEndsTheProcess) {
     Open(1040);
     Trace trace(*screen, line);
@@ -307,7 +308,7 @@ TEST_F(UntrappedRemoval, ThatFailsAfterTheCommitEndsTheProcess) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM Arrivals WHERE ArrivalID = 1040"), "0");
 }
 
-// The keys have their own trap.
+// The procedure of the keys has its own trap.
 TEST_F(UntrappedRemoval, ByItsKeysIsReportedAndLeavesTheProcessRunning) {
     Open(1040);
     database.Rename("PurchaseBody", "Away");
@@ -326,7 +327,7 @@ TEST_F(UntrappedRemoval, LetsTheFailureOfTheRollbackThrough) {
     trace.Answer(RemoveText, BoxAnswer::Yes);
     try {
         screen->BtnRemove_Click();
-        ADD_FAILURE() << "no failure came";
+        ADD_FAILURE() << "no failure was thrown";
     } catch (const Failure& failure) {
         EXPECT_EQ(ComparedWords(failure.Description()), NoPurchases + NothingToRollBack);
     }

@@ -1,5 +1,5 @@
-// A load that another station removes while this one is about to remove it or save it again, and
-// the new load that takes its place in the tables: nothing of the new one is lost.
+// Another station removes a load that this station is about to remove or save again, and a new load
+// takes its place in the tables: nothing of the new load is lost.
 
 #include "weighment/OpeningFixture.h"
 
@@ -9,7 +9,7 @@ namespace {
 using namespace Testing;
 using Rows = std::vector<Lines>;
 
-/// The load that this station has open, and the one that the other station saves meanwhile.
+/// The load that this station has open, and the one that the other station saves in between.
 constexpr std::int16_t Opened = 2000;
 
 const Box RowIsGone =
@@ -17,7 +17,7 @@ const Box RowIsGone =
              "changed, or it has been deleted, since it was read.",
              "Database");
 
-/// A load of so many lines, identified by the vehicle and the driver.
+/// A load with this number of lines, identified by the vehicle and the driver.
 std::vector<StoredLine> LoadOf(const std::string& driver, int lines) {
     std::vector<StoredLine> load(static_cast<std::size_t>(lines));
     for (StoredLine& each : load)
@@ -38,7 +38,7 @@ protected:
         OtherRemovesIt();
         Store(id, LoadOf("west", lines));
     }
-    /// Answers Yes to the removal's question, with `meanwhile` before the answer.
+    /// Answers the removal's question with Yes and runs `meanwhile` before the answer.
     void Remove(const std::function<void()>& meanwhile, const std::vector<Box>& reported) {
         BoxAnswers boxes;
         boxes.Expect(Question("Are you sure to remove this arrival?"), BoxAnswer::Yes, meanwhile);
@@ -61,7 +61,7 @@ protected:
     }
 };
 
-TEST_F(ReplacedLoad, IsNotRemovedWhereTheNewLoadHasAnotherNumber) {
+TEST_F(ReplacedLoad, IsNotRemovedIfTheNewLoadHasAnotherNumber) {
     for (const int lines : {1, 2, 3, 4}) {
         SCOPED_TRACE(lines);
         Store(Opened, LoadOf("east", 3));
@@ -75,7 +75,7 @@ TEST_F(ReplacedLoad, IsNotRemovedWhereTheNewLoadHasAnotherNumber) {
     }
 }
 
-TEST_F(ReplacedLoad, IsNotRemovedWhereTheNewLoadHasTheSameNumber) {
+TEST_F(ReplacedLoad, IsNotRemovedIfTheNewLoadHasTheSameNumber) {
     for (const int lines : {1, 2, 3, 4}) {
         SCOPED_TRACE(lines);
         Store(Opened, LoadOf("east", 3));
@@ -104,7 +104,7 @@ TEST_F(ReplacedLoad, IsNotRemovedFromATableWithoutAKeyEither) {
 }
 
 // The save reads the lines that it replaces within its transaction.
-TEST_F(ReplacedLoad, SavedAgainComesBackAndLeavesTheNewLoadAlone) {
+TEST_F(ReplacedLoad, SavedAgainIsRestoredAndTheNewLoadIsNotChanged) {
     for (const bool hasKey : {true, false}) {
         SCOPED_TRACE(hasKey);
         if (!hasKey)

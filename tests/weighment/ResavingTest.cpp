@@ -1,4 +1,5 @@
-// An opened arrival saved again: its body is replaced, and what opening lost is lost in the file.
+// An opened arrival is saved again: its body is replaced, and values that opening has lost are lost
+// in the tables too.
 
 #include "slip/SlipStatement.h"
 #include "weighment/OpeningFixture.h"
@@ -11,7 +12,7 @@ using Rows = std::vector<Lines>;
 
 class Resaving : public OpeningTest {
 protected:
-    /// Opens, and presses a key, so that it can be saved.
+    /// Opens an arrival and presses a key, so that it can be saved.
     void OpenToChange(std::int16_t id) {
         Open(id);
         ScreenDriver(*screen).Press(Qt::Key_Tab);
@@ -28,7 +29,7 @@ const Lines Dependents1040{"EXEC sp_fkeys @pktable_name = N'Arrivals'",
                            "Select TOP 1 * From LaboratoryReports Where SampleArrivalNo=1040",
                            "Select TOP 1 * From PurchaseBody Where ArrivalId=1040"};
 
-// The focus is on the commodity, after the date.
+// The focus is on the commodity, which follows the date.
 TEST_F(Resaving, RunsEachStatementInItsOrder) {
     OpenToChange(1040);
     EXPECT_EQ(SaveTraced(),
@@ -120,7 +121,7 @@ TEST_F(Resaving, LosesARowWhoseClassIsUnknown) {
     EXPECT_EQ(Body("NoOfBags, BagsClassId, BagWeight", 2000), (Rows{{"30", "1", "100"}}));
 }
 
-TEST_F(Resaving, BlanksWhatTheBooksHadSetInTheHeader) {
+TEST_F(Resaving, BlanksTheValuesOfTheBooksInTheHeader) {
     OpenToChange(1036);
     Save();
     EXPECT_EQ(Stored("SELECT PermitNo, CenterId, ContractId, IsPosted, NoOfBags, BagWeight, "
@@ -128,7 +129,7 @@ TEST_F(Resaving, BlanksWhatTheBooksHadSetInTheHeader) {
               (Rows{{"Null", "Null", "Null", "0", "200", "100.7", "9875"}}));
 }
 
-TEST_F(Resaving, OfAPostedRecordIsRefusedToALesserUser) {
+TEST_F(Resaving, OfAPostedRecordIsRefusedToARestrictedUser) {
     SignInAsGate();
     OpenToChange(1036);
     const auto headers = StoredTable("Arrivals");
@@ -196,7 +197,7 @@ TEST_F(Resaving, ThatFailsAtAnyOfItsWritesLosesNothing) {
     screen->TxtDriverName.SetText("Another");
     const auto headers = StoredTable("Arrivals");
     const auto bodies = StoredTable("ArrivalsBody");
-    // Looking the ids of class and type up moves these two lists.
+    // Looking up the ids of class and type moves the current rows of these two lists.
     const auto seen = [this] {
         Lines all = Screenful();
         std::erase_if(all, [](const std::string& each) { return each.starts_with("CboBag"); });
@@ -239,7 +240,7 @@ TEST_F(Resaving, OfAPartyWithADuplicateNameWritesTheFirst) {
               "'" + first + "'");
 }
 
-TEST_F(Resaving, OfAPartyThatTheListDoesNotHoldFailsAndLosesNothing) {
+TEST_F(Resaving, OfAPartyThatIsNotInTheListFailsAndLosesNothing) {
     screen->CboSellerType.SetText("Brokers");
     OpenToChange(1031);
     const auto headers = StoredTable("Arrivals");
@@ -254,7 +255,7 @@ TEST_F(Resaving, OfAPartyThatTheListDoesNotHoldFailsAndLosesNothing) {
 
 // ---- other stations ----
 
-// What is expected to exist is written as new where it has gone.
+// Rows that should exist but are missing are inserted.
 TEST_F(Resaving, OfAnArrivalRemovedByAnotherStationWritesItAgain) {
     OpenToChange(1040);
     RunBeside("DELETE FROM ArrivalsBody WHERE ArrivalId = 1040;"

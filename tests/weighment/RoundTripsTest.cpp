@@ -1,5 +1,5 @@
-// How often a station goes to SQL Server and back, request by request, as a relay on the way sees
-// it: what the procedures ask for, what a written row needs, and nothing else.
+// The round trips of a station to SQL Server, as a relay between them sees each request: the
+// statements of the procedures, the requests that a written row needs, and no others.
 
 #include "data/Con.h"
 #include "servers/CountingRelay.h"
@@ -10,7 +10,7 @@
 namespace Quillane::Testing {
 namespace {
 
-/// Without the values, which each driver writes in another form.
+/// The text of a request without its values, which each driver writes in another form.
 std::string Named(const std::string& request) {
     std::string statement = ComparedWords(StatementOfTdsRequest(request));
     if (statement.starts_with("INSERT"))
@@ -21,7 +21,7 @@ std::string Named(const std::string& request) {
 class RoundTrips : public WeighmentTest {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(OnSqlServer()) << "SQL Server alone is asked over a wire";
+        ASSERT_TRUE(OnSqlServer()) << "only SQL Server is reached over a network";
         relay.emplace("Driver=SQL Server;" + database.ConfigText());
         Con->Close();
         Con->Open(relay->ConnectionString());
@@ -39,7 +39,7 @@ protected:
         return statements;
     }
 
-    /// Those from the click to the commit, and those of the new weighment after it.
+    /// The requests from the click to the commit, and those of the new weighment after it.
     std::pair<Lines, Lines> RequestsOfSave() {
         Requests();
         Lines ofSave;
@@ -70,7 +70,7 @@ Lines Validation(const std::string& id) {
     return {"Select Count(*) From Arrivals Where ArrivalID = " + id, PostedRule(id)};
 }
 
-/// `key` is the look for a table's key, where it is the first of the connection.
+/// `key` is the query for a table's key, if it is the first one of the connection.
 Lines UpToTheBody(const std::string& id, const Lines& key, const std::string& headerWrite) {
     return Joined({{"BEGIN TRANSACTION", "Select * from Arrivals Where ArrivalId=" + id},
                    key,
@@ -91,7 +91,7 @@ Lines NewLines(const std::string& id, const Lines& key) {
                    {"COMMIT TRANSACTION"}});
 }
 
-TEST_F(RoundTrips, OfASaveAreItsStatementsAndTheKeysOfTwoTablesOnce) {
+TEST_F(RoundTrips, OfASaveAreItsStatementsAndOneQueryForEachOfTwoKeys) {
     for (const std::string id : {"1043", "1044"}) {
         const Lines key = id == "1043" ? Lines{KeyOfTable} : Lines{};
         FillInThreeLines();
@@ -103,7 +103,7 @@ TEST_F(RoundTrips, OfASaveAreItsStatementsAndTheKeysOfTwoTablesOnce) {
     }
 }
 
-TEST_F(RoundTrips, OfSavingAnOpenedWeighmentAskForEachKeyOnceHoweverTheTableIsSpelled) {
+TEST_F(RoundTrips, OfSavingAnOpenedWeighmentQueryEachKeyOnceForAnySpellingOfTheTable) {
     FillInThreeLines();
     screen->TxtArrivalId.SetText("1040");
     screen->IsOpened = true;
@@ -115,7 +115,7 @@ TEST_F(RoundTrips, OfSavingAnOpenedWeighmentAskForEachKeyOnceHoweverTheTableIsSp
                               NewLines("1040", {})}));
 }
 
-TEST_F(RoundTrips, OfOpeningAreTheLookForTheIdAndOneJoin) {
+TEST_F(RoundTrips, OfOpeningAreTheQueryForTheIdAndOneJoin) {
     Requests();
     screen->TxtArrivalId.SetText("1034");
     screen->TxtArrivalId_Validate();

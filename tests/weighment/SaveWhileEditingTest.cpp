@@ -1,4 +1,4 @@
-// A cell still being edited when a save is asked for: what is seen is what is stored. By keys and
+// A cell is still being edited when a save is requested: the shown text is stored. By keys and by
 // the mouse, on new lines and on old ones.
 
 #include "weighment/WeighmentFixture.h"
@@ -8,7 +8,7 @@ namespace {
 
 using Rows = std::vector<Lines>;
 
-/// How the operator asks for the save.
+/// How the operator requests the save.
 struct Road {
     const char* name;
     std::function<void(FrmWeighment&)> take;
@@ -111,7 +111,7 @@ TEST_P(SaveWhileEditing, StoresALineWhoseFirstCellIsStillBeingTyped) {
     EXPECT_EQ(SavedLines(), (Rows{{"1", "1", "60"}, {"3", "2", "40"}, {"2", "0", "0"}}));
 }
 
-TEST_P(SaveWhileEditing, DividesByTheBagsThatAreSeen) {
+TEST_P(SaveWhileEditing, DividesByTheShownBags) {
     Press(Qt::Key_Right);
     Press(Qt::Key_Right);
     Type("160");
@@ -120,7 +120,7 @@ TEST_P(SaveWhileEditing, DividesByTheBagsThatAreSeen) {
               "41.1");
 }
 
-// The first bag line of a weighment makes the difference between a refusal and a save.
+// The first bag line of a weighment decides between a refusal and a save.
 TEST_P(SaveWhileEditing, TakesTheOnlyLineWhileItIsBeingTyped) {
     SetBagLines({});
     Type("loo");
@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(By, SaveWhileEditing, testing::ValuesIn(Roads),
 /// The same in other controls.
 class SaveWhileTyping : public SaveWhileEditing {};
 
-TEST_P(SaveWhileTyping, StoresTheVehicleAsSeen) {
+TEST_P(SaveWhileTyping, StoresTheShownVehicle) {
     screen->TxtVehicleNo.SetFocus();
     screen->TxtVehicleNo.SelectAll();
     Type("KHW-51");
@@ -160,8 +160,8 @@ TEST_P(SaveWhileTyping, StoresTheSellerThatTheTypedNameIsCompletedTo) {
     EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals WHERE ArrivalID = 1043"), "'6010026'");
 }
 
-/// A name that no list has is seen, and is no party: nothing is stored.
-TEST_F(WeighmentScreenTest, ASaveWithASellerThatIsOnNoListStoresNothing) {
+/// A shown name that is not in the list is no party: nothing is stored.
+TEST_F(WeighmentScreenTest, ASaveWithAnUnlistedSellerStoresNothing) {
     ASSERT_TRUE(WaitFor([this] { return screen->isActiveWindow(); }));
     FillIn();
     screen->CboSeller.SetFocus();
@@ -176,7 +176,7 @@ TEST_F(WeighmentScreenTest, ASaveWithASellerThatIsOnNoListStoresNothing) {
     EXPECT_TRUE(screen->BtnSave.Enabled());
 }
 
-TEST_P(SaveWhileTyping, StoresTheDateAsSeen) {
+TEST_P(SaveWhileTyping, StoresTheShownDate) {
     screen->DtpArrivalDate.SetFocus();
     Type("19");
     Save();

@@ -1,4 +1,4 @@
-// What a save leaves in the tables, read back by the engine itself.
+// The rows in the tables after a save, read by the engine itself.
 
 #include "data/Con.h"
 #include "slip/SlipStatement.h"
@@ -14,7 +14,7 @@ using Rows = std::vector<Lines>;
 
 class SavedRows : public WeighmentScreenTest {
 protected:
-    /// Saves, with the print question answered No, and expects no other box.
+    /// Saves, answers the print question with No, and expects no other box.
     void Save() {
         BoxAnswers boxes;
         boxes.Expect({"Do you want to print?", "Confirmation", BoxIcon::Question, BoxButtons::YesNo,
@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(SavedRows, ShareOutTheWeighmentByBags) {
+TEST_F(SavedRows, DivideTheWeighmentByBags) {
     FillIn();
     screen->TxtTareWeight.SetText("2950");
     screen->TxtGrossWeight.SetText("4000");
@@ -56,15 +56,15 @@ TEST_F(SavedRows, ShareOutTheWeighmentByBags) {
                                   "985", "'Ghulam Rasool'", "'B-7781'", "'LEB-4217'"}}));
 }
 
-TEST_F(SavedRows, OfANewArrivalLeaveToTheBooksWhatIsTheirs) {
+TEST_F(SavedRows, OfANewArrivalLeaveTheColumnsOfTheBooksEmpty) {
     FillIn();
     Save();
     EXPECT_EQ(Header(1043), (Rows{{"1043", "'2026-11-20T00:00:00'", "Null", "Null", "1",
                                    "'6010001'", "Null", "0", "Null", "Null", "Null"}}));
 }
 
-// 12540 and 4320 kg with half a kilogram off each mound and 17 kg off the load.
-TEST_F(SavedRows, HoldFractionsToTheLastDigitAndTheScaleDeductionOnEachLine) {
+// 12540 and 4320 kg with half a kilogram off for each mound and 17 kg off the load.
+TEST_F(SavedRows, HaveFractionsToTheLastDigitAndTheScaleDeductionOnEachLine) {
     FillIn();
     screen->TxtKandaDeduction.SetText("0.5");
     ASSERT_EQ(screen->TxtScaleDeductKg.Text(), "103");
@@ -94,7 +94,7 @@ TEST_F(SavedRows, OfThreeUnevenLinesAreDividedFirstAndMultipliedAfterwards) {
     }
 }
 
-TEST_F(SavedRows, OfOneLineCarryEverything) {
+TEST_F(SavedRows, OfOneLineHaveAllWeights) {
     FillIn();
     SetBagLines({{"Loose", "Mill Bardana", "1"}});
     Save();
@@ -103,7 +103,7 @@ TEST_F(SavedRows, OfOneLineCarryEverything) {
                      "8203", "'Ghulam Rasool'", "'B-7781'", "'LEB-4217'"}}));
 }
 
-TEST_F(SavedRows, OfAFirstWeighingAreStoredAsAnyOther) {
+TEST_F(SavedRows, OfAFirstWeighingAreStoredLikeAnyOther) {
     FillIn();
     screen->TxtTareWeight.SetText("");
     screen->ComputeGrossWeight();
@@ -126,8 +126,8 @@ TEST_F(SavedRows, OfANegativeLoadAreStored) {
     EXPECT_EQ(Body("BagWeight, OtherDeduction, NetWeight"), (Rows{{"-4", "17", "-57"}}));
 }
 
-// The sum of the bags is a whole number, ties to even; each line keeps what it says.
-TEST_F(SavedRows, OfBrokenQuantitiesAreDividedByARoundedSum) {
+// The sum of the bags is a whole number, ties to even; each line keeps its own quantity.
+TEST_F(SavedRows, OfFractionalQuantitiesAreDividedByARoundedSum) {
     FillIn();
     SetBagLines({{"Jute New", "100 Kg", "1.5"}, {"Jute New", "100 Kg", "1 torn"}});
     Save();
@@ -135,7 +135,7 @@ TEST_F(SavedRows, OfBrokenQuantitiesAreDividedByARoundedSum) {
               (Rows{{"1.5", "4110", "6152.25"}, {"1", "4110", "4101.5"}}));
 }
 
-TEST_F(SavedRows, OfABrokenQuantityTypedInTheGridHoldItWhole) {
+TEST_F(SavedRows, OfAFractionalQuantityTypedInTheGridHaveAllItsDigits) {
     FillIn();
     SetBagLines({{"Jute New", "100 Kg", ""}, {"Jute Old", "100 Kg", "27.5"}});
     screen->Grid.SetFocus();
@@ -162,7 +162,7 @@ TEST_F(SavedRows, AreInTheGridsOrderWhicheverLineWasCurrent) {
         EXPECT_EQ(rows[row], (Lines{std::to_string(row + 1), row == 0 ? "'LEB-4217'" : "''"}));
 }
 
-TEST_F(SavedRows, HoldZeroForABagNameThatIsOnNoList) {
+TEST_F(SavedRows, HaveZeroForAnUnlistedBagName) {
     FillIn();
     SetBagLines({{"Sacks", "Bales", "10"}, {"jute new", "", "10"}, {"Jute New", "100 Kg", "10"}});
     Save();
@@ -170,7 +170,7 @@ TEST_F(SavedRows, HoldZeroForABagNameThatIsOnNoList) {
     EXPECT_EQ(Con->Execute(SlipStatement(1043)).RecordCount(), 1);
 }
 
-TEST_F(SavedRows, AreThoseOfTheListsCurrentRowWhereNamesRepeat) {
+TEST_F(SavedRows, HaveTheIdOfTheListsCurrentRowIfNamesRepeat) {
     RunBeside("UPDATE Parties SET CityId = 1 WHERE PartyId = '6010019'");
     screen->Unload();
     screen->Show();
@@ -186,7 +186,7 @@ TEST_F(SavedRows, AreThoseOfTheListsCurrentRowWhereNamesRepeat) {
     EXPECT_NE(id, firstId);
 }
 
-TEST_F(SavedRows, TakeTheDateThatThePickerShows) {
+TEST_F(SavedRows, HaveTheDateThatThePickerShows) {
     FillIn();
     screen->DtpArrivalDate.SetValue(
         Date{std::chrono::year(2024), std::chrono::month(2), std::chrono::day(29)});
@@ -213,10 +213,10 @@ TEST_F(SavedRows, AreTheSameWhetherFinalizedOrNot) {
 
 // ---- texts ----
 
-TEST_F(SavedRows, KeepAnyTextWholeAndAsItIs) {
+TEST_F(SavedRows, KeepAnyTextUnchanged) {
     Lines texts{"O'B\"; DROP TABLE A--", "محمد اسلم اینڈ سنز", "Zoë Řehoř 🚚", "\xEF\xBB\xBFLEA-1",
                 "  between  blanks  "};
-    // A column of SQL Server has its bounds.
+    // The columns of SQL Server have a maximum length.
     if (!OnSqlServer())
         texts.push_back(std::string(5000, 'x'));
     for (const std::string& text : texts) {
@@ -232,7 +232,7 @@ TEST_F(SavedRows, KeepAnyTextWholeAndAsItIs) {
     }
 }
 
-TEST_F(SavedRows, OfAPartyAndACommodityInUrduCarryTheirIds) {
+TEST_F(SavedRows, OfAPartyAndACommodityInUrduHaveTheirIds) {
     FillIn();
     screen->CboSeller.SetText("محمد اسلم اینڈ سنز-خانیوال");
     screen->CboCommodity.SetText("گندم دیسی");
@@ -244,7 +244,7 @@ TEST_F(SavedRows, OfAPartyAndACommodityInUrduCarryTheirIds) {
 
 // ---- saving again ----
 
-TEST_F(SavedRows, OfAnOpenedArrivalReplaceItsBodyAndBlankWhatTheBooksHadSet) {
+TEST_F(SavedRows, OfAnOpenedArrivalReplaceItsBodyAndBlankTheValuesOfTheBooks) {
     FillInOpened(1036);
     const std::string oldLines = "SELECT min(LineId) FROM ArrivalsBody WHERE ArrivalId = 1036";
     const std::string before = StoredCell(oldLines);
@@ -273,7 +273,7 @@ TEST_F(SavedRows, OfAnArrivalWithoutLinesAreAdded) {
     EXPECT_EQ(Body("NoOfBags", 1034), (Rows{{"60"}, {"40"}}));
 }
 
-TEST_F(SavedRows, LeaveEveryOtherArrivalAlone) {
+TEST_F(SavedRows, DoNotChangeAnyOtherArrival) {
     const auto headers = StoredTable("Arrivals");
     const auto bodies = StoredTable("ArrivalsBody");
     FillIn();
@@ -288,9 +288,9 @@ TEST_F(SavedRows, LeaveEveryOtherArrivalAlone) {
     EXPECT_EQ(bodiesAfter, bodies);
 }
 
-// `ArrivalNo` does not follow the box there: going by both would take the lines of another arrival.
-// After the last number of all no new weighment could show the next.
-TEST_F(SavedRows, AreNoneForAnIdThatIsNoWholeNumberWithASuccessor) {
+// `ArrivalNo` does not follow the box in this case: a save that uses both would change the lines of
+// another arrival. After the largest number, no new weighment could show the next one.
+TEST_F(SavedRows, AreNotStoredUnlessTheIdIsAWholeNumberWithASuccessor) {
     FillIn();
     const auto header = StoredTable("Arrivals");
     const auto body = StoredTable("ArrivalsBody");

@@ -1,4 +1,4 @@
-// What a save does, in its order: statements, boxes, writes and moves of the focus.
+// The actions of a save, in order: statements, boxes, writes and moves of the focus.
 
 #include "data/Con.h"
 #include "platform/runtime/Failure.h"
@@ -41,7 +41,7 @@ Lines Saved(const std::string& box, const std::string& number, const std::string
                    {BodyInsert, BodyInsert, "CommitTrans", PrintQuestion}});
 }
 
-/// What an empty screen takes after a weighment of 8220 kg less 17 kg, saved from `BtnSave`.
+/// The writes of clearing a screen after a weighment of 8220 kg less 17 kg, saved from `BtnSave`.
 Lines Emptied(const std::string& nextId) {
     return Joined({{PortRows, "LostFocus BtnSave", "GotFocus BtnClear"},
                    BlankingAScreenOf("8220", "205-20"),
@@ -95,7 +95,7 @@ TEST_F(SavingTrace, WritesTheBoxAsTheNumberThatItHolds) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1100"), "2");
 }
 
-TEST_F(SavingTrace, GoesToTheIdWhenTheDateIsClosedAfterwards) {
+TEST_F(SavingTrace, MovesToTheIdIfTheDateIsDisabledAfterwards) {
     FillIn();
     Trace trace(*screen, line);
     trace.When("Line opens, timer 300 ms", [this] { screen->DtpArrivalDate.SetEnabled(false); });
@@ -124,7 +124,7 @@ TEST_F(SavingTrace, RefusedWithoutANewIdRunsNoStatementAtAll) {
                      "Validate BtnSave", "LostFocus BtnSave", "GotFocus CboSeller"}));
 }
 
-TEST_F(SavingTrace, RefusedByTheSecondValidationAloneWritesNothing) {
+TEST_F(SavingTrace, RefusedOnlyByTheSecondValidationWritesNothing) {
     FillIn();
     Trace trace(*screen, line);
     trace.When(PostedRule("1043"), [this] {
@@ -140,7 +140,7 @@ TEST_F(SavingTrace, RefusedByTheSecondValidationAloneWritesNothing) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "0");
 }
 
-TEST_F(SavingTrace, OverwritesARowThatCameBetweenTheLastCountAndTheWrite) {
+TEST_F(SavingTrace, OverwritesARowStoredBetweenTheLastCountAndTheWrite) {
     FillIn();
     Trace trace(*screen, line);
     trace.When(
@@ -156,7 +156,7 @@ TEST_F(SavingTrace, OverwritesARowThatCameBetweenTheLastCountAndTheWrite) {
     EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals WHERE ArrivalID = 1043"), "'6010001'");
 }
 
-// ---- records that rest on the arrival ----
+// ---- records that depend on the arrival ----
 
 TEST_F(SavingTrace, RefusedForAPurchaseShowsTheBoxInsideTheTransactionAndRollsBack) {
     FillInOpened(1035);
@@ -221,7 +221,7 @@ TEST_F(SavingTrace, ContinuesWhenTheTestForDependentRecordsFails) {
         std::find(seen.begin(), seen.end(), "Select TOP 1 * From Gate Passes Where ArrivalId=1043");
     ASSERT_NE(probe, seen.end());
     EXPECT_TRUE((probe + 1)->starts_with("Box \"Database\" [critical, OK] ")) << *(probe + 1);
-    // A server may end the transaction with such a failure: then the save ends, and nothing is
+    // A server may end the transaction with this failure. The save then ends, and nothing is
     // stored.
     const bool isEnded = OnSqlServer() && *(probe + 2) == "RollbackTrans";
     EXPECT_EQ(*(probe + 2),
@@ -234,8 +234,8 @@ TEST_F(SavingTrace, ContinuesWhenTheTestForDependentRecordsFails) {
 
 class FailingSave : public SavingTrace {
 protected:
-    /// A save that fails after these statements of the body, with this box; then everything is as
-    /// it was, in the file and on the screen.
+    /// A save that fails after these statements of the body, with this box. Afterwards everything
+    /// in the tables and on the screen is unchanged.
     void ExpectRolledBack(const Lines& bodyWrites, const std::string& box) {
         const auto header = StoredTable("Arrivals");
         const auto body = StoredTable("ArrivalsBody");
@@ -278,7 +278,7 @@ TEST_F(FailingSave, ForMoreThan32767BagsIsAnOverflow) {
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingSave, OfTheLastLineTakesTheFirstBackToo) {
+TEST_F(FailingSave, OfTheLastLineUndoesTheFirstToo) {
     database.Refuse({"INSERT", "ArrivalsBody", "The books are closed", "NoOfBags = 40"});
     FillIn();
     ExpectRolledBack({BodyInsert, BodyInsert}, DatabaseBox("The books are closed"));
@@ -286,7 +286,7 @@ TEST_F(FailingSave, OfTheLastLineTakesTheFirstBackToo) {
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingSave, WhoseTransactionTheEngineEndsItselfIsReportedAlike) {
+TEST_F(FailingSave, WhoseTransactionTheEngineEndsIsReportedInTheSameWay) {
     database.Refuse({"INSERT", "ArrivalsBody", "The books are gone", "NoOfBags = 40", true});
     FillIn();
     ExpectRolledBack({BodyInsert, BodyInsert}, DatabaseBox("The books are gone"));
@@ -295,7 +295,7 @@ TEST_F(FailingSave, WhoseTransactionTheEngineEndsItselfIsReportedAlike) {
 }
 
 TEST_F(FailingSave, OnAFullDiskStoresNothing) {
-    SKIP_ON_SQL_SERVER("its disk is not the test's to fill");
+    SKIP_ON_SQL_SERVER("the test cannot fill its disk");
     FillIn();
     screen->TxtDriverName.SetText(std::string(100'000, 'x'));
     Con->Execute("PRAGMA max_page_count = 1");
@@ -304,7 +304,7 @@ TEST_F(FailingSave, OnAFullDiskStoresNothing) {
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingSave, ForASellerThatIsOnNoListEndsBeforeAnyWrite) {
+TEST_F(FailingSave, ForAnUnlistedSellerEndsBeforeAnyWrite) {
     FillIn();
     screen->CboSeller.SetText("Somebody else");
     EXPECT_EQ(SaveTraced(),
@@ -315,7 +315,7 @@ TEST_F(FailingSave, ForASellerThatIsOnNoListEndsBeforeAnyWrite) {
     ExpectSecondTryWorks();
 }
 
-TEST_F(FailingSave, OfAnOpenedArrivalBringsItsOldLinesBack) {
+TEST_F(FailingSave, OfAnOpenedArrivalRestoresItsOldLines) {
     FillInOpened(1040);
     const auto body = StoredTable("ArrivalsBody");
     SetBagLines({{"Jute New", "100 Kg", ""}});
@@ -328,8 +328,8 @@ TEST_F(FailingSave, OfAnOpenedArrivalBringsItsOldLinesBack) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-// Besides the text of the box the member holds a whole number: going by both would mix the rows of
-// two arrivals.
+// The member holds a whole number that differs from the text of the box: a save that uses both
+// would mix the rows of two arrivals.
 TEST_F(FailingSave, UnderANumberThatIsNotWholeEndsBeforeAnyWrite) {
     FillIn();
     const auto headers = StoredTable("Arrivals");
@@ -348,7 +348,7 @@ TEST_F(FailingSave, UnderANumberThatIsNotWholeEndsBeforeAnyWrite) {
     ExpectSecondTryWorks();
 }
 
-// What was committed stays; that there is nothing to roll back any more is what is reported.
+// The committed changes are kept. The report is that there is nothing to roll back.
 TEST_F(FailingSave, AfterTheCommitReportsThatThereIsNoTransaction) {
     FillIn();
     Trace trace(*screen, line);
@@ -361,7 +361,7 @@ TEST_F(FailingSave, AfterTheCommitReportsThatThereIsNoTransaction) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
 }
 
-TEST_F(FailingSave, OfTheNewWeighmentAfterItLeavesTheSaveAsItIs) {
+TEST_F(FailingSave, OfTheNewWeighmentAfterItDoesNotChangeTheSave) {
     FillIn();
     Trace trace(*screen, line);
     trace.When(PrintQuestion, [this] { database.Rename("PortSettings", "Away"); });

@@ -9,7 +9,7 @@
 
 namespace Quillane::Testing {
 
-/// Adds to a trace what changes the state of a control, as it happens:
+/// Adds changes of the state of a control to a trace, when they happen:
 ///
 ///     BtnSave off                      enabled or disabled
 ///     TxtWeight locked
@@ -17,7 +17,7 @@ namespace Quillane::Testing {
 ///     TxtArrivalId 0xE0E0E0            the background of a text box
 ///     ChkManualWeight = 0
 ///
-/// What is set to what it was already is no change.
+/// Setting a state to its present value is not a change.
 class StateWatch : public QObject {
 public:
     StateWatch(FrmWeighment& screen, Trace& trace) : screen_(screen), trace_(trace) {

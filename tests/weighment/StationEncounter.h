@@ -11,8 +11,8 @@
 
 namespace Quillane::Testing {
 
-/// Lets stations work against each other until all have ended. What one of them asks is answered
-/// only when the others have done a few things more, so that they get between its reading and its
+/// Runs stations on one database until all have ended. A question of one of them is answered only
+/// after the others have done a few more actions, so that these happen between its reading and its
 /// writing.
 class StationEncounter {
 public:
@@ -21,7 +21,7 @@ public:
             sides_.push_back({station});
     }
 
-    /// Ends the station, as a power cut does, after it has written so many lines.
+    /// Kills the station, like a power failure, after it has written this number of lines.
     void KillAfterLine(const Station& station, int line) { SideOf(station).lineOfDeath = line; }
 
     void Play() {
@@ -71,7 +71,7 @@ private:
         return true;
     }
 
-    /// Once nobody is at work any more, the first that asks gets its answer.
+    /// If no other station is active any more, the first waiting one gets its answer.
     void AnswerWhatIsDue() {
         const bool nobodyWorks = std::all_of(sides_.begin(), sides_.end(), [](const Side& side) {
             return side.asks || side.station->HasEnded();
@@ -106,7 +106,7 @@ private:
         loop.exec();
         if (!isLate)
             return;
-        ADD_FAILURE() << "no station has said anything more";
+        ADD_FAILURE() << "no station has written another line";
         for (Side& side : sides_)
             side.station->Kill();
     }

@@ -14,7 +14,7 @@
 
 namespace Quillane::Testing {
 
-/// A station in its own process, as station/Main.cpp describes it.
+/// A station in its own process; station/Main.cpp describes it.
 class Station {
 public:
     static constexpr int Patience = 60'000;
@@ -32,14 +32,14 @@ public:
         EXPECT_EQ(NextLine(), "ready");
     }
     void Go() { Write("go"); }
-    /// What it writes next; empty at its end.
+    /// The next line that it writes; empty at its end.
     std::string NextLine() {
         while (!process_.canReadLine())
             if (!process_.waitForReadyRead(Patience))
                 return {};
         return FromQt(QString::fromUtf8(process_.readLine()).trimmed());
     }
-    /// Takes down what it writes, up to its end or to so many saves.
+    /// Records its lines up to its end or up to this number of saves.
     void Listen(std::size_t saves = SIZE_MAX) {
         const std::size_t enough = saves == SIZE_MAX ? saves : saves_.size() + saves;
         for (std::string text; saves_.size() < enough && !(text = NextLine()).empty();)
@@ -50,20 +50,20 @@ public:
         EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(process_.exitCode(), 0);
     }
-    /// Ends it as a power cut does.
+    /// Kills it, like a power failure.
     void Kill() {
         process_.kill();
         process_.waitForFinished(Patience);
     }
 
-    // For whoever listens to several.
+    // For a caller that listens to several stations.
 
     bool HasLine() const { return process_.canReadLine(); }
     bool HasEnded() const { return process_.state() == QProcess::NotRunning && !HasLine(); }
     QProcess& Process() { return process_; }
-    /// Answers the question that it waits with.
+    /// Answers its current question.
     void AnswerYes() { Write("yes"); }
-    /// Takes one line down, and says what kind it is of.
+    /// Records one line and returns its kind.
     std::string TakeDown(const std::string& text) {
         std::istringstream words(text);
         std::string word, driver;
@@ -88,7 +88,7 @@ public:
     const std::string& Party() const { return party_; }
     int BagLines() const { return bagLines_; }
     const std::map<int, int>& Saved() const { return saved_; } ///< last serial by id
-    /// Every save, also those that were saved over or removed since: id and serial.
+    /// Every save, also those that were overwritten or removed since: id and serial.
     const std::set<std::pair<int, int>>& Saves() const { return saves_; }
     /// An arrival by its id and its driver, which identifies its save.
     using Load = std::pair<int, std::string>;
@@ -115,16 +115,17 @@ private:
     Lines boxes_;
 };
 
-/// What a station says that came second with its number.
+/// The box of a station that was second with its number.
 inline const std::string ClashBox =
     "box The Arrival ID already exists. A new Arrival ID has been generated. Please save your "
     "record again";
 
-/// What it may say instead on SQL Server, where both may have written before either looked again.
+/// The box that it may show on SQL Server instead, if both have written before either checked
+/// again.
 inline const std::string KeyBox = "box " + EngineWords("");
 
-/// The file of an embedded database is whole, and nothing in it refers to what is not there. A
-/// server looks after its own.
+/// Checks that the file of an embedded database is consistent and that no row refers to a missing
+/// one. A server ensures this itself.
 inline void ExpectSound(const StationDatabase& database) {
     if (OnSqlServer())
         return;

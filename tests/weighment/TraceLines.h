@@ -31,7 +31,7 @@ inline std::string PostedRule(const std::string& id) {
            id;
 }
 
-/// What leaving the box of the id asks.
+/// The statements of leaving the box of the id.
 inline std::string LeavingCount(const std::string& id) {
     return "Select count(*) From Arrivals where ArrivalID = " + id;
 }
@@ -40,7 +40,7 @@ inline Lines NetBecomes(const std::string& net, const std::string& mounds) {
     return {"TxtNetWeight = '" + net + "'", "TxtMoundKgs = '" + mounds + "'"};
 }
 
-/// What blanking a screen without weights writes; `manual` is what becomes of the manual weight.
+/// The writes of blanking a screen without weights; `manual` is the lines for the manual weight.
 inline Lines BlankingAnEmptyScreen(const Lines& manual = {}) {
     const Lines nothing = NetBecomes("0", "0-0");
     return Joined(
@@ -58,8 +58,8 @@ inline Lines BlankingAnEmptyScreen(const Lines& manual = {}) {
          {"TxtTareWeight = ''", "TxtInitialGrossWeight = ''", "TxtArrivalId = ''"}});
 }
 
-/// What blanking a screen with weights writes: the rate's blanking computes the gross once more,
-/// and leaves its zero in the scale deduction. `finalized` is what becomes of the check box.
+/// The writes of blanking a screen with weights: blanking the rate computes the gross again and
+/// leaves its zero in the scale deduction. `finalized` is the lines for the check box.
 inline Lines BlankingAScreenOf(const std::string& gross, const std::string& mounds,
                                const Lines& finalized = {}) {
     const Lines net = NetBecomes(gross, mounds);

@@ -20,7 +20,7 @@ protected:
         return std::make_unique<Station>(database, name, party, bagLines, saves);
     }
 
-    /// The arrival is one weighment of this station, header and lines, whole.
+    /// Checks that the arrival is one complete weighment of this station, header and lines.
     void ExpectWhole(int id, const Station& station, const std::string& driver) {
         const std::string where = " WHERE ArrivalId = " + std::to_string(id);
         EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals" + where), "'" + station.Party() + "'");
@@ -42,10 +42,10 @@ protected:
     }
 };
 
-// Both show the same number to begin with. Whoever comes second gets a message, or overwrites, if
-// the other's row came after its last look: either way each stored weighment is one station's,
-// whole.
-TEST_F(TwoStations, SavingAtOnceAreRefusedOneByOneAndLeaveNothingHalfWritten) {
+// Both show the same number at first. The second one gets a message, or overwrites if the other's
+// row was stored after its last check. In both cases each stored weighment is a complete one of one
+// station.
+TEST_F(TwoStations, SavingAtTheSameTimeAreRefusedOneByOneWithoutPartialSave) {
     const auto headers = StoredTable("Arrivals");
     constexpr int Saves = 50;
     const auto east = Start("east", "6010001", 3, Saves);
@@ -67,7 +67,7 @@ TEST_F(TwoStations, SavingAtOnceAreRefusedOneByOneAndLeaveNothingHalfWritten) {
     }
     const std::size_t overwritten = 2 * Saves - ids.size();
     EXPECT_GE(overwritten + east->Boxes().size() + west->Boxes().size(), 1U);
-    // Numbers are handed out one after the other, without a gap.
+    // The numbers are assigned in sequence, without a gap.
     EXPECT_EQ(*ids.begin(), 1043);
     EXPECT_EQ(*ids.rbegin() - *ids.begin() + 1, static_cast<int>(ids.size()));
     EXPECT_EQ(StoredTable("Arrivals").size(), headers.size() + ids.size());
@@ -100,7 +100,7 @@ TEST_F(TwoStations, OneAfterTheOtherTakeTheNumbersInTurn) {
     ExpectWhole(1044, *second, "west-1");
 }
 
-TEST_F(TwoStations, OneThatIsKilledLeavesOnlyWholeWeighments) {
+TEST_F(TwoStations, OneThatIsKilledLeavesOnlyCompleteWeighments) {
     const auto station = Start("east", "6010001", 3, 100'000);
     station->Go();
     station->Listen(20);
@@ -109,7 +109,7 @@ TEST_F(TwoStations, OneThatIsKilledLeavesOnlyWholeWeighments) {
     ASSERT_GE(station->Saved().size(), 20U);
     for (const auto& [id, serial] : station->Saved())
         ExpectWhole(id, *station, "east-" + std::to_string(serial));
-    // It may have saved one more than it could report.
+    // It may have made one save that it could not report.
     for (const Lines& row : Stored("SELECT ArrivalID FROM Arrivals WHERE ArrivalID > 1042"))
         ExpectWhole(std::stoi(row.at(0)), *station, StoredDriver(std::stoi(row.at(0))));
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId NOT IN (SELECT "
@@ -135,8 +135,8 @@ private:
     sqlite3* session_ = nullptr;
 };
 
-TEST_F(TwoStations, AFileHeldForLongerThanTheWaitIsReportedAndTheNextTryWorks) {
-    SKIP_ON_SQL_SERVER("no station's save holds up the whole database");
+TEST_F(TwoStations, AFileLockedForLongerThanTheWaitIsReportedAndTheNextAttemptWorks) {
+    SKIP_ON_SQL_SERVER("no save of a station locks the whole database");
     Con = std::make_unique<Connection>();
     Con->SetEmbeddedSupport({.folder = database.folder.path,
                              .registerFunctions = RegisterEmbeddedFunctions,
@@ -161,9 +161,10 @@ TEST_F(TwoStations, AFileHeldForLongerThanTheWaitIsReportedAndTheNextTryWorks) {
     EXPECT_EQ(StoredCell("SELECT count(*) FROM ArrivalsBody WHERE ArrivalId = 1043"), "2");
 }
 
-// The box of a refusal holds the transaction: another station waits for the answer.
-TEST_F(TwoStations, TheOtherWaitsWhileARefusalIsBeingRead) {
-    SKIP_ON_SQL_SERVER("it locks rows, so another arrival is saved meanwhile");
+// The transaction is open while the box of a refusal is shown: another station waits for the
+// answer.
+TEST_F(TwoStations, TheOtherWaitsWhileARefusalIsShown) {
+    SKIP_ON_SQL_SERVER("it locks rows, so another arrival can be saved");
     ShowScreen();
     FillInOpened(1035);
     const auto other = Start("west", "6010002", 2, 1);

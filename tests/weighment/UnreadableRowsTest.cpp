@@ -1,4 +1,4 @@
-// Stored rows that cannot be shown: each is reported in a box, and nothing in the file is touched.
+// Stored rows that cannot be shown: each is reported in a box, and nothing in the tables changes.
 
 #include "weighment/OpeningFixture.h"
 
@@ -12,17 +12,17 @@ using testing::ValuesIn;
 using testing::WithParamInterface;
 
 struct BadRow {
-    const char* table;     ///< loosened, so that it can hold the bad value
-    const char* statement; ///< puts it there
-    const char* told;
-    int texts; ///< of the row's own boxes, how many were filled before
+    const char* table;     ///< loosened, so that it accepts the invalid value
+    const char* statement; ///< stores the value
+    const char* text;
+    int texts; ///< the number of the row's boxes that were filled before
     bool neverInATypedColumn = false;
 
     friend void PrintTo(const BadRow& bad, std::ostream* out) { *out << bad.statement; }
 };
 
-// 1040 has two rows, of 45 and 71 bags. After the first row's six boxes and their nets come the
-// second row's.
+// 1040 has two rows, of 45 and 71 bags. After the six boxes of the first row and their nets, those
+// of the second row are filled.
 const BadRow BadRows[] = {
     {"Arrivals", "UPDATE Arrivals SET ArrivalDate = Null WHERE ArrivalID = 1040",
      "Invalid use of Null", 1},
@@ -55,7 +55,7 @@ const BadRow BadRows[] = {
 
 class UnreadableRows : public OpeningTest {
 protected:
-    /// The text writes from the id's on, without the net and the mounds.
+    /// The writes of texts, beginning with the id, without the net and the mounds.
     static Lines Filled(const Lines& trace) {
         Lines filled;
         for (auto each = std::find(trace.begin(), trace.end(), "TxtArrivalId = '1040'");
@@ -66,7 +66,7 @@ protected:
         return filled;
     }
 
-    /// The bag lines as the grid shows them, without its empty last one.
+    /// The bag lines that the grid shows, without its empty last one.
     Lines SeenLines() {
         const QAbstractItemModel& model = *dynamic_cast<QTableView&>(screen->Grid.Widget()).model();
         const auto cell = [&](int row, int column) {
@@ -102,7 +102,7 @@ TEST_P(EachUnreadableRow, IsReportedAndEndsTheLoadAtThatRow) {
     EXPECT_EQ(Filled(done), Lines(all.begin(), all.begin() + bad.texts));
     ASSERT_GE(done.size(), 3U);
     EXPECT_EQ(Lines(done.end() - 3, done.end()),
-              (Lines{"Box \"Quillane\" [critical, OK] " + std::string(bad.told),
+              (Lines{"Box \"Quillane\" [critical, OK] " + std::string(bad.text),
                      "LostFocus TxtArrivalId", "GotFocus DtpArrivalDate"}));
     EXPECT_FALSE(screen->IsOpened);
     EXPECT_EQ(screen->ArrivalNo, 1040);
@@ -113,7 +113,7 @@ TEST_P(EachUnreadableRow, IsReportedAndEndsTheLoadAtThatRow) {
 
 INSTANTIATE_TEST_SUITE_P(OfEveryKind, EachUnreadableRow, ValuesIn(BadRows));
 
-TEST_F(UnreadableRows, OpenOnceTheyAreMended) {
+TEST_F(UnreadableRows, OpenAfterTheyAreCorrected) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET TareWeight = Null WHERE NoOfBags = 71");
     {
@@ -127,7 +127,7 @@ TEST_F(UnreadableRows, OpenOnceTheyAreMended) {
     EXPECT_TRUE(screen->IsOpened);
 }
 
-// A half-filled screen is no opened arrival: a save refuses its number.
+// A partly filled screen is not an opened arrival: a save refuses its number.
 TEST_F(UnreadableRows, CannotBeSavedOverTheStoredArrival) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET TareWeight = Null WHERE NoOfBags = 71");
@@ -147,7 +147,7 @@ TEST_F(UnreadableRows, CannotBeSavedOverTheStoredArrival) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1043");
 }
 
-// From a stored arrival's screen: the buttons stay as they were, and go by the number of the other.
+// Over a stored arrival the buttons do not change, and use the number of the other arrival.
 TEST_F(UnreadableRows, LeaveTheButtonsOfTheArrivalThatWasOpenBefore) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
@@ -161,8 +161,8 @@ TEST_F(UnreadableRows, LeaveTheButtonsOfTheArrivalThatWasOpenBefore) {
     EXPECT_TRUE(screen->TxtArrivalId.Enabled());
 }
 
-// From an empty screen: what has come in of the lines is seen, and a save stores what is seen.
-TEST_F(UnreadableRows, AreSavedAsFarAsTheyAreSeen) {
+// Over an empty screen the lines that were read are shown, and a save stores the shown lines.
+TEST_F(UnreadableRows, AreSavedAsFarAsTheyAreShown) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
     BoxAnswers boxes;
@@ -179,7 +179,7 @@ TEST_F(UnreadableRows, AreSavedAsFarAsTheyAreSeen) {
               (std::vector<Lines>{{"1", "1", "45", "'LES-1090'"}, {"3", "3", "0", "''"}}));
 }
 
-// Neither in the array nor on the screen does a cell of the arrival before remain.
+// No cell of the previous arrival remains in the array or on the screen.
 TEST_F(UnreadableRows, ShowNoCellOfTheArrivalThatWasOpenBefore) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET NoOfBags = Null WHERE NoOfBags = 71");
@@ -194,7 +194,7 @@ TEST_F(UnreadableRows, ShowNoCellOfTheArrivalThatWasOpenBefore) {
     }
 }
 
-TEST_F(UnreadableRows, WithANullThatNobodyReadsOpen) {
+TEST_F(UnreadableRows, WithANullThatIsNotReadAreOpened) {
     database.Loosen("ArrivalsBody");
     RunBeside("UPDATE ArrivalsBody SET NetWeight = Null, ScaleDeduction = Null, BagsDeduction = "
               "Null, CommodityId = Null, VehicleNoText = Null WHERE ArrivalId = 1040");

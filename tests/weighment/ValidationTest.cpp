@@ -47,7 +47,7 @@ protected:
     }
 };
 
-TEST_F(Validation, OfACompleteWeighmentAsksForTheIdAndTheRuleAlone) {
+TEST_F(Validation, OfACompleteWeighmentQueriesOnlyTheIdAndTheRule) {
     FillIn();
     Expect(true, {IdCount("1043"), PostedRule("1043")});
 }
@@ -80,7 +80,7 @@ TEST_F(Validation, ReportsOnlyTheFirstStepThatFails) {
 
 // ---- step 1 ----
 
-TEST_F(Validation, TakesANewIdForAnIdThatIsNoNumberAboveNothing) {
+TEST_F(Validation, ReplacesAnIdThatIsNotANumberAboveZero) {
     FillIn();
     for (const std::string id : {"", "   ", "abc", "0", "0.0", "-0", "x12"}) {
         screen->TxtArrivalId.SetText(id);
@@ -90,7 +90,7 @@ TEST_F(Validation, TakesANewIdForAnIdThatIsNoNumberAboveNothing) {
     }
 }
 
-TEST_F(Validation, ReadsTheIdFromTheFrontOfTheText) {
+TEST_F(Validation, ReadsTheIdFromTheBeginningOfTheText) {
     FillIn();
     for (const auto& [text, id] : {std::pair("12 b", "12"),
                                    {" 1 2 ", "12"},
@@ -102,7 +102,7 @@ TEST_F(Validation, ReadsTheIdFromTheFrontOfTheText) {
     }
 }
 
-TEST_F(Validation, LeavesTheFocusWhenTheIdIsClosed) {
+TEST_F(Validation, KeepsTheFocusIfTheIdIsDisabled) {
     FillIn();
     screen->TxtArrivalId.SetText("");
     screen->TxtArrivalId.SetEnabled(false);
@@ -110,7 +110,7 @@ TEST_F(Validation, LeavesTheFocusWhenTheIdIsClosed) {
     EXPECT_EQ(screen->ActiveControlName(), "BtnSave");
 }
 
-TEST_F(Validation, LeavesTheFocusWhenTheIdIsNotShown) {
+TEST_F(Validation, KeepsTheFocusIfTheIdIsNotShown) {
     FillIn();
     screen->TxtArrivalId.SetText("");
     screen->TxtArrivalId.SetVisible(false);
@@ -141,7 +141,7 @@ TEST_F(Validation, ThatTookANewIdSavesOnTheNextPress) {
 
 // ---- steps 2 to 4 ----
 
-TEST_F(Validation, OfThePartyHasNoOtherPlaceToGoTo) {
+TEST_F(Validation, OfThePartyHasNoOtherControlToMoveTo) {
     FillIn();
     screen->CboSeller.SetText("");
     screen->CboSeller.SetEnabled(false);
@@ -149,21 +149,21 @@ TEST_F(Validation, OfThePartyHasNoOtherPlaceToGoTo) {
     EXPECT_EQ(screen->ActiveControlName(), "BtnSave");
 }
 
-TEST_F(Validation, OfTheCommodityGoesToTheDateWhenTheListIsClosed) {
+TEST_F(Validation, OfTheCommodityMovesToTheDateIfTheListIsDisabled) {
     FillIn();
     screen->CboCommodity.SetText("");
     screen->CboCommodity.SetEnabled(false);
     Expect(false, Joined({{NoCommodity}, MovedTo("DtpArrivalDate")}));
 }
 
-TEST_F(Validation, OfTheVehicleGoesToTheGridWhenTheBoxIsClosed) {
+TEST_F(Validation, OfTheVehicleMovesToTheGridIfTheBoxIsDisabled) {
     FillIn();
     screen->TxtVehicleNo.SetText("");
     screen->TxtVehicleNo.SetEnabled(false);
     Expect(false, Joined({{NoVehicle}, MovedTo("Grid")}));
 }
 
-TEST_F(Validation, TakesBlanksForAVehicleAndForNames) {
+TEST_F(Validation, AcceptsBlanksAsAVehicleAndAsNames) {
     FillIn();
     screen->TxtVehicleNo.SetText(" ");
     screen->CboSeller.SetText(" ");
@@ -173,7 +173,7 @@ TEST_F(Validation, TakesBlanksForAVehicleAndForNames) {
 
 // ---- step 5 ----
 
-TEST_F(Validation, OfNoGrossWeightShowsTwoBoxesAndLeavesTheFocus) {
+TEST_F(Validation, OfNoGrossWeightShowsTwoBoxesAndKeepsTheFocus) {
     FillIn();
     for (const std::string gross : {"", "00", "0.0", "kg"}) {
         screen->TxtGrossWeight.SetText(gross);
@@ -183,14 +183,14 @@ TEST_F(Validation, OfNoGrossWeightShowsTwoBoxesAndLeavesTheFocus) {
     }
 }
 
-TEST_F(Validation, OfNoGrossWeightShowsOneBoxWhenTheHeapNumberIsClosed) {
+TEST_F(Validation, OfNoGrossWeightShowsOneBoxIfTheHeapNumberIsDisabled) {
     FillIn();
     screen->TxtGrossWeight.SetText("");
     screen->TxtHeapNo.SetEnabled(false);
     Expect(false, {NoGross});
 }
 
-TEST_F(Validation, TakesANegativeGrossWeight) {
+TEST_F(Validation, AcceptsANegativeGrossWeight) {
     FillIn();
     screen->TxtGrossWeight.SetText("-40");
     Expect(true, {IdCount("1043"), PostedRule("1043")});
@@ -198,7 +198,7 @@ TEST_F(Validation, TakesANegativeGrossWeight) {
 
 // ---- step 6 ----
 
-TEST_F(Validation, OfNoBagLinesOpensTheGridAndLeavesTheFocus) {
+TEST_F(Validation, OfNoBagLinesEnablesTheGridAndKeepsTheFocus) {
     FillIn();
     SetBagLines({});
     screen->Grid.SetEnabled(false);
@@ -207,7 +207,7 @@ TEST_F(Validation, OfNoBagLinesOpensTheGridAndLeavesTheFocus) {
     EXPECT_EQ(screen->ActiveControlName(), "BtnSave");
 }
 
-TEST_F(Validation, TakesBagLinesWithoutBags) {
+TEST_F(Validation, AcceptsBagLinesWithoutBags) {
     FillIn();
     SetBagLines({{"Jute New", "100 Kg", ""}});
     Expect(true, {IdCount("1043"), PostedRule("1043")});
@@ -215,7 +215,7 @@ TEST_F(Validation, TakesBagLinesWithoutBags) {
 
 // ---- step 7 ----
 
-TEST_F(Validation, OfAnIdThatIsTakenMovesToTheNextAndAsksNoFurther) {
+TEST_F(Validation, OfAUsedIdTakesTheNextAndEnds) {
     FillIn();
     screen->TxtArrivalId.SetText("1031");
     Expect(false, Joined({{IdCount("1031"), IdTaken, NextId, "TxtArrivalId = '1043'"},
@@ -226,7 +226,7 @@ TEST_F(Validation, OfAnIdThatIsTakenMovesToTheNextAndAsksNoFurther) {
     Expect(true, {IdCount("1043"), PostedRule("1043")});
 }
 
-TEST_F(Validation, OfAnOpenedArrivalDoesNotAskForItsId) {
+TEST_F(Validation, OfAnOpenedArrivalDoesNotQueryItsId) {
     FillInOpened(1031);
     Expect(true, {PostedRule("1031")});
 }
@@ -240,7 +240,7 @@ TEST_F(Validation, LetsAUserOfFullRightsChangeAPostedArrival) {
 }
 
 /// The same for a user of level 2.
-class ValidationForLesserUsers : public Validation {
+class ValidationForRestrictedUsers : public Validation {
 protected:
     void SetUp() override {
         SignInAsGate();
@@ -248,7 +248,7 @@ protected:
     }
 };
 
-TEST_F(ValidationForLesserUsers, RefusesAPostedArrivalAndClosesTheSaveButton) {
+TEST_F(ValidationForRestrictedUsers, RefusesAPostedArrivalAndClosesTheSaveButton) {
     FillInOpened(1036);
     Expect(false, {PostedRule("1036"), Posted, "LostFocus BtnSave", "GotFocus BtnClear"});
     EXPECT_FALSE(screen->BtnSave.Enabled());
@@ -256,7 +256,7 @@ TEST_F(ValidationForLesserUsers, RefusesAPostedArrivalAndClosesTheSaveButton) {
     EXPECT_EQ(screen->TxtArrivalId.Text(), "1036");
 }
 
-TEST_F(ValidationForLesserUsers, WritesNothingOfAPostedArrival) {
+TEST_F(ValidationForRestrictedUsers, WritesNothingOfAPostedArrival) {
     FillInOpened(1036);
     const auto header = StoredTable("Arrivals");
     Trace trace(*screen, line);
@@ -265,7 +265,7 @@ TEST_F(ValidationForLesserUsers, WritesNothingOfAPostedArrival) {
     EXPECT_EQ(StoredTable("Arrivals"), header);
 }
 
-TEST_F(ValidationForLesserUsers, TakesAnArrivalWhoseHeaderDoesNotHoldBothWeights) {
+TEST_F(ValidationForRestrictedUsers, AcceptsAnArrivalWhoseHeaderDoesNotHaveBothWeights) {
     FillInOpened(1040);
     for (const std::string weights :
          {"NoOfBags = Null, BagWeight = Null, TareWeight = Null",
@@ -282,7 +282,7 @@ TEST_F(ValidationForLesserUsers, TakesAnArrivalWhoseHeaderDoesNotHoldBothWeights
     }
 }
 
-TEST_F(ValidationForLesserUsers, RefusesByTheWeightsAndNotByTheMark) {
+TEST_F(ValidationForRestrictedUsers, RefusesByTheWeightsAndNotByTheFlag) {
     FillInOpened(1040);
     RunBeside("UPDATE Arrivals SET NoOfBags = 20, BagWeight = -0.5, TareWeight = 0.25, IsPosted = "
               "0 WHERE ArrivalID = 1040");

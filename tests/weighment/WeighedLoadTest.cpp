@@ -1,4 +1,4 @@
-// A stored load that holds both weights, opened again: it is not weighed a second time.
+// A stored load with both weights is opened again: it is not weighed a second time.
 
 #include "weighment/OpeningFixture.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 using WeighedLoad = Testing::OpeningTest;
 
-TEST_F(WeighedLoad, CannotBeWeighedAgainByHandEither) {
+TEST_F(WeighedLoad, CannotBeWeighedAgainByManualWeightEither) {
     Open(1031);
     screen->ChkManualWeight.SetValue(1);
     screen->TxtWeight.SetText("9000");

@@ -106,7 +106,7 @@ void Trace::WatchTexts() {
     }
 }
 
-// The line asks for its device each time it opens.
+// The line queries its device each time it opens.
 void Trace::WatchLine() {
     UseLine(device_, [this] {
         Note("Line opens, timer " + std::to_string(screen_.Timer.Interval()) + " ms");

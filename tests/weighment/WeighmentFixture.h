@@ -20,7 +20,7 @@
 
 namespace Quillane::Testing {
 
-/// What a screen does, in one list, in order:
+/// The actions of a screen, in one list, in order:
 ///
 ///     Select * from PortSettings       a statement, or BeginTrans and its like
 ///     Box "Alert" [exclamation, OK] Please select a valid Party and try again
@@ -28,21 +28,21 @@ namespace Quillane::Testing {
 ///     TxtTareWeight = '4320'           a text box is given a text, also the same as before
 ///     Line opens, timer 300 ms
 ///
-/// While it exists it answers the boxes: OK, or No unless `Answer` names the text of the box.
+/// During its lifetime it answers the boxes: OK, or No unless `Answer` names the text of the box.
 class Trace {
 public:
-    /// The screen may be shown or still to be shown; it must outlive the trace.
+    /// The screen may be shown already or later. Requires: the screen outlives the trace.
     Trace(FrmWeighment& screen, const PseudoTerminal& line);
     ~Trace();
     Trace(const Trace&) = delete;
     Trace& operator=(const Trace&) = delete;
 
     void Answer(const std::string& text, BoxAnswer answer) { answers_[text] = answer; }
-    /// Runs while this line, written as in the list, takes place for the `time`th time: while a box
-    /// is up, before a statement is sent.
+    /// Runs while the action of this line, written as in the list, takes place for the `time`th
+    /// time: while a box is shown, before a statement is sent.
     void When(const std::string& text, std::function<void()> act, int time = 1);
 
-    /// What was done since the last call, or since the trace began.
+    /// The actions since the last call, or since the trace began.
     std::vector<std::string> Take();
     void Note(std::string_view text);
 
@@ -66,14 +66,14 @@ private:
 
 using Lines = std::vector<std::string>;
 
-/// Several lists, one after the other.
+/// Joins several lists.
 Lines Joined(std::initializer_list<Lines> lists);
 /// The lines of a trace that are statements of the database.
 Lines StatementsOf(const Lines& trace);
-/// The lines of a trace that are no text writes.
+/// The lines of a trace that are not writes of texts.
 Lines WithoutTexts(const Lines& trace);
 
-/// The line of a box in which the database speaks; on the embedded one it says this.
+/// The line of a box about a failure of the database; the embedded one reports this text.
 std::string DatabaseBox(std::string_view embeddedWords);
 
 /// A bag line as the operator sees it.
@@ -83,34 +83,34 @@ struct BagLine {
     std::string quantity;
 };
 
-/// A station with the sample rows (arrivals 1031 to 1042; a purchase on 1035, a laboratory report
-/// on 1037, both header weights in 1036), an indicator on port 1, a user of level 1 signed in and
-/// the date of 20 November 2026. No screen is up yet.
+/// A station with the sample rows (arrivals 1031 to 1042; a purchase for 1035, a laboratory report
+/// for 1037, both header weights in 1036), an indicator on port 1, a signed-in user of level 1 and
+/// the date of 20 November 2026. No screen is shown yet.
 class WeighmentTest : public testing::Test {
 protected:
     WeighmentTest();
     ~WeighmentTest() override;
 
-    /// The user of the sample rows, whose level is 2.
+    /// The user of the sample rows with level 2.
     void SignInAsGate();
     void ShowScreen();
 
     /// Gives the bag grid these lines, as if the operator had entered them.
     void SetBagLines(const std::vector<BagLine>& lines);
-    /// A weighment of two bag lines that may be saved: Wheat from Chaudhry Grain Traders, 12540 and
-    /// 4320 kg, a deduction of 17 kg, 60 and 40 bags; `BtnSave` enabled and in focus.
+    /// A weighment of two bag lines that can be saved: Wheat from Chaudhry Grain Traders, 12540 and
+    /// 4320 kg, a deduction of 17 kg, 60 and 40 bags; `BtnSave` is enabled and has the focus.
     void FillIn();
-    /// The same on an arrival that is stored already, as if it had been opened.
+    /// The same for an arrival that is stored already, as if it had been opened.
     void FillInOpened(int arrivalId);
 
-    /// Runs statements in another session than the station's.
+    /// Runs statements in another session.
     void RunBeside(const std::string& statements);
-    /// The rows of a query, read in another session: each cell as number, 'text' or Null, numbers
-    /// with as many digits as make them unique.
+    /// The rows of a query in another session. Each cell is a number, a 'text' or Null; numbers
+    /// have as many digits as make them unique.
     std::vector<std::vector<std::string>> Stored(const std::string& query);
-    /// The one cell of a query, so written.
+    /// The only cell of a query, in this form.
     std::string StoredCell(const std::string& query);
-    /// Every row of a table, so written: to show that nothing of it has changed.
+    /// Every row of a table in this form, to show that nothing in it has changed.
     std::vector<std::vector<std::string>> StoredTable(const std::string& table);
 
     StationDatabase database;

@@ -7,7 +7,7 @@ namespace Quillane::Testing {
 inline const Box SaveQuestion = Question("Are you sure to save this Weighment?");
 inline const Box ClearQuestion = Question("Are you sure to clear the entries?");
 
-/// The screen shown, to be worked with real keys.
+/// The shown screen, operated with real keys.
 class WeighmentKeys : public WeighmentScreenTest {
 protected:
     std::string State() {
@@ -16,7 +16,8 @@ protected:
 
     ScreenDriver Driver() { return ScreenDriver(*screen); }
 
-    /// The screen as just loaded, or as a stored weighment, with the focus where it is wanted.
+    /// The screen just after loading, or with a stored weighment, with the focus on the given
+    /// control.
     void Begin(VisualControl& control, int mode = 1) {
         screen->NewWeighment();
         if (mode != 1)

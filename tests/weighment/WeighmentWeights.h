@@ -4,7 +4,7 @@
 
 namespace Quillane::Testing {
 
-/// The screen shown, with a trace of what a write or a capture does.
+/// The shown screen, with a trace of the actions of a write or a capture.
 class WeighmentWeights : public WeighmentScreenTest {
 protected:
     Lines Doing(const std::function<void()>& act) {
@@ -21,12 +21,12 @@ protected:
         return Doing([&] { box.SetText(text); });
     }
 
-    /// Gross, net and mounds as they are.
+    /// The present gross, net and mounds.
     std::string Figures() {
         return screen->TxtGrossWeight.Text() + " / " + screen->TxtNetWeight.Text() + " / " +
                screen->TxtMoundKgs.Text();
     }
-    /// Closed boxes in lower case: initial gross, tare, gross.
+    /// Disabled boxes in lower case: initial gross, tare, gross.
     std::string Enabled() {
         return std::string(screen->TxtInitialGrossWeight.Enabled() ? "I" : "i") +
                (screen->TxtTareWeight.Enabled() ? "T" : "t") +

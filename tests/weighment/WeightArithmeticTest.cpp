@@ -30,11 +30,11 @@ INSTANTIATE_TEST_SUITE_P(
     Figures, GrossTable,
     testing::Values(
         GrossCase{"12540", "4320", "0.5", "103", "8117"},
-        // Gross captured before the tare: the whole vehicle counts.
+        // If the gross is captured before the tare, it is the weight of the whole vehicle.
         GrossCase{"12540", "", "", "0", "12540"}, GrossCase{"12540", "4320", "", "0", "8220"},
-        // Ties go to the even neighbour: 102.5 and 103.5.
+        // Ties are rounded to the even neighbour: 102.5 and 103.5.
         GrossCase{"8200", "0", "0.5", "102", "8098"}, GrossCase{"8280", "0", "0.5", "104", "8176"},
-        // A tare above the initial gross is shown with its minus.
+        // A tare above the initial gross gives a negative figure.
         GrossCase{"4000", "5000", "", "0", "-1000"},
         GrossCase{"4000", "5000", "0.5", "-12", "-988"}, GrossCase{"-5", "", "", "0", "-5"},
         GrossCase{"-800", "400", "0.5", "-15", "-1185"}, GrossCase{"1250.5", "0", "", "0", "1250"},
@@ -46,13 +46,14 @@ TEST(GrossFiguresOf, WritesNothingWithoutAnInitialGross) {
     EXPECT_FALSE(GrossFiguresOf("kg", "", ""));
 }
 
-TEST(GrossFiguresOf, CutsTheQuotientToFifteenDigitsBeforeMultiplying) {
-    // (0.1 - 0.3) / 40 is -0.0049999999999999992 as a double and -0.005 after the pass through
-    // text, which a rate of 100 makes a tie that goes to zero, and a rate of 300 one to -2.
+TEST(GrossFiguresOf, RoundsTheQuotientToFifteenDigitsBeforeMultiplying) {
+    // (0.1 - 0.3) / 40 is -0.0049999999999999992 as a double and -0.005 after the conversion to
+    // text. A rate of 100 then makes it a tie that is rounded to 0, and a rate of 300 one that is
+    // rounded to -2.
     const auto figures = GrossFiguresOf("0.1", "0.3", "300");
     ASSERT_TRUE(figures);
     EXPECT_EQ(figures->scaleDeduction, "-2");
-    ASSERT_GT(300 * ((0.1 - 0.3) / 40), -1.5) << "without the pass it would round to -1";
+    ASSERT_GT(300 * ((0.1 - 0.3) / 40), -1.5) << "without the conversion it would be rounded to -1";
 }
 
 TEST(NetWeightOf, SubtractsBagsShortageAndDeduction) {
@@ -60,7 +61,7 @@ TEST(NetWeightOf, SubtractsBagsShortageAndDeduction) {
     EXPECT_EQ(NetWeightOf("8117", "7", "10", "100"), "8000");
 }
 
-TEST(NetWeightOf, CountsBlanksAsNothing) {
+TEST(NetWeightOf, CountsBlanksAsZero) {
     EXPECT_EQ(NetWeightOf("", "", "", ""), "0");
 }
 
@@ -93,7 +94,7 @@ TEST(ShareOfLine, PoolsShortageAndDeduction) {
     EXPECT_EQ(ten.netWeight, 985);
 }
 
-TEST(ShareOfLine, GivesASingleLineEverything) {
+TEST(ShareOfLine, GivesASingleLineAllWeights) {
     const WeighmentTotals totals{8217, 3, 14, 8200, 120};
     const BagLineFigures only = ShareOfLine(totals, 120);
     EXPECT_EQ(only.bagWeight * 120, 8217);
@@ -101,7 +102,7 @@ TEST(ShareOfLine, GivesASingleLineEverything) {
     EXPECT_EQ(only.netWeight, Divide(8200, 120) * 120);
 }
 
-TEST(ShareOfLine, FailsWhereThereAreNoBags) {
+TEST(ShareOfLine, FailsWithoutBags) {
     try {
         ShareOfLine({8117, 0, 17, 8100, 0}, 0);
         FAIL() << "a division by no bags must fail";

@@ -1,5 +1,5 @@
-// A weighment's whole life on one screen, worked by keys: saved, found, opened, changed, saved
-// again, printed, removed.
+// The whole life of a weighment on one screen, operated by keys: saved, found, opened, changed,
+// saved again, printed, removed.
 
 #include "weighment/OpeningFixture.h"
 
@@ -19,7 +19,7 @@ const Box RemoveBox = Question("Are you sure to remove this arrival?");
 
 class WholeLife : public OpeningTest {
 protected:
-    /// Readings alike, as an indicator sends them; waits until the screen shows them.
+    /// Sends equal readings, like an indicator, and waits until the screen shows them.
     void Weigh(const std::string& weight) {
         const std::string frame = "+" + std::string(6 - weight.size(), '0') + weight + " kg\r\n";
         line.Write(frame + frame + frame);
@@ -28,7 +28,7 @@ protected:
     }
     ScreenDriver Keys() { return ScreenDriver(*screen); }
 
-    /// From the id to the driver, as an operator goes through the screen.
+    /// Moves from the id to the driver, like an operator.
     void EnterByKeys() {
         ASSERT_EQ(screen->ActiveControlName(), "TxtArrivalId");
         Keys().Press(Qt::Key_Return).Press(Qt::Key_Return);
@@ -56,7 +56,7 @@ protected:
     }
 };
 
-TEST_F(WholeLife, GoesFromTheScaleToTheFileAndOutOfItAgain) {
+TEST_F(WholeLife, IsWeighedStoredOpenedAndRemoved) {
     EnterByKeys();
     {
         BoxAnswers boxes;
@@ -67,7 +67,7 @@ TEST_F(WholeLife, GoesFromTheScaleToTheFileAndOutOfItAgain) {
                                      "'Rasool'", "'B-7781'"}}));
     EXPECT_EQ(StoredCell("SELECT SellerId FROM Arrivals WHERE ArrivalID = 1043"), "'6010001'");
 
-    // Found by a part of the party's name: the newest of its arrivals comes first.
+    // It is found by a part of the party's name: the newest of its arrivals is the first one.
     VisitModal search([](Screen& modal) {
         ScreenDriver(modal)
             .Press(Qt::Key_Return)
@@ -100,7 +100,7 @@ TEST_F(WholeLife, GoesFromTheScaleToTheFileAndOutOfItAgain) {
                                      "3281.2", "'Aslam'", "'B-7781'"}}));
     EXPECT_EQ(StoredCell(others), othersBefore);
 
-    // By its number now; printed again from the stored rows.
+    // It is found by its number, and printed again from the stored rows.
     screen->TxtArrivalId.SetFocus();
     Keys().Type("1043").Press(Qt::Key_Return);
     ASSERT_TRUE(screen->IsOpened);
@@ -125,7 +125,7 @@ TEST_F(WholeLife, GoesFromTheScaleToTheFileAndOutOfItAgain) {
     EXPECT_EQ(StoredCell(others), othersBefore);
 }
 
-// Nothing of one weighment hangs over into the next.
+// Nothing of one weighment affects the next one.
 TEST_F(WholeLife, RepeatedLeavesTheSameRows) {
     Rows first;
     for (const bool again : {false, true}) {
@@ -148,10 +148,10 @@ TEST_F(WholeLife, RepeatedLeavesTheSameRows) {
     }
 }
 
-TEST_F(WholeLife, OfEverySampleArrivalComesBackTheSameFromASecondOpening) {
+TEST_F(WholeLife, OfEverySampleArrivalIsTheSameAfterASecondOpening) {
     for (std::int16_t id = 1031; id <= 1042; ++id) {
         if (id == 1035 || id == 1037)
-            continue; // others rest on these two
+            continue; // other rows refer to these two
         Open(id);
         const Lines first = Screenful();
         const auto net = screen->TxtNetWeight.Text();

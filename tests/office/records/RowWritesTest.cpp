@@ -52,7 +52,7 @@ TEST_F(RowWrites, ChangeSendsOnlyTheColumnsThatDiffer) {
     EXPECT_EQ(database.Stored(PartiesTable(), "6010001"), change.after);
 }
 
-// The row is locked first, so that nobody changes it between the check and the write.
+// The row is locked first, so that no session changes it between the check and the write.
 TEST_F(RowWrites, RowIsLockedBeforeItIsComparedAndWritten) {
     const RowChange change = database.Changed(CitiesTable(), "3", "CityName", "Okara Cantonment");
     std::vector<std::string> statements;
@@ -156,14 +156,14 @@ TEST_F(RowWrites, ManyChangesAreWrittenTogether) {
 TEST_F(RowWrites, CancelledWriteIsRolledBack) {
     const std::vector<RowChange> changes{{std::nullopt, {"77", "Jhang"}},
                                          {std::nullopt, {"78", "Kasur"}}};
-    std::vector<int> told;
+    std::vector<int> reported;
     const WriteResult result =
         WriteRows(database.connection, CitiesTable(), changes, [&](int done) {
-            told.push_back(done);
+            reported.push_back(done);
             return done < 1;
         });
     EXPECT_EQ(result.end, End::Cancelled);
-    EXPECT_EQ(told, std::vector<int>{1});
+    EXPECT_EQ(reported, std::vector<int>{1});
     EXPECT_FALSE(database.Has(CitiesTable(), "77"));
 }
 

@@ -77,7 +77,7 @@ protected:
 
 constexpr int netColumn = 11;
 
-TEST_F(OfficeDayBookPage, BeginsWithTodayAndItsSumBelow) {
+TEST_F(OfficeDayBookPage, ShowsTodayAndItsSumAtTheStart) {
     Show();
     EXPECT_EQ(Rows(), 3);
     EXPECT_EQ(Cell(0, 8), "still inside");

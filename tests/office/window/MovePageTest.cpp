@@ -41,7 +41,7 @@ protected:
     MovePage* page = nullptr;
 };
 
-TEST_F(OfficeMovePage, SaysWhatHappensAndAsksForTheServerFirst) {
+TEST_F(OfficeMovePage, DescribesTheMoveAndAsksForTheServerFirst) {
     if (OnSqlServer()) {
         EXPECT_EQ(page->Place(), "The database is on a database server already.");
         return;
@@ -55,7 +55,7 @@ TEST_F(OfficeMovePage, SaysWhatHappensAndAsksForTheServerFirst) {
 
 using OfficeMovePageEmbedded = OfficeMovePage;
 
-TEST_F(OfficeMovePageEmbedded, MoveThatFailsLeavesTheOfficeOnItsDatabase) {
+TEST_F(OfficeMovePageEmbedded, FailedMoveLeavesTheOfficeOnItsDatabase) {
     page->Choose(Away(), {});
     EXPECT_EQ(page->Place(), "To: Account1 on 127.0.0.1, port 1");
     const Answers answers({"Move", "OK"});
@@ -67,7 +67,7 @@ TEST_F(OfficeMovePageEmbedded, MoveThatFailsLeavesTheOfficeOnItsDatabase) {
     EXPECT_GT(session.connection.Execute("Select Count(*) From Cities").Fields(0).Number(), 0);
 }
 
-TEST_F(OfficeMovePageEmbedded, MoveIsNotBegunWithoutAYes) {
+TEST_F(OfficeMovePageEmbedded, MoveBeginsOnlyAfterYes) {
     page->Choose(Away(), {});
     const Answers answers({"Cancel"});
     Press(window, Qt::CTRL | Qt::Key_M);

@@ -136,7 +136,7 @@ TEST_F(OfficeFrame, EveryPageFitsSmallDisplaysWithNothingCut) {
     }
 }
 
-// A display of 1366x768 on which everything is shown one and a half times as large.
+// A display of 1366x768 with everything shown one and a half times as large.
 TEST_F(OfficeFrame, PagesScrollOnAVerySmallDisplay) {
     ShowEveryPage(QSize(900, 460), [](OfficeWindow&, const QString&) {});
 }

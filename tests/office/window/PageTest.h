@@ -14,7 +14,7 @@ namespace Quillane::Office {
 /// One page in a window, for a user of level 1, on a database with the sample rows.
 class PageTest : public testing::Test {
 protected:
-    /// Shows a page, which has the focus afterwards. The window owns it.
+    /// Shows a page and gives it the focus. The window owns it.
     void ShowPage(QWidget* page) {
         constexpr QSize size(1090, 640);
         window.setCentralWidget(page);

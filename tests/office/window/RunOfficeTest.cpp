@@ -30,7 +30,7 @@ protected:
         UserLogin.Release();
     }
 
-    /// Signs in and gives the titles of the window's pages.
+    /// Signs in and returns the titles of the window's pages.
     QStringList PagesOf(const char* user, const char* password) {
         const VisitModal visit([=](Screen& dialog) {
             ScreenDriver(dialog)
@@ -84,12 +84,12 @@ TEST_F(OfficeStart, SignInShowsTheNameOfTheProgram) {
     QCoreApplication::setApplicationName("Quillane");
 }
 
-TEST_F(OfficeStart, NobodySigningInOpensNoWindow) {
+TEST_F(OfficeStart, CancelledSignInOpensNoWindow) {
     const VisitModal visit([](Screen& dialog) { ScreenDriver(dialog).Press(Qt::Key_Escape); });
     EXPECT_EQ(Run(), 0);
 }
 
-/// Works the windows and boxes of a restore in their order, each once it has the focus.
+/// Operates the windows and boxes of a restore in order, each when it has the focus.
 class EmbeddedOfficeRestore : public OfficeStart {
 protected:
     EmbeddedOfficeRestore() {
@@ -98,7 +98,7 @@ protected:
         database.Run("Delete From ArrivalsBody; Delete From Arrivals");
     }
 
-    using Step = std::function<bool(QWidget& window)>; ///< true: done with this window
+    using Step = std::function<bool(QWidget& window)>; ///< true: this window needs no more steps
     static bool SignIn(QWidget& window) {
         auto* dialog = dynamic_cast<Screen*>(&window);
         if (!dialog)
@@ -126,7 +126,7 @@ protected:
         office->close();
         return true;
     }
-    /// Notes the text of a box and presses a letter or Enter.
+    /// Records the text of a box and presses a letter or Enter.
     Step AnswerBox(QKeyCombination key) {
         return [this, key](QWidget& window) {
             auto* box = dynamic_cast<QMessageBox*>(&window);
@@ -154,8 +154,8 @@ protected:
     std::vector<std::string> texts;
 
 private:
-    // A step that opens a box runs until the box has been answered by the step after it, so each
-    // look has a new timer.
+    // A step that opens a box runs until the next step has answered the box, so each look has a new
+    // timer.
     void Look() {
         QTimer::singleShot(1, owner_, [this] { Look(); });
         QWidget* window = QApplication::activeWindow();

@@ -74,7 +74,7 @@ Visit::Visit(std::function<void(QDialog&)> act)
 }
 
 Visit::~Visit() {
-    EXPECT_TRUE(tookPlace_) << "no dialog came up";
+    EXPECT_TRUE(tookPlace_) << "no dialog was shown";
 }
 
 void Visit::Look() {
@@ -97,7 +97,7 @@ Answers::Answers(std::vector<std::string> buttons) : buttons_(std::move(buttons)
 }
 
 Answers::~Answers() {
-    EXPECT_EQ(texts_.size(), buttons_.size()) << "not all of the boxes came up";
+    EXPECT_EQ(texts_.size(), buttons_.size()) << "not all of the boxes were shown";
 }
 
 void Answers::Look() {

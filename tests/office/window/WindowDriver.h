@@ -12,8 +12,9 @@
 
 namespace Quillane::Office {
 
-/// Works shown windows by keys, which go to the widget that has the focus in the window. A window
-/// over which a dialog has closed is first made the active one again, as the window system does.
+/// Operates shown windows by keys, which go to the widget that has the focus in the window. A
+/// window over which a dialog has closed is first made the active one again, as the window system
+/// does.
 void Press(QWidget& window, QKeyCombination key);
 inline void Press(QWidget& window, Qt::Key key) {
     Press(window, QKeyCombination(key));
@@ -21,16 +22,15 @@ inline void Press(QWidget& window, Qt::Key key) {
 /// Types an ASCII text.
 void Type(QWidget& window, std::string_view text);
 
-/// Shows a window and waits until it is there.
+/// Shows a window and waits until it is shown.
 void ShowWindow(QWidget& window);
 
-/// No button or label of the window is too small for its text. With a folder in QUILLANE_PICTURES a
-/// picture of the window is saved there under this name.
+/// Checks that no button or label of the window is too small for its text. If QUILLANE_PICTURES
+/// names a folder, saves a picture of the window there under this name.
 void LookAt(QWidget& window, const std::string& name);
 
-/// Acts inside the next dialog or box that comes up, once it is shown. One that the act leaves open
-/// is closed, and fails the test; so does a visit that never took place. Visits nest: one for a box
-/// over the dialog is made inside the act.
+/// Acts inside the next dialog or box after it is shown. If the act leaves it open, or if no dialog
+/// is shown, the test fails. Visits nest: one for a box over the dialog is created inside the act.
 class Visit {
 public:
     explicit Visit(std::function<void(QDialog&)> act);
@@ -47,8 +47,8 @@ private:
     bool tookPlace_ = false;
 };
 
-/// Answers the boxes that come up, one after the other, each by its button with this caption. One
-/// that does not come up fails the test.
+/// Answers the next boxes, one after the other, each by its button with this caption. If a box is
+/// not shown, the test fails.
 class Answers {
 public:
     explicit Answers(std::vector<std::string> buttons);
@@ -56,7 +56,7 @@ public:
     Answers(const Answers&) = delete;
     Answers& operator=(const Answers&) = delete;
 
-    /// The texts of the boxes, in their order.
+    /// The texts of the boxes, in order.
     const std::vector<std::string>& Texts() const { return texts_; }
 
 private:

@@ -38,7 +38,7 @@ inline void PrintTo(const ContractEngine& engine, std::ostream* out) {
 }
 
 std::vector<ContractEngine> ContractEngines();
-/// The engines that accept T-SQL and compare text as SQL Server does.
+/// The engines that accept T-SQL and compare text like SQL Server.
 std::vector<ContractEngine> TSqlContractEngines();
 
 /// An open connection to a database with these tables: Arrivals (key ArrivalID), ArrivalsBody (no

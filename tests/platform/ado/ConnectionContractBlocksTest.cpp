@@ -60,7 +60,7 @@ TEST_P(ConnectionContract, RunsAStatementForEachOfManyRows) {
     EXPECT_EQ(OneValue("Select DriverName From Arrivals Where ArrivalID = 1499"), "Driver 1499");
 }
 
-TEST_P(ConnectionContract, FailsWhereOneOfManyRowsIsRefused) {
+TEST_P(ConnectionContract, FailsIfOneOfManyRowsIsRefused) {
     ResultSet rows = NoArrivals();
     for (int id = 1; id <= 40; ++id)
         AddArrival(rows, id == 30 ? 12 : id, "Ali");
@@ -70,7 +70,7 @@ TEST_P(ConnectionContract, FailsWhereOneOfManyRowsIsRefused) {
     EXPECT_EQ(OneValue("Select Count(*) From Arrivals"), "0");
 }
 
-TEST_P(ConnectionContract, GivesTheRowsOfAQueryInBlocks) {
+TEST_P(ConnectionContract, ReturnsTheRowsOfAQueryInBlocks) {
     ResultSet rows = NoArrivals();
     for (int id = 1; id <= 700; ++id)
         AddArrival(rows, id, "Ali");

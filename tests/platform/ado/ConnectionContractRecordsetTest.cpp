@@ -58,7 +58,7 @@ TEST_P(ConnectionContract, AClosedRecordsetRefusesEveryMemberButState) {
         EXPECT_EQ(FailureNumberOf(member), FailureNumber::ObjectClosed);
 }
 
-TEST_P(ConnectionContract, WalksTheRowsFromTheFirstToTheEnd) {
+TEST_P(ConnectionContract, MovesThroughTheRowsFromTheFirstToTheEnd) {
     AddThreeArrivals();
     Recordset rows = Reading(threeDrivers);
     EXPECT_EQ(rows.RecordCount(), 3);
@@ -105,7 +105,7 @@ TEST_P(ConnectionContract, ReadsFieldsByNameInAnyCaseAndByNumber) {
     EXPECT_NE(words.find("Driver"), std::string::npos);
 }
 
-TEST_P(ConnectionContract, GivesEachKindOfValue) {
+TEST_P(ConnectionContract, ReturnsEachKindOfValue) {
     AddThreeArrivals();
     Recordset rows = Reading("Select * From Arrivals Order By ArrivalID");
     EXPECT_EQ(rows.Fields("ArrivalID").Long(), 1);
@@ -146,7 +146,7 @@ TEST_P(ConnectionContract, ACopyCanBeReadAfterTheConnectionHasClosed) {
     EXPECT_EQ(FailureNumberOf([&] { rows.Update(); }), FailureNumber::ObjectClosed);
 }
 
-TEST_P(ConnectionContract, AFilterShowsTheRowsThatFitAndMovesToTheFirst) {
+TEST_P(ConnectionContract, AFilterShowsTheMatchingRowsAndMovesToTheFirst) {
     AddThreeArrivals();
     Recordset rows = Reading(threeDrivers);
     rows.MoveLast();
@@ -186,7 +186,7 @@ TEST_P(ConnectionContract, FindStartsAtTheFirstRowEachTime) {
               FailureNumber::InvalidArgument);
 }
 
-TEST_P(ConnectionContract, FindLooksAmongTheShownRowsOnly) {
+TEST_P(ConnectionContract, FindSearchesOnlyTheShownRows) {
     AddThreeArrivals();
     Recordset rows = Reading(threeDrivers);
     rows.SetFilter("ArrivalID > 1");

@@ -72,7 +72,7 @@ TEST_P(TSqlContract, AcceptsTheTSqlOfTheStatements) {
 TEST_P(TSqlContract, ListsTheForeignKeysOnATable) {
     Recordset keys = connection.Execute("EXEC sp_fkeys @pktable_name = N'Arrivals'");
     ASSERT_EQ(keys.RecordCount(), 1);
-    // A catalogue may hold a name in another case than it was declared in.
+    // A catalogue may return a name in another case than the declared one.
     EXPECT_TRUE(EqualIgnoringCase(keys.Fields("PKTABLE_NAME").Text(), "Arrivals"));
     EXPECT_TRUE(EqualIgnoringCase(keys.Fields("PKColumn_Name").Text(), "ArrivalID"));
     EXPECT_TRUE(EqualIgnoringCase(keys.Fields("FKTABLE_NAME").Text(), "ArrivalsBody"));

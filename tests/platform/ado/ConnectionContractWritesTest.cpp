@@ -9,7 +9,7 @@ namespace {
 constexpr auto header = "Select * from Arrivals Where ArrivalId=7";
 constexpr auto bodyOfOne = "Select * From arrivalsbody where arrivalid=1";
 
-TEST_P(ConnectionContract, ANewRowStoresWhatWasAssignedAndLeavesTheRestToTheDatabase) {
+TEST_P(ConnectionContract, ANewRowStoresTheAssignedValuesAndTheDefaultsOfTheDatabase) {
     Recordset rows = Writing(header);
     EXPECT_EQ(rows.RecordCount(), 0);
     rows.AddNew();
@@ -27,7 +27,7 @@ TEST_P(ConnectionContract, ANewRowStoresWhatWasAssignedAndLeavesTheRestToTheData
     EXPECT_EQ(rows.Fields("DriverName").Text(), "O'Brien");
 }
 
-TEST_P(ConnectionContract, APendingRowReadsBackWhatWasAssigned) {
+TEST_P(ConnectionContract, APendingRowReturnsTheAssignedValues) {
     Recordset rows = Writing(header);
     rows.AddNew();
     EXPECT_FALSE(rows.Eof());
@@ -54,7 +54,7 @@ TEST_P(ConnectionContract, AnUpdateWritesTheAssignedColumnsOnly) {
               "UPDATE ARRIVALS SET DRIVERNAME = ?, SELLERID = ? WHERE ARRIVALID = ?");
 }
 
-TEST_P(ConnectionContract, UpdateWithNothingPendingSendsNothing) {
+TEST_P(ConnectionContract, UpdateWithoutAPendingChangeSendsNothing) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * from Arrivals Where ArrivalId=2");
     rows.Update();
@@ -151,7 +151,7 @@ TEST_P(ConnectionContract, TheRowAfterADeletedOneComesNext) {
     EXPECT_EQ(rows.Fields("ArrivalID").Long(), 1);
 }
 
-TEST_P(ConnectionContract, ATableWithoutAKeyLosesOneOfEqualRows) {
+TEST_P(ConnectionContract, OnlyOneOfEqualRowsIsDeletedInATableWithoutAKey) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * From ArrivalsBody where arrivalid=2");
     rows.Delete();
@@ -249,7 +249,7 @@ TEST_P(ConnectionContract, ClonesShareAddedAndDeletedRows) {
     EXPECT_EQ(clone.RecordCount(), 3);
 }
 
-TEST_P(ConnectionContract, ANewRowThatDoesNotFitTheFilterIsNotShown) {
+TEST_P(ConnectionContract, ANewRowThatDoesNotMatchTheFilterIsNotShown) {
     AddThreeArrivals();
     Recordset rows = Writing("Select * From Arrivals");
     rows.SetFilter("ArrivalID < 3");

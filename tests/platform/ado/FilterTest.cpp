@@ -6,7 +6,7 @@ namespace Quillane {
 
 namespace {
 
-/// Rows 0 to 4; the last holds Nulls only.
+/// Rows 0 to 4; the last one contains only Nulls.
 ResultSet Rows() {
     ResultSet rows;
     rows.SetColumns({"Id", "Weight", "Name", "Day", "Price", "Vehicle No"});

@@ -19,7 +19,7 @@ struct LikeCase {
     bool fits;
 };
 
-TEST(LikePattern, MatchesRunsSingleCharactersAndSets) {
+TEST(LikePattern, MatchesSequencesSingleCharactersAndSets) {
     const LikeCase cases[] = {
         {"", "", true},
         {"", "%", true},
@@ -74,7 +74,7 @@ TEST(LikePattern, MatchesAnEscapedCharacterLiterally) {
     EXPECT_FALSE(MatchesLike("ab", "%%", U'%'));
 }
 
-/// The reference: a % matches nothing, or one character followed by itself again.
+/// The reference implementation: a % matches nothing, or one character followed by the same %.
 bool FitsByRule(std::string_view text, std::string_view pattern) {
     if (pattern.empty())
         return text.empty();
@@ -110,7 +110,7 @@ TEST(LikePattern, AgreesWithTheReference) {
     EXPECT_GT(fitting, 10'000);
 }
 
-// Each of these would take days if the text were gone through again for each of its characters.
+// Each of these would take days if the text were scanned again for each of its characters.
 TEST(LikePattern, IsFoundInALongTextInLinearTime) {
     const std::string text(4'000'000, 'a');
     const std::string half(2'000'000, 'a');

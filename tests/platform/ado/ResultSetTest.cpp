@@ -57,7 +57,7 @@ TEST(ResultSet, ReplacesACellByOneOfAnyKind) {
         }
 }
 
-TEST(ResultSet, AnAddedRowIsNullAndLeavesTheOthersAlone) {
+TEST(ResultSet, AnAddedRowIsNullAndTheOthersDoNotChange) {
     ResultSet rows = OneRowOfEachKind();
     rows.AppendRow();
     EXPECT_EQ(rows.RowCount(), 2);

@@ -95,7 +95,7 @@ TEST_F(LineLockTest, LockOfAnEndedProcessIsRemoved) {
     EXPECT_FALSE(fs::exists(lock));
 }
 
-TEST_F(LineLockTest, LockOfAnotherUsersEndedProgramIsRemovedWhereTheFolderPermitsIt) {
+TEST_F(LineLockTest, LockOfAnotherUsersEndedProgramIsRemovedIfTheFolderPermitsIt) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "Only root can open the line as two users";
     const pid_t ended = EndedProcess();

@@ -20,7 +20,8 @@ public:
     /// Returns none if the name is reserved or its lock file still exists.
     static std::unique_ptr<LockName> Claim(const std::string& device) {
         std::unique_ptr<LockName> name(new LockName(device));
-        // The lock file is checked after the reservation: from then on nobody else creates one.
+        // The lock file is checked after the reservation, because from then on no other process
+        // creates one.
         const bool mine = name->IsMine() && access(LockFile(device).c_str(), F_OK) != 0;
         return mine ? std::move(name) : nullptr;
     }

@@ -46,7 +46,7 @@ TEST(LockName, HasOneUserAtATime) {
     auto first = LockName::Claim(device);
     ASSERT_TRUE(first);
     EXPECT_FALSE(LockName::Claim(device));
-    EXPECT_FALSE(LockName::Claim(device)) << "a refused claim does not release the name";
+    EXPECT_FALSE(LockName::Claim(device)) << "a refused reservation does not release the name";
     first.reset();
     EXPECT_TRUE(LockName::Claim(device));
 }

@@ -10,8 +10,8 @@
 
 namespace Quillane::Testing {
 
-/// A small screen that logs what reaches it: three boxes, a frame with a box in it and a button, in
-/// the tab order First, Second, Third, InFrame, BtnGo.
+/// A small screen that logs its events: three boxes, a frame with a box in it and a button, in the
+/// tab order First, Second, Third, InFrame, BtnGo.
 class TrialScreen : public Screen {
 public:
     explicit TrialScreen(std::string name = "Trial");

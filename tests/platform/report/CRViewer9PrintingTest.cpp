@@ -115,7 +115,7 @@ TEST_F(CRViewer9Printing, ReportsAPrinterThatCannotBeOpened) {
     EXPECT_EQ(PagesOf(pdf_), 3);
 }
 
-TEST_F(CRViewer9Printing, OffersThePdfWhereNoPrinterIsInstalled) {
+TEST_F(CRViewer9Printing, OffersThePdfIfNoPrinterIsInstalled) {
     viewer_.PrinterInstalled = [] { return false; };
     BoxAnswers answers;
     answers.Expect(OfferOfPdf(), BoxAnswer::Yes);
@@ -179,7 +179,7 @@ TEST_F(CRViewer9Printing, ProposesAFolderThatExists) {
         << proposed_;
 }
 
-TEST_F(CRViewer9Printing, ProposesAnotherFolderWhenThatOfTheLastFileIsGone) {
+TEST_F(CRViewer9Printing, ProposesAnotherFolderIfThatOfTheLastFileIsMissing) {
     const std::string stick = source_.Folder() + "/stick";
     std::filesystem::create_directory(stick);
     pdf_ = stick + "/saved.pdf";

@@ -223,7 +223,7 @@ TEST_F(CRViewer9Test, EveryButtonHasANameAndShowsItsKey) {
     EXPECT_FALSE(screen_.Viewer.FocusWidget().accessibleName().isEmpty());
 }
 
-/// The lines of a picture that hold red, from the first to the last.
+/// The lines of a picture that contain red, from the top.
 std::vector<int> RedLines(const QImage& picture) {
     std::vector<int> lines;
     for (int y = 0; y < picture.height(); ++y)
@@ -232,7 +232,7 @@ std::vector<int> RedLines(const QImage& picture) {
     return lines;
 }
 
-/// A page with one text on red, some way down.
+/// A page with one text on a red background at this distance from the top.
 std::unique_ptr<Report> RedTextAt(int top, bool shownAtOpening) {
     ReportObject text;
     text.Top = top;
@@ -266,7 +266,7 @@ TEST_F(CRViewer9Test, OpensWithTheMarkedTextInViewOnALowDisplay) {
     }
 }
 
-TEST_F(CRViewer9Test, StaysAtTheTopWhereTheMarkedTextIsInViewThere) {
+TEST_F(CRViewer9Test, StaysAtTheTopIfTheMarkedTextIsInViewThere) {
     const auto report = RedTextAt(1000, true);
     ShowOnALowDisplay(*report);
     EXPECT_TRUE(Testing::WaitFor([&] { return Scroll().maximum() > Scroll().minimum(); }));

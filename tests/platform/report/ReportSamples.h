@@ -97,7 +97,7 @@ inline PlacedSection LaidOut(const ReportSection& section, const Report& report,
 }
 
 /// A report of five sections that show their names; a row shows "row n". Ten rows of 1000 twips fit
-/// on the first page below the report header, eleven on each further page.
+/// on the first page below the report header, and eleven on each following page.
 class ListReport : public Report {
 public:
     explicit ListReport(std::shared_ptr<Recordset> rows) : Report(0) {

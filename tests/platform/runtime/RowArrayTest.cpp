@@ -55,7 +55,7 @@ TEST(RowArray, ReDimKeepsCellsWithinOldAndNewBounds) {
     EXPECT_EQ(array.RowCount(), 1);
     EXPECT_EQ(array.Get(0, 1), "0.1");
     array.ReDim(1, 1);
-    EXPECT_EQ(array.Get(1, 1), "") << "a removed cell does not come back";
+    EXPECT_EQ(array.Get(1, 1), "") << "a removed cell is not restored";
 }
 
 TEST(RowArray, UpperBoundOfMinusOneMeansNone) {

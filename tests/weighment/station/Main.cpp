@@ -1,20 +1,20 @@
-// A station's process, for the tests of two stations on one database:
+// The process of a station, for the tests of two stations on one database:
 //
-//     WeighmentStation <folder> <what Config.ini holds> <name> <number of the party>
+//     WeighmentStation <folder> <contents of Config.ini> <name> <number of the party>
 //                      <bag lines> <actions> [<seed>]
 //
-// It shows the weighment screen, writes "ready", waits for a line and then saves so many new
-// weighments. With a seed the actions are drawn from it: new weighments are saved, and the newest
-// arrivals are opened and saved again, or opened and removed.
+// It shows the weighment screen, writes "ready", waits for a line and then saves this number of new
+// weighments. With a seed the actions are random: new weighments are saved, and the newest arrivals
+// are opened and saved again, or opened and removed.
 //
-// It answers every box and writes what happened, one line each: "saved <id> <serial>" for each
-// save, "removed <id> <driver>", "missed <id>" for an arrival that was gone before it could be
-// opened, "box <text>" for a box that is no question. Whether an arrival is to be removed it asks
-// with "asks <id> <driver>", and waits for a line before it says Yes; it says No by itself, and
-// writes "kept <id>", where the arrival is no longer the one that it has opened.
+// It answers every box and writes one line for each event: "saved <id> <serial>" for each save,
+// "removed <id> <driver>", "missed <id>" for an arrival that was removed before it could be opened,
+// "box <text>" for a box that is not a question. Before a removal it writes "asks <id> <driver>"
+// and waits for a line before it answers Yes. If the arrival is no longer the one that it has
+// opened, it answers No without waiting and writes "kept <id>".
 //
-// Every weighment's driver is the name and the serial, "east-17", its bilty the number of its
-// lines, its gross weight 1000 kg and the serial, its deduction the rest of the serial by 7.
+// The driver of each weighment is the name and the serial, "east-17"; its bilty is the number of
+// its lines, its gross weight 1000 kg plus the serial, its deduction the serial modulo 7.
 
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
@@ -43,7 +43,7 @@ struct Orders {
 };
 
 constexpr int MostPresses = 100;
-constexpr int NewestArrivals = 6; ///< of which one is drawn
+constexpr int NewestArrivals = 6; ///< one of which is selected at random
 
 void OpenDatabase(const Orders& orders) {
     Con = std::make_unique<Connection>();
@@ -57,7 +57,7 @@ void OpenDatabase(const Orders& orders) {
     UserLogin->SignIn("Nadia", "grain");
 }
 
-/// Works the screen as its operator would, but for the keys.
+/// Operates the screen like its operator, but without keys.
 class Operator {
 public:
     Operator(FrmWeighment& screen, const Orders& orders)
@@ -75,8 +75,8 @@ public:
     }
 
     bool Act() {
-        // An arrival that the other station stored just as the focus left the new number has been
-        // opened.
+        // An arrival was opened that the other station has stored just when the focus left the new
+        // number.
         if (screen_.IsOpened)
             screen_.BtnClear_Click();
         const int action = orders_.seed ? Drawn(4) : 0;
@@ -155,7 +155,7 @@ private:
         screen_.SetButtonState(2);
     }
 
-    /// Presses the save button until it is off again, as the boxes ask for.
+    /// Presses the save button until it is disabled again, as the boxes request.
     bool Save() {
         for (int press = 0; press < MostPresses && screen_.BtnSave.Enabled(); ++press)
             screen_.BtnSave_Click();

@@ -243,7 +243,7 @@ TEST_F(OdbcTransactionsOnPostgres, OfALostConnectionCountAsRolledBack) {
     EXPECT_EQ(Count(), "0");
 }
 
-/// A server of the test's own, that can be killed.
+/// A server that belongs to the test and can be killed.
 class OdbcOnKilledPostgres : public testing::Test {
 protected:
     void SetUp() override {

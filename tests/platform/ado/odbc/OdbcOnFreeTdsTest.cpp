@@ -180,10 +180,10 @@ TEST_F(OdbcOnFreeTds, ReadsTheKeyOfEachTableOnce) {
             Recordset rows = Writing(std::string("Select * From ") + table);
             rows.Delete();
         }
-    EXPECT_EQ(server->TakeArrived().size(), 12U) << "four reads, four deletes, four look-ups";
+    EXPECT_EQ(server->TakeArrived().size(), 12U) << "four reads, four deletes, four key queries";
 }
 
-// A station's own schema holds a view of the name of each table of dbo.
+// The schema of a station contains a view for each table of dbo, with the same name.
 
 TEST_F(OdbcOnFreeTds, FindsARowOfAViewByTheKeyOfTheTableOfThatName) {
     Recordset rows = Writing("Select * From Viewed");
@@ -304,7 +304,7 @@ TEST_F(OdbcOnFreeTds, CountsTheTransactionOfALostConnectionAsRolledBack) {
               std::string("[FreeTDS][SQL Server]Communication link failure") + lost);
 }
 
-/// With FreeTDS registered as a station's machine has it.
+/// FreeTDS is registered as on a station's computer.
 bool ServesAsSqlServer() {
     TdsServer server;
     std::ofstream(server.Folder() / "odbcinst.ini") << "[SQL Server]\nDriver=libtdsodbc.so\n";
@@ -319,8 +319,8 @@ bool ServesAsSqlServer() {
                Texts({"SET TEXTSIZE 2147483647 SET NOCOUNT OFF", "Select 'علی'"});
 }
 
-// In a new process: the driver manager reads the registration of its drivers only once, so
-// nothing may have asked it before.
+// In a new process: the driver manager reads the registrations only once, so no call may have read
+// them before.
 TEST(OdbcOnFreeTdsRegistered, IsFoundUnderTheNameInTheConnectionString) {
     SKIP_IF_MISSING(TdsServer::WhyMissing());
     GTEST_FLAG_SET(death_test_style, "threadsafe");

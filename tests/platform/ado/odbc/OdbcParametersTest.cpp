@@ -59,7 +59,7 @@ TEST_F(OdbcWritesOnPostgres, KeepDaysAndMoments) {
     EXPECT_TRUE(Stored("Day", Value()).IsNull());
 }
 
-TEST_F(OdbcWritesOnPostgres, TakeNumbersThatComeAsText) {
+TEST_F(OdbcWritesOnPostgres, AcceptNumbersSentAsText) {
     EXPECT_EQ(Stored("Weight", "12.5").Number(), 12.5);
     EXPECT_EQ(Stored("Exact", "30.000").Text(), "30");
     EXPECT_NE(DatabaseFailureOf([&] { Stored("Weight", "kg"); }), "");

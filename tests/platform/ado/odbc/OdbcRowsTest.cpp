@@ -13,7 +13,7 @@ namespace {
 
 struct ReadCase {
     std::string_view expression;
-    std::size_t kind; ///< place among the kinds of Value
+    std::size_t kind; ///< index among the kinds of Value
     std::string_view text;
 };
 
@@ -82,7 +82,7 @@ TEST_F(OdbcOnPostgres, ReadsBlocksToTheLastRow) {
     }
 }
 
-// Pieces are of 16,383 characters: lengths around their ends, and characters across them.
+// Pieces have 16,383 characters: lengths around their ends, and characters across two pieces.
 TEST_F(OdbcOnPostgres, JoinsTheirPiecesIntoLongTexts) {
     for (const int length : {1, 16'382, 16'383, 16'384, 32'766, 32'767, 100'000}) {
         const std::string text =
@@ -111,7 +111,7 @@ TEST_F(OdbcOnPostgres, ReadsTheColumnsAroundLongTexts) {
     }
 }
 
-/// Rows that the statement asks for at a time, as its driver knows it.
+/// The number of rows that the driver's statement fetches at a time.
 SQLULEN RowsAtATime(const OdbcHandle& statement) {
     SQLULEN rows = 0;
     SQLGetStmtAttrW(statement.Get(), SQL_ATTR_ROW_ARRAY_SIZE, &rows, 0, nullptr);

@@ -37,7 +37,7 @@ TEST(OdbcText, ReplacesInvalidUtf8) {
     };
     for (const auto& [text, shown] : cases)
         EXPECT_EQ(ThereAndBack(text), shown);
-    EXPECT_EQ(ThereAndBack("\xED\xA0\x80").substr(0, 3), "\uFFFD") << "half a pair";
+    EXPECT_EQ(ThereAndBack("\xED\xA0\x80").substr(0, 3), "\uFFFD") << "half a surrogate pair";
     EXPECT_EQ(ThereAndBack("\xF4\x90\x80\x80").substr(0, 3), "\uFFFD") << "beyond the last plane";
 }
 

@@ -129,7 +129,7 @@ TEST_F(SqliteEngineTest, WritesColumnsWhoseNamesNeedQuotes) {
     EXPECT_EQ(OneValue("Select \"Order\" + [bag \"line] From Arrivals"), "7");
 }
 
-TEST_F(SqliteEngineTest, ANewRowCanConsistOfDefaultsAlone) {
+TEST_F(SqliteEngineTest, ANewRowCanConsistOfDefaultsOnly) {
     Recordset rows;
     rows.Open("Select * From Arrivals", connection, adOpenStatic, adLockOptimistic);
     rows.AddNew();
@@ -137,7 +137,7 @@ TEST_F(SqliteEngineTest, ANewRowCanConsistOfDefaultsAlone) {
     EXPECT_EQ(OneValue("Select Count(*) From Arrivals"), "1");
 }
 
-TEST_F(SqliteEngineTest, RefusesTextThatIsNoStatement) {
+TEST_F(SqliteEngineTest, RefusesTextThatIsNotAStatement) {
     EXPECT_EQ(DatabaseFailureOf([&] { Run(""); }), "The statement is empty.");
     EXPECT_EQ(DatabaseFailureOf([&] { Run(" -- nothing"); }), "The statement is empty.");
     EXPECT_EQ(DatabaseFailureOf([&] { Run("Select 1; Select 2"); }),

@@ -90,7 +90,7 @@ TEST_F(SqliteFile, IsRestrictedToOwnerAndGroupWhenItIsOpened) {
     }
 }
 
-TEST_F(SqliteFile, IsWaitedForNoLongerThanTheBusyWait) {
+TEST_F(SqliteFile, IsWaitedForAtMostForTheBusyWait) {
     Connection holder;
     folder.Open(holder);
     holder.Execute("PRAGMA locking_mode=EXCLUSIVE");
@@ -100,7 +100,7 @@ TEST_F(SqliteFile, IsWaitedForNoLongerThanTheBusyWait) {
     holder.CommitTrans();
 }
 
-/// Puts a copy in the place of the file while a station waits for its lock.
+/// Replaces the file by a copy while a station waits for its lock.
 class ReplacingWait : public LockWait {
 public:
     ReplacingWait(Connection& holder, const fs::path& file) : holder_(holder), file_(file) {}
@@ -117,7 +117,7 @@ private:
     fs::path file_;
 };
 
-// It would go on working in the file that has no name any more.
+// The station would otherwise continue to work in the old file, which has no name any more.
 TEST_F(SqliteFile, ReplacedWhileItIsBeingOpenedIsRefused) {
     Connection holder;
     folder.Open(holder);

@@ -1,4 +1,4 @@
-// The file of an open database is moved, deleted, replaced or written over.
+// The file of an open database is moved, deleted, replaced or overwritten.
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
@@ -25,12 +25,12 @@ protected:
     std::string File() const { return folder.File().string(); }
 
     void MoveAway() const { fs::rename(File(), Elsewhere()); }
-    /// Of the same contents, but another file.
+    /// Another file with the same contents.
     void ReplaceByACopy() const {
         fs::copy_file(File(), Elsewhere());
         fs::rename(Elsewhere(), File());
     }
-    /// As "cp" does it: the same file with other contents.
+    /// Overwrites the file as "cp" does: the same file with other contents.
     void WriteOver() const {
         std::ifstream copy(Elsewhere(), std::ios::binary);
         std::ofstream(File(), std::ios::binary | std::ios::trunc) << copy.rdbuf();
@@ -57,7 +57,7 @@ protected:
     Connection station;
 };
 
-TEST_F(SqliteFileWatchTest, ATransactionIsRefusedWhereTheFileIsNoLongerTheOneThatWasOpened) {
+TEST_F(SqliteFileWatchTest, ATransactionIsRefusedIfTheFileIsNotTheOpenedOne) {
     struct Case {
         const char* name;
         std::function<void()> change;
@@ -87,7 +87,7 @@ TEST_F(SqliteFileWatchTest, ATransactionIsRefusedWhereTheFileIsNoLongerTheOneTha
     }
 }
 
-TEST_F(SqliteFileWatchTest, ACommitIsRefusedWhereItHappensWithinTheTransaction) {
+TEST_F(SqliteFileWatchTest, ACommitIsRefusedIfTheFileChangesWithinTheTransaction) {
     for (const bool deleted : {false, true}) {
         station.BeginTrans();
         station.Execute(AddRow);
@@ -127,7 +127,7 @@ TEST_F(SqliteFileWatchTest, SavesOfOtherStationsAreAccepted) {
         connection.Execute(AddRow);
         connection.CommitTrans();
     };
-    // In every order of two saves and two times of writing back.
+    // In every order of two saves and two write-backs.
     const std::function<void()> acts[] = {[&] { save(station); }, [&] { save(other); },
                                           [&] { station.WriteBack(); }, [&] { other.WriteBack(); }};
     int saves = 0;
@@ -163,7 +163,8 @@ TEST_F(SqliteFileWatchTest, ALinkToTheFileIsFollowed) {
     ExpectTransactionRefused();
 }
 
-// What another station makes of the name meanwhile is not touched, not even by the end.
+// The station does not change a new file that another station has created under the same name, not
+// even when it ends.
 TEST_F(SqliteFileWatchTest, TheEndOfTheStationDoesNotChangeTheNewFile) {
     station.Execute(AddRow);
     ReplaceByACopy();

@@ -1,5 +1,5 @@
-// A journal that was left next to the file: of a station that was cut off, or of another state of
-// the database.
+// A journal that was left next to the file: by a station that was interrupted, or by another state
+// of the database.
 
 #include "platform/ado/EmbeddedFolder.h"
 #include "support/FailureOf.h"
@@ -27,7 +27,7 @@ protected:
                          "REFERENCES Arrivals)");
         Save(1, 3000);
     }
-    /// Arrivals of these numbers, each with a line, stored and written back.
+    /// Stores arrivals with these numbers, each with a line, and writes the journal back.
     void Save(int first, int last) const {
         Connection station;
         folder.Open(station);
@@ -44,7 +44,7 @@ protected:
     fs::path Copy(const std::string& name) const { return folder.Folder() / name; }
     fs::path Log() const { return folder.File().string() + "-wal"; }
     fs::path Index() const { return folder.File().string() + "-shm"; }
-    /// As a power cut does it: file and log as they are at this moment.
+    /// Copies file and log in their present state, as a power failure leaves them.
     void CutOff(Connection& station) const {
         fs::copy_file(folder.File(), Copy("file"));
         fs::copy_file(Log(), Copy("log"));
@@ -72,7 +72,7 @@ TEST_F(SqliteLeftJournal, OfAnInterruptedStationIsUsed) {
     CutOff(station);
     ASSERT_GT(fs::file_size(Log()), 0U);
     EXPECT_EQ(Arrivals(), "3001");
-    EXPECT_FALSE(fs::exists(Log())) << "and is written back at the end";
+    EXPECT_FALSE(fs::exists(Log())) << "the journal is written back at the end";
 }
 
 TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAndNoFileIsChanged) {
@@ -102,7 +102,7 @@ TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedAndNoFileIsChanged) {
     EXPECT_EQ(Arrivals(), "3000");
 }
 
-// Each table has one page, so that every page is sound by itself.
+// Each table has one page, so every page is consistent.
 TEST_F(SqliteLeftJournal, OfAnotherStateIsRefusedForMissingReferencedRows) {
     folder.RunScript("CREATE TABLE Loads (Id INTEGER PRIMARY KEY);"
                      "CREATE TABLE Bags (Id INTEGER PRIMARY KEY, LoadId INTEGER REFERENCES Loads)");

@@ -65,7 +65,7 @@ TEST_F(SqliteSecretTest, IsReadOnlyByItsStatement) {
     EXPECT_EQ(OneValue("Select Count(*) From StationUsers"), "1");
 }
 
-// The engine does not ask about the columns of these.
+// The engine does not ask before it reads the columns of these joins.
 TEST_F(SqliteSecretTest, IsNotReadThroughAJoinThatMergesColumns) {
     for (const char* statement : {
              "Select PasswordHash From Parties Full Join StationUsers Using (PasswordHash)",

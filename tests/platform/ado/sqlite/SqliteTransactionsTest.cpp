@@ -33,7 +33,7 @@ protected:
 
     EmbeddedFolder folder;
     Connection first;
-    Connection second; ///< waits for 20 ms only
+    Connection second; ///< waits for only 20 ms
 };
 
 TEST_F(SqliteTransactions, TakeTheWriteLockWithTheirFirstStatement) {

@@ -14,7 +14,7 @@ constexpr const char* AddRow = "Insert Into Project_Registry Values ('a', 'b')";
 
 class SqliteWaitsTest : public testing::Test {
 protected:
-    /// Notes its life, and asks the test whether to go on.
+    /// Counts its own lifetime, and asks the test whether to continue.
     class NotedWait : public LockWait {
     public:
         explicit NotedWait(SqliteWaitsTest& test) : test_(test) {
@@ -77,7 +77,7 @@ TEST_F(SqliteWaitsTest, EndWithTheLock) {
     ExpectWaits(1);
 }
 
-TEST_F(SqliteWaitsTest, StatementDuringTheWaitOfAnotherFailsAndTheOtherGoesOn) {
+TEST_F(SqliteWaitsTest, StatementDuringTheWaitOfAnotherFailsAndTheOtherContinues) {
     std::string refusal;
     goOn = [&] {
         refusal = FailureOf([&] { station.Execute("Select 1 As One"); }).Description();
@@ -92,7 +92,7 @@ TEST_F(SqliteWaitsTest, StatementDuringTheWaitOfAnotherFailsAndTheOtherGoesOn) {
     station.Execute("Select 1 As One");
 }
 
-TEST_F(SqliteWaitsTest, FailTheStatementIfGivenUp) {
+TEST_F(SqliteWaitsTest, FailTheStatementIfCancelled) {
     Hold();
     for (int statement = 1; statement <= 2; ++statement) {
         EXPECT_EQ(DatabaseFailureOf([&] { station.Execute(AddRow); }), "database is locked");

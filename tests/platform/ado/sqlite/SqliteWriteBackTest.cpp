@@ -21,7 +21,7 @@ protected:
         connection.SetEmbeddedSupport(support);
         connection.Open(EmbeddedFolder::connectionString);
     }
-    /// In a copy of the file without its journal.
+    /// Queries a copy of the file without its journal.
     std::string RowsInACopy() const {
         const fs::path copies = folder.Folder() / "copies";
         fs::remove_all(copies);
@@ -62,7 +62,7 @@ TEST_F(SqliteWriteBack, DoesNotWait) {
     other.CommitTrans();
     EXPECT_TRUE(station.WriteBack());
     EXPECT_EQ(RowsInACopy(), "2");
-    // And statements wait as before.
+    // Other statements still wait.
     EXPECT_EQ(station.Execute("Select Count(*) From Project_Registry").Fields(0).Text(), "2");
 }
 

@@ -44,7 +44,7 @@ TEST_F(ComboBoxTest, ClicksWhenAnotherEntryBecomesSelected) {
     EXPECT_EQ("9600", clicks.back());
 }
 
-TEST_F(ComboBoxTest, FailsOnWhatIsNotListed) {
+TEST_F(ComboBoxTest, FailsOnATextThatIsNotListed) {
     box.SetListIndex(2);
     EXPECT_THROW(box.SetText("4800"), Failure);
     EXPECT_THROW(box.SetListIndex(3), Failure);

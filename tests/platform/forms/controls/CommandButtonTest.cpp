@@ -44,7 +44,7 @@ TEST_F(CommandButtonTest, IsNotPressedWhileItIsDisabled) {
     EXPECT_EQ(0, clicks);
 }
 
-// What it does may rest on having the focus.
+// The action of a button may require that the button has the focus.
 TEST_F(CommandButtonTest, IsNotPressedByAClickThatDidNotBringItTheFocus) {
     screen.First.SetFocus();
     screen.First.Validate = [this] { screen.First.SetFocus(); };
@@ -60,7 +60,7 @@ TEST_F(CommandButtonTest, IsNotPressedByAClickThatDidNotBringItTheFocus) {
     EXPECT_EQ(1, clicks);
 }
 
-TEST_F(CommandButtonTest, IsPressedByItsFunctionKeyAlone) {
+TEST_F(CommandButtonTest, IsPressedByItsFunctionKeyWithoutModifiers) {
     screen.BtnGo.SetFunctionKey(Key::F9);
     screen.First.SetFocus();
     driver.Press(Qt::CTRL | Qt::Key_F9).Press(Qt::SHIFT | Qt::Key_F9).Press(Qt::ALT | Qt::Key_F9);
@@ -71,7 +71,7 @@ TEST_F(CommandButtonTest, IsPressedByItsFunctionKeyAlone) {
     EXPECT_EQ("BtnGo", screen.ActiveControlName());
 }
 
-TEST_F(CommandButtonTest, IsNotPressedByItsFunctionKeyWhileDisabledOrWhereTheScreenTakesTheKey) {
+TEST_F(CommandButtonTest, IsNotPressedByItsFunctionKeyIfDisabledOrIfTheScreenTakesTheKey) {
     screen.BtnGo.SetFunctionKey(Key::F9);
     screen.BtnGo.SetEnabled(false);
     driver.Press(Qt::Key_F9);
@@ -101,7 +101,7 @@ TEST_F(CommandButtonTest, MayUnloadItsScreenInItsClick) {
     EXPECT_FALSE(screen.IsLoaded());
 }
 
-TEST_F(CommandButtonTest, OfThePictureKindSaysSo) {
+TEST_F(CommandButtonTest, OfThePictureKindReportsItsType) {
     EXPECT_EQ("JeweledButton", JeweledButton(screen, "BtnSave", "Save").TypeName());
 }
 

@@ -25,7 +25,7 @@ QString AllBytes() {
     return all;
 }
 
-TEST(NameOfUnseen, IsThatOfTheManualsOrTheCode) {
+TEST(NameOfUnseen, IsTheNameInManualsOrTheCode) {
     const std::map<int, const char*> cases{{0x00, "NUL"}, {0x02, "STX"}, {0x0A, "LF"}, {0x0D, "CR"},
                                            {0x1F, "US"},  {0x20, ""},    {'0', ""},    {0x7E, ""},
                                            {0x7F, "DEL"}, {0x80, "80"},  {0xA0, "A0"}, {0xA1, ""},
@@ -52,7 +52,7 @@ protected:
     TextBox& box = screen.First;
 };
 
-TEST_F(ControlSymbolsTest, ShowEachByteAsSomethingOfItsOwn) {
+TEST_F(ControlSymbolsTest, ShowEachByteDifferently) {
     std::map<QString, int> shown;
     for (int code = 0; code < 256; ++code) {
         const QImage image = Picture(QString("1") + QChar(code) + "2");
@@ -63,7 +63,7 @@ TEST_F(ControlSymbolsTest, ShowEachByteAsSomethingOfItsOwn) {
     }
 }
 
-TEST_F(ControlSymbolsTest, LeaveTheTextAsItIs) {
+TEST_F(ControlSymbolsTest, DoNotChangeTheText) {
     Picture(AllBytes());
     EXPECT_EQ(box.Text(), FromQt(AllBytes()));
     EXPECT_EQ(dynamic_cast<QLineEdit&>(box.Widget()).text(), AllBytes());
@@ -92,7 +92,7 @@ std::pair<int, int> DifferingColumns(const QImage& one, const QImage& other) {
 }
 
 // Also at the end of a text that does not fit into the box, where the caret is.
-TEST_F(ControlSymbolsTest, AreInThePlacesOfTheirCharacters) {
+TEST_F(ControlSymbolsTest, AreAtThePositionsOfTheirCharacters) {
     const double digit = QFontMetricsF(box.Widget().font()).horizontalAdvance('0');
     for (const int digits : {3, 1000}) {
         const QString front(digits, '7');

@@ -24,7 +24,7 @@ protected:
         picker.SetTabIndex(-1);
         picker.Change = [this] { changes.push_back(ShownDate(picker.Value())); };
         screen.Show();
-        // Its parts are typed into by one who has the window.
+        // Typing into the parts requires an active window.
         EXPECT_TRUE(WaitFor([&] { return screen.isActiveWindow(); }));
         picker.SetValue(Day(2026, 11, 20));
     }
@@ -56,7 +56,7 @@ TEST_F(DTPickerTest, TakesTypedDigitsFromPartToPart) {
     EXPECT_EQ("05/03/2027", changes.back());
 }
 
-TEST_F(DTPickerTest, TakesTypedDigitsWhereverTheCaretStands) {
+TEST_F(DTPickerTest, TakesTypedDigitsAtAnyPositionOfTheCaret) {
     picker.SetFocus();
     driver.Press(Qt::Key_Home).Type("05").Press(Qt::Key_Home).Type("07");
     EXPECT_EQ(Day(2026, 11, 7), picker.Value());
@@ -66,7 +66,7 @@ TEST_F(DTPickerTest, TakesTypedDigitsWhereverTheCaretStands) {
     EXPECT_EQ(Day(2031, 11, 9), picker.Value());
 }
 
-TEST_F(DTPickerTest, OpensItsCalendarByKeyAndKeepsTheDayThatIsLeft) {
+TEST_F(DTPickerTest, OpensItsCalendarByKeyAndTakesTheDayWhenItIsLeft) {
     picker.SetFocus();
     auto& edit = dynamic_cast<QDateEdit&>(picker.Widget());
     for (const QKeyCombination key : {QKeyCombination(Qt::Key_F4), Qt::ALT | Qt::Key_Down}) {
@@ -81,7 +81,7 @@ TEST_F(DTPickerTest, OpensItsCalendarByKeyAndKeepsTheDayThatIsLeft) {
     }
 }
 
-TEST_F(DTPickerTest, ClosesItsCalendarBeforeABoxComesUp) {
+TEST_F(DTPickerTest, ClosesItsCalendarBeforeABoxIsShown) {
     picker.SetFocus();
     auto& edit = dynamic_cast<QDateEdit&>(picker.Widget());
     driver.Press(Qt::Key_F4);

@@ -6,7 +6,7 @@
 namespace Quillane::Testing {
 namespace {
 
-TEST(Frame, HidesAndDisablesWhatIsPlacedInIt) {
+TEST(Frame, HidesAndDisablesTheControlsInIt) {
     TrialScreen screen;
     screen.Show();
     EXPECT_TRUE(screen.InFrame.Widget().isVisible());
@@ -17,7 +17,7 @@ TEST(Frame, HidesAndDisablesWhatIsPlacedInIt) {
     EXPECT_FALSE(screen.InFrame.Widget().isEnabled());
 }
 
-TEST(Frame, MayGoBeforeWhatIsPlacedInIt) {
+TEST(Frame, MayBeDestroyedBeforeTheControlsInIt) {
     TrialScreen screen;
     TextBox inside(screen, "Inside");
     {

@@ -23,7 +23,7 @@ protected:
         said = std::move(lines);
         panel.Refresh();
     }
-    /// Lines of pixels that hold something else than the first one of the inside.
+    /// The lines of pixels that differ from the first one inside the panel.
     int PaintedLines() {
         const QImage picture = panel.grab().toImage();
         const QColor paper = picture.pixelColor(5, 5);
@@ -50,7 +50,7 @@ TEST_F(HintPanelTest, PaintsItsLines) {
     EXPECT_GT(PaintedLines(), one);
 }
 
-TEST_F(HintPanelTest, LeavesOutTheLastLinesWhereTheyDoNotFit) {
+TEST_F(HintPanelTest, LeavesOutTheLastLinesIfTheyDoNotFit) {
     Say({{Kind::Answer, "Save or clear first."}});
     const QImage answer = panel.grab(QRect(0, 0, 370, 40)).toImage();
     panel.resize(370, 40);
@@ -58,7 +58,7 @@ TEST_F(HintPanelTest, LeavesOutTheLastLinesWhereTheyDoNotFit) {
     EXPECT_EQ(panel.grab(QRect(4, 4, 362, 30)).toImage(), answer.copy(4, 4, 362, 30));
 }
 
-TEST_F(HintPanelTest, PaintsNothingWhereThereIsNoSpaceForALine) {
+TEST_F(HintPanelTest, PaintsNothingWithoutSpaceForALine) {
     panel.resize(370, 20);
     const QImage blank = panel.grab().toImage();
     Say({{Kind::Plain, "Ready to save."}});
@@ -71,7 +71,7 @@ TEST_F(HintPanelTest, TakesNoFocusAndNoPress) {
     EXPECT_EQ(panel.sizeHint(), QSize(0, 0));
 }
 
-TEST_F(HintPanelTest, AnswersOnlyWhenThereIsAnotherAnswer) {
+TEST_F(HintPanelTest, ReportsAnAnswerOnlyWhenItChanges) {
     Say({{Kind::Note, "The date is not today."}, {Kind::Plain, "Ready to save."}});
     EXPECT_EQ(answers, 0);
     Say({{Kind::Answer, "Save or clear first."}, {Kind::Plain, "Ready to save."}});

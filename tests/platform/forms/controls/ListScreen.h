@@ -32,7 +32,7 @@ inline std::shared_ptr<RowArray> NamesWithIds(std::initializer_list<const char*>
     return rows;
 }
 
-/// What the drop-down of a control shows, if it is open.
+/// The contents of the drop-down of a control, if it is open.
 inline QTableView* DroppedRows(VisualControl& control) {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->parentWidget() == &control.Widget())
@@ -53,7 +53,7 @@ inline QPoint PlaceOfRow(VisualControl& control, int row) {
 }
 
 /// A screen with a box before the tested control, and a box and a button after it. Enter moves on,
-/// as on the working screen; every key and every event of the focus is written down.
+/// as on the working screen; every key and every focus event is logged.
 class ListScreen : public Screen {
 public:
     ListScreen() : Screen("FrmLists", "Lists") {

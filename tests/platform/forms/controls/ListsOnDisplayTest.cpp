@@ -1,5 +1,5 @@
-// Lists and the grid under a real X server: keys and clicks come from xdotool, several at a time,
-// so that they are typed ahead of what the screen does with them.
+// Lists and the grid on a real X server: xdotool sends several keys and clicks at a time, so that
+// they are typed ahead.
 
 #include "platform/forms/controls/ListScreen.h"
 
@@ -69,7 +69,7 @@ protected:
     }
     void TearDown() override { screen.Unload(); }
 
-    /// Runs xdotool to its end while events go on.
+    /// Runs xdotool to its end while events are processed.
     void Hands(const QStringList& arguments) {
         QProcess hands;
         hands.start("xdotool", arguments);
@@ -109,7 +109,7 @@ TEST_F(ListsOnDisplay, ARowIsHighlightedByArrowsAndTakenByEnter) {
     EXPECT_EQ(screen.CboSeller.Text(), "Bashir");
 }
 
-TEST_F(ListsOnDisplay, AltDownDropsTheListDownAndAClickOnARowTakesIt) {
+TEST_F(ListsOnDisplay, AltDownOpensTheListAndAClickOnARowSelectsIt) {
     Keys({"alt+Down"});
     ASSERT_TRUE(Becomes([this] { return screen.CboSeller.IsDroppedDown(); }));
     const QPoint place = PlaceOfRow(screen.CboSeller, 2);
@@ -121,7 +121,7 @@ TEST_F(ListsOnDisplay, AltDownDropsTheListDownAndAClickOnARowTakesIt) {
     EXPECT_TRUE(ActiveBecomes("CboCommodity"));
 }
 
-TEST_F(ListsOnDisplay, AClickOnTheArrowDropsTheListDownAndAnotherBesideItClosesIt) {
+TEST_F(ListsOnDisplay, AClickOnTheArrowOpensTheListAndAClickNextToItClosesIt) {
     QWidget& box = screen.CboCommodity.Widget();
     Click(box, {box.width() - 8, box.height() / 2});
     ASSERT_TRUE(Becomes([this] { return screen.CboCommodity.IsDroppedDown(); }));
@@ -130,21 +130,21 @@ TEST_F(ListsOnDisplay, AClickOnTheArrowDropsTheListDownAndAnotherBesideItClosesI
     EXPECT_TRUE(Becomes([this] { return !screen.CboCommodity.IsDroppedDown(); }));
 }
 
-TEST_F(ListsOnDisplay, ARefusedNameKeepsTheKeysTypedBehindIt) {
+TEST_F(ListsOnDisplay, ARefusedNameKeepsTheKeysTypedAfterIt) {
     Keys({"z", "Return", "x"});
     ASSERT_TRUE(Becomes([this] { return screen.CboSeller.Text() == "zx"; }));
     EXPECT_EQ(screen.ActiveControlName(), "CboSeller");
     EXPECT_EQ(screen.CboCommodity.Text(), "");
 }
 
-TEST_F(ListsOnDisplay, CtrlSFindsThePendingCellOfAnOldLineStored) {
+TEST_F(ListsOnDisplay, CtrlSStoresThePendingCellOfAnOldLineFirst) {
     screen.Grid.SetFocus();
     Keys({"Right", "4", "5", "ctrl+s"});
     ASSERT_TRUE(Becomes([this] { return !screen.saved.empty(); }));
     EXPECT_EQ(screen.saved, std::vector<std::string>{"Jute 45"});
 }
 
-TEST_F(ListsOnDisplay, CtrlSFindsThePendingCellOfANewLineStored) {
+TEST_F(ListsOnDisplay, CtrlSStoresThePendingCellOfANewLineFirst) {
     screen.Grid.SetFocus();
     Keys({"Down", "p", "l", "Right", "1", "2", "ctrl+s"});
     ASSERT_TRUE(Becomes([this] { return !screen.saved.empty(); }));
@@ -172,7 +172,7 @@ TEST_F(ListsOnDisplay, AClickElsewhereStoresThePendingCellOfOldAndNewLines) {
     }
 }
 
-TEST_F(ListsOnDisplay, EscapeGivesAnEditUpAndF2EditsWithTheCaret) {
+TEST_F(ListsOnDisplay, EscapeCancelsAnEditAndF2EditsWithTheCaret) {
     screen.Grid.SetFocus();
     Keys({"Right", "9", "Escape", "F2", "Left", "5", "Return"});
     ASSERT_TRUE(ActiveBecomes("TxtVehicleNo"));

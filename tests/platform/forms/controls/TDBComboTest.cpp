@@ -15,13 +15,13 @@ TEST_F(TDBComboTest, TypingCompletesTheNameWithTheRestSelected) {
     EXPECT_EQ(changes, std::vector<int>{4});
 }
 
-TEST_F(TDBComboTest, TypingOnInTheSameNameIsNoFurtherRowChange) {
+TEST_F(TDBComboTest, TypingMoreOfTheSameNameIsNotARowChange) {
     Type("chau");
     EXPECT_EQ(list.Text(), "Chaudhry");
     EXPECT_EQ(changes, std::vector<int>{4});
 }
 
-TEST_F(TDBComboTest, TheNameTypedInFullWinsOverALongerOneBeforeIt) {
+TEST_F(TDBComboTest, AnExactNameHasPriorityOverALongerOneBeforeIt) {
     Fill({"Bashir Sons", "Bashir"});
     Type("bashir");
     EXPECT_EQ(list.Bookmark(), 1);
@@ -30,7 +30,7 @@ TEST_F(TDBComboTest, TheNameTypedInFullWinsOverALongerOneBeforeIt) {
     EXPECT_EQ(list.Bookmark(), 0);
 }
 
-TEST_F(TDBComboTest, ANameThatSeveralRowsHaveMeansTheFirstWhenTyped) {
+TEST_F(TDBComboTest, ATypedNameOfSeveralRowsMeansTheFirst) {
     Type("bashir");
     EXPECT_EQ(list.Bookmark(), 1);
 }
@@ -64,7 +64,7 @@ TEST_F(TDBComboTest, LettersBeyondAsciiAreFoundWithoutRegardToCase) {
     EXPECT_EQ(list.Text(), "گندم ملز");
 }
 
-TEST_F(TDBComboTest, TypingDropsTheListDownOnTheNameFound) {
+TEST_F(TDBComboTest, TypingOpensTheListAtTheFoundName) {
     Type("c");
     EXPECT_TRUE(list.IsDroppedDown());
     EXPECT_EQ(HighlightedRow(list), 4);
@@ -94,7 +94,7 @@ TEST_F(TDBComboTest, ANameTypedInAnotherCaseIsShownAsListedOnceItIsLeft) {
     EXPECT_EQ(list.Text(), "Chaudhry");
 }
 
-TEST_F(TDBComboTest, WithoutLimitToListAnyTextStands) {
+TEST_F(TDBComboTest, WithoutLimitToListAnyTextIsKept) {
     list.Layout.LimitToList = false;
     RefuseAndStay();
     Type("Bas and others");
@@ -104,7 +104,7 @@ TEST_F(TDBComboTest, WithoutLimitToListAnyTextStands) {
     EXPECT_EQ(screen.ActiveControlName(), "CboCommodity");
 }
 
-TEST_F(TDBComboTest, WithoutLimitToListTheBeginningOfANameStandsToo) {
+TEST_F(TDBComboTest, WithoutLimitToListTheBeginningOfANameIsKeptToo) {
     list.Layout.LimitToList = false;
     list.Layout.AutoCompletion = false;
     Type("bas");
@@ -123,7 +123,7 @@ TEST_F(TDBComboTest, ATextFromCodeMakesTheFirstRowOfThatNameCurrent) {
     EXPECT_EQ(changes, std::vector<int>{1});
 }
 
-TEST_F(TDBComboTest, ATextFromCodeStandsSelectedOnlyWhereTheOperatorIsInTheLine) {
+TEST_F(TDBComboTest, ATextFromCodeIsSelectedOnlyIfTheLineHasTheFocus) {
     Line().clearFocus();
     list.SetText("Chaudhry");
     Line().setFocus(Qt::MouseFocusReason);
@@ -134,7 +134,7 @@ TEST_F(TDBComboTest, ATextFromCodeStandsSelectedOnlyWhereTheOperatorIsInTheLine)
     EXPECT_EQ(Line().selectedText(), "Bashir");
 }
 
-TEST_F(TDBComboTest, BlankingMakesNoRowCurrentAndIsNoRowChange) {
+TEST_F(TDBComboTest, BlankingMakesNoRowCurrentAndIsNotARowChange) {
     list.SetBookmark(2);
     list.SetText("");
     EXPECT_EQ(list.Bookmark(), std::nullopt);
@@ -145,14 +145,14 @@ TEST_F(TDBComboTest, BlankingMakesNoRowCurrentAndIsNoRowChange) {
     EXPECT_EQ(changes, (std::vector<int>{2, 2}));
 }
 
-TEST_F(TDBComboTest, TheMarkerOnTheSameRowAgainIsNoRowChange) {
+TEST_F(TDBComboTest, TheMarkerOnTheSameRowAgainIsNotARowChange) {
     list.SetBookmark(0);
     list.SetBookmark(0);
     list.SetText("Ali Traders");
     EXPECT_EQ(changes, std::vector<int>{0});
 }
 
-TEST_F(TDBComboTest, SettingTheMarkerShowsTheNameAndNoneBlanksNothing) {
+TEST_F(TDBComboTest, SettingTheMarkerShowsTheNameAndNoneKeepsTheText) {
     list.SetBookmark(2);
     EXPECT_EQ(list.Text(), "Bashir Sons");
     list.SetBookmark(std::nullopt);
@@ -165,17 +165,17 @@ TEST_F(TDBComboTest, AMarkerBeyondTheRowsFails) {
     EXPECT_THROW(list.SetBookmark(-1), Failure);
 }
 
-TEST_F(TDBComboTest, ReadingTheCurrentRowWhereThereIsNoneFails) {
+TEST_F(TDBComboTest, ReadingFailsWithoutACurrentRow) {
     list.SetText("Nobody");
     try {
         list.ColumnText(1);
-        FAIL() << "read a row that is not there";
+        FAIL() << "read a row that does not exist";
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.Number(), FailureNumber::InvalidUseOfNull);
     }
 }
 
-TEST_F(TDBComboTest, FindingARowGoesByTheExactTextFromTheFirstRowOn) {
+TEST_F(TDBComboTest, FindReturnsTheFirstRowWithExactlyTheText) {
     EXPECT_EQ(list.FindRow(0, "Bashir"), 1);
     EXPECT_EQ(list.FindRow(0, "bashir"), std::nullopt);
     EXPECT_EQ(list.FindRow(1, "103"), 3);
@@ -203,14 +203,14 @@ TEST_F(TDBComboTest, ClearingTheFieldsShowsNoRowsUntilTheNextReBind) {
     EXPECT_EQ(list.FindRow(0, "Bashir"), 1);
 }
 
-TEST_F(TDBComboTest, ReBindingShowsTheArrayAsItNowStands) {
+TEST_F(TDBComboTest, ReBindingShowsThePresentArray) {
     list.Array()->Set(4, 0, "Dawood");
     list.ReBind();
     Type("d");
     EXPECT_EQ(list.Text(), "Dawood");
 }
 
-TEST_F(TDBComboTest, AListWithoutRowsDropsNothingDownAndHoldsNoName) {
+TEST_F(TDBComboTest, AListWithoutRowsDoesNotOpenAndHasNoName) {
     Fill({});
     Press(Qt::Key_F4);
     EXPECT_FALSE(list.IsDroppedDown());

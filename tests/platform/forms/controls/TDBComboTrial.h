@@ -6,7 +6,7 @@
 
 namespace Quillane {
 
-/// The set-up that the station gives its pick lists.
+/// The settings that the station gives its pick lists.
 inline void SetUpAsPickList(TDBCombo& list) {
     list.Layout = {.ColumnHeaders = false,
                    .RowDividerStyle = 2,
@@ -45,7 +45,7 @@ public:
     }
 };
 
-/// The list of sellers has the focus; some names begin alike, and one occurs twice.
+/// The list of sellers has the focus; some names have the same beginning, and one occurs twice.
 class TDBComboTest : public testing::Test {
 protected:
     void SetUp() override {

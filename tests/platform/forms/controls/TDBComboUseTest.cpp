@@ -9,9 +9,9 @@
 namespace Quillane {
 namespace {
 
-// What is refused, and when.
+// When a text is refused.
 
-TEST_F(TDBComboTest, ATextThatNoRowHasIsRefusedOnEveryRoadOutOfTheList) {
+TEST_F(TDBComboTest, AnUnlistedTextIsRefusedHoweverTheListIsLeft) {
     RefuseAndStay();
     Type("zz");
     const std::vector<std::function<void()>> roads = {
@@ -29,7 +29,7 @@ TEST_F(TDBComboTest, ATextThatNoRowHasIsRefusedOnEveryRoadOutOfTheList) {
     EXPECT_FALSE(list.IsDroppedDown());
 }
 
-TEST_F(TDBComboTest, ARefusalThatLeavesTheFocusAloneLetsItGoAndTheTextStays) {
+TEST_F(TDBComboTest, ARefusalThatDoesNotSetTheFocusLetsItMoveAndKeepsTheText) {
     list.NotInList = [this] { ++refusals; };
     Type("zz");
     Press(Qt::Key_Tab);
@@ -38,7 +38,7 @@ TEST_F(TDBComboTest, ARefusalThatLeavesTheFocusAloneLetsItGoAndTheTextStays) {
     EXPECT_EQ(screen.ActiveControlName(), "CboCommodity");
 }
 
-TEST_F(TDBComboTest, ARefusalThatSendsTheFocusElsewhereRunsOnce) {
+TEST_F(TDBComboTest, ARefusalThatMovesTheFocusElsewhereRunsOnce) {
     list.NotInList = [this] {
         ++refusals;
         screen.TxtAfter.SetFocus();
@@ -49,7 +49,7 @@ TEST_F(TDBComboTest, ARefusalThatSendsTheFocusElsewhereRunsOnce) {
     EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
 }
 
-TEST_F(TDBComboTest, WithNobodyToRefuseItTheTextIsBlanked) {
+TEST_F(TDBComboTest, WithoutAHandlerAnUnlistedTextIsBlanked) {
     Type("zz");
     Press(Qt::Key_Tab);
     EXPECT_EQ(list.Text(), "");
@@ -106,7 +106,7 @@ TEST_F(TDBComboTest, ABoxClosesTheListAndRefusesNothing) {
 
 // Keys.
 
-TEST_F(TDBComboTest, TheScreenSeesEachKeyOnceAlsoWhileTheListIsOpen) {
+TEST_F(TDBComboTest, TheScreenGetsEachKeyOnceAlsoWhileTheListIsOpen) {
     Type("c");
     Press(Qt::Key_Down);
     Press(Qt::Key_Escape);
@@ -192,7 +192,7 @@ TEST_F(TDBComboTest, LettersAndEntersTypedAheadFillOneListAfterTheOther) {
     EXPECT_EQ(screen.TxtAfter.Text(), "");
 }
 
-TEST_F(TDBComboTest, TypingReplacesTheTextOfAListJustEntered) {
+TEST_F(TDBComboTest, TypingReplacesTheTextOfAListThatHasJustGotTheFocus) {
     list.SetText("Chaudhry");
     screen.TxtBefore.SetFocus();
     Press(Qt::Key_Tab);
@@ -283,9 +283,9 @@ TEST_F(TDBComboTest, TheDropDownNeverTakesTheFocus) {
     EXPECT_EQ(QApplication::focusWidget(), &Line());
 }
 
-// The set-up.
+// The settings.
 
-TEST_F(TDBComboTest, TheSetUpOfAPickListShowsOneColumnOfNamesWithoutAHeader) {
+TEST_F(TDBComboTest, TheSettingsOfAPickListShowOneColumnOfNamesWithoutAHeader) {
     Press(Qt::Key_F4);
     const QTableView& rows = *DroppedRows(list);
     EXPECT_TRUE(rows.horizontalHeader()->isHidden());
@@ -324,7 +324,7 @@ TEST_F(TDBComboTest, EachLevelCanHideTheIds) {
     EXPECT_TRUE(DroppedRows(list)->isColumnHidden(1));
 }
 
-TEST_F(TDBComboTest, EmptyRowsGiveAShortListTheHeightOfALongOne) {
+TEST_F(TDBComboTest, EmptyRowsMakeAShortListAsHighAsALongOne) {
     Press(Qt::Key_F4);
     const int fitted = DroppedRows(list)->height();
     Press(Qt::Key_F4);
@@ -333,7 +333,7 @@ TEST_F(TDBComboTest, EmptyRowsGiveAShortListTheHeightOfALongOne) {
     EXPECT_GT(DroppedRows(list)->height(), fitted);
 }
 
-TEST_F(TDBComboTest, TheLineAndItsRowsCarryTheAccessibleName) {
+TEST_F(TDBComboTest, TheLineAndItsRowsHaveTheAccessibleName) {
     list.SetAccessibleName("Seller");
     Press(Qt::Key_F4);
     EXPECT_EQ(Line().accessibleName(), "Seller");

@@ -38,7 +38,7 @@ protected:
     Events changes;
 };
 
-TEST_F(TDBDateTest, NamesItsKind) {
+TEST_F(TDBDateTest, ReportsItsType) {
     EXPECT_EQ("TDBDate", date.TypeName());
 }
 
@@ -67,7 +67,7 @@ TEST_F(TDBDateTest, IsTypedDigitByDigitWithSeparatorsOrWithout) {
         {start, "1.2.2027", {"01/11/2026", "01/02/2026", "01/02/2027"}},
         {start, "//2025", {"20/11/2025"}},
         {start, "20112026", {}},
-        // The day that was typed is had as soon as the month is long enough.
+        // The typed day is restored as soon as the month has enough days.
         {start, "31122025", {"30/11/2026", "31/12/2026", "31/12/2025"}},
         {Day(2026, 2, 20), "31/03/2026", {"28/02/2026", "31/03/2026"}},
         {Day(2026, 3, 31), "28022026", {"28/03/2026", "28/02/2026"}},
@@ -188,7 +188,7 @@ TEST_F(TDBDateTest, LeavesEnterEscapeAndCtrlQToTheScreen) {
     EXPECT_EQ(Events{}, changes);
 }
 
-TEST_F(TDBDateTest, ClosesItsCalendarOnEscapeWithTheDayItHadAndTheScreenSeesNothing) {
+TEST_F(TDBDateTest, EscapeClosesItsCalendarWithTheFormerDayAndTheScreenDoesNotGetTheKey) {
     auto& edit = dynamic_cast<QDateEdit&>(date.Widget());
     driver.Press(Qt::Key_F4);
     ASSERT_TRUE(WaitFor([&] { return edit.calendarWidget()->isVisible(); }));

@@ -56,7 +56,7 @@ TEST_F(TextBoxTest, ChangesOnceWhenTextIsPastedOverASelection) {
     EXPECT_EQ((Events{"new"}), changes);
 }
 
-TEST_F(TextBoxTest, LimitsWhatIsTypedAndPasted) {
+TEST_F(TextBoxTest, LimitsTypedAndPastedText) {
     box.SetMaxLength(4);
     driver.Type("12345");
     EXPECT_EQ("1234", box.Text());
@@ -67,7 +67,7 @@ TEST_F(TextBoxTest, LimitsWhatIsTypedAndPasted) {
     EXPECT_EQ("9876", box.Text());
 }
 
-TEST_F(TextBoxTest, KeepsAWriteFromCodeWholeThoughItIsLongerThanTheLimit) {
+TEST_F(TextBoxTest, KeepsATextFromCodeThatIsLongerThanTheLimit) {
     box.SetMaxLength(4);
     box.SetText("1234567");
     EXPECT_EQ("1234567", box.Text());
@@ -102,7 +102,7 @@ protected:
         QCoreApplication::sendEvent(&Edit(), &wanted);
         return qobject_cast<QMenu*>(QApplication::activePopupWidget());
     }
-    /// The bool says whether the box took it.
+    /// The bool is true if the box accepted the text.
     bool Drop(const char* text) {
         QMimeData data;
         data.setText(text);
@@ -144,7 +144,7 @@ TEST_F(FilteredTextBox, RefusesAWholeTextPastedByTheMenu) {
         const auto paste = std::ranges::find_if(
             actions, [](const QAction* action) { return action->text().startsWith("&Paste"); });
         ASSERT_NE(paste, actions.end());
-        // What counts is what is pasted, and not what lay there as the menu came up.
+        // The pasted text is decisive, not the contents of the clipboard when the menu was shown.
         QApplication::clipboard()->setText(text);
         (*paste)->trigger();
         menu->close();
@@ -169,7 +169,7 @@ TEST_F(FilteredTextBox, RefusesAWholeCommittedText) {
     EXPECT_EQ((Events{"12"}), changes);
 }
 
-// Off screen there is no selection to paste from.
+// Off screen there is no selection that could be pasted.
 class FilteredTextBoxOnDisplay : public FilteredTextBox {};
 
 TEST_F(FilteredTextBoxOnDisplay, RefusesAWholeTextOfTheMiddleButton) {
@@ -192,7 +192,7 @@ TEST_F(FilteredTextBox, IsNotAskedForAWriteFromCode) {
     EXPECT_TRUE(asked.empty());
     driver.Press(Qt::Key_End).Press(Qt::Key_Backspace);
     EXPECT_EQ("", box.Text());
-    EXPECT_TRUE(asked.empty()) << "nor for what goes";
+    EXPECT_TRUE(asked.empty()) << "nor for removed text";
 }
 
 TEST_F(TextBoxTest, TakesACommittedTextOnlyWhileItIsNotLocked) {
@@ -291,7 +291,7 @@ TEST_F(TextBoxTest, PressThatBringsTheFocusKeepsTheCaret) {
 
 TEST_F(TextBoxTest, TextFromCodeIsVisibleImmediately) {
     const auto picture = [this] { return box.Widget().grab().toImage(); };
-    screen.Second.SetFocus(); // away with the caret
+    screen.Second.SetFocus(); // without a caret
     QApplication::processEvents();
     box.SetText("12540");
     const QImage atOnce = picture();

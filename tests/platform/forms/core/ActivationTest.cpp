@@ -1,4 +1,4 @@
-// Reports of the display's server on the active window that arrive late.
+// Late reports of the display server about the active window.
 
 #include "platform/forms/TrialScreen.h"
 #include "support/ScreenDriver.h"
@@ -13,7 +13,7 @@
 namespace Quillane::Testing {
 namespace {
 
-/// As the display's server reports it: queued, and handled with the next events.
+/// Reports it as the display server does: queued, and handled with the next events.
 void Activate(const QWidget& window) {
     QWindowSystemInterface::handleWindowActivated<QWindowSystemInterface::AsynchronousDelivery>(
         window.windowHandle());
@@ -34,7 +34,7 @@ protected:
     TrialScreen above{"Above"};
 };
 
-// The key that closed it was received before the report, and handled first.
+// The key that closed the screen was received before the report, and is handled first.
 TEST_F(LateActivation, OfAClosedScreenDoesNotMakeItActive) {
     Activate(above);
     EXPECT_TRUE(screen.isActiveWindow());

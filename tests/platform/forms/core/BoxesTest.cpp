@@ -41,7 +41,7 @@ TEST(MessageBox, ShowsItsTextPlainlyUnderItsTitle) {
 }
 
 // The title bar also has the icon and the buttons of the frame.
-TEST(MessageBox, IsWideEnoughForItsTitleHoweverShortItsText) {
+TEST(MessageBox, IsWideEnoughForItsTitleIfItsTextIsShort) {
     for (const char* title : {"Quillane", "Confirmation", "A title of many words, as a file's"}) {
         const VisitBox visit([&](QDialog& shown) {
             EXPECT_GE(shown.width(), shown.fontMetrics().horizontalAdvance(title) + 140) << title;
@@ -95,7 +95,7 @@ std::string LongText(std::size_t letters, std::string_view part) {
     return text;
 }
 
-TEST(MessageBox, OfALongTextFitsTheDisplayAndSaysHowLongTheTextIs) {
+TEST(MessageBox, OfALongTextFitsTheDisplayAndStatesTheLengthOfTheText) {
     const char* const parts[] = {"the server refuses the statement ", "x", "line\r\n",
                                  "SELECT(ABC,DEF);"};
     for (const char* part : parts)
@@ -112,7 +112,7 @@ TEST(MessageBox, OfALongTextFitsTheDisplayAndSaysHowLongTheTextIs) {
         }
 }
 
-TEST(MessageBox, ShowsATextThatFitsAsItIs) {
+TEST(MessageBox, ShowsATextThatFitsUnchanged) {
     for (const std::string& text :
          {std::string("The database file /var/lib/quillane/Account1.db is read-only."),
           LongText(600, "words of a usual length "), std::string("two\r\nlines\r\n")})
@@ -139,7 +139,7 @@ TEST(MessageBox, CopiesItsWholeText) {
         });
 }
 
-TEST(MessageBox, IsUpUntilItIsAnswered) {
+TEST(MessageBox, IsShownUntilItIsAnswered) {
     EXPECT_FALSE(BoxIsUp());
     {
         const VisitBox visit([](QDialog& shown) {
@@ -156,7 +156,7 @@ std::string EnterInto(const InputPrompt& prompt, std::function<void(QDialog&)> a
     return InputBox(prompt);
 }
 
-TEST(InputBoxOfAScreen, GivesWhatWasTyped) {
+TEST(InputBoxOfAScreen, ReturnsTheTypedText) {
     const InputPrompt prompt{.prompt = "Company", .title = "Name", .defaultText = "VELTRANE"};
     EXPECT_EQ("VELTRANE", EnterInto(prompt, [](QDialog& shown) {
                   EXPECT_EQ("Name", shown.windowTitle().toStdString());
@@ -168,7 +168,7 @@ TEST(InputBoxOfAScreen, GivesWhatWasTyped) {
               }));
 }
 
-TEST(InputBoxOfAScreen, GivesTheEmptyTextWhenItIsCancelled) {
+TEST(InputBoxOfAScreen, ReturnsTheEmptyTextIfItIsCancelled) {
     EXPECT_EQ("", EnterInto({.prompt = "Company", .title = "Name", .defaultText = "VELTRANE"},
                             [](QDialog& shown) { PressIn(shown, Qt::Key_Escape); }));
 }
@@ -177,7 +177,7 @@ TEST(ProgramTitleOfBoxes, IsTheApplicationsName) {
     EXPECT_EQ("Quillane", ProgramTitle());
 }
 
-TEST(BoxAnswersGivenInAdvance, ComeInOrder) {
+TEST(BoxAnswersGivenInAdvance, AreGivenInOrder) {
     BoxAnswers answers;
     answers.Expect(Question("Save?"), BoxAnswer::No)
         .ExpectInput({.prompt = "Name", .title = "T", .defaultText = ""}, "X")
@@ -195,7 +195,7 @@ TEST(BoxAnswersGivenInAdvance, FailTheTestWhenABoxIsUnexpected) {
     EXPECT_NONFATAL_FAILURE(MsgBox(Question("Surprise")), "Unexpected box \"Surprise\"");
 }
 
-TEST(BoxAnswersGivenInAdvance, FailTheTestWhenAnythingOfTheBoxDiffers) {
+TEST(BoxAnswersGivenInAdvance, FailTheTestWhenTheBoxDiffersInAnyPart) {
     const Box expected = Question("Save?");
     Box others[] = {expected, expected, expected, expected, expected};
     others[0].text = "save?";
@@ -210,7 +210,7 @@ TEST(BoxAnswersGivenInAdvance, FailTheTestWhenAnythingOfTheBoxDiffers) {
     }
 }
 
-TEST(BoxAnswersGivenInAdvance, FailTheTestWhenTheyAreNeverAskedFor) {
+TEST(BoxAnswersGivenInAdvance, FailTheTestWhenTheyAreNotUsed) {
     EXPECT_NONFATAL_FAILURE({ BoxAnswers().Expect(Alert("Late")); }, "Never asked: box \"Late\"");
 }
 

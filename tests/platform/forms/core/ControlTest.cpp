@@ -10,7 +10,7 @@
 namespace Quillane::Testing {
 namespace {
 
-TEST(Control, CanTakeTheFocusWhereItAndAllAroundItIsSeenAndEnabled) {
+TEST(Control, CanTakeTheFocusIfItAndItsFramesAreVisibleAndEnabled) {
     TrialScreen screen;
     EXPECT_TRUE(screen.InFrame.CanTakeFocus());
     screen.Around.SetVisible(false);
@@ -32,7 +32,7 @@ TEST(Control, OfAFrameNeverTakesTheFocusItself) {
     EXPECT_EQ(&screen.InFrame, screen.NextInTabOrder(&screen.Third));
 }
 
-TEST(Control, WithoutAPlaceInTheTabOrderIsReachedByCodeOnly) {
+TEST(Control, WithoutATabIndexIsReachedOnlyByCode) {
     TrialScreen screen;
     screen.Second.SetTabIndex(-1);
     EXPECT_EQ(&screen.Third, screen.NextInTabOrder(&screen.First));

@@ -25,8 +25,8 @@ TEST(EventBoundary, ShowsTheRuntimesBoxAndEndsTheProcessOnAnUntrappedFailure) {
 TEST(EventBoundary, AnyOtherExceptionEndsTheProcessToo) {
     ProcessEnd end;
     BoxAnswers answers;
-    answers.Expect(Critical("out of room", "Quillane"));
-    RunEvent([] { throw std::length_error("out of room"); });
+    answers.Expect(Critical("out of memory", "Quillane"));
+    RunEvent([] { throw std::length_error("out of memory"); });
     EXPECT_EQ(std::vector<int>{1}, end.Codes());
 }
 
@@ -39,7 +39,7 @@ TEST(EventBoundaryDeathTest, EndsTheProcessAtOnceUnlessThatIsReplaced) {
         testing::ExitedWithCode(3), "");
 }
 
-TEST(EventBoundaryDeathTest, RunsTheLastActOnceBeforeTheProcessEnds) {
+TEST(EventBoundaryDeathTest, RunsTheLastActionOnceBeforeTheProcessEnds) {
     EXPECT_EXIT(
         {
             SetEndProcess({});
@@ -52,7 +52,7 @@ TEST(EventBoundaryDeathTest, RunsTheLastActOnceBeforeTheProcessEnds) {
         testing::ExitedWithCode(3), "last act$");
 }
 
-TEST(EventBoundaryDeathTest, EndsTheProcessAlsoWhereTheLastActFails) {
+TEST(EventBoundaryDeathTest, EndsTheProcessAlsoIfTheLastActionFails) {
     EXPECT_EXIT(
         {
             SetEndProcess({});
@@ -62,7 +62,7 @@ TEST(EventBoundaryDeathTest, EndsTheProcessAlsoWhereTheLastActFails) {
         testing::ExitedWithCode(3), "");
 }
 
-TEST(EventBoundary, ReplacedEndRunsNoLastAct) {
+TEST(EventBoundary, ReplacedEndRunsNoLastAction) {
     ProcessEnd end;
     bool ran = false;
     SetLastAct([&] { ran = true; });
@@ -76,7 +76,7 @@ TEST(EventBoundary, ReportsNothingIfTheScreenWasUnloaded) {
     RunEvent([] { throw ScreenGone(); });
 }
 
-// Each of these fails inside a handler that Qt's side has called.
+// Each of these fails inside a handler that Qt has called.
 TEST(EventBoundary, CatchesTheFailureOfEveryHandler) {
     const auto fail = [] { Fail(FailureNumber::Overflow); };
     const std::function<void(TrialScreen&, ScreenDriver&)> ways[] = {

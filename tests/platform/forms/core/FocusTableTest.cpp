@@ -1,5 +1,5 @@
-// Every way in which the focus moves, each with the events that come out, in order. The table runs
-// off screen, on a bare X server and under a window manager, and must give the same everywhere.
+// Every way in which the focus moves, each with its events in order. The table runs off screen, on
+// a bare X server and under a window manager, with the same results.
 
 #include "platform/forms/TrialScreen.h"
 #include "platform/forms/core/Boxes.h"

@@ -1,4 +1,4 @@
-// Keys and clicks that come from the display's server, as an operator's do.
+// Keys and clicks from the display server, like those of an operator.
 
 #include "platform/forms/TrialScreen.h"
 #include "platform/forms/core/Boxes.h"
@@ -27,7 +27,7 @@ protected:
         screen.Taken();
     }
 
-    // Without the event loop: what is sent waits until the screen has time for it.
+    // Does not run the event loop: the keys wait until the screen handles them.
     static void Send(const QStringList& arguments) {
         ASSERT_EQ(0, QProcess::execute("xdotool", arguments));
     }
@@ -97,7 +97,7 @@ const Box SecondQuestion{.text = "Print?",
                          .buttons = BoxButtons::YesNo,
                          .defaultButton = BoxAnswer::No};
 
-/// One key brings up two questions, one after the other.
+/// One key shows two questions, one after the other.
 class KeysTypedAheadOfBoxesOnDisplay : public KeysOnDisplay,
                                        public testing::WithParamInterface<int> {
 protected:
@@ -114,7 +114,7 @@ protected:
     }
     void TearDown() override { ForbidUnexpectedBoxes(); }
 
-    /// Types while the program goes on.
+    /// Types while the program runs.
     static void Type(const QStringList& keys) {
         QProcess tool;
         tool.start("xdotool", QStringList{"key", "--delay", QString::number(GetParam())} + keys);
@@ -167,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(MillisecondsBetweenKeys, KeysTypedAheadOfBoxesOnDisplay
                          testing::Values(0, 5, 20, 40, 100, 200),
                          testing::PrintToStringParamName());
 
-/// Another program with a window that has the keyboard; it writes down what is typed there.
+/// Another program with a window that has the keyboard; it records the keys that it gets.
 class OtherProgram {
 public:
     OtherProgram() {
@@ -206,7 +206,7 @@ private:
     QByteArray typed_;
 };
 
-TEST_F(KeysOnDisplay, TypedInAnotherProgramDoNotReachABoxThatComesUp) {
+TEST_F(KeysOnDisplay, TypedInAnotherProgramDoNotReachANewBox) {
     OtherProgram other;
     ASSERT_TRUE(
         WaitFor([] { return QGuiApplication::applicationState() != Qt::ApplicationActive; }));

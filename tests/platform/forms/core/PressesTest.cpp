@@ -1,5 +1,5 @@
-// Presses of the mouse that press nothing: the focus did not come where the hand went, or the
-// button has long been let go.
+// Mouse presses that press nothing: the focus did not move to the pressed control, or the button
+// has already been released.
 
 #include "platform/forms/TrialScreen.h"
 #include "platform/forms/core/Boxes.h"
@@ -73,14 +73,14 @@ TEST_F(Press, HasNoEffectIfAModalScreenIsShown) {
     ExpectTheNextIsWhole();
 }
 
-// As a list does that does not hold the text typed in it.
+// Like a list that does not contain the text typed in it.
 TEST_F(Press, HasNoEffectIfTheLeftControlKeepsTheFocus) {
     screen.First.Validate = [this] { screen.First.SetFocus(); };
     ExpectNothingPressed("First");
     ExpectTheNextIsWhole();
 }
 
-// As the id does that turns out to be a stored load's.
+// Like the box of the id if it holds the number of a stored load.
 TEST_F(Press, HasNoEffectIfTheFocusMovesElsewhere) {
     screen.First.Validate = [this] { screen.Second.SetFocus(); };
     ExpectNothingPressed("Second");

@@ -65,7 +65,7 @@ TEST_F(ScreenKeysOfAControl, AreNotHandledByItIfTheScreenIsShownAgain) {
     EXPECT_EQ((Events{"KeyDown 45 0", "Form_Unload", "Form_Load", "GotFocus Box"}), screen.Taken());
 }
 
-// Its KeyDown is logged as its own, and does what is asked of it.
+// Its KeyDown is logged as its own and then runs an action of the test.
 void ListenToKeysOf(HandlingBox& box, TrialScreen& screen, const std::function<void(int&)>& act) {
     box.KeyDown = [&screen, act](int& key, int shift) {
         if (key == Key::Shift || key == Key::Alt)

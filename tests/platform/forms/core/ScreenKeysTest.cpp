@@ -27,7 +27,7 @@ protected:
     ScreenDriver driver{screen};
 };
 
-// What Enter does on the station's screens: move on like Tab.
+// The action of Enter on the station's screens: it moves on like Tab.
 void EnterMovesOn(TrialScreen& screen) {
     screen.OnKeyDown = [&screen](int& key, int) {
         if (key == Key::Return) {
@@ -38,7 +38,7 @@ void EnterMovesOn(TrialScreen& screen) {
     };
 }
 
-TEST_F(ScreenKeys, ReachTheScreenBeforeTheControlThatHasTheFocus) {
+TEST_F(ScreenKeys, ReachTheScreenBeforeTheActiveControl) {
     screen.First.Change = [this] { screen.Log.push_back("Change " + screen.First.Text()); };
     driver.Type("a");
     EXPECT_EQ((Events{"KeyDown 65 0", "KeyPress 97", "Change a"}), screen.Taken());
@@ -57,7 +57,7 @@ TEST_F(ScreenKeys, AreSwallowedByKeyPress) {
     EXPECT_EQ("ac", screen.First.Text());
 }
 
-TEST_F(ScreenKeys, OfAModifierAloneReachKeyDown) {
+TEST_F(ScreenKeys, OfASingleModifierReachKeyDown) {
     screen.LogModifiers = true;
     driver.Press(Qt::Key_Shift).Press(Qt::Key_Control).Press(Qt::Key_Alt);
     EXPECT_EQ((Events{"KeyDown 16 1", "KeyDown 17 2", "KeyDown 18 4"}), screen.Taken());
@@ -190,7 +190,7 @@ TEST_F(ScreenKeys, WithAltPressTheButtonThatTheyName) {
         screen.Taken());
 }
 
-TEST_F(ScreenKeys, WithAltPressNoButtonThatIsClosedOrWhereTheScreenSwallowsThem) {
+TEST_F(ScreenKeys, WithAltPressNoDisabledButtonAndNoneIfTheScreenSwallowsThem) {
     screen.BtnGo.Click = [this] { screen.Log.push_back("Click"); };
     screen.BtnGo.SetEnabled(false);
     driver.Press(Qt::ALT | Qt::Key_G);
@@ -200,7 +200,7 @@ TEST_F(ScreenKeys, WithAltPressNoButtonThatIsClosedOrWhereTheScreenSwallowsThem)
     EXPECT_EQ((Events{"KeyDown 71 4", "KeyDown 71 4"}), screen.Taken());
 }
 
-// A cell editor is opened by handing it the very key event that opens it.
+// A cell editor is opened by passing it the same key event.
 class HandingOn : public VisualControl {
 public:
     explicit HandingOn(Screen& owner) : VisualControl(owner, "Cells", "TDBGrid") {
@@ -223,7 +223,7 @@ private:
     View view_;
 };
 
-TEST(ScreenKeysHandedOn, AreSeenByTheScreenOnce) {
+TEST(ScreenKeysHandedOn, ReachTheScreenOnce) {
     TrialScreen screen;
     HandingOn cells(screen);
     cells.Widget().setParent(&screen);
@@ -234,14 +234,14 @@ TEST(ScreenKeysHandedOn, AreSeenByTheScreenOnce) {
     ScreenDriver(screen).Type("a");
     EXPECT_EQ((Events{"KeyDown 65 0", "KeyPress 97"}), screen.Taken());
     EXPECT_EQ("a", cells.Editing());
-    // And the editor keeps the focus that its control gave it.
+    // And the editor keeps the focus that its control has given it.
     cells.Editor().setFocus();
     cells.SetFocus();
     EXPECT_EQ(&cells.Editor(), screen.focusWidget());
     cells.Widget().setParent(nullptr);
 }
 
-TEST_F(ScreenKeys, SendATabThatTheScreenSeesAsAKeyWhenTheHandlingHasEnded) {
+TEST_F(ScreenKeys, SendATabThatTheScreenGetsAsAKeyAfterTheHandlingHasEnded) {
     EnterMovesOn(screen);
     driver.Press(Qt::Key_Return);
     EXPECT_EQ((Events{"KeyDown 13 0", "Enter handled", "KeyDown 9 0", "Validate First",

@@ -163,7 +163,7 @@ TEST(Screen, OpensInTheMiddleOfTheDisplayWithNeitherMaximiseNorMinimise) {
     EXPECT_TRUE(screen.windowFlags() & Qt::WindowCloseButtonHint);
 }
 
-TEST(Screen, OpensMaximisedIfSetSo) {
+TEST(Screen, OpensMaximisedIfItIsSet) {
     TrialScreen screen;
     screen.SetOpensMaximized();
     screen.Show();
@@ -238,7 +238,7 @@ TEST(Screen, MayBeDestroyedWhileItIsShown) {
         TrialScreen screen;
         screen.Show();
         WaitFor([&] { return screen.isActiveWindow(); });
-        screen.First.LostFocus = [] { ADD_FAILURE() << "Nothing is left by going"; };
+        screen.First.LostFocus = [] { ADD_FAILURE() << "destroying the screen runs no LostFocus"; };
     }
     QCoreApplication::processEvents();
 }

@@ -30,7 +30,7 @@ protected:
     bool Ticks(int count) {
         return WaitFor([&] { return ticks >= count; });
     }
-    // Whether nothing ticks for longer than a tick takes.
+    // True if no tick occurs for longer than the interval.
     bool IsSilent() {
         const int before = ticks;
         return !WaitFor([&] { return ticks != before; }, milliseconds(50));

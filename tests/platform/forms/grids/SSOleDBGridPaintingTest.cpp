@@ -165,7 +165,7 @@ TEST_F(SSOleDBGridPainting, ElidesALongText) {
     EXPECT_TRUE(texts.front().ends_with("…"));
 }
 
-TEST_F(SSOleDBGridPainting, ShowsNothingOfAFieldThatTheRowsDoNotHave) {
+TEST_F(SSOleDBGridPainting, ShowsNothingForAFieldThatTheRowsDoNotHave) {
     grid.Columns("Day").dataField = "NoSuchField";
     EXPECT_EQ(Painted(Numbered(1)), (Texts{"1", "Party 1"}));
     grid.Columns("Day").dataField = "";
@@ -174,7 +174,7 @@ TEST_F(SSOleDBGridPainting, ShowsNothingOfAFieldThatTheRowsDoNotHave) {
     EXPECT_EQ(Painted(), (Texts{"1", "Party 1", "Party 1"}));
 }
 
-TEST_F(SSOleDBGridPainting, ShowsNothingWithoutRowsAndOfARecordsetThatWasClosed) {
+TEST_F(SSOleDBGridPainting, ShowsNothingWithoutRowsOrForAClosedRecordset) {
     EXPECT_EQ(Painted(), Texts{});
     EXPECT_EQ(Painted(Numbered(0)), Texts{});
     Painted(Numbered(3));

@@ -5,7 +5,7 @@ namespace {
 
 class SSOleDBGridScrollBarTest : public SSOleDBGridTest {
 protected:
-    /// How often a change paints the scroll bar.
+    /// The number of paints of the scroll bar after a change.
     template <typename Change>
     int PaintsFor(const Change& change) {
         Settle();
@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(SSOleDBGridScrollBarTest, IsNotPaintedWhereItsSliderStaysInPlace) {
+TEST_F(SSOleDBGridScrollBarTest, IsNotPaintedIfItsSliderDoesNotMove) {
     Show(5000);
     EXPECT_EQ(PaintsFor([this] { Show(4994); }), 0);
     EXPECT_EQ(View().verticalScrollBar()->maximum(), 4994 - LinesInView());
@@ -25,7 +25,7 @@ TEST_F(SSOleDBGridScrollBarTest, IsNotPaintedWhereItsSliderStaysInPlace) {
     EXPECT_EQ(Top(), 2501);
 }
 
-TEST_F(SSOleDBGridScrollBarTest, IsPaintedWhereItsSliderMovesOrChangesItsLength) {
+TEST_F(SSOleDBGridScrollBarTest, IsPaintedIfItsSliderMovesOrChangesItsLength) {
     Show(5000);
     EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(2500); }), 1);
     EXPECT_EQ(PaintsFor([this] { Show(60); }), 1);
@@ -35,7 +35,7 @@ TEST_F(SSOleDBGridScrollBarTest, IsPaintedWhereItsSliderMovesOrChangesItsLength)
 }
 
 // Its arrows may look different there.
-TEST_F(SSOleDBGridScrollBarTest, IsPaintedWhereItLeavesOrReachesAnEnd) {
+TEST_F(SSOleDBGridScrollBarTest, IsPaintedIfItLeavesOrReachesAnEnd) {
     Show(5000);
     EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(1); }), 1);
     EXPECT_EQ(PaintsFor([this] { View().verticalScrollBar()->setValue(2); }), 0);

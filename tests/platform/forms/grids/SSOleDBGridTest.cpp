@@ -9,7 +9,7 @@
 namespace Quillane {
 namespace {
 
-TEST_F(SSOleDBGridTest, NamesItsKindAndItsColumnsWithoutRegardToCase) {
+TEST_F(SSOleDBGridTest, ReportsItsTypeAndFindsItsColumnsInAnyCase) {
     EXPECT_EQ(grid.TypeName(), "SSOleDBGrid");
     const SSOleDBGrid::Column& column = grid.Columns("pARTY");
     EXPECT_EQ(column.name, "Party");
@@ -48,7 +48,7 @@ TEST_F(SSOleDBGridTest, MovesTheRecordsetWithItsCurrentLine) {
     EXPECT_EQ(rows->Fields("ArrivalId").Long(), 5);
 }
 
-TEST_F(SSOleDBGridTest, BringsTheRowThatCodeMakesCurrentIntoView) {
+TEST_F(SSOleDBGridTest, ScrollsTheRowThatCodeMakesCurrentIntoView) {
     const auto rows = Show(1000);
     rows->Find("ArrivalId = 500");
     EXPECT_EQ(rows->Position(), 499);
@@ -178,7 +178,7 @@ TEST_F(SSOleDBGridTest, KeepsTheCurrentLineInViewAsItsSizeChanges) {
     EXPECT_EQ(Top(), 0);
     View().resize(600, 150);
     EXPECT_TRUE(InView(rows->Position()));
-    // But one that was scrolled out of view stays there.
+    // A current line that was scrolled out of view stays there.
     View().verticalScrollBar()->setValue(300);
     View().resize(600, 300);
     EXPECT_EQ(Top(), 300);

@@ -109,7 +109,7 @@ protected:
         Settle();
         return rows;
     }
-    /// What is on its way to the screen has been painted.
+    /// Waits until pending paints are done.
     static void Settle() {
         QCoreApplication::processEvents();
         QCoreApplication::processEvents();

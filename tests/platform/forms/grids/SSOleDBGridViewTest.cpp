@@ -8,7 +8,7 @@
 namespace Quillane {
 namespace {
 
-TEST_F(SSOleDBGridTest, ArrowsAndPageKeysMoveByALineAndByWhatIsInView) {
+TEST_F(SSOleDBGridTest, ArrowsMoveByALineAndPageKeysByTheLinesInView) {
     const auto rows = Show(1000);
     const int page = LinesInView() - 1;
     Press(Qt::Key_Down);
@@ -39,7 +39,7 @@ TEST_F(SSOleDBGridTest, HomeAndEndMoveToTheEndsWithCtrlAndWithout) {
     EXPECT_EQ(Top(), 0);
 }
 
-TEST_F(SSOleDBGridTest, AtTheEndsTheKeysMoveNothing) {
+TEST_F(SSOleDBGridTest, AtTheEndsTheKeysDoNotMove) {
     const auto rows = Show(30);
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Home})
         Press(key);
@@ -52,7 +52,7 @@ TEST_F(SSOleDBGridTest, AtTheEndsTheKeysMoveNothing) {
     EXPECT_EQ(screen.ActiveControlName(), "Grid");
 }
 
-TEST_F(SSOleDBGridTest, FromTheEndOfTheRecordsetTheKeysComeBackToItsRows) {
+TEST_F(SSOleDBGridTest, FromTheEndOfTheRecordsetTheKeysReturnToItsRows) {
     const auto rows = Show(30);
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_End}) {
         rows->SetPosition(30);
@@ -64,7 +64,7 @@ TEST_F(SSOleDBGridTest, FromTheEndOfTheRecordsetTheKeysComeBackToItsRows) {
     EXPECT_EQ(rows->Position(), 0);
 }
 
-TEST_F(SSOleDBGridTest, OtherKeysAreLeftToTheScreenAndMoveNothing) {
+TEST_F(SSOleDBGridTest, OtherKeysReachTheScreenAndMoveNothing) {
     const auto rows = Show(30);
     rows->SetPosition(5);
     screen.keys.clear();
@@ -80,12 +80,12 @@ TEST_F(SSOleDBGridTest, OtherKeysAreLeftToTheScreenAndMoveNothing) {
     EXPECT_EQ(std::count(screen.keys.begin(), screen.keys.end(), int{Key::Down}), 3);
 }
 
-TEST_F(SSOleDBGridTest, EnterAndTabAreLeftToTheScreen) {
+TEST_F(SSOleDBGridTest, EnterAndTabReachTheScreen) {
     EXPECT_FALSE(grid.HandleKey(Key::Return, ShiftState::None));
     EXPECT_FALSE(grid.HandleKey(Key::Return, ShiftState::Shift));
     EXPECT_FALSE(grid.HandleKey(Key::Tab, ShiftState::None));
     Show(30);
-    // Here the screen makes a Tab of Enter.
+    // In this test the screen turns Enter into Tab.
     Press(Qt::Key_Return);
     EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
     grid.SetFocus();
@@ -96,7 +96,7 @@ TEST_F(SSOleDBGridTest, EnterAndTabAreLeftToTheScreen) {
     EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
 }
 
-TEST_F(SSOleDBGridTest, AClickTakesTheFocusAndChoosesItsLine) {
+TEST_F(SSOleDBGridTest, AClickTakesTheFocusAndSelectsItsLine) {
     const auto rows = Show(1000);
     View().verticalScrollBar()->setValue(100);
     screen.TxtFilter.SetFocus();
@@ -106,7 +106,7 @@ TEST_F(SSOleDBGridTest, AClickTakesTheFocusAndChoosesItsLine) {
     EXPECT_EQ(Top(), 100);
 }
 
-TEST_F(SSOleDBGridTest, AClickBelowTheLastLineAndOneWithAnotherButtonChooseNothing) {
+TEST_F(SSOleDBGridTest, AClickBelowTheLastLineOrWithAnotherButtonSelectsNothing) {
     const auto rows = Show(3);
     rows->SetPosition(1);
     screen.Click(Viewport(), QPoint(60, 5 * LineHeight()));
@@ -132,7 +132,7 @@ TEST_F(SSOleDBGridTest, ADoubleClickRunsItsHandlerOnTheLineThatWasPressed) {
     EXPECT_EQ(chosen, (std::vector<int>{5, cut + 1}));
 }
 
-TEST_F(SSOleDBGridTest, ADoubleClickRunsItsHandlerWhereThereAreNoRowsButNotOnTheHeader) {
+TEST_F(SSOleDBGridTest, ADoubleClickRunsItsHandlerWithoutRowsButNotOnTheHeader) {
     int runs = 0;
     grid.DblClick = [&] { ++runs; };
     DoubleClick(Viewport(), QPoint(60, 40));
@@ -157,7 +157,7 @@ TEST_F(SSOleDBGridTest, ADoubleClickMayCloseTheScreen) {
     EXPECT_FALSE(screen.IsLoaded());
 }
 
-TEST_F(SSOleDBGridTest, TheWheelScrollsAndLeavesTheCurrentRow) {
+TEST_F(SSOleDBGridTest, TheWheelScrollsAndKeepsTheCurrentRow) {
     const auto rows = Show(1000);
     const QPointF place = PlaceOf(2);
     const auto turn = [&](int notches) {
@@ -169,7 +169,7 @@ TEST_F(SSOleDBGridTest, TheWheelScrollsAndLeavesTheCurrentRow) {
     turn(-40);
     EXPECT_GT(Top(), LinesInView());
     EXPECT_EQ(rows->Position(), 0);
-    // The next key goes on from the current row, and brings it back.
+    // The next key moves from the current row and scrolls it into view again.
     Press(Qt::Key_Down);
     EXPECT_EQ(rows->Position(), 1);
     EXPECT_TRUE(InView(1));

@@ -8,7 +8,7 @@
 namespace Quillane {
 namespace {
 
-// What commits and what does not.
+// Which actions commit a cell.
 
 TEST_F(TDBGridTest, LeavingTheGridCommitsThePendingCell) {
     const std::vector<std::function<void()>> roads = {
@@ -79,7 +79,7 @@ TEST_F(TDBGridTest, BoxKeepsThePendingText) {
     EXPECT_EQ(Cell(0, ClassColumn), "Plastic");
 }
 
-TEST_F(TDBGridTest, QtsFocusGivenBackToTheGridGoesToTheEditor) {
+TEST_F(TDBGridTest, QtsFocusReturnedToTheGridGoesToTheEditor) {
     FillTwo();
     GoTo(0, QuantityColumn);
     Type("5");
@@ -182,7 +182,7 @@ TEST_F(TDBGridTest, DeleteOnASelectedLineDeletesIt) {
     EXPECT_EQ(Cell(0, ClassColumn), "Jute");
 }
 
-TEST_F(TDBGridTest, DeleteOnACellOfALineSelectedNoLongerDeletesNoLine) {
+TEST_F(TDBGridTest, DeleteDeletesNoLineThatIsNotSelectedAnyMore) {
     FillTwo();
     QHeaderView& lines = *View().verticalHeader();
     screen.Click(*lines.viewport(), QPoint(8, lines.sectionViewportPosition(1) + 6));
@@ -191,7 +191,7 @@ TEST_F(TDBGridTest, DeleteOnACellOfALineSelectedNoLongerDeletesNoLine) {
     EXPECT_EQ(screen.BagRows.RowCount(), 2);
 }
 
-// The grid walked by code.
+// Moves by code.
 
 TEST_F(TDBGridTest, MovingPastTheLastRowLeavesNoCurrentRowAndCreatesNone) {
     FillTwo();
@@ -231,7 +231,7 @@ TEST_F(TDBGridTest, RowsThatCodeAddedWithoutReBindingAreNotOverwritten) {
     EXPECT_EQ(Cell(2, QuantityColumn), "9");
 }
 
-TEST_F(TDBGridTest, RowsChangedByCodeAreReadBeforeAWalk) {
+TEST_F(TDBGridTest, RowsChangedByCodeAreReadBeforeAMove) {
     for (const int lines : {1, 3, 5}) {
         FillTwo();
         grid.MoveNext();

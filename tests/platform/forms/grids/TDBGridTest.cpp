@@ -33,7 +33,7 @@ TEST_F(TDBGridTest, TwoLinesAreEnteredWithoutTheMouse) {
     EXPECT_EQ(screen.ActiveControlName(), "TxtAfter");
 }
 
-TEST_F(TDBGridTest, CommittedTextOpensTheCell) {
+TEST_F(TDBGridTest, TextOfAnInputMethodOpensTheCell) {
     EXPECT_TRUE(View().testAttribute(Qt::WA_InputMethodEnabled));
     Testing::ScreenDriver driver(screen);
     driver.Commit("ju");
@@ -60,7 +60,7 @@ TEST_F(TDBGridTest, TypingReplacesTheTextOfTheCell) {
     EXPECT_EQ(Cell(0, QuantityColumn), "45");
 }
 
-TEST_F(TDBGridTest, AnArrowCommitsAnEditBegunByTypingAndMovesOn) {
+TEST_F(TDBGridTest, AnArrowCommitsAnEditThatBeganByTypingAndMovesOn) {
     const struct {
         Qt::Key key;
         int row, column;
@@ -92,7 +92,7 @@ TEST_F(TDBGridTest, F2EditsWithTheCaretWhichKeepsTheArrows) {
     EXPECT_EQ(Cell(0, QuantityColumn), "350");
 }
 
-TEST_F(TDBGridTest, F2InAnEditBegunByTypingGivesTheArrowsToTheCaret) {
+TEST_F(TDBGridTest, F2InAnEditThatBeganByTypingGivesTheArrowsToTheCaret) {
     FillTwo();
     GoTo(0, QuantityColumn);
     Type("12");
@@ -123,7 +123,7 @@ TEST_F(TDBGridTest, BackspaceBeginsAnEmptyCell) {
     EXPECT_EQ(Cell(0, QuantityColumn), "");
 }
 
-TEST_F(TDBGridTest, ACommitOfTheSameTextIsNoUpdate) {
+TEST_F(TDBGridTest, ACommitOfTheSameTextIsNotAnUpdate) {
     FillTwo();
     GoTo(0, QuantityColumn);
     Type("30");
@@ -167,7 +167,7 @@ TEST_F(TDBGridTest, TheScreenSeesEachKeyOnceAlsoTheOneThatOpensTheEditor) {
 
 // The empty last line.
 
-TEST_F(TDBGridTest, TheEmptyLastLineIsMarkedAndCountsAsNoRow) {
+TEST_F(TDBGridTest, TheEmptyLastLineIsMarkedAndIsNotCountedAsARow) {
     FillTwo();
     EXPECT_EQ(View().model()->rowCount(), 3);
     EXPECT_EQ(View().model()->headerData(2, Qt::Vertical).toString(), "*");
@@ -256,7 +256,7 @@ TEST_F(TDBGridTest, ACountAboveSixteenBitsCanBeTyped) {
     EXPECT_EQ(Cell(0, QuantityColumn), "40000");
 }
 
-TEST_F(TDBGridTest, TextThatMakesNoNumberReplacesNoSelection) {
+TEST_F(TDBGridTest, TextThatIsNotANumberReplacesNoSelection) {
     Fill({{"Jute", "50 Kg", "1234567"}});
     GoTo(0, QuantityColumn);
     Press(Qt::Key_F2);
@@ -269,7 +269,7 @@ TEST_F(TDBGridTest, TextThatMakesNoNumberReplacesNoSelection) {
     EXPECT_EQ(Editor()->text(), "12.5");
     Press(Qt::CTRL | Qt::Key_A);
     Type(".");
-    EXPECT_EQ(Editor()->text(), ".") << "the point that goes is not counted";
+    EXPECT_EQ(Editor()->text(), ".") << "the removed point is not counted";
 }
 
 TEST_F(TDBGridTest, ANumberHasNoMoreThanNineCharacters) {
@@ -298,7 +298,7 @@ TEST_F(TDBGridTest, StoredTextThatIsNotANumberCanOnlyBeShortened) {
 
 // Cells with a list.
 
-TEST_F(TDBGridTest, TypingInACellWithAListCompletesAndDropsItDown) {
+TEST_F(TDBGridTest, TypingInACellWithAListCompletesTheTextAndOpensTheList) {
     Type("pla");
     EXPECT_EQ(Editor()->text(), "Plastic");
     EXPECT_EQ(Editor()->selectedText(), "stic");

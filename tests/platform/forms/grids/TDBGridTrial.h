@@ -45,7 +45,7 @@ private:
     }
 };
 
-/// The grid has the focus; its handlers are written down.
+/// The grid has the focus; calls of its handlers are recorded.
 class TDBGridTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -71,7 +71,7 @@ protected:
                                    rows[row][column]);
         grid.ReBind();
     }
-    /// Two lines as they come back from the database.
+    /// Two lines as they are read from the database.
     void FillTwo() { Fill({{"Jute", "50 Kg", "30"}, {"Plastic", "100 Kg", "10"}}); }
 
     QTableView& View() { return static_cast<QTableView&>(grid.Widget()); }
