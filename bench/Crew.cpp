@@ -56,7 +56,7 @@ void Crew::Listen(const Member& member, const std::string& lastWord) {
         saves_.push_back(save);
         refusals_ += refusals;
     }
-    throw std::runtime_error("one of the crew broke off");
+    throw std::runtime_error("a process of the crew has ended early");
 }
 
 double Crew::Work(int savesEach) {

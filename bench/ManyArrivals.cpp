@@ -41,7 +41,7 @@ constexpr std::array<std::string_view, 40> cities{
 
 using Cell = std::variant<std::int64_t, double, std::string_view>;
 
-/// A plain session that fills the file as fast as possible: nobody else has it open yet.
+/// A plain session that fills the file as fast as possible, while no other session has it open.
 class Filling {
 public:
     explicit Filling(const std::string& file) {
@@ -182,7 +182,7 @@ ManyArrivals::ManyArrivals(int arrivals) : arrivals_(arrivals) {
     const std::string path = Folder() + "/Account1.db";
     // In another process, so that the memory used here is not measured.
     if (!RunApart([&] { Fill(path, arrivals); }))
-        throw std::runtime_error("The database could not be made.");
+        throw std::runtime_error("The database could not be created.");
     inSearchedYear_ = Filling(path).Count("SELECT count(*) FROM Arrivals WHERE ArrivalDate >= "
                                           "strftime('%Y-%m-%dT00:00:00', 'now', 'localtime', "
                                           "'-365 days')");

@@ -1,11 +1,11 @@
-// The move of an embedded database to a server: copying all tables, and comparing them there,
-// against a raw copy of the same rows by arrays of parameters bound by hand, in blocks and
-// transactions of the same size. Both work on the same tables of the same server, in turn.
+// The move of an embedded database to a server: copying all tables and comparing them there. The
+// reference is a raw copy of the same rows with bound arrays of parameters, in blocks and
+// transactions of the same size. Both use the same tables of the same server, in turn.
 //
-//     MoveBench [arrivals [turns]]      100000 3 where they are not given
+//     MoveBench [arrivals [turns]]      default: 100000 3
 //
-// The limit of the ratio is 1.5. The memory is that of the program's blocks, whatever the number of
-// arrivals. It runs on PostgreSQL, which it starts itself, and on the SQL Server that
+// The limit of the ratio is 1.5. The memory must be that of the program's blocks for any number of
+// arrivals. The benchmark runs on PostgreSQL, which it starts itself, and on the SQL Server that
 // tests/sqlserver.local names.
 
 #include "ManyArrivals.h"
@@ -92,7 +92,7 @@ int KindOf(const char* declared) {
                                                  : SQLITE_TEXT;
 }
 
-/// The raw copy: nothing but the engine's own interface and the driver's.
+/// The raw copy, which uses only the interfaces of the engine and of the driver.
 class RawCopy {
 public:
     RawCopy(const std::string& connectionString, std::string prefix)

@@ -70,7 +70,7 @@ public:
         station_.Enter("Ghulam Abbas");
         relay_.TakeRequests();
         station_.TrySave();
-        List("Every further save", requestsOfSave_);
+        List("Every other save", requestsOfSave_);
         tripsOfSave_ = requestsOfSave_.size();
         relay_.TakeRequests();
         station_.Open(station_.SavedId());
@@ -81,9 +81,9 @@ public:
     /// Runs the station and the same statements without it alternately.
     void Time() {
         std::printf("\nSave of three bag lines, click to commit; %d of each\n", savesPerRun);
-        Take("without delay", "the same statements bare");
+        Take("without delay", "only the same statements");
         relay_.SetDelay(delay);
-        const double delayed = Take("5 ms each way", "the same statements bare");
+        const double delayed = Take("5 ms each way", "only the same statements");
         relay_.SetDelay(0ms);
         const double limit =
             static_cast<double>(tripsOfSave_) * 2 * Milliseconds(delay) + Milliseconds(allowance);

@@ -119,7 +119,7 @@ void MeasureKey(Shown<Search>& shown, TextBox& box, const std::string& text, std
     const std::string statement = RawSession::Statement(shown.statement);
     const int rows = shown.Rows();
     if (raw.Step(statement.c_str()) != rows)
-        throw std::runtime_error("the screen does not show what its statement gives");
+        throw std::runtime_error("the screen does not show the rows of its statement");
     const SideBySide measured(
         turns, {[&] { shown.Prepare(box, before); }, [&] { shown.Press(text.back()); }},
         {{}, [&] { raw.Step(statement.c_str()); }});

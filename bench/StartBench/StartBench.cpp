@@ -50,7 +50,7 @@ public:
         const std::unique_ptr<xcb_get_image_reply_t, FreeReply> reply(
             xcb_get_image_reply(connection_.get(), cookie, nullptr));
         if (!reply) {
-            throw std::runtime_error("the X server went away");
+            throw std::runtime_error("the X server has ended");
         }
         const auto* begin = xcb_get_image_data(reply.get());
         const auto* end = begin + xcb_get_image_data_length(reply.get());
@@ -66,7 +66,7 @@ void WaitUntilPainted(const MiddleOfScreen& middle, bool painted) {
     const auto deadline = Clock::now() + std::chrono::seconds(20);
     while (middle.IsPainted() != painted) {
         if (Clock::now() > deadline) {
-            throw std::runtime_error(painted ? "no window came up" : "the window did not go");
+            throw std::runtime_error(painted ? "no window was shown" : "the window was not closed");
         }
         std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
@@ -112,7 +112,7 @@ void Run(int rounds, Program& empty, Program& word, Program& station) {
             program->times.push_back(StartOnce(middle, program->path));
     std::printf("process start to first paint, median of %d in turn\n", rounds);
     for (const Program* program : {&empty, &word, &station})
-        std::printf("  %-20s %7.2f ms (least %.2f)  %.2f times the empty dialog\n", program->name,
+        std::printf("  %-20s %7.2f ms (minimum %.2f)  %.2f times the empty dialog\n", program->name,
                     Median(program->times),
                     *std::min_element(program->times.begin(), program->times.end()),
                     Median(program->times) / Median(empty.times));

@@ -126,8 +126,8 @@ INSERT INTO PContracts (ContractId, ContractDate, PartyId) VALUES
     (502, strftime('%Y-%m-%dT00:00:00', 'now', 'localtime', '-35 days'), '6010009'),
     (503, strftime('%Y-%m-%dT00:00:00', 'now', 'localtime', '-25 days'), '6010022');
 
--- Past weighments. Load is what stays of the first reading after the tare; the split over the
--- lines below is the one that saving makes.
+-- Past weighments. Load is the first reading less the tare. The lines below have the shares that
+-- saving computes.
 CREATE TEMP TABLE SampleLoads (
     ArrivalId, DaysAgo, CommodityId, SellerId, Load REAL, Tare REAL, Deduction REAL, Vehicle,
     Driver, Bilty);

@@ -1,9 +1,9 @@
--- The station's own database, for a mill that keeps no accounting database for it to join.
+-- The station's own database, for a mill without an accounting database that the station could use.
 --
 -- Names are spelled as the accounting database spells them. The key of Arrivals is spelled
 -- ArrivalID, so that the dependent-record test can turn it into a foreign column of another name.
--- Text compares without regard to case, by the one collation of this kind that every tool for such
--- files knows. Dates are text, YYYY-MM-DDT00:00:00. Flags are 0 or 1. Weights are kilograms.
+-- Text is compared without regard to case, by the only such collation that all tools for these
+-- files know. Dates are text, YYYY-MM-DDT00:00:00. Flags are 0 or 1. Weights are kilograms.
 
 CREATE TABLE Cities (
     CityId   INTEGER NOT NULL PRIMARY KEY,
@@ -137,7 +137,7 @@ CREATE TABLE SaleRecoveryBody (
 );
 CREATE INDEX SaleRecoveryBodyBySale ON SaleRecoveryBody (SaleId);
 
--- No key on the names of PortSettings: the station reads it by filters and copes with doubled rows.
+-- No key on the names of PortSettings: the station reads it by filters and accepts duplicate rows.
 CREATE TABLE PortSettings (
     RegistryKey   TEXT NOT NULL COLLATE NOCASE,
     RegistryValue TEXT COLLATE NOCASE

@@ -1,6 +1,6 @@
--- Rows to try the station with, the same as those of the embedded database. Every name is invented.
--- Dates count back from the day of set-up, so that the arrivals lie within what the search shows at
--- first. They go into a database that has neither accounts nor arrivals, all of them or none.
+-- Rows for trying the station, the same as those of the embedded database. All names are invented.
+-- Dates are counted back from the day of set-up, so that the search shows the arrivals at first.
+-- The rows are added, all or none, to a database without accounts and arrivals.
 
 SET XACT_ABORT ON;
 GO
@@ -135,8 +135,8 @@ INSERT INTO dbo.PContracts (ContractId, ContractDate, PartyId) VALUES
     (502, DATEADD(day, -35, @today), N'6010009'),
     (503, DATEADD(day, -25, @today), N'6010022');
 
--- Past weighments. Weight is what stays of the first reading after the tare; the split over the
--- lines below is the one that saving makes.
+-- Past weighments. Weight is the first reading less the tare. The lines below have the shares that
+-- saving computes.
 DECLARE @loads TABLE (ArrivalId int, DaysAgo int, CommodityId int, SellerId nvarchar(20),
     Weight float, Tare float, Deduction float, Vehicle nvarchar(20), Driver nvarchar(60),
     Bilty nvarchar(20));

@@ -252,7 +252,7 @@ IF OBJECT_ID(N'dbo.StationSchema') IS NULL
     );
 GO
 
--- Relations, where both ends were made here.
+-- Relations between tables that were both created here.
 
 IF OBJECT_ID(N'dbo.StationKeyOfParties') IS NOT NULL
     AND OBJECT_ID(N'dbo.StationKeyOfChartOfAccounts') IS NOT NULL

@@ -22,7 +22,7 @@ class Indicator:
     def _expect(self, beginning):
         answer = self.process.stdout.readline()
         if not answer.startswith(beginning):
-            raise RuntimeError(f"the indicator said {answer!r}")
+            raise RuntimeError(f"the indicator answered {answer!r}")
 
     def stop(self):
         self.process.terminate()

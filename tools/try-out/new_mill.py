@@ -1,4 +1,4 @@
-"""A mill that starts from nothing: set-up without sample rows, its lists, its line and a user in the
+"""A new mill: set-up without sample rows, its lists, its line and a user in the
 office, weighments by that user on the station, and the day book with their sums."""
 
 from dataclasses import replace
@@ -91,7 +91,7 @@ def back_up(station, office):
 
 
 def weigh(station, load, keys, print_it):
-    """From a new weighment, whose keys lead to the commodity; returns the number of the arrival."""
+    """Starts at a new weighment and moves to the commodity; returns the number of the arrival."""
     number = station.ask("Select Coalesce(Max(ArrivalID), 0) + 1 As Id From Arrivals")[0]["Id"]
     station.indicator.hold(load.loaded)
     station.wait_for_reading()
@@ -134,7 +134,7 @@ def close_station(station):
 
 
 def figures_of(load):
-    """As a file of the day book has them."""
+    """The figures in the form of a file of the day book."""
     return {"Bags": sum(bags for _, _, bags in load.bag_lines), "FirstWeightKg": load.loaded,
             "TareKg": load.empty, "GrossKg": load.loaded - load.empty,
             "DeductionKg": load.deduction, "NetKg": load.net()}

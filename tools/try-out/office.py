@@ -1,4 +1,4 @@
-"""The office at work: its window on the station's display, worked by keys."""
+"""The office at work: its window on the station's display, operated by keys."""
 
 import csv
 import subprocess

@@ -46,7 +46,7 @@ def stored_line(station):
 
 
 def work_out_the_line(station):
-    station.log("the bench: line settings, raw text, try-out, save")
+    station.log("the bench: line settings, raw text, test, save")
     station.press("Tab", "space")
     bench = station.window("Port Testing")
     station.look("bench-new")
@@ -56,7 +56,7 @@ def work_out_the_line(station):
     station.look("bench-raw-text")
     station.write(SETTINGS["DataLength"])
     station.press(*["Tab"] * 3)
-    station.wait_for_text(bench, lambda: station.press("space"))  # Get Weight, below: the try-out
+    station.wait_for_text(bench, lambda: station.press("space"))  # Get Weight, below: the test
     station.look("scale-setting")
     station.press(*["Tab"] * 3, "space")  # Save
     station.answer("Confirmation", "Return", "bench-saved")

@@ -82,7 +82,7 @@ def ask_to_remove(station, key, picture=None):
 
 
 def wait_removed(station, number):
-    wait_until(f"arrival {number} to go", lambda: not any(station.arrival(number)))
+    wait_until(f"the removal of arrival {number}", lambda: not any(station.arrival(number)))
 
 
 def expect_unchanged(station, number, before):
