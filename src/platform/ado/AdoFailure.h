@@ -8,7 +8,7 @@
 namespace Quillane {
 
 namespace FailureNumber {
-/// A write through a recordset that is read-only or whose rows are not those of one table.
+/// A write through a recordset that is read-only, or whose rows are not those of one table.
 inline constexpr int NotUpdatable = 3251;
 /// The deletion of a new row that has not been sent.
 inline constexpr int NotInThisContext = 3219;

@@ -12,11 +12,11 @@
 
 namespace Quillane {
 
-/// A run of bytes that grows at its end. It grows by `realloc`, which moves large blocks by
-/// remapping their pages, and leaves new bytes unwritten; a vector does neither.
+/// A sequence of bytes that grows at its end. It grows by `realloc`, which moves large blocks by
+/// remapping their pages, and does not initialise the new bytes. A vector does neither.
 class Bytes {
 public:
-    /// Space for `count` more bytes at the end; the caller fills them.
+    /// Space for `count` more bytes at the end. The caller fills them.
     char* Extend(std::size_t count) {
         if (size_ + count > capacity_)
             Grow(size_ + count);
@@ -30,10 +30,10 @@ public:
     std::size_t Size() const { return size_; }
     std::size_t Capacity() const { return capacity_; }
 
-    /// Drops all bytes and keeps the memory.
+    /// Removes all bytes and keeps the memory.
     void Clear() { size_ = 0; }
 
-    /// Gives back what no byte is stored in.
+    /// Frees the memory that holds no bytes.
     void Trim() {
         if (capacity_ > size_ && size_ > 0)
             Resize(size_);
@@ -49,9 +49,9 @@ private:
         Resize(std::max({needed, capacity_ * 2, smallest}));
     }
 
-    // By itself the C library raises the size from which blocks have pages of their own to that of
-    // the largest one freed so far: the next large result would be copied as it grows, and what is
-    // freed of it would stay with the process.
+    // By default, the C library raises the size from which a block gets its own pages to the size
+    // of the largest block freed so far. The next large result would then be copied as it grows,
+    // and its freed memory would stay with the process.
     static void KeepLargeBlocksApart() {
 #ifdef __GLIBC__
         constexpr int large = 1 << 20;

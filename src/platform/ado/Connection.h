@@ -16,19 +16,19 @@ namespace Quillane {
 
 class Session;
 
-/// What the embedded engine needs from above: where its files lie, which SQL functions it is to
-/// know, and what is to be done while it waits.
+/// What the embedded engine needs from its caller: the folder of its files, the SQL functions to
+/// register, and what to do while it waits for a lock.
 struct EmbeddedSupport {
     std::string folder{};                              ///< of the database files
     std::function<void(sqlite3*)> registerFunctions{}; ///< runs on each new session
-    std::chrono::milliseconds busyWait{30'000};        ///< for whoever holds the file's lock
-    /// Begins such a wait in another form; nothing is shown without it.
+    std::chrono::milliseconds busyWait{30'000};        ///< the longest wait for the file's lock
+    /// Begins a wait for the lock that the user can see. If it is empty, the wait shows nothing.
     std::function<std::unique_ptr<LockWait>()> waitForLock{};
-    /// Runs after each change that this session has stored: `WriteBack` has something to do.
+    /// Runs after each change that this session has stored. `WriteBack` then has something to do.
     std::function<void()> afterChange{};
 
-    /// A column that one statement alone may read, as it is written here to the letter. No other
-    /// statement may join its table with another.
+    /// A column that only one statement, written exactly as here, may read. No other statement may
+    /// join its table with another one.
     struct Secret {
         std::string table{};
         std::string column{};
@@ -37,8 +37,8 @@ struct EmbeddedSupport {
     Secret secret{};
 };
 
-/// The one session with the database. The members are those of the data access objects that the
-/// screens rely on, no more; a failure carries the engine's own words and the source "Database".
+/// The one session with the database. It has those members of the data access objects that the
+/// screens need. A failure has the text of the engine and the source "Database".
 class Connection {
 public:
     Connection();
@@ -46,24 +46,24 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// Set before opening on an embedded database.
+    /// Requires: called before `Open`. Used only for an embedded database.
     void SetEmbeddedSupport(EmbeddedSupport support);
 
     /// Opens by the connection string "Driver=...;Server=...;Database=...". The server name
-    /// `(embedded)` selects the embedded engine, whose file `<folder>/<Database>.db` must be there:
-    /// a file that is missing, locked, write-protected or no database fails with a text that names
-    /// it. Any other server is reached through the string's ODBC driver, and what that refuses
-    /// fails in its words; a driver that is missing fails with the Debian package that brings it.
-    /// Opening an open connection fails (3705).
+    /// `(embedded)` selects the embedded engine with the file `<folder>/<Database>.db`. Any other
+    /// server is reached through the ODBC driver in the string.
+    /// Errors: 3705 if the connection is open. For the embedded engine, a text that names the file
+    /// if it is missing, locked, read-only, or not a database. For a server, the text of the
+    /// driver; if the driver is missing, the name of its Debian package.
     void Open(std::string_view connectionString, std::string_view userId = {},
               std::string_view password = {}, int options = -1);
-    /// What an open transaction has done is undone. Closing a closed connection fails (3704), as
-    /// does every member below.
+    /// Rolls back an open transaction. Errors: 3704 if the connection is closed. The same holds for
+    /// all members below.
     void Close();
     int State() const; ///< 0 closed, 1 open
 
     int ConnectionTimeout = 15; ///< seconds; read at Open
-    int CommandTimeout = 30;    ///< seconds a server may take over a statement; read at Open
+    int CommandTimeout = 30;    ///< seconds that a server may take for a statement; read at Open
     int CursorLocation = 2;     ///< 3: client-side; every recordset is a client-side copy
 
     /// The name of the database in use, without the folder or ending of an embedded file.
@@ -71,37 +71,38 @@ public:
     /// The file of an embedded database, with its folder; empty on a database server.
     std::string DatabaseFile() const;
 
-    /// Runs one statement; a query gives an open recordset, anything else a closed one. On the
-    /// embedded engine text behind the first statement is a failure, and then nothing has run; a
-    /// server runs all of it, and the first result with rows is the one that is given.
+    /// Runs one statement. A query returns an open recordset, any other statement a closed one. The
+    /// embedded engine refuses text after the first statement and then runs nothing. A server runs
+    /// the whole text; the first result with rows is returned.
     Recordset Execute(std::string_view statement, int options = -1);
 
-    /// Gives the rows of a query block by block, so that a server's result of any size takes the
-    /// memory of one block. `take` must not use this connection.
+    /// Passes on the rows of a query block by block, so that a server's result of any size needs
+    /// the memory of one block only. `take` must not use this connection.
     void ReadBlocks(std::string_view query, const BlockReader& take);
 
-    /// Runs a statement once for each row, whose fields are its parameters; on a server with many
-    /// rows in one round trip. Where it fails, some of the rows may have been stored: only a
-    /// rollback of the transaction that the caller has begun undoes that.
+    /// Runs a statement once for each row, whose fields are its parameters. A server gets many rows
+    /// in one round trip. After a failure some of the rows may have been stored. Requires: the
+    /// caller has begun a transaction, so that a rollback can undo this.
     void ExecuteForEach(std::string_view statement, const ResultSet& rows);
 
-    /// Transactions don't nest: a second one fails. The embedded engine takes the write lock with
-    /// the first statement behind it, and waits for it.
+    /// Errors: a transaction is open already; transactions cannot be nested. The embedded engine
+    /// takes the write lock, and waits for it, with the first statement of the transaction.
     void BeginTrans();
-    /// Where it fails, the transaction stays open for `RollbackTrans`.
+    /// If it fails, the transaction stays open for `RollbackTrans`.
     void CommitTrans();
-    /// Fails only where no `BeginTrans` has run. Once the engine has ended a transaction by itself,
-    /// every further statement fails until this is called: nothing of a broken save is ever
-    /// committed piece by piece.
+    /// Errors: no `BeginTrans` has run. If the engine has ended a transaction by itself, all
+    /// statements fail until this is called, so that no part of an incomplete save can be
+    /// committed.
     void RollbackTrans();
 
-    /// Brings what lies in the journal of an embedded database into its file, so that a copy of the
-    /// file alone is complete. Waits for nobody: false where others are at work in the database, or
-    /// a transaction is open, so that something may be left. True at once on a server.
+    /// Writes the contents of an embedded database's journal into its file, so that a copy of the
+    /// file is complete. Does not wait: returns false, with something possibly left in the journal,
+    /// if other sessions use the database or a transaction is open. On a server it does nothing and
+    /// returns true.
     bool WriteBack();
 
-    /// Sees every statement text that runs, in its order, before it runs: those of the callers, and
-    /// those of row writes. Transactions appear as "BeginTrans", "CommitTrans", "RollbackTrans".
+    /// Is called with the text of each statement before it runs, those of row writes included.
+    /// Transactions appear as "BeginTrans", "CommitTrans" and "RollbackTrans".
     std::function<void(std::string_view)> StatementObserver;
 
 private:

@@ -37,8 +37,8 @@ public:
     /// them first.
     virtual void ReadBlocks(std::string_view query, const BlockReader& take);
 
-    /// Runs a statement once for each row, whose fields are its parameters, in one round trip for
-    /// many rows where the engine can. Where it fails, some of the rows may have been stored.
+    /// Runs a statement once for each row, whose fields are its parameters; in one round trip for
+    /// many rows if the engine can do so. After a failure some of the rows may have been stored.
     virtual void RunForEach(std::string_view statement, const ResultSet& rows);
 
     virtual void Begin() = 0;

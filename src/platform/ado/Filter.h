@@ -11,13 +11,13 @@
 
 namespace Quillane {
 
-/// A criterion on the rows of a local copy, read once and then asked for each row. See
-/// `Recordset::SetFilter` for what it may hold.
+/// A criterion on the rows of a local copy. It is parsed once and evaluated for each row.
+/// `Recordset::SetFilter` describes the syntax.
 class Filter {
 public:
-    /// Text that is no criterion fails (3001), a field that the rows don't have fails too (3265).
+    /// Errors: 3001 if the text is not a valid criterion, 3265 if it names an unknown field.
     static Filter Parse(std::string_view criterion, const ResultSet& rows);
-    /// As Parse, but one comparison only, without AND, OR and parentheses.
+    /// Like Parse, but accepts only a single comparison, without AND, OR and parentheses.
     static Filter ParseComparison(std::string_view criterion, const ResultSet& rows);
 
     bool Fits(const ResultSet& rows, int row) const { return Fits(rows, row, nodes_.back()); }
@@ -29,7 +29,7 @@ private:
 
     struct Node {
         Operation operation = Operation::Equal;
-        std::size_t left = 0; ///< And, Or: places of the two sides
+        std::size_t left = 0; ///< And, Or: indices of the two sides
         std::size_t right = 0;
         int field = 0;
         std::optional<std::string> text;         ///< none is Null

@@ -5,10 +5,12 @@
 
 namespace Quillane {
 
-/// The small form of an ASCII, Latin, Greek or Cyrillic capital; every other character as it is.
+/// The small form of an ASCII, Latin, Greek or Cyrillic capital letter. Other characters are
+/// returned unchanged.
 char32_t Fold(char32_t character);
 
-/// Walks the characters of UTF-8 text; a byte that begins no character counts as one by itself.
+/// Iterates over the characters of UTF-8 text. A byte that begins no character counts as a
+/// character.
 class Characters {
 public:
     explicit Characters(std::string_view text) : text_(text) {}
@@ -26,7 +28,7 @@ public:
         return character;
     }
 
-    /// Moves on to an ASCII character in either case, or to the end.
+    /// Advances to an ASCII character in either case, or to the end.
     void SkipTo(char small) {
         while (!AtEnd() && Small(text_[at_]) != small)
             ++at_;

@@ -9,12 +9,12 @@ namespace Quillane {
 
 class Characters;
 
-/// A pattern of `Like`, read once: % means any run of characters, _ for one, [abc], [a-f] and
-/// [^abc] for one of a set. A bracket that is never closed means itself. Texts fit without
-/// regard to case, as in CompareText; UTF-8.
+/// A parsed pattern of `Like`: % matches any sequence of characters, _ any single one, and [abc],
+/// [a-f] and [^abc] one of a set. A bracket without a closing one is an ordinary character. Text is
+/// UTF-8 and is compared like in `CompareText`, regardless of case.
 class LikePattern {
 public:
-    /// `escape` makes the character after it plain; 0 means none.
+    /// The character after `escape` is an ordinary one; 0 means that there is no escape character.
     explicit LikePattern(std::string_view pattern, char32_t escape = 0);
 
     /// The time is proportional to the length of the text; if a part of the pattern between two %
@@ -22,19 +22,20 @@ public:
     bool Fits(std::string_view text) const;
 
 private:
-    /// One character of the text fits it or does not.
+    /// True if one character of the text matches the element.
     struct Element {
         enum class Kind { Character, Any, Set };
         Kind kind = Kind::Character;
         char32_t character = 0; ///< folded
         std::string set{};
     };
-    /// The part between two %, or between one and an end.
+    /// The part between two %, or between a % and an end.
     struct Part {
         std::vector<Element> elements{};
         bool isPlain = true; ///< only characters
         char first = 0;      ///< its first character if it is plain ASCII; 0 otherwise
-        /// Of a plain part, for so many elements found: how many of its beginning end them again.
+        /// For a plain part: after this number of matched elements, how many elements of the
+        /// beginning are also matched by their end.
         std::vector<std::size_t> repeats{};
     };
 

@@ -4,12 +4,12 @@
 
 namespace Quillane {
 
-/// A wait for whoever holds the lock of an embedded database's file. It is made when a statement
-/// finds the lock held, and goes when the statement goes on or is given up.
+/// A wait for the lock of an embedded database's file. It is created when a statement finds the
+/// file locked, and destroyed when the statement continues or fails.
 class LockWait {
 public:
     virtual ~LockWait() = default;
-    /// Lets a moment pass. False gives the statement up: it fails as locked.
+    /// Waits a moment. Returns false if the wait is cancelled: the statement then fails as locked.
     virtual bool GoOn(std::chrono::milliseconds waited) = 0;
 };
 

@@ -23,22 +23,22 @@ inline constexpr int adStateClosed = 0;
 inline constexpr int adStateOpen = 1;
 inline constexpr int adUseClient = 3;
 
-/// A client-side static copy of a query's rows. All rows are read at `Open` into one arena of cells
-/// and the engine's result is closed; `Filter`, `Find`, `Clone`, walking and `RecordCount` work on
-/// the copy alone. Field names, and values in filters, are compared without regard to case.
+/// A client-side static copy of a query's rows. `Open` reads all rows into memory and closes the
+/// engine's result. `Filter`, `Find`, `Clone`, moves and `RecordCount` use only the copy. Field
+/// names, and values in filters, are compared without regard to case.
 ///
-/// `AddNew`, `Collect`, `Update` and `Delete` become one parameterised statement each, on the table
-/// that the source names. Only assigned columns are written, a pending row reads back what was
-/// assigned, `Update` with nothing pending sends nothing, and an update or delete must hit exactly
-/// one row or it fails. The row is found by the table's key; in a table without one it is matched
-/// on all columns and the statement is limited to one row.
+/// `AddNew`, `Collect`, `Update` and `Delete` send one parameterised statement each to the table
+/// that the source names. Only assigned columns are written. A pending row returns the assigned
+/// values. `Update` without a pending change sends nothing. An update or a delete fails unless it
+/// changes exactly one row. The row is found by the table's key; in a table without one by all of
+/// its columns, with the statement limited to one row.
 ///
-/// The source of a recordset that is written through must be plain: "Select * From X", with
-/// whatever `Where` or `Order By` behind it. Moving away from a row with assigned fields sends them
-/// first, as `Update` does.
+/// A recordset can be written only if its source is plain: "Select * From X", with or without
+/// `Where` and `Order By`. A move away from a row with assigned fields first sends them, like
+/// `Update`.
 ///
-/// A recordset can be moved, not copied. What it holds can be read after the connection has closed;
-/// only writing needs the connection.
+/// A recordset can be moved, not copied. Its rows can be read after the connection has closed; only
+/// writing needs the connection.
 class Recordset {
 public:
     Recordset();
@@ -46,67 +46,69 @@ public:
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    /// An open, read-only recordset of rows that no database has given.
+    /// An open, read-only recordset of rows that come from no database.
     static Recordset Of(ResultSet rows);
 
-    /// Opening an open recordset fails (3705). A statement that gives no rows at all leaves the
-    /// recordset closed.
+    /// Errors: 3705 if the recordset is open. A statement without a result leaves the recordset
+    /// closed.
     void Open(std::string_view source, Connection& connection, int cursorType = adOpenStatic,
               int lockType = adLockReadOnly, int options = adCmdUnspecified);
-    /// Closing a closed recordset fails (3704), as does every other member but `State`. What was
-    /// assigned and not yet sent is dropped.
+    /// Assigned values that have not been sent are lost. Errors: 3704 if the recordset is closed.
+    /// The same holds for all other members except `State`.
     void Close();
     int State() const;
 
-    /// Of the rows that the filter shows.
+    /// The number of rows that the filter shows.
     int RecordCount() const;
     bool Eof() const; ///< `EOF`; that name is a macro of the C library
-    void MoveFirst(); ///< on no rows: stays at the end
-    void MoveNext();  ///< at the end it fails (3021)
-    void MoveLast();  ///< on no rows: stays at the end
+    void MoveFirst(); ///< without rows it stays at the end
+    void MoveNext();  ///< fails at the end (3021)
+    void MoveLast();  ///< without rows it stays at the end
 
-    /// 0-based place of the current row among the shown rows; RecordCount() at the end and on a new
-    /// row that is not sent yet. Setting it beyond these bounds fails (3001).
+    /// The 0-based position of the current row among the shown rows; `RecordCount()` at the end,
+    /// and on a new row that has not been sent yet. Errors: 3001 for any other position.
     int Position() const;
     void SetPosition(int position);
-    /// Runs after the current row has moved, by whatever means: a grid bound to the recordset
-    /// shares its current row.
+    /// Runs after each move of the current row. A grid that is bound to the recordset shows the
+    /// same current row.
     std::function<void()> Moved;
 
-    /// The value of a field of the current row, by name or 0-based number. No current row is a
-    /// failure (3021), an unknown field too (3265).
+    /// The value of a field of the current row, by name or 0-based number. Errors: 3021 if there is
+    /// no current row, 3265 for an unknown field.
     Value Fields(std::string_view name) const;
     Value Fields(int number) const;
     int FieldCount() const;
     const std::string& FieldName(int number) const;
-    /// A field of any shown row, for grids that paint from the copy without moving it.
+    /// A field of any shown row, for grids that paint rows without moving the current one.
     Value ValueAt(int position, int field) const;
 
-    /// Shows the rows that fit "name = 'value'", comparisons by = <> < > <= >= and Like, joined by
-    /// AND / OR with parentheses, and moves to the first. The empty text shows all rows. A value is
-    /// 'text' with apostrophes doubled, a number or Null; a comparison with a Null field never
-    /// fits, but for "= Null" and "<> Null". Numbers compare as numbers, dates as dates, all else
-    /// as text; in Like, % and * stand for any characters. A text that is no filter fails (3001),
-    /// and the filter stays as it was.
+    /// Shows the rows that match a filter and moves to the first of them. A filter consists of
+    /// comparisons such as "name = 'value'", with = <> < > <= >= or Like, joined by AND and OR with
+    /// parentheses. The empty text shows all rows. A value is a 'text' with doubled apostrophes, a
+    /// number, or Null. A comparison with a Null field never matches, except "= Null" and "<>
+    /// Null". Numbers are compared as numbers, dates as dates, everything else as text. In Like, %
+    /// and * match any characters. Errors: 3001 if the text is not a valid filter; the filter is
+    /// then not changed.
     void SetFilter(std::string_view filter);
 
-    /// Moves to the first row from the first one on that fits one comparison, or to the end. On no
-    /// rows it ends at the end, without failure.
+    /// Moves to the first row that matches one comparison, or to the end if no row matches.
     void Find(std::string_view criterion);
 
-    /// A second view on the same rows with a filter and a current row of its own.
+    /// A second view of the same rows, with its own filter and current row.
     Recordset Clone() const;
 
-    /// Begins a new row, which becomes the current one; `RecordCount` counts it once it is sent. A
-    /// recordset opened read-only (`adLockReadOnly`) fails (3251), here and on every write.
+    /// Begins a new row, which becomes the current one. `RecordCount` includes it after it has been
+    /// sent. Errors: 3251 if the recordset was opened read-only (`adLockReadOnly`), here and for
+    /// every write.
     void AddNew();
-    /// Assigns to a field of the current or the new row.
+    /// Assigns a value to a field of the current or new row.
     void Collect(std::string_view name, Value value);
-    /// Sends what was assigned. Where it fails, nothing was stored and the assigned values stay
-    /// pending. A new row then stands last; fields that were not assigned read as Null.
+    /// Sends the assigned values. After a failure nothing is stored and the assigned values are
+    /// still pending. A new row becomes the last one; its fields without an assigned value are
+    /// Null.
     void Update();
-    /// Deletes the current row; the walk goes on behind it by `MoveNext`. Until then there is no
-    /// current row. What was assigned to the row and not sent is dropped.
+    /// Deletes the current row. There is no current row until `MoveNext` moves to the one after it.
+    /// Assigned values of the row that have not been sent are lost.
     void Delete();
 
 private:

@@ -12,8 +12,8 @@
 
 namespace Quillane {
 
-/// The rows of one `Open`, shared by a recordset and its clones. Each of them has its own walk, so
-/// that all see a row that one of them adds or deletes.
+/// The rows of one `Open`, shared by a recordset and its clones. Each of these has its own current
+/// row, and all see a row that one of them adds or deletes.
 class SharedRows {
 public:
     SharedRows(ResultSet rows, RowWriter rowWriter);
@@ -24,7 +24,7 @@ public:
     const ResultSet& Cells() const { return cells_; }
     const std::vector<bool>& Deleted() const { return deleted_; }
 
-    /// Each of these first sends its statement. After a failure nothing has changed.
+    /// Each of these first sends its statement. If that fails, nothing changes.
     int Insert(const Assignments& assigned);
     void Update(int row, const Assignments& assigned);
     void Delete(int row);
@@ -32,12 +32,12 @@ public:
 private:
     ResultSet cells_;
     RowWriter writer_;
-    std::vector<bool> deleted_; ///< empty as long as no row is
+    std::vector<bool> deleted_; ///< empty if no row is
     std::vector<RowWalk*> walks_;
 };
 
-/// What an open recordset holds: its walk over the shared rows, and what was assigned to the
-/// current row and not sent yet.
+/// The state of an open recordset: its current row among the shared rows, and the assigned values
+/// that have not been sent yet.
 struct Recordset::View {
     View(std::shared_ptr<SharedRows> sharedRows, int lock);
     ~View() { rows->Remove(walk); }
@@ -57,7 +57,7 @@ struct Recordset::View {
     std::shared_ptr<SharedRows> rows;
     int lockType;
     RowWalk walk;
-    bool isAdding = false; ///< the current row is a new one that is not sent yet
+    bool isAdding = false; ///< the current row is new and has not been sent yet
     Assignments assigned;
 };
 

@@ -14,13 +14,13 @@ namespace Quillane {
 
 class ResultSet;
 
-/// Gets the rows of a query block by block. The block is valid until it returns. False ends the
-/// reading.
+/// Receives the rows of a query block by block. The block is valid until the function returns.
+/// Returning false ends the reading.
 using BlockReader = std::function<bool(const ResultSet& block)>;
 
-/// All rows of a query, read in one pass. A row is a record of fixed length, eight bytes and a
-/// kind for each field; texts are stored one after the other in a second block. A cell is found by
-/// a multiplication, and a large result takes two blocks of memory.
+/// All rows of a query, read in one pass. A row is a record of fixed length, with eight bytes and a
+/// kind for each field. Texts are stored one after the other in a second block. The address of a
+/// cell is computed by a multiplication, and a large result needs only two blocks of memory.
 class ResultSet {
 public:
     enum class Kind : std::uint8_t { Null, Whole, Real, Decimal, Text, Day };
@@ -41,7 +41,7 @@ public:
     /// The first field with this name, case-insensitive; -1 if there is none.
     int FieldNumber(std::string_view name) const;
 
-    /// A row is begun and then given its cells, every one, from the first field on.
+    /// Begins a row. All of its cells must then be added, from the first field on.
     void BeginRow() {
         row_ = cells_.Size();
         std::memset(cells_.Extend(stride_), 0, stride_);
@@ -56,15 +56,15 @@ public:
         const Span span = Store(text);
         Add(kind, &span);
     }
-    /// Drops all rows. The columns stay, and so does the memory for the next rows.
+    /// Removes all rows. The columns and the memory for rows are kept.
     void Clear();
-    /// After the last row: gives back the memory that was taken ahead.
+    /// Frees the memory that was reserved for more rows.
     void Finish();
 
     int RowCount() const { return rows_; }
     Cell CellAt(int row, int field) const;
     Value At(int row, int field) const;
-    /// Replaces one cell. A text that was there stays in the arena, unused.
+    /// Replaces one cell. The text of the old value stays in the arena, unused.
     void Set(int row, int field, const Value& value);
     /// Adds a row of Nulls.
     void AppendRow() { BeginRow(); }
@@ -102,7 +102,7 @@ private:
     Bytes cells_;
     Bytes texts_;
     std::size_t stride_ = 0;
-    std::size_t row_ = 0;  ///< place of the record that is being filled
+    std::size_t row_ = 0;  ///< position of the record that is being filled
     std::size_t next_ = 0; ///< its next field
     int rows_ = 0;
 };

@@ -8,12 +8,12 @@
 
 namespace Quillane {
 
-/// A filter and a current row on rows that several recordsets may share. A list of the shown rows
+/// A filter and a current row for rows that several recordsets may share. A list of the shown rows
 /// exists only after a filter or a deletion.
 class RowWalk {
 public:
     int Count() const { return list_ ? static_cast<int>(list_->size()) : all_; }
-    /// The row in the copy that is shown at a position.
+    /// The index in the copy of the row that is shown at a position.
     int RowAt(int position) const {
         return list_ ? (*list_)[static_cast<std::size_t>(position)] : position;
     }
@@ -32,7 +32,8 @@ public:
     /// Shows the rows that match, all without a filter, and moves to the first.
     void Show(const ResultSet& cells, const std::vector<bool>& deleted,
               std::optional<Filter> filter);
-    /// A row was added to the copy or removed from it. The current row stays.
+    /// Reports that a row was added to the copy or removed from it. The current row does not
+    /// change.
     void Include(const ResultSet& cells, int row);
     void Forget(int row);
     /// The end if the row is not shown.

@@ -15,11 +15,11 @@ namespace Quillane {
 
 class Session;
 
-/// Values given to fields, by field number, in the order in which they were given.
+/// Values assigned to fields, by field number, in the order of assignment.
 using Assignments = std::vector<std::pair<int, Value>>;
 
-/// The table of a plain source "Select * From X ...", spelled as there; empty if the source is not
-/// plain.
+/// The table of a plain source "Select * From X ...", spelled as in the source; empty if the source
+/// is not plain.
 std::string TableOfSource(std::string_view source);
 
 /// Sends the row writes of a recordset: one parameterised statement each, which must hit exactly

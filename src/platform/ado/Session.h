@@ -28,8 +28,8 @@ public:
     void RunForEach(std::string_view statement, const ResultSet& rows);
     void Begin();
     void Commit();
-    /// If none is open, fails with the text of the engine's last failure as well: a trap that rolls
-    /// back before it reports would hide it.
+    /// Errors: no transaction is open. The text then includes that of the engine's last failure,
+    /// which would otherwise be lost if an error trap rolls back before it reports.
     void Rollback();
 
     Engine& EngineInUse() { return *engine_; }

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// The pieces of a statement text, as far as its surface needs them.
+/// The kinds of tokens of a statement that the translator distinguishes.
 namespace Quillane {
 
 enum class SqlTokenKind {
@@ -13,7 +13,7 @@ enum class SqlTokenKind {
     QuotedName, ///< [x] or "x"
     String,     ///< 'x', with doubled apostrophes inside
     Number,
-    Symbol, ///< one character of anything else
+    Symbol, ///< any other single character
 };
 
 struct SqlToken {
@@ -22,8 +22,8 @@ struct SqlToken {
     std::size_t end = 0;
 };
 
-/// Takes tokens off a statement. Strings, quoted names and comments are atomic; blanks, comments
-/// and byte order marks are passed over. A quote that is never closed reaches to the end.
+/// Splits a statement into tokens. Strings, quoted names and comments are atomic. Blanks, comments
+/// and byte order marks are skipped. A quotation mark that is never closed extends to the end.
 class SqlTokens {
 public:
     explicit SqlTokens(std::string_view text) : text_(text) {}
@@ -50,7 +50,7 @@ private:
 /// The name in a word or quoted name, without its quotes.
 std::string NameOf(std::string_view token);
 
-/// Whether the text holds nothing but blanks, comments and semicolons.
+/// True if the text holds only blanks, comments and semicolons.
 bool IsBlankStatement(std::string_view text);
 
 } // namespace Quillane

@@ -4,9 +4,9 @@
 
 namespace Quillane {
 
-/// How texts compare in the database and in filters: without regard to case and to trailing blanks.
-/// Case is folded for ASCII, Latin, Greek and Cyrillic letters; text is UTF-8. Below 0, 0 or
-/// above 0.
+/// Compares texts as the database and filters do: without regard to case and to trailing blanks.
+/// Case is folded for ASCII, Latin, Greek and Cyrillic letters; text is UTF-8. The result is below
+/// 0, 0 or above 0.
 int CompareText(std::string_view left, std::string_view right);
 
 } // namespace Quillane

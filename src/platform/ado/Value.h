@@ -14,7 +14,7 @@ namespace Quillane {
 /// Text is UTF-8.
 class Value {
 public:
-    /// A decimal as the engine wrote it, kept exact: "30.000".
+    /// A decimal as the engine wrote it, with all digits: "30.000".
     struct Decimal {
         std::string digits;
         bool operator==(const Decimal&) const = default;
@@ -32,17 +32,18 @@ public:
 
     bool IsNull() const { return std::holds_alternative<std::monostate>(held_); }
 
-    /// The value as shown text. A number is in the general form (a decimal 30.000 shows as 30), a
-    /// date is YYYY-MM-DDT00:00:00. Null fails (94).
+    /// The value as text for the user. A number is in the general form, so that a decimal 30.000 is
+    /// "30"; a date is YYYY-MM-DDT00:00:00. Errors: 94 for Null.
     std::string Text() const;
-    /// As Text, but Null gives the empty text.
+    /// Like Text, but empty for Null.
     std::string TextOrEmpty() const;
 
-    /// The value as a number; text is read strictly. Null fails (94), other text fails (13).
+    /// The value as a number; text is read strictly. Errors: 94 for Null, 13 for other text.
     double Number() const;
-    /// Number, as a 32-bit whole number, ties to even; out of range fails (6).
+    /// Like Number, as a 32-bit whole number, with ties rounded to even. Errors: 6 if out of range.
     std::int32_t Long() const;
-    /// A date, or text that begins YYYY-MM-DD. Null fails (94), other values fail (13).
+    /// A date, or the date of a text that begins with YYYY-MM-DD. Errors: 94 for Null, 13 for other
+    /// values.
     Date AsDate() const;
 
     using Held = std::variant<std::monostate, std::int64_t, double, Decimal, std::string, Date>;

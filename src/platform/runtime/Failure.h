@@ -36,7 +36,8 @@ inline constexpr std::string_view SerialLine = "Serial line";
 } // namespace FailureSource
 
 /// The only exception type of the program. A procedure with an error trap catches it and calls
-/// `ShowError`. A procedure without one lets it reach the event boundary, which ends the process.
+/// `ShowError`. A procedure without one lets it propagate to the event boundary, which ends the
+/// process.
 class Failure : public std::runtime_error {
 public:
     Failure(int number, std::string_view description,

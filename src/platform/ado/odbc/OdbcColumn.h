@@ -8,16 +8,17 @@
 
 namespace Quillane {
 
-/// How the cells of a result's column are read: the form that the driver is asked for.
+/// The form in which the driver is asked for the cells of a column.
 enum class OdbcForm { Whole, Real, Decimal, Moment, Text };
 
-/// A column of a result as its driver describes it.
+/// A column of a result, as its driver describes it.
 struct OdbcColumn {
     std::string name;
     SQLSMALLINT sqlType = 0;
     OdbcForm form = OdbcForm::Text;
-    bool isLong = false;    ///< of no announced length: read in pieces
-    std::size_t width = 0;  ///< bytes of one cell in the driver's form, with a text's closing zero
+    bool isLong = false; ///< without a declared length: read in pieces
+    std::size_t width =
+        0; ///< bytes of one cell in the driver's form, with the terminating zero of a text
     SQLSMALLINT digits = 0; ///< of the fraction of a second
 
     SQLSMALLINT CType() const;
@@ -29,8 +30,8 @@ struct OdbcColumn {
 /// The columns of the statement's current result.
 std::vector<OdbcColumn> OdbcColumnsOf(const OdbcHandle& statement, int count);
 
-/// Adds a cell from the bytes that the driver left for it. `utf8` is scratch memory. A text or
-/// decimal that did not fit the announced width fails: nothing is ever cut short unseen.
+/// Adds a cell from the bytes that the driver has stored for it. `utf8` is scratch memory. Errors:
+/// a text or decimal is longer than declared; no value is ever truncated.
 void AddOdbcCell(const OdbcColumn& column, const char* data, SQLLEN length, std::string& utf8,
                  ResultSet& result);
 

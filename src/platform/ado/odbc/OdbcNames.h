@@ -8,7 +8,7 @@
 
 namespace Quillane {
 
-/// A table as the catalogue is asked for it; what a statement left out is empty.
+/// A table as the catalogue functions take it; parts that the statement does not give are empty.
 struct OdbcTable {
     std::string catalogue;
     std::string schema;
@@ -37,7 +37,7 @@ private:
 
     std::string openingQuote_;
     std::string closingQuote_;
-    SQLUSMALLINT wordCase_ = SQL_IC_MIXED; ///< what becomes of a name without quotes
+    SQLUSMALLINT wordCase_ = SQL_IC_MIXED; ///< how a name without quotes is changed
     std::vector<std::string> reserved_;    ///< in capitals, sorted
 };
 

@@ -10,28 +10,29 @@
 namespace Quillane {
 
 /// Rows whose fields are the parameters of one statement, bound as an array for each field, so that
-/// one call runs the statement for all of them. It takes as many rows as fit into some megabytes,
-/// and one at least.
+/// one call runs the statement for all rows. It takes as many rows as fit into a few megabytes, and
+/// at least one.
 ///
-/// A field goes as the kind that its cells have: whole numbers, floating numbers, or else text in
-/// UTF-16, which the server converts to what its column holds. Dates go as YYYY-MM-DDT00:00:00.
+/// The type of a field is that of its cells: whole numbers, floating-point numbers, or otherwise
+/// text in UTF-16, which the server converts to the type of its column. Dates are sent as
+/// YYYY-MM-DDT00:00:00.
 class OdbcParameterBlock {
 public:
-    /// Binds the rows from this one on to a new statement. Requires: `first` is a row.
+    /// Binds the rows from this one on to a new statement. Requires: the row `first` exists.
     OdbcParameterBlock(const OdbcHandle& statement, const ResultSet& rows, int first);
     OdbcParameterBlock(const OdbcParameterBlock&) = delete;
     OdbcParameterBlock& operator=(const OdbcParameterBlock&) = delete;
 
     int RowCount() const { return count_; }
 
-    /// Fails where a row is refused. The number of that row is not given: not every driver knows
-    /// it.
+    /// Errors: a row is refused. The failure does not give the number of the row, because not every
+    /// driver knows it.
     void Execute(std::string_view text);
 
 private:
     enum class Form { Whole, Real, Text };
 
-    /// The cells of one field; only the vector of its form is used.
+    /// The cells of one field; only the vector of its type is used.
     struct Field {
         Form form = Form::Whole;
         std::size_t longest = 1; ///< of a text, in UTF-16 units

@@ -10,11 +10,11 @@
 namespace Quillane {
 
 /// The values of a statement's parameters, bound to it in their order. The statement reads them
-/// when it is executed, so this object must live until then.
+/// when it is executed. Requires: this object lives until then.
 ///
-/// Texts and dates go as text in UTF-16, dates in the form YYYY-MM-DDT00:00:00, which the server
-/// turns into what its column holds; numbers go as the kind they are, and a decimal with all of its
-/// digits.
+/// Texts and dates are sent as text in UTF-16, dates as YYYY-MM-DDT00:00:00, which the server
+/// converts to the type of its column. Numbers are sent with their type, and a decimal with all of
+/// its digits.
 class OdbcParameters {
 public:
     OdbcParameters(const OdbcHandle& statement, std::span<const Value> values);
@@ -22,7 +22,7 @@ public:
     OdbcParameters& operator=(const OdbcParameters&) = delete;
 
 private:
-    /// What one value is read from; only one of the first four is used.
+    /// The source of one value; only one of the first four members is used.
     struct Place {
         std::int64_t whole = 0;
         double real = 0;

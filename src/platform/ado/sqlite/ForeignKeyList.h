@@ -5,9 +5,9 @@
 
 namespace Quillane {
 
-/// For `EXEC sp_fkeys @pktable_name = N'T'`: a select from the embedded schema that gives the
-/// foreign keys on T, one row for each key column, with the columns of that catalogue procedure, in
-/// the order of foreign table and key position. Empty for any other text.
+/// For `EXEC sp_fkeys @pktable_name = N'T'`: a query on the schema that returns the foreign keys
+/// that refer to T, with the columns of that procedure's result, one row for each key column,
+/// ordered by foreign table and key position. Empty for any other text.
 std::string ForeignKeyList(std::string_view statement);
 
 } // namespace Quillane

@@ -55,8 +55,8 @@ private:
     std::function<void()> afterChange_;
     SqliteWaits waits_;
     SqliteSecret secret_;
-    std::unique_ptr<sqlite3, CloseDatabase> handle_; ///< gone before what it calls
-    std::optional<SqliteStatements> statements_;     ///< gone before the handle
+    std::unique_ptr<sqlite3, CloseDatabase> handle_; ///< destroyed before what it calls
+    std::optional<SqliteStatements> statements_;     ///< destroyed before the handle
     SqliteFileWatch files_;
     bool beginsWithNextStatement_ = false;
 };

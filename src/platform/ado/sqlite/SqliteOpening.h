@@ -6,8 +6,8 @@ struct sqlite3;
 
 namespace Quillane {
 
-/// Opens the file for a station, and sets the session up: foreign keys on, a write-ahead log, every
-/// commit on the disk. Each of these fails with a text that names the file.
+/// Opens the file for a station and prepares the session: foreign keys on, a write-ahead log, and
+/// every commit flushed to the disk. Errors: the text names the file.
 sqlite3* OpenSqliteFile(const std::string& path);
 
 /// If there is a write-ahead log with contents, both files are checked: a log of an earlier state

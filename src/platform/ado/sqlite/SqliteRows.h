@@ -14,13 +14,13 @@ namespace Quillane {
 void BindSqliteParameters(sqlite3_stmt* statement, std::span<const Value> parameters);
 
 /// Steps the statement to its end and keeps all rows. Integers become whole numbers and reals
-/// floating numbers; a text in a column that is declared as some kind of DATE becomes a date where
-/// it is a whole day in the form YYYY-MM-DDT00:00:00, and stays text otherwise. False if a step
-/// fails; the engine then has the reason.
+/// floating-point numbers. A text becomes a date if its column is declared as some kind of DATE and
+/// the text is a whole day in the form YYYY-MM-DDT00:00:00; otherwise it is kept as text. Returns
+/// false if a step fails; the engine then has the reason.
 bool ReadSqliteRows(sqlite3_stmt* statement, ResultSet& result);
 
-/// Adds up to so many further rows to a result that has the statement's columns already, or none
-/// yet. False where no row is left, or where a step fails: the engine then holds the reason.
+/// Adds at most this number of rows to a result that has the statement's columns, or none yet.
+/// Returns false if there are no more rows or a step fails; the engine then has the reason.
 bool ReadSqliteBlock(sqlite3_stmt* statement, int mostRows, ResultSet& result);
 
 } // namespace Quillane

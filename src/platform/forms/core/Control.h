@@ -14,7 +14,7 @@ namespace Quillane {
 class Screen;
 
 /// Anything on a screen, shown or not. Each control registers itself with its screen when it is
-/// constructed, so the table of a screen's controls has the order of their declarations.
+/// constructed, so that the controls of a screen are listed in the order of their declarations.
 class Control {
 public:
     Control(Screen& screen, std::string name, std::string typeName);
@@ -23,7 +23,7 @@ public:
     Control& operator=(const Control&) = delete;
 
     const std::string& Name() const { return name_; }
-    /// "TextBox", "CheckBox", "TDBCombo" and so on: what code that walks the controls asks for.
+    /// "TextBox", "CheckBox", "TDBCombo" and so on: code that walks the controls compares it.
     const std::string& TypeName() const { return typeName_; }
     Screen& Owner() const { return screen_; }
 
@@ -50,7 +50,7 @@ public:
 
     bool Enabled() const { return enabled_; }
     void SetEnabled(bool enabled);
-    /// As set; a control in a hidden frame is not shown even so.
+    /// The value that was set. A visible control in a hidden frame is not shown.
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
     /// Visible and enabled, and so is every frame around it.
@@ -78,20 +78,20 @@ public:
     std::function<void()> Validate;
     std::function<void(int& key, int shift)> KeyDown;
 
-    /// What is placed in a layout.
+    /// The widget that is placed in a layout.
     virtual QWidget& Widget() = 0;
-    /// What gets Qt's focus.
+    /// The widget that gets Qt's focus.
     virtual QWidget& FocusWidget() { return Widget(); }
 
     /// Stores a pending edit (the text of a cell) and closes a list that is dropped down. Runs
-    /// before the control is left, and before the screen sees a key with Ctrl or Alt that is no
-    /// editing key: a shortcut works on what is shown.
+    /// before the control is left, and before the screen gets a key with Ctrl or Alt that is no
+    /// editing key, so that a shortcut uses what is shown.
     virtual void CommitEdit() {}
-    /// Runs first, on the active control; true uses the key up before the screen sees it. For a key
+    /// Runs first, on the active control; true uses the key up before the screen gets it. For a key
     /// that is meant only for what is dropped down, such as Esc in an open calendar.
     virtual bool HandleDropDownKey(int /*key*/, int /*shift*/) { return false; }
-    /// Whether the press of the mouse that brings the focus does nothing else. The selection that
-    /// was made on got-focus then stays.
+    /// True if the press of the mouse that brings the focus does nothing else, so that the
+    /// selection made on got-focus is kept.
     virtual bool KeepsFirstPress() const { return false; }
     /// Runs after `KeyDown` and before `Form_KeyPress`, on the active control; true uses the key
     /// up.
@@ -110,7 +110,7 @@ private:
     Colour foreColor_ = Black;
 };
 
-/// Gives the controls their places in the tab order: 0, 1, 2 and so on.
+/// Sets the tab order of the controls: 0, 1, 2 and so on.
 void NumberInTabOrder(std::initializer_list<VisualControl*> controls);
 
 } // namespace Quillane

@@ -8,7 +8,7 @@ namespace Quillane {
 
 /// Moves the keyboard focus of the X server from a window to the window `to`. To be called
 /// immediately before `from` is hidden: otherwise keys are lost until the window manager has chosen
-/// the next window. A null `to` stands for the window that will be shown next. Does nothing if
+/// the next window. A null `to` means the window that will be shown next. Does nothing if
 /// another program has the keyboard. If `from` has only just been shown, waits until the window
 /// manager has given it the keyboard. Does nothing on other systems.
 void PassKeyboard(const QWidget& from, const QWidget* to);

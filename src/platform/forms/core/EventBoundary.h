@@ -13,8 +13,8 @@ struct ScreenGone {};
 /// through Qt code.
 void RunEvent(const std::function<void()>& procedure);
 
-/// Runs the last act and ends the process immediately, without destructors. Tests may replace both
-/// by a function.
+/// Runs the last action and ends the process immediately, without destructors. Tests may replace
+/// both by a function.
 void EndProcess(int exitCode);
 /// Sets what is done before the process ends. A failure of it is ignored.
 void SetLastAct(std::function<void()> act);

@@ -51,7 +51,7 @@ private:
     QPointer<QObject> below_;
     bool awaits_ = false;
     QPointer<QWidget> window_;
-    bool inFront_;              ///< this program was active when the interruption began
+    bool inFront_;              ///< true if this program was active when the interruption began
     QPointer<QWindow> unasked_; ///< of a dialog shown while another program was active
     Interruption* outer_;
     QObject context_; ///< disconnects what Shows has connected

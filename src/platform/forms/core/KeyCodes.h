@@ -4,8 +4,8 @@ class QKeyEvent;
 
 namespace Quillane {
 
-/// Virtual key codes as screens see them in `Form_KeyDown`. Letters and digits are their capital
-/// character: 'S', '1'.
+/// Virtual key codes as screens get them in `Form_KeyDown`. The code of a letter or digit is its
+/// capital character: 'S', '1'.
 namespace Key {
 inline constexpr int Back = 8;
 inline constexpr int Tab = 9;

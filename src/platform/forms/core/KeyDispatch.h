@@ -7,7 +7,7 @@ namespace Quillane {
 class Screen;
 
 /// The handling of one key by one screen. Dispatches nest: a modal screen that a key opens handles
-/// its own keys meanwhile.
+/// its own keys before the dispatch of that key has ended.
 class KeyDispatch {
 public:
     KeyDispatch(const QEvent& event, const Screen& screen);

@@ -22,11 +22,11 @@ namespace Quillane {
 /// handlers of the controls.
 ///
 /// Loading. `Load` runs `Form_Load` once, before the window is shown and before a modal event loop
-/// starts, so that a failure there reaches whoever showed the screen. `Unload` runs `Form_Unload`,
+/// starts, so that a failure there reaches the caller. `Unload` runs `Form_Unload`,
 /// which may cancel. The window's close box and the system's close request are `Unload`. After an
 /// unload the next `Load` starts over.
 ///
-/// Focus. The screen keeps its active control itself; its logic never asks Qt. Before it is shown
+/// Focus. The screen keeps its active control itself and never asks Qt for it. Before it is shown
 /// no control is active. See VisualControl for the events.
 ///
 /// Keys. Every key reaches `Form_KeyDown` before the control that has the focus, then that
@@ -46,7 +46,7 @@ public:
     bool IsLoaded() const { return loaded_; }
     /// Shows the screen, not modally, and returns.
     void Show();
-    /// Shows the screen above `owner` and returns when it has been unloaded.
+    /// Shows the screen modally above `owner` and returns when it has been unloaded.
     void ShowModal(Screen* owner = nullptr);
     /// False if `Form_Unload` cancelled.
     bool Unload();
@@ -55,7 +55,8 @@ public:
     /// a minimise button and opens centred on the display.
     void SetOpensMaximized();
 
-    /// None before the first showing, while the screen itself has the focus, and after unloading.
+    /// None before the screen is first shown, while the screen itself has the focus, and after
+    /// unloading.
     VisualControl* ActiveControl() const { return active_; }
     /// The active control's name, or the empty text.
     std::string ActiveControlName() const;
@@ -64,34 +65,35 @@ public:
     /// ends and before the next key; the screen sees it as a key. Outside of any key's handling it
     /// is delivered at once.
     void SendTab();
-    /// What Enter does on a screen. A control whose name begins with "Btn", in any case, keeps the
-    /// key and is pressed; from any other the focus moves on as by Tab, and the key is used up.
+    /// The action of Enter on a screen. A control whose name begins with "Btn", in any case, keeps
+    /// the key and is pressed; from any other control the focus moves on as by Tab, and the key is
+    /// used up.
     void EnterAsTab(int& key);
     /// True if the active control's name begins with "Btn", in any case.
     bool ActiveControlIsButton() const;
 
-    /// Lets pending events run. Throws ScreenGone if they unloaded this screen.
+    /// Lets pending events run. Throws `ScreenGone` if they unloaded this screen.
     void DoEvents();
 
-    /// The next control in tab order that can take the focus, wrapping around: by TabIndex, ties by
+    /// The next control in tab order that can take the focus, wrapping around: by TabIndex, then by
     /// the order of declaration. From none, the first (the last, if backwards). None if no control
-    /// can.
+    /// can take it.
     VisualControl* NextInTabOrder(const VisualControl* from, bool forward = true) const;
 
     /// The screen that sees the keys of a widget: its window, or the screen that a popup (drop-down
     /// list, calendar, completer) belongs to. None for the widgets of a box or a menu.
     static Screen* Of(QWidget* widget);
-    /// The control that a widget is or is part of, popups included.
+    /// The control that contains a widget, or is the widget; popups included.
     VisualControl* ControlOf(const QWidget* widget) const;
 
-    /// Every event of the focus, in order, as "Validate Name", "LostFocus Name", "GotFocus Name",
-    /// "Form_GotFocus": for tests that hold the order.
+    /// Called for every event of the focus, in order, with "Validate Name", "LostFocus Name",
+    /// "GotFocus Name" or "Form_GotFocus". For tests of the order.
     std::function<void(const std::string&)> FocusObserver;
 
 protected:
     virtual void Form_Load() {}
     virtual void Form_Unload(bool& /*cancel*/) {}
-    /// The form itself takes the focus: no control can.
+    /// The form itself takes the focus, because no control can.
     virtual void Form_GotFocus() {}
     virtual void Form_KeyDown(int& /*key*/, int /*shift*/) {}
     virtual void Form_KeyPress(int& /*character*/) {}
@@ -110,10 +112,10 @@ private:
     friend class VisualControl;
     friend class Interruption;
 
-    /// Why the focus moves. `Unable`: the active control was disabled or hidden.
+    /// The reason why the focus moves. `Unable`: the active control was disabled or hidden.
     enum class Move { Operator, Code, Unable };
-    /// What a press of the mouse does after it has moved the focus: nothing where its control did
-    /// not get the focus, since what the press does there may depend on that.
+    /// The action of a mouse press after it has moved the focus: none if its control did not get
+    /// the focus, because the action may depend on that.
     enum class Press { Nothing, UsedUp, HandedOn };
 
     void Appear(Screen* owner);
@@ -145,7 +147,7 @@ private:
     std::string name_;
     std::vector<Control*> controls_;
     VisualControl* active_ = nullptr;
-    VisualControl* wish_ = nullptr; ///< what SetFocus asked for while a control was being left
+    VisualControl* wish_ = nullptr; ///< target of a SetFocus while a control was being left
     bool leaving_ = false;
     bool loaded_ = false;
     bool shown_ = false;

@@ -9,8 +9,8 @@
 namespace Quillane {
 
 inline QString ToQt(std::string_view text) {
-    // Qt drops a byte order mark at the beginning. A name that begins with one would not be found
-    // any more.
+    // Qt drops a byte order mark at the beginning. A name that begins with one would then not be
+    // found.
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     qsizetype marks = 0;
     for (; text.starts_with(byteOrderMark); ++marks)
