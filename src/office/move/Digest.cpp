@@ -32,7 +32,7 @@ bool IsNumber(const ResultSet::Cell& cell) {
     return cell.kind == Kind::Whole || cell.kind == Kind::Real || cell.kind == Kind::Decimal;
 }
 
-/// A decimal beyond the numbers that a double can hold would be text in an embedded database.
+/// A decimal outside the range of a double would be text in an embedded database.
 double NumberOf(const ResultSet::Cell& cell) {
     if (cell.kind == Kind::Whole)
         return static_cast<double>(cell.whole);

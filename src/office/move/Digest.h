@@ -8,16 +8,16 @@
 
 namespace Quillane::Office {
 
-/// Counts, sums and checksums of a table's rows, in whatever order they come. A number counts by
-/// its value, whether a database holds it as a whole number, a floating number or a decimal.
+/// Counts, sums and checksums of a table's rows, in any order. The value of a number is the same
+/// whether a database stores it as a whole number, a floating-point number or a decimal.
 class Digest {
 public:
     void Add(const ResultSet& block);
 
     long Rows() const { return rows_; }
     bool operator==(const Digest&) const = default;
-    /// What differs, in the first column that differs: "column NetWeight: sum 3920.5, there 3920".
-    /// The other one is of the same columns. Empty where they are equal.
+    /// Describes the difference in the first column that differs: "column NetWeight: sum 3920.5,
+    /// there 3920". Empty if the digests are equal. Requires: the other one has the same columns.
     std::string DifferenceTo(const Digest& there, const std::vector<std::string>& columns) const;
 
 private:
@@ -31,10 +31,10 @@ private:
 
     long rows_ = 0;
     std::vector<Column> columns_;
-    std::uint64_t rowsChecksum_ = 0; ///< says which values belong to one row
+    std::uint64_t rowsChecksum_ = 0; ///< shows which values belong to one row
 };
 
-/// A checksum of one row; that of `Digest`.
+/// The checksum of one row; `Digest` uses the same one.
 std::uint64_t ChecksumOfRow(const ResultSet& block, int row);
 
 } // namespace Quillane::Office

@@ -30,7 +30,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The file of the held database, in the state that this program works with.
+/// The file of the held database. Errors: this program cannot work with its state.
 EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
     EmbeddedFile* file = held.File();
     if (!file || !HoldsStationTables(*file))
@@ -50,9 +50,9 @@ EmbeddedFile& UsableFile(HeldDatabase& held, const std::string& path) {
                       "). Please check the rights in the folder and the space on its disk.");
 }
 
-/// The same database in another file. In the end it takes the place of the file, so that a station
-/// that was waiting for the file's lock cannot use it: the file that it has opened does not exist
-/// any more.
+/// A copy of the database in another file, which replaces the file at the end. A station that was
+/// waiting for the file's lock then cannot use it: the file that it has opened does not exist any
+/// more.
 class SecondFile {
 public:
     /// `reader` is left open: closing it would end this process's lock of the database.
@@ -82,10 +82,10 @@ private:
     }
 
     std::string path_;
-    std::string aside_; ///< a name that the replaced file has for a moment
+    std::string aside_; ///< the temporary name of the replaced file
 };
 
-/// What the unfinished move of this database is known by.
+/// The text that identifies the unfinished move of this database on the server.
 std::string MarkOf(const std::string& database) {
     constexpr std::size_t mostBytes = 1000;
     std::string mark =
@@ -160,12 +160,12 @@ private:
             QFile::remove(ToQt(kept));
             throw;
         }
-        // Whoever runs this may not be who runs the station.
+        // The user who runs this may not be the one who runs the station.
         CopyPermissions(kept, folder_ + "/Config.ini");
         return kept;
     }
 
-    // The station works on the server from here on: nothing is a failure any more.
+    // The station works on the server from here on, so nothing is reported as a failure any more.
     void ReplaceFile(SecondFile& second, MovedStation& moved) {
         try {
             second.PutInPlace(held_);
@@ -181,7 +181,7 @@ private:
     std::string database_;
     LongWork& work_;
     WorkLock lock_;
-    QFile reader_; ///< of the held file, and so closed after that is given up
+    QFile reader_; ///< of the held file; closed after the lock is released
     HeldDatabase held_;
     EmbeddedFile& file_;
     SourceDatabase source_;

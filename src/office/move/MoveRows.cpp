@@ -14,8 +14,8 @@ namespace Quillane::Office {
 
 namespace {
 
-/// One table after the other, each as a step of the work; `act` gets a function that is called with
-/// the number of rows done.
+/// Visits one table after the other, each as a step of the work. `act` gets a function that is
+/// called with the number of completed rows.
 using ReportRows = std::function<void(long rows)>;
 
 void ForEachTable(const SourceDatabase& source, const std::string& what, LongWork& work,
@@ -53,8 +53,8 @@ Digest DigestOnServer(const SourceTable& table, TargetDatabase& target, const Re
     return digest;
 }
 
-/// The first row of the table that is not on the server as it is here; empty where all are. Needs
-/// eight bytes for each row.
+/// The first row of the table that differs on the server; empty if all are equal. Needs eight bytes
+/// for each row.
 std::string RowThatDiffers(const SourceDatabase& source, const SourceTable& table,
                            TargetDatabase& target) {
     std::vector<std::uint64_t> there;
@@ -91,7 +91,7 @@ bool IsAmong(const std::set<std::string>& names, const std::string& name) {
         names, [&](const std::string& each) { return EqualIgnoringCase(each, name); });
 }
 
-/// The counts of rows that a move would destroy; and whether each table has as many rows as here.
+/// The counts of rows that a move would destroy, and whether each table has as many rows as here.
 struct RowsThere {
     std::string described;
     bool areAsMany = true;

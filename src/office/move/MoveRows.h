@@ -15,39 +15,39 @@ class LongWork;
 /// Moves the rows of an embedded database to a server. Nothing here depends on the kind of server.
 namespace Quillane::Office {
 
-/// The server's database may not be written: it holds what does not belong to this move.
+/// The server's database must not be written: it contains rows that do not belong to this move.
 class MoveRefused : public Failure {
 public:
     using Failure::Failure;
 };
 
-/// What a server's database holds before a move.
+/// The contents of a server's database before a move.
 enum class TargetState {
-    Free,       ///< no rows but those that the schema's script adds
-    Unfinished, ///< what an earlier move of this database has left
-    Complete    ///< all rows of the embedded database, and no others
+    Free,       ///< only the rows that the schema's script adds
+    Unfinished, ///< rows of an earlier move of this database
+    Complete    ///< exactly the rows of the embedded database
 };
 
-/// `mark` is what an unfinished move of this database is known by there. Rows of the tables in
-/// `filledBySchema` are replaced by a move. Fails (`MoveRefused`) where there are other rows than
-/// ours, or the unfinished move of another database. Throws `Cancelled` where the work is
-/// cancelled.
+/// `mark` identifies an unfinished move of this database on the server. A move replaces the rows of
+/// the tables in `filledBySchema`. Errors: `MoveRefused` if there are other rows than those of this
+/// database, or the unfinished move of another one. Throws `Cancelled` if the work is cancelled.
 TargetState LookAtTarget(const SourceDatabase& source, TargetDatabase& target,
                          const std::string& mark, const std::set<std::string>& filledBySchema,
                          LongWork& work);
 
-/// Fails where a table or a column is not on the server.
+/// Errors: a table or a column does not exist on the server.
 void CheckTables(const SourceDatabase& source, TargetDatabase& target);
 
 /// By table, in the order of the source's tables.
 using Digests = std::vector<Digest>;
 
-/// Empties the tables on the server and stores all rows there, in transactions of some hundred
-/// rows. Gives what has been stored. Throws `Cancelled` where the work is cancelled.
+/// Deletes the rows of the tables on the server and stores all rows there, in transactions of some
+/// hundred rows. Returns the digests of the stored rows. Throws `Cancelled` if the work is
+/// cancelled.
 Digests CopyRows(const SourceDatabase& source, TargetDatabase& target, LongWork& work);
 
-/// Reads all rows on the server and compares their counts, sums and checksums. Fails with the
-/// table, and with the first row that differs. Throws `Cancelled` where the work is cancelled.
+/// Reads all rows on the server and compares their counts, sums and checksums. Errors: the table,
+/// and the first row that differs. Throws `Cancelled` if the work is cancelled.
 void CompareRows(const SourceDatabase& source, const Digests& digests, TargetDatabase& target,
                  LongWork& work);
 

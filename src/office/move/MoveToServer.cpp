@@ -29,7 +29,7 @@ void MakeSchema(Connection& connection, LongWork& work) {
         throw Cancelled();
 }
 
-// Where no owner signs in, the station's own sign-in is one.
+// If no owner signs in, the station's own sign-in is that of the owner.
 void MakeReady(Connection& connection, const MoveOrder& order, LongWork& work) {
     if (!order.owner.IsGiven())
         RenewRights(connection);
@@ -37,7 +37,7 @@ void MakeReady(Connection& connection, const MoveOrder& order, LongWork& work) {
         throw Cancelled();
 }
 
-// An older one is upgraded with the rest of the schema.
+// A database with an older version is upgraded together with the rest of the schema.
 void RefuseNewerSchema(Connection& connection) {
     const double version = ReadSchemaVersion(connection);
     if (version > SchemaVersionOfProgram())

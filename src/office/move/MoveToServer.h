@@ -11,12 +11,12 @@ namespace Quillane::Office {
 struct MoveOrder {
     std::string stationFolder;
     std::string database;  ///< the file of the embedded database
-    SqlServerTarget place; ///< as the station signs in
-    OwnerSignIn owner{};   ///< who makes the schema, where the station's sign-in may not
+    SqlServerTarget place; ///< with the station's sign-in
+    OwnerSignIn owner{};   ///< the sign-in that creates the schema, if the station's may not
 };
 
-/// Moves the station as `Move` does. What is missing of the schema is made first; last, the
-/// station's sign-in is admitted and tried out.
+/// Moves the station as `Move` does. The missing parts of the schema are created first; at the end
+/// the station's sign-in gets its rights and is tested.
 std::optional<MovedStation> MoveToServer(const MoveOrder& order, LongWork& work);
 
 /// The tables of dbo into which a script for SQL Server inserts rows.

@@ -17,16 +17,16 @@ namespace Quillane::Office {
 struct SourceTable {
     std::string name;
     std::vector<std::string> columns;
-    std::vector<std::string> key; ///< columns of the primary key; empty where there is none
+    std::vector<std::string> key; ///< columns of the primary key; empty if there is none
     long rows = 0;
-    /// The last number that the table gave out by itself; 0 where it never did. It may be beyond
-    /// those of the rows.
+    /// The last number that the table has assigned itself; 0 if it has assigned none. It may be
+    /// larger than the numbers of the rows.
     std::int64_t lastNumber = 0;
 };
 
-/// The order in which rows can be stored: a table comes after the tables that it refers to.
-/// `links` are pairs of a table and one that it refers to; a table may refer to itself. Names are
-/// not case-sensitive. Tables that refer to each other fail.
+/// Sorts tables so that each one comes after those that it refers to: in this order their rows can
+/// be stored. `links` are pairs of a table and one that it refers to; a table may refer to itself.
+/// Names are not case-sensitive. Errors: two tables refer to each other.
 std::vector<std::string>
 ParentsFirst(const std::vector<std::string>& tables,
              const std::vector<std::pair<std::string, std::string>>& links);
@@ -34,12 +34,12 @@ ParentsFirst(const std::vector<std::string>& tables,
 /// The tables and rows of an embedded database. Requires: no other program changes them.
 class SourceDatabase {
 public:
-    /// The file must live as long as this.
+    /// Requires: the file outlives this object.
     explicit SourceDatabase(EmbeddedFile& file);
 
     /// All tables of the file, parents first.
     const std::vector<SourceTable>& Tables() const { return tables_; }
-    /// Gives all rows, some hundred at a time. Fails with the name of the table.
+    /// Passes on all rows, some hundred at a time. Errors: the text names the table.
     void Read(const SourceTable& table, const BlockReader& take) const;
 
 private:
@@ -52,8 +52,8 @@ private:
     std::vector<SourceTable> tables_;
 };
 
-/// The key of a row as a message names it: "ArrivalID 1042"; "number 3" in a table without a key,
-/// counted from 1.
+/// The key of a row for a message: "ArrivalID 1042"; in a table without a key the position of the
+/// row, "number 3", counted from 1.
 std::string NameOfRow(const SourceTable& table, const ResultSet& rows, int row, long number);
 
 } // namespace Quillane::Office

@@ -52,7 +52,7 @@ std::string TargetDatabase::InsertStatement(const SourceTable& table) const {
            ")";
 }
 
-// Servers spell the names of their catalogues in several ways; a statement finds the table.
+// Servers spell the names in their catalogues differently. A statement finds the table in any case.
 bool TargetDatabase::Has(const std::string& table) {
     try {
         connection_.Execute("SELECT * FROM " + Named(table) + " WHERE 1 = 0");
@@ -132,7 +132,7 @@ void TargetDatabase::FailOnRow(const SourceTable& table, const ResultSet& block,
                  "\nPlease correct this row, and try again.");
 }
 
-// Not every driver says which of many rows was refused. None is stored here.
+// Not every driver reports which of many rows was refused. None of them is stored.
 int TargetDatabase::RefusedRow(const SourceTable& table, const ResultSet& block,
                                std::string& words) {
     int row = 0;
@@ -154,7 +154,7 @@ int TargetDatabase::RefusedRow(const SourceTable& table, const ResultSet& block,
         connection_.Execute("SELECT 1");
         return row;
     } catch (const Failure&) {
-        return -1; // the server has gone, and has not refused the row
+        return -1; // the server is lost; it has not refused the row
     }
 }
 
@@ -177,7 +177,7 @@ void TargetDatabase::BeginNumbers(const SourceTable& table) {
         connection_.Execute("SET IDENTITY_INSERT " + Named(table.name) + " ON");
 }
 
-// A table without rows may or may not give out the number itself next, by its history.
+// A table without rows may or may not assign this number next, depending on its history.
 void TargetDatabase::EndNumbers(const SourceTable& table) {
     if (!NumbersItself(table))
         return;

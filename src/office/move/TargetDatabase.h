@@ -9,20 +9,20 @@
 
 namespace Quillane::Office {
 
-/// What differs from one kind of server to the other.
+/// The differences between kinds of servers.
 struct MoveDialect {
     std::string schema;         ///< precedes the name of a table: "dbo."
     std::string opening;        ///< quote of a name
     std::string closing;        ///< the same
-    std::string textType;       ///< of a column of text, without its length
-    bool hasIdentities = false; ///< knows IDENTITY_INSERT and DBCC CHECKIDENT
+    std::string textType;       ///< the type of a text column, without its length
+    bool hasIdentities = false; ///< supports IDENTITY_INSERT and DBCC CHECKIDENT
 };
 
 MoveDialect DialectOfSqlServer();
 
-/// The database on a server that the rows of an embedded one are moved to.
+/// The database on a server to which the rows of an embedded one are moved.
 ///
-/// While a move is unfinished, the table StationMove there names the database that is moved.
+/// During a move, the table StationMove there names the database that is moved.
 class TargetDatabase {
 public:
     TargetDatabase(Connection& connection, MoveDialect dialect)
@@ -30,22 +30,22 @@ public:
 
     bool Has(const std::string& table);
     long CountOf(const std::string& table);
-    /// Those of the source's columns that the table does not have.
+    /// The columns of the source that the table does not have.
     std::vector<std::string> MissingColumns(const SourceTable& table);
 
-    /// The database whose unfinished move has left its rows here; empty where there is none.
+    /// The database whose unfinished move has left its rows here; empty if there is none.
     std::string UnfinishedMove();
     void BeginMove(const std::string& ofDatabase);
     void EndMove();
 
     void Clear(const std::string& table);
-    /// Stores rows, all or none. A row that the server refuses is named in the failure: `before`
+    /// Stores rows, all or none. Errors: the text names the row that the server refuses; `before`
     /// rows of the table have been stored before these.
     void Insert(const SourceTable& table, const ResultSet& block, long before);
     void Read(const SourceTable& table, const BlockReader& take);
 
-    // Around the inserts of one table: its numbers are stored as they are, and the next one that
-    // the server gives is beyond all that have ever been given out.
+    // Called before and after the inserts into one table: its numbers are stored unchanged, and the
+    // next number of the server is larger than all that have ever been assigned.
     void BeginNumbers(const SourceTable& table);
     void EndNumbers(const SourceTable& table);
 

@@ -25,19 +25,19 @@ Digest Of(const std::vector<std::vector<Value>>& rows) {
     return digest;
 }
 
-TEST(DigestOfRows, TakesThemInAnyOrderAndInAnyBlocks) {
+TEST(DigestOfRows, DoesNotDependOnTheirOrderOrBlocks) {
     Digest inBlocks = Of({{2, "b"}});
     inBlocks.Add(Rows({{1, "a"}}));
     EXPECT_EQ(inBlocks, Of({{1, "a"}, {2, "b"}}));
 }
 
-TEST(DigestOfRows, TakesANumberByItsValue) {
+TEST(DigestOfRows, ComparesNumbersByTheirValue) {
     EXPECT_EQ(Of({{40, "a"}}), Of({{40.0, "a"}}));
     EXPECT_EQ(Of({{30.5, "a"}}), Of({{Value::Decimal{"30.5000"}, "a"}}));
     EXPECT_EQ(Of({{0.0, "a"}}), Of({{-0.0, "a"}}));
 }
 
-TEST(DigestOfRows, TellsNullTextNumberAndDateApart) {
+TEST(DigestOfRows, DistinguishesNullTextNumberAndDate) {
     const Date day = std::chrono::year(2026) / 11 / 20;
     const std::vector<Digest> all{Of({{1, Value()}}), Of({{1, ""}}),
                                   Of({{1, "0"}}),     Of({{1, 0}}),
@@ -60,7 +60,7 @@ TEST(DigestOfRows, DifferenceNamesTheFirstColumnThatDiffers) {
               "column Text: other values there");
 }
 
-TEST(DigestOfRows, NoticesValuesThatAreExchangedBetweenRows) {
+TEST(DigestOfRows, DetectsValuesExchangedBetweenRows) {
     EXPECT_EQ(Of({{1, "a"}, {2, "b"}}).DifferenceTo(Of({{1, "b"}, {2, "a"}}), {"Id", "Text"}),
               "values of different rows are exchanged there");
 }

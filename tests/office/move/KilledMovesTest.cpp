@@ -1,5 +1,5 @@
-// Moves that are killed at random moments: the station always starts on its whole old database, and
-// the next move goes through.
+// Moves that are killed at random moments: the station always starts on its complete old database,
+// and the next move succeeds.
 
 #include "MoveFixture.h"
 #include "ServerFixture.h"
@@ -20,11 +20,11 @@ int Rounds(int otherwise) {
     return given ? std::atoi(given) : otherwise;
 }
 
-/// Begins a move in a process, and returns when it runs.
+/// Begins a move in a process, and returns when it is running.
 using BeginMove = std::function<void(QProcess&)>;
 
-/// Moves that are killed within the time that a whole one takes. One in time to point the station
-/// to the server is set back.
+/// Kills moves within the time that a complete one takes. If one has already pointed the station to
+/// the server, this is undone.
 template <typename Fixture>
 class KilledMoves : public Fixture {
 protected:
@@ -51,13 +51,13 @@ protected:
             if (testing::Test::HasFailure())
                 return;
         }
-        std::cout << moved << " of " << rounds << " killed moves had been finished\n";
+        std::cout << moved << " of " << rounds << " of the killed moves had finished\n";
         TimeOf(begin);
         this->ExpectMoved(counts);
     }
 
 private:
-    /// Of a whole move from where the server's database is.
+    /// The time of a complete move to the present database on the server.
     std::chrono::microseconds TimeOf(const BeginMove& begin) {
         SetBack();
         const auto begun = Clock::now();
@@ -67,7 +67,7 @@ private:
         EXPECT_EQ(move.exitCode(), 0) << move.readAllStandardError().toStdString();
         return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begun);
     }
-    /// Whether the station had been moved. The server's database is then as good as new again.
+    /// True if the station had been moved. The server's database is then prepared like a new one.
     bool SetBack() {
         if (this->Config() == this->config)
             return false;
@@ -87,7 +87,7 @@ protected:
 
 using KilledMovesToPostgres = KilledMoves<MoveToAPostgresThatIsKilled>;
 
-TEST_F(KilledMovesToPostgres, LeaveTheOldStationWholeAndTheNextMoveGoesThrough) {
+TEST_F(KilledMovesToPostgres, LeaveTheOldStationCompleteAndTheNextMoveSucceeds) {
     AddArrivals(500);
     KillAtRandomMoments(Rounds(24), [&](QProcess& move) {
         move.start(MOVE_TO_POSTGRES, {QString::fromStdString(station.folder.path),
@@ -98,7 +98,7 @@ TEST_F(KilledMovesToPostgres, LeaveTheOldStationWholeAndTheNextMoveGoesThrough) 
 
 using KilledMovesToServer = KilledMoves<StationToMoveToServer>;
 
-TEST_F(KilledMovesToServer, LeaveTheOldStationWholeAndTheNextMoveGoesThrough) {
+TEST_F(KilledMovesToServer, LeaveTheOldStationCompleteAndTheNextMoveSucceeds) {
     KillAtRandomMoments(Rounds(3), [&](QProcess& move) {
         move.start(QUILLANE_OFFICE, CommandLine());
         ASSERT_TRUE(move.waitForStarted());

@@ -28,7 +28,7 @@ protected:
     std::string Database() const { return station.folder.File("Account1.db"); }
     std::string Config() const { return station.folder.Read("Config.ini"); }
 
-    /// The numbers of rows, counted by themselves.
+    /// The numbers of rows, counted by SQLite.
     std::map<std::string, long> Counts() {
         EmbeddedFile file(Database(), SQLITE_OPEN_READONLY);
         const SourceDatabase source(file);
@@ -44,7 +44,8 @@ protected:
             counts[table] = server.Execute("SELECT COUNT(*) FROM " + table).Fields(0).Long();
         return counts;
     }
-    /// The station starts on its whole database of before, and nothing is left next to it.
+    /// Checks that the station starts on its complete old database, and that no file is left next
+    /// to it.
     void ExpectTheOldStation(const std::map<std::string, long>& counts) {
         EXPECT_EQ(Config(), config);
         {
@@ -55,7 +56,7 @@ protected:
         EXPECT_EQ(Counts(), counts);
         EXPECT_FALSE(station.folder.Has("Account1.db.move"));
     }
-    /// As a whole mill does in a year, but the bag lines.
+    /// As many arrivals as a mill has in a year, without bag lines.
     void AddArrivals(int arrivals) {
         EmbeddedFile file(Database(), SQLITE_OPEN_READWRITE);
         file.Run("BEGIN");
@@ -113,7 +114,7 @@ protected:
     void ExpectMoved(const std::map<std::string, long>& counts) {
         EXPECT_EQ(CountsThere(server, counts), counts);
         EXPECT_EQ(Config(), PostgresTarget::Config);
-        EXPECT_EQ(Counts(), counts) << "the old file stays";
+        EXPECT_EQ(Counts(), counts) << "the old file is kept";
     }
 
     std::optional<PostgresDatabase> database;

@@ -1,4 +1,4 @@
-// The move, but for what only SQL Server has: on PostgreSQL in every run.
+// The parts of the move that do not depend on SQL Server, on PostgreSQL.
 
 #include "MoveFixture.h"
 
@@ -38,7 +38,7 @@ TEST_F(MoveToPostgres, StoresAllRowsAndPointsTheStationToTheServer) {
     EXPECT_NE(FailureOf([&] { server.Execute("SELECT * FROM StationMove"); }).Description(), "");
 }
 
-TEST_F(MoveToPostgres, KeepsTheConfigurationOfBeforeAndHidesTheNewOneFromOthers) {
+TEST_F(MoveToPostgres, KeepsThePreviousConfigurationAndHidesTheNewOneFromOthers) {
     const std::optional<MovedStation> moved = MoveIt();
     ASSERT_TRUE(moved.has_value());
     ASSERT_EQ(KeptConfigs().size(), 1U);
@@ -49,7 +49,7 @@ TEST_F(MoveToPostgres, KeepsTheConfigurationOfBeforeAndHidesTheNewOneFromOthers)
     EXPECT_EQ(rights.st_mode & 0777, 0640U);
 }
 
-TEST_F(MoveToPostgres, TextsNumbersAndDatesArriveAsTheyAre) {
+TEST_F(MoveToPostgres, TextsNumbersAndDatesAreNotChanged) {
     station.Run("UPDATE Parties SET Address = 'O''Brien \u06af\u0646\u062f\u0645 \U0001F69A ' "
                 "WHERE PartyId = '6010001'; UPDATE Arrivals SET PermitNo = '' WHERE ArrivalID = "
                 "1031; UPDATE ArrivalsBody SET NetWeight = 0.1, NoOfBags = 12.0625 WHERE ArrivalId "
@@ -69,7 +69,7 @@ TEST_F(MoveToPostgres, TextsNumbersAndDatesArriveAsTheyAre) {
     EXPECT_EQ(row.Fields(4).Number(), 12.0625);
 }
 
-TEST_F(MoveToPostgres, StationThatHasTheDatabaseOpenIsNamedAndNothingIsDone) {
+TEST_F(MoveToPostgres, OpenDatabaseIsReportedAndNothingIsDone) {
     Connection open;
     station.Open(open);
     EXPECT_TRUE(Says(FailureOfMove(), "The database " + Database() + " is in use."));
@@ -101,7 +101,7 @@ TEST_F(MoveToPostgres, StationCannotOpenTheDatabaseDuringTheMove) {
     EXPECT_EQ(tried, 1);
 }
 
-/// Lets a station wait for the lock of its file, and says when it does.
+/// Lets a station wait for the lock of its file, and reports when it waits.
 class Waiting : public LockWait {
 public:
     explicit Waiting(std::atomic<bool>& begun) { begun = true; }
@@ -111,7 +111,7 @@ public:
     }
 };
 
-TEST_F(MoveToPostgres, StationThatWaitedAllTheTimeDoesNotWorkOnTheOldFile) {
+TEST_F(MoveToPostgres, StationThatWaitedDuringTheMoveDoesNotUseTheOldFile) {
     PostgresTarget target = Target();
     std::atomic<bool> waits = false;
     std::thread starting;
@@ -149,9 +149,9 @@ TEST_F(MoveToPostgres, StationThatWaitedAllTheTimeDoesNotWorkOnTheOldFile) {
         0);
 }
 
-// ---- what the server's database holds already ----
+// ---- existing contents of the server's database ----
 
-TEST_F(MoveToPostgres, OtherArrivalsThereAreLeftAlone) {
+TEST_F(MoveToPostgres, OtherArrivalsThereAreNotChanged) {
     Target().MakeSchema(server);
     server.Execute("INSERT INTO Commodities VALUES (1, 'Barley', 1, 0, 0)");
     const std::map<std::string, long> counts = Counts();
@@ -164,7 +164,7 @@ TEST_F(MoveToPostgres, OtherArrivalsThereAreLeftAlone) {
     ExpectTheOldStation(counts);
 }
 
-TEST_F(MoveToPostgres, AsManyRowsWithOtherValuesThereAreLeftAlone) {
+TEST_F(MoveToPostgres, AsManyRowsWithOtherValuesThereAreNotChanged) {
     ASSERT_TRUE(MoveIt().has_value());
     station.folder.Write("Config.ini", config);
     server.Execute("UPDATE ArrivalsBody SET NetWeight = NetWeight + 1 WHERE ArrivalId = 1031");
@@ -172,7 +172,7 @@ TEST_F(MoveToPostgres, AsManyRowsWithOtherValuesThereAreLeftAlone) {
     EXPECT_EQ(Config(), config);
 }
 
-TEST_F(MoveToPostgres, CompleteRowsThereOnlyNeedTheStationToBePointedToThem) {
+TEST_F(MoveToPostgres, IfAllRowsAreThereOnlyTheStationIsPointedToThem) {
     ASSERT_TRUE(MoveIt().has_value());
     const std::map<std::string, long> counts = Counts();
     station.folder.Write("Config.ini", config);
@@ -181,14 +181,14 @@ TEST_F(MoveToPostgres, CompleteRowsThereOnlyNeedTheStationToBePointedToThem) {
     ExpectMoved(counts);
 }
 
-TEST_F(MoveToPostgres, UnfinishedMoveOfAnotherDatabaseIsLeftAlone) {
+TEST_F(MoveToPostgres, UnfinishedMoveOfAnotherDatabaseIsNotChanged) {
     TargetDatabase(server, PostgresTarget::Dialect()).BeginMove("gate2:/mill/Account1.db");
     EXPECT_TRUE(Says(FailureOfMove(), "the unfinished move of another database, "
                                       "gate2:/mill/Account1.db."));
     EXPECT_EQ(Config(), config);
 }
 
-TEST_F(MoveToPostgres, TableOrColumnThatIsNotThereIsNamed) {
+TEST_F(MoveToPostgres, MissingTableOrColumnIsNamed) {
     station.Run("CREATE TABLE Visitors (VisitorId INTEGER PRIMARY KEY)");
     const PostgresTarget without = Target();
     station.Run("CREATE TABLE Gatekeepers (GatekeeperId INTEGER PRIMARY KEY)");
@@ -201,7 +201,7 @@ TEST_F(MoveToPostgres, TableOrColumnThatIsNotThereIsNamed) {
     EXPECT_TRUE(MoveTo(without).has_value());
 }
 
-// ---- values that the server does not take ----
+// ---- values that the server does not accept ----
 
 TEST_F(MoveToPostgres, TextThatIsTooLongIsNamedByTableAndRow) {
     const std::map<std::string, long> counts = Counts();
@@ -234,7 +234,7 @@ TEST_F(MoveToPostgres, ValueThatTheServerChangesIsNamedByTableColumnAndRow) {
     EXPECT_EQ(Config(), config);
 }
 
-TEST_F(MoveToPostgres, RowsThatSomebodyElseAddsMeanwhileAreNoticed) {
+TEST_F(MoveToPostgres, RowsAddedByAnotherSessionAreDetected) {
     int added = 0;
     const std::string words = FailureOfMoveTo([&](MoveServer& to) {
         to.connection->StatementObserver = [&](std::string_view text) {
@@ -248,12 +248,12 @@ TEST_F(MoveToPostgres, RowsThatSomebodyElseAddsMeanwhileAreNoticed) {
     EXPECT_EQ(Config(), config);
 }
 
-// ---- broken anywhere ----
+// ---- interruptions at any statement ----
 
 class EachStatementOnPostgres : public MoveToPostgres {
 protected:
-    /// Moves, and calls a function before each statement with its number from 1 on. False where the
-    /// move was cancelled or failed; a station that has been moved is set back.
+    /// Moves, and calls a function before each statement with its number, from 1. Returns false if
+    /// the move was cancelled or failed. If the station was moved, this is undone.
     bool MovedWith(const PostgresTarget& target, const std::function<void(int)>& atStatement) {
         int statements = 0;
         const auto connect = [&](LongWork&) {
@@ -272,7 +272,7 @@ protected:
         station.folder.Write("Config.ini", config);
         return true;
     }
-    /// How many statements the move to an empty database takes.
+    /// The number of statements of a move to an empty database.
     int CountStatements() {
         const PostgresDatabase fresh;
         int count = 0;
@@ -284,7 +284,7 @@ protected:
     std::string words; ///< of the failure
 };
 
-TEST_F(EachStatementOnPostgres, CancelledMoveLeavesTheStationAndTheNextOneGoesThrough) {
+TEST_F(EachStatementOnPostgres, CancelledMoveKeepsTheStationAndTheNextOneSucceeds) {
     const std::map<std::string, long> counts = Counts();
     const int statements = CountStatements();
     const PostgresTarget target = Target();
@@ -305,7 +305,7 @@ TEST_F(EachStatementOnPostgres, CancelledMoveLeavesTheStationAndTheNextOneGoesTh
     ExpectMoved(counts);
 }
 
-TEST_F(EachStatementOnPostgres, ServerThatGoesAtAStatementLeavesTheStation) {
+TEST_F(EachStatementOnPostgres, LostServerAtAnyStatementKeepsTheStation) {
     const std::map<std::string, long> counts = Counts();
     const int statements = CountStatements();
     ServerRelay relay(database->ConnectionString());
@@ -329,7 +329,7 @@ TEST_F(EachStatementOnPostgres, ServerThatGoesAtAStatementLeavesTheStation) {
     ExpectMoved(counts);
 }
 
-TEST_F(MoveToPostgres, ServerThatDoesNotAnswerChangesNothing) {
+TEST_F(MoveToPostgres, UnresponsiveServerChangesNothing) {
     const std::map<std::string, long> counts = Counts();
     const PostgresTarget away = TargetBy("Driver=PostgreSQL Unicode;Server=127.0.0.1;Port=1;"
                                          "Database=postgres;UID=a;PWD=b");

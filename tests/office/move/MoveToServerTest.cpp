@@ -1,4 +1,5 @@
-// The move to SQL Server, with what only that has: the schema's script, identities, roles.
+// The move to SQL Server, with the parts that only SQL Server has: the schema's script, identities,
+// roles.
 
 #include "ServerFixture.h"
 
@@ -22,7 +23,7 @@ protected:
     Value Ask(const std::string& query) { return server.Execute(query).Fields(0); }
 };
 
-TEST_F(MovedToSqlServer, StationWorksOnTheServerFromThenOn) {
+TEST_F(MovedToSqlServer, StationWorksOnTheServerAfterTheMove) {
     const std::map<std::string, long> counts = Counts();
     const auto moved = MoveIt();
     ASSERT_TRUE(moved.has_value());
@@ -43,7 +44,7 @@ TEST_F(MovedToSqlServer, StationWorksOnTheServerFromThenOn) {
     EXPECT_TRUE(Ask("SELECT OBJECT_ID(N'dbo.StationMove')").IsNull());
 }
 
-TEST_F(MovedToSqlServer, NumberOfABagLineThatWasGivenOutIsNeverGivenOutAgain) {
+TEST_F(MovedToSqlServer, NumberOfABagLineIsNeverReused) {
     station.Run("UPDATE sqlite_sequence SET seq = seq + 50 WHERE name = 'ArrivalsBody'");
     const double last = station.Rows("SELECT seq FROM sqlite_sequence WHERE name = 'ArrivalsBody'")
                             .at(0)
@@ -62,7 +63,7 @@ TEST_F(MovedToSqlServer, NumberOfABagLineThatWasGivenOutIsNeverGivenOutAgain) {
     server.Execute("INSERT INTO dbo.PurchaseBody (PurchaseId) VALUES (1)");
 }
 
-TEST_F(MovedToSqlServer, OwnerMakesTheTablesAndAdmitsTheStation) {
+TEST_F(MovedToSqlServer, OwnerCreatesTheTablesAndGivesTheStationItsRights) {
     const ServerLogin gate(server, "Gate-2026");
     MoveOrder order = Order();
     order.owner = {.userName = order.place.userName, .password = order.place.password};
@@ -85,7 +86,7 @@ TEST_F(MovedToSqlServer, WrongPasswordIsReportedAndNothingIsDone) {
     EXPECT_TRUE(Ask("SELECT OBJECT_ID(N'dbo.Arrivals')").IsNull());
 }
 
-TEST_F(MovedToSqlServer, SignInThatMayMakeNoTablesIsReportedAndNothingIsDone) {
+TEST_F(MovedToSqlServer, SignInThatMayNotCreateTablesIsReportedAndNothingIsDone) {
     const std::map<std::string, long> counts = Counts();
     const ServerLogin gate(server, "Gate-2026");
     server.Execute("CREATE USER [" + gate.name + "] FOR LOGIN [" + gate.name + "]");
@@ -98,7 +99,7 @@ TEST_F(MovedToSqlServer, SignInThatMayMakeNoTablesIsReportedAndNothingIsDone) {
     ExpectTheOldStation(counts);
 }
 
-TEST_F(MovedToSqlServer, NewerSchemaIsLeftAlone) {
+TEST_F(MovedToSqlServer, NewerSchemaIsNotChanged) {
     const std::map<std::string, long> counts = Counts();
     server.Execute("CREATE TABLE dbo.StationSchema (SchemaVersion float NOT NULL)");
     server.Execute("INSERT INTO dbo.StationSchema VALUES (99)");
@@ -109,7 +110,7 @@ TEST_F(MovedToSqlServer, NewerSchemaIsLeftAlone) {
     ExpectTheOldStation(counts);
 }
 
-TEST_F(MovedToSqlServer, SchemaThatIsPartlyThereIsCompleted) {
+TEST_F(MovedToSqlServer, IncompleteSchemaIsCompleted) {
     const std::map<std::string, long> counts = Counts();
     int batches = 0;
     RunScript(server, DatabaseScripts::SqlServerSchema, [&](int, int) { return ++batches < 9; });
@@ -118,14 +119,14 @@ TEST_F(MovedToSqlServer, SchemaThatIsPartlyThereIsCompleted) {
     ExpectMoved(counts);
 }
 
-TEST_F(MovedToSqlServer, SchemaMadeByHandBeforeIsFilled) {
+TEST_F(MovedToSqlServer, SchemaCreatedByHandIsFilled) {
     const std::map<std::string, long> counts = Counts();
     RunScript(server, DatabaseScripts::SqlServerSchema);
     ASSERT_TRUE(MoveIt().has_value());
     ExpectMoved(counts);
 }
 
-TEST_F(MovedToSqlServer, ArrivalsOfAnotherStationAreLeftAlone) {
+TEST_F(MovedToSqlServer, ArrivalsOfAnotherStationAreNotChanged) {
     const std::map<std::string, long> counts = Counts();
     SetUpSqlServerDatabase(server, SampleParticulars());
     server.Execute("UPDATE dbo.ArrivalsBody SET NetWeight = NetWeight + 1");
@@ -134,7 +135,7 @@ TEST_F(MovedToSqlServer, ArrivalsOfAnotherStationAreLeftAlone) {
     ExpectTheOldStation(counts);
 }
 
-TEST_F(MovedToSqlServer, TextThatIsTooLongIsNamedAndTheNextMoveGoesThrough) {
+TEST_F(MovedToSqlServer, TextThatIsTooLongIsNamedAndTheNextMoveSucceeds) {
     const std::map<std::string, long> counts = Counts();
     station.Run("UPDATE Arrivals SET PermitNo = '" + std::string(31, '7') +
                 "' WHERE ArrivalID = 1036");

@@ -8,17 +8,17 @@
 namespace Quillane::Office {
 
 /// A PostgreSQL server as the target of a move: the tables of an embedded database with their keys,
-/// and some rows that making them stores, as on SQL Server.
+/// and some rows that their creation stores, as on SQL Server.
 class PostgresTarget {
 public:
-    /// Reads the tables of the file, which nobody may hold.
+    /// Reads the tables of the file. Requires: the file is not locked.
     PostgresTarget(const std::string& file, std::string connectionString, std::string folder);
 
     MoveServer Connect() const;
-    /// Makes what is missing of the tables.
+    /// Creates the missing tables.
     void MakeSchema(Connection& connection) const;
 
-    /// What the station's Config.ini holds after the move.
+    /// The contents of the station's Config.ini after the move.
     static constexpr const char* Config = "Server=books;Database=Account1\n";
     static MoveDialect Dialect() {
         return {.schema = {}, .opening = {}, .closing = {}, .textType = "varchar"};

@@ -11,7 +11,7 @@
 namespace Quillane::Office {
 
 /// A station on an embedded database with the sample rows, and an empty database on the SQL Server
-/// that the tests are given.
+/// of the test run.
 class StationToMoveToServer : public StationToMove {
 protected:
     StationToMoveToServer() { server.Open(database.ConnectionString()); }
@@ -49,9 +49,9 @@ protected:
     void ExpectMoved(const std::map<std::string, long>& counts) {
         EXPECT_EQ(CountsThere(server, counts), counts);
         EXPECT_EQ(Config(), ConfigFileText(ConfigFragment(Place(), DriverOfThisSystem())));
-        EXPECT_EQ(Counts(), counts) << "the old file stays";
+        EXPECT_EQ(Counts(), counts) << "the old file is kept";
     }
-    /// The rows of the server's database go.
+    /// Deletes the rows of the server's database.
     void ForgetMove() {
         EmbeddedFile file(Database(), SQLITE_OPEN_READONLY);
         TargetDatabase target(server, DialectOfSqlServer());

@@ -15,7 +15,7 @@ TEST(ParentsFirst, PutsEachTableAfterThoseThatItRefersTo) {
               Names({"d", "c", "a", "b"}));
 }
 
-TEST(ParentsFirst, LetsATableReferToItselfAndToOneThatIsNotThere) {
+TEST(ParentsFirst, AllowsATableToReferToItselfAndToAMissingOne) {
     EXPECT_EQ(ParentsFirst({"a", "b"}, {{"a", "a"}, {"a", "gone"}}), Names({"a", "b"}));
 }
 
@@ -43,7 +43,7 @@ TEST_F(SourceOfAMove, HasAllTablesWithTheirKeysAndCounts) {
     EXPECT_EQ(body->lastNumber, file.FirstNumber("SELECT max(LineId) FROM ArrivalsBody"));
 }
 
-TEST_F(SourceOfAMove, GivesAllRowsInBlocks) {
+TEST_F(SourceOfAMove, ReturnsAllRowsInBlocks) {
     AddArrivals(1500);
     EmbeddedFile file(Database(), SQLITE_OPEN_READONLY);
     const SourceDatabase source(file);

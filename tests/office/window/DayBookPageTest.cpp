@@ -86,7 +86,7 @@ TEST_F(OfficeDayBookPage, ShowsTodayAndItsSumAtTheStart) {
     EXPECT_NE(Texts().find("3 arrivals, 1 of them still inside and in no sum."), std::string::npos);
 }
 
-TEST_F(OfficeDayBookPage, PeriodVehicleAndTabsAreWorkedByKeys) {
+TEST_F(OfficeDayBookPage, PeriodVehicleAndTabsAreOperatedByKeys) {
     Show();
     Press(*window, Qt::ALT | Qt::Key_P);
     Press(*window, Qt::Key_Down); // yesterday
@@ -136,7 +136,7 @@ TEST_F(OfficeDayBookPage, CancelledReadingIsReportedAndNotPrinted) {
               "press F5 to read it again.");
 }
 
-TEST_F(OfficeDayBookPage, FilesHoldTheShownTable) {
+TEST_F(OfficeDayBookPage, FilesContainTheShownTable) {
     Show();
     std::vector<QString> proposed;
     made->ChooseFile = [&](const QString& name, const QString&) {
