@@ -35,7 +35,8 @@ bool CreateDatabaseDialog::Validate() {
     if (TxtPassword.Text().empty())
         return Refuse(TxtPassword, "Please give the first user a password.");
     if (TxtPassword.Text() != TxtPasswordAgain.Text())
-        return Refuse(TxtPasswordAgain, "The two passwords differ. Please type it again.");
+        return Refuse(TxtPasswordAgain,
+                      "The two passwords differ. Please type the password again.");
     return RefuseTooLong();
 }
 

@@ -119,7 +119,7 @@ TEST_F(CreateDatabase, RefusesInvalidEntriesAndKeepsThem) {
         {&CreateDatabaseDialog::TxtUserName, " ", "nadia", "Please give the first user's name."},
         {&CreateDatabaseDialog::TxtPassword, "", "grain", "Please give the first user a password."},
         {&CreateDatabaseDialog::TxtPasswordAgain, "Grain", "grain",
-         "The two passwords differ. Please type it again."},
+         "The two passwords differ. Please type the password again."},
     };
     const VisitModal visit([&](Screen& screen) {
         auto& dialog = dynamic_cast<CreateDatabaseDialog&>(screen);

@@ -101,6 +101,18 @@ std::string LastOne(std::string_view name) {
            "Give another user level 1 first.";
 }
 
+/// Makes the user the current one. Returns the reason why it may not be changed; empty if it may.
+std::string MoveToChange(LockedUsers& users, const User& shown, bool losesFullRights) {
+    if (!users.MoveTo(shown.name))
+        return NoSuchUser(shown.name);
+    if (std::string why = users.WhyNotAsShown(shown); !why.empty())
+        return why;
+    if (losesFullRights && users.IsLastWithFullRights())
+        return LastOne(shown.name);
+    users.MoveTo(shown.name);
+    return {};
+}
+
 } // namespace
 
 std::vector<User> ReadUsers(Connection& connection) {
@@ -167,13 +179,8 @@ std::string SetLevel(Connection& connection, const User& shown, std::int32_t lev
         return why;
     Transaction transaction(connection);
     LockedUsers users(connection);
-    if (!users.MoveTo(shown.name))
-        return NoSuchUser(shown.name);
-    if (std::string why = users.WhyNotAsShown(shown); !why.empty())
+    if (std::string why = MoveToChange(users, shown, level != FullRights); !why.empty())
         return why;
-    if (level != FullRights && users.IsLastWithFullRights())
-        return LastOne(shown.name);
-    users.MoveTo(shown.name);
     users.Rows().Collect("UserLevel", level);
     users.Rows().Update();
     transaction.Commit();
@@ -183,13 +190,8 @@ std::string SetLevel(Connection& connection, const User& shown, std::int32_t lev
 std::string RemoveUser(Connection& connection, const User& shown) {
     Transaction transaction(connection);
     LockedUsers users(connection);
-    if (!users.MoveTo(shown.name))
-        return NoSuchUser(shown.name);
-    if (std::string why = users.WhyNotAsShown(shown); !why.empty())
+    if (std::string why = MoveToChange(users, shown, true); !why.empty())
         return why;
-    if (users.IsLastWithFullRights())
-        return LastOne(shown.name);
-    users.MoveTo(shown.name);
     users.Rows().Delete();
     transaction.Commit();
     return {};
