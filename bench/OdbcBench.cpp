@@ -210,10 +210,10 @@ void Measure(const std::string& server, const std::string& connectionString) {
     const Action openOneOnKept = Repeating(oneRowTimes, [&] { OpenOneRowOnKeptHandle(kept); });
     PrintHeading(server);
     PrintLine("all rows", rowCount, SideBySide(turns, open, bare), limit);
-    PrintLine("all rows, bare in the station's set", rowCount,
+    PrintLine("all rows, converted by the driver", rowCount,
               SideBySide(turns, open, bareInStationsSet), limit);
     PrintLine("one row, 300 times", 1, SideBySide(turns, openOne, openOneBare), limit);
-    PrintLine("one row, bare on one statement handle", 1, SideBySide(turns, openOne, openOneOnKept),
+    PrintLine("one row, one handle for all queries", 1, SideBySide(turns, openOne, openOneOnKept),
               limit);
 }
 

@@ -170,10 +170,10 @@ private:
         try {
             second.PutInPlace(held_);
         } catch (const Failure& failure) {
-            moved.notes.push_back("A station that was starting during the move may work on the old "
-                                  "database still. Please close every station, and start it again. "
-                                  "(" +
-                                  failure.Description() + ")");
+            moved.notes.push_back(
+                "A station that was starting during the move may still use the old "
+                "database. Close every station and start it again. (" +
+                failure.Description() + ")");
         }
     }
 
