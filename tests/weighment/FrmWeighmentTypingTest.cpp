@@ -137,6 +137,7 @@ TEST_F(FrmWeighmentTyping, DigitsTypedAfterASaveChangeTheDateAndTheScreen) {
     answers.Expect(SaveQuestion, BoxAnswer::No);
     Driver().Press(Qt::CTRL | Qt::Key_S);
     EXPECT_EQ(ShownDate(screen->DtpArrivalDate.Value()), "10/04/2026");
+    EXPECT_EQ(std::ranges::count(screen->CurrentHints().notes, "The date is not today."), 1);
 }
 
 TEST_F(FrmWeighmentTyping, OtherBoxesAcceptAnyCharacter) {

@@ -158,6 +158,12 @@ TEST_F(LoadArrival, RoundsTheRunningSumsAtEachRow) {
     EXPECT_EQ(screen->TxtNetWeight.Text(), "294");
 }
 
+TEST_F(LoadArrival, LosesASmallDeductionOverManyLines) {
+    Store(2000, std::vector<StoredLine>(10, {.otherDeduction = "0.3"}));
+    Open(2000);
+    EXPECT_EQ(Weights(), "10000 /  / 10000 / 0 / 10000 / 250-0") << "3 kg were deducted";
+}
+
 // A tie is rounded to the even sum, not to the even share.
 TEST_F(LoadArrival, RoundsTheSumAndNotTheShareOfTheRow) {
     Store(2000, {{.bags = "1", .bagWeight = "101", .otherDeduction = "1"},
