@@ -4,6 +4,7 @@
 #include "platform/runtime/Text.h"
 #include "slip/SlipRounding.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Quillane {
@@ -103,12 +104,13 @@ LoadWeights WeightsOf(const SlipSums& lines, double initialGross, double net) {
 
 namespace {
 
+/// The texts of a column that are not empty.
 std::vector<std::string> TextsOf(const Recordset& rows, std::string_view column) {
     const int field = FieldNumber(rows, column);
     std::vector<std::string> texts;
     for (int row = 0; row < rows.RecordCount(); ++row) {
         std::string text = rows.ValueAt(row, field).TextOrEmpty();
-        if (!Trim(text).empty())
+        if (!text.empty())
             texts.push_back(std::move(text));
     }
     return texts;
@@ -118,7 +120,9 @@ std::vector<std::string> TextsOf(const Recordset& rows, std::string_view column)
 
 std::string FirstTextOf(const Recordset& rows, std::string_view column) {
     const auto texts = TextsOf(rows, column);
-    return texts.empty() ? std::string() : texts.front();
+    const auto first = std::find_if(texts.begin(), texts.end(),
+                                    [](const std::string& text) { return !Trim(text).empty(); });
+    return first == texts.end() ? std::string() : *first;
 }
 
 std::string LastTextOf(const Recordset& rows, std::string_view column) {

@@ -51,8 +51,10 @@ struct LoadWeights {
 /// An initial gross of 0 means none: the gross is then that of the lines.
 LoadWeights WeightsOf(const SlipSums& lines, double initialGross, double net);
 
-/// The first or the last text of a column that is not blank, over all rows.
+/// The first text of a column that is not blank, over all rows.
 std::string FirstTextOf(const Recordset& rows, std::string_view column);
+/// The last text of a column that is not empty, over all rows. Blanks count as a text, as they do
+/// when the screen opens an arrival.
 std::string LastTextOf(const Recordset& rows, std::string_view column);
 
 } // namespace Quillane

@@ -72,8 +72,9 @@ TEST(SlipFigures, FindTheFirstAndTheLastTextOfAColumn) {
     database.AddLine(1, {.vehicle = "LEB-4217"});
     database.AddLine(1, {.vehicle = "other"});
     database.AddLine(1, {.vehicle = " "});
+    database.AddLine(1, {.vehicle = ""});
     EXPECT_EQ(FirstTextOf(*database.RowsOf(1), "vehicleno"), "LEB-4217");
-    EXPECT_EQ(LastTextOf(*database.RowsOf(1), "vehicleno"), "other");
+    EXPECT_EQ(LastTextOf(*database.RowsOf(1), "vehicleno"), " ");
     for (const auto textOf : {FirstTextOf, LastTextOf}) {
         EXPECT_EQ(textOf(*database.RowsOf(1), "CenterName"), "");
         EXPECT_EQ(textOf(*database.RowsOf(5), "VehicleNo"), "");

@@ -72,9 +72,12 @@ TEST_F(SlipPages, HaveNoLargeGapBeforeTheLastRows) {
 
 TEST_F(SlipPages, ShowTheVehicleOfTheScreenIfRowsDiffer) {
     database_.AddArrival(1, "6001");
-    for (const char* vehicle : {"LEA-1", "", "LEB-4217", "  "})
+    const std::pair<const char*, const char*> rows[] = {
+        {"LEA-1", "LEA-1"}, {"", "LEA-1"}, {"LEB-4217", "LEB-4217"}, {"  ", "  "}};
+    for (const auto& [vehicle, shown] : rows) {
         database_.AddLine(1, {.tare = 1, .vehicle = vehicle});
-    EXPECT_EQ(ValueOf(Pages(1).at(0), "Vehicle No."), "LEB-4217");
+        EXPECT_EQ(ValueOf(Pages(1).at(0), "Vehicle No."), shown);
+    }
 }
 
 TEST_F(SlipPages, ShowNoPhoneOrEmailCaptionWithoutAValue) {
