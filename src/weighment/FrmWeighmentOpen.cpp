@@ -10,6 +10,17 @@
 
 namespace Quillane {
 
+namespace {
+
+/// A save would store them as lines of 0 bags. A row that failed after its first cell keeps its
+/// line, since the screen shows it.
+void DropUnreadLines(RowArray& bagRows, int failed) {
+    const bool isBegun = !bagRows.Get(failed, 0).empty();
+    bagRows.ReDim(isBegun ? failed : failed - 1, bagRows.ColumnCount() - 1);
+}
+
+} // namespace
+
 void FrmWeighment::BtnOpen_Click() {
     try {
         std::int16_t askTheOperator = 0;
@@ -78,11 +89,17 @@ void FrmWeighment::ShowRows(Recordset& rows) {
     const int lines = rows.RecordCount();
     BagRows.Clear();
     BagRows.ReDim(lines - 1, Grid.ColumnCount() - 1);
-    for (int line = 0; line < lines; ++line) {
-        if (line == 0)
-            ShowHeader(rows);
-        ShowBagLine(rows, line);
-        rows.MoveNext();
+    int line = 0;
+    try {
+        for (; line < lines; ++line) {
+            if (line == 0)
+                ShowHeader(rows);
+            ShowBagLine(rows, line);
+            rows.MoveNext();
+        }
+    } catch (const Failure&) {
+        DropUnreadLines(BagRows, line);
+        throw;
     }
     Grid.ReBind();
     Grid.Refresh();

@@ -179,6 +179,37 @@ TEST_F(UnreadableRows, AreSavedAsFarAsTheyAreShown) {
               (std::vector<Lines>{{"1", "1", "45", "'LES-1090'"}, {"3", "3", "0", "''"}}));
 }
 
+// A third row follows the one that cannot be read.
+TEST_F(UnreadableRows, LeaveNoLineOfTheRowsThatFollow) {
+    database.Loosen("ArrivalsBody");
+    Store(2000, {{.vehicle = "'LEA-1'"}, {.bags = "Null"}, {.bags = "30"}});
+    {
+        BoxAnswers boxes;
+        boxes.Expect(Critical("Invalid use of Null", "Quillane"));
+        Open(2000);
+    }
+    const Lines read{"Jute New | 100 Kg | 10", "Jute New | 100 Kg | "};
+    EXPECT_EQ(BagLines(), read);
+    EXPECT_EQ(SeenLines(), read);
+    screen->TxtArrivalId.SetText("2001");
+    Save();
+    EXPECT_EQ(Body("BagsClassId, BagsTypeId, NoOfBags", 2001),
+              (std::vector<Lines>{{"1", "1", "10"}, {"1", "1", "0"}}));
+}
+
+// Nothing of that row has been read: it leaves no line either.
+TEST_F(UnreadableRows, LeaveNoLineWithoutACell) {
+    database.Loosen("BagsClasses");
+    RunBeside("UPDATE BagsClasses SET BagsClass = Null WHERE BagsClassId = 3");
+    Store(2000, {{}, {.bagClass = "3"}, {.bags = "30"}});
+    BoxAnswers boxes;
+    boxes.Expect(Critical("Invalid use of Null", "Quillane"));
+    Open(2000);
+    const Lines read{"Jute New | 100 Kg | 10"};
+    EXPECT_EQ(BagLines(), read);
+    EXPECT_EQ(SeenLines(), read);
+}
+
 // No cell of the previous arrival remains in the array or on the screen.
 TEST_F(UnreadableRows, ShowNoCellOfTheArrivalThatWasOpenBefore) {
     database.Loosen("ArrivalsBody");
