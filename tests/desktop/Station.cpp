@@ -3,6 +3,7 @@
 #include "data/CompanyProfile.h"
 #include "data/Con.h"
 #include "platform/comm/MSComm.h"
+#include "platform/comm/StationPorts.h"
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "platform/host/StationFile.h"
@@ -59,7 +60,7 @@ void Station::SetUp() {
     SetStationFolder(folder->path);
     TheStation() = StationFile();
     TheStation().Ports[1] = folder->File("scale");
-    MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
+    UseStationPorts();
     SetBoxPresenter({});
     boxes.emplace();
     end.emplace();
@@ -75,6 +76,7 @@ void Station::TearDown() {
     boxes.reset();
     ForbidUnexpectedBoxes();
     MSComm::SetDevices({});
+    MSComm::SetWholeBursts({});
     SetStationFolder("");
     TheStation() = StationFile();
     indicator.reset();

@@ -5,11 +5,10 @@
 #include "office/window/OfficeBoxes.h"
 #include "office/window/OfficeWindow.h"
 #include "platform/ado/Connection.h"
-#include "platform/comm/MSComm.h"
+#include "platform/comm/StationPorts.h"
 #include "platform/forms/core/Boxes.h"
 #include "platform/forms/core/Text.h"
 #include "platform/forms/dialogs/WaitingScreen.h"
-#include "platform/host/StationFile.h"
 #include "signin/UserLogin.h"
 
 #include <QApplication>
@@ -75,8 +74,7 @@ bool Restore(const std::string& database, const std::string& copy) {
 } // namespace
 
 int RunOffice(const std::function<void(Connection&)>& open, const std::string& folder) {
-    MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
-    MSComm::SetWholeBursts([](int port) { return TheStation().WholeBursts.contains(port); });
+    UseStationPorts();
     bool isSignedIn = false;
     for (bool again = false;; again = true) {
         Connection connection;

@@ -1,4 +1,4 @@
-#include "platform/comm/MSComm.h"
+#include "platform/comm/StationPorts.h"
 #include "platform/forms/core/Application.h"
 #include "platform/forms/core/EventBoundary.h"
 #include "platform/forms/core/Text.h"
@@ -44,8 +44,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s See --help.\n", command.fault.c_str());
         return WrongArguments;
     }
-    MSComm::SetDevices([](int port) { return TheStation().PortDevice(port); });
-    MSComm::SetWholeBursts([](int port) { return TheStation().WholeBursts.contains(port); });
+    UseStationPorts();
     RunEvent([&command] { Start(command.station); });
     // Ends the process without destroying the screens.
     EndProcess(Application::exec());
