@@ -4,7 +4,7 @@ import os
 import re
 import subprocess
 
-from conditions import Missed, wait_until
+from conditions import DEADLINE, Missed, wait_until
 
 
 def run(*command):
@@ -70,7 +70,7 @@ def has_keyboard(window):
     return found is not None and found.strip() == window
 
 
-def wait_for_window(program, process, title, deadline=20.0):
+def wait_for_window(program, process, title, deadline=DEADLINE):
     """Waits until a window is active and returns it; fails early if its program has ended."""
 
     def is_active():
@@ -86,7 +86,7 @@ def wait_for_window(program, process, title, deadline=20.0):
         raise Missed(f'{missed}; the active window is "{title_of(active_window())}"') from None
 
 
-def wait_gone(window, title, deadline=20.0):
+def wait_gone(window, title, deadline=DEADLINE):
     wait_until(f'the window "{title}" to close', lambda: window not in windows(title), deadline)
 
 

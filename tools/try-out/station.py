@@ -4,7 +4,7 @@ import os
 import subprocess
 
 import rows
-from conditions import Missed, wait_until
+from conditions import DEADLINE, Missed, wait_until
 from display import (Display, active_window, coloured_area, crop_to_window, dark_area, picture,
                      press, rest, wait_for_window, wait_gone, write)
 from indicator import Indicator
@@ -43,7 +43,7 @@ class Station:
                                             stderr=log)
 
     def wait_for_end(self):
-        if self.process.wait(20) != 0:
+        if self.process.wait(DEADLINE) != 0:
             raise Missed(f"the station ended with code {self.process.returncode}")
 
     def stop(self):
@@ -68,7 +68,7 @@ class Station:
         if self.guide and name in self.guide_names:
             crop_to_window(file, active_window(), self.guide / f"{name}.png")
 
-    def window(self, title, deadline=20.0):
+    def window(self, title, deadline=DEADLINE):
         """Waits for a window; fails early if the program has ended."""
         return wait_for_window("the station", self.process, title, deadline)
 
