@@ -6,6 +6,7 @@
 #include "platform/runtime/Text.h"
 #include "setup/DatabaseScripts.h"
 #include "setup/SchemaUpgrade.h"
+#include "setup/ScriptBatches.h"
 #include "station/SystemStatements.h"
 
 #include <algorithm>
@@ -164,6 +165,17 @@ TEST_F(UntidySite, ASecondSetUpChangesNothing) {
     SetUpSqlServerDatabase(*Con, Particulars());
     EXPECT_EQ(CatalogueOf(*Con), catalogue);
     EXPECT_EQ(ContentsOf(*Con), contents);
+}
+
+// A table with a trigger refuses some statements of the site's own programs.
+TEST_F(UntidySite, GuardsAreInstalledOnlyByHandOnTablesOfTheSite) {
+    const std::string guards = "Select Count(*) From sys.triggers Where name Like 'StationGuard%'";
+    SetUpSqlServerDatabase(*Con, Particulars());
+    RoleMember station(*Con, *database, "StationOperator");
+    SetUpSqlServerDatabase(*Con, Particulars());
+    EXPECT_EQ(Ask(guards), "0");
+    RunScript(*Con, DatabaseScripts::SqlServerGuards);
+    EXPECT_EQ(Ask(guards), "2");
 }
 
 TEST_F(UntidySite, TheSitesOwnFunctionStays) {
