@@ -32,7 +32,7 @@ public:
     BoxUp(const BoxUp&) = delete;
     BoxUp& operator=(const BoxUp&) = delete;
 
-    Screen* Parent() const { return interruption_.Below(); }
+    QWidget* Parent() const { return interruption_.Below(); }
     int Run(QDialog& box) { return interruption_.Run(box); }
 
 private:

@@ -19,13 +19,14 @@ namespace {
 unsigned interruptions = 0;
 Interruption* innermost = nullptr;
 
-// The toolkit may still report a screen as active after it has been closed.
-Screen* ScreenInFront() {
+// The toolkit may still report a screen as active after it has been closed. If no screen is shown, the
+// active window of another kind is in front.
+QWidget* WindowInFront() {
     const std::vector<Screen*>& shown = ShownScreens();
-    auto* active = dynamic_cast<Screen*>(QApplication::activeWindow());
-    if (std::ranges::find(shown, active) != shown.end())
-        return active;
-    return shown.empty() ? nullptr : shown.back();
+    QWidget* active = QApplication::activeWindow();
+    if (shown.empty())
+        return dynamic_cast<Screen*>(active) ? nullptr : active;
+    return std::ranges::find(shown, active) != shown.end() ? active : shown.back();
 }
 
 // Before its first screen, the program counts as active: it is about to become so.
@@ -35,23 +36,20 @@ bool IsInFront() {
 
 } // namespace
 
-Interruption::Interruption() : below_(ScreenInFront()), inFront_(IsInFront()), outer_(innermost) {
+Interruption::Interruption() : below_(WindowInFront()), inFront_(IsInFront()), outer_(innermost) {
     innermost = this;
     ++interruptions;
 }
 
 Interruption::~Interruption() {
     innermost = outer_;
-    if (Screen* below = Below(); below && below->shown_) {
+    if (below_ && below_->isVisible()) {
         if (inFront_ || IsInFront())
-            below->activateWindow();
-        below->GiveQtFocus();
+            below_->activateWindow();
+        if (auto* screen = dynamic_cast<Screen*>(below_.data()))
+            screen->GiveQtFocus();
     }
     KeyRouter::Resume();
-}
-
-Screen* Interruption::Below() const {
-    return static_cast<Screen*>(below_.data());
 }
 
 void Interruption::Awaits(QWidget& window) {
@@ -91,12 +89,10 @@ int Interruption::RunUnasked(QDialog& dialog) {
 
 // Called before the window is shown or hidden on the display.
 void Interruption::Changes(bool visible) const {
-    if (visible) {
+    if (visible)
         KeyRouter::Resume();
-    } else {
-        const Screen* below = Below();
-        PassKeyboard(*window_, below && below->shown_ ? below : nullptr);
-    }
+    else
+        PassKeyboard(*window_, below_ && below_->isVisible() ? below_.data() : nullptr);
 }
 
 bool Interruption::IsPending() {

@@ -9,10 +9,8 @@ class QWindow;
 
 namespace Quillane {
 
-class Screen;
-
-/// A box or modal screen above the active screen. When it ends, the screen below becomes the active
-/// window and has its focus again, without a focus event.
+/// A box or modal screen above the active window. When it ends, the window below becomes the active
+/// one. A screen has its focus again, without a focus event.
 class Interruption {
 public:
     Interruption();
@@ -20,7 +18,8 @@ public:
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;
 
-    Screen* Below() const;
+    /// The window that was in front when the interruption began; null if there was none.
+    QWidget* Below() const { return below_; }
 
     /// Blocks the program until the window is shown, and again after it is hidden until this object
     /// is destroyed: no window accepts a press or is closed, and keys wait.
@@ -48,7 +47,7 @@ private:
     static QWindow* Unasked();
     void Changes(bool visible) const;
 
-    QPointer<QObject> below_;
+    QPointer<QWidget> below_;
     bool awaits_ = false;
     QPointer<QWidget> window_;
     bool inFront_;              ///< true if this program was active when the interruption began

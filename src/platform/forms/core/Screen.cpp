@@ -106,7 +106,7 @@ void Screen::ShowModal(Screen* owner) {
     loop_ = nullptr;
 }
 
-void Screen::Appear(Screen* owner) {
+void Screen::Appear(QWidget* owner) {
     shown_ = true;
     ShownScreens().push_back(this);
     winId();

@@ -118,7 +118,7 @@ private:
     /// the focus, because the action may depend on that.
     enum class Press { Nothing, UsedUp, HandedOn };
 
-    void Appear(Screen* owner);
+    void Appear(QWidget* owner);
     void Leave();
     void Centre();
     bool Lives(std::uint64_t life) const { return loaded_ && life == life_; }

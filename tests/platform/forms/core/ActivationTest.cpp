@@ -41,5 +41,19 @@ TEST_F(LateActivation, OfAClosedScreenDoesNotMakeItActive) {
     EXPECT_EQ(QApplication::focusWidget(), &screen.First.Widget());
 }
 
+// Such as the main window of the office.
+TEST(Activation, WindowThatIsNoScreenIsActiveAgainAfterAModalScreen) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(WaitFor([&] { return window.isActiveWindow(); }));
+    TrialScreen above{"Above"};
+    RunModal(above, [&](Screen& shown) {
+        EXPECT_EQ(shown.windowHandle()->transientParent(), window.windowHandle());
+        shown.Unload();
+    });
+    EXPECT_TRUE(WaitFor([&] { return window.isActiveWindow(); }));
+}
+
 } // namespace
 } // namespace Quillane::Testing
