@@ -23,7 +23,7 @@ SECOND = replace(FIRST, vehicle="OKR-77", builty="8812", driver="Bashir", loaded
 
 # Pictures of this part that the guide to the office shows.
 GUIDE = {"office-party", "office-parties", "office-station", "office-day-book", "office-picture",
-         "office-backup"}
+         "office-backup", "office-move", "office-move-server"}
 
 
 def expect_rows(station, statement, *wanted):
@@ -88,6 +88,19 @@ def back_up(station, office):
     station.look("office-backup")
     if len(list((station.folder / "backups").glob("Account1-*.db"))) != 1:
         raise Missed("the folder backups does not hold one backup")
+
+
+def choose_server(station, office):
+    """The server is only entered: the form is cancelled."""
+    station.log("the page of the move, and the form for the server")
+    office.go_to("Move")
+    station.look("office-move")
+    station.press("ctrl+g")
+    form = office.window("Move to a SQL Server")
+    station.look("office-move-server")
+    station.press("Escape")
+    wait_gone(form, "Move to a SQL Server")
+    office.window(office.title)
 
 
 def weigh(station, load, keys, print_it):
@@ -179,6 +192,7 @@ def walk(station, office):
     add_user(station, office)
     set_the_line(station, office)
     back_up(station, office)
+    choose_server(station, office)
     office.close()
     close_station(station)
     numbers = weigh_as_user(station)

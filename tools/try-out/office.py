@@ -7,7 +7,7 @@ from pathlib import Path
 from conditions import Missed, wait_until
 from display import press, wait_for_window, wait_gone, write
 
-PAGES = ["Lists", "Users", "Company", "Station", "Backup", "Day book"]
+PAGES = ["Lists", "Users", "Company", "Station", "Backup", "Day book", "Move"]
 LISTS = ["Cities", "Parties", "Commodities", "Bag classes", "Bag types"]
 
 

@@ -19,7 +19,7 @@ namespace Quillane::Office {
 DayBookPage::DayBookPage(OfficeSession& session)
     : session_(session), filter_(new DayBookFilterBar), tabs_(new QTabWidget),
       picture_(new PictureView), state_(Note("")), progress_(new QProgressBar),
-      cancel_(new QPushButton("Cancel reading  (Esc)")), all_(new QCheckBox("&all tables")),
+      cancel_(new QPushButton("Cancel reading  (Esc)")), all_(new QCheckBox("&All tables")),
       fault_(new Notice(Notice::Kind::Fault)) {
     LayOut();
     reading_.setInterval(0);
@@ -30,7 +30,7 @@ DayBookPage::DayBookPage(OfficeSession& session)
 }
 
 void DayBookPage::LayOut() {
-    QVBoxLayout* column = PageColumn(*this, "Day book", "Arrivals of some days, and their sums.");
+    QVBoxLayout* column = PageColumn(*this, "Day book", "The arrivals of a period and their sums.");
     column->addWidget(filter_);
     column->addWidget(fault_);
     AddTabs();
