@@ -19,8 +19,8 @@ namespace {
 unsigned interruptions = 0;
 Interruption* innermost = nullptr;
 
-// The toolkit may still report a screen as active after it has been closed. If no screen is shown, the
-// active window of another kind is in front.
+// The toolkit may still report a screen as active after it has been closed. If no screen is shown,
+// the active window of another kind is in front.
 QWidget* WindowInFront() {
     const std::vector<Screen*>& shown = ShownScreens();
     QWidget* active = QApplication::activeWindow();
