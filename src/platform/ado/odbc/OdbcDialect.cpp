@@ -20,12 +20,29 @@ bool IsText(const OdbcColumn& column) {
     }
 }
 
+/// SQL Server's numbers of two types without a comparison that holds for every value.
+constexpr SQLSMALLINT variantType = -150;
+constexpr SQLSMALLINT xmlType = -152;
+
+[[noreturn]] void FailWithoutKey(std::string_view table) {
+    FailAccess(FailureNumber::NotUpdatable,
+               "The rows of " + std::string(table) +
+                   " cannot be written back, since the table has no key.");
+}
+
+/// Bytes are read as their digits, which are a literal of T-SQL.
+bool IsLiteral(OdbcDialect::Server server, const OdbcMatchedColumn& matched) {
+    return server == OdbcDialect::Server::TSql && matched.column.IsBinary();
+}
+
 /// Comparisons of text on this server ignore case or trailing blanks; comparisons of bytes ignore
 /// neither. Long text can only be compared through such a conversion.
-std::string TSqlComparison(const OdbcMatchedColumn& matched) {
+std::string TSqlComparison(std::string_view table, const OdbcMatchedColumn& matched) {
     const std::string& name = matched.inStatement;
+    if (matched.column.sqlType == variantType || matched.column.sqlType == xmlType)
+        FailWithoutKey(table);
     if (matched.column.IsBinary())
-        return "CONVERT(varchar(max), CAST(" + name + " AS varbinary(max)), 2) = ?";
+        return "CAST(" + name + " AS varbinary(max)) = 0x" + matched.value.Text();
     if (!IsText(matched.column))
         return name + " = ?";
     const auto bytesOf = [](const std::string& text) {
@@ -34,10 +51,11 @@ std::string TSqlComparison(const OdbcMatchedColumn& matched) {
     return bytesOf(name) + " = " + bytesOf("?");
 }
 
-std::string Comparison(OdbcDialect::Server server, const OdbcMatchedColumn& matched) {
+std::string Comparison(OdbcDialect::Server server, std::string_view table,
+                       const OdbcMatchedColumn& matched) {
     if (matched.value.IsNull())
         return matched.inStatement + " IS NULL";
-    return server == OdbcDialect::Server::TSql ? TSqlComparison(matched)
+    return server == OdbcDialect::Server::TSql ? TSqlComparison(table, matched)
                                                : matched.inStatement + " = ?";
 }
 
@@ -65,8 +83,8 @@ RowMatch OdbcKeylessMatch(OdbcDialect::Server server, std::string_view table,
     RowMatch match;
     for (const OdbcMatchedColumn& matched : columns) {
         match.condition += match.condition.empty() ? "" : " AND ";
-        match.condition += Comparison(server, matched);
-        if (!matched.value.IsNull())
+        match.condition += Comparison(server, table, matched);
+        if (!matched.value.IsNull() && !IsLiteral(server, matched))
             match.parameters.push_back(matched.value);
     }
     switch (server) {
@@ -78,9 +96,7 @@ RowMatch OdbcKeylessMatch(OdbcDialect::Server server, std::string_view table,
                           match.condition + " LIMIT 1)";
         break;
     case OdbcDialect::Server::Other:
-        FailAccess(FailureNumber::NotUpdatable,
-                   "The rows of " + std::string(table) +
-                       " cannot be written back, since the table has no key.");
+        FailWithoutKey(table);
     }
     return match;
 }

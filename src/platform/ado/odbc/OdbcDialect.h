@@ -34,7 +34,8 @@ struct OdbcMatchedColumn {
 };
 
 /// Matches exactly one row of a table without a key. Text is compared with case and trailing
-/// blanks. Errors: not updatable (3251) for a server for which no such match is known.
+/// blanks. Errors: not updatable (3251) for a server for which no such match is known, and for a
+/// value of `xml` or `sql_variant`.
 RowMatch OdbcKeylessMatch(OdbcDialect::Server server, std::string_view table,
                           std::span<const OdbcMatchedColumn> columns);
 
