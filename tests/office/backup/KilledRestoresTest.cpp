@@ -1,6 +1,7 @@
 // Restores that are killed at random moments: the station always starts with a complete database.
 
 #include "BackupFixture.h"
+#include "support/KilledProcess.h"
 
 #include <QProcess>
 
@@ -69,9 +70,7 @@ TEST_F(KilledRestores, LeaveTheOldDatabaseOrTheBackupComplete) {
         QProcess restore;
         Begin(restore, now == few ? large : small);
         std::this_thread::sleep_for(std::chrono::microseconds(moment(chance)));
-        restore.kill();
-        ASSERT_TRUE(restore.waitForFinished(60'000));
-        ASSERT_EQ(restore.readAllStandardError().toStdString(), "") << "in round " << round;
+        ASSERT_NO_FATAL_FAILURE(Kill(restore)) << "in round " << round;
         const long found = ArrivalsAtStart();
         ASSERT_TRUE(found == few || found == many) << found << " in round " << round;
         replaced += found != now ? 1 : 0;

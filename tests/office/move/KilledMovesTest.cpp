@@ -3,6 +3,7 @@
 
 #include "MoveFixture.h"
 #include "ServerFixture.h"
+#include "support/KilledProcess.h"
 
 #include <QProcess>
 
@@ -42,9 +43,7 @@ protected:
             QProcess move;
             begin(move);
             std::this_thread::sleep_for(std::chrono::microseconds(moment(chance)));
-            move.kill();
-            ASSERT_TRUE(move.waitForFinished(60'000));
-            ASSERT_EQ(move.readAllStandardError().toStdString(), "");
+            ASSERT_NO_FATAL_FAILURE(Kill(move));
             moved += SetBack() ? 1 : 0;
             std::filesystem::remove(this->station.folder.File("Account1.db.move"));
             this->ExpectTheOldStation(counts);
